@@ -1,0 +1,20 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+
+namespace varnholt::platform {
+
+/// A moment: seconds since 1970-01-01 UTC (negative before it) and nanoseconds 0 to 999,999,999 after that second.
+struct Date {
+  std::int64_t seconds = 0;
+  std::int32_t nanoseconds = 0;
+  auto operator<=>(const Date&) const = default;
+};
+
+/// A moment taken apart in local time. month 1 to 12, day 1 to 31, weekday 0 (Sunday) to 6.
+struct CalendarTime {
+  int year = 1970, month = 1, day = 1, hour = 0, minute = 0, second = 0, weekday = 4;
+};
+
+}  // namespace varnholt::platform

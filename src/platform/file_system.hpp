@@ -1,0 +1,141 @@
+#pragma once
+
+#include "platform/attributes.hpp"
+#include "platform/date.hpp"
+#include "platform/drives.hpp"
+#include "platform/result.hpp"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace varnholt::platform {
+
+enum class EntryKind : std::uint8_t {
+  File,
+  Folder,
+  Special,  ///< pipe, socket or device: listed, never opened
+};
+
+/// One entry of a folder. A link is told as what it points to, with `isLink` set; a link that leads nowhere is a
+/// File with `isDangling` set and its own dates and size.
+struct Entry {
+  std::string_view name;             ///< program form; lives as long as the Listing it came from
+  std::uint64_t size = 0;            ///< bytes; 0 for folders
+  Date modified, created, accessed;  ///< created is the birth time, or modified where the volume has none
+  Attributes attributes = 0;
+  EntryKind kind = EntryKind::File;
+  bool isLink = false;
+  bool isDangling = false;
+  bool hasDates = true;  ///< false when the entry could not be asked (no permission, vanished)
+};
+
+/// One folder, read in one pass. Folders and files apart, each by lowered name and then by bytes.
+/// Owns the bytes of the names; may hold 100,000 entries, so it is shared and not copied.
+class Listing {
+ public:
+  virtual ~Listing() = default;
+  const std::vector<Entry>& folders() const { return folders_; }
+  const std::vector<Entry>& files() const { return files_; }
+
+ protected:
+  std::vector<Entry> folders_, files_;
+};
+using ListingPtr = std::shared_ptr<const Listing>;
+
+/// Facts of one path; as Entry, with a name of its own.
+struct EntryInfo {
+  std::string name;
+  std::uint64_t size = 0;
+  Date modified, created, accessed;
+  Attributes attributes = 0;
+  EntryKind kind = EntryKind::File;
+  bool isLink = false;
+  bool isDangling = false;
+};
+
+/// Told the bytes done so far of the running call; gives false to stop it (ErrorCode::Stopped).
+/// Called on the thread that runs the call, at most every few megabytes or entries. May be empty.
+using Progress = std::function<bool(std::uint64_t bytesDone)>;
+
+/// What a tree holds, links counted as entries and not followed, mounted volumes below not entered.
+struct TreeSize {
+  std::uint64_t bytes = 0;    ///< sum of the sizes of its regular files
+  std::uint64_t files = 0;    ///< everything that is no folder
+  std::uint64_t folders = 0;  ///< not counting the tree's own root
+  bool exact = true;          ///< false when a folder below could not be read
+};
+
+/// The file system object. All paths in program form, with or without closing backslash. No call throws, none
+/// blocks on a pipe or device. Case is the volume's own: paths are used exactly, except by resolve().
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  // --- Looking -------------------------------------------------------------------------------------------------
+
+  /// The folder's entries. NotFound, NotAFolder, AccessDenied, InvalidPath. An entry that vanishes while the
+  /// folder is read is left out; one that may not be asked is listed with hasDates false.
+  virtual Result<ListingPtr> list(const std::string& folder) const = 0;
+  /// Facts of one path; links as in Entry.
+  virtual Result<EntryInfo> info(const std::string& path) const = 0;
+  /// True for anything that is no folder, a dangling link included. A link to a folder is a folder.
+  virtual bool fileExists(const std::string& path) const = 0;
+  virtual bool folderExists(const std::string& path) const = 0;
+  /// True when both paths lead to one entry (device and inode), however they are spelled.
+  virtual bool sameEntry(const std::string& a, const std::string& b) const = 0;
+  /// A typed or remembered path as the disk spells it: part by part, exactly first, else the first entry equal when
+  /// lowered; a trailing point is ignored where no exact entry exists. NotFound when a part has no match.
+  virtual Result<std::string> resolve(const std::string& path) const = 0;
+  virtual Result<Attributes> attributes(const std::string& path) const = 0;
+  /// Bytes and counts below a folder. NotFound, NotAFolder, Stopped; folders that cannot be read make it inexact.
+  virtual Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const = 0;
+  /// "a.b.c.d" from the version resource of a Windows program or library; the empty text for any other file.
+  virtual Result<std::string> fileVersion(const std::string& path) const = 0;
+  /// The volume that holds the path (which need not be a drive root).
+  virtual Result<DriveInfo> volume(const std::string& path) const = 0;
+
+  // --- Text and data files of our own ----------------------------------------------------------------------------
+
+  /// The whole file, at most `limit` bytes (TooLarge beyond). NotRegular for pipes and devices.
+  virtual Result<std::string> readFile(const std::string& path, std::uint64_t limit = 64u << 20) const = 0;
+  /// Replaces or makes the file in one step: a reader, or the next start after a power cut, finds the old bytes or
+  /// the new ones. A link is followed, so that the file it names is replaced and the link stays.
+  virtual Result<void> writeFile(const std::string& path, std::string_view bytes) = 0;
+
+  // --- Changing --------------------------------------------------------------------------------------------------
+
+  /// Copies one file, with modified time, attributes, permissions and extended attributes; a link is copied as a
+  /// link. A `to` ending in a backslash is a folder and takes the source's name. With `overwrite` a target is
+  /// replaced in one step; it fails on a target with read-only, hidden or system (ReadOnlyTarget), on itself
+  /// (SameEntry), without `overwrite` on any target (AlreadyThere). On failure the old target is untouched and no
+  /// temporary file is left.
+  virtual Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
+                                const Progress& progress = {}) = 0;
+  /// Copies a tree, merging into a folder that exists; stops at the first file that fails, and what was copied until
+  /// then stays. IntoItself when `to` lies in `from`. Links are copied as links; special files fail with NotRegular.
+  virtual Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
+                                  const Progress& progress = {}) = 0;
+  /// Moves one file; AlreadyThere when the target exists in another spelling than the source's own. To another
+  /// volume it is a copy, synced, and then a delete; when the delete fails the copy is taken away again.
+  virtual Result<void> moveFile(const std::string& from, const std::string& to, const Progress& progress = {}) = 0;
+  /// Moves a folder within one volume; NotSupported to another one, AlreadyThere, IntoItself.
+  virtual Result<void> moveFolder(const std::string& from, const std::string& to) = 0;
+  /// Deletes a file or link (never what the link names). Without `force` a read-only file is AccessDenied.
+  virtual Result<void> deleteFile(const std::string& path, bool force) = 0;
+  /// Deletes a tree: by folder descriptors, links as entries, other mounted volumes not entered. Without `force` it
+  /// stops at the first read-only file or folder. What was deleted before a failure stays deleted. A link to a
+  /// folder is removed as a link.
+  virtual Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {}) = 0;
+  /// Makes one folder; its parent must exist. AlreadyThere when anything has the name.
+  virtual Result<void> createFolder(const std::string& path) = 0;
+  /// Sets the settable bits to exactly those given; the others stay. On a volume without extended attributes
+  /// read-only is kept in the permission and the rest is NotSupported after that.
+  virtual Result<void> setAttributes(const std::string& path, Attributes attributes) = 0;
+  virtual Result<void> setModified(const std::string& path, const Date& date) = 0;
+};
+
+}  // namespace varnholt::platform

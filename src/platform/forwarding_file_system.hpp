@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/file_system.hpp"
+
+namespace varnholt::platform {
+
+/// Passes every call on. A test derives from it and overrides only what it disturbs.
+class ForwardingFileSystem : public FileSystem {
+ public:
+  explicit ForwardingFileSystem(FileSystem& base) : base_(base) {}
+
+  Result<ListingPtr> list(const std::string& folder) const override { return base_.list(folder); }
+  Result<EntryInfo> info(const std::string& path) const override { return base_.info(path); }
+  bool fileExists(const std::string& path) const override { return base_.fileExists(path); }
+  bool folderExists(const std::string& path) const override { return base_.folderExists(path); }
+  bool sameEntry(const std::string& a, const std::string& b) const override { return base_.sameEntry(a, b); }
+  Result<std::string> resolve(const std::string& path) const override { return base_.resolve(path); }
+  Result<Attributes> attributes(const std::string& path) const override { return base_.attributes(path); }
+  Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override {
+    return base_.folderSize(folder, progress);
+  }
+  Result<std::string> fileVersion(const std::string& path) const override { return base_.fileVersion(path); }
+  Result<DriveInfo> volume(const std::string& path) const override { return base_.volume(path); }
+  Result<std::string> readFile(const std::string& path, std::uint64_t limit = 64u << 20) const override {
+    return base_.readFile(path, limit);
+  }
+  Result<void> writeFile(const std::string& path, std::string_view bytes) override {
+    return base_.writeFile(path, bytes);
+  }
+  Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
+                        const Progress& progress = {}) override {
+    return base_.copyFile(from, to, overwrite, progress);
+  }
+  Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
+                          const Progress& progress = {}) override {
+    return base_.copyFolder(from, to, overwrite, progress);
+  }
+  Result<void> moveFile(const std::string& from, const std::string& to, const Progress& progress = {}) override {
+    return base_.moveFile(from, to, progress);
+  }
+  Result<void> moveFolder(const std::string& from, const std::string& to) override {
+    return base_.moveFolder(from, to);
+  }
+  Result<void> deleteFile(const std::string& path, bool force) override { return base_.deleteFile(path, force); }
+  Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {}) override {
+    return base_.deleteFolder(path, force, progress);
+  }
+  Result<void> createFolder(const std::string& path) override { return base_.createFolder(path); }
+  Result<void> setAttributes(const std::string& path, Attributes attributes) override {
+    return base_.setAttributes(path, attributes);
+  }
+  Result<void> setModified(const std::string& path, const Date& date) override { return base_.setModified(path, date); }
+
+ protected:
+  FileSystem& base_;
+};
+
+}  // namespace varnholt::platform

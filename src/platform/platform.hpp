@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/clock.hpp"
+#include "platform/drives.hpp"
+#include "platform/environment.hpp"
+#include "platform/file_system.hpp"
+#include "platform/file_types.hpp"
+#include "platform/regional.hpp"
+#include "platform/registry.hpp"
+#include "platform/settings_store.hpp"
+#include "platform/shell.hpp"
+#include "platform/system_facts.hpp"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace varnholt::platform {
+
+/// Everything that the program asks of the system, in one place to hand down. References outlive the program's objects.
+struct Platform {
+  FileSystem& files;
+  Drives& drives;
+  Environment& environment;
+  SettingsStore& settings;
+  Registry& registry;
+  Shell& shell;
+  FileTypes& fileTypes;
+  SystemFacts& system;
+  Clock& clock;
+  RegionalFormats regional;
+  std::string programFolder;              ///< program form, without closing backslash
+  std::string assetsFolder;               ///< read-only images and documents, program form, without closing backslash
+  std::vector<std::string> startNotices;  ///< what the user must hear: a damaged settings file set aside, and alike
+};
+
+/// Owns one implementation of each interface and hands them out.
+class PlatformHost {
+ public:
+  virtual ~PlatformHost() = default;
+  virtual Platform& platform() = 0;
+};
+
+/// Where a host keeps its files. Empty texts: found from the executable and the user's folders. System form.
+struct HostFolders {
+  std::string executable;  ///< folder of the running executable
+  std::string data;        ///< replaces $XDG_DATA_HOME/varnholt
+  std::string assets;      ///< replaces the search for assets
+  std::string drives;      ///< replaces the variable VARNHOLT_DRIVES, in its form
+};
+
+/// The implementation for this system. Makes the data folder, copies the shipped files into it at the first start,
+/// makes the stand-in Windows folder when missing, opens settings and registry (a damaged file is set aside as
+/// NAME.damaged-N and told in startNotices). Never fails: what cannot be had answers its calls with errors.
+std::unique_ptr<PlatformHost> makePlatformHost(const HostFolders& folders = {});
+
+}  // namespace varnholt::platform

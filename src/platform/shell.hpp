@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/result.hpp"
+
+#include <cstdint>
+#include <string>
+
+namespace varnholt::platform {
+
+/// Starts external programs. The first word or quoted part of a command names the program; arguments that are
+/// drive-letter paths (also inside quotes) are handed over as system paths, everything else as it is. Nothing passes
+/// through a command interpreter.
+class Shell {
+ public:
+  virtual ~Shell() = default;
+  /// Starts and does not wait. Gives a process number for wait(). NotFound when there is no such program,
+  /// AccessDenied when it may not be run. `folder` is the working folder; empty: the program's own.
+  virtual Result<std::int64_t> start(const std::string& command, const std::string& folder = {}) = 0;
+  /// Blocks until the process ends; gives its exit code. Call through MessageLoop::runBlocking.
+  virtual Result<int> wait(std::int64_t process) = 0;
+};
+
+}  // namespace varnholt::platform
