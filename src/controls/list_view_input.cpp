@@ -1,0 +1,146 @@
+// What mouse and keyboard do to the rows of a list, as users of report lists expect it.
+#include "controls/list_view.hpp"
+
+#include "platform/text_order.hpp"
+
+#include <algorithm>
+
+namespace varnholt::controls {
+
+void ListView::selectOnly(std::uint32_t row) {
+  selectNone();
+  setSelected(idAt(row), true);
+}
+
+void ListView::selectRange(std::uint32_t from, std::uint32_t to, bool keepOthers) {
+  if (!keepOthers) selectNone();
+  const auto [first, last] = std::minmax(from, to);
+  for (std::uint32_t row = first; row <= last; ++row)
+    setSelected(idAt(row), true);
+}
+
+void ListView::pressFromUser(std::optional<std::uint32_t> row, const MouseEvent& mouse) {
+  SetFocus();
+  MouseDown(mouse);
+  pendingPlainPress_ = false;
+  pressedId_.reset();
+  if (!row || *row >= count()) {
+    if (!mouse.modifiers.ctrl && !mouse.modifiers.shift) selectNone();
+    return;
+  }
+  const std::uint32_t id = idAt(*row);
+  pressedId_ = id;
+  const bool plain = !MultiSelect || (!mouse.modifiers.ctrl && !mouse.modifiers.shift);
+  if (plain && isSelected(id)) {
+    pendingPlainPress_ = mouse.button == MouseButton::Left;
+    focusRow(*row);
+    return;
+  }
+  if (!plain && mouse.modifiers.shift) {
+    const std::uint32_t anchor = anchorId_ ? rowOf(*anchorId_) : *row;
+    selectRange(anchor, *row, mouse.modifiers.ctrl);
+    focusedId_ = id;
+    return;
+  }
+  if (!plain) {
+    setSelected(id, !isSelected(id));
+  } else {
+    selectOnly(*row);
+  }
+  focusRow(*row);
+}
+
+void ListView::releaseFromUser(const MouseEvent& mouse) {
+  if (pendingPlainPress_ && pressedId_) selectOnly(rowOf(*pressedId_));
+  pendingPlainPress_ = false;
+  if (pressedId_) rowClicked(rowOf(*pressedId_));
+  if (mouse.button == MouseButton::Left) Click();
+  MouseUp(mouse);
+}
+
+void ListView::doubleClickFromUser(std::optional<std::uint32_t> row) {
+  if (row) DblClick();
+}
+
+void ListView::widthFromUser(int column, Twips width) {
+  auto headers = ColumnHeaders.get();
+  if (column < 0 || column >= static_cast<int>(headers.size())) return;
+  headers[static_cast<std::size_t>(column)].Width = width;
+  ColumnHeaders.takeFromUser(std::move(headers));
+}
+
+std::optional<std::uint32_t> ListView::keyTarget(int code, std::uint32_t page) const {
+  if (count() == 0) return {};
+  const std::uint32_t last = count() - 1;
+  const auto now = focusedRow();
+  const std::uint32_t step = std::max<std::uint32_t>(page, 2) - 1;
+  switch (code) {
+  case key::Home:
+    return 0;
+  case key::End:
+    return last;
+  case key::Up:
+    return now ? (*now > 0 ? *now - 1 : 0) : 0;
+  case key::Down:
+    return now ? std::min(*now + 1, last) : 0;
+  case key::PageUp:
+    return now && *now > step ? *now - step : 0;
+  case key::PageDown:
+    return now ? std::min(*now + step, last) : std::min(step, last);
+  }
+  return {};
+}
+
+void ListView::moveFocusTo(std::uint32_t row, const Modifiers& modifiers) {
+  const std::uint32_t id = idAt(row);
+  if (MultiSelect && modifiers.shift) {
+    const std::uint32_t anchor = anchorId_ ? rowOf(*anchorId_) : row;
+    selectRange(anchor, row, modifiers.ctrl);
+    focusedId_ = id;
+    markChanged();
+  } else if (MultiSelect && modifiers.ctrl) {
+    focusRow(row);
+  } else {
+    selectOnly(row);
+    focusRow(row);
+  }
+  ensureVisible(row);
+  rowClicked(row);
+}
+
+void ListView::keyFromUser(KeyEvent& event, std::uint32_t page) {
+  KeyDown(event);
+  if (event.handled) return;
+  if (const auto target = keyTarget(event.code, page)) {
+    event.handled = true;
+    moveFocusTo(*target, event.modifiers);
+    return;
+  }
+  const auto now = focusedRow();
+  if (event.code != key::Space || !now) return;
+  event.handled = true;
+  const std::uint32_t id = idAt(*now);
+  setSelected(id, MultiSelect && event.modifiers.ctrl ? !isSelected(id) : true);
+  anchorId_ = id;
+  rowClicked(*now);
+}
+
+void ListView::seekFromUser(const std::string& text) {
+  if (count() == 0 || text.empty()) return;
+  std::string wanted;
+  platform::appendBaseOrderKey(text, wanted);
+  // One letter goes on from the next row, so that pressing it again walks through its names; a growing text stays.
+  const std::uint32_t rows = count();
+  const std::uint32_t from = focusedRow().value_or(rows - 1) + (text.size() == 1 ? 1 : 0);
+  std::string candidate;
+  for (std::uint32_t step = 0; step < rows; ++step) {
+    const std::uint32_t row = (from + step) % rows;
+    candidate.clear();
+    platform::appendBaseOrderKey(source_->seekText(idAt(row)), candidate);
+    if (!candidate.starts_with(wanted)) continue;
+    moveFocusTo(row, {});
+    return;
+  }
+}
+
+}  // namespace varnholt::controls

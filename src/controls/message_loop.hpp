@@ -1,0 +1,57 @@
+#pragma once
+
+#include "controls/form.hpp"
+
+#include <functional>
+#include <string>
+
+namespace varnholt::controls {
+
+enum class MessageIcon { None, Information, Question, Exclamation, Critical };
+enum class MessageButtons { Ok, OkCancel, YesNo };
+enum class MessageAnswer { Ok, Cancel, Yes, No };
+
+/// The platform's modal message box.
+struct MessageBox {
+  std::string title;
+  std::string text;  ///< a carriage return is a line break
+  MessageIcon icon = MessageIcon::None;
+  MessageButtons buttons = MessageButtons::Ok;
+};
+
+/// The screen as one window sees it.
+struct Screen {
+  Twips width = 0, height = 0;
+  int MousePointer = pointer::Default;  ///< of all windows, while not the default
+};
+
+/// The window message loop. All logic runs on its thread; no call here may come from another.
+class MessageLoop {
+ public:
+  virtual ~MessageLoop() = default;
+
+  /// Handles what is pending (input, timers, repaints) and returns.
+  virtual void giveTurn() = 0;
+  /// Shows the form and handles input for it alone until it hides.
+  virtual void runModal(Form& form) = 0;
+  /// Runs one long call of the platform to its end. It may run on a helper thread while windows keep painting and
+  /// input waits; the call must touch nothing but the platform and its own variables.
+  virtual void runBlocking(const std::function<void()>& call) = 0;
+  virtual MessageAnswer show(const MessageBox& box) = 0;
+  /// Ends the loop that main() runs, once the running handlers have returned.
+  virtual void quit() = 0;
+  /// Runs the call at the next turn.
+  virtual void later(std::function<void()> call) = 0;
+
+  /// A form exists, has changed (itself or a control), or goes away. Called by Form.
+  virtual void attach(Form& form) = 0;
+  virtual void changed(Form& form) = 0;
+  virtual void detach(Form& form) = 0;
+
+  Screen& screen() { return screen_; }
+
+ protected:
+  Screen screen_;
+};
+
+}  // namespace varnholt::controls

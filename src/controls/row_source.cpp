@@ -1,0 +1,116 @@
+#include "controls/row_source.hpp"
+
+#include "platform/text_order.hpp"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <future>
+#include <numeric>
+#include <string_view>
+
+namespace varnholt::controls {
+namespace {
+
+// Below this many rows a second thread costs more than it saves.
+constexpr std::size_t WorthTwoThreads = 20'000;
+
+// Sorts in two halves on two threads. The order of `less` must be total, so that the outcome is one.
+template <class Item, class Less>
+void sortOnTwoCores(std::vector<Item>& items, Less less) {
+  if (std::is_sorted(items.begin(), items.end(), less)) return;
+  if (items.size() < WorthTwoThreads) {
+    std::sort(items.begin(), items.end(), less);
+    return;
+  }
+  const auto middle = items.begin() + static_cast<std::ptrdiff_t>(items.size() / 2);
+  auto lower = std::async(std::launch::async, [&] { std::sort(items.begin(), middle, less); });
+  std::sort(middle, items.end(), less);
+  lower.get();
+  std::inplace_merge(items.begin(), middle, items.end(), less);
+}
+
+std::vector<std::uint32_t> sortedByNumber(const std::vector<std::int64_t>& keys, bool descending) {
+  std::vector<std::uint32_t> rows(keys.size());
+  std::iota(rows.begin(), rows.end(), 0u);
+  sortOnTwoCores(rows, [&](std::uint32_t a, std::uint32_t b) {
+    if (keys[a] != keys[b]) return descending ? keys[a] > keys[b] : keys[a] < keys[b];
+    return a < b;
+  });
+  return rows;
+}
+
+/// The order keys of all rows, one behind the other.
+class TextKeys {
+ public:
+  TextKeys(const RowSource& source, int column) {
+    const std::uint32_t count = source.rowCount();
+    starts_.reserve(count + 1);
+    bytes_.reserve(count * std::size_t{16});
+    std::string text;
+    for (std::uint32_t row = 0; row < count; ++row) {
+      starts_.push_back(bytes_.size());
+      text.clear();
+      source.appendSortText(row, column, text);
+      platform::appendOrderKey(text, bytes_);
+    }
+    starts_.push_back(bytes_.size());
+  }
+
+  std::string_view key(std::uint32_t row) const {
+    return std::string_view(bytes_).substr(starts_[row], starts_[row + 1] - starts_[row]);
+  }
+
+  /// Length of the beginning that all keys share.
+  std::size_t sharedLength() const {
+    if (starts_.size() < 2) return 0;
+    std::string_view shared = key(0);
+    for (std::uint32_t row = 1; row + 1 < starts_.size() && !shared.empty(); ++row) {
+      const std::string_view other = key(row);
+      const auto differs = std::mismatch(shared.begin(), shared.end(), other.begin(), other.end()).first;
+      shared = shared.substr(0, static_cast<std::size_t>(differs - shared.begin()));
+    }
+    return shared.size();
+  }
+
+ private:
+  std::string bytes_;
+  std::vector<std::size_t> starts_;
+};
+
+// Eight bytes as a number that compares as they do; a shorter text is filled up with zeros.
+std::uint64_t leadingBytes(std::string_view text) {
+  std::uint64_t bytes = 0;
+  std::memcpy(&bytes, text.data(), std::min<std::size_t>(8, text.size()));
+  if constexpr (std::endian::native == std::endian::little) bytes = __builtin_bswap64(bytes);
+  return bytes;
+}
+
+struct LedRow {
+  std::uint64_t leading;
+  std::uint32_t row;
+};
+
+}  // namespace
+
+std::vector<std::uint32_t> sortedRows(const RowSource& source, int column, bool descending) {
+  std::vector<std::int64_t> numbers;
+  if (source.numericKeys(column, numbers)) return sortedByNumber(numbers, descending);
+
+  const TextKeys keys(source, column);
+  const std::size_t shared = keys.sharedLength();
+  std::vector<LedRow> led(source.rowCount());
+  for (std::uint32_t row = 0; row < led.size(); ++row)
+    led[row] = {leadingBytes(keys.key(row).substr(shared)), row};
+  sortOnTwoCores(led, [&](const LedRow& a, const LedRow& b) {
+    if (a.leading != b.leading) return descending ? a.leading > b.leading : a.leading < b.leading;
+    const int order = keys.key(a.row).compare(keys.key(b.row));
+    if (order != 0) return descending ? order > 0 : order < 0;
+    return a.row < b.row;
+  });
+  std::vector<std::uint32_t> rows(led.size());
+  std::ranges::transform(led, rows.begin(), &LedRow::row);
+  return rows;
+}
+
+}  // namespace varnholt::controls

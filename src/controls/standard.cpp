@@ -1,0 +1,55 @@
+#include "controls/standard.hpp"
+
+namespace varnholt::controls {
+
+void ComboBox::AddItem(std::string text, std::string icon) {
+  auto items = Items.get();
+  items.push_back({std::move(text), std::move(icon)});
+  Items = std::move(items);
+}
+
+void ComboBox::RemoveItem(std::size_t index) {
+  if (index >= Items->size()) return;
+  auto items = Items.get();
+  items.erase(items.begin() + static_cast<std::ptrdiff_t>(index));
+  Items = std::move(items);
+  if (ListIndex.get() == static_cast<int>(index)) choose(-1);
+  if (ListIndex.get() > static_cast<int>(index)) ListIndex = ListIndex.get() - 1;
+}
+
+void ComboBox::Clear() {
+  Items = std::vector<Item>{};
+  choose(-1);
+}
+
+void ComboBox::choose(int index) {
+  const bool valid = index >= 0 && index < static_cast<int>(Items->size());
+  ListIndex = valid ? index : -1;
+  Text = valid ? Items.get()[static_cast<std::size_t>(index)].text : std::string();
+}
+
+void ComboBox::chooseFromUser(int index) {
+  if (!Enabled || !Visible) return;
+  const bool another = index != ListIndex.get();
+  choose(index);
+  if (another) Change();
+  Click();
+}
+
+void Slider::slideFromUser(int value) {
+  if (!Enabled) return;
+  Value = std::min(std::max(value, Min.get()), Max.get());
+  Change();
+}
+
+StatusBar::StatusBar(Form& form, std::string name, int panels)
+    : Control(form, std::move(name), Kind::StatusBar), panels_(static_cast<std::size_t>(panels)) {}
+
+void StatusBar::setPanel(int number, std::string text) {
+  auto& held = panels_.at(static_cast<std::size_t>(number - 1));
+  if (held == text) return;
+  held = std::move(text);
+  markChanged();
+}
+
+}  // namespace varnholt::controls

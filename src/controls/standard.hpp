@@ -1,0 +1,163 @@
+#pragma once
+
+#include "controls/form.hpp"
+
+#include <string>
+#include <vector>
+
+/// The plain kinds of control. What the user does arrives through the functions named ...FromUser, which both the
+/// drawing side and tests call, so that a test presses the real thing.
+namespace varnholt::controls {
+
+class Label : public Control {
+ public:
+  Label(Form& form, std::string name) : Control(form, std::move(name), Kind::Label) {}
+  Property<std::string> Caption{*this};  ///< a carriage return is a line break
+};
+
+class TextBox : public Control {
+ public:
+  TextBox(Form& form, std::string name) : Control(form, std::move(name), Kind::TextBox) {}
+  Property<std::string> Text{*this};
+  Property<bool> Locked{*this, false};  ///< shown and selectable, not changed by the user
+  Property<int> MaxLength{*this, 0};    ///< 0: no limit
+  Event<> Change;
+  void typeFromUser(std::string text) {
+    if (Locked || !Enabled) return;
+    Text.takeFromUser(std::move(text));
+    Change();
+  }
+};
+
+class Button : public Control {
+ public:
+  Button(Form& form, std::string name) : Control(form, std::move(name), Kind::Button) {}
+  Property<std::string> Caption{*this};        ///< "&" marks the mnemonic
+  Property<std::string> Icon{*this};           ///< icon of the program's family, by name; empty: none
+  Property<bool> FontUnderline{*this, false};  ///< the mark of a command that awaits its target
+  /// Presses it: nothing on a disabled or invisible button.
+  void press() {
+    if (Enabled && Visible) Click();
+  }
+};
+
+class CheckBox : public Control {
+ public:
+  CheckBox(Form& form, std::string name) : Control(form, std::move(name), Kind::CheckBox) {}
+  Property<std::string> Caption{*this};
+  Property<int> Value{*this, 0};  ///< 0 or 1
+  void toggleFromUser() {
+    if (!Enabled || !Visible) return;
+    Value = Value ? 0 : 1;
+    Click();
+  }
+};
+
+/// A drop-down list, also the drive list and the image combo.
+class ComboBox : public Control {
+ public:
+  ComboBox(Form& form, std::string name) : Control(form, std::move(name), Kind::ComboBox) {}
+  struct Item {
+    std::string text;
+    std::string icon;  ///< icon of the program's family, by name; empty: none
+    bool operator==(const Item&) const = default;
+  };
+  Property<std::vector<Item>> Items{*this};
+  Property<int> ListIndex{*this, -1};  ///< -1: nothing chosen
+  Property<std::string> Text{*this};   ///< of the edit field, or of the chosen item
+  Property<bool> Editable{*this, false};
+  Event<> Change;  ///< another item was chosen or the edit field changed
+
+  void AddItem(std::string text, std::string icon = {});
+  void RemoveItem(std::size_t index);
+  void Clear();
+  /// Chooses without firing.
+  void choose(int index);
+  /// Chooses as the user does: fires Change when another item is chosen, then Click.
+  void chooseFromUser(int index);
+};
+
+class ProgressBar : public Control {
+ public:
+  ProgressBar(Form& form, std::string name) : Control(form, std::move(name), Kind::ProgressBar) {}
+  Property<double> Min{*this, 0}, Max{*this, 100}, Value{*this, 0};
+};
+
+class Slider : public Control {
+ public:
+  Slider(Form& form, std::string name) : Control(form, std::move(name), Kind::Slider) {}
+  Property<int> Min{*this, 0}, Max{*this, 10}, Value{*this, 0};
+  Event<> Change;
+  void slideFromUser(int value);
+};
+
+/// The status bar of a window, with panels numbered from 1.
+class StatusBar : public Control {
+ public:
+  StatusBar(Form& form, std::string name, int panels);
+  const std::string& panel(int number) const { return panels_.at(static_cast<std::size_t>(number - 1)); }
+  void setPanel(int number, std::string text);
+  int panelCount() const { return static_cast<int>(panels_.size()); }
+
+ private:
+  std::vector<std::string> panels_;
+};
+
+class PictureBox : public Control {
+ public:
+  PictureBox(Form& form, std::string name) : Control(form, std::move(name), Kind::PictureBox) {}
+  Property<std::string> Picture{*this};   ///< program path of the image; empty: none
+  Property<std::string> IconName{*this};  ///< a desktop theme icon instead of a picture; empty: none
+  Property<bool> Stretch{*this, false};
+};
+
+/// Ticks on the loop's thread while enabled and its interval is above 0.
+class Timer : public Control {
+ public:
+  Timer(Form& form, std::string name) : Control(form, std::move(name), Kind::Timer) {}
+  Property<int> Interval{*this, 0};  ///< milliseconds
+  Event<> Tick;
+};
+
+/// A month of days to pick one from.
+class MonthView : public Control {
+ public:
+  MonthView(Form& form, std::string name) : Control(form, std::move(name), Kind::MonthView) {}
+  struct Day {
+    int year = 2000, month = 1, day = 1;
+    bool operator==(const Day&) const = default;
+  };
+  Property<Day> Value{*this};
+  Event<> DateClick;
+  void pickFromUser(Day day) {
+    Value.takeFromUser(day);
+    DateClick();
+  }
+};
+
+/// Formatted text, held as RTF.
+class RichTextBox : public Control {
+ public:
+  RichTextBox(Form& form, std::string name) : Control(form, std::move(name), Kind::RichTextBox) {}
+  Property<std::string> Text{*this};
+  Property<bool> Locked{*this, false};
+  Event<> Change;
+};
+
+/// Named numbers as a pie or as bars.
+class Chart : public Control {
+ public:
+  Chart(Form& form, std::string name) : Control(form, std::move(name), Kind::Chart) {}
+  enum class Type { Pie, Bar };
+  struct Value {
+    std::string label;
+    double number = 0;
+    bool operator==(const Value&) const = default;
+  };
+  Property<std::vector<Value>> Values{*this};
+  Property<Type> ChartType{*this, Type::Pie};
+  Property<std::string> Title{*this};
+  Event<int> PointSelected;
+};
+
+}  // namespace varnholt::controls

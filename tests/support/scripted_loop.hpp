@@ -1,0 +1,72 @@
+#pragma once
+
+#include "controls/message_loop.hpp"
+#include "controls/standard.hpp"
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace varnholt::tests {
+
+/// A message loop in which a script plays the user. Steps are met in their order: a dialog or box that the next step
+/// does not expect fails the test, and so does a step that is never reached or a dialog that its step leaves open.
+class ScriptedLoop : public controls::MessageLoop {
+ public:
+  ScriptedLoop();
+  ~ScriptedLoop() override;
+
+  /// One expected dialog or box, and what the user does in it.
+  class Step {
+   public:
+    Step& press(std::string button);
+    Step& run(std::function<void(controls::Form&)> action);
+    /// Compares the text of a label, a text box or the caption ("Caption").
+    Step& reads(std::string control, std::string text);
+    /// The window's close box.
+    Step& closes();
+
+   private:
+    friend class ScriptedLoop;
+    std::string window;
+    bool isBox = false;
+    controls::MessageAnswer answer = controls::MessageAnswer::Ok;
+    std::string boxText;
+    std::vector<std::function<void(controls::Form&)>> actions;
+  };
+
+  Step& whenShows(std::string form);
+  /// A message box of that title; a text that is not empty is compared.
+  Step& whenBox(std::string title, controls::MessageAnswer answer, std::string text = {});
+  /// Fails for steps not reached, and forgets them. The destructor does it too.
+  void expectAllReached();
+
+  void giveTurn() override;
+  void runModal(controls::Form& form) override;
+  void runBlocking(const std::function<void()>& call) override { call(); }
+  controls::MessageAnswer show(const controls::MessageBox& box) override;
+  void quit() override { quitAsked = true; }
+  void later(std::function<void()> call) override { pending_.push_back(std::move(call)); }
+  void attach(controls::Form& form) override { forms_.push_back(&form); }
+  void changed(controls::Form&) override {}
+  void detach(controls::Form& form) override { std::erase(forms_, &form); }
+
+  /// The attached form of that name, null when there is none.
+  controls::Form* form(const std::string& name) const;
+
+  int turns = 0;
+  bool quitAsked = false;
+  /// Called at each turn: what the user does while a handler works.
+  std::function<void()> onTurn;
+
+ private:
+  std::unique_ptr<Step> next(const std::string& window, bool isBox);
+
+  std::deque<std::unique_ptr<Step>> steps_;
+  std::vector<controls::Form*> forms_;
+  std::deque<std::function<void()>> pending_;
+};
+
+}  // namespace varnholt::tests
