@@ -106,7 +106,9 @@ controls::MessageAnswer ScriptedLoop::show(const controls::MessageBox& box) {
     ADD_FAILURE() << "nobody expected the box \"" << box.title << "\": " << box.text;
     return controls::MessageAnswer::Cancel;
   }
-  if (!step->boxText.empty()) EXPECT_EQ(box.text, step->boxText);
+  if (!step->boxText.empty()) {
+    EXPECT_EQ(box.text, step->boxText);
+  }
   return step->answer;
 }
 

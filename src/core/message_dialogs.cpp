@@ -1,0 +1,109 @@
+#include "core/message_dialogs.hpp"
+
+namespace varnholt::core {
+
+// --- Form11 --------------------------------------------------------------------------------------------------------
+
+core::Form11::Form11(controls::MessageLoop& loop) : Form(loop, "Form11") {
+  Caption = "Alert !";
+  Command11.Caption = "Execute";
+  Command11.ToolTipText = "Execute Operation";
+  Command1.Caption = "&Cancel";
+  Command1.ToolTipText = "Cancel Operation";
+  Command2.Caption = "All";
+  Command2.ToolTipText = "Delete All Folders without Further Prompt !";
+  Command2.Visible = false;
+  Label2.Visible = false;
+  ProgressBar1.Visible = false;
+  defaultButton = "Command1";
+  cancelButton = "Command1";
+  Command11.Click = [this] { Command11_Click(); };
+  Command1.Click = [this] { Command1_Click(); };
+  Command2.Click = [this] { Command2_Click(); };
+}
+
+void core::Form11::finish(Answer answer) {
+  AlertAnswer = answer;
+  Hide();
+}
+
+void core::Form11::Command11_Click() {
+  if (deleteDialogOpen && deleteDialogOpen()) {
+    ProgressBar1.Visible = true;
+    Label2.Caption = "Processing...";
+    Label2.Visible = true;
+  }
+  finish(Answer::Yes);
+}
+
+void core::Form11::Command1_Click() { finish(Answer::No); }
+
+void core::Form11::Command2_Click() { finish(Answer::All); }
+
+// --- Form12 --------------------------------------------------------------------------------------------------------
+
+core::Form12::Form12(controls::MessageLoop& loop) : Form(loop, "Form12") {
+  Caption = "Alert";
+  Command11.Caption = "&Ok";
+  Command11.ToolTipText = "Close";
+  defaultButton = "Command11";
+  cancelButton = "Command11";
+  Command11.Click = [this] { Command11_Click(); };
+  Unload = [this] {
+    for (const auto& listener : closed)
+      listener();
+  };
+}
+
+void core::Form12::Command11_Click() { UnloadForm(); }
+
+// --- Form13 --------------------------------------------------------------------------------------------------------
+
+core::Form13::Form13(controls::MessageLoop& loop) : Form(loop, "Form13") {
+  Caption = "Information !";
+  Label1.Click = [this] { UnloadForm(); };
+}
+
+// --- MessageDialogs ------------------------------------------------------------------------------------------------
+
+MessageDialogs::MessageDialogs(controls::MessageLoop& loop, controls::Timer& Timer2)
+    : Form11(loop), Form12(loop), Form13(loop), loop_(loop), Timer2_(Timer2) {
+  Timer2_.Interval = 2000;
+  Timer2_.Enabled = false;
+  Timer2_.Tick = [this] { Timer2_Timer(); };
+  Form13.Unload = [this] { Timer2_.Enabled = false; };
+}
+
+Answer MessageDialogs::ask(const std::string& text) {
+  Form11.AlertAnswer = Answer::None;
+  Form11.Label1.Caption = text;
+  Form11.Label2.Visible = false;
+  Form11.ProgressBar1.Visible = false;
+  Form11.ShowModal();
+  return Form11.AlertAnswer;
+}
+
+bool MessageDialogs::AskRetry(const std::string& text) { return ask(text) == Answer::Yes; }
+
+void MessageDialogs::alert(const std::string& text) {
+  Form12.Label1.Caption = text + "\r";
+  Form12.ShowModal();
+}
+
+void MessageDialogs::inform(const std::string& text, const std::string& caption) {
+  Form13.Caption = caption;
+  Form13.Label1.Caption = text;
+  Timer2_.Enabled = true;
+  Form13.ShowModal();
+}
+
+void MessageDialogs::critical(const std::string& text) {
+  loop_.show({"Alert !", text, controls::MessageIcon::Critical, controls::MessageButtons::Ok});
+}
+
+void MessageDialogs::Timer2_Timer() {
+  Timer2_.Enabled = false;
+  Form13.UnloadForm();
+}
+
+}  // namespace varnholt::core

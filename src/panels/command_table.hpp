@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace varnholt::panels {
+
+/// One command of the main window. A menu entry, a button, a key and a drop all find their handler here.
+struct Command {
+  std::string handler;  ///< "Command1_Click"; unique
+  std::string button;   ///< the button's name ("Command1"); empty: none
+  std::string caption;  ///< of the button
+  std::string toolTip;
+  std::string icon;  ///< icon of the program's family, by name
+  std::string
+      heading;       ///< menu heading without mnemonic ("File", or "View/Colors" for a menu in a menu); empty: no entry
+  std::string menu;  ///< the menu entry's name ("HidSysfiles"); empty: the handler without "_Click"
+  std::string menuText;  ///< "&" marks the mnemonic; "-" draws a separator
+  std::string shortcut;  ///< "Ctrl+N"; empty: none
+  int number = 0;        ///< the number that the last-command memory notes; 0: not remembered
+  std::string mode;      ///< mode word; empty: none of its own
+  bool checkable = false;
+  /// Empty: not built yet. Its entries are disabled, and their tool tip says so.
+  std::function<void()> run;
+};
+
+/// All commands, in the order of the menus. Each room adds its own rows.
+class CommandTable {
+ public:
+  void add(Command command) { commands_.push_back(std::move(command)); }
+  void add(std::vector<Command> commands);
+  /// Hangs the handler on a row; false when there is no such row.
+  bool bind(std::string_view handler, std::function<void()> run);
+  const Command* find(std::string_view handler) const;
+  const std::vector<Command>& commands() const { return commands_; }
+
+ private:
+  std::vector<Command> commands_;
+};
+
+/// Said after the tool tip of a command that has no handler yet.
+inline constexpr std::string_view NotYetBuilt = " (not available in this version)";
+
+}  // namespace varnholt::panels

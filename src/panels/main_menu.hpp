@@ -1,0 +1,30 @@
+#pragma once
+
+#include "controls/menu.hpp"
+#include "panels/command_table.hpp"
+
+#include <map>
+#include <memory>
+#include <string>
+
+namespace varnholt::panels {
+
+/// The menu bar of the main window, made from the command table: headings in the order in which the table names them.
+class MainMenu {
+ public:
+  explicit MainMenu(controls::Form& form) : form_(form) {}
+  void build(const CommandTable& commands);
+  /// The entry of that name. Asking for one that the table does not have is a bug: it gets a hidden entry of its own.
+  controls::MenuItem& operator[](const std::string& name);
+  bool has(const std::string& name) const { return byName_.contains(name); }
+
+ private:
+  controls::MenuItem* heading(const std::string& path);
+  controls::MenuItem& make(const std::string& name, controls::MenuItem* parent);
+
+  controls::Form& form_;
+  std::map<std::string, std::unique_ptr<controls::MenuItem>> byName_;
+  int separators_ = 0;
+};
+
+}  // namespace varnholt::panels
