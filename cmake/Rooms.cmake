@@ -2,6 +2,7 @@
 # holds that room alone, so including a room that is not linked does not compile.
 
 add_library(varnholt_flags INTERFACE)
+target_compile_definitions(varnholt_flags INTERFACE VARNHOLT_VERSION="${PROJECT_VERSION}")
 target_compile_options(varnholt_flags INTERFACE -Wall -Wextra -Wpedantic)
 if(VARNHOLT_WERROR)
   target_compile_options(varnholt_flags INTERFACE -Werror)

@@ -1,0 +1,34 @@
+#include "core/init_state.hpp"
+
+#include <utility>
+
+namespace varnholt::core {
+namespace {
+
+constexpr std::pair<const SettingKey*, std::string InitState::*> Fields[] = {
+    {&setting::Skintype, &InitState::Skintype},           {&setting::LastCommand, &InitState::LastCommand},
+    {&setting::LockCommand, &InitState::LockCommand},     {&setting::SelectFolders, &InitState::SelectFolders},
+    {&setting::ValidateCM, &InitState::ValidateCM},       {&setting::DateTimeFormat, &InitState::DateTimeFormat},
+    {&setting::DateSystem, &InitState::DateSystem},       {&setting::FolderHistory, &InitState::FolderHistory},
+    {&setting::MainViewState, &InitState::MainViewState}, {&setting::GetColorState, &InitState::GetColorState},
+    {&setting::GetColorMenu, &InitState::GetColorMenu},   {&setting::VDTViewState, &InitState::VDTViewState},
+    {&setting::AutoPosition, &InitState::AutoPosition},   {&setting::VDT_State, &InitState::VDT_State},
+    {&setting::Tip_State, &InitState::Tip_State},
+};
+
+}  // namespace
+
+InitState LoadInitSettings(const Settings& settings, bool regionHasTwelveHourClock) {
+  InitState state;
+  for (const auto& [key, field] : Fields)
+    state.*field = settings.get(*key);
+  if (state.DateTimeFormat.empty()) state.DateTimeFormat = regionHasTwelveHourClock ? "1" : "0";
+  return state;
+}
+
+void StoreInitSettings(const InitState& state, Settings::Batch& batch) {
+  for (const auto& [key, field] : Fields)
+    batch.add(*key, state.*field);
+}
+
+}  // namespace varnholt::core

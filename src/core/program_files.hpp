@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/platform.hpp"
+
+#include <string>
+#include <string_view>
+
+/// The files and folders that lie beside the program. All are reached by joining the program's folder and the literal.
+namespace varnholt::core::program_file {
+
+inline constexpr std::string_view DirHis = "\\DirHis.Dat", FileHis = "\\FileHis.Dat";
+inline constexpr std::string_view CompHis_L = "\\CompHis_L.Dat", CompHis_R = "\\CompHis_R.Dat";
+inline constexpr std::string_view OpenHis = "\\OpenHis.Dat", MostUsed = "\\MostUsed.Dat";
+inline constexpr std::string_view FolderSearchHis = "\\FolderSearchHis.Dat";
+inline constexpr std::string_view GetQF = "\\GetQF.Dat", GetFolders = "\\GetFolders.Dat";
+inline constexpr std::string_view TempUrl = "\\Temp.Url", Log = "\\Varnholt.log";
+inline constexpr std::string_view VDT_Projects = "\\VDT_Projects", Favorites = "\\Favorites";
+inline constexpr std::string_view Bookmarks = "\\Bookmarks", Collections = "\\Collections", Notes = "\\Notes";
+inline constexpr std::string_view Skins = "\\Skins", Tmp = "\\Tmp", SwapTmp = "\\SwapTmp";
+inline constexpr std::string_view Line34 = "\\line34.jpg", Line34db = "\\line34db.jpg", Line34dg = "\\line34dg.jpg";
+
+/// Full path of one of the above.
+std::string path(const platform::Platform& platform, std::string_view literal);
+
+/// Makes the folders of the layout that are missing.
+void makeFolders(const platform::Platform& platform);
+
+/// Deletes the program's own data files and folders; pictures, library and documents stay.
+void deleteUserData(const platform::Platform& platform);
+
+}  // namespace varnholt::core::program_file

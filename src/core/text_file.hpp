@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/file_system.hpp"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace varnholt::core {
+
+/// Text files of our own: one entry a line, CR LF behind every line, UTF-8 without mark; read with CR LF or LF alike.
+
+/// The lines without their ends; empty lines are left out. A missing or unreadable file has none.
+std::vector<std::string> readLines(const platform::FileSystem& files, const std::string& path);
+
+/// Replaces the file in one step.
+platform::Result<void> writeLines(platform::FileSystem& files, const std::string& path,
+                                  const std::vector<std::string>& lines);
+
+/// Splits at LF or CR LF; keeps empty lines between others, none behind the last line end.
+std::vector<std::string> splitLines(std::string_view text);
+
+}  // namespace varnholt::core
