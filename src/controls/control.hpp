@@ -55,6 +55,8 @@ class Control : public Changing {
   Property<int> MousePointer{*this, pointer::Default};
   Property<Color> BackColor{*this, NoColor};
   Property<Color> ForeColor{*this, NoColor};
+  /// Drawn with the accent of the active one of several like it.
+  Property<bool> Accented{*this, false};
 
   Event<> Click;
   Event<> DblClick;

@@ -6,12 +6,33 @@
 #include "controls/standard.hpp"
 #include "panels/command_table.hpp"
 #include "panels/main_menu.hpp"
+#include "panels/panel.hpp"
 
-#include <array>
-#include <memory>
+#include <functional>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace varnholt::panels {
+
+/// The panels of the status bar, by number.
+namespace status {
+inline constexpr int FileSystem = 1, FreeSpace = 2, ActiveView = 3, Mode = 4, Time = 5, Date = 6;
+inline constexpr int SelectedCount = 7, SizeReport = 8, Line = 9;
+}  // namespace status
+
+/// What rooms above hang on the main window. An empty one is passed over.
+struct Form1Seams {
+  std::function<void(Side)> Viewpicv;                      ///< shows the current item in the picture view
+  std::function<void()> TreedisplayItem;                   ///< brings the tree window up to date
+  std::function<void()> quickFindUpdate;                   ///< updates the Quick Find Item dialog
+  std::function<void()> F22commandfunction;                ///< updates the commands tree
+  std::function<void(const std::string&)> treeStatus;      ///< the tree window's status text
+  std::function<bool(const platform::Entry&)> viewFilter;  ///< the active View Filter's test
+  std::function<void()> VDTstart;                          ///< the Virtual DeskTop's start routine
+  std::function<void()> loadStores, storeStores;           ///< files of later rooms, at start and at exit
+};
 
 /// The main window: two folder panels with drive lists and path lines, the Virtual DeskTop list, picture boxes, command
 /// line, menu and command buttons, and the status bar.
@@ -48,6 +69,33 @@ class Form1 : public controls::Form {
 
   CommandTable commands;
   MainMenu Menu{*this};
+  Form1Seams seams;
+
+  // --- Shared state ----------------------------------------------------------------------------------------------
+  Panel Panel1{Side::Left, {ListView1, Text1, Drive1, Command23, Command22, Command8, Command18, Command6}};
+  Panel Panel2{Side::Right, {ListView2, Text2, Drive2, Command25, Command24, Command9, Command19, Command7}};
+  Panel& panel(Side side) { return side == Side::Left ? Panel1 : Panel2; }
+  Panel& otherPanel(const Panel& panel) { return panel.side == Side::Left ? Panel2 : Panel1; }
+  Panel& panelOf(const controls::ListView& list) { return &list == &ListView1 ? Panel1 : Panel2; }
+
+  /// `View1Active` and `View2Active`: in normal running exactly one is set.
+  bool View1Active() const { return activeSide_ == Side::Left; }
+  bool View2Active() const { return activeSide_ == Side::Right; }
+  void setActive(std::optional<Side> side) { activeSide_ = side; }
+  /// Null when neither panel is active.
+  Panel* activePanel() { return activeSide_ ? &panel(*activeSide_) : nullptr; }
+
+  std::string InitFolder;  ///< the home folder
+  /// The mode word: names the running function, shown in the status bar.
+  const std::string& mode() const { return mode_; }
+  void setMode(std::string_view mode);
+  void statusLine(std::string text) { StatusBar1.setPanel(status::Line, std::move(text)); }
+  /// The command buttons of the lower row, in their order.
+  std::vector<controls::Button*> commandButtons();
+
+ private:
+  std::optional<Side> activeSide_;
+  std::string mode_;
 };
 
 }  // namespace varnholt::panels

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "core/program.hpp"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace varnholt::panels {
+
+/// A list of texts with newest last, as the history files keep it: no text twice (letter case does not count), and
+/// the oldest goes when it is full.
+class History {
+ public:
+  explicit History(std::size_t limit) : limit_(limit) {}
+  /// Adds a text at the end; false when it was there already.
+  bool add(const std::string& text);
+  void assign(std::vector<std::string> entries);
+  void clear() { entries_.clear(); }
+  const std::vector<std::string>& entries() const { return entries_; }
+  bool contains(const std::string& text) const;
+
+ private:
+  std::size_t limit_;
+  std::vector<std::string> entries_;
+};
+
+/// The histories that live all run long and are kept in files beside the program.
+struct Histories {
+  History folders{50};                        ///< `DirHis.Dat`, behind `ImageCombo1`
+  History files{50};                          ///< `FileHis.Dat`
+  History compareLeft{50}, compareRight{50};  ///< `CompHis_L.Dat`, `CompHis_R.Dat`
+  std::vector<std::string> lastFolders;       ///< `GetFolders.Dat`: the last folder of each drive
+
+  /// Notes the folder as the last one of its drive.
+  void noteLastFolder(const std::string& folder);
+  /// The last folder of a drive ("C:"); empty when it has none.
+  std::string lastFolder(std::string_view drive) const;
+
+  /// Reads the files that are there; folders that are gone are left out of the folder history.
+  void load(const core::Program& program);
+  /// Writes the three files that are saved at exit.
+  void store(const core::Program& program) const;
+};
+
+}  // namespace varnholt::panels

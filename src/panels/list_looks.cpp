@@ -1,0 +1,113 @@
+#include "panels/list_looks.hpp"
+
+#include "core/program_files.hpp"
+
+namespace varnholt::panels {
+namespace {
+
+/// A colour set of the lists: its menu entry, its line image, and the surfaces of the active and of the other list.
+struct ColorSet {
+  const char* menu;
+  std::string_view image;
+  controls::Color active, inactive;  // blue-green-red
+};
+constexpr ColorSet Sets[] = {
+    {"BlueBlack", core::program_file::Line34, 0x2E1E14, 0x241A14},
+    {"BrownBlack", core::program_file::Line34db, 0x14202C, 0x161C22},
+    {"GrayBlack", core::program_file::Line34dg, 0x282624, 0x201E1D},
+};
+constexpr int Tile = 5;
+
+}  // namespace
+
+std::string ListLooks::lineImage(int number) const {
+  return core::program_file::path(program_.platform, Sets[number].image);
+}
+
+bool ListLooks::allLineImagesExist() const {
+  for (int number = 0; number < 3; ++number)
+    if (!program_.files().fileExists(lineImage(number))) return false;
+  return true;
+}
+
+void ListLooks::takeSet(int number) {
+  active_.activeColor = Sets[number].active;
+  active_.inactiveColor = Sets[number].inactive;
+  form_.ListView3.BackColor = Sets[number].inactive;
+  if (program_.files().fileExists(lineImage(number))) linePicture_ = lineImage(number);
+  program_.init.GetColorMenu = std::to_string(number);
+}
+
+void ListLooks::applyInitState() {
+  const std::string wanted = program_.init.GetColorMenu;
+  const int number = wanted == "1" ? 1 : wanted == "2" ? 2 : 0;
+  if (program_.files().fileExists(lineImage(number))) form_.Menu[Sets[number].menu].Checked = true;
+  takeSet(number);
+  if (!allLineImagesExist()) {
+    program_.dialogs.inform("\rImage File Line34*.Jpg missing In App. Folder !");
+    if (program_.init.MainViewState == "1" || program_.init.MainViewState == "3") program_.init.MainViewState = "2";
+  }
+  form_.Menu["ShiftColors"].Checked = program_.init.MainViewState == "1" || program_.init.MainViewState == "3";
+  form_.Menu["GridLines"].Checked = program_.init.MainViewState == "2" || program_.init.MainViewState == "3";
+  form_.Menu["ShiftColorOther"].Checked = program_.init.GetColorState == "1";
+  apply();
+}
+
+void ListLooks::apply() {
+  const bool shift = form_.Menu["ShiftColors"].Checked;
+  const auto text = static_cast<controls::Color>(std::stoul(colors.text));
+  for (controls::ListView* list : {&form_.ListView1, &form_.ListView2, &form_.ListView3}) {
+    list->ForeColor = text;
+    list->GridLines = form_.Menu["GridLines"].Checked.get();
+    list->Picture = shift ? linePicture_ : std::string();
+    list->PictureAlignment = shift ? Tile : 0;
+  }
+  for (Panel* panel : {&form_.Panel1, &form_.Panel2})
+    panel->list.BackColor = panel == form_.activePanel() ? active_.activeColor : active_.inactiveColor;
+}
+
+void ListLooks::GridLines_Click() {
+  form_.Menu["GridLines"].Checked = !form_.Menu["GridLines"].Checked;
+  apply();
+}
+
+void ListLooks::ShiftColors_Click() {
+  if (!allLineImagesExist()) {
+    program_.dialogs.alert("Image File Line34*.Jpg missing In App. Folder !");
+    return;
+  }
+  form_.Menu["ShiftColors"].Checked = !form_.Menu["ShiftColors"].Checked;
+  apply();
+}
+
+void ListLooks::ShiftColorOther_Click() {
+  if (!program_.files().fileExists(lineImage(0))) {
+    program_.dialogs.alert("Shift Image File missing In App. Folder !");
+    return;
+  }
+  auto& entry = form_.Menu["ShiftColorOther"];
+  entry.Checked = !entry.Checked;
+  program_.init.GetColorState = entry.Checked ? "1" : "0";
+}
+
+void ListLooks::chooseSet(int number) {
+  auto& entry = form_.Menu[Sets[number].menu];
+  entry.Checked = !entry.Checked;
+  if (!entry.Checked) return;
+  if (program_.files().fileExists(lineImage(number))) {
+    takeSet(number);
+  } else {
+    program_.dialogs.alert("File Line34.Jpg missing In App. Folder !");
+  }
+  for (const auto& set : Sets)
+    if (set.menu != Sets[number].menu) form_.Menu[set.menu].Checked = false;
+  apply();
+}
+
+void ListLooks::ShiftColorOtherM(controls::ListView& list) {
+  const bool shift = form_.Menu["ShiftColorOther"].Checked;
+  list.Picture = shift ? linePicture_ : std::string();
+  list.PictureAlignment = shift ? Tile : 0;
+}
+
+}  // namespace varnholt::panels

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "core/program.hpp"
+#include "core/start_windows.hpp"
+#include "panels/active_panel.hpp"
+#include "panels/form1.hpp"
+#include "panels/histories.hpp"
+#include "panels/list_looks.hpp"
+#include "panels/listing.hpp"
+#include "panels/program_state.hpp"
+
+#include <functional>
+
+namespace varnholt::panels {
+
+/// What the main window does when it is set up and when it first becomes active, in its order.
+class MainWindowStart {
+ public:
+  struct Parts {
+    Form1& form;
+    core::Program& program;
+    Listing& listing;
+    ActivePanel& active;
+    ListLooks& looks;
+    ProgramState& state;
+    Histories& histories;
+    core::frmTip& tip;
+  };
+  explicit MainWindowStart(Parts parts) : p_(parts) {}
+
+  void Form_Load();
+  void Form_Activate();
+  /// Settings become menus (`ProgInit`).
+  void ApplyInitState();
+  void LoadHistoryFiles();
+  /// The line of the View Filter without a filter, by the choice of hidden files.
+  static std::string plainFilterLine(bool hiddenShown);
+
+  /// Lists the panel's folder as the place it has just entered.
+  std::function<void(Panel&)> enter;
+
+ private:
+  void startFolders();
+  void setColumns();
+  void fillDrives();
+  void applyCommands();
+  void applyDateSystem();
+  void colorMenuState();
+
+  Parts p_;
+  bool activated_ = false;
+};
+
+}  // namespace varnholt::panels

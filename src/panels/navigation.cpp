@@ -1,0 +1,328 @@
+#include "panels/navigation.hpp"
+
+#include "core/item_text.hpp"
+#include "core/program_files.hpp"
+#include "core/text_file.hpp"
+#include "platform/paths.hpp"
+
+namespace varnholt::panels {
+
+namespace paths = platform::paths;
+
+bool Navigation::exists(const std::string& folder) const {
+  bool there = false;
+  program_.loop.runBlocking([&] { there = program_.files().folderExists(folder); });
+  return there;
+}
+
+// --- Showing a folder ----------------------------------------------------------------------------------------------
+
+void Navigation::list(Panel& panel) {
+  listing_.ViewClearItems(panel);
+  panel.showPath();
+  noteFolder(panel);
+}
+
+void Navigation::noteFolder(Panel& panel) {
+  histories_.noteLastFolder(panel.path());
+  if (folderChanged) folderChanged();
+}
+
+void Navigation::showTitle(const Panel& panel) { form_.Caption = "Varnholt -  " + paths::withoutClosing(panel.path()); }
+
+void Navigation::selectFolderRow(Panel& panel, const std::string& folder) {
+  auto item = panel.findByCompareText(core::rowCompareText(core::folderRowText(paths::fileName(folder)), " "));
+  if (!item) return;
+  panel.list.selectNone();
+  item->setSelected(true);
+  panel.list.focusRow(item->row());
+  item->EnsureVisible();
+}
+
+// --- The stacks of places ------------------------------------------------------------------------------------------
+
+void Navigation::enter(Panel& panel) { list(panel); }
+
+void Navigation::fstack_pop(Panel& panel) {
+  FolderStack& stack = panel.backStack;
+  if (!stack.empty() && paths::sameFolder(stack.newest(), panel.path())) stack.pop();
+  if (!stack.empty()) {
+    const std::string folder = stack.pop();
+    if (exists(folder)) {
+      panel.setPath(folder);
+      list(panel);
+    }
+  }
+  panel.showPath();
+}
+
+void Navigation::pushlok(Panel& panel) { panel.forwardStack.push(panel.path()); }
+
+bool Navigation::poplok(Panel& panel) {
+  while (!panel.forwardStack.empty()) {
+    const std::string folder = panel.forwardStack.pop();
+    if (!exists(folder)) continue;
+    panel.setPath(folder);
+    return true;
+  }
+  return false;
+}
+
+void Navigation::browseButtons(Panel& panel) {
+  panel.controls.Forward.Enabled = !panel.forwardStack.empty();
+  const FolderStack& back = panel.backStack;
+  const bool onlyHere = back.count() == 1 && paths::sameFolder(back.newest(), panel.path());
+  panel.controls.Back.Enabled = !back.empty() && !onlyHere;
+}
+
+void Navigation::Browseback(Panel& panel) {
+  if (!panel.backStack.empty()) {
+    const std::string left = panel.path();
+    pushlok(panel);
+    fstack_pop(panel);
+    if (paths::sameFolder(left, panel.path())) panel.forwardStack.pop();
+    // Where the panel is now stays the newest place, so that the next step back leaves it.
+    fstack_push(panel);
+  }
+  browseButtons(panel);
+  showTitle(panel);
+  listing_.FocusView();
+}
+
+void Navigation::Browseforward(Panel& panel) {
+  panel.controls.Back.Enabled = false;
+  const std::string left = panel.path();
+  if (poplok(panel)) {
+    fstack_push(panel);
+    enter(panel);
+    selectFolderRow(panel, left);
+  }
+  browseButtons(panel);
+  showTitle(panel);
+  listing_.FocusView();
+}
+
+void Navigation::Prevfolder(Panel& panel) {
+  const std::string left = panel.path();
+  std::string target = panel.parentTrail.pop();
+  while (!target.empty() && !exists(target))
+    target = panel.parentTrail.pop();
+  if (target.empty()) {
+    parentFolder(panel);
+    return;
+  }
+  panel.setPath(target);
+  fstack_push(panel);
+  enter(panel);
+  selectFolderRow(panel, left);
+  browseButtons(panel);
+  showTitle(panel);
+  listing_.FocusView();
+}
+
+void Navigation::parentFolder(Panel& panel) {
+  const std::string left = panel.path();
+  std::string target = paths::parent(left);
+  while (!exists(target) && !paths::isRoot(target))
+    target = paths::parent(target);
+  if (!paths::sameFolder(target, left)) {
+    panel.setPath(target);
+    fstack_push(panel);
+    enter(panel);
+    selectFolderRow(panel, left);
+    browseButtons(panel);
+    showTitle(panel);
+  }
+  listing_.FocusView();
+}
+
+// --- Going somewhere -----------------------------------------------------------------------------------------------
+
+bool Navigation::goTo(Panel& panel, const std::string& folder) {
+  if (!exists(folder)) return false;
+  if (!paths::sameFolder(panel.path(), folder)) panel.parentTrail.push(panel.path());
+  panel.setPath(folder);
+  fstack_push(panel);
+  enter(panel);
+  ViewDriveSelection();
+  Folderhis_store(panel);
+  browseButtons(panel);
+  showTitle(panel);
+  return true;
+}
+
+bool Navigation::GoToDirection(const std::string& target) {
+  Panel* panel = form_.activePanel();
+  if (!panel) return false;
+  const auto path = program_.files().resolve(target);
+  if (!path) return false;
+  if (program_.files().folderExists(*path)) return goTo(*panel, *path);
+  if (!goTo(*panel, paths::parent(*path))) return false;
+  const auto name = paths::fileName(*path);
+  if (auto item = panel->findByCompareText(core::rowCompareText(paths::baseName(name), paths::extension(name)))) {
+    panel->list.selectNone();
+    item->setSelected(true);
+    panel->list.focusRow(item->row());
+    item->EnsureVisible();
+  }
+  return true;
+}
+
+void Navigation::enterFolder(Panel& panel, controls::ListItem item) {
+  const std::string folder = panel.itemPath(item);
+  if (!exists(folder)) {
+    listing_.viewrefresh();
+    return;
+  }
+  panel.parentTrail.push(panel.path());
+  panel.setPath(folder);
+  fstack_push(panel);
+  list(panel);
+  Folderhis_store(panel);
+  browseButtons(panel);
+  showTitle(panel);
+  if (panel.list.count() > 0) panel.list.focusRow(0);
+  if (ClickPane) ClickPane();
+  if (form_.seams.TreedisplayItem) form_.seams.TreedisplayItem();
+}
+
+void Navigation::rootFolder(Panel& panel) {
+  panel.setPath(panel.driveRoot());
+  fstack_push(panel);
+  enter(panel);
+  panel.parentTrail.clear();
+  browseButtons(panel);
+}
+
+void Navigation::rootreset_Click() {
+  rootFolder(form_.Panel1);
+  rootFolder(form_.Panel2);
+  listing_.FocusView();
+}
+
+void Navigation::ResetHomeDrive_Click() {
+  for (Panel* panel : {&form_.Panel1, &form_.Panel2}) {
+    panel->setPath(form_.InitFolder);
+    fstack_push(*panel);
+    enter(*panel);
+    browseButtons(*panel);
+  }
+  ViewDriveSelection();
+  listing_.viewrefresh();
+  if (ClickPane) ClickPane();
+}
+
+void Navigation::ImageCombo1_Click() {
+  const std::string folder = form_.ImageCombo1.Text;
+  if (folder.empty()) return;
+  if (!program_.files().folderExists(folder)) {
+    program_.dialogs.alert("Invalid Path, - Folder Do Not Exist !");
+    return;
+  }
+  GoToDirection(folder);
+  listing_.FocusView();
+}
+
+void Navigation::ViewDriveSelection() {
+  for (Panel* panel : {&form_.Panel1, &form_.Panel2}) {
+    const auto& items = panel->controls.Drive.Items.get();
+    for (std::size_t at = 0; at < items.size(); ++at)
+      if (paths::driveOf(items[at].text) == paths::driveOf(panel->path()))
+        panel->controls.Drive.choose(static_cast<int>(at));
+  }
+}
+
+std::string Navigation::folderForDrive(const std::string& drive) const {
+  if (form_.Menu.checked("WinStart")) {
+    const std::string last = histories_.lastFolder(drive);
+    if (!last.empty() && exists(last)) return last;
+  }
+  return drive + "\\";
+}
+
+void Navigation::DriveChange(Panel& panel) {
+  form_.Menu["WinStart"].Enabled = false;
+  const std::string drive = paths::driveOf(panel.controls.Drive.Text.get());
+  platform::Result<platform::DriveInfo> info = platform::Error{};
+  if (!drive.empty()) program_.loop.runBlocking([&] { info = program_.platform.drives.info(drive.front()); });
+  if (!info || !info->ready) {
+    program_.dialogs.alert("Drive Not Ready !, - Press Ok or Esc-key");
+    ViewDriveSelection();
+    if (exists(panel.path())) listing_.ViewClearItems(panel);
+  } else {
+    panel.setPath(folderForDrive(drive));
+    panel.parentTrail.clear();
+    form_.statusLine("Updating View Data, - Please Wait !");
+    fstack_push(panel);
+    enter(panel);
+    form_.statusLine("");
+    browseButtons(panel);
+    Folderhis_store(panel);
+    showTitle(panel);
+    panel.list.SetFocus();
+    active_.showDrive(panel);
+  }
+  form_.Menu["WinStart"].Enabled = true;
+}
+
+// --- Stored places and history -------------------------------------------------------------------------------------
+
+void Navigation::store_Click() {
+  Panel* panel = form_.activePanel();
+  if (!panel) return;
+  program_.settings.save(core::setting::viewStorepath, panel->path());
+  program_.dialogs.inform(" Location Stored In Memory ! ");
+}
+
+void Navigation::memfolder() {
+  Panel* panel = form_.activePanel();
+  if (!panel) return;
+  const std::string folder = program_.settings.get(core::setting::viewStorepath);
+  if (!goTo(*panel, folder)) {
+    program_.dialogs.alert("Location has Changed and NOT Valid !");
+    return;
+  }
+  if (ClickPane) ClickPane();
+}
+
+void Navigation::Presetfolder() {
+  const std::string left = program_.settings.get(core::setting::view1path);
+  const std::string right = program_.settings.get(core::setting::view2path);
+  if (!exists(left) || !exists(right)) {
+    program_.dialogs.alert("Location has Changed and NOT Valid !");
+    return;
+  }
+  goTo(form_.Panel1, left);
+  goTo(form_.Panel2, right);
+  ViewDriveSelection();
+  listing_.viewrefresh();
+}
+
+void Navigation::Folderhis_store(const Panel& panel) {
+  if (!histories_.folders.add(panel.path())) return;
+  auto& combo = form_.ImageCombo1;
+  combo.Clear();
+  for (const auto& folder : histories_.folders.entries())
+    combo.AddItem(paths::withoutClosing(folder), "folder");
+  combo.choose(static_cast<int>(combo.Items->size()) - 1);
+}
+
+void Navigation::savefolder_his_Click() {
+  if (histories_.folders.entries().empty()) {
+    program_.dialogs.inform("No Folder History To Store !");
+    return;
+  }
+  const std::string file = core::program_file::path(program_.platform, core::program_file::DirHis);
+  if (const auto written = core::writeLines(program_.files(), file, histories_.folders.entries()); !written) {
+    program_.dialogs.alert("Folder History Not Stored !, - " + written.error().text);
+    return;
+  }
+  program_.dialogs.inform("Folder History Stored in File !");
+}
+
+void Navigation::ClearHis_Click() {
+  histories_.folders.clear();
+  form_.ImageCombo1.Clear();
+}
+
+}  // namespace varnholt::panels

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "core/program.hpp"
+#include "panels/active_panel.hpp"
+#include "panels/form1.hpp"
+#include "panels/histories.hpp"
+#include "panels/listing.hpp"
+
+#include <functional>
+#include <string>
+
+namespace varnholt::panels {
+
+/// Moves the panels from folder to folder. A panel never stays on a folder that does not exist.
+class Navigation {
+ public:
+  Navigation(Form1& form, core::Program& program, Listing& listing, ActivePanel& active, Histories& histories)
+      : form_(form), program_(program), listing_(listing), active_(active), histories_(histories) {}
+
+  // --- The stacks of places --------------------------------------------------------------------------------------
+  void fstack_push(Panel& panel) { panel.backStack.push(panel.path()); }
+  /// Lists the panel's folder as the place just entered; its entry stays on the back stack.
+  void enter(Panel& panel);
+  /// One step back: a newest entry that is the panel's own folder goes first; a folder that is gone is dropped and the
+  /// panel stays.
+  void fstack_pop(Panel& panel);
+  void pushlok(Panel& panel);
+  /// Takes the newest forward place as the panel's folder; false when there is none that still exists.
+  bool poplok(Panel& panel);
+  void Browseback(Panel& panel);
+  void Browseforward(Panel& panel);
+  /// "Return to Parent Folder With History": by the trail of folders entered, then selects the row of the folder left.
+  void Prevfolder(Panel& panel);
+  /// "Return to Parent Folder Without History".
+  void parentFolder(Panel& panel);
+
+  // --- Going somewhere -------------------------------------------------------------------------------------------
+  /// The active panel goes to a folder; a path of a file goes to its folder and selects it. False: there is no such
+  /// folder, and the panel stays.
+  bool GoToDirection(const std::string& target);
+  bool goTo(Panel& panel, const std::string& folder);
+  /// Into the folder of a row.
+  void enterFolder(Panel& panel, controls::ListItem item);
+  void rootFolder(Panel& panel);
+  void rootreset_Click();
+  void ResetHomeDrive_Click();
+  void ImageCombo1_Click();
+  /// Both drive lists show the panels' drives.
+  void ViewDriveSelection();
+  /// `Drive1_Change`, `Drive2_Change`: another drive was chosen in the panel's drive list.
+  void DriveChange(Panel& panel);
+
+  // --- Stored places and history ---------------------------------------------------------------------------------
+  void store_Click();
+  /// The active panel goes to the stored folder.
+  void memfolder();
+  void viewlastexit_Click() { memfolder(); }
+  /// Both panels go to the folders of the last exit.
+  void Presetfolder();
+  void Folderhis_store(const Panel& panel);
+  void savefolder_his_Click();
+  void ClearHis_Click();
+
+  /// The window's title names the panel's folder.
+  void showTitle(const Panel& panel);
+
+  /// The click routine of the active panel.
+  std::function<void()> ClickPane;
+  /// A panel shows another folder than before.
+  std::function<void()> folderChanged;
+
+ private:
+  void list(Panel& panel);
+  void noteFolder(Panel& panel);
+  void selectFolderRow(Panel& panel, const std::string& folder);
+  void browseButtons(Panel& panel);
+  std::string folderForDrive(const std::string& drive) const;
+  bool exists(const std::string& folder) const;
+
+  Form1& form_;
+  core::Program& program_;
+  Listing& listing_;
+  ActivePanel& active_;
+  Histories& histories_;
+};
+
+}  // namespace varnholt::panels

@@ -1,0 +1,112 @@
+#include "panels/panel_rows.hpp"
+
+#include "core/item_text.hpp"
+#include "platform/paths.hpp"
+
+#include <limits>
+
+namespace varnholt::panels {
+
+namespace paths = platform::paths;
+
+PanelRows::PanelRows(platform::ListingPtr listing, const FileTest& shows, RowFormat format)
+    : listing_(std::move(listing)), format_(std::move(format)) {
+  entries_.reserve(listing_->folders().size() + listing_->files().size());
+  for (const auto& folder : listing_->folders())
+    entries_.push_back(&folder);
+  folders_ = rowCount();
+  for (const auto& file : listing_->files())
+    if (!shows || shows(file)) entries_.push_back(&file);
+}
+
+std::string PanelRows::cell(std::uint32_t row, int column) const {
+  return isFolder(row) ? folderCell(row, column) : fileCell(row, column);
+}
+
+std::string PanelRows::folderCell(std::uint32_t row, int column) const {
+  switch (column) {
+  case column::Name:
+    return core::folderRowText(entry(row).name);
+  case column::Ext:
+    return " ";
+  case column::Size:
+    return std::string(FolderMark);
+  case column::Date: {
+    const std::string text = dateText(row);
+    return text.empty() ? "-" : text;
+  }
+  }
+  return {};
+}
+
+std::string PanelRows::fileCell(std::uint32_t row, int column) const {
+  const platform::Entry& file = entry(row);
+  switch (column) {
+  case column::Name:
+    return std::string(paths::baseName(file.name));
+  case column::Ext:
+    return std::string(paths::extension(file.name));
+  case column::Size:
+    return core::panelSize(file.size, format_.regional);
+  case column::Date:
+    return format_.datesNotAvailable ? "Not Available" : dateText(row);
+  case column::SizeKey:
+    return core::sizeKey(file.size, format_.regional);
+  case column::DateKey:
+    return hasDate(row) ? core::dateKey(format_.clock->local(shownDate(file))) : std::string();
+  }
+  return {};
+}
+
+int PanelRows::icon(std::uint32_t row) const {
+  return isFolder(row) ? core::FolderClass : core::itemClass(entry(row).attributes);
+}
+
+controls::Emblem PanelRows::emblem(std::uint32_t row) const {
+  if (entry(row).isDangling) return controls::Emblem::LinkGone;
+  return entry(row).isLink ? controls::Emblem::Link : controls::Emblem::None;
+}
+
+const platform::Date& PanelRows::shownDate(const platform::Entry& entry) const {
+  if (format_.DateSystem == "2") return entry.created;
+  if (format_.DateSystem == "3") return entry.accessed;
+  return entry.modified;
+}
+
+bool PanelRows::hasDate(std::uint32_t row) const {
+  return entry(row).hasDates && (isFolder(row) || !format_.datesNotAvailable);
+}
+
+std::string PanelRows::dateText(std::uint32_t row) const {
+  if (!hasDate(row)) return {};
+  return core::panelRowDate(format_.DateTimeFormat, format_.clock->local(shownDate(entry(row))));
+}
+
+bool PanelRows::numericKeys(int column, std::vector<std::int64_t>& keys) const {
+  if (column != column::SizeKey && column != column::DateKey) return false;
+  // Rows without a key text come before all others, as the empty text does.
+  keys.assign(rowCount(), std::numeric_limits<std::int64_t>::min());
+  for (std::uint32_t row = folders_; row < rowCount(); ++row) {
+    if (column == column::SizeKey) {
+      keys[row] = static_cast<std::int64_t>(entry(row).size);
+    } else if (hasDate(row)) {
+      keys[row] = core::dayNumber(format_.clock->local(shownDate(entry(row))));
+    }
+  }
+  return true;
+}
+
+void PanelRows::appendSortText(std::uint32_t row, int column, std::string& text) const {
+  if (column != column::Name) {
+    text += cell(row, column);
+    return;
+  }
+  if (isFolder(row)) {
+    text += core::FolderRowPrefix;
+    text += entry(row).name;
+    return;
+  }
+  text += paths::baseName(entry(row).name);
+}
+
+}  // namespace varnholt::panels

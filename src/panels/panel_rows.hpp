@@ -1,0 +1,65 @@
+#pragma once
+
+#include "controls/row_source.hpp"
+#include "platform/clock.hpp"
+#include "platform/file_system.hpp"
+#include "platform/regional.hpp"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace varnholt::panels {
+
+/// The columns of a panel's rows. The last two have no width: they are what size and date are sorted by.
+namespace column {
+inline constexpr int Name = 0, Ext = 1, Size = 2, Date = 3, SizeKey = 4, DateKey = 5, Count = 6;
+}
+
+/// What a folder's row has in the size column.
+inline constexpr std::string_view FolderMark = "< Folder >";
+
+/// How rows are written.
+struct RowFormat {
+  std::string DateSystem = "1";      ///< "1" modified, "2" created, "3" accessed
+  std::string DateTimeFormat = "0";  ///< "1" 12-hour form
+  bool datesNotAvailable = false;    ///< a medium that keeps no access dates
+  platform::RegionalFormats regional;
+  const platform::Clock* clock = nullptr;
+};
+
+/// True for a file that the panel shows.
+using FileTest = std::function<bool(const platform::Entry&)>;
+
+/// One folder's listing as rows: folders, then files, in the order of the listing. Texts are made when they are looked
+/// at; a listing of 100,000 files costs a pointer a row.
+class PanelRows : public controls::RowSource {
+ public:
+  /// An empty test shows all files.
+  PanelRows(platform::ListingPtr listing, const FileTest& shows, RowFormat format);
+
+  std::uint32_t rowCount() const override { return static_cast<std::uint32_t>(entries_.size()); }
+  std::string cell(std::uint32_t row, int column) const override;
+  int icon(std::uint32_t row) const override;
+  controls::Emblem emblem(std::uint32_t row) const override;
+  std::string seekText(std::uint32_t row) const override { return std::string(entry(row).name); }
+  bool numericKeys(int column, std::vector<std::int64_t>& keys) const override;
+  void appendSortText(std::uint32_t row, int column, std::string& text) const override;
+
+  const platform::Entry& entry(std::uint32_t row) const { return *entries_[row]; }
+  bool isFolder(std::uint32_t row) const { return row < folders_; }
+
+ private:
+  const platform::Date& shownDate(const platform::Entry& entry) const;
+  bool hasDate(std::uint32_t row) const;
+  std::string dateText(std::uint32_t row) const;
+  std::string folderCell(std::uint32_t row, int column) const;
+  std::string fileCell(std::uint32_t row, int column) const;
+
+  platform::ListingPtr listing_;
+  std::vector<const platform::Entry*> entries_;
+  std::uint32_t folders_ = 0;
+  RowFormat format_;
+};
+
+}  // namespace varnholt::panels

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "core/program.hpp"
+#include "panels/form1.hpp"
+#include "panels/histories.hpp"
+#include "panels/tree_window.hpp"
+
+#include <functional>
+
+namespace varnholt::panels {
+
+/// What is kept from one run to the next, and the ways out of the program.
+class ProgramState {
+ public:
+  ProgramState(Form1& form, Form9& Form9, core::Program& program, Histories& histories)
+      : form_(form), Form9_(Form9), program_(program), histories_(histories) {}
+
+  /// Collects the state from the menus and writes it, the histories and the files of the other rooms.
+  void StoreProgramState();
+
+  void Program_pos_Click();
+  /// Both windows' positions from the store; a bad or missing number leaves its value alone.
+  void RestorePositions();
+  void restoreTreeWindow();
+  void SavColumnH_Click();
+  void ResetCol_Click();
+  /// Widths from the store: all ten, or none.
+  void restoreColumns();
+
+  void exit_program_Click();
+  void Command10_Click();
+  void Form_QueryUnload();
+  void ReturnDefault_Click();
+  void Peruninstall_Click();
+
+  /// Gives the focus back to the active panel.
+  std::function<void()> FocusView;
+
+ private:
+  void collectFromMenus();
+  void end();
+
+  Form1& form_;
+  Form9& Form9_;
+  core::Program& program_;
+  Histories& histories_;
+  bool ended_ = false;
+};
+
+}  // namespace varnholt::panels
