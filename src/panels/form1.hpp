@@ -5,6 +5,7 @@
 #include "controls/message_loop.hpp"
 #include "controls/standard.hpp"
 #include "panels/command_table.hpp"
+#include "panels/file_collect.hpp"
 #include "panels/main_menu.hpp"
 #include "panels/panel.hpp"
 
@@ -30,8 +31,11 @@ struct Form1Seams {
   std::function<void()> F22commandfunction;                ///< updates the commands tree
   std::function<void(const std::string&)> treeStatus;      ///< the tree window's status text
   std::function<bool(const platform::Entry&)> viewFilter;  ///< the active View Filter's test
-  std::function<void()> VDTstart;                          ///< the Virtual DeskTop's start routine
-  std::function<void()> loadStores, storeStores;           ///< files of later rooms, at start and at exit
+  std::function<void()> ShartCal;                          ///< recomputes the usage chart, when it is open
+  std::function<void(bool isFile)> fileItemChosen;         ///< a file, or a folder, is the item in hand
+  std::function<void(bool isFile)> LineCompare;   ///< compares the item's dates in the open Line Compare dialog
+  std::function<void()> VDTstart;                 ///< the Virtual DeskTop's start routine
+  std::function<void()> loadStores, storeStores;  ///< files of later rooms, at start and at exit
 };
 
 /// The main window: two folder panels with drive lists and path lines, the Virtual DeskTop list, picture boxes, command
@@ -86,6 +90,13 @@ class Form1 : public controls::Form {
   Panel* activePanel() { return activeSide_ ? &panel(*activeSide_) : nullptr; }
 
   std::string InitFolder;  ///< the home folder
+  FileCollect filecollect;
+  /// The item in hand as it travels, and the paths that `Fileident` makes of it.
+  std::string CurrentItem, SourcePath, TargetPath;
+  bool CtrlHeld = false;    ///< the Ctrl key is down in a panel
+  bool cutLook = false;     ///< some rows have the cut look
+  bool filterMark = false;  ///< the selection was made by the file filter
+  RecallBuffer& panelRecall(Side side) { return recall_[side == Side::Left ? 0 : 1]; }
   /// The mode word: names the running function, shown in the status bar.
   const std::string& mode() const { return mode_; }
   void setMode(std::string_view mode);
@@ -96,6 +107,7 @@ class Form1 : public controls::Form {
  private:
   std::optional<Side> activeSide_;
   std::string mode_;
+  RecallBuffer recall_[2];
 };
 
 }  // namespace varnholt::panels

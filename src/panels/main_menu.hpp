@@ -17,6 +17,10 @@ class MainMenu {
   /// The entry of that name. Asking for one that the table does not have is a bug: it gets a hidden entry of its own.
   controls::MenuItem& operator[](const std::string& name);
   bool has(const std::string& name) const { return byName_.contains(name); }
+  bool checked(const std::string& name) const {
+    const auto found = byName_.find(name);
+    return found != byName_.end() && found->second->Checked;
+  }
 
  private:
   controls::MenuItem* heading(const std::string& path);

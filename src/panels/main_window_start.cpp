@@ -27,15 +27,10 @@ const char* driveIcon(platform::DriveType type) {
 
 }  // namespace
 
-std::string MainWindowStart::plainFilterLine(bool hiddenShown) {
-  const std::string line = "|  View Filter:  All Files  (*.*)";
-  return hiddenShown ? line : line + " - Excl. Hidden and System Files.";
-}
-
 // --- Form_Load -----------------------------------------------------------------------------------------------------
 
 void MainWindowStart::Form_Load() {
-  auto& [form, program, listing, active, looks, state, histories, tip] = p_;
+  auto& [form, program, listing, active, looks, choices, state, histories, tip] = p_;
   state.RestorePositions();
 
   form.ProgressBar1.Min = 0;
@@ -46,7 +41,7 @@ void MainWindowStart::Form_Load() {
 
   const bool hiddenShown = program.settings.get(core::setting::SysHidShow) == "1";
   form.Menu["HidSysfiles"].Checked = hiddenShown;
-  form.Menu["Viewfilter"].Caption = plainFilterLine(hiddenShown);
+  choices.showFilterLine();
 
   fillDrives();
   startFolders();
@@ -145,7 +140,7 @@ void MainWindowStart::ApplyInitState() {
   menu["TipStart"].Checked = init.Tip_State == "0";
   p_.tip.LoadTip.Value = init.Tip_State == "0" ? 0 : 1;
 
-  applyDateSystem();
+  p_.choices.applyDateSystem();
   p_.looks.applyInitState();
 }
 
@@ -156,24 +151,6 @@ void MainWindowStart::applyCommands() {
   menu["RLC"].Checked = !preFolder;
   menu["LockOnLast"].Enabled = !preFolder;
   if (p_.program.init.LockCommand == "1") menu["LockOnLast"].Checked = true;
-}
-
-void MainWindowStart::applyDateSystem() {
-  struct DateChoice {
-    const char *system, *menu, *caption;
-  };
-  constexpr DateChoice Choices[] = {
-      {"1", "DateModi", "Date Modified:"}, {"2", "DateCreate", "Date Created:"}, {"3", "DateAcess", "Date Accessed:"}};
-  for (const auto& choice : Choices) {
-    const bool chosen = p_.program.init.DateSystem == choice.system;
-    p_.form.Menu[choice.menu].Checked = chosen;
-    if (!chosen) continue;
-    for (controls::ListView* list : {&p_.form.ListView1, &p_.form.ListView2}) {
-      auto headers = list->ColumnHeaders.get();
-      headers.at(column::Date).Text = choice.caption;
-      list->ColumnHeaders = std::move(headers);
-    }
-  }
 }
 
 void MainWindowStart::colorMenuState() {

@@ -8,6 +8,7 @@
 #include "panels/list_looks.hpp"
 #include "panels/listing.hpp"
 #include "panels/program_state.hpp"
+#include "panels/view_choices.hpp"
 
 #include <functional>
 
@@ -22,6 +23,7 @@ class MainWindowStart {
     Listing& listing;
     ActivePanel& active;
     ListLooks& looks;
+    ViewChoices& choices;
     ProgramState& state;
     Histories& histories;
     core::frmTip& tip;
@@ -33,8 +35,6 @@ class MainWindowStart {
   /// Settings become menus (`ProgInit`).
   void ApplyInitState();
   void LoadHistoryFiles();
-  /// The line of the View Filter without a filter, by the choice of hidden files.
-  static std::string plainFilterLine(bool hiddenShown);
 
   /// Lists the panel's folder as the place it has just entered.
   std::function<void(Panel&)> enter;
@@ -44,7 +44,6 @@ class MainWindowStart {
   void setColumns();
   void fillDrives();
   void applyCommands();
-  void applyDateSystem();
   void colorMenuState();
 
   Parts p_;

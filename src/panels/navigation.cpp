@@ -141,6 +141,7 @@ void Navigation::parentFolder(Panel& panel) {
 bool Navigation::goTo(Panel& panel, const std::string& folder) {
   if (!exists(folder)) return false;
   if (!paths::sameFolder(panel.path(), folder)) panel.parentTrail.push(panel.path());
+  panel.forwardStack.clear();
   panel.setPath(folder);
   fstack_push(panel);
   enter(panel);
@@ -175,6 +176,7 @@ void Navigation::enterFolder(Panel& panel, controls::ListItem item) {
     return;
   }
   panel.parentTrail.push(panel.path());
+  panel.forwardStack.clear();
   panel.setPath(folder);
   fstack_push(panel);
   list(panel);

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/program.hpp"
+
+#include <string>
+#include <vector>
+
+namespace varnholt::appearance {
+
+/// The module `NewSkin`: eight background pictures for the windows, a small one for dialogs and a large one for the two
+/// main windows. Number 4 is the user's own.
+class NewSkin {
+ public:
+  explicit NewSkin(core::Program& program) : program_(program) {}
+
+  /// Loads the skin of the start-up state: a number below 0 or none at all counts as 0, one above 7 loads none.
+  void applyInitState();
+  /// Stores the number, takes both pictures and dresses all windows.
+  void load(int number);
+
+  /// Windows that take the small picture, and the two that take the large one.
+  void addDialog(controls::Form& form);
+  void addMainWindow(controls::Form& form);
+
+  static std::string nameOf(int number);
+  static constexpr int Count = 8;
+
+ private:
+  void dressAll();
+  std::string picture(int number, bool large) const;
+
+  core::Program& program_;
+  std::vector<controls::Form*> dialogs_, mainWindows_;
+  std::string small_, large_;
+};
+
+}  // namespace varnholt::appearance

@@ -1,0 +1,86 @@
+#include "panels/file_opener.hpp"
+
+#include "core/program_files.hpp"
+#include "core/text_file.hpp"
+#include "platform/paths.hpp"
+#include "platform/text_fold.hpp"
+
+#include <algorithm>
+
+namespace varnholt::panels {
+namespace {
+
+namespace paths = platform::paths;
+
+constexpr std::string_view Archives[] = {"zip", "cab", "rar", "arj"};
+
+// Replaces every place of `mark`, letter case ignored; true when there was one.
+bool replaceMark(std::string& text, std::string_view mark, const std::string& value) {
+  bool found = false;
+  for (auto at = platform::foldCase(text).find(mark); at != std::string::npos;
+       at = platform::foldCase(text).find(mark, at + value.size())) {
+    text.replace(at, mark.size(), value);
+    found = true;
+  }
+  return found;
+}
+
+}  // namespace
+
+void FileOpener::open(const std::string& path) {
+  const std::string extension = platform::foldCase(paths::extension(paths::fileName(path)));
+  if (const auto own = ownTypes.find(extension); own != ownTypes.end()) {
+    own->second(path);
+    return;
+  }
+  const std::string command = reggetdata(path);
+  if (command.empty() && std::ranges::find(Archives, extension) != std::end(Archives)) {
+    if (startExplorer(path)) Filehis_store(path);
+    return;
+  }
+  if (command.empty()) {
+    program_.dialogs.alert("File Extension NOT registrated !\rMake one from Controlpanel ,Tools, FolderOptions.");
+    return;
+  }
+  if (program_.platform.shell.start(PathChange(command, path), paths::parent(path))) {
+    Filehis_store(path);
+    return;
+  }
+  program_.dialogs.inform("Trying Alternate Opening Method ! .....");
+  OpenItemPath(path);
+}
+
+std::string FileOpener::reggetdata(const std::string& path) const {
+  const auto extension = paths::extension(paths::fileName(path));
+  if (extension.empty()) return {};
+  return program_.platform.fileTypes.openCommand(extension).valueOr({});
+}
+
+std::string FileOpener::PathChange(const std::string& command, const std::string& path) const {
+  const std::string quoted = '"' + path + '"';
+  std::string text = command;
+  replaceMark(text, "%systemroot%", program_.folders.SystemRoot);
+  replaceMark(text, "%programfiles%", program_.folders.ProgramFiles);
+  bool marked = false;
+  for (const std::string_view mark : {"\"%1\"", "\"%l\"", "%1", "%l"})
+    if (!marked) marked = replaceMark(text, mark, quoted);
+  return marked ? text : text + ' ' + quoted;
+}
+
+bool FileOpener::startExplorer(const std::string& argument) {
+  const std::string explorer = paths::join(program_.folders.windir, "explorer.exe");
+  if (!program_.files().fileExists(explorer)) {
+    program_.dialogs.alert("Cannot Find Explorer.exe, - Function Exits");
+    return false;
+  }
+  return program_.platform.shell.start('"' + explorer + "\" \"" + argument + '"').ok();
+}
+
+void FileOpener::OpenItemPath(const std::string& path) {
+  const std::string shortcut = core::program_file::path(program_.platform, core::program_file::TempUrl);
+  const auto written = core::writeLines(
+      program_.files(), shortcut, {"[Default]", "BASEURL=file://" + path, "[InternetShortcut]", "URL=file:///" + path});
+  if (written) startExplorer(shortcut);
+}
+
+}  // namespace varnholt::panels

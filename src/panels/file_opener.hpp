@@ -1,0 +1,41 @@
+#pragma once
+
+#include "core/program.hpp"
+#include "panels/form1.hpp"
+#include "panels/histories.hpp"
+
+#include <functional>
+#include <map>
+#include <string>
+
+namespace varnholt::panels {
+
+/// Opens a file by its type, and if that fails by another way.
+class FileOpener {
+ public:
+  FileOpener(core::Program& program, Histories& histories) : program_(program), histories_(histories) {}
+
+  /// Opens the file by its extension. A failing opener ends in the alternate method.
+  void open(const std::string& path);
+
+  /// The open command of the file's type, not yet expanded; empty when the type is not registered.
+  std::string reggetdata(const std::string& path) const;
+  /// The command with its marks replaced: "%1" and "%l" by the file path in double quotes, %SystemRoot% and
+  /// %ProgramFiles% by their folders. Without a mark the path goes behind a blank.
+  std::string PathChange(const std::string& command, const std::string& path) const;
+  /// The alternate way: a shortcut file of our own, handed to explorer.exe.
+  void OpenItemPath(const std::string& path);
+  /// Notes the file as a recent one.
+  void Filehis_store(const std::string& path) { histories_.files.add(path); }
+
+  /// Extensions that rooms open themselves (".url"), lowered, without the point.
+  std::map<std::string, std::function<void(const std::string& path)>> ownTypes;
+
+ private:
+  bool startExplorer(const std::string& argument);
+
+  core::Program& program_;
+  Histories& histories_;
+};
+
+}  // namespace varnholt::panels

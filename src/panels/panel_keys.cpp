@@ -1,0 +1,129 @@
+#include "panels/panel_keys.hpp"
+
+#include "core/item_text.hpp"
+#include "platform/paths.hpp"
+
+namespace varnholt::panels {
+namespace {
+
+namespace paths = platform::paths;
+namespace key = controls::key;
+
+constexpr int Q = 81, F2 = 113;
+
+}  // namespace
+
+void PanelKeys::KeyDown(Panel& panel, controls::KeyEvent& event) {
+  const auto item = panel.list.SelectedItem();
+  switch (event.code) {
+  case key::Esc:
+    event.handled = true;
+    escape();
+    return;
+  case key::Ctrl:
+    p_.form.CtrlHeld = true;
+    return;
+  case Q:
+  case F2:
+    if (redrawTree) redrawTree();
+    return;
+  case key::Enter:
+    event.handled = true;
+    event.modifiers.ctrl ? commandline() : DblClick(panel);
+    return;
+  case key::Right:
+    event.handled = true;
+    if (item && panel.isFolder(*item) && !event.modifiers.ctrl) DblClick(panel);
+    return;
+  case key::Space:
+    event.handled = spaceLeavesFolder(panel);
+    return;
+  case key::Left:
+    event.handled = true;
+    p_.navigation.parentFolder(panel);
+    return;
+  }
+}
+
+void PanelKeys::KeyUp(Panel& panel, controls::KeyEvent& event) {
+  if (event.code == key::Ctrl) p_.form.CtrlHeld = false;
+  if (event.code != key::Up && event.code != key::Down) return;
+  if (p_.form.Picture1.Visible && p_.form.seams.Viewpicv) p_.form.seams.Viewpicv(panel.side);
+  if (p_.form.seams.TreedisplayItem) p_.form.seams.TreedisplayItem();
+}
+
+void PanelKeys::escape() {
+  if (p_.form.Picture1.Visible) return;
+  p_.listing.viewHightreset();
+  p_.form.Text3.Text = "";
+  if (p_.form.commands.find("QuickFind_Click") && p_.form.commands.find("QuickFind_Click")->run)
+    p_.form.Menu["QuickFind"].Enabled = true;
+  p_.selection.ResetView();
+}
+
+bool PanelKeys::spaceLeavesFolder(Panel& panel) {
+  if (!p_.form.Menu.checked("RLC")) return false;
+  p_.navigation.parentFolder(panel);
+  p_.navigation.showTitle(panel);
+  return true;
+}
+
+void PanelKeys::DblClick(Panel& panel) {
+  if (busy && busy()) return;
+  const auto item = panel.list.SelectedItem();
+  if (!item) return;
+  if (panel.isFolder(*item)) {
+    p_.navigation.enterFolder(panel, *item);
+    return;
+  }
+  if (openFile) openFile(panel.itemPath(*item));
+}
+
+// --- The command line ----------------------------------------------------------------------------------------------
+
+void PanelKeys::commandline() {
+  Panel* panel = p_.form.activePanel();
+  if (!panel) return;
+  std::string line;
+  if (const auto item = panel->list.SelectedItem()) {
+    const std::string path = panel->itemPath(*item);
+    line = panel->isFolder(*item) ? core::properCase(path) : path;
+  }
+  p_.form.Text3.Text = line;
+  p_.form.Text3.Visible = true;
+  p_.form.Text3.SetFocus();
+}
+
+void PanelKeys::Text3_KeyDown(controls::KeyEvent& event) {
+  if (event.code == key::Esc) {
+    event.handled = true;
+    p_.listing.viewHightreset();
+    p_.listing.FocusView();
+  }
+  if (event.code == key::Enter) {
+    event.handled = true;
+    runLine();
+  }
+}
+
+void PanelKeys::runLine() {
+  const std::string line = p_.form.Text3.Text;
+  if (line.empty()) return;
+  std::string command = line;
+  // A typed path may spell its parts in another letter case than the disk does.
+  if (const auto path = p_.program.files().resolve(line)) {
+    command = '"' + *path + '"';
+    if (p_.program.files().folderExists(*path))
+      command = '"' + paths::join(p_.program.folders.windir, "explorer.exe") + "\" " + command;
+    else if (openFile && !p_.program.platform.shell.start(command)) {
+      openFile(*path);
+      return;
+    } else {
+      return;
+    }
+  }
+  if (const auto started = p_.program.platform.shell.start(command); !started)
+    p_.program.dialogs.alert("Cannot Start Command Line !, - " + started.error().text);
+}
+
+}  // namespace varnholt::panels

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/program.hpp"
+#include "panels/form1.hpp"
+#include "panels/listing.hpp"
+#include "panels/navigation.hpp"
+#include "panels/selection.hpp"
+
+#include <functional>
+#include <string>
+
+namespace varnholt::panels {
+
+/// The keys of a panel, double clicks on its rows, and the command line below it.
+class PanelKeys {
+ public:
+  struct Parts {
+    Form1& form;
+    core::Program& program;
+    Listing& listing;
+    Navigation& navigation;
+    Selection& selection;
+  };
+  explicit PanelKeys(Parts parts) : p_(parts) {}
+
+  void KeyDown(Panel& panel, controls::KeyEvent& event);
+  void KeyUp(Panel& panel, controls::KeyEvent& event);
+  /// `ListView1_DblClick`, `ListView2_DblClick`: into a folder, or open the file.
+  void DblClick(Panel& panel);
+
+  /// Shows the command line with the active panel's item (`CmdLine_Click`).
+  void commandline();
+  void Text3_KeyDown(controls::KeyEvent& event);
+  void Text3_DblClick() { p_.form.Text3.Text = ""; }
+
+  std::function<void(const std::string& path)> openFile;
+  /// A command works or a loop gives a turn: double clicks are refused.
+  std::function<bool()> busy;
+  std::function<void()> redrawTree;
+
+ private:
+  void escape();
+  bool spaceLeavesFolder(Panel& panel);
+  void runLine();
+
+  Parts p_;
+};
+
+}  // namespace varnholt::panels

@@ -1,0 +1,265 @@
+#include "panels/selection.hpp"
+
+#include "core/attribute_words.hpp"
+#include "core/format.hpp"
+#include "core/item_text.hpp"
+#include "platform/paths.hpp"
+
+#include <unordered_set>
+
+namespace varnholt::panels {
+
+namespace paths = platform::paths;
+
+// --- Clicks --------------------------------------------------------------------------------------------------------
+
+void Selection::Click(Panel& panel) {
+  form_.Menu["Filefilter"].Visible = false;
+  if (!form_.Menu.checked("Viewuser")) form_.Menu["Viewfilter"].Visible = true;
+  if (form_.cutLook) {
+    listing_.resetv1v2();
+    form_.cutLook = false;
+  }
+  active_.showFreeSpace(panel);
+  form_.setMode("SelectMode");
+  active_.UpdateClock();
+
+  if (!form_.CtrlHeld) panel.list.clearGhosted();
+  const auto focused = panel.list.SelectedItem();
+  if (focused) currentItem(panel, *focused);
+
+  resetcollect();
+  if (panel.list.MultiSelect) {
+    collectSelected(panel);
+  } else if (focused) {
+    collect(panel, *focused);
+  }
+  if (form_.Menu.checked("Psi")) showCount(panel.list.selectedCount());
+  if (form_.seams.TreedisplayItem) form_.seams.TreedisplayItem();
+  if (form_.seams.ShartCal) form_.seams.ShartCal();
+}
+
+void Selection::currentItem(Panel& panel, controls::ListItem item) {
+  const bool folder = panel.isFolder(item);
+  form_.CurrentItem = folder ? panel.itemPath(item) : panel.fileName(item);
+  form_.Command2.Enabled =
+      !folder && form_.commands.find("Command2_Click") && form_.commands.find("Command2_Click")->run;
+  form_.Menu["EditFile"].Enabled = form_.Command2.Enabled.get();
+  if (form_.seams.fileItemChosen) form_.seams.fileItemChosen(!folder);
+  fileatrib(panel, item);
+  if (form_.seams.Viewpicv) form_.seams.Viewpicv(panel.side);
+  if (form_.seams.LineCompare) form_.seams.LineCompare(!folder);
+}
+
+void Selection::fileatrib(Panel& panel, controls::ListItem item) {
+  if (!panel.rows) return;
+  form_.statusLine(std::string(core::fileatrib(panel.rows->entry(item.id()).attributes)));
+}
+
+void Selection::collect(Panel& panel, controls::ListItem item) {
+  if (form_.panelRecall(panel.side).push(panel.fileName(item)))
+    form_.statusLine("Recall Bufffer Full ! - Auto Pop out in progress, (Apply Reset to increase speed !)");
+  form_.filecollect.push(panel.itemText(item));
+}
+
+void Selection::collectSelected(Panel& panel) {
+  for (const std::uint32_t id : panel.list.selectedIds()) {
+    panel.list.setGhosted(id, true);
+    collect(panel, {panel.list, id});
+  }
+}
+
+void Selection::ClickPane() {
+  if (Panel* active = form_.activePanel()) Click(*active);
+}
+
+// --- Collecting ----------------------------------------------------------------------------------------------------
+
+void Selection::ViewClickCopy(Panel& panel) {
+  form_.setMode("SelectMode");
+  active_.UpdateClock();
+  resetcollect();
+  listing_.colorreset(panel);
+  for (const std::uint32_t id : panel.list.selectedIds())
+    form_.filecollect.push(panel.itemText({panel.list, id}));
+  if (const auto item = panel.list.SelectedItem()) fileatrib(panel, *item);
+}
+
+void Selection::ResetView(Panel& panel) {
+  panel.list.clearGhosted();
+  panel.list.selectNone();
+  panel.list.clearColors();
+  form_.StatusBar1.setPanel(status::SelectedCount, "");
+}
+
+void Selection::ResetView() {
+  if (Panel* active = form_.activePanel()) ResetView(*active);
+}
+
+void Selection::ResetAll() {
+  resetcollect();
+  ResetView(form_.Panel1);
+  ResetView(form_.Panel2);
+  form_.filterMark = false;
+  form_.Menu["Filefilter"].Visible = false;
+}
+
+// --- Reports -------------------------------------------------------------------------------------------------------
+
+void Selection::showCount(std::uint64_t count) {
+  form_.StatusBar1.setPanel(status::SelectedCount, std::to_string(count) + "  Item(s) Selected");
+}
+
+void Selection::report(std::uint64_t count, const Sum& sum) {
+  form_.StatusBar1.setPanel(status::SizeReport,
+                            std::to_string(count) + (sum.exact ? " Item(s) ,  In " : " Item(s) ,  In ~ ") +
+                                core::format("###,###", sum.bytes, program_.platform.regional) + " Bytes");
+}
+
+void Selection::addSize(Panel& panel, controls::ListItem item, Sum& sum) {
+  if (!panel.isFolder(item)) {
+    sum.bytes += panel.rows->entry(item.id()).size;
+    return;
+  }
+  platform::Result<platform::TreeSize> size = platform::Error{};
+  program_.loop.runBlocking([&] { size = program_.files().folderSize(panel.itemPath(item)); });
+  if (size) sum.bytes += size->bytes;
+  if (!size || !size->exact) sum.exact = false;
+}
+
+Selection::Sum Selection::sizeOfSelected(Panel& panel) {
+  Sum sum;
+  for (const std::uint32_t id : panel.list.selectedIds())
+    addSize(panel, {panel.list, id}, sum);
+  return sum;
+}
+
+// --- Selection commands --------------------------------------------------------------------------------------------
+
+void Selection::selectall_Click() {
+  Panel* panel = form_.activePanel();
+  if (!panel) return;
+  form_.setMode("SelectMode");
+  form_.statusLine("Calculating...  Please Wait !");
+  resetcollect();
+  panel->list.selectNone();
+  for (std::uint32_t row = 0; row < panel->list.count(); ++row) {
+    controls::ListItem item = panel->list.item(row);
+    if (panel->isFolder(item) && !includesFolders()) continue;
+    item.setSelected(true);
+    item.setGhosted(true);
+    form_.filecollect.push(panel->itemText(item));
+  }
+  report(panel->list.selectedCount(), sizeOfSelected(*panel));
+  showCount(panel->list.selectedCount());
+  form_.statusLine("");
+  if (form_.seams.ShartCal) form_.seams.ShartCal();
+}
+
+void Selection::Inversel_Click() {
+  Panel* panel = form_.activePanel();
+  if (!panel) return;
+  form_.setMode("SelectMode");
+  form_.filterMark = false;
+  form_.statusLine("Calculating...  Please Wait !");
+  controls::ListView& list = panel->list;
+  std::vector<bool> wasSelected(list.count());
+  for (std::uint32_t id = 0; id < list.count(); ++id)
+    wasSelected[id] = list.isGhosted(id) || list.isSelected(id);
+  list.clearGhosted();
+  list.selectNone();
+  resetcollect();
+  for (std::uint32_t row = 0; row < list.count(); ++row) {
+    controls::ListItem item = list.item(row);
+    if (wasSelected[item.id()] || (panel->isFolder(item) && !includesFolders())) continue;
+    item.setSelected(true);
+    item.setGhosted(true);
+    form_.filecollect.push(panel->itemText(item));
+  }
+  report(list.selectedCount(), sizeOfSelected(*panel));
+  showCount(list.selectedCount());
+  form_.statusLine("");
+  if (form_.seams.ShartCal) form_.seams.ShartCal();
+}
+
+void Selection::Selsize_Click() {
+  Panel* panel = form_.activePanel();
+  if (!panel) return;
+  if (panel->list.selectedCount() == 0) {
+    nonselect();
+    return;
+  }
+  form_.statusLine("Calculating... Please wait !");
+  program_.loop.giveTurn();
+  const Sum sum = sizeOfSelected(*panel);
+  form_.statusLine("Size of selected Item(s) :  " + core::format("###,##0", sum.bytes, program_.platform.regional) +
+                   "   Bytes");
+}
+
+void Selection::IncludeFolder_Click() {
+  auto& entry = form_.Menu["IncludeFolder"];
+  entry.Checked = !entry.Checked;
+  program_.init.SelectFolders = entry.Checked ? "1" : "0";
+}
+
+// --- Recall --------------------------------------------------------------------------------------------------------
+
+void Selection::Command16_Click() {
+  Panel* panel = form_.activePanel();
+  if (!panel) return;
+  form_.setMode("RecallMode");
+  active_.UpdateClock();
+  const RecallBuffer& recall = form_.panelRecall(panel->side);
+  if (recall.empty()) {
+    form_.StatusBar1.setPanel(status::SelectedCount, "0 Recall Items Selected !");
+    return;
+  }
+  program_.loop.screen().MousePointer = controls::pointer::Hourglass;
+  form_.statusLine("ReCall Working, - Please Wait !");
+  const std::unordered_set<std::string_view> names(recall.names().begin(), recall.names().end());
+  resetcollect();
+  panel->list.selectNone();
+  panel->list.clearGhosted();
+  for (std::uint32_t row = 0; row < panel->list.count(); ++row) {
+    controls::ListItem item = panel->list.item(row);
+    if (!panel->rows || !names.contains(panel->rows->entry(item.id()).name)) continue;
+    item.setSelected(true);
+    item.setGhosted(true);
+    form_.filecollect.push(panel->itemText(item));
+  }
+  program_.loop.screen().MousePointer = controls::pointer::Default;
+  form_.statusLine("");
+  showCount(panel->list.selectedCount());
+}
+
+void Selection::Command27_Click() {
+  Panel* panel = form_.activePanel();
+  if (!panel) return;
+  form_.statusLine("Resetting Recall data, - Please wait ! ");
+  form_.panelRecall(panel->side).reset();
+  listing_.colorreset(*panel);
+  listing_.viewrefresh();
+  form_.statusLine("");
+}
+
+void Selection::ResetRecall_Click() {
+  if (Panel* panel = form_.activePanel()) form_.panelRecall(panel->side).reset();
+}
+
+void Selection::Recall_Click() {
+  if (Panel* panel = form_.activePanel()) program_.settings.save(core::setting::viewpath, panel->path());
+}
+
+void Selection::memundo() {
+  Panel* panel = form_.activePanel();
+  if (!panel) return;
+  const std::string folder = program_.settings.get(core::setting::viewpath);
+  if (!goTo || folder.empty() || !goTo(*panel, folder)) program_.dialogs.alert("Location has Changed and NOT Valid !");
+}
+
+void Selection::selhis_Click() {
+  auto& entry = form_.Menu["selhis"];
+  entry.Checked = !entry.Checked;
+}
+
+}  // namespace varnholt::panels

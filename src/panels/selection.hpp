@@ -1,0 +1,78 @@
+#pragma once
+
+#include "core/program.hpp"
+#include "panels/active_panel.hpp"
+#include "panels/form1.hpp"
+#include "panels/listing.hpp"
+
+#include <string>
+
+namespace varnholt::panels {
+
+/// What is selected in the panels, what is collected from it for commands, and the Recall that brings it back.
+class Selection {
+ public:
+  Selection(Form1& form, core::Program& program, Listing& listing, ActivePanel& active)
+      : form_(form), program_(program), listing_(listing), active_(active) {}
+
+  // --- Clicks ----------------------------------------------------------------------------------------------------
+  void ListView1_Click() { Click(form_.Panel1); }
+  void ListView2_Click() { Click(form_.Panel2); }
+  void Click(Panel& panel);
+  /// The click routine of the active panel.
+  void ClickPane();
+  /// The words of the item's attributes in the status line.
+  void fileatrib(Panel& panel, controls::ListItem item);
+
+  // --- Collecting ------------------------------------------------------------------------------------------------
+  /// The selection walk of a command: every row that carries `Selected` goes into `filecollect`.
+  void ViewClickCopy(Panel& panel);
+  void resetcollect() { form_.filecollect.reset(); }
+  /// Marks, selection and colours of the active list off; the Recall stays.
+  void ResetView();
+  void ResetView(Panel& panel);
+  /// `resetcollect`, both lists as by ResetView, the file filter's mark and line cleared.
+  void ResetAll();
+  void nonselect() { NoItemsSelected(" No Items selected. ! "); }
+  void NoItemsSelected(const std::string& text) { program_.dialogs.inform(text); }
+
+  // --- Selection commands ----------------------------------------------------------------------------------------
+  void selectall_Click();
+  void Inversel_Click();
+  void Selsize_Click();
+  void IncludeFolder_Click();
+
+  // --- Recall ----------------------------------------------------------------------------------------------------
+  void Command16_Click();
+  void Command27_Click();
+  void Recall_Click();
+  void Undo_recall_Click() { memundo(); }
+  void memundo();
+  void ResetRecall_Click();
+  void selhis_Click();
+
+  /// The active panel goes to the folder; false when it does not exist.
+  std::function<bool(Panel&, const std::string&)> goTo;
+
+ private:
+  struct Sum {
+    std::uint64_t bytes = 0;
+    bool exact = true;
+  };
+  void currentItem(Panel& panel, controls::ListItem item);
+  void collectSelected(Panel& panel);
+  void collect(Panel& panel, controls::ListItem item);
+  void addSize(Panel& panel, controls::ListItem item, Sum& sum);
+  Sum sizeOfSelected(Panel& panel);
+  void report(std::uint64_t count, const Sum& sum);
+  void showCount(std::uint64_t count);
+  bool includesFolders() const { return form_.Menu.checked("IncludeFolder"); }
+  void giveTurnNowAndThen(std::uint32_t step);
+
+  Form1& form_;
+  core::Program& program_;
+  Listing& listing_;
+  ActivePanel& active_;
+};
+
+}  // namespace varnholt::panels

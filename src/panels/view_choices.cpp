@@ -1,0 +1,70 @@
+#include "panels/view_choices.hpp"
+
+namespace varnholt::panels {
+namespace {
+
+struct DateChoice {
+  const char *system, *menu, *caption;
+};
+constexpr DateChoice DateChoices[] = {
+    {"1", "DateModi", "Date Modified:"}, {"2", "DateCreate", "Date Created:"}, {"3", "DateAcess", "Date Accessed:"}};
+
+}  // namespace
+
+void ViewChoices::applyDateSystem() {
+  for (const auto& choice : DateChoices) {
+    const bool chosen = program_.init.DateSystem == choice.system;
+    form_.Menu[choice.menu].Checked = chosen;
+    if (!chosen) continue;
+    for (controls::ListView* list : {&form_.ListView1, &form_.ListView2}) {
+      auto headers = list->ColumnHeaders.get();
+      headers.at(column::Date).Text = choice.caption;
+      list->ColumnHeaders = std::move(headers);
+    }
+  }
+}
+
+void ViewChoices::chooseDate(const char* system) {
+  program_.init.DateSystem = system;
+  applyDateSystem();
+  listing_.ViewRenew();
+}
+
+void ViewChoices::chooseClock(const char* format) {
+  program_.init.DateTimeFormat = format;
+  form_.Menu["DateTime24"].Checked = program_.init.DateTimeFormat == "0";
+  form_.Menu["DateTime12"].Checked = program_.init.DateTimeFormat != "0";
+  active_.UpdateClock();
+  listing_.ViewRenew();
+}
+
+void ViewChoices::chooseView(const char* entry) {
+  for (const char* each : {"Viewall", "ViewProg", "Viewuser"})
+    form_.Menu[each].Checked = std::string_view(each) == entry;
+  if (ResetAll) ResetAll();
+  listing_.ViewRenew();
+  showFilterLine();
+}
+
+void ViewChoices::Viewall_Click() { chooseView("Viewall"); }
+
+void ViewChoices::ViewProg_Click() { chooseView("ViewProg"); }
+
+void ViewChoices::HidSysfiles_Click() {
+  auto& entry = form_.Menu["HidSysfiles"];
+  entry.Checked = !entry.Checked;
+  showFilterLine();
+  listing_.ViewRenew();
+}
+
+void ViewChoices::showFilterLine() {
+  std::string line = "|  View Filter:  All Files  (*.*)";
+  if (form_.Menu.checked("ViewProg")) {
+    line = "|  View Filter:  Programs Only  (*.Exe , *.Com)";
+  } else if (!form_.Menu.checked("HidSysfiles")) {
+    line += " - Excl. Hidden and System Files.";
+  }
+  form_.Menu["Viewfilter"].Caption = line;
+}
+
+}  // namespace varnholt::panels

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/program.hpp"
+#include "panels/active_panel.hpp"
+#include "panels/form1.hpp"
+#include "panels/listing.hpp"
+
+#include <functional>
+
+namespace varnholt::panels {
+
+/// The menu choices that say what the panels show and how dates are written.
+class ViewChoices {
+ public:
+  ViewChoices(Form1& form, core::Program& program, Listing& listing, ActivePanel& active)
+      : form_(form), program_(program), listing_(listing), active_(active) {}
+
+  void Viewall_Click();
+  void ViewProg_Click();
+  void HidSysfiles_Click();
+  void DateModi_Click() { chooseDate("1"); }
+  void DateCreate_Click() { chooseDate("2"); }
+  void DateAcess_Click() { chooseDate("3"); }
+  void DateTime24_Click() { chooseClock("0"); }
+  void DateTime12_Click() { chooseClock("1"); }
+  /// Checks the entry of the date system and names the date column after it.
+  void applyDateSystem();
+  /// Writes the filter line of the menu bar from the checked entries.
+  void showFilterLine();
+
+  /// Clears selection, marks and the filter mark of both panels.
+  std::function<void()> ResetAll;
+
+ private:
+  void chooseDate(const char* system);
+  void chooseClock(const char* format);
+  void chooseView(const char* entry);
+
+  Form1& form_;
+  core::Program& program_;
+  Listing& listing_;
+  ActivePanel& active_;
+};
+
+}  // namespace varnholt::panels
