@@ -5,4 +5,10 @@ file(CREATE_LINK "${CMAKE_SOURCE_DIR}/assets" "${VARNHOLT_ASSETS_LINK}" SYMBOLIC
 
 install(TARGETS varnholt RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 install(DIRECTORY assets/ DESTINATION "${CMAKE_INSTALL_DATADIR}/varnholt/assets" USE_SOURCE_PERMISSIONS
-  PATTERN "desktop" EXCLUDE)
+  PATTERN "desktop" EXCLUDE
+  PATTERN "make-*" EXCLUDE)
+
+# What the desktop itself reads: the menu entry, its icon, and the description for software centres.
+install(FILES assets/icons/varnholt.svg DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps")
+install(FILES assets/desktop/varnholt.desktop DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
+install(FILES assets/desktop/varnholt.metainfo.xml DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
