@@ -4,12 +4,23 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace varnholt::platform {
 
+/// One argument of a command from any text: in double quotes, a quote inside it doubled. A file name may hold blanks
+/// and quotes, so a path goes into a command through this.
+inline std::string quoteArgument(std::string_view text) {
+  std::string quoted = "\"";
+  for (const char c : text)
+    quoted.append(c == '"' ? 2 : 1, c);
+  return quoted + '"';
+}
+
 /// Starts external programs. The first word or quoted part of a command names the program; arguments that are
-/// drive-letter paths (also inside quotes) are handed over as system paths, everything else as it is. Nothing passes
-/// through a command interpreter.
+/// drive-letter paths (also inside quotes) are handed over as system paths, everything else as it is. Blanks separate
+/// outside quotes, and a doubled quote inside quotes is one quote; a backslash escapes nothing, since folders end in
+/// one. Nothing passes through a command interpreter.
 class Shell {
  public:
   virtual ~Shell() = default;

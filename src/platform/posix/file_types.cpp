@@ -1,0 +1,128 @@
+// GIO first: one of its types has a member named `signals`, which others define as a word of their own.
+#include <gio/gdesktopappinfo.h>
+#include <gio/gio.h>
+
+#include "platform/posix/file_types.hpp"
+
+#include "platform/shell.hpp"
+#include "platform/text_fold.hpp"
+
+#include <memory>
+
+namespace varnholt::platform::posix {
+namespace {
+
+struct Free {
+  void operator()(char* text) const { g_free(text); }
+  void operator()(char** list) const { g_strfreev(list); }
+  void operator()(GAppInfo* app) const { g_object_unref(app); }
+  void operator()(GIcon* icon) const { g_object_unref(icon); }
+};
+using Text = std::unique_ptr<char, Free>;
+
+constexpr const char* unknownIcon = "text-x-generic";
+
+std::string_view withoutPoint(std::string_view extension) {
+  return extension.starts_with('.') ? extension.substr(1) : extension;
+}
+
+/// The content type of an extension; null when the database does not know it.
+Text contentType(std::string_view extension) {
+  if (withoutPoint(extension).empty()) return nullptr;
+  const std::string name = "x." + std::string(withoutPoint(extension));
+  Text type(g_content_type_guess(name.c_str(), nullptr, 0, nullptr));
+  if (type && g_content_type_is_unknown(type.get())) return nullptr;
+  return type;
+}
+
+std::string desktopCommand(GAppInfo* app) {
+  const char* exec = g_app_info_get_commandline(app);
+  std::string command = exec ? commandFromExec(exec) : std::string();
+  const bool inTerminal =
+      G_IS_DESKTOP_APP_INFO(app) && g_desktop_app_info_get_boolean(G_DESKTOP_APP_INFO(app), "Terminal");
+  return inTerminal && !command.empty() ? "x-terminal-emulator -e " + command : command;
+}
+
+/// One word of an Exec line with its codes replaced. Sets `isFile` when it took the file's mark.
+std::string expandCodes(std::string_view word, bool& isFile) {
+  std::string out;
+  for (size_t i = 0; i < word.size(); ++i) {
+    if (word[i] != '%' || i + 1 == word.size()) {
+      out += word[i];
+      continue;
+    }
+    const char code = word[++i];
+    if (code == '%') out += '%';
+    if (std::string_view("fFuU").find(code) == std::string_view::npos) continue;
+    out += "%1";
+    isFile = true;
+  }
+  return out;
+}
+
+bool needsQuotes(std::string_view word) {
+  return word.empty() || word.find_first_of(" \t\"") != std::string_view::npos;
+}
+
+}  // namespace
+
+std::string commandFromExec(const std::string& exec) {
+  int count = 0;
+  char** parsed = nullptr;
+  if (!g_shell_parse_argv(exec.c_str(), &count, &parsed, nullptr)) return {};
+  const std::unique_ptr<char*, Free> words(parsed);
+  std::string command;
+  for (int i = 0; i < count; ++i) {
+    const std::string_view word = parsed[i];
+    bool isFile = false;
+    const std::string expanded = expandCodes(word, isFile);
+    if (expanded.empty() && !word.empty()) continue;  // a code that stands for nothing here
+    if (!command.empty()) command += ' ';
+    command += isFile || needsQuotes(expanded) ? quoteArgument(expanded) : expanded;
+  }
+  return command;
+}
+
+std::string DesktopFileTypes::registryText(const std::string& path) const {
+  const auto value = registry_.get(RegistryRoot::ClassesRoot, path, "");
+  const auto* text = value ? std::get_if<std::string>(&*value) : nullptr;
+  return text ? *text : std::string();
+}
+
+std::string DesktopFileTypes::classOf(std::string_view extension) const {
+  const std::string_view bare = withoutPoint(extension);
+  return bare.empty() ? std::string() : registryText("." + std::string(bare));
+}
+
+Result<std::string> DesktopFileTypes::openCommand(std::string_view extension) const {
+  if (const std::string name = classOf(extension); !name.empty())
+    if (std::string command = registryText(name + "\\shell\\open\\command"); !command.empty()) return command;
+  const Error none{ErrorCode::NotFound, std::string(extension), "no program is registered"};
+  const Text type = contentType(extension);
+  if (!type) return none;
+  const std::unique_ptr<GAppInfo, Free> app(g_app_info_get_default_for_type(type.get(), FALSE));
+  std::string command = app ? desktopCommand(app.get()) : std::string();
+  if (command.empty()) return none;
+  return command;
+}
+
+std::string DesktopFileTypes::description(std::string_view extension) const {
+  if (const std::string name = classOf(extension); !name.empty())
+    if (std::string words = registryText(name); !words.empty()) return words;
+  const Text type = contentType(extension);
+  const Text words(type ? g_content_type_get_description(type.get()) : nullptr);
+  return words ? words.get() : "";
+}
+
+std::string DesktopFileTypes::iconName(std::string_view extension) const {
+  const auto [place, isNew] = icons_.try_emplace(foldCase(withoutPoint(extension)), unknownIcon);
+  if (!isNew) return place->second;
+  const Text type = contentType(extension);
+  const std::unique_ptr<GIcon, Free> icon(type ? g_content_type_get_icon(type.get()) : nullptr);
+  if (!icon || !G_IS_THEMED_ICON(icon.get())) return place->second;
+  const gchar* const* names = g_themed_icon_get_names(G_THEMED_ICON(icon.get()));
+  if (names && names[0]) place->second = names[0];
+  return place->second;
+}
+
+}  // namespace varnholt::platform::posix

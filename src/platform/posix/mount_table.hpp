@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace varnholt::platform::posix {
+
+/// One line of /proc/self/mountinfo, with its octal escapes undone.
+struct Mount {
+  dev_t device = 0;
+  std::string root;    ///< folder of the file system that is mounted; "/" unless a bind mount
+  std::string point;   ///< where it is mounted
+  std::string type;    ///< the kernel's name of the file system
+  std::string source;  ///< device node or share
+};
+
+/// Lines in mount order. A line that cannot be understood is passed over (proc_pid_mountinfo(5)).
+std::vector<Mount> parseMountInfo(std::string_view text);
+
+/// The mount that a device number belongs to, preferring one of the file system's root.
+std::optional<Mount> mountOfDevice(const std::vector<Mount>& mounts, dev_t device);
+
+/// A file of /proc and alike, whose size is not known before it is read. Empty when it cannot be read.
+std::string readSystemFile(const char* path);
+
+}  // namespace varnholt::platform::posix

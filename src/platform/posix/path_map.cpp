@@ -1,0 +1,143 @@
+#include "platform/posix/path_map.hpp"
+
+namespace varnholt::platform::posix {
+namespace {
+
+constexpr std::string_view backslashStandIn = "\xEF\x81\x9C";  // U+F05C
+constexpr std::string_view escapeMark = "\xEF\x80\x9B";        // U+F01B
+
+Error invalid(std::string_view path, const char* why) { return {ErrorCode::InvalidPath, std::string(path), why}; }
+
+bool isDriveLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+const DriveMapping* driveOfLetter(const std::vector<DriveMapping>& drives, char letter) {
+  const char upper = static_cast<char>(letter & ~0x20);
+  for (const DriveMapping& drive : drives)
+    if (drive.letter == upper) return &drive;
+  return nullptr;
+}
+
+bool holds(const std::string& folder, std::string_view path) {
+  if (folder == "/") return true;
+  return path.starts_with(folder) && (path.size() == folder.size() || path[folder.size()] == '/');
+}
+
+const DriveMapping* driveHolding(const std::vector<DriveMapping>& drives, std::string_view path) {
+  const DriveMapping* best = nullptr;
+  for (const DriveMapping& drive : drives)
+    if (holds(drive.folder, path) && (!best || drive.folder.size() > best->folder.size())) best = &drive;
+  return best;
+}
+
+void appendNameToSystem(std::string_view name, std::string& out) {
+  for (size_t i = 0; i < name.size();) {
+    const std::string_view rest = name.substr(i);
+    if (rest.starts_with(backslashStandIn)) {
+      out += '\\';
+      i += backslashStandIn.size();
+    } else if (rest.starts_with(escapeMark)) {
+      const std::string_view next = rest.substr(escapeMark.size());
+      const bool escapes = next.starts_with(backslashStandIn) || next.starts_with(escapeMark);
+      // Both have three bytes. A mark before anything else was typed by somebody and stands for itself.
+      out += escapes ? next.substr(0, 3) : escapeMark;
+      i += escapes ? 6 : 3;
+    } else {
+      out += name[i++];
+    }
+  }
+}
+
+}  // namespace
+
+PathMap::PathMap(DriveSources sources) : sources_(std::move(sources)) { set(sources_.read()); }
+
+PathMap::PathMap(std::vector<DriveMapping> drives) : fixed_(true) { set(std::move(drives)); }
+
+PathMap::Table PathMap::table() const {
+  const std::lock_guard lock(mutex_);
+  return table_;
+}
+
+void PathMap::set(std::vector<DriveMapping> drives) {
+  auto table = std::make_shared<const std::vector<DriveMapping>>(std::move(drives));
+  const std::lock_guard lock(mutex_);
+  table_ = std::move(table);
+}
+
+std::vector<DriveMapping> PathMap::drives() const { return *table(); }
+
+void PathMap::reload() {
+  if (!fixed_) set(sources_.read());
+}
+
+Result<std::string> PathMap::toSystem(std::string_view path) const {
+  if (path.size() < 2 || path[1] != ':' || !isDriveLetter(path[0])) return invalid(path, "no drive letter");
+  if (path.size() > 2 && path[2] != '\\') return invalid(path, "no backslash after the drive");
+  if (path.find('/') != std::string_view::npos || path.find('\0') != std::string_view::npos)
+    return invalid(path, "a slash or NUL in the path");
+  const Table drives = table();
+  const DriveMapping* drive = driveOfLetter(*drives, path[0]);
+  if (!drive) return invalid(path, "no such drive");
+  std::string system = drive->folder == "/" ? "" : drive->folder;
+  for (std::string_view rest = path.substr(2); !rest.empty();) {
+    const size_t end = std::min(rest.find('\\'), rest.size());
+    if (end > 0) {
+      system += '/';
+      appendNameToSystem(rest.substr(0, end), system);
+    }
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return system.empty() ? "/" : system;
+}
+
+Result<std::string> PathMap::toProgram(std::string_view path) const {
+  if (path.empty() || path.front() != '/') return invalid(path, "not an absolute path");
+  const Table drives = table();
+  const DriveMapping* drive = driveHolding(*drives, path);
+  if (!drive) return invalid(path, "no drive holds this path");
+  std::string program{drive->letter, ':'};
+  for (std::string_view rest = path.substr(drive->folder == "/" ? 0 : drive->folder.size()); !rest.empty();) {
+    const size_t end = std::min(rest.find('/'), rest.size());
+    if (end > 0) {
+      program += '\\';
+      appendNameToProgram(rest.substr(0, end), program);
+    }
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return program.size() == 2 ? program + '\\' : program;
+}
+
+void PathMap::appendNameToProgram(std::string_view name, std::string& out) {
+  if (name.find_first_of("\\\xEF") == std::string_view::npos) {
+    out += name;
+    return;
+  }
+  for (size_t i = 0; i < name.size();) {
+    const std::string_view rest = name.substr(i);
+    if (rest.front() == '\\') {
+      out += backslashStandIn;
+      ++i;
+    } else if (rest.starts_with(backslashStandIn) || rest.starts_with(escapeMark)) {
+      out += escapeMark;
+      out += rest.substr(0, 3);
+      i += 3;
+    } else {
+      out += rest.front();
+      ++i;
+    }
+  }
+}
+
+std::string PathMap::nameToProgram(std::string_view name) {
+  std::string out;
+  appendNameToProgram(name, out);
+  return out;
+}
+
+std::string PathMap::nameToSystem(std::string_view name) {
+  std::string out;
+  appendNameToSystem(name, out);
+  return out;
+}
+
+}  // namespace varnholt::platform::posix

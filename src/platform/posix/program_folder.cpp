@@ -1,0 +1,86 @@
+#include "platform/posix/program_folder.hpp"
+
+#include "platform/posix/shipped_files.hpp"
+
+#include <cstdlib>
+#include <filesystem>
+
+#include <pwd.h>
+#include <unistd.h>
+
+namespace varnholt::platform::posix {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isFolder(const std::string& path) {
+  std::error_code failed;
+  return !path.empty() && fs::is_directory(path, failed);
+}
+
+bool canWriteIn(const std::string& folder) { return isFolder(folder) && ::eaccess(folder.c_str(), W_OK | X_OK) == 0; }
+
+std::string parentOf(const std::string& folder) { return fs::path(folder).parent_path().string(); }
+
+std::string ownExecutableFolder() {
+  std::error_code failed;
+  return fs::read_symlink("/proc/self/exe", failed).parent_path().string();
+}
+
+std::string homeFolder() {
+  if (const char* home = std::getenv("HOME"); home && *home == '/') return home;
+  const passwd* user = ::getpwuid(::geteuid());
+  return user && user->pw_dir ? user->pw_dir : "/";
+}
+
+std::string userDataFolder() {
+  // The base directory specification has relative values ignored.
+  if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data == '/') return std::string(data) + "/varnholt";
+  return homeFolder() + "/.local/share/varnholt";
+}
+
+std::string findAssets(const HostFolders& given, const std::string& executable) {
+  if (!given.assets.empty()) return given.assets;
+  for (const std::string& folder : {executable + "/assets", parentOf(executable) + "/share/varnholt/assets"})
+    if (isFolder(folder)) return folder;
+  return {};
+}
+
+std::string preferredFolder(const HostFolders& given, const std::string& executable) {
+  if (!given.data.empty()) return given.data;
+  return canWriteIn(executable) && !isInstalled(executable) ? executable : userDataFolder();
+}
+
+/// A folder that the program can name, for when it cannot name the preferred one.
+std::string reachableFolder(const PathMap& map) {
+  for (const DriveMapping& drive : map.drives())
+    if (canWriteIn(drive.folder)) return (fs::path(drive.folder) / ".varnholt").string();
+  return {};
+}
+
+}  // namespace
+
+bool isInstalled(const std::string& executable) {
+  for (const std::string system : {"/usr", "/bin", "/sbin"})
+    if (executable == system || executable.starts_with(system + "/")) return true;
+  return fs::path(executable).filename() == "bin" && isFolder(parentOf(executable) + "/share/varnholt");
+}
+
+ProgramFolders findProgramFolders(const HostFolders& given, const PathMap& map) {
+  const std::string executable = given.executable.empty() ? ownExecutableFolder() : given.executable;
+  ProgramFolders found;
+  found.assets = findAssets(given, executable);
+  found.program = preferredFolder(given, executable);
+  if (!map.toProgram(found.program)) found.program = reachableFolder(map);
+  std::error_code failed;
+  if (!found.program.empty()) fs::create_directories(found.program, failed);
+  if (!isFolder(found.program)) {
+    found.notices.push_back("The program folder could not be made. Settings and lists are not kept.");
+    return found;
+  }
+  if (!found.assets.empty() && !copyMissingFiles(found.assets + "/program", found.program))
+    found.notices.push_back("Not all files of the program could be copied into its folder.");
+  return found;
+}
+
+}  // namespace varnholt::platform::posix

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/platform.hpp"
+#include "platform/posix/path_map.hpp"
+
+#include <string>
+#include <vector>
+
+namespace varnholt::platform::posix {
+
+/// Where the program keeps its files and finds those that came with it. System form, without closing slash.
+struct ProgramFolders {
+  std::string program;  ///< empty when there is none that a drive holds and that can be made
+  std::string assets;   ///< empty when not found
+  std::vector<std::string> notices;
+};
+
+/// Decides both, makes the program folder and copies the files that lie beside the program (assets/program) into it,
+/// without touching any that exist.
+///
+/// The program folder is the executable's own when it can be written to and the program is not an installed one
+/// (portable use), else $XDG_DATA_HOME/varnholt. One that no drive of the map holds could not be named by the program:
+/// then it is `.varnholt` in the first drive that can be written to.
+ProgramFolders findProgramFolders(const HostFolders& given, const PathMap& map);
+
+/// True below /usr, /bin and /sbin, and for a `bin` with `share/varnholt` beside it. As root everything can be
+/// written to, and a program folder among the system's programs would be wrong all the same.
+bool isInstalled(const std::string& executableFolder);
+
+}  // namespace varnholt::platform::posix

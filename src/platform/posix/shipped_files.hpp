@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace varnholt::platform::posix {
+
+/// Copies of files that come with the program, in system form. Existing ones are never touched.
+
+/// Copies what is missing below `target` from below `source`, folders and regular files with their permissions. Each
+/// file appears whole or not at all. False when something could not be copied; a missing source is nothing to copy.
+bool copyMissingFiles(const std::string& source, const std::string& target);
+
+/// Makes the folder `target` as a copy of `source` in one step: built under another name beside it and renamed. True
+/// when it is there afterwards, also when it was before or another process made it meanwhile.
+bool makeFolderFrom(const std::string& source, const std::string& target);
+
+}  // namespace varnholt::platform::posix

@@ -1,0 +1,223 @@
+#include "platform/posix/shell.hpp"
+
+#include "support/scratch_folder.hpp"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sstream>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace varnholt::platform::posix {
+namespace {
+
+using Words = std::vector<std::string>;
+
+Words wordsOf(std::string_view line) {
+  Words words;
+  for (const CommandWord& word : splitCommand(line))
+    words.push_back(word.text());
+  return words;
+}
+
+TEST(CommandWords, AreSplitByBlanksOutsideQuotes) {
+  const std::pair<const char*, Words> cases[] = {
+      {"", {}},
+      {"  \t ", {}},
+      {"a b\tc", {"a", "b", "c"}},
+      {" \"a b\"  c ", {"a b", "c"}},
+      {"\"\" x", {"", "x"}},
+      {"a\"b c\"d", {"ab cd"}},
+      {"\"say \"\"hi\"\" now\"", {"say \"hi\" now"}},
+      {"\"C:\\folder\\\" next", {"C:\\folder\\", "next"}},
+      {"\"not closed x", {"not closed x"}},
+      {"a 'b c'", {"a", "'b", "c'"}},
+  };
+  for (const auto& [line, words] : cases)
+    EXPECT_EQ(wordsOf(line), words) << line;
+}
+
+TEST(CommandWords, OfAnyQuotedTextAreThatText) {
+  for (const char* text : {"", "plain", "two words", "a\"b", "\"", "\"\"", "ends in \\", "tab\tand\nline", "*?$`;&|"})
+    EXPECT_EQ(wordsOf("x " + quoteArgument(text) + " y"), (Words{"x", text, "y"})) << text;
+}
+
+class ShellTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    folder.write("c/plain.txt", "x");
+    folder.write("c/My Folder/a file.txt", "x");
+    folder.write("c/My", "x");
+    folder.writeScript("c/record.sh", "#!/bin/sh\nfor word; do printf '%s\\n' \"$word\"; done > \"$OUT\"\n");
+  }
+
+  Result<std::string> findInAnyCase(const std::string& path) const {
+    std::string lower = path;
+    for (char& c : lower)
+      c = static_cast<char>(std::tolower(c));
+    for (const char* known : {"C:\\record.sh", "C:\\windows\\notepad.exe", "C:\\windows\\system32\\ping.exe"}) {
+      std::string knownLower = known;
+      for (char& c : knownLower)
+        c = static_cast<char>(std::tolower(c));
+      if (knownLower == lower && std::filesystem::exists(map.toSystem(known).valueOr(""))) return std::string(known);
+    }
+    return Error{ErrorCode::NotFound, path, ""};
+  }
+
+  std::string run(const std::string& command, const std::string& workingFolder = {}) {
+    const auto process = shell.start(command, workingFolder);
+    if (!process) return "error " + process.error().text;
+    const auto code = shell.wait(*process);
+    return code ? "code " + std::to_string(*code) : "error";
+  }
+
+  test::ScratchFolder folder;
+  test::ScopedVariable out{"OUT", (folder / "out").c_str()};
+  PathMap map{parseDriveVariable("C=" + folder / "c" + ";Z=/")};
+  PosixShell shell{map,
+                   {[this](const std::string& path) { return findInAnyCase(path); }, [] { return "C:\\windows"; }}};
+};
+
+TEST_F(ShellTest, HandsPathsOverInSystemForm) {
+  const std::string c = folder / "c";
+  const std::pair<const char*, Words> cases[] = {
+      {"gimp C:\\plain.txt", {"gimp", c + "/plain.txt"}},
+      {"gimp c:\\plain.txt", {"gimp", c + "/plain.txt"}},
+      {"gimp \"C:\\My Folder\\a file.txt\"", {"gimp", c + "/My Folder/a file.txt"}},
+      {"gimp C:\\My Folder\\a file.txt", {"gimp", c + "/My Folder/a file.txt"}},
+      {"gimp C:\\My other", {"gimp", c + "/My", "other"}},
+      {"gimp C:\\missing one", {"gimp", c + "/missing", "one"}},
+      {"gimp \"C:\\\"", {"gimp", c}},
+      {"gimp Z:\\usr\\bin", {"gimp", "/usr/bin"}},
+      {"gimp --file=\"C:\\plain.txt\" -v", {"gimp", "--file=" + c + "/plain.txt", "-v"}},
+      {"gimp Q:\\none C: a:b http://x/C:\\y", {"gimp", "Q:\\none", "C:", "a:b", "http://x/C:\\y"}},
+      {"C:\\record.sh x", {c + "/record.sh", "x"}},
+      {"c:\\RECORD.SH x", {c + "/record.sh", "x"}},
+      {"C:\\My Folder\\a file.txt x", {c + "/My", "Folder\\a", "file.txt", "x"}},
+      {"/usr/bin/env x", {"/usr/bin/env", "x"}},
+      {"   ", {}},
+  };
+  for (const auto& [command, words] : cases)
+    EXPECT_EQ(shell.arguments(command), words) << command;
+}
+
+TEST_F(ShellTest, FindsAProgramWhosePathHoldsBlanks) {
+  folder.writeScript("c/Program Files/a tool.exe", "#!/bin/sh\n");
+  const std::string tool = folder / "c/Program Files/a tool.exe";
+  EXPECT_EQ(shell.arguments("C:\\Program Files\\a tool.exe -x"), (Words{tool, "-x"}));
+  EXPECT_EQ(shell.arguments("\"C:\\Program Files\\a tool.exe\" -x"), (Words{tool, "-x"}));
+}
+
+TEST_F(ShellTest, PassesNothingThroughACommandInterpreter) {
+  EXPECT_EQ(run("C:\\record.sh $HOME ; `id` * \"a  b\" | > x & %1"), "code 0");
+  EXPECT_EQ(folder.read("out"), "$HOME\n;\n`id`\n*\na  b\n|\n>\nx\n&\n%1\n");
+}
+
+TEST_F(ShellTest, TellsExitCodesAndSignals) {
+  folder.writeScript("c/seven.sh", "#!/bin/sh\nexit 7\n");
+  folder.writeScript("c/killed.sh", "#!/bin/sh\nkill -9 $$\n");
+  EXPECT_EQ(run("C:\\seven.sh"), "code 7");
+  EXPECT_EQ(run("C:\\killed.sh"), "code 137");
+  EXPECT_EQ(shell.wait(12345).error().code, ErrorCode::NotFound);
+}
+
+TEST_F(ShellTest, TellsWhyAProgramDoesNotStart) {
+  folder.write("c/no_program.txt", "text");
+  std::filesystem::permissions(folder / "c/no_program.txt", std::filesystem::perms(0644));
+  folder.writeScript("c/setup.exe", std::string("MZ\x90\0\3\0\0\0", 8));
+  const std::pair<const char*, ErrorCode> cases[] = {
+      {"", ErrorCode::NotFound},
+      {"\"\" x", ErrorCode::NotFound},
+      {"no-such-program-anywhere x", ErrorCode::NotFound},
+      {"C:\\missing.exe", ErrorCode::NotFound},
+      {"Q:\\missing.exe", ErrorCode::NotFound},
+      {"C:\\no_program.txt", ErrorCode::AccessDenied},
+      {"\"C:\\My Folder\"", ErrorCode::AccessDenied},
+      {"C:\\setup.exe", ErrorCode::NotSupported},
+  };
+  for (const auto& [command, code] : cases) {
+    const auto started = shell.start(command);
+    ASSERT_FALSE(started) << command;
+    EXPECT_EQ(started.error().code, code) << command << ": " << started.error().text;
+  }
+  EXPECT_EQ(shell.start("true", "Q:\\x").error().code, ErrorCode::InvalidPath);
+  EXPECT_EQ(shell.start("true", "C:\\missing").error().code, ErrorCode::NotFound);
+}
+
+TEST_F(ShellTest, RunsInTheGivenFolder) {
+  folder.writeScript("c/where.sh", "#!/bin/sh\npwd > \"$OUT\"\n");
+  EXPECT_EQ(run("C:\\where.sh", "C:\\My Folder"), "code 0");
+  EXPECT_EQ(folder.read("out"), (folder / "c/My Folder") + "\n");
+}
+
+TEST_F(ShellTest, LooksForBareNamesInTheWindowsFolder) {
+  for (const char* name : {"c/windows/notepad.exe", "c/windows/system32/ping.exe"})
+    folder.writeScript(name, "#!/bin/sh\necho \"$0\" > \"$OUT\"\n");
+  EXPECT_EQ(run("NOTEPAD C:\\plain.txt"), "code 0");
+  EXPECT_EQ(folder.read("out"), (folder / "c/windows/notepad.exe") + "\n");
+  EXPECT_EQ(run("Ping.exe x"), "code 0");
+  EXPECT_EQ(folder.read("out"), (folder / "c/windows/system32/ping.exe") + "\n");
+}
+
+TEST_F(ShellTest, GivesChildrenNoDescriptorButTheStandardOnes) {
+  folder.writeScript("c/open.sh", "#!/bin/sh\nls /proc/$$/fd > \"$OUT\"\n");
+  const int leak = ::open("/dev/null", O_RDONLY);  // without close-on-exec, as a library might leave one
+  ASSERT_GE(leak, 3);
+  EXPECT_EQ(run("C:\\open.sh"), "code 0");
+  ::close(leak);
+  std::istringstream listed(folder.read("out"));
+  Words open;
+  for (std::string line; listed >> line;)
+    open.push_back(line);
+  // The interpreter itself keeps its script open under a high number.
+  std::erase_if(open, [](const std::string& number) { return std::stoi(number) >= 10; });
+  EXPECT_EQ(open, (Words{"0", "1", "2"}));
+  EXPECT_NE(leak, 10);
+}
+
+TEST_F(ShellTest, GivesChildrenFreshSignals) {
+  folder.writeScript("c/signals.sh", "#!/bin/sh\nsed -n 's/^SigIgn:.//p' /proc/$$/status > \"$OUT\"\n");
+  const auto old = std::signal(SIGPIPE, SIG_IGN);
+  EXPECT_EQ(run("C:\\signals.sh"), "code 0");
+  std::signal(SIGPIPE, old);
+  const unsigned long long ignored = std::stoull(folder.read("out"), nullptr, 16);
+  EXPECT_EQ(ignored >> (SIGPIPE - 1) & 1, 0u);
+}
+
+TEST_F(ShellTest, GivesChildrenTheDriveMap) {
+  folder.writeScript("c/drives.sh", "#!/bin/sh\nprintf '%s' \"$VARNHOLT_DRIVE_MAP\" > \"$OUT\"\n");
+  const test::ScopedVariable outer("VARNHOLT_DRIVE_MAP", "Q=/wrong");
+  EXPECT_EQ(run("C:\\drives.sh"), "code 0");
+  EXPECT_EQ(folder.read("out"), "C=" + folder / "c" + "\nZ=/\n");
+}
+
+TEST_F(ShellTest, LeavesNoZombieOfAProgramThatNobodyWaitsFor) {
+  folder.writeScript("c/pid.sh", "#!/bin/sh\necho $$ > \"$OUT\"\n");
+  ASSERT_TRUE(shell.start("C:\\pid.sh"));
+  // A child that was reaped has no entry in /proc; a zombie keeps one for as long as this process lives.
+  bool gone = false;
+  for (int i = 0; i < 2000 && !gone; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    const std::string pid = folder.read("out");
+    gone = pid.ends_with('\n') && !std::filesystem::exists("/proc/" + pid.substr(0, pid.size() - 1));
+  }
+  EXPECT_TRUE(gone);
+}
+
+TEST_F(ShellTest, MayGoBeforeItsChildrenEnd) {
+  folder.writeScript("c/slow.sh", "#!/bin/sh\nsleep 0.2\necho done > \"$OUT\"\n");
+  {
+    PosixShell brief(map, {[](const std::string& path) { return path; }, [] { return ""; }});
+    ASSERT_TRUE(brief.start("C:\\slow.sh"));
+  }
+  for (int i = 0; i < 2000 && folder.read("out") != "done\n"; ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_EQ(folder.read("out"), "done\n");
+}
+
+}  // namespace
+}  // namespace varnholt::platform::posix

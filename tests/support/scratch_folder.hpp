@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace varnholt::test {
+
+/// A fresh folder of the system, taken away with all in it at the end. Paths in system form.
+class ScratchFolder {
+ public:
+  ScratchFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "varnholt-test-XXXXXX").string();
+    path_ = ::mkdtemp(name.data()) ? name : std::string();
+  }
+  ~ScratchFolder() {
+    std::error_code ignored;
+    if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
+  }
+  ScratchFolder(const ScratchFolder&) = delete;
+  ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+  const std::string& path() const { return path_; }
+  std::string operator/(std::string_view name) const { return path_ + "/" + std::string(name); }
+
+  /// Writes a file, with the folders above it.
+  std::string write(std::string_view name, std::string_view bytes) const {
+    const std::filesystem::path file = *this / name;
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << bytes;
+    return file.string();
+  }
+  /// Writes a file that can be run.
+  std::string writeScript(std::string_view name, std::string_view text) const {
+    const std::string file = write(name, text);
+    std::filesystem::permissions(file, std::filesystem::perms(0755));
+    return file;
+  }
+  std::string read(std::string_view name) const {
+    std::ifstream file(*this / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  bool has(std::string_view name) const {
+    return std::filesystem::exists(std::filesystem::symlink_status(*this / name));
+  }
+
+ private:
+  std::string path_;
+};
+
+/// Sets a variable of the process environment for a while; a null value takes it away.
+class ScopedVariable {
+ public:
+  ScopedVariable(const char* name, const char* value) : name_(name) {
+    if (const char* old = std::getenv(name)) {
+      old_ = old;
+      wasSet_ = true;
+    }
+    if (value)
+      ::setenv(name, value, 1);
+    else
+      ::unsetenv(name);
+  }
+  ~ScopedVariable() {
+    if (wasSet_)
+      ::setenv(name_, old_.c_str(), 1);
+    else
+      ::unsetenv(name_);
+  }
+  ScopedVariable(const ScopedVariable&) = delete;
+  ScopedVariable& operator=(const ScopedVariable&) = delete;
+
+ private:
+  const char* name_;
+  std::string old_;
+  bool wasSet_ = false;
+};
+
+}  // namespace varnholt::test
