@@ -57,9 +57,10 @@ std::optional<Mount> parseLine(std::string_view line) {
     ++dash;
   if (dash + 2 >= fields.size()) return {};
   const auto device = parseDevice(fields[2]);
-  if (!device) return {};
-  return Mount{*device, unescape(fields[3]), unescape(fields[4]), unescape(fields[dash + 1]),
-               unescape(fields[dash + 2])};
+  std::uint64_t id = 0;
+  if (!device || std::from_chars(fields[0].begin(), fields[0].end(), id).ec != std::errc()) return {};
+  return Mount{
+      id, *device, unescape(fields[3]), unescape(fields[4]), unescape(fields[dash + 1]), unescape(fields[dash + 2])};
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,6 +12,7 @@ namespace varnholt::platform::posix {
 
 /// One line of /proc/self/mountinfo, with its octal escapes undone.
 struct Mount {
+  std::uint64_t id = 0;  ///< the kernel's number of the mount
   dev_t device = 0;
   std::string root;    ///< folder of the file system that is mounted; "/" unless a bind mount
   std::string point;   ///< where it is mounted

@@ -1,0 +1,162 @@
+#include "platform/posix/copy_file.hpp"
+
+#include "platform/posix/copy_attributes.hpp"
+#include "platform/posix/entry_facts.hpp"
+#include "platform/posix/path_parts.hpp"
+#include "platform/posix/temp_file.hpp"
+#include "platform/posix/tree_walk.hpp"
+
+#include <cerrno>
+
+#include <dirent.h>
+#include <fcntl.h>
+
+namespace varnholt::platform::posix {
+namespace {
+
+using Failed = std::optional<CopyFailure>;
+
+Failed atSource(int error) { return CopyFailure{systemError(error, {}), false}; }
+Failed atTarget(int error) { return CopyFailure{systemError(error, {}), true}; }
+Failed refused(ErrorCode code, const char* text) { return CopyFailure{refusal(code, {}, text), true}; }
+Failed notRegular() { return CopyFailure{refusal(ErrorCode::NotRegular, {}, "a pipe, socket or device"), false}; }
+Failed stopped() { return CopyFailure{{ErrorCode::Stopped, {}, "stopped"}, false}; }
+
+std::string descriptorPath(int folder, const char* name) {
+  return "/proc/self/fd/" + std::to_string(folder) + '/' + name;
+}
+
+bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
+
+/// Whether what has the target's name may be replaced. `exists` tells whether anything has it.
+Failed judgeTarget(const struct stat& source, CopySide& to, const char* name, const CopyRules& rules, bool& exists) {
+  struct stat target {};
+  exists = !rules.freshFolder && ::fstatat(to.folder, name, &target, AT_SYMLINK_NOFOLLOW) == 0;
+  if (!exists) return rules.freshFolder || errno == ENOENT ? Failed() : atTarget(errno);
+  struct stat reached = target;
+  if (S_ISLNK(target.st_mode)) (void)::fstatat(to.folder, name, &reached, 0);
+  if (sameInode(source, target) || sameInode(source, reached))
+    return refused(ErrorCode::SameEntry, "source and target are one file");
+  if (S_ISDIR(target.st_mode)) return atTarget(EISDIR);
+  if (!rules.overwrite) return atTarget(EEXIST);
+  if (!S_ISREG(target.st_mode) && !S_ISLNK(target.st_mode))
+    return refused(ErrorCode::NotRegular, "the target is a pipe, socket or device");
+  if (refusesOverwrite(to.folder, name, to.store))
+    return refused(ErrorCode::ReadOnlyTarget, "the target is read-only, hidden or system");
+  return {};
+}
+
+/// Everything of a file but its bytes and its native attributes. Extended attributes before the mode: a file that may
+/// not be written takes none. Gives 0 or errno.
+int copyFacts(int from, int to, const struct stat& facts) {
+  if (const int error = copyExtendedAttributes(from, to)) return error;
+  if (::fchmod(to, facts.st_mode & 07777) != 0 && errno != EPERM && errno != EOPNOTSUPP) return errno;
+  const timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
+  return ::futimens(to, times) == 0 || errno == EPERM ? 0 : errno;
+}
+
+/// Fills the temporary file and puts it in place.
+Failed copyIntoPlace(int source, const struct stat& facts, CopySide& from, const char* fromName, CopySide& to,
+                     const char* toName, bool replaces, bool sync, CopyMonitor& monitor) {
+  TempFile temp;
+  if (const int error = temp.create(to.folder, 0600)) return atTarget(error);
+  if (const int error = copyBytes(source, temp.fd(), facts, monitor))
+    return error == ECANCELED ? stopped() : error == EIO ? atSource(error) : atTarget(error);
+  if (const int error = copyFacts(source, temp.fd(), facts)) return atTarget(error);
+  copyNativeAttributes(from, fromName, to, temp.name());
+  // The old file goes only when the new one is on the disk.
+  if ((replaces || sync) && ::fsync(temp.fd()) != 0) return atTarget(errno);
+  if (const int error = temp.close()) return atTarget(error);
+  const int error = replaces ? temp.replace(toName) : temp.placeNew(toName);
+  return error ? atTarget(error) : Failed();
+}
+
+Failed copyRegular(CopySide& from, const char* fromName, CopySide& to, const char* toName, const CopyRules& rules,
+                   CopyMonitor& monitor) {
+  const UniqueFd source(::openat(from.folder, fromName, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  struct stat facts {};
+  if (!source || ::fstat(source.get(), &facts) != 0) return atSource(errno);
+  if (!S_ISREG(facts.st_mode)) return notRegular();
+  bool replaces = false;
+  if (auto failed = judgeTarget(facts, to, toName, rules, replaces)) return failed;
+  return copyIntoPlace(source.get(), facts, from, fromName, to, toName, replaces, rules.sync, monitor);
+}
+
+/// A link gets its name in one step anyway; only one that replaces something needs a temporary name.
+Failed placeLink(const std::string& text, CopySide& to, const char* name, bool replaces) {
+  const std::string temporary = replaces ? temporaryName() : name;
+  if (::symlinkat(text.c_str(), to.folder, temporary.c_str()) != 0)
+    return errno == EPERM ? atTarget(EOPNOTSUPP) : atTarget(errno);
+  if (!replaces || ::renameat(to.folder, temporary.c_str(), to.folder, name) == 0) return {};
+  const int error = errno;
+  ::unlinkat(to.folder, temporary.c_str(), 0);
+  return atTarget(error);
+}
+
+Failed copyLink(CopySide& from, const char* fromName, CopySide& to, const char* toName, const CopyRules& rules) {
+  struct stat facts {};
+  if (::fstatat(from.folder, fromName, &facts, AT_SYMLINK_NOFOLLOW) != 0) return atSource(errno);
+  std::string text(static_cast<size_t>(facts.st_size) + 4096, '\0');
+  const ssize_t length = ::readlinkat(from.folder, fromName, text.data(), text.size());
+  if (length < 0) return atSource(errno);
+  text.resize(static_cast<size_t>(length));
+  bool replaces = false;
+  if (auto failed = judgeTarget(facts, to, toName, rules, replaces)) return failed;
+  if (auto failed = placeLink(text, to, toName, replaces)) return failed;
+  const timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
+  (void)::utimensat(to.folder, toName, times, AT_SYMLINK_NOFOLLOW);
+  return {};
+}
+
+/// For a copy of one file, on the caller's thread.
+class ProgressMonitor final : public CopyMonitor {
+ public:
+  explicit ProgressMonitor(const Progress& progress) : progress_(progress) {}
+  bool add(std::uint64_t bytes) override {
+    done_ += bytes;
+    return !progress_ || progress_(done_);
+  }
+
+ private:
+  const Progress& progress_;
+  std::uint64_t done_ = 0;
+};
+
+}  // namespace
+
+std::optional<CopyFailure> copyEntry(CopySide& from, const char* fromName, unsigned char type, CopySide& to,
+                                     const char* toName, const CopyRules& rules, CopyMonitor& monitor) {
+  if (type == DT_REG) return copyRegular(from, fromName, to, toName, rules, monitor);
+  if (type == DT_LNK) return copyLink(from, fromName, to, toName, rules);
+  return type == DT_DIR ? atSource(EISDIR) : notRegular();
+}
+
+void copyNativeAttributes(CopySide& from, const char* fromName, CopySide& to, const char* toName) {
+  using Kind = AttributeStore::Kind;
+  const auto isNative = [](Kind kind) { return kind != Kind::User && kind != Kind::None; };
+  if (!isNative(from.store.kind()) && !isNative(to.store.kind())) return;
+  const auto stored = from.store.read(descriptorPath(from.folder, fromName).c_str());
+  if (stored) (void)to.store.write(descriptorPath(to.folder, toName).c_str(), *stored);
+}
+
+Result<void> copyFileTo(const std::string& from, const std::string& to, bool overwrite, bool sync,
+                        const Progress& progress) {
+  const auto source = openPlace(from), target = openPlace(to);
+  if (!source || !target) return source ? target.error() : source.error();
+  struct stat facts {};
+  if (::fstatat(source->folder.get(), source->name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
+    return systemError(errno, from);
+  CopySide fromSide{source->folder.get(), AttributeStore::ofDescriptor(source->folder.get())};
+  CopySide toSide{target->folder.get(), AttributeStore::ofDescriptor(target->folder.get())};
+  ProgressMonitor monitor(progress);
+  auto failed = copyEntry(fromSide, source->name.c_str(), static_cast<unsigned char>(IFTODT(facts.st_mode)), toSide,
+                          target->name.c_str(), {overwrite, false, sync}, monitor);
+  if (failed) {
+    failed->error.path = failed->atTarget ? to : from;
+    return failed->error;
+  }
+  if (sync && ::fsync(toSide.folder) != 0 && errno != EINVAL) return systemError(errno, to);
+  return {};
+}
+
+}  // namespace varnholt::platform::posix

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/file_system.hpp"
+#include "platform/posix/copy_bytes.hpp"
+#include "platform/posix/dos_attributes.hpp"
+#include "platform/posix/posix_error.hpp"
+
+#include <optional>
+#include <string>
+
+namespace varnholt::platform::posix {
+
+/// A folder's end of a copy: its descriptor and where its volume keeps attributes.
+struct CopySide {
+  int folder = -1;
+  AttributeStore store;
+};
+
+/// What a copy of one entry may do.
+struct CopyRules {
+  bool overwrite = false;
+  bool freshFolder = false;  ///< the target folder was made by this copy: nothing of others can be in it
+  bool sync = false;         ///< the bytes must be on the disk before this returns
+};
+
+/// Why an entry was not copied; the path is left to the caller, who knows it.
+struct CopyFailure {
+  Error error;
+  bool atTarget = false;
+};
+
+/// Copies one entry that is no folder, of the given d_type: a regular file with modified time, attributes,
+/// permissions and extended attributes, or a link as a link. Empty when done.
+std::optional<CopyFailure> copyEntry(CopySide& from, const char* fromName, unsigned char type, CopySide& to,
+                                     const char* toName, const CopyRules& rules, CopyMonitor& monitor);
+
+/// Attributes, where one side keeps them in a way of its own that copying extended attributes does not carry over.
+void copyNativeAttributes(CopySide& from, const char* fromName, CopySide& to, const char* toName);
+
+/// FileSystem::copyFile on system paths. With `sync` the bytes and the name are on the disk when it returns.
+Result<void> copyFileTo(const std::string& from, const std::string& to, bool overwrite, bool sync,
+                        const Progress& progress);
+
+}  // namespace varnholt::platform::posix

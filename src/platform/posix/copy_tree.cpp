@@ -1,0 +1,149 @@
+#include "platform/posix/copy_tree.hpp"
+
+#include "platform/posix/copy_attributes.hpp"
+#include "platform/posix/copy_file.hpp"
+#include "platform/posix/path_parts.hpp"
+#include "platform/posix/tree_walk.hpp"
+
+#include <fcntl.h>
+
+namespace varnholt::platform::posix {
+namespace {
+
+bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
+
+struct CopyFolder final : WalkFolder {
+  UniqueFd target;
+  std::string targetName;  ///< the whole path for the root
+  bool made = false;       ///< by this copy
+  struct stat facts {};    ///< of the source
+  AttributeStore fromStore, toStore;
+
+  const CopyFolder* above() const { return static_cast<const CopyFolder*>(parent.get()); }
+  std::string targetPath() const { return above() ? above()->targetPath() + '/' + name : targetName; }
+};
+
+class CopyWalk final : public TreeWalk, private CopyMonitor {
+ public:
+  CopyWalk(bool overwrite, const Progress& progress) : TreeWalk(progress, true), overwrite_(overwrite) {}
+
+  Result<void> copy(std::shared_ptr<CopyFolder> root) {
+    if (::fstat(root->target.get(), &targetRoot_) != 0) return systemError(errno, root->targetName);
+    return run(std::move(root));
+  }
+
+ private:
+  static CopyFolder& own(WalkFolder& folder) { return static_cast<CopyFolder&>(folder); }
+
+  WalkFolderPtr makeFolder() override { return std::make_shared<CopyFolder>(); }
+
+  bool add(std::uint64_t bytes) override {
+    addBytes(bytes);
+    return !isOver();
+  }
+
+  bool giveUp(Error error) {
+    fail(std::move(error));
+    return false;
+  }
+
+  bool enter(WalkFolder& walked) override {
+    CopyFolder& folder = own(walked);
+    if (::fstat(folder.fd.get(), &folder.facts) != 0) return giveUp(systemError(errno, folder.path()));
+    if (folder.parent && sameInode(folder.facts, targetRoot_))
+      return giveUp(refusal(ErrorCode::IntoItself, folder.path(), "the target lies in the source"));
+    if (!folder.target && !makeTarget(folder)) return false;
+    folder.fromStore = AttributeStore::ofDescriptor(folder.fd.get());
+    folder.toStore = AttributeStore::ofDescriptor(folder.target.get());
+    return true;
+  }
+
+  /// Made so that it can be filled whatever the source's permissions; those come when it is left.
+  bool makeTarget(CopyFolder& folder) {
+    const int parent = own(*folder.parent).target.get();
+    folder.made = ::mkdirat(parent, folder.name.c_str(), 0700) == 0;
+    if (!folder.made && errno != EEXIST) return giveUp(systemError(errno, folder.targetPath()));
+    const int fd = openFolderAt(parent, folder.name.c_str(), true);
+    if (fd < 0) return giveUp(systemError(fd == -ENOTDIR || fd == -ELOOP ? EEXIST : -fd, folder.targetPath()));
+    folder.target = UniqueFd(fd);
+    return true;
+  }
+
+  void entry(WalkFolder& walked, const char* name, unsigned char type) override {
+    CopyFolder& folder = own(walked);
+    // Stores learn while they are asked; a large folder is asked by several workers, so each takes its own.
+    CopySide from{folder.fd.get(), folder.fromStore}, to{folder.target.get(), folder.toStore};
+    auto failed = copyEntry(from, name, type, to, name, {overwrite_, folder.made, false}, *this);
+    if (!failed || failed->error.code == ErrorCode::Stopped) return;
+    failed->error.path = failed->atTarget ? folder.targetPath() + '/' + name : folder.path(name);
+    fail(std::move(failed->error));
+  }
+
+  /// Also when the walk has failed: a folder that stays half filled must not stay locked.
+  Leaving leave(WalkFolder& walked) override {
+    CopyFolder& folder = own(walked);
+    if (!folder.made || !folder.target) return Leaving::Done;
+    (void)copyExtendedAttributes(folder.fd.get(), folder.target.get());
+    CopySide from{folder.fd.get(), folder.fromStore}, to{folder.target.get(), folder.toStore};
+    copyNativeAttributes(from, ".", to, ".");
+    (void)::fchmod(folder.target.get(), folder.facts.st_mode & 07777);
+    const timespec times[2] = {{0, UTIME_OMIT}, folder.facts.st_mtim};
+    (void)::futimens(folder.target.get(), times);
+    folder.target.reset();
+    return Leaving::Done;
+  }
+
+  void unreadable(WalkFolder& folder, int error) override { fail(systemError(error, folder.path())); }
+
+  const bool overwrite_;
+  struct stat targetRoot_ {};
+};
+
+Error intoItself(const std::string& path) {
+  return refusal(ErrorCode::IntoItself, path, "the target lies in the source");
+}
+
+/// The target folder, made or found; `made` tells which.
+Result<UniqueFd> openTarget(const std::string& path, bool& made) {
+  made = ::mkdir(path.c_str(), 0700) == 0;
+  if (!made && errno != EEXIST) return systemError(errno, path);
+  UniqueFd target(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
+  if (!target) return systemError(errno == ENOTDIR || errno == ELOOP ? EEXIST : errno, path);
+  return target;
+}
+
+}  // namespace
+
+bool liesWithin(const std::string& folderPath, const struct stat& ancestor) {
+  UniqueFd at(::open(folderPath.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  struct stat here {};
+  while (at && ::fstat(at.get(), &here) == 0) {
+    if (sameInode(here, ancestor)) return true;
+    struct stat above {};
+    UniqueFd up(::openat(at.get(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!up || ::fstat(up.get(), &above) != 0 || sameInode(above, here)) return false;
+    at = std::move(up);
+  }
+  return false;
+}
+
+Result<void> copyTree(const std::string& from, const std::string& to, bool overwrite, const Progress& progress) {
+  struct stat source {
+  }, target{};
+  if (::lstat(from.c_str(), &source) != 0) return systemError(errno, from);
+  if (S_ISLNK(source.st_mode)) return copyFileTo(from, to, overwrite, false, progress);
+  auto root = std::make_shared<CopyFolder>();
+  root->name = from;
+  root->targetName = to;
+  root->fd = UniqueFd(::open(from.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK));
+  if (!root->fd || ::fstat(root->fd.get(), &source) != 0) return systemError(errno, from);
+  const bool exists = ::stat(to.c_str(), &target) == 0;
+  if (exists && sameInode(source, target)) return refusal(ErrorCode::SameEntry, to, "source and target are one folder");
+  if (liesWithin(exists ? to : folderOf(to), source)) return intoItself(to);
+  auto opened = openTarget(to, root->made);
+  if (!opened) return opened.error();
+  root->target = std::move(*opened);
+  return CopyWalk(overwrite, progress).copy(std::move(root));
+}
+
+}  // namespace varnholt::platform::posix

@@ -1,0 +1,179 @@
+#include "platform/posix/dos_attributes.hpp"
+
+#include "platform/posix/posix_error.hpp"
+#include "platform/posix/unique_fd.hpp"
+
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <linux/magic.h>
+#include <linux/msdos_fs.h>
+#include <sys/ioctl.h>
+#include <sys/statfs.h>
+#include <sys/xattr.h>
+
+namespace varnholt::platform::posix {
+namespace {
+
+constexpr char userName[] = "user.DOSATTRIB";
+constexpr char ntfsName[] = "system.ntfs_attrib";
+constexpr char cifsName[] = "user.cifs.dosattrib";
+// Magic numbers that linux/magic.h leaves out.
+constexpr unsigned long exfatMagic = 0x2011BAB0, ntfs3Magic = 0x7366746E, cifsMagic = 0xFF534D42,
+                        smb2Magic = 0xFE534D42;
+
+AttributeStore::Kind kindOf(unsigned long magic) {
+  switch (magic) {
+  case MSDOS_SUPER_MAGIC:
+  case exfatMagic:
+    return AttributeStore::Kind::Fat;
+  case ntfs3Magic:
+  case FUSE_SUPER_MAGIC:
+    return AttributeStore::Kind::Ntfs;
+  case cifsMagic:
+  case smb2Magic:
+    return AttributeStore::Kind::Cifs;
+  default:
+    return AttributeStore::Kind::User;
+  }
+}
+
+bool meansNoStore(int error) { return error == ENOTSUP || error == ENOSYS || error == ENOTTY; }
+
+/// A FAT volume answers an ioctl on the open entry.
+UniqueFd openForIoctl(const char* path, bool follow) {
+  return UniqueFd(::open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | (follow ? 0 : O_NOFOLLOW)));
+}
+
+ssize_t readXattr(const char* path, bool follow, const char* name, void* value, size_t size) {
+  return follow ? ::getxattr(path, name, value, size) : ::lgetxattr(path, name, value, size);
+}
+
+int setXattr(const char* path, const char* name, const void* value, size_t size) {
+  return ::setxattr(path, name, value, size, 0) == 0 ? 0 : errno;
+}
+
+}  // namespace
+
+AttributeStore AttributeStore::ofDescriptor(int fd) {
+  struct statfs facts {};
+  return AttributeStore(::fstatfs(fd, &facts) == 0 ? kindOf(static_cast<unsigned long>(facts.f_type)) : Kind::User);
+}
+
+AttributeStore AttributeStore::ofPath(const char* systemPath) {
+  struct statfs facts {};
+  return AttributeStore(::statfs(systemPath, &facts) == 0 ? kindOf(static_cast<unsigned long>(facts.f_type))
+                                                          : Kind::User);
+}
+
+std::optional<Attributes> AttributeStore::readWord(const char* path, bool follow, const char* name) {
+  std::uint32_t word = 0;
+  const ssize_t got = readXattr(path, follow, name, &word, sizeof word);
+  if (got == sizeof word) return word;
+  // A FUSE volume need not be NTFS, and a share may be mounted without this attribute.
+  if (got < 0 && (meansNoStore(errno) || errno == ENODATA)) kind_ = Kind::User;
+  return {};
+}
+
+std::optional<Attributes> AttributeStore::readText(const char* path, bool follow) {
+  char value[256];
+  const ssize_t got = readXattr(path, follow, userName, value, sizeof value);
+  if (got >= 0) return decodeDosAttrib({value, static_cast<size_t>(got)});
+  if (meansNoStore(errno)) kind_ = Kind::None;
+  return {};
+}
+
+std::optional<Attributes> AttributeStore::read(const char* path, bool follow) {
+  if (kind_ == Kind::Fat) {
+    const UniqueFd entry = openForIoctl(path, follow);
+    std::uint32_t word = 0;
+    if (entry && ::ioctl(entry.get(), FAT_IOCTL_GET_ATTRIBUTES, &word) == 0) return word;
+    return {};
+  }
+  if (kind_ == Kind::Ntfs || kind_ == Kind::Cifs)
+    if (const auto word = readWord(path, follow, kind_ == Kind::Ntfs ? ntfsName : cifsName)) return word;
+  return kind_ == Kind::User ? readText(path, follow) : std::nullopt;
+}
+
+int AttributeStore::write(const char* path, Attributes attributes) const {
+  const std::uint32_t word = attributes;
+  switch (kind_) {
+  case Kind::Fat: {
+    const UniqueFd entry = openForIoctl(path, true);
+    return entry && ::ioctl(entry.get(), FAT_IOCTL_SET_ATTRIBUTES, &word) == 0 ? 0 : errno;
+  }
+  case Kind::Ntfs:
+    return setXattr(path, ntfsName, &word, sizeof word);
+  case Kind::Cifs:
+    return setXattr(path, cifsName, &word, sizeof word);
+  case Kind::User: {
+    const std::string text = encodeDosAttrib(attributes);
+    return setXattr(path, userName, text.data(), text.size());
+  }
+  case Kind::None:
+    break;
+  }
+  return ENOTSUP;
+}
+
+Attributes reportedAttributes(std::optional<Attributes> stored, mode_t mode, std::string_view name, bool compressed) {
+  const bool folder = S_ISDIR(mode);
+  const bool pointName = !name.empty() && name.front() == '.';
+  Attributes reported = stored ? *stored & (attribute::Settable | attribute::Compressed)
+                               : (pointName ? attribute::Hidden : 0) | (folder ? 0 : attribute::Archive);
+  if (folder)
+    reported |= attribute::Folder;
+  else if (!(mode & S_IWUSR))
+    reported |= attribute::ReadOnly;
+  return compressed ? reported | attribute::Compressed : reported;
+}
+
+namespace {
+
+std::string_view lastName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
+
+/// The volume's own attributes know read-only themselves, and the mode follows them.
+Result<void> setNative(const AttributeStore& store, const std::string& path, Attributes word) {
+  const int error = store.write(path.c_str(), word);
+  return error ? Result<void>(systemError(error, path)) : Result<void>();
+}
+
+/// user.* attributes need write permission on the file itself, so it is lent while one is set.
+int storeWithPermission(const AttributeStore& store, const std::string& path, mode_t mode, Attributes word) {
+  const bool lend = !(mode & S_IWUSR);
+  if (lend && ::chmod(path.c_str(), (mode & 07777) | S_IWUSR) != 0) return errno;
+  const int error = store.write(path.c_str(), word);
+  if (lend && ::chmod(path.c_str(), mode & 07777) != 0 && !error) return errno;
+  return error;
+}
+
+mode_t modeFor(mode_t mode, Attributes attributes) {
+  if (S_ISDIR(mode)) return mode;
+  return attributes & attribute::ReadOnly ? mode & ~static_cast<mode_t>(S_IWUSR) : mode | S_IWUSR;
+}
+
+}  // namespace
+
+Result<void> setAttributesAt(const std::string& path, Attributes attributes) {
+  struct stat facts {};
+  if (::stat(path.c_str(), &facts) != 0) return systemError(errno, path);
+  const bool ordinary = S_ISREG(facts.st_mode) || S_ISDIR(facts.st_mode);
+  AttributeStore store = ordinary ? AttributeStore::ofPath(path.c_str()) : AttributeStore();
+  const auto stored = store.read(path.c_str(), true);
+  const Attributes wanted = attributes & attribute::Settable;
+  const Attributes kept = stored.value_or(S_ISDIR(facts.st_mode) ? attribute::Folder : 0) & ~attribute::Settable;
+  if (store.kind() != AttributeStore::Kind::User && store.kind() != AttributeStore::Kind::None)
+    return setNative(store, path, kept | wanted);
+
+  const mode_t mode = modeFor(facts.st_mode, wanted);
+  int error = 0;
+  // Where the mode and the name tell all that is wanted, nothing needs to be stored.
+  if (stored || (reportedAttributes({}, mode, lastName(path), false) & attribute::Settable) != wanted)
+    error = storeWithPermission(store, path, facts.st_mode, kept | wanted);
+  if (error && !meansNoStore(error)) return systemError(error, path);
+  if (mode != facts.st_mode && ::chmod(path.c_str(), mode & 07777) != 0) return systemError(errno, path);
+  return error ? Result<void>(systemError(error, path)) : Result<void>();
+}
+
+}  // namespace varnholt::platform::posix

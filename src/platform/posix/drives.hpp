@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/drives.hpp"
+#include "platform/posix/path_map.hpp"
+
+namespace varnholt::platform::posix {
+
+/// Drive letters from a path map, and facts of the volumes behind them from the kernel.
+class PosixDrives final : public Drives {
+ public:
+  /// The map must outlive this.
+  explicit PosixDrives(PathMap& map) : map_(map) {}
+
+  std::vector<char> letters() const override;
+  Result<DriveInfo> info(char letter) const override;
+  void refresh() override { map_.reload(); }
+
+ private:
+  PathMap& map_;
+};
+
+/// Facts of the volume that holds a system path, told for the drive. What the drive map says of the drive goes first.
+/// A path that is not there gives ready false.
+DriveInfo readVolume(const DriveMapping& drive, const std::string& systemPath);
+
+}  // namespace varnholt::platform::posix

@@ -1,0 +1,214 @@
+#include "platform/posix/file_system.hpp"
+
+#include "platform/paths.hpp"
+#include "platform/posix/copy_file.hpp"
+#include "platform/posix/copy_tree.hpp"
+#include "platform/posix/delete_tree.hpp"
+#include "platform/posix/dos_attributes.hpp"
+#include "platform/posix/drives.hpp"
+#include "platform/posix/entry_facts.hpp"
+#include "platform/posix/file_contents.hpp"
+#include "platform/posix/listing.hpp"
+#include "platform/posix/move.hpp"
+#include "platform/posix/path_parts.hpp"
+#include "platform/posix/path_resolve.hpp"
+#include "platform/posix/posix_error.hpp"
+#include "platform/posix/version_resource.hpp"
+#include "platform/posix/walk_size.hpp"
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace varnholt::platform::posix {
+
+Error PosixFileSystem::told(Error error) const {
+  if (auto program = map_.toProgram(error.path)) error.path = *program;
+  return error;
+}
+
+// --- Looking ---------------------------------------------------------------------------------------------------------
+
+Result<ListingPtr> PosixFileSystem::list(const std::string& folder) const {
+  const auto path = map_.toSystem(folder);
+  return path ? told(readListing(*path)) : path.error();
+}
+
+Result<EntryInfo> PosixFileSystem::info(const std::string& path) const {
+  const auto system = map_.toSystem(path);
+  if (!system) return system.error();
+  auto info = readPathInfo(*system);
+  if (!info) return told(info.error());
+  info->name = std::string(paths::fileName(path));
+  return info;
+}
+
+bool PosixFileSystem::fileExists(const std::string& path) const {
+  const auto system = map_.toSystem(path);
+  struct stat facts {};
+  if (!system || ::lstat(system->c_str(), &facts) != 0) return false;
+  // A link that leads nowhere is a file; one that leads to a folder is not.
+  return !S_ISLNK(facts.st_mode) ? !S_ISDIR(facts.st_mode)
+                                 : ::stat(system->c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode);
+}
+
+bool PosixFileSystem::folderExists(const std::string& path) const {
+  const auto system = map_.toSystem(path);
+  struct stat facts {};
+  return system && ::stat(system->c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+}
+
+bool PosixFileSystem::sameEntry(const std::string& a, const std::string& b) const {
+  const auto first = map_.toSystem(a), second = map_.toSystem(b);
+  struct stat one {
+  }, two{};
+  return first && second && ::stat(first->c_str(), &one) == 0 && ::stat(second->c_str(), &two) == 0 &&
+         one.st_dev == two.st_dev && one.st_ino == two.st_ino;
+}
+
+Result<std::string> PosixFileSystem::resolve(const std::string& path) const { return resolvePath(map_, path); }
+
+Result<Attributes> PosixFileSystem::attributes(const std::string& path) const {
+  const auto facts = info(path);
+  return facts ? Result<Attributes>(facts->attributes) : facts.error();
+}
+
+Result<TreeSize> PosixFileSystem::folderSize(const std::string& folder, const Progress& progress) const {
+  const auto system = map_.toSystem(folder);
+  return system ? told(measureTree(*system, progress)) : system.error();
+}
+
+Result<std::string> PosixFileSystem::fileVersion(const std::string& path) const {
+  const auto system = map_.toSystem(path);
+  if (!system) return system.error();
+  const auto file = openRegular(*system);
+  if (!file) return told(file.error());
+  return versionOfProgram([&](std::uint64_t offset, std::size_t count) {
+    std::string bytes(count, '\0');
+    const ssize_t got = ::pread(file->get(), bytes.data(), count, static_cast<off_t>(offset));
+    bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    return bytes;
+  });
+}
+
+Result<DriveInfo> PosixFileSystem::volume(const std::string& path) const {
+  const auto system = map_.toSystem(path);
+  if (!system) return system.error();
+  struct stat facts {};
+  if (::stat(system->c_str(), &facts) != 0) return told(systemError(errno, *system));
+  const char letter = paths::driveOf(path).front();
+  for (const DriveMapping& drive : map_.drives())
+    if (drive.letter == letter) return readVolume(drive, *system);
+  return refusal(ErrorCode::InvalidPath, path, "no such drive");
+}
+
+// --- Text and data files of our own ----------------------------------------------------------------------------------
+
+Result<std::string> PosixFileSystem::readFile(const std::string& path, std::uint64_t limit) const {
+  const auto system = map_.toSystem(path);
+  return system ? told(readWholeFile(*system, limit)) : system.error();
+}
+
+Result<void> PosixFileSystem::writeFile(const std::string& path, std::string_view bytes) {
+  const auto system = map_.toSystem(path);
+  return system ? told(replaceFile(*system, bytes)) : system.error();
+}
+
+// --- Changing --------------------------------------------------------------------------------------------------------
+
+namespace {
+
+std::string realPath(const std::string& path) {
+  char buffer[PATH_MAX];
+  return ::realpath(path.c_str(), buffer) ? buffer : std::string();
+}
+
+bool holds(const std::string& folder, const std::string& path) {
+  return folder == "/" || path == folder || path.starts_with(folder + '/');
+}
+
+}  // namespace
+
+Result<std::string> PosixFileSystem::changeable(const std::string& path) const {
+  const std::string_view name = paths::fileName(path);
+  auto system = map_.toSystem(path);
+  if (!system) return system;
+  if (name == "." || name == "..") return refusal(ErrorCode::InvalidPath, path, "the path ends in a point part");
+  struct stat facts {};
+  // Only a folder can hold a drive; the name itself counts here, not what a link of that name leads to.
+  if (::lstat(system->c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode))
+    return name.empty() ? Result<std::string>(refusal(ErrorCode::InvalidPath, path, "a drive")) : system;
+  const std::string real = realPath(*system);
+  for (const DriveMapping& drive : map_.drives())
+    if (real.empty() || holds(real, realPath(drive.folder)))
+      return refusal(ErrorCode::AccessDenied, path, "a drive or a folder that holds one");
+  return system;
+}
+
+Result<std::pair<std::string, std::string>> PosixFileSystem::sourceAndTarget(const std::string& from,
+                                                                             const std::string& to) const {
+  const auto source = map_.toSystem(from);
+  if (!source) return source.error();
+  const bool intoFolder = !to.empty() && to.back() == '\\';
+  const auto target = map_.toSystem(intoFolder ? paths::join(to, paths::fileName(from)) : to);
+  if (!target) return target.error();
+  return std::pair(*source, *target);
+}
+
+Result<void> PosixFileSystem::copyFile(const std::string& from, const std::string& to, bool overwrite,
+                                       const Progress& progress) {
+  const auto ends = sourceAndTarget(from, to);
+  return ends ? told(copyFileTo(ends->first, ends->second, overwrite, false, progress)) : ends.error();
+}
+
+Result<void> PosixFileSystem::copyFolder(const std::string& from, const std::string& to, bool overwrite,
+                                         const Progress& progress) {
+  const auto ends = sourceAndTarget(from, to);
+  return ends ? told(copyTree(ends->first, ends->second, overwrite, progress)) : ends.error();
+}
+
+Result<void> PosixFileSystem::moveFile(const std::string& from, const std::string& to, const Progress& progress) {
+  const auto ends = sourceAndTarget(from, to);
+  return ends ? told(moveFileTo(ends->first, ends->second, progress)) : ends.error();
+}
+
+Result<void> PosixFileSystem::moveFolder(const std::string& from, const std::string& to) {
+  if (auto allowed = changeable(from); !allowed) return allowed.error();
+  const auto ends = sourceAndTarget(from, to);
+  return ends ? told(moveFolderTo(ends->first, ends->second)) : ends.error();
+}
+
+Result<void> PosixFileSystem::deleteFile(const std::string& path, bool force) {
+  const auto system = changeable(path);
+  return system ? told(removeFile(*system, force)) : system.error();
+}
+
+Result<void> PosixFileSystem::deleteFolder(const std::string& path, bool force, const Progress& progress) {
+  const auto system = changeable(path);
+  return system ? told(removeTree(*system, force, progress)) : system.error();
+}
+
+Result<void> PosixFileSystem::createFolder(const std::string& path) {
+  const auto system = map_.toSystem(path);
+  if (!system) return system.error();
+  if (::mkdir(system->c_str(), 0777) != 0) return told(systemError(errno, *system));
+  return {};
+}
+
+Result<void> PosixFileSystem::setAttributes(const std::string& path, Attributes attributes) {
+  const auto system = map_.toSystem(path);
+  return system ? told(setAttributesAt(*system, attributes)) : system.error();
+}
+
+Result<void> PosixFileSystem::setModified(const std::string& path, const Date& date) {
+  const auto system = map_.toSystem(path);
+  if (!system) return system.error();
+  const timespec times[2] = {{0, UTIME_OMIT}, {date.seconds, date.nanoseconds}};
+  if (::utimensat(AT_FDCWD, system->c_str(), times, 0) != 0) return told(systemError(errno, *system));
+  return {};
+}
+
+}  // namespace varnholt::platform::posix

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/file_system.hpp"
+#include "platform/posix/path_map.hpp"
+
+namespace varnholt::platform::posix {
+
+/// The file system object over POSIX calls. Paths are mapped here, on the way in and in errors on the way out; the
+/// work is done by the files beside this one, which know system paths only.
+class PosixFileSystem final : public FileSystem {
+ public:
+  /// The map must outlive this.
+  explicit PosixFileSystem(PathMap& map) : map_(map) {}
+
+  Result<ListingPtr> list(const std::string& folder) const override;
+  Result<EntryInfo> info(const std::string& path) const override;
+  bool fileExists(const std::string& path) const override;
+  bool folderExists(const std::string& path) const override;
+  bool sameEntry(const std::string& a, const std::string& b) const override;
+  Result<std::string> resolve(const std::string& path) const override;
+  Result<Attributes> attributes(const std::string& path) const override;
+  Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override;
+  Result<std::string> fileVersion(const std::string& path) const override;
+  Result<DriveInfo> volume(const std::string& path) const override;
+
+  Result<std::string> readFile(const std::string& path, std::uint64_t limit = 64u << 20) const override;
+  Result<void> writeFile(const std::string& path, std::string_view bytes) override;
+
+  Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
+                        const Progress& progress = {}) override;
+  Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
+                          const Progress& progress = {}) override;
+  Result<void> moveFile(const std::string& from, const std::string& to, const Progress& progress = {}) override;
+  Result<void> moveFolder(const std::string& from, const std::string& to) override;
+  Result<void> deleteFile(const std::string& path, bool force) override;
+  Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {}) override;
+  Result<void> createFolder(const std::string& path) override;
+  Result<void> setAttributes(const std::string& path, Attributes attributes) override;
+  Result<void> setModified(const std::string& path, const Date& date) override;
+
+ private:
+  /// The path of an error back in program form.
+  Error told(Error error) const;
+  template <class T>
+  Result<T> told(Result<T> result) const {
+    return result ? std::move(result) : Result<T>(told(result.error()));
+  }
+  /// System form of a path that is to be changed or removed itself: not a drive's folder, not "." or "..".
+  Result<std::string> changeable(const std::string& path) const;
+  /// System forms of source and target; a target with closing backslash takes the source's name.
+  Result<std::pair<std::string, std::string>> sourceAndTarget(const std::string& from, const std::string& to) const;
+
+  PathMap& map_;
+};
+
+}  // namespace varnholt::platform::posix

@@ -1,0 +1,60 @@
+#include "platform/posix/listing_order.hpp"
+
+#include "platform/posix/workers.hpp"
+
+#include <algorithm>
+#include <atomic>
+
+namespace varnholt::platform::posix {
+namespace {
+
+constexpr size_t worthTwoThreads = 10000;
+
+size_t sharedPrefix(const std::vector<SortRow>& rows) {
+  size_t length = rows.front().folded.size();
+  for (const SortRow& row : rows) {
+    length = std::min(length, row.folded.size());
+    while (length > 0 && rows.front().folded.compare(0, length, row.folded, 0, length) != 0)
+      --length;
+    if (length == 0) break;
+  }
+  return length;
+}
+
+/// Eight bytes, the first the most significant, so that comparing numbers compares texts. Ends count as zeros; a text
+/// that really holds zeros is told apart by the full comparison after a tie.
+std::uint64_t keyOf(std::string_view text, size_t from) {
+  std::uint64_t key = 0;
+  for (size_t i = 0; i < 8; ++i)
+    key = key << 8 | (from + i < text.size() ? static_cast<unsigned char>(text[from + i]) : 0);
+  return key;
+}
+
+bool comesBefore(const SortRow& a, const SortRow& b) {
+  if (a.key != b.key) return a.key < b.key;
+  const int order = a.folded.compare(b.folded);
+  return order != 0 ? order < 0 : a.entry->name < b.entry->name;
+}
+
+}  // namespace
+
+void sortRows(std::vector<SortRow>& rows) {
+  if (rows.size() < 2) return;
+  const size_t prefix = sharedPrefix(rows);
+  for (SortRow& row : rows)
+    row.key = keyOf(row.folded, prefix);
+  if (std::is_sorted(rows.begin(), rows.end(), comesBefore)) return;
+  if (rows.size() < worthTwoThreads) {
+    std::sort(rows.begin(), rows.end(), comesBefore);
+    return;
+  }
+  const auto middle = rows.begin() + static_cast<std::ptrdiff_t>(rows.size() / 2);
+  std::atomic<unsigned> next = 0;
+  runWorkers(2, [&](unsigned) {
+    for (unsigned half = next++; half < 2; half = next++)
+      std::sort(half ? middle : rows.begin(), half ? rows.end() : middle, comesBefore);
+  });
+  std::inplace_merge(rows.begin(), middle, rows.end(), comesBefore);
+}
+
+}  // namespace varnholt::platform::posix

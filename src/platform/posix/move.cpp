@@ -1,0 +1,125 @@
+#include "platform/posix/move.hpp"
+
+#include "platform/posix/copy_file.hpp"
+#include "platform/posix/copy_tree.hpp"
+#include "platform/posix/dirents.hpp"
+#include "platform/posix/path_parts.hpp"
+#include "platform/posix/posix_error.hpp"
+#include "platform/posix/temp_file.hpp"
+#include "platform/text_fold.hpp"
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace varnholt::platform::posix {
+namespace {
+
+bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
+
+bool folderHolds(int folder, const std::string& wanted) {
+  const UniqueFd reader(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  DirentBatch batch;
+  while (reader && batch.read(reader.get()) > 0)
+    if (!batch.forEach([&](const char* name, unsigned char) { return wanted != name; })) return true;
+  return false;
+}
+
+/// Both ends of a move, and what is at them.
+struct Move {
+  Place from, to;
+  struct stat source {
+  }, target{};
+  bool targetExists = false;
+};
+
+Result<Move> openMove(const std::string& from, const std::string& to) {
+  auto source = openPlace(from), target = openPlace(to);
+  if (!source || !target) return source ? target.error() : source.error();
+  Move move{std::move(*source), std::move(*target)};
+  if (::fstatat(move.from.folder.get(), move.from.name.c_str(), &move.source, AT_SYMLINK_NOFOLLOW) != 0)
+    return systemError(errno, from);
+  move.targetExists = ::fstatat(move.to.folder.get(), move.to.name.c_str(), &move.target, AT_SYMLINK_NOFOLLOW) == 0;
+  return move;
+}
+
+bool inOneFolder(const Move& move) {
+  struct stat a {
+  }, b{};
+  return ::fstat(move.from.folder.get(), &a) == 0 && ::fstat(move.to.folder.get(), &b) == 0 && sameInode(a, b);
+}
+
+/// On a volume that does not tell case apart the target "exists" when only the case of the name changes. On one that
+/// does, a second name of the file (a hard link) is an entry of its own, and the folder lists it.
+bool isOtherSpelling(const Move& move) {
+  return move.targetExists && sameInode(move.source, move.target) && inOneFolder(move) &&
+         foldCase(move.from.name) == foldCase(move.to.name) && !folderHolds(move.to.folder.get(), move.to.name);
+}
+
+/// In two steps: for a kernel that finds the new spelling to be the same entry a rename does nothing.
+int respell(const Move& move) {
+  const int folder = move.from.folder.get();
+  const std::string between = temporaryName();
+  if (const int error = renameNoReplace(folder, move.from.name.c_str(), folder, between.c_str())) return error;
+  const int error = renameNoReplace(folder, between.c_str(), folder, move.to.name.c_str());
+  if (error) (void)renameNoReplace(folder, between.c_str(), folder, move.from.name.c_str());
+  return error;
+}
+
+/// What is decided before anything is renamed: done (true), refused, or to be renamed (false).
+Result<bool> judge(const Move& move, const std::string& to) {
+  if (!move.targetExists) return false;
+  if (isOtherSpelling(move)) {
+    const int error = respell(move);
+    return error ? Result<bool>(systemError(error, to)) : Result<bool>(true);
+  }
+  if (sameInode(move.source, move.target)) {
+    if (move.from.name == move.to.name && inOneFolder(move)) return true;  // to where it is
+    // rename() of two names of one file would report success and do nothing.
+    return refusal(ErrorCode::SameEntry, to, "source and target are one file");
+  }
+  return systemError(EEXIST, to);
+}
+
+int rename(const Move& move) {
+  return renameNoReplace(move.from.folder.get(), move.from.name.c_str(), move.to.folder.get(), move.to.name.c_str());
+}
+
+/// The source goes only when the copy and its name are on the disk; when it cannot go, the copy goes again.
+Result<void> moveAcross(const Move& move, const std::string& from, const std::string& to, const Progress& progress) {
+  if (auto copied = copyFileTo(from, to, false, true, progress); !copied) return copied;
+  if (::unlinkat(move.from.folder.get(), move.from.name.c_str(), 0) == 0) return {};
+  const int error = errno;
+  ::unlinkat(move.to.folder.get(), move.to.name.c_str(), 0);
+  return systemError(error, from);
+}
+
+}  // namespace
+
+Result<void> moveFileTo(const std::string& from, const std::string& to, const Progress& progress) {
+  const auto move = openMove(from, to);
+  if (!move) return move.error();
+  if (S_ISDIR(move->source.st_mode)) return systemError(EISDIR, from);
+  const auto judged = judge(*move, to);
+  if (!judged || *judged) return judged ? Result<void>() : judged.error();
+  const int error = rename(*move);
+  if (error == EXDEV) return moveAcross(*move, from, to, progress);
+  return error ? Result<void>(systemError(error, error == EEXIST ? to : from)) : Result<void>();
+}
+
+Result<void> moveFolderTo(const std::string& from, const std::string& to) {
+  const auto move = openMove(from, to);
+  if (!move) return move.error();
+  struct stat reached {};
+  if (::fstatat(move->from.folder.get(), move->from.name.c_str(), &reached, 0) != 0 || !S_ISDIR(reached.st_mode))
+    return systemError(ENOTDIR, from);
+  const auto judged = judge(*move, to);
+  if (!judged || *judged) return judged ? Result<void>() : judged.error();
+  if (liesWithin(folderOf(to), move->source))
+    return refusal(ErrorCode::IntoItself, to, "the target lies in the source");
+  const int error = rename(*move);
+  return error ? Result<void>(systemError(error, error == EEXIST ? to : from)) : Result<void>();
+}
+
+}  // namespace varnholt::platform::posix

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/result.hpp"
+
+#include <string>
+
+namespace varnholt::platform::posix {
+
+/// The code that callers act on, from errno.
+ErrorCode errorCodeOf(int errorNumber);
+
+/// The one place where errno becomes an Error. The path is given in system form; the file system object turns it
+/// into program form where a result leaves it.
+Error systemError(int errorNumber, std::string systemPath);
+
+/// A refusal of our own, in the shape of the system's.
+Error refusal(ErrorCode code, std::string systemPath, const char* text);
+
+}  // namespace varnholt::platform::posix

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/posix/unique_fd.hpp"
+
+#include <string>
+
+#include <sys/types.h>
+
+namespace varnholt::platform::posix {
+
+/// A new file under a temporary name of ours (".vnh-..." and digits) in an open folder. Unless it is put into place it
+/// is removed again when this object goes.
+class TempFile {
+ public:
+  /// Gives 0 or errno. The folder's descriptor must stay open as long as this object.
+  int create(int folder, mode_t mode);
+  TempFile() = default;
+  TempFile(const TempFile&) = delete;
+  TempFile& operator=(const TempFile&) = delete;
+  ~TempFile();
+
+  int fd() const { return fd_.get(); }
+  const char* name() const { return name_.c_str(); }
+  /// Closes, so that a failure that only close() tells is heard before the file takes its place.
+  int close();
+  /// Renames it over whatever has the name. Gives 0 or errno.
+  int replace(const char* name);
+  /// Gives it the name if nothing has it; else EEXIST.
+  int placeNew(const char* name);
+
+ private:
+  int folder_ = -1;
+  std::string name_;
+  UniqueFd fd_;
+};
+
+/// A temporary name that no other thread or process of this program uses now.
+std::string temporaryName();
+
+/// renameat2(2) with RENAME_NOREPLACE where the file system can; else link and unlink, which works for files alone.
+int renameNoReplace(int fromFolder, const char* from, int toFolder, const char* to);
+
+}  // namespace varnholt::platform::posix

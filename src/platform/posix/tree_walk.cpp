@@ -1,0 +1,194 @@
+#include "platform/posix/tree_walk.hpp"
+
+#include "platform/posix/posix_error.hpp"
+#include "platform/posix/workers.hpp"
+
+#include <algorithm>
+
+#include <fcntl.h>
+#include <linux/openat2.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+
+namespace varnholt::platform::posix {
+namespace {
+
+constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
+constexpr auto tickInterval = std::chrono::milliseconds(50);
+
+/// Very deep trees need a descriptor a level.
+bool raiseDescriptorLimit() {
+  rlimit limit{};
+  if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= limit.rlim_max) return false;
+  limit.rlim_cur = limit.rlim_max;
+  return ::setrlimit(RLIMIT_NOFILE, &limit) == 0;
+}
+
+/// For kernels and sandboxes without openat2: the mark of a mounted root (kernel 5.8), else the device.
+int openChecked(int parent, const char* name) {
+  UniqueFd folder(::openat(parent, name, folderFlags));
+  if (!folder) return -errno;
+  struct statx facts;
+  if (::statx(folder.get(), "", AT_EMPTY_PATH, STATX_TYPE, &facts) != 0) return -errno;
+  if (facts.stx_attributes_mask & STATX_ATTR_MOUNT_ROOT)
+    return facts.stx_attributes & STATX_ATTR_MOUNT_ROOT ? -EXDEV : folder.release();
+  struct stat here {
+  }, above{};
+  if (::fstat(folder.get(), &here) != 0 || ::fstat(parent, &above) != 0) return -errno;
+  return here.st_dev == above.st_dev ? folder.release() : -EXDEV;
+}
+
+int openOnce(int parent, const char* name, bool crossMounts) {
+  if (crossMounts) {
+    const int fd = ::openat(parent, name, folderFlags);
+    return fd >= 0 ? fd : -errno;
+  }
+  open_how how{};
+  how.flags = folderFlags;
+  how.resolve = RESOLVE_NO_XDEV;
+  const long fd = ::syscall(SYS_openat2, parent, name, &how, sizeof how);
+  if (fd >= 0) return static_cast<int>(fd);
+  return errno == ENOSYS || errno == EPERM || errno == EAGAIN ? openChecked(parent, name) : -errno;
+}
+
+}  // namespace
+
+int openFolderAt(int parent, const char* name, bool crossMounts) {
+  const int fd = openOnce(parent, name, crossMounts);
+  return fd == -EMFILE && raiseDescriptorLimit() ? openOnce(parent, name, crossMounts) : fd;
+}
+
+unsigned char entryType(int folder, const char* name) {
+  struct stat facts {};
+  if (::fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) != 0) return DT_UNKNOWN;
+  return static_cast<unsigned char>(IFTODT(facts.st_mode));
+}
+
+Result<void> TreeWalk::run(WalkFolderPtr root) {
+  push({std::move(root), {}});
+  runWorkers(workerCount(), [this](unsigned index) { work(index == 0); });
+  return error_ ? Result<void>(*error_) : Result<void>();
+}
+
+void TreeWalk::fail(Error error) {
+  const std::lock_guard lock(mutex_);
+  if (!error_ || error.path < error_->path) error_ = std::move(error);
+  over_ = true;
+}
+
+void TreeWalk::work(bool isCaller) {
+  while (auto task = take(isCaller)) {
+    perform(*task);
+    task.reset();
+    taskDone();
+    if (isCaller) tick();
+  }
+}
+
+std::optional<TreeWalk::Task> TreeWalk::take(bool isCaller) {
+  std::unique_lock lock(mutex_);
+  while (tasks_.empty() && running_ > 0) {
+    ++waiting_;
+    if (isCaller) {
+      changed_.wait_for(lock, tickInterval);
+      lock.unlock();
+      tick();
+      lock.lock();
+    } else {
+      changed_.wait(lock);
+    }
+    --waiting_;
+  }
+  if (tasks_.empty()) return {};
+  // The newest first: the walk goes deep before it goes wide, and few folders are open at a time.
+  Task task = std::move(tasks_.back());
+  tasks_.pop_back();
+  ++running_;
+  return task;
+}
+
+void TreeWalk::push(Task task) {
+  const std::lock_guard lock(mutex_);
+  tasks_.push_back(std::move(task));
+  if (waiting_ > 0) changed_.notify_one();
+}
+
+void TreeWalk::taskDone() {
+  const std::lock_guard lock(mutex_);
+  if (--running_ == 0 && tasks_.empty()) changed_.notify_all();
+}
+
+void TreeWalk::tick() {
+  const auto now = std::chrono::steady_clock::now();
+  if (!progress_ || isOver() || now < nextTick_) return;
+  nextTick_ = now + tickInterval;
+  if (!progress_(bytes())) fail({ErrorCode::Stopped, {}, "stopped"});
+}
+
+void TreeWalk::perform(Task& task) {
+  if (!isOver()) {
+    if (task.batch)
+      handle(task.folder, *task.batch);
+    else if (open(*task.folder) && !isOver() && enter(*task.folder))
+      read(task.folder);
+  }
+  finish(std::move(task.folder));
+}
+
+bool TreeWalk::open(WalkFolder& folder) {
+  if (folder.fd) return true;  // the root, or a folder that is read again
+  if (!beforeOpening(folder)) return false;
+  const int fd = openFolderAt(folder.parent->fd.get(), folder.name.c_str(), crossMounts_);
+  if (fd >= 0) {
+    folder.fd = UniqueFd(fd);
+    return true;
+  }
+  if (fd != -ENOENT) unreadable(folder, -fd);
+  return false;
+}
+
+void TreeWalk::read(const WalkFolderPtr& folder) {
+  while (!isOver()) {
+    DirentBatch batch;
+    const ssize_t got = batch.read(folder->fd.get());
+    if (got < 0) unreadable(*folder, errno);
+    if (got <= 0) return;
+    if (batch.isFull()) {
+      ++folder->unfinished;
+      push({folder, std::move(batch)});
+    } else {
+      handle(folder, batch);
+    }
+  }
+}
+
+void TreeWalk::handle(const WalkFolderPtr& folder, const DirentBatch& batch) {
+  batch.forEach([&](const char* name, unsigned char type) {
+    if (type == DT_UNKNOWN) type = entryType(folder->fd.get(), name);
+    if (type == DT_DIR) {
+      WalkFolderPtr below = makeFolder();
+      below->parent = folder;
+      below->name = name;
+      ++folder->unfinished;
+      push({std::move(below), {}});
+    } else if (type != DT_UNKNOWN) {
+      entry(*folder, name, type);
+    }
+    return !isOver();
+  });
+}
+
+void TreeWalk::finish(WalkFolderPtr folder) {
+  while (folder && --folder->unfinished == 0) {
+    if (folder->fd && leave(*folder) == Leaving::Again && !isOver()) {
+      folder->unfinished = 1;
+      push({folder, {}});
+      return;
+    }
+    folder->fd.reset();
+    folder = folder->parent;
+  }
+}
+
+}  // namespace varnholt::platform::posix

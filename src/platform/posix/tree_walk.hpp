@@ -1,0 +1,107 @@
+#pragma once
+
+#include "platform/file_system.hpp"
+#include "platform/posix/dirents.hpp"
+#include "platform/posix/unique_fd.hpp"
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace varnholt::platform::posix {
+
+/// One folder of a tree while it is walked. Its descriptor is open until all below it is done, so names below it are
+/// always asked of this very folder, whatever is renamed or swapped for a link meanwhile.
+struct WalkFolder {
+  virtual ~WalkFolder() = default;
+  std::shared_ptr<WalkFolder> parent;  ///< none for the root of the walk
+  std::string name;                    ///< in its parent; the whole path for the root
+  UniqueFd fd;
+  std::atomic<size_t> unfinished = 1;  ///< its own reading, its batches and its sub-folders
+
+  std::string path() const { return parent ? parent->path() + '/' + name : name; }
+  std::string path(const char* entry) const { return path() + '/' + entry; }
+};
+using WalkFolderPtr = std::shared_ptr<WalkFolder>;
+
+/// Walks a tree with all workers: by descriptors and d_type, depth first, links never followed. The hooks are called
+/// on any worker, several at a time; those of one folder come in order: enter, entries, leave.
+class TreeWalk {
+ public:
+  virtual ~TreeWalk() = default;
+  TreeWalk(const TreeWalk&) = delete;
+  TreeWalk& operator=(const TreeWalk&) = delete;
+
+ protected:
+  TreeWalk(const Progress& progress, bool crossMounts) : progress_(progress), crossMounts_(crossMounts) {}
+
+  /// Walks from an open folder. The calling thread is one of the workers and the one that calls the progress function.
+  Result<void> run(WalkFolderPtr root);
+
+  // --- Hooks -----------------------------------------------------------------------------------------------------
+
+  virtual WalkFolderPtr makeFolder() { return std::make_shared<WalkFolder>(); }
+  /// A sub-folder is about to be opened; its descriptor is none. What is given false is left out.
+  virtual bool beforeOpening(WalkFolder&) { return true; }
+  /// The folder is open; its entries are read when this gives true.
+  virtual bool enter(WalkFolder&) { return true; }
+  /// An entry that is no folder. `type` is a d_type, never DT_UNKNOWN.
+  virtual void entry(WalkFolder&, const char* name, unsigned char type) = 0;
+  enum class Leaving { Done, Again };
+  /// All below is done, or given up when the walk has failed. Again: read it once more.
+  virtual Leaving leave(WalkFolder&) { return Leaving::Done; }
+  /// A folder could not be opened or read (errno; EXDEV for a mounted volume that is not to be entered). The hook may
+  /// open it itself into folder.fd.
+  virtual void unreadable(WalkFolder& folder, int error) = 0;
+
+  // --- For hooks -------------------------------------------------------------------------------------------------
+
+  /// Ends the walk. Of several failures that workers meet at one time the first by path is told.
+  void fail(Error error);
+  bool isOver() const { return over_.load(std::memory_order_relaxed); }
+  void addBytes(std::uint64_t count) { bytes_.fetch_add(count, std::memory_order_relaxed); }
+  std::uint64_t bytes() const { return bytes_.load(std::memory_order_relaxed); }
+
+ private:
+  struct Task {
+    WalkFolderPtr folder;
+    std::optional<DirentBatch> batch;  ///< entries of a large folder that is being read; none: open and read it
+  };
+
+  void work(bool isCaller);
+  std::optional<Task> take(bool isCaller);
+  void push(Task task);
+  void perform(Task& task);
+  bool open(WalkFolder& folder);
+  void read(const WalkFolderPtr& folder);
+  void handle(const WalkFolderPtr& folder, const DirentBatch& batch);
+  void finish(WalkFolderPtr folder);
+  void taskDone();
+  void tick();
+
+  const Progress& progress_;
+  const bool crossMounts_;
+  std::atomic<bool> over_ = false;
+  std::atomic<std::uint64_t> bytes_ = 0;
+  std::chrono::steady_clock::time_point nextTick_{};
+
+  std::mutex mutex_;  ///< guards all below
+  std::condition_variable changed_;
+  std::vector<Task> tasks_;
+  size_t running_ = 0, waiting_ = 0;
+  std::optional<Error> error_;
+};
+
+/// Opens a folder by name in another, never through a link. With `crossMounts` false a mounted volume gives EXDEV.
+/// Gives a descriptor or -errno. When the process runs out of descriptors its limit is raised as far as allowed.
+int openFolderAt(int parent, const char* name, bool crossMounts);
+
+/// The entry's type where the folder does not tell it (DT_UNKNOWN).
+unsigned char entryType(int folder, const char* name);
+
+}  // namespace varnholt::platform::posix

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace varnholt::platform::posix {
+
+/// Gives `count` bytes of a file from an offset, fewer at its end.
+using ByteReader = std::function<std::string(std::uint64_t offset, std::size_t count)>;
+
+/// "a.b.c.d": the FileVersion of a Windows program or library (PE32 or PE32+), from the fixed part of its version
+/// resource; the empty text for anything else. Reads headers, the resource folders and the resource alone, whatever
+/// the size of the file; nothing that the file says of itself is trusted (learn.microsoft.com: PE Format,
+/// VS_FIXEDFILEINFO).
+std::string versionOfProgram(const ByteReader& read);
+
+}  // namespace varnholt::platform::posix

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/file_system.hpp"
+
+namespace varnholt::platform::posix {
+
+/// FileSystem::folderSize on a system path. A link at the path's own end is followed, as a listing of it would be.
+Result<TreeSize> measureTree(const std::string& systemPath, const Progress& progress);
+
+}  // namespace varnholt::platform::posix
