@@ -11,6 +11,17 @@ namespace key = controls::key;
 
 constexpr int Q = 81, F2 = 113;
 
+std::string properCaseParts(std::string_view path) {
+  std::string text;
+  while (true) {
+    const auto end = path.find('\\');
+    text += core::properCase(path.substr(0, end));
+    if (end == std::string_view::npos) return text;
+    text += '\\';
+    path.remove_prefix(end + 1);
+  }
+}
+
 }  // namespace
 
 void PanelKeys::KeyDown(Panel& panel, controls::KeyEvent& event) {
@@ -87,7 +98,7 @@ void PanelKeys::commandline() {
   std::string line;
   if (const auto item = panel->list.SelectedItem()) {
     const std::string path = panel->itemPath(*item);
-    line = panel->isFolder(*item) ? core::properCase(path) : path;
+    line = panel->isFolder(*item) ? properCaseParts(path) : path;
   }
   p_.form.Text3.Text = line;
   p_.form.Text3.Visible = true;

@@ -1,5 +1,6 @@
 #include "panels/panel_rows.hpp"
 
+#include "core/format.hpp"
 #include "core/item_text.hpp"
 #include "platform/paths.hpp"
 
@@ -47,7 +48,7 @@ std::string PanelRows::fileCell(std::uint32_t row, int column) const {
   case column::Ext:
     return std::string(paths::extension(file.name));
   case column::Size:
-    return core::panelSize(file.size, format_.regional);
+    return core::sizeText(file.size, format_.regional);
   case column::Date:
     return format_.datesNotAvailable ? "Not Available" : dateText(row);
   case column::SizeKey:
@@ -59,7 +60,7 @@ std::string PanelRows::fileCell(std::uint32_t row, int column) const {
 }
 
 int PanelRows::icon(std::uint32_t row) const {
-  return isFolder(row) ? core::FolderClass : core::itemClass(entry(row).attributes);
+  return static_cast<int>(isFolder(row) ? core::ItemClass::Folder : core::itemClass(entry(row).attributes));
 }
 
 controls::Emblem PanelRows::emblem(std::uint32_t row) const {
@@ -79,7 +80,8 @@ bool PanelRows::hasDate(std::uint32_t row) const {
 
 std::string PanelRows::dateText(std::uint32_t row) const {
   if (!hasDate(row)) return {};
-  return core::panelRowDate(format_.DateTimeFormat, format_.clock->local(shownDate(entry(row))));
+  return core::formatDate(core::datePicture(core::DateUse::PanelRow, format_.DateTimeFormat),
+                          format_.clock->local(shownDate(entry(row))));
 }
 
 bool PanelRows::numericKeys(int column, std::vector<std::int64_t>& keys) const {
@@ -90,7 +92,7 @@ bool PanelRows::numericKeys(int column, std::vector<std::int64_t>& keys) const {
     if (column == column::SizeKey) {
       keys[row] = static_cast<std::int64_t>(entry(row).size);
     } else if (hasDate(row)) {
-      keys[row] = core::dayNumber(format_.clock->local(shownDate(entry(row))));
+      keys[row] = core::daysSince1899(format_.clock->local(shownDate(entry(row))));
     }
   }
   return true;
@@ -102,7 +104,7 @@ void PanelRows::appendSortText(std::uint32_t row, int column, std::string& text)
     return;
   }
   if (isFolder(row)) {
-    text += core::FolderRowPrefix;
+    text += "\\ ";
     text += entry(row).name;
     return;
   }

@@ -53,7 +53,8 @@ void Selection::currentItem(Panel& panel, controls::ListItem item) {
 
 void Selection::fileatrib(Panel& panel, controls::ListItem item) {
   if (!panel.rows) return;
-  form_.statusLine(std::string(core::fileatrib(panel.rows->entry(item.id()).attributes)));
+  form_.statusLine(
+      std::string(core::attributeWords(panel.rows->entry(item.id()).attributes, core::AttributeView::StatusBar)));
 }
 
 void Selection::collect(Panel& panel, controls::ListItem item) {
