@@ -38,6 +38,9 @@ void MainWindowStart::Form_Load() {
   form.ProgressBar1.Value = 0;
   listing.viewHightreset();
   form.Menu["Viewfilter"].Visible = true;
+  form.Menu["Filefilter"].Visible = false;
+  for (const char* entry : {"Viewall", "Psi", "selhis"})
+    form.Menu[entry].Checked = true;
 
   const bool hiddenShown = program.settings.get(core::setting::SysHidShow) == "1";
   form.Menu["HidSysfiles"].Checked = hiddenShown;
@@ -191,7 +194,9 @@ void MainWindowStart::Form_Activate() {
     if (p_.form.seams.VDTstart) p_.form.seams.VDTstart();
   }
   menu["TipStart"].Checked = p_.tip.LoadTip.Value == 0;
-  if (p_.tip.LoadTip.Value == 0 && p_.program.init.Tip_State == "0" && !p_.tip.isLoaded()) p_.tip.ShowModal();
+  // Closing the tip activates the window again: once a run is enough.
+  if (p_.tip.LoadTip.Value == 0 && p_.program.init.Tip_State == "0" && !std::exchange(tipShown_, true))
+    p_.tip.ShowModal();
 }
 
 }  // namespace varnholt::panels

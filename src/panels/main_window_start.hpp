@@ -48,6 +48,7 @@ class MainWindowStart {
 
   Parts p_;
   bool activated_ = false;
+  bool tipShown_ = false;
 };
 
 }  // namespace varnholt::panels

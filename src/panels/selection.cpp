@@ -5,8 +5,6 @@
 #include "core/item_text.hpp"
 #include "platform/paths.hpp"
 
-#include <unordered_set>
-
 namespace varnholt::panels {
 
 namespace paths = platform::paths;
@@ -58,15 +56,18 @@ void Selection::fileatrib(Panel& panel, controls::ListItem item) {
 }
 
 void Selection::collect(Panel& panel, controls::ListItem item) {
-  if (form_.panelRecall(panel.side).push(panel.fileName(item)))
+  if (form_.Menu.checked("selhis") && form_.panelRecall(panel.side).push(panel.fileName(item)))
     form_.statusLine("Recall Bufffer Full ! - Auto Pop out in progress, (Apply Reset to increase speed !)");
   form_.filecollect.push(panel.itemText(item));
 }
 
 void Selection::collectSelected(Panel& panel) {
+  auto& lastSet = lastSet_[panel.side == Side::Left ? 0 : 1];
+  if (panel.list.selectedCount() > 0) lastSet.clear();
   for (const std::uint32_t id : panel.list.selectedIds()) {
     panel.list.setGhosted(id, true);
     collect(panel, {panel.list, id});
+    lastSet.push_back(panel.fileName({panel.list, id}));
   }
 }
 
@@ -210,27 +211,38 @@ void Selection::Command16_Click() {
   if (!panel) return;
   form_.setMode("RecallMode");
   active_.UpdateClock();
-  const RecallBuffer& recall = form_.panelRecall(panel->side);
-  if (recall.empty()) {
+  const auto& bufferNames = form_.panelRecall(panel->side).names();
+  if (bufferNames.empty()) {
     form_.StatusBar1.setPanel(status::SelectedCount, "0 Recall Items Selected !");
     return;
   }
+  recall(*panel, {bufferNames.begin(), bufferNames.end()});
+}
+
+void Selection::Recallprevius_Click() {
+  Panel* panel = form_.activePanel();
+  if (!panel) return;
+  form_.setMode("RecallMode");
+  const auto& names = lastSet_[panel->side == Side::Left ? 0 : 1];
+  recall(*panel, {names.begin(), names.end()});
+}
+
+void Selection::recall(Panel& panel, const std::unordered_set<std::string_view>& names) {
   program_.loop.screen().MousePointer = controls::pointer::Hourglass;
   form_.statusLine("ReCall Working, - Please Wait !");
-  const std::unordered_set<std::string_view> names(recall.names().begin(), recall.names().end());
   resetcollect();
-  panel->list.selectNone();
-  panel->list.clearGhosted();
-  for (std::uint32_t row = 0; row < panel->list.count(); ++row) {
-    controls::ListItem item = panel->list.item(row);
-    if (!panel->rows || !names.contains(panel->rows->entry(item.id()).name)) continue;
+  panel.list.selectNone();
+  panel.list.clearGhosted();
+  for (std::uint32_t row = 0; row < panel.list.count(); ++row) {
+    controls::ListItem item = panel.list.item(row);
+    if (!panel.rows || !names.contains(panel.rows->entry(item.id()).name)) continue;
     item.setSelected(true);
     item.setGhosted(true);
-    form_.filecollect.push(panel->itemText(item));
+    form_.filecollect.push(panel.itemText(item));
   }
   program_.loop.screen().MousePointer = controls::pointer::Default;
   form_.statusLine("");
-  showCount(panel->list.selectedCount());
+  showCount(panel.list.selectedCount());
 }
 
 void Selection::Command27_Click() {
@@ -256,11 +268,6 @@ void Selection::memundo() {
   if (!panel) return;
   const std::string folder = program_.settings.get(core::setting::viewpath);
   if (!goTo || folder.empty() || !goTo(*panel, folder)) program_.dialogs.alert("Location has Changed and NOT Valid !");
-}
-
-void Selection::selhis_Click() {
-  auto& entry = form_.Menu["selhis"];
-  entry.Checked = !entry.Checked;
 }
 
 }  // namespace varnholt::panels

@@ -5,7 +5,11 @@
 #include "panels/form1.hpp"
 #include "panels/listing.hpp"
 
+#include <functional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
 
 namespace varnholt::panels {
 
@@ -44,12 +48,13 @@ class Selection {
 
   // --- Recall ----------------------------------------------------------------------------------------------------
   void Command16_Click();
+  /// Selects again what the last click had selected.
+  void Recallprevius_Click();
   void Command27_Click();
   void Recall_Click();
   void Undo_recall_Click() { memundo(); }
   void memundo();
   void ResetRecall_Click();
-  void selhis_Click();
 
   /// The active panel goes to the folder; false when it does not exist.
   std::function<bool(Panel&, const std::string&)> goTo;
@@ -67,12 +72,14 @@ class Selection {
   void report(std::uint64_t count, const Sum& sum);
   void showCount(std::uint64_t count);
   bool includesFolders() const { return form_.Menu.checked("IncludeFolder"); }
-  void giveTurnNowAndThen(std::uint32_t step);
+  /// Selects the rows of these names, and collects them.
+  void recall(Panel& panel, const std::unordered_set<std::string_view>& names);
 
   Form1& form_;
   core::Program& program_;
   Listing& listing_;
   ActivePanel& active_;
+  std::vector<std::string> lastSet_[2];  ///< names that the last click had selected, a side each
 };
 
 }  // namespace varnholt::panels

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-namespace varnholt::tests {
+namespace varnholt::test {
 
 using Step = ScriptedLoop::Step;
 
@@ -117,4 +117,4 @@ controls::Form* ScriptedLoop::form(const std::string& name) const {
   return found == forms_.end() ? nullptr : *found;
 }
 
-}  // namespace varnholt::tests
+}  // namespace varnholt::test

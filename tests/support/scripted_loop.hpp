@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace varnholt::tests {
+namespace varnholt::test {
 
 /// A message loop in which a script plays the user. Steps are met in their order: a dialog or box that the next step
 /// does not expect fails the test, and so does a step that is never reached or a dialog that its step leaves open.
@@ -69,4 +69,4 @@ class ScriptedLoop : public controls::MessageLoop {
   std::deque<std::function<void()>> pending_;
 };
 
-}  // namespace varnholt::tests
+}  // namespace varnholt::test

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "appearance/skins.hpp"
+#include "core/program.hpp"
+#include "core/start_windows.hpp"
+#include "panels/active_panel.hpp"
+#include "panels/dispatcher.hpp"
+#include "panels/file_opener.hpp"
+#include "panels/form1.hpp"
+#include "panels/histories.hpp"
+#include "panels/list_looks.hpp"
+#include "panels/listing.hpp"
+#include "panels/main_window_start.hpp"
+#include "panels/navigation.hpp"
+#include "panels/panel_keys.hpp"
+#include "panels/program_state.hpp"
+#include "panels/selection.hpp"
+#include "panels/tree_window.hpp"
+#include "panels/view_choices.hpp"
+
+namespace varnholt::app {
+
+/// The whole program: builds every object, ties commands and events to their handlers, and starts it. Everything is a
+/// member, in the order in which one builds on the other, so that a test can reach what it looks at.
+class App {
+ public:
+  App(controls::MessageLoop& loop, platform::Platform& platform);
+
+  /// Brings the program up: screen, settings, environment, splash, skin, main window. False: it cannot go on, the user
+  /// was told, and nothing is shown.
+  bool Main();
+
+  panels::Form1 Form1;
+  panels::Form9 Form9;
+  core::MessageDialogs dialogs;
+  core::Program program;
+  core::frmSplash frmSplash;
+  core::frmTip frmTip;
+  panels::Histories histories;
+  panels::Listing listing;
+  panels::ActivePanel activePanel;
+  panels::ListLooks looks;
+  panels::ViewChoices choices;
+  panels::ProgramState state;
+  panels::Navigation navigation;
+  panels::Selection selection;
+  panels::FileOpener opener;
+  panels::Dispatcher dispatcher;
+  panels::PanelKeys keys;
+  appearance::NewSkin NewSkin;
+  panels::MainWindowStart start;
+
+ private:
+  void bindCommands();
+  void bindPanel(panels::Panel& panel);
+  void bindMainWindow();
+  void bindHooks();
+  void drawButtons();
+  void tellStartNotices();
+};
+
+}  // namespace varnholt::app

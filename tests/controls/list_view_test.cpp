@@ -1,0 +1,181 @@
+#include "controls/list_view.hpp"
+
+#include "support/scripted_loop.hpp"
+
+#include <gtest/gtest.h>
+
+namespace varnholt::controls {
+namespace {
+
+constexpr MouseEvent Plain{MouseButton::Left, {}};
+constexpr MouseEvent WithCtrl{MouseButton::Left, {false, true, false}};
+constexpr MouseEvent WithShift{MouseButton::Left, {true, false, false}};
+
+class ListViewTest : public testing::Test {
+ protected:
+  void fill(const std::vector<std::string>& texts) {
+    for (const auto& text : texts)
+      list.add(text);
+  }
+  std::string order() {
+    std::string all;
+    for (std::uint32_t row = 0; row < list.count(); ++row)
+      all += (row ? " " : "") + list.cell(row, 0);
+    return all;
+  }
+  std::string selected() {
+    std::string all;
+    for (const auto id : list.selectedIds())
+      all += (all.empty() ? "" : " ") + ListItem(list, id).Text();
+    return all;
+  }
+  void click(std::uint32_t row, const MouseEvent& mouse = Plain) {
+    list.pressFromUser(row, mouse);
+    list.releaseFromUser(mouse);
+  }
+  void key(int code, Modifiers modifiers = {}) {
+    KeyEvent event{code, modifiers, false};
+    list.keyFromUser(event, 3);
+  }
+
+  test::ScriptedLoop loop;
+  Form form{loop, "Form"};
+  ListView list{form, "ListView1"};
+};
+
+TEST_F(ListViewTest, SortsOthersBeforeDigitsBeforeLettersWhateverTheirCase) {
+  fill({"beta", "Alpha", "10", "9", "_x", "\\ folder", "\xC3\xA9t\xC3\xA9", "eta", "Zeta", "-a"});
+  EXPECT_EQ(order(), "-a \\ folder _x 10 9 Alpha beta eta \xC3\xA9t\xC3\xA9 Zeta");
+  list.setSortOrder(SortOrder::Descending);
+  EXPECT_EQ(order(), "Zeta \xC3\xA9t\xC3\xA9 eta beta Alpha 9 10 _x \\ folder -a");
+}
+
+TEST_F(ListViewTest, KeepsTheOrderOfEqualTextsInBothDirections) {
+  for (const char* second : {"1", "2", "3"}) {
+    auto item = list.add("same");
+    item.setSubItem(1, second);
+  }
+  const auto seconds = [&] { return list.cell(0, 1) + list.cell(1, 1) + list.cell(2, 1); };
+  EXPECT_EQ(seconds(), "123");
+  list.setSortOrder(SortOrder::Descending);
+  EXPECT_EQ(seconds(), "123");
+}
+
+TEST_F(ListViewTest, SortsLongListsOnTwoThreadsAsShortOnes) {
+  std::vector<std::string> texts;
+  for (int number = 0; number < 30'000; ++number)
+    texts.push_back("name " + std::to_string(number * 7919 % 30'000 + 100'000));
+  fill(texts);
+  for (std::uint32_t row = 0; row < list.count(); ++row)
+    ASSERT_EQ(list.cell(row, 0), "name " + std::to_string(row + 100'000));
+}
+
+TEST_F(ListViewTest, MarksBelongToTheRowAndNotToItsPlace) {
+  fill({"a", "b", "c"});
+  list.item(0).setSelected(true);
+  list.item(0).setGhosted(true);
+  list.item(0).setForeColor(255);
+  list.focusRow(0);
+  list.setSortOrder(SortOrder::Descending);
+  EXPECT_EQ(order(), "c b a");
+  EXPECT_EQ(selected(), "a");
+  EXPECT_TRUE(list.item(2).Ghosted());
+  EXPECT_EQ(list.item(2).ForeColor(), 255u);
+  EXPECT_EQ(list.focusedRow(), 2u);
+}
+
+TEST_F(ListViewTest, ClicksSelectAsInAnyReportList) {
+  fill({"a", "b", "c", "d", "e"});
+  click(1);
+  EXPECT_EQ(selected(), "b");
+  click(3, WithShift);
+  EXPECT_EQ(selected(), "b c d");
+  click(0, WithCtrl);
+  EXPECT_EQ(selected(), "a b c d");
+  click(2, WithCtrl);
+  EXPECT_EQ(selected(), "a b d");
+  click(4, {MouseButton::Left, {true, true, false}});
+  EXPECT_EQ(selected(), "a b c d e");
+  click(4);
+  EXPECT_EQ(selected(), "e");
+  list.pressFromUser({}, Plain);
+  EXPECT_EQ(selected(), "");
+}
+
+TEST_F(ListViewTest, APressOnASelectedRowKeepsTheSelectionForADrag) {
+  fill({"a", "b", "c"});
+  click(0);
+  click(1, WithShift);
+  list.pressFromUser(0, Plain);
+  EXPECT_EQ(selected(), "a b");
+  list.dragFromUser();
+  list.releaseFromUser(Plain);
+  EXPECT_EQ(selected(), "a b");
+  click(0);
+  EXPECT_EQ(selected(), "a");
+}
+
+struct KeyRow {
+  int code;
+  Modifiers modifiers;
+  std::uint32_t focus;
+  const char* selection;
+};
+
+TEST_F(ListViewTest, KeysMoveExtendAndToggle) {
+  fill({"a", "b", "c", "d", "e", "f"});
+  constexpr Modifiers None{}, Shift{true, false, false}, Ctrl{false, true, false};
+  const KeyRow rows[] = {{key::Down, None, 0, "a"},          {key::Down, None, 1, "b"},
+                         {key::Down, Shift, 2, "b c"},       {key::Down, Shift, 3, "b c d"},
+                         {key::Up, Shift, 2, "b c"},         {key::Down, Ctrl, 3, "b c"},
+                         {key::Down, Ctrl, 4, "b c"},        {key::Space, Ctrl, 4, "b c e"},
+                         {key::Space, Ctrl, 4, "b c"},       {key::End, None, 5, "f"},
+                         {key::PageUp, None, 3, "d"},        {key::PageUp, None, 1, "b"},
+                         {key::PageUp, None, 0, "a"},        {key::Up, None, 0, "a"},
+                         {key::PageDown, Shift, 2, "a b c"}, {key::Home, None, 0, "a"},
+                         {key::End, Shift, 5, "a b c d e f"}};
+  for (const auto& row : rows) {
+    key(row.code, row.modifiers);
+    EXPECT_EQ(list.focusedRow(), row.focus) << "key " << row.code;
+    EXPECT_EQ(selected(), row.selection) << "key " << row.code;
+  }
+}
+
+TEST_F(ListViewTest, AHandlerCanTakeAKeyForItself) {
+  fill({"a", "b"});
+  list.focusRow(0);
+  list.KeyDown = [](KeyEvent& event) { event.handled = true; };
+  key(key::Down);
+  EXPECT_EQ(list.focusedRow(), 0u);
+}
+
+TEST_F(ListViewTest, TypedLettersFindNamesRoundTheEnd) {
+  fill({"apple", "banana", "blue", "\xC3\xA9toile"});
+  list.focusRow(0);
+  list.seekFromUser("b");
+  EXPECT_EQ(list.focusedRow(), 1u);
+  list.seekFromUser("b");
+  EXPECT_EQ(list.focusedRow(), 2u);
+  list.seekFromUser("b");
+  EXPECT_EQ(list.focusedRow(), 1u);
+  list.seekFromUser("bl");
+  EXPECT_EQ(list.focusedRow(), 2u);
+  list.seekFromUser("\xC3\xA9");
+  EXPECT_EQ(list.focusedRow(), 3u);
+  list.seekFromUser("q");
+  EXPECT_EQ(list.focusedRow(), 3u);
+}
+
+TEST_F(ListViewTest, ManyChangesMarkTheListOnceForTheDrawingSide) {
+  fill({"a", "b", "c"});
+  form.takeChangedControls();
+  list.takeChanged();
+  list.selectNone();
+  EXPECT_TRUE(form.takeChangedControls().empty()) << "nothing was selected, nothing changed";
+  for (std::uint32_t row = 0; row < 3; ++row)
+    list.item(row).setSelected(true);
+  EXPECT_EQ(form.takeChangedControls().size(), 1u);
+}
+
+}  // namespace
+}  // namespace varnholt::controls

@@ -1,0 +1,127 @@
+#include "support/app_rig.hpp"
+
+#include "core/settings.hpp"
+
+#include <fcntl.h>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace varnholt::test {
+
+AppRig::AppRig() {
+  for (const char* folder : {"home", "second", "program"})
+    std::filesystem::create_directories(scratch / folder);
+  restart();
+}
+
+AppRig::~AppRig() = default;
+
+void AppRig::restart() {
+  app_.reset();
+  platform.reset();
+  host.reset();
+  platform::HostFolders folders;
+  folders.executable = scratch / "program";
+  folders.data = scratch / "data";
+  folders.assets = std::string(VARNHOLT_SOURCE_DIR) + "/assets";
+  folders.drives = "C=" + scratch / "home" + ";D=" + scratch / "second" + ";Z=/";
+  host = platform::makePlatformHost(folders);
+  const platform::Platform& real = host->platform();
+  platform.reset(new platform::Platform{real.files, real.drives, real.environment, real.settings, real.registry,
+                                        real.shell, real.fileTypes, real.system, clock, platform::RegionalFormats{},
+                                        real.programFolder, real.assetsFolder, real.startNotices});
+  app_ = std::make_unique<app::App>(loop, *platform);
+}
+
+bool AppRig::start(bool withTip) {
+  if (!withTip) core::Settings(platform->settings).save(core::setting::Tip_State, "1");
+  loop.whenShows("frmSplash").run([](controls::Form& form) {
+    dynamic_cast<controls::Timer*>(form.control("Timer1"))->Tick();
+  });
+  if (!app_->Main()) return false;
+  form().Activate();
+  return true;
+}
+
+void AppRig::startLeft() {
+  ASSERT_TRUE(start());
+  form().ListView1.SetFocus();
+}
+
+std::string AppRig::systemPath(std::string_view path) const {
+  std::string name = path.starts_with("D:") ? scratch / "second" : path.starts_with("Z:") ? "" : scratch / "home";
+  for (const char c : path.substr(2))
+    name += c == '\\' ? '/' : c;
+  return name;
+}
+
+void AppRig::write(std::string_view path, std::string_view bytes) {
+  const std::filesystem::path file = systemPath(path);
+  std::filesystem::create_directories(file.parent_path());
+  std::ofstream(file, std::ios::binary) << bytes;
+}
+
+void AppRig::makeFolder(std::string_view path) { std::filesystem::create_directories(systemPath(path)); }
+
+bool AppRig::exists(std::string_view path) const {
+  return std::filesystem::exists(std::filesystem::symlink_status(systemPath(path)));
+}
+
+std::string AppRig::read(std::string_view path) const {
+  std::ifstream file(systemPath(path), std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void AppRig::setDate(std::string_view path, int year, int month, int day) {
+  const auto moment = clock.fromLocal({year, month, day, 12, 0, 0, 0});
+  const timespec times[2] = {{moment.seconds, 0}, {moment.seconds, 0}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, systemPath(path).c_str(), times, 0), 0);
+}
+
+controls::MenuItem& AppRig::menu(const std::string& name) {
+  EXPECT_TRUE(form().Menu.has(name)) << "no menu entry " << name;
+  return form().Menu[name];
+}
+
+void AppRig::command(const std::string& handler) {
+  const auto* found = form().commands.find(handler);
+  ASSERT_TRUE(found && found->run) << "nothing runs behind " << handler;
+  found->run();
+}
+
+std::vector<std::string> AppRig::names(const panels::Panel& panel) const {
+  std::vector<std::string> names;
+  for (std::uint32_t row = 0; row < panel.list.count(); ++row)
+    names.push_back(panel.list.cell(row, 0) + "|" + panel.list.cell(row, 1));
+  return names;
+}
+
+std::uint32_t AppRig::rowOf(panels::Panel& panel, const std::string& text) {
+  for (std::uint32_t row = 0; row < panel.list.count(); ++row)
+    if (panel.list.cell(row, 0) == text) return row;
+  ADD_FAILURE() << "no row " << text;
+  return 0;
+}
+
+void AppRig::click(panels::Panel& panel, const std::string& text, controls::Modifiers modifiers) {
+  const controls::MouseEvent mouse{controls::MouseButton::Left, modifiers};
+  panel.list.pressFromUser(rowOf(panel, text), mouse);
+  panel.list.releaseFromUser(mouse);
+  EXPECT_EQ(panel.inconsistency(), "");
+}
+
+void AppRig::doubleClick(panels::Panel& panel, const std::string& text) {
+  click(panel, text);
+  panel.list.doubleClickFromUser(rowOf(panel, text));
+  EXPECT_EQ(panel.inconsistency(), "");
+}
+
+void AppRig::key(panels::Panel& panel, int code, controls::Modifiers modifiers) {
+  controls::KeyEvent event{code, modifiers, false};
+  panel.list.keyFromUser(event, 10);
+  panel.list.keyUpFromUser(event);
+  EXPECT_EQ(panel.inconsistency(), "");
+}
+
+}  // namespace varnholt::test

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "app/app.hpp"
+#include "support/fixed_clock.hpp"
+#include "support/scratch_folder.hpp"
+#include "support/scripted_loop.hpp"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace varnholt::test {
+
+/// The whole program on temporary folders, with a scripted user, a fixed clock and fixed regional formats. `C:` and
+/// `D:` are two fresh folders, `Z:` is the root of the file system.
+class AppRig {
+ public:
+  AppRig();
+  ~AppRig();
+
+  /// Builds the program anew over the same folders, as a second start does. Call before start().
+  void restart();
+  /// Runs `Main`, with the splash going away by itself, and activates the main window. The tip is not shown unless
+  /// `withTip`, which expects it first. False: the program has ended.
+  bool start(bool withTip = false);
+  /// start() and the left panel active, as after a click into it.
+  void startLeft();
+
+  /// Makes a file with the folders above it, by program path.
+  void write(std::string_view path, std::string_view bytes = "x");
+  void makeFolder(std::string_view path);
+  bool exists(std::string_view path) const;
+  std::string read(std::string_view path) const;
+  /// Local calendar date of a file, noon.
+  void setDate(std::string_view path, int year, int month, int day);
+  std::string systemPath(std::string_view path) const;
+
+  app::App& app() { return *app_; }
+  panels::Form1& form() { return app_->Form1; }
+  controls::MenuItem& menu(const std::string& name);
+  /// Runs a command by its handler; fails the test when there is none.
+  void command(const std::string& handler);
+  /// First columns of the rows as they stand, "text|ext".
+  std::vector<std::string> names(const panels::Panel& panel) const;
+  /// Clicks a row that has this text in its first column.
+  void click(panels::Panel& panel, const std::string& text, controls::Modifiers modifiers = {});
+  void doubleClick(panels::Panel& panel, const std::string& text);
+  void key(panels::Panel& panel, int code, controls::Modifiers modifiers = {});
+  std::uint32_t rowOf(panels::Panel& panel, const std::string& text);
+
+  ScratchFolder scratch;
+  FixedClock clock;
+  ScriptedLoop loop;
+  std::unique_ptr<platform::PlatformHost> host;
+  std::unique_ptr<platform::Platform> platform;
+  std::string programFolder() const { return platform->programFolder; }
+
+ private:
+  void buildApp();
+  std::unique_ptr<app::App> app_;
+};
+
+}  // namespace varnholt::test
