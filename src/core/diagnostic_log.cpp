@@ -1,6 +1,6 @@
 #include "core/diagnostic_log.hpp"
 
-#include "core/format.hpp"
+#include "core/item_text.hpp"
 #include "core/program_files.hpp"
 #include "core/text_file.hpp"
 

@@ -1,6 +1,7 @@
 #include "panels/active_panel.hpp"
 
 #include "core/format.hpp"
+#include "core/item_text.hpp"
 
 namespace varnholt::panels {
 namespace {
@@ -75,12 +76,8 @@ void ActivePanel::showFreeSpace(const platform::Result<platform::DriveInfo>& dri
 
 void ActivePanel::UpdateClock() {
   const auto now = program_.platform.clock.local(program_.platform.clock.now());
-  form_.StatusBar1.setPanel(
-      status::Time,
-      "Time: " + core::formatDate(core::datePicture(core::DateUse::StatusClock, program_.init.DateTimeFormat), now));
-  form_.StatusBar1.setPanel(
-      status::Date,
-      "Date: " + core::formatDate(core::datePicture(core::DateUse::StatusDate, program_.init.DateTimeFormat), now));
+  form_.StatusBar1.setPanel(status::Time, "Time: " + core::statusTime(program_.init.DateTimeFormat, now));
+  form_.StatusBar1.setPanel(status::Date, "Date: " + core::statusDate(program_.init.DateTimeFormat, now));
 }
 
 }  // namespace varnholt::panels

@@ -16,13 +16,9 @@ constexpr int SortedDown = 12, SortedUp = 13, NotSorted = 14;
 }  // namespace
 
 std::map<int, std::string> panelImageList() {
-  const auto number = [](core::ItemClass kind) { return static_cast<int>(kind); };
-  return {{number(core::ItemClass::Folder), "folder"},
-          {number(core::ItemClass::File), "file"},
-          {number(core::ItemClass::HiddenOrSystem), "hidden"},
-          {number(core::ItemClass::ReadOnly), "read-only"},
-          {SortedDown, "sort-down"},
-          {SortedUp, "sort-up"},
+  return {{core::FolderClass, "folder"}, {core::FileClass, "file"},
+          {core::HiddenClass, "hidden"}, {core::ReadOnlyClass, "read-only"},
+          {SortedDown, "sort-down"},     {SortedUp, "sort-up"},
           {NotSorted, "sort-none"}};
 }
 
@@ -58,7 +54,7 @@ void Listing::filedir(Panel& panel) {
 
 bool Listing::showsFile(const platform::Entry& file) const {
   auto& menu = form_.Menu;
-  if (!menu["HidSysfiles"].Checked && core::itemClass(file.attributes) == core::ItemClass::HiddenOrSystem) return false;
+  if (!menu["HidSysfiles"].Checked && core::itemClass(file.attributes) == core::HiddenClass) return false;
   if (menu["Viewuser"].Checked && form_.seams.viewFilter && !form_.seams.viewFilter(file)) return false;
   if (!menu["ViewProg"].Checked) return true;
   const std::string extension = platform::foldCase(paths::extension(file.name));

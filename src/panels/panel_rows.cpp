@@ -1,6 +1,5 @@
 #include "panels/panel_rows.hpp"
 
-#include "core/format.hpp"
 #include "core/item_text.hpp"
 #include "platform/paths.hpp"
 
@@ -48,7 +47,7 @@ std::string PanelRows::fileCell(std::uint32_t row, int column) const {
   case column::Ext:
     return std::string(paths::extension(file.name));
   case column::Size:
-    return core::sizeText(file.size, format_.regional);
+    return core::panelSize(file.size, format_.regional);
   case column::Date:
     return format_.datesNotAvailable ? "Not Available" : dateText(row);
   case column::SizeKey:
@@ -60,7 +59,7 @@ std::string PanelRows::fileCell(std::uint32_t row, int column) const {
 }
 
 int PanelRows::icon(std::uint32_t row) const {
-  return static_cast<int>(isFolder(row) ? core::ItemClass::Folder : core::itemClass(entry(row).attributes));
+  return isFolder(row) ? core::FolderClass : core::itemClass(entry(row).attributes);
 }
 
 controls::Emblem PanelRows::emblem(std::uint32_t row) const {
@@ -80,8 +79,7 @@ bool PanelRows::hasDate(std::uint32_t row) const {
 
 std::string PanelRows::dateText(std::uint32_t row) const {
   if (!hasDate(row)) return {};
-  return core::formatDate(core::datePicture(core::DateUse::PanelRow, format_.DateTimeFormat),
-                          format_.clock->local(shownDate(entry(row))));
+  return core::panelRowDate(format_.DateTimeFormat, format_.clock->local(shownDate(entry(row))));
 }
 
 bool PanelRows::numericKeys(int column, std::vector<std::int64_t>& keys) const {
@@ -92,7 +90,7 @@ bool PanelRows::numericKeys(int column, std::vector<std::int64_t>& keys) const {
     if (column == column::SizeKey) {
       keys[row] = static_cast<std::int64_t>(entry(row).size);
     } else if (hasDate(row)) {
-      keys[row] = core::daysSince1899(format_.clock->local(shownDate(entry(row))));
+      keys[row] = core::dayNumber(format_.clock->local(shownDate(entry(row))));
     }
   }
   return true;

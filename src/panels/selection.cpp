@@ -51,8 +51,7 @@ void Selection::currentItem(Panel& panel, controls::ListItem item) {
 
 void Selection::fileatrib(Panel& panel, controls::ListItem item) {
   if (!panel.rows) return;
-  form_.statusLine(
-      std::string(core::attributeWords(panel.rows->entry(item.id()).attributes, core::AttributeView::StatusBar)));
+  form_.statusLine(std::string(core::fileatrib(panel.rows->entry(item.id()).attributes)));
 }
 
 void Selection::collect(Panel& panel, controls::ListItem item) {
