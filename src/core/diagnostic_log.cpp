@@ -22,8 +22,7 @@ void writeDiagnosticLog(const platform::Platform& platform, const EnvironmentFol
   (void)writeLines(platform.files, log,
                    {
                        "[VnVersion]     " + programVersion(),
-                       "[Curdate]       " + formatDate(datePicture(DateUse::StatusDate, "0"),
-                                                       platform.clock.local(platform.clock.now())),
+                       "[Curdate]       " + statusDate("0", platform.clock.local(platform.clock.now())),
                        "[Windir]        " + folders.windir,
                        "[Platform]      " + std::to_string(version.platform),
                        "[OSVersion]     " + std::to_string(version.major) + "." + std::to_string(version.minor),

@@ -7,15 +7,15 @@ namespace {
 
 char lowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-/// Adds the first character of the text in lower case; gives its length in bytes.
-size_t appendFoldedCharacter(std::string_view text, std::string& out) {
+/// Adds the first character of the text as `change` makes it; gives its length in bytes.
+size_t appendChanged(std::string_view text, gunichar (*change)(gunichar), std::string& out) {
   const gunichar character = g_utf8_get_char_validated(text.data(), static_cast<gssize>(text.size()));
   if (character == static_cast<gunichar>(-1) || character == static_cast<gunichar>(-2)) {
     out += text.front();
     return 1;
   }
   char bytes[6];
-  out.append(bytes, static_cast<size_t>(g_unichar_to_utf8(g_unichar_tolower(character), bytes)));
+  out.append(bytes, static_cast<size_t>(g_unichar_to_utf8(change(character), bytes)));
   return static_cast<size_t>(g_utf8_next_char(text.data()) - text.data());
 }
 
@@ -26,7 +26,7 @@ void appendFolded(std::string_view text, std::string& out) {
     if (static_cast<unsigned char>(text[i]) < 0x80)
       out += lowerAscii(text[i++]);
     else
-      i += appendFoldedCharacter(text.substr(i), out);
+      i += appendChanged(text.substr(i), g_unichar_tolower, out);
   }
 }
 
@@ -34,6 +34,13 @@ std::string foldCase(std::string_view text) {
   std::string out;
   out.reserve(text.size());
   appendFolded(text, out);
+  return out;
+}
+
+std::string upperCase(std::string_view text) {
+  std::string out;
+  for (size_t i = 0; i < text.size();)
+    i += appendChanged(text.substr(i), g_unichar_toupper, out);
   return out;
 }
 

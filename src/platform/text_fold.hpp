@@ -12,4 +12,7 @@ std::string foldCase(std::string_view text);
 /// As foldCase, added to `out`; for callers that fold many texts into one buffer.
 void appendFolded(std::string_view text, std::string& out);
 
+/// The text in upper case, in the same way.
+std::string upperCase(std::string_view text);
+
 }  // namespace varnholt::platform

@@ -12,7 +12,7 @@ std::string WindowsFolder::path() const {
   if (::stat(folder_.c_str(), &facts) == 0) return S_ISDIR(facts.st_mode) ? folder_ : "";
   if (!makeFolderFrom(shipped_, folder_)) return {};
   // The folder goes by both spellings. Where the volume knows no links it also tells no case apart.
-  if (::symlink("system32", (folder_ + "/System32").c_str()) != 0) return folder_;
+  [[maybe_unused]] const int linked = ::symlink("system32", (folder_ + "/System32").c_str());
   return folder_;
 }
 

@@ -1,0 +1,133 @@
+#include "core/item_text.hpp"
+
+#include "core/format.hpp"
+#include "core/text_character.hpp"
+#include "platform/paths.hpp"
+#include "platform/text_fold.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace varnholt::core {
+namespace {
+
+bool isFullPath(std::string_view path) {
+  const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+  return path.size() >= 3 && isLetter(path[0]) && path[1] == ':' && path[2] == '\\';
+}
+
+/// One use of dates in its two forms.
+struct DatePictures {
+  std::string_view twelveHour, other;
+};
+
+std::string dateBy(const DatePictures& pictures, std::string_view dateTimeFormat, const platform::CalendarTime& time) {
+  return formatDate(dateTimeFormat == "1" ? pictures.twelveHour : pictures.other, time);
+}
+
+bool partsWords(char c) { return c == ' ' || c == '\0' || (c >= '\t' && c <= '\r'); }
+
+}  // namespace
+
+std::string makeFolderItem(std::string_view path) { return std::string(folderMarker).append(path); }
+
+bool isFolderItem(std::string_view item) { return item.starts_with(folderMarker); }
+
+std::string_view itemPath(std::string_view item) {
+  return isFolderItem(item) ? item.substr(folderMarker.size()) : item;
+}
+
+std::string entryPath(std::string_view item, std::string_view folder) {
+  const std::string_view path = itemPath(item);
+  return isFullPath(path) ? std::string(path) : platform::paths::join(folder, path);
+}
+
+ItemClass itemClass(platform::Attributes attributes) {
+  constexpr std::array<platform::Attributes, 2> readOnly{1, 33};
+  constexpr std::array<platform::Attributes, 10> hidden{2, 3, 4, 6, 7, 34, 35, 36, 38, 39};
+  if (std::find(readOnly.begin(), readOnly.end(), attributes) != readOnly.end()) return ReadOnlyClass;
+  if (std::find(hidden.begin(), hidden.end(), attributes) != hidden.end()) return HiddenClass;
+  return FileClass;
+}
+
+std::string folderRowText(std::string_view name) { return std::string(FolderRowPrefix).append(name); }
+
+std::string_view folderRowName(std::string_view rowText) {
+  return rowText.substr(std::min(FolderRowPrefix.size(), rowText.size()));
+}
+
+std::string rowFileName(std::string_view base, std::string_view extension) {
+  return extension.empty() ? std::string(base) : rowCompareText(base, extension);
+}
+
+std::string rowCompareText(std::string_view base, std::string_view extension) {
+  return std::string(base).append(".").append(extension);
+}
+
+std::string panelSize(std::uint64_t bytes, const platform::RegionalFormats& regional) {
+  std::string text;
+  appendGrouped(bytes, 1, regional.thousandsSign, text);
+  return text;
+}
+
+std::string sizeKey(std::uint64_t bytes, const platform::RegionalFormats& regional) {
+  constexpr int keyDigits = 12;
+  if (bytes == 0) return "0";
+  std::string text;
+  appendGrouped(bytes, keyDigits, regional.thousandsSign, text);
+  return text;
+}
+
+std::int64_t dayNumber(const platform::CalendarTime& time) {
+  // Days of the proleptic Gregorian calendar, in years that begin in March; 1899-12-30 is day 693899 of it.
+  const std::int64_t year = time.month <= 2 ? std::int64_t{time.year} - 1 : time.year;
+  const std::int64_t era = (year >= 0 ? year : year - 399) / 400, yearOfEra = year - era * 400;
+  const std::int64_t dayOfYear = (153 * ((time.month + 9) % 12) + 2) / 5 + time.day - 1;
+  return era * 146097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - 693899;
+}
+
+std::string dateKey(const platform::CalendarTime& time) {
+  return format("000000000000000", dayNumber(time), platform::RegionalFormats{});
+}
+
+std::string panelRowDate(std::string_view dateTimeFormat, const platform::CalendarTime& time) {
+  return dateBy({"mm-dd-yy  hh:mm  AM/PM", "dd-mm-yy  hh:mm"}, dateTimeFormat, time);
+}
+
+std::string propertiesDate(std::string_view dateTimeFormat, const platform::CalendarTime& time) {
+  return dateBy({"mm-dd-yy  hh:nn AM/PM", "dd-mm-yy  hh:nn"}, dateTimeFormat, time);
+}
+
+std::string treeDate(std::string_view dateTimeFormat, const platform::CalendarTime& time) {
+  return dateBy({"mm-dd-yy hh:mm AM/PM", "dd-mm-yy hh:mm"}, dateTimeFormat, time);
+}
+
+std::string statusTime(std::string_view dateTimeFormat, const platform::CalendarTime& time) {
+  return dateBy({"hh:nn:ss AM/PM", "hh:nn:ss"}, dateTimeFormat, time);
+}
+
+std::string statusDate(std::string_view dateTimeFormat, const platform::CalendarTime& time) {
+  return dateBy({"mm-dd-yyyy", "dd-mm-yyyy"}, dateTimeFormat, time);
+}
+
+std::string bytesText(std::uint64_t bytes, const platform::RegionalFormats& regional) {
+  return panelSize(bytes, regional) + "  Bytes";
+}
+
+std::string folderSizeText(std::uint64_t bytes, const platform::RegionalFormats& regional) {
+  return bytes == 0 ? "Emty Folder!" : bytesText(bytes, regional);
+}
+
+std::string properCase(std::string_view text) {
+  std::string out;
+  bool beginsWord = true;
+  while (!text.empty()) {
+    const std::string_view character = text.substr(0, firstCharacter(text).bytes);
+    out += beginsWord ? platform::upperCase(character) : platform::foldCase(character);
+    beginsWord = partsWords(character.front());
+    text.remove_prefix(character.size());
+  }
+  return out;
+}
+
+}  // namespace varnholt::core

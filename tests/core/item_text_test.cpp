@@ -1,0 +1,181 @@
+#include "core/item_text.hpp"
+
+#include "core/attribute_words.hpp"
+#include "core/name_split.hpp"
+#include "core/val_input_rule.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace varnholt::core {
+namespace {
+
+const platform::RegionalFormats english{};
+
+TEST(ItemText, MarksFolders) {
+  EXPECT_EQ(makeFolderItem("C:\\Photos"), "|Fold|C:\\Photos");
+  EXPECT_TRUE(isFolderItem("|Fold|"));
+  EXPECT_TRUE(isFolderItem("|Fold|C:\\no such folder"));
+  for (const char* file : {"", "a.txt", "C:\\a", "|Fold", "|fold|x", " |Fold|x"}) {
+    EXPECT_FALSE(isFolderItem(file)) << file;
+    EXPECT_EQ(itemPath(file), file);
+  }
+  EXPECT_EQ(itemPath("|Fold||Fold|x"), "|Fold|x");
+}
+
+TEST(ItemText, LeadsToOneFullPath) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"a.txt", "C:\\Photos", "C:\\Photos\\a.txt"},
+      {"a.txt", "C:\\", "C:\\a.txt"},
+      {"D:\\x\\a.txt", "C:\\Photos", "D:\\x\\a.txt"},
+      {"|Fold|D:\\x", "C:\\Photos", "D:\\x"},
+      {"|Fold|sub", "C:\\Photos", "C:\\Photos\\sub"},
+      {"D:odd name", "C:\\Photos", "C:\\Photos\\D:odd name"},
+      {"a.txt", "", "a.txt"},
+  };
+  for (const auto& [item, folder, path] : cases)
+    EXPECT_EQ(entryPath(item, folder), path) << item;
+}
+
+TEST(Rows, NameFoldersAndFiles) {
+  EXPECT_EQ(folderRowText("My Pictures"), "\\ My Pictures");
+  EXPECT_EQ(folderRowName("\\ My Pictures"), "My Pictures");
+  EXPECT_EQ(folderRowName("\\"), "");
+  EXPECT_EQ(rowFileName("archive.tar", "gz"), "archive.tar.gz");
+  EXPECT_EQ(rowFileName("Makefile", ""), "Makefile");
+  EXPECT_EQ(rowCompareText("archive.tar", "gz"), "archive.tar.gz");
+  EXPECT_EQ(rowCompareText("Makefile", ""), "Makefile.");
+}
+
+TEST(Rows, SplitNamesSoThatTheyCanBePutTogetherAgain) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {{"a.b.txt", "a.b", "txt"},
+                                                                     {"Makefile", "Makefile", ""},
+                                                                     {".profile", "", "profile"},
+                                                                     {"ends.", "ends.", ""},
+                                                                     {"", "", ""}};
+  for (const auto& [name, base, extension] : cases) {
+    const NameParts parts = splitName(name);
+    EXPECT_EQ(parts.base, base) << name;
+    EXPECT_EQ(parts.extension, extension) << name;
+    EXPECT_EQ(rowFileName(parts.base, parts.extension), name);
+  }
+}
+
+TEST(Rows, ShowTheClassOfTheirAttributes) {
+  for (platform::Attributes value = 0; value <= 5000; ++value) {
+    const bool readOnly = value == 1 || value == 33;
+    const bool hidden = (value >= 2 && value <= 7 && value != 5) || (value >= 34 && value <= 39 && value != 37);
+    EXPECT_EQ(itemClass(value), readOnly ? 9 : hidden ? 8 : 7) << value;
+  }
+}
+
+TEST(Rows, SortByTheirHiddenKeys) {
+  const std::uint64_t sizes[] = {1, 9, 10, 999, 1000, 999'999, 1'000'000, 123'456'789, 999'999'999'999};
+  std::vector<std::string> keys;
+  for (const std::uint64_t size : sizes)
+    keys.push_back(sizeKey(size, english));
+  EXPECT_TRUE(std::is_sorted(keys.begin(), keys.end()));
+  EXPECT_EQ(keys[4], "000,000,001,000");
+  EXPECT_EQ(sizeKey(0, english), "0");
+  EXPECT_EQ(panelSize(0, english), "0");
+  EXPECT_EQ(panelSize(1'234'567, english), "1,234,567");
+}
+
+TEST(Rows, CountDaysFromTheEndOf1899) {
+  const std::pair<platform::CalendarTime, std::int64_t> cases[] = {{{1899, 12, 30}, 0},
+                                                                   {{1899, 12, 31, 23, 59, 59}, 1},
+                                                                   {{1900, 3, 1}, 61},
+                                                                   {{1970, 1, 1}, 25569},
+                                                                   {{2007, 3, 9, 23, 59, 59}, 39150},
+                                                                   {{2000, 2, 29}, 36585},
+                                                                   {{2100, 12, 31}, 73415},
+                                                                   {{1899, 12, 29}, -1},
+                                                                   {{1600, 1, 1}, -109571}};
+  for (const auto& [time, days] : cases)
+    EXPECT_EQ(dayNumber(time), days) << time.year;
+  EXPECT_EQ(dateKey({2007, 3, 9, 23, 59, 59}), "000000000039150");
+}
+
+TEST(Rows, ShowDatesByTheClockFormat) {
+  const platform::CalendarTime time{2007, 3, 9, 14, 5, 7, 5};
+  EXPECT_EQ(panelRowDate("1", time), "03-09-07  02:05  PM");
+  EXPECT_EQ(panelRowDate("0", time), "09-03-07  14:05");
+  EXPECT_EQ(panelRowDate("", time), "09-03-07  14:05");
+  EXPECT_EQ(propertiesDate("1", time), "03-09-07  02:05 PM");
+  EXPECT_EQ(propertiesDate("0", time), "09-03-07  14:05");
+  EXPECT_EQ(treeDate("1", time), "03-09-07 02:05 PM");
+  EXPECT_EQ(treeDate("0", time), "09-03-07 14:05");
+  EXPECT_EQ(statusTime("1", time), "02:05:07 PM");
+  EXPECT_EQ(statusTime("0", time), "14:05:07");
+  EXPECT_EQ(statusDate("1", time), "03-09-2007");
+  EXPECT_EQ(statusDate("0", time), "09-03-2007");
+}
+
+TEST(Properties, TellSizesInWords) {
+  EXPECT_EQ(bytesText(0, english), "0  Bytes");
+  EXPECT_EQ(bytesText(1234, english), "1,234  Bytes");
+  EXPECT_EQ(folderSizeText(0, english), "Emty Folder!");
+  EXPECT_EQ(folderSizeText(1, english), "1  Bytes");
+}
+
+TEST(Properties, WriteTypesInProperCase) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"PNG image", "Png Image"},
+      {"plain text document", "Plain Text Document"},
+      {"C:\\MY files\\x", "C:\\my Files\\x"},
+      {"élan ÉTÉ", "Élan Été"},
+      {"  two  BLANKS ", "  Two  Blanks "},
+      {"don't", "Don't"},
+      {"", ""},
+      {"\xFFX y", "\xFFx Y"},
+  };
+  for (const auto& [text, proper] : cases)
+    EXPECT_EQ(properCase(text), proper) << text;
+}
+
+TEST(AttributeWords, AreThoseOfTheTable) {
+  const std::tuple<platform::Attributes, const char*, const char*> cases[] = {
+      {0, "No Attributes", "No Attributes !"},
+      {5, "Cannot Identify Attributes !", "Cannot Identify Attributes !"},
+      {6, "Hidden", "Hidden"},
+      {23, "Folder  [Special]", ""},
+      {38, "Archive,Hidden,System", "Archive,Hidden and System"},
+      {37, "Cannot Identify Attributes !", "Cannot Identify Attributes !"},
+      {48, "Folder  [ReadOnly]", "Folder(48), Read-Only"},
+      {128, "Compressed File", "Compressed File"},
+      {129, "Cannot Identify Attributes !", "Cannot Identify Attributes !"},
+      {2047, "Cannot Identify Attributes !", "Cannot Identify Attributes !"},
+  };
+  for (const auto& [value, statusBar, properties] : cases) {
+    EXPECT_EQ(fileatrib(value), statusBar) << value;
+    EXPECT_EQ(propertiesAttributes(value), properties) << value;
+  }
+}
+
+TEST(AttributeWords, OfCompressedItemsAreTheirOwnOrThoseOfTheRest) {
+  // Values with words of their own keep them.
+  EXPECT_EQ(fileatrib(2048), "Compressed File and Index service !");
+  EXPECT_EQ(fileatrib(2080), "NorMal,- with Advanced Attributes");
+  EXPECT_EQ(fileatrib(2081), "Compressed File");
+  EXPECT_EQ(fileatrib(2082), "Compressed,ArchiveReady,Index service");
+  EXPECT_EQ(fileatrib(2083), "Ro,Hid,Comp,Arc.Ready,Index service");
+  EXPECT_EQ(fileatrib(2049), "Readonly");
+  EXPECT_EQ(fileatrib(2064), "Folder  [Normal]");
+  EXPECT_EQ(propertiesAttributes(2064), "Folder(16), Normal");
+  EXPECT_EQ(fileatrib(2053), "Cannot Identify Attributes !");
+  EXPECT_EQ(fileatrib(4294967295u), "Cannot Identify Attributes !");
+}
+
+TEST(ValInputRule, FindsTheFirstCharacterThatMayNotStandInAName) {
+  for (const char refused : std::string("<>:/\\*?|\"")) {
+    const std::string name = std::string("ab") + refused + "c*";
+    EXPECT_EQ(firstRefusedCharacter(name), refused);
+    EXPECT_EQ(refusedCharacterText(refused), std::string("[ ") + refused + "InValid Chr. In Filename !, \r");
+  }
+  for (const char* name : {"", "a.b c-d_e", "ü;,'&%$", "con"})
+    EXPECT_FALSE(firstRefusedCharacter(name)) << name;
+}
+
+}  // namespace
+}  // namespace varnholt::core

@@ -1,0 +1,105 @@
+#include "platform/platform.hpp"
+
+#include "support/scratch_folder.hpp"
+
+#include <gtest/gtest.h>
+
+#include <list>
+
+namespace varnholt::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+class HostTest : public testing::Test {
+ protected:
+  HostTest() {
+    for (const char* name : {"windir", "SystemRoot", "SystemDrive", "ProgramFiles", "tmp", "temp"})
+      unset.emplace_back(name, nullptr);
+    fs::create_directories(folder / "home");
+    given.data = folder / "home/data";
+    given.assets = VARNHOLT_SOURCE_DIR "/assets";
+    given.drives = "C=" + folder / "home" + ";Z=/";
+  }
+
+  test::ScratchFolder folder;
+  std::list<test::ScopedVariable> unset;
+  HostFolders given;
+};
+
+TEST_F(HostTest, GivesAPlatformThatWorksAtTheFirstStart) {
+  const auto host = makePlatformHost(given);
+  Platform& platform = host->platform();
+  EXPECT_TRUE(platform.startNotices.empty());
+  EXPECT_EQ(platform.programFolder, "C:\\data");
+  EXPECT_EQ(platform.environment.variable("windir"), "C:\\data\\Windows");
+  EXPECT_TRUE(platform.files.fileExists("C:\\data\\Windows\\explorer.exe"));
+  EXPECT_TRUE(platform.files.fileExists("C:\\data\\Windows\\System32\\cmd.exe"));
+  EXPECT_TRUE(platform.files.folderExists(platform.environment.variable("tmp")));
+  EXPECT_TRUE(platform.files.folderExists(platform.assetsFolder + "\\windows"));
+  EXPECT_EQ(platform.drives.letters(), (std::vector<char>{'C', 'Z'}));
+  EXPECT_TRUE(platform.settings.save("a", "s", "k", "v"));
+  EXPECT_TRUE(platform.registry.createKey(RegistryRoot::CurrentUser, "Key"));
+}
+
+TEST_F(HostTest, RemembersFromOneStartToTheNext) {
+  {
+    const auto host = makePlatformHost(given);
+    ASSERT_TRUE(host->platform().settings.save("a", "s", "k", "v"));
+    ASSERT_TRUE(host->platform().registry.createKey(RegistryRoot::CurrentUser, "Key"));
+  }
+  const auto host = makePlatformHost(given);
+  EXPECT_EQ(host->platform().settings.get("a", "s", "k"), "v");
+  EXPECT_TRUE(host->platform().registry.keyExists(RegistryRoot::CurrentUser, "Key"));
+}
+
+TEST_F(HostTest, TellsOfDamagedFilesOnce) {
+  makePlatformHost(given);
+  folder.write("home/data/settings.db", "damaged");
+  folder.write("home/data/registry.db", "damaged");
+  EXPECT_EQ(
+      makePlatformHost(given)->platform().startNotices,
+      (std::vector<std::string>{"The settings file was damaged. It is kept as C:\\data\\settings.db.damaged-1, and "
+                                "a fresh one was made.",
+                                "The registry file was damaged. It is kept as C:\\data\\registry.db.damaged-1, and "
+                                "a fresh one was made."}));
+  EXPECT_TRUE(makePlatformHost(given)->platform().startNotices.empty());
+}
+
+TEST_F(HostTest, RunsTheScriptsOfTheWindowsFolder) {
+  const std::string record = folder.writeScript("bin/xdg-open", "#!/bin/sh\nprintf '%s' \"$1\" > \"$OUT\"\n");
+  const test::ScopedVariable path("PATH", (folder / "bin" + ":/usr/bin:/bin").c_str());
+  const test::ScopedVariable out("OUT", (folder / "out").c_str());
+  fs::create_directories(folder / "home/My Pictures");
+  const auto host = makePlatformHost(given);
+  Platform& platform = host->platform();
+  const auto process = platform.shell.start(platform.environment.windowsFolder() + "\\EXPLORER.EXE C:\\My Pictures");
+  ASSERT_TRUE(process) << process.error().text;
+  EXPECT_EQ(platform.shell.wait(*process).valueOr(-1), 0);
+  EXPECT_EQ(folder.read("out"), folder / "home/My Pictures");
+}
+
+TEST_F(HostTest, WithoutAPlaceForItsFilesAnswersWithErrors) {
+  folder.write("home/data", "a file in the way");
+  const auto host = makePlatformHost(given);
+  Platform& platform = host->platform();
+  EXPECT_EQ(platform.startNotices.size(), 1u);
+  EXPECT_EQ(platform.settings.get("a", "s", "k", "fallback"), "fallback");
+  EXPECT_FALSE(platform.settings.save("a", "s", "k", "v"));
+  EXPECT_EQ(platform.environment.windowsFolder(), "");
+  EXPECT_EQ(platform.environment.variable("tmp"), "");
+  EXPECT_EQ(folder.read("home/data"), "a file in the way");
+}
+
+TEST_F(HostTest, CanNameItsFilesOnNarrowDrives) {
+  given.data = folder / "away";
+  given.drives = "D=" + folder / "home";
+  const auto host = makePlatformHost(given);
+  EXPECT_EQ(host->platform().programFolder, "D:\\.varnholt");
+  EXPECT_EQ(host->platform().environment.windowsFolder(), "D:\\.varnholt\\Windows");
+  EXPECT_EQ(host->platform().environment.variable("temp"), "D:\\.varnholt\\Temp");
+  EXPECT_EQ(host->platform().assetsFolder, "");
+}
+
+}  // namespace
+}  // namespace varnholt::platform
