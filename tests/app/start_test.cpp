@@ -1,0 +1,296 @@
+#include "support/app_rig.hpp"
+
+#include "core/program_files.hpp"
+
+#include <gtest/gtest.h>
+
+namespace varnholt::app {
+namespace {
+
+using controls::MessageAnswer;
+using test::AppRig;
+using test::ScopedVariable;
+
+class StartTest : public testing::Test {
+ protected:
+  std::string setting(const core::SettingKey& key) { return core::Settings(rig.platform->settings).get(key); }
+  std::string programFile(std::string_view literal) { return rig.programFolder() + std::string(literal); }
+  std::string readProgramFile(std::string_view literal) {
+    return rig.platform->files.readFile(programFile(literal)).valueOr("");
+  }
+  void closeWindow() { rig.form().closeFromUser(); }
+
+  AppRig rig;
+};
+
+TEST_F(StartTest, AFirstStartHasEveryDefault) {
+  rig.write("C:\\letter.txt");
+  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  ASSERT_TRUE(rig.app().Main());
+  rig.loop.whenShows("frmTip").reads("Caption", "Varnholt StartUp Tip !").press("cmdOK");
+  rig.form().Activate();
+  rig.form().Activate();
+
+  EXPECT_EQ(rig.form().Panel1.path(), "C:\\");
+  EXPECT_EQ(rig.form().Text2.Text.get(), "C:\\");
+  EXPECT_EQ(rig.names(rig.form().Panel1), std::vector<std::string>{"letter|txt"});
+  EXPECT_EQ(rig.form().StatusBar1.panel(panels::status::ActiveView), "View2Active");
+  EXPECT_EQ(rig.form().mode(), "SelectMode");
+  EXPECT_EQ(rig.form().StatusBar1.panel(panels::status::Time), "Time: 14:05:07");
+  EXPECT_EQ(rig.form().StatusBar1.panel(panels::status::Date), "Date: 09-03-2007");
+  for (const char* on : {"PreFolder", "DateTime24", "DateModi", "AutoSaveHis", "TipStart", "Viewall", "BlueBlack"})
+    EXPECT_TRUE(rig.menu(on).Checked) << on;
+  for (const char* off : {"RLC", "HidSysfiles", "DateTime12", "LockOnLast", "IncludeFolder", "ValCopyMove", "GridLines",
+                          "ShiftColors", "ShiftColorOther", "Auto_Save", "VDTstartup"})
+    EXPECT_FALSE(rig.menu(off).Checked) << off;
+  EXPECT_FALSE(rig.menu("LockOnLast").Enabled);
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*) - Excl. Hidden and System Files.");
+  EXPECT_EQ(rig.form().ImageCombo1.Text.get(), "C:\\");
+  for (const auto folder : {core::program_file::VDT_Projects, core::program_file::Favorites, core::program_file::Tmp})
+    EXPECT_TRUE(rig.platform->files.folderExists(programFile(folder))) << folder;
+}
+
+TEST_F(StartTest, ANarrowScreenIsAWarningAndNoMore) {
+  rig.loop.screen().width = 9'990;
+  rig.loop.whenShows("Form13")
+      .reads("Caption", "Alert")
+      .reads("Label1", "Monitor Width to Small !")
+      .run([&](controls::Form&) {
+        EXPECT_TRUE(rig.form().Timer2.Enabled);
+        EXPECT_EQ(rig.form().Timer2.Interval, 2000);
+        rig.form().Timer2.Tick();
+      });
+  EXPECT_TRUE(rig.start());
+  EXPECT_FALSE(rig.form().Timer2.Enabled);
+  EXPECT_TRUE(rig.form().Visible);
+}
+
+TEST_F(StartTest, AWindowsFolderThatIsNotThereEndsTheProgram) {
+  const ScopedVariable windir("windir", "C:\\gone");
+  rig.restart();
+  rig.loop.whenBox("Alert !", MessageAnswer::Ok,
+                   "Windows Folder NOT Found or NOT Valid !, - make/set [windir=windows folder] Entvirontvariable !");
+  EXPECT_FALSE(rig.app().Main());
+  EXPECT_FALSE(rig.form().Visible);
+}
+
+TEST_F(StartTest, AShortWindirFallsBackOnTheSystemsFolder) {
+  const ScopedVariable windir("windir", "C:\\");
+  rig.restart();
+  EXPECT_TRUE(rig.start());
+  EXPECT_EQ(rig.app().program.folders.windir, rig.platform->environment.windowsFolder() + "\\");
+}
+
+TEST_F(StartTest, OtherVariablesThatNameNoFolderAreToldOnly) {
+  const ScopedVariable temporary("tmp", "C:\\no tmp"), root("SystemRoot", "C:\\no root"), programs("ProgramFiles", "");
+  rig.restart();
+  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  rig.loop.whenBox("Alert !", MessageAnswer::Ok,
+                   "%SystemRoot% Folder Not Found !, - make/set [SystemRoot= windows folder] Entvirontvariable");
+  rig.loop.whenBox("Alert !", MessageAnswer::Ok,
+                   "%tmp% Folder Not Found !, - make/set [tmp=tmp folder] Entvirontvariable");
+  EXPECT_TRUE(rig.app().Main());
+  EXPECT_EQ(rig.app().program.folders.tmp, "");
+  EXPECT_EQ(rig.app().program.folders.ProgramFiles, "");
+  EXPECT_NE(rig.app().program.folders.temp, "");
+}
+
+TEST_F(StartTest, TheLogIsWrittenOnceAndNeverAgain) {
+  ASSERT_TRUE(rig.start());
+  const std::string log = readProgramFile(core::program_file::Log);
+  EXPECT_TRUE(log.starts_with("[VnVersion]     " + core::programVersion() +
+                              "\r\n[Curdate]       09-03-2007\r\n[Windir]        "))
+      << log;
+  EXPECT_NE(log.find("\r\n[Platform]      2\r\n[OSVersion]     6.0\r\n[OSBuild]       6002\r\n[Install. Path] "),
+            std::string::npos);
+  EXPECT_NE(log.find("[FreeSpace]     ~ "), std::string::npos);
+  EXPECT_TRUE(log.ends_with(" MB Free\r\n")) << log;
+  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::Log), "mine"));
+  rig.restart();
+  ASSERT_TRUE(rig.start());
+  EXPECT_EQ(readProgramFile(core::program_file::Log), "mine");
+}
+
+TEST_F(StartTest, TheTipShowsAtEachStartUntilItsBoxIsChecked) {
+  for (const bool checkBox : {false, true}) {
+    rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+    rig.loop.whenShows("frmTip")
+        .run([&](controls::Form& form) {
+          if (checkBox) dynamic_cast<controls::CheckBox&>(*form.control("LoadTip")).toggleFromUser();
+        })
+        .press("cmdOK");
+    ASSERT_TRUE(rig.app().Main());
+    rig.form().Activate();
+    EXPECT_EQ(rig.menu("TipStart").Checked, !checkBox);
+    closeWindow();
+    rig.restart();
+  }
+  EXPECT_EQ(setting(core::setting::Tip_State), "1");
+  EXPECT_TRUE(rig.start(true));
+}
+
+TEST_F(StartTest, WhatTheUserChoseIsThereAtTheNextStart) {
+  ASSERT_TRUE(rig.start());
+  for (const char* entry :
+       {"HidSysfiles", "DateCreate", "DateTime12", "GridLines", "ShiftColors", "BrownBlack", "RLC", "IncludeFolder"})
+    rig.menu(entry).choose();
+  rig.menu("LockOnLast").choose();
+  rig.form().Panel1.list.widthFromUser(0, 1234);
+  rig.menu("SavColumnH").choose();
+  rig.menu("Auto_Save").choose();
+  rig.form().Left = 300;
+  rig.form().Width = 9000.5;
+  rig.app().Form9.Top = 450;
+  closeWindow();
+  EXPECT_TRUE(rig.loop.quitAsked);
+
+  rig.restart();
+  ASSERT_TRUE(rig.start());
+  for (const char* on : {"HidSysfiles", "DateCreate", "DateTime12", "GridLines", "ShiftColors", "BrownBlack", "RLC",
+                         "IncludeFolder", "LockOnLast", "Auto_Save"})
+    EXPECT_TRUE(rig.menu(on).Checked) << on;
+  EXPECT_FALSE(rig.menu("BlueBlack").Checked);
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*)");
+  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[3].Text, "Date Created:");
+  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[0].Width, 1234);
+  EXPECT_TRUE(rig.form().ListView1.GridLines);
+  EXPECT_TRUE(rig.form().ListView1.Picture->ends_with("\\line34db.jpg"));
+  EXPECT_EQ(rig.form().Left, 300.0);
+  EXPECT_EQ(rig.form().Width, 9000.5);
+  EXPECT_EQ(rig.app().Form9.Top, 450.0);
+  EXPECT_EQ(setting(core::setting::MainViewState), "3");
+  EXPECT_EQ(setting(core::setting::view1path), "C:\\");
+}
+
+TEST_F(StartTest, ABadStoredNumberCostsOnlyItsOwnValue) {
+  core::Settings settings(rig.platform->settings);
+  settings.save(core::setting::Left, "12x");
+  settings.save(core::setting::Top, "345,5");
+  settings.save(core::setting::Skintype, "-3");
+  settings.save(core::setting::W1Col1, "900");
+  settings.save(core::setting::W1Col2, "wide");
+  ASSERT_TRUE(rig.start());
+  EXPECT_EQ(rig.form().Left, 0.0);
+  EXPECT_EQ(rig.form().Top, 345.5);
+  EXPECT_EQ(rig.app().program.init.Skintype, "0");
+  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[0].Width, 900);
+  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[1].Width, panels::panelColumns()[1].Width);
+}
+
+TEST_F(StartTest, HistoriesComeBackWithoutWhatIsGone) {
+  rig.makeFolder("C:\\here");
+  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::DirHis),
+                                            "C:\\here\r\nC:\\vanished\\\n\r\nc:\\HERE\\\r\n\xFF\x00 garbage\r\n"));
+  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\nC:\\b.txt"));
+  ASSERT_TRUE(rig.start());
+  EXPECT_EQ(rig.app().histories.folders.entries(), std::vector<std::string>{"C:\\here\\"});
+  EXPECT_EQ(rig.form().ImageCombo1.Items->size(), 1u);
+  EXPECT_EQ(rig.app().histories.files.entries(), (std::vector<std::string>{"C:\\a.txt", "C:\\b.txt"}));
+
+  closeWindow();
+  EXPECT_EQ(readProgramFile(core::program_file::DirHis), "C:\\here\\\r\n");
+  EXPECT_EQ(readProgramFile(core::program_file::FileHis), "C:\\a.txt\r\nC:\\b.txt\r\n");
+  EXPECT_EQ(readProgramFile(core::program_file::GetFolders), "C:\\\r\n");
+}
+
+TEST_F(StartTest, WithoutAutoSaveTheHistoriesStayAsTheyAre) {
+  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\n"));
+  ASSERT_TRUE(rig.start());
+  rig.app().histories.files.add("C:\\new.txt");
+  rig.menu("AutoSaveHis").choose();
+  closeWindow();
+  EXPECT_EQ(readProgramFile(core::program_file::FileHis), "C:\\a.txt\r\n");
+  EXPECT_EQ(setting(core::setting::FolderHistory), "0");
+}
+
+TEST_F(StartTest, MissingLineImagesAreToldAndLeaveTheGrid) {
+  ASSERT_TRUE(rig.platform->files.deleteFile(programFile(core::program_file::Line34dg), true));
+  core::Settings(rig.platform->settings).save(core::setting::MainViewState, "3");
+  core::Settings(rig.platform->settings).save(core::setting::Tip_State, "1");
+  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  rig.loop.whenShows("Form13")
+      .reads("Label1", "\rImage File Line34*.Jpg missing In App. Folder !")
+      .run([](controls::Form& form) { form.control("Label1")->Click(); });
+  ASSERT_TRUE(rig.app().Main());
+  EXPECT_TRUE(rig.menu("GridLines").Checked);
+  EXPECT_FALSE(rig.menu("ShiftColors").Checked);
+  rig.loop.whenShows("Form12").reads("Label1", "Image File Line34*.Jpg missing In App. Folder !\r").press("Command11");
+  rig.menu("ShiftColors").choose();
+  EXPECT_FALSE(rig.menu("ShiftColors").Checked);
+}
+
+TEST_F(StartTest, ResettingToDefaultsAsksFirst) {
+  core::Settings settings(rig.platform->settings);
+  settings.save(core::setting::Hight, 6000.0);
+  settings.save(core::setting::W1Col1, 700.0);
+  ASSERT_TRUE(rig.start());
+  const std::string text = "Varnholt Resets To Default Positions/Size !\rProgram Shut Down... !";
+  rig.loop.whenBox("Alert !", MessageAnswer::Cancel, text);
+  rig.menu("ReturnDefault").choose();
+  EXPECT_FALSE(rig.loop.quitAsked);
+  EXPECT_EQ(setting(core::setting::Hight), "6000");
+  rig.loop.whenBox("Alert !", MessageAnswer::Ok, text);
+  rig.menu("ReturnDefault").choose();
+  EXPECT_TRUE(rig.loop.quitAsked);
+  EXPECT_EQ(setting(core::setting::Hight), "");
+  EXPECT_EQ(setting(core::setting::W1Col1), "");
+}
+
+TEST_F(StartTest, UninstallingNeedsTwoConfirmations) {
+  ASSERT_TRUE(rig.start());
+  const std::string first =
+      "Warning: Are you About to Prepare for Uninstall. !\rAll Program related settings/data will be deleted !\r"
+      "Program will shut down afterwards !\rARE YOU SURE ?";
+  rig.loop.whenShows("Form11").reads("Label1", first).press("Command11");
+  rig.loop.whenShows("Form11").closes();
+  rig.menu("Peruninstall").choose();
+  EXPECT_FALSE(rig.loop.quitAsked);
+  EXPECT_TRUE(rig.platform->files.folderExists(programFile(core::program_file::Notes)));
+
+  rig.loop.whenShows("Form11").press("Command11");
+  rig.loop.whenShows("Form11")
+      .reads("Label1", "All Personal program data are Lost !\rUninstall program from windows control panel "
+                       "afterwards.\rARE YOU QUIT SURE ?")
+      .press("Command11");
+  rig.loop.whenShows("Form13")
+      .reads("Caption", "Information")
+      .reads("Label1", "System Cleaned before Uninstall !")
+      .run([&](controls::Form&) { rig.form().Timer2.Tick(); });
+  rig.menu("Peruninstall").choose();
+  EXPECT_TRUE(rig.loop.quitAsked);
+  EXPECT_FALSE(rig.platform->files.folderExists(programFile(core::program_file::Notes)));
+  EXPECT_FALSE(rig.platform->files.fileExists(programFile(core::program_file::Log)));
+  EXPECT_TRUE(rig.platform->files.fileExists(programFile(core::program_file::Line34)));
+  EXPECT_EQ(setting(core::setting::Tip_State), "0") << "the store is empty again";
+}
+
+TEST_F(StartTest, LeavingCleansOnlyTheProgramsOwnTemporaryFiles) {
+  rig.makeFolder("C:\\tmp folder");
+  const ScopedVariable temporary("tmp", "C:\\tmp folder");
+  rig.restart();
+  rig.write("C:\\tmp folder\\vnh0001.tmp");
+  rig.write("C:\\tmp folder\\other.tmp");
+  rig.makeFolder("C:\\tmp folder\\vnhfolder");
+  ASSERT_TRUE(rig.start());
+  rig.form().Command10.press();
+  EXPECT_FALSE(rig.exists("C:\\tmp folder\\vnh0001.tmp"));
+  EXPECT_TRUE(rig.exists("C:\\tmp folder\\other.tmp"));
+  EXPECT_TRUE(rig.exists("C:\\tmp folder\\vnhfolder"));
+  EXPECT_TRUE(rig.loop.quitAsked);
+}
+
+TEST_F(StartTest, ADamagedSettingsFileIsSetAsideAndTold) {
+  ASSERT_TRUE(rig.start());
+  closeWindow();
+  const std::string file = programFile("\\settings.db");
+  ASSERT_TRUE(rig.platform->files.fileExists(file));
+  ASSERT_TRUE(rig.platform->files.writeFile(file, "this is no database at all, but it is long enough to look at"));
+  rig.restart();
+  rig.loop.whenShows("Form12").press("Command11");
+  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  EXPECT_TRUE(rig.app().Main());
+  EXPECT_TRUE(rig.platform->files.fileExists(file + ".damaged-1"));
+}
+
+}  // namespace
+}  // namespace varnholt::app
