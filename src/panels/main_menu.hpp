@@ -9,7 +9,8 @@
 
 namespace varnholt::panels {
 
-/// The menu bar of the main window, made from the command table: headings in the order in which the table names them.
+/// The menu bar of the main window, made from the command table. Headings stand in the order of headingNames(), entries
+/// in the order of the table.
 class MainMenu {
  public:
   explicit MainMenu(controls::Form& form) : form_(form) {}
@@ -25,10 +26,14 @@ class MainMenu {
  private:
   controls::MenuItem* heading(const std::string& path);
   controls::MenuItem& make(const std::string& name, controls::MenuItem* parent);
+  void makeBar(const CommandTable& commands);
+  void addEntry(const Command& command);
+  void addLine(const Command& command);
 
   controls::Form& form_;
   std::map<std::string, std::unique_ptr<controls::MenuItem>> byName_;
   int separators_ = 0;
+  bool hasLine_ = false;
 };
 
 }  // namespace varnholt::panels

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "panels/command_table.hpp"
+
+#include <span>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace varnholt::panels {
+
+/// The commands of the panels and of the program itself: start and end, settings, listing, navigation, selection,
+/// trees and looks. They have no handler yet: the owner of each handler binds it.
+std::vector<Command> panelCommands();
+
+/// The entries that end their menus. They are added to the table after the rows of all rooms.
+std::vector<Command> closingCommands();
+
+/// Path of a menu heading, and the control name under which code finds it.
+using HeadingName = std::pair<std::string_view, std::string_view>;
+
+/// The headings of the menu bar in their order, and the menus in a menu that code enables or disables. Any other
+/// heading is named "Heading " and its path.
+std::span<const HeadingName> headingNames();
+
+}  // namespace varnholt::panels

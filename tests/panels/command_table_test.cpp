@@ -1,0 +1,362 @@
+#include "app/planned_commands.hpp"
+#include "panels/form1.hpp"
+#include "panels/panel_commands.hpp"
+#include "support/scripted_loop.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <utility>
+
+namespace varnholt::tests {
+namespace {
+
+using controls::MenuItem;
+using panels::Command;
+
+std::vector<Command> allRows() {
+  auto rows = panels::panelCommands();
+  for (auto more : {app::plannedCommands(), panels::closingCommands()})
+    std::ranges::move(more, std::back_inserter(rows));
+  return rows;
+}
+
+bool isSeparator(const Command& row) { return row.menuText == "-"; }
+
+std::string entryName(const Command& row) {
+  return row.menu.empty() ? row.handler.substr(0, row.handler.rfind("_Click")) : row.menu;
+}
+
+/// The main window with all commands in its menu.
+struct Window {
+  explicit Window(std::vector<Command> rows = allRows()) {
+    form.commands.add(std::move(rows));
+    form.Menu.build(form.commands);
+  }
+  std::vector<const MenuItem*> items() const {
+    std::vector<const MenuItem*> found;
+    for (const controls::Control* control : form.controls())
+      if (const auto* item = dynamic_cast<const MenuItem*>(control)) found.push_back(item);
+    return found;
+  }
+  std::vector<const MenuItem*> bar() const {
+    auto found = items();
+    std::erase_if(found, [](const MenuItem* item) { return item->parent(); });
+    return found;
+  }
+  /// The bar, and each menu under its heading's caption.
+  std::map<std::string, std::vector<const MenuItem*>> menus() const {
+    std::map<std::string, std::vector<const MenuItem*>> found{{"the bar", bar()}};
+    for (const MenuItem* item : items())
+      if (!item->children().empty()) found[item->Caption].assign(item->children().begin(), item->children().end());
+    return found;
+  }
+
+  ScriptedLoop loop;
+  panels::Form1 form{loop};
+};
+
+// --- The rows --------------------------------------------------------------------------------------------------------
+
+TEST(CommandRows, EachHandlerHasOneRow) {
+  std::set<std::string> seen;
+  for (const Command& row : allRows()) {
+    EXPECT_FALSE(row.handler.empty()) << row.menuText;
+    EXPECT_TRUE(seen.insert(row.handler).second) << row.handler;
+  }
+}
+
+TEST(CommandRows, EachSaysWhatItIsAndWhatItDoes) {
+  for (const Command& row : allRows()) {
+    if (isSeparator(row)) continue;
+    EXPECT_FALSE(row.toolTip.empty()) << row.handler;
+    EXPECT_TRUE(row.handler.ends_with("_Click")) << row.handler;
+    EXPECT_EQ(row.heading.empty(), row.menuText.empty()) << row.handler;
+    EXPECT_FALSE(row.button.empty() && row.heading.empty()) << row.handler << " can be reached by nothing";
+    if (!row.button.empty()) {
+      EXPECT_FALSE(row.caption.empty() && row.icon.empty()) << row.handler;
+    }
+  }
+}
+
+TEST(CommandRows, NoShortcutHasTwoMeanings) {
+  std::map<std::string, std::string> seen;
+  for (const Command& row : allRows())
+    if (!row.shortcut.empty()) {
+      EXPECT_TRUE(seen.emplace(row.shortcut, entryName(row)).second) << row.shortcut;
+    }
+
+  const std::map<std::string, std::string> given{{"Ctrl+C", "WinCopy"},
+                                                 {"Ctrl+V", "WinPaste"},
+                                                 {"Ctrl+X", "MoveItems"},
+                                                 {"Ctrl+N", "Foldermake"},
+                                                 {"Ctrl+P", "presetsetup"},
+                                                 {"Ctrl+U", "Fdetails"},
+                                                 {"Ctrl+M", "Filepatt"},
+                                                 {"Ctrl+S", "Recallprevius"},
+                                                 {"Ctrl+L", "LocalDesk"},
+                                                 {"Alt+F4", "exit_program"},
+                                                 {"Alt+Backspace", "Picview_Toggle"},
+                                                 {"F12", "Picview"},
+                                                 {"F4", "refrechview"}};
+  EXPECT_EQ(seen, given);
+}
+
+TEST(CommandRows, LastCommandNumbersLeadToTheirHandlers) {
+  std::map<int, std::string> seen;
+  for (const Command& row : allRows())
+    if (row.number != 0) {
+      EXPECT_TRUE(seen.emplace(row.number, row.handler).second) << row.number;
+    }
+
+  // These numbers lie in the settings of users: they never change.
+  const std::map<int, std::string> given{
+      {1, "Command1_Click"},      {2, "Command3_Click"},        {3, "Command4_Click"},   {4, "Command11_Click"},
+      {5, "Command5_Click"},      {6, "Command16_Click"},       {7, "Command2_Click"},   {8, "Command13_Click"},
+      {9, "Command14_Click"},     {10, "Command15_Click"},      {11, "Command12_Click"}, {12, "Command17_Click"},
+      {13, "Command26_Click"},    {14, "Command27_Click"},      {15, "selectall_Click"}, {16, "OpenItem_Click"},
+      {17, "Recent_Files_Click"}, {18, "addfavor_Click"},       {19, "showfavor_Click"}, {20, "addtobook_Click"},
+      {21, "OpenBook_Click"},     {24, "Com_Sync_Click"},       {28, "NetOp_Click"},     {29, "DiskInfo_Click"},
+      {36, "viewlastexit_Click"}, {62, "Comp_SyncBatch_Click"}, {63, "LocalDesk_Click"}, {64, "DynPresets_Click"},
+      {71, "NewPro_Click"},       {72, "OpenPro_Click"},        {80, "Viewuser_Click"},  {81, "multiAtribut_Click"},
+      {82, "RegOptions_Click"}};
+  EXPECT_EQ(seen, given);
+}
+
+TEST(CommandRows, ModeWordsBelongToTheirHandlers) {
+  std::map<std::string, std::string> seen;
+  for (const Command& row : allRows())
+    if (!row.mode.empty()) seen.emplace(row.handler, row.mode);
+
+  const std::map<std::string, std::string> given{
+      {"Command1_Click", "CopyMode"},         {"Command3_Click", "MoveMode"},
+      {"Command4_Click", "DeleteMode"},       {"Command5_Click", "FilterMode"},
+      {"Command11_Click", "FolderMode"},      {"Command12_Click", "PresetMode"},
+      {"Command13_Click", "EditMode"},        {"Command14_Click", "RenameMode"},
+      {"Command15_Click", "FilesMode"},       {"Command16_Click", "RecallMode"},
+      {"Command17_Click", "CleanMode"},       {"selectall_Click", "SelectMode"},
+      {"Inversel_Click", "SelectMode"},       {"Dos_Click", "DosMode"},
+      {"OpenBook_Click", "BookMarkMode"},     {"showfavor_Click", "FavoritMode"},
+      {"multiAtribut_Click", "AttributMode"}, {"Treeon_Click", "TreeMode"},
+      {"Viewuser_Click", "ViewMode"},         {"Com_Sync_Click", "CompareMode"}};
+  EXPECT_EQ(seen, given);
+}
+
+TEST(CommandRows, EachIconIsOfTheFamily) {
+  const std::filesystem::path icons = std::filesystem::path(VARNHOLT_SOURCE_DIR) / "assets" / "icons";
+  for (const Command& row : allRows())
+    if (!row.icon.empty()) {
+      EXPECT_TRUE(std::filesystem::exists(icons / (row.icon + ".svg"))) << row.icon;
+    }
+}
+
+TEST(CommandRows, EachButtonOfTheWindowHasOneAndNoOther) {
+  Window window;
+  std::set<std::string> inRows, inWindow;
+  for (const Command& row : allRows())
+    if (!row.button.empty()) {
+      EXPECT_TRUE(inRows.insert(row.button).second) << row.button;
+    }
+  for (const controls::Control* control : window.form.controls())
+    if (control->kind() == controls::Kind::Button) inWindow.insert(control->name());
+  EXPECT_EQ(inRows, inWindow);
+}
+
+// --- The menu made from them -----------------------------------------------------------------------------------------
+
+TEST(MainMenu, HeadingsStandInOneOrderWhoeverAddsFirst) {
+  const std::vector<std::string> order{"&File", "&Select", "&View", "&Go", "&Places", "&Tools", "&Options", "&Help"};
+  auto backwards = allRows();
+  std::ranges::reverse(backwards);
+  for (const auto& rows : {allRows(), backwards}) {
+    Window window(rows);
+    std::vector<std::string> captions;
+    for (const MenuItem* item : window.bar())
+      if (!item->RightAligned) captions.push_back(item->Caption);
+    EXPECT_EQ(captions, order);
+  }
+}
+
+TEST(MainMenu, MnemonicsAreUniqueInEachMenu) {
+  Window window;
+  for (const auto& [menu, items] : window.menus()) {
+    std::map<int, std::string> seen;
+    for (const MenuItem* item : items) {
+      const std::string caption = item->Caption;
+      const auto mark = caption.find('&');
+      if (mark == std::string::npos) continue;
+      ASSERT_LT(mark + 1, caption.size()) << caption;
+      const int letter = std::tolower(static_cast<unsigned char>(caption[mark + 1]));
+      EXPECT_TRUE(std::isalnum(letter)) << caption;
+      EXPECT_EQ(caption.find('&', mark + 1), std::string::npos) << caption;
+      const auto [other, fresh] = seen.emplace(letter, caption);
+      EXPECT_TRUE(fresh) << menu << ": " << caption << " and " << other->second;
+    }
+  }
+}
+
+TEST(MainMenu, SeparatorsPartEntriesOnly) {
+  Window window;
+  for (const auto& [menu, items] : window.menus()) {
+    ASSERT_FALSE(items.empty());
+    EXPECT_NE(items.front()->Caption.get(), "-") << menu;
+    EXPECT_NE(items.back()->Caption.get(), "-") << menu;
+    const auto twice = std::ranges::adjacent_find(
+        items, [](const MenuItem* a, const MenuItem* b) { return a->Caption == "-" && b->Caption == "-"; });
+    EXPECT_EQ(twice, items.end()) << menu;
+  }
+}
+
+TEST(MainMenu, NoEntryTakesTheNameOfAnotherControl) {
+  Window window;
+  std::set<std::string> seen;
+  for (const controls::Control* control : window.form.controls())
+    EXPECT_TRUE(seen.insert(control->name()).second) << control->name();
+}
+
+TEST(MainMenu, ExitEndsTheFileMenu) {
+  Window window;
+  EXPECT_EQ(window.form.Menu["FileMenu"].children().back()->name(), "exit_program");
+}
+
+TEST(MainMenu, EntriesThatCodeSwitchesExist) {
+  Window window;
+  for (const char* name : {"HidSysfiles",   "Viewall",
+                           "ViewProg",      "Viewuser",
+                           "Viewfilter",    "Filefilter",
+                           "DateModi",      "DateCreate",
+                           "DateAcess",     "DateTime12",
+                           "DateTime24",    "GridLines",
+                           "ShiftColors",   "ShiftColorOther",
+                           "BlueBlack",     "BrownBlack",
+                           "GrayBlack",     "ColorMenu",
+                           "Cleanwindows",  "View",
+                           "Auto_Save",     "AutoSaveHis",
+                           "WinStart",      "PreFolder",
+                           "RLC",           "LockOnLast",
+                           "IncludeFolder", "ValCopyMove",
+                           "TipStart",      "VDTstartup",
+                           "Psi",           "selhis",
+                           "CmdLine",       "Dos",
+                           "IPconfig",      "IPconfignew",
+                           "NetOp",         "DiskGraH",
+                           "DrivetestAll",  "QuickFind",
+                           "Picview",       "LocalDesk",
+                           "Clear_Vd",      "DelItems_Vd",
+                           "CopyVDT",       "CopySelection",
+                           "CopyItems",     "WinCopy",
+                           "WinPaste",      "CopyDesktop",
+                           "Deleteitems",   "EditFile",
+                           "Fdetails",      "Filepatt",
+                           "Makefile",      "Foldermake",
+                           "MoveItems",     "multiAtribut",
+                           "RenFileFolder", "selectall",
+                           "Selsize",       "Inversel"})
+    EXPECT_TRUE(window.form.Menu.has(name)) << name;
+}
+
+TEST(MainMenu, EntriesReadAsTheyAlwaysDid) {
+  const std::map<std::string, std::string> given{
+      {"Viewall", "All Files  (*.*)   [Default]"},
+      {"ViewProg", "Programs Only (*.exe , *.Com)"},
+      {"Viewuser", "User Specification (User.user)"},
+      {"HidSysfiles", "Hidden and system Files"},
+      {"Viewfilter", "|  View Filter:  All Files  (*.*)"},
+      {"WinStart", "Goto Last Opened Folder When Drive Changed !"},
+      {"RunLastCommand", "Run Last Command"},
+      {"CmdLine", "CommandLine [Ctrl+Enter]"},
+      {"rootreset", "Return to Root Folder"},
+      {"BlueBlack", "Blue-Black (Default)"},
+      {"BrownBlack", "Brown-Black"},
+      {"GrayBlack", "Gray-Black"},
+      {"LeftToRight", "Set Left View = Right View"},
+      {"RigthToLeft", "Set Right View = Left View"},
+      {"SourceToTarget", "Set Target View = Source View"},
+      {"TargetFolder", "Set Target Drive Folder = Source Drive Folder"},
+      {"Com_Sync", "Normal Mode"},
+      {"Comp_SyncBatch", "Batch Mode"},
+      {"LLComp", "Line To Line Compare"},
+      {"CleanUpSearch", "CleanUp - Search"},
+      {"Filepatt", "Filter Function"},
+      {"LocalDesk", "Virtual DeskTop [on/off]"},
+      {"DelItems_Vd", "Detete Selected Item(s)"},
+      {"Clear_Vd", "Clear Virtual Desktop"},
+      {"OpenPro", "Open Project"},
+      {"NewPro", "New Project"},
+      {"DeletePro", "Delete Project"},
+      {"CopyVDT", "Copy Items (Simplified) From VDT"},
+      {"VDTstartup", "Enable Virtual DeskTop At StartUp"},
+      {"addfavor", "Add To Favorites"},
+      {"showfavor", "Open Favorites"},
+      {"presetsetup", "Open Static Presets"},
+      {"QuickFindFolder", "Quick Find Folder On Drive(s)"},
+      {"QuickFind", "Quick Find File In Active View"},
+      {"QuickFolderInView", "Quick Find Item In Active View"},
+      {"DiskInfo", "Quick Disk/Memory Information"},
+      {"DiskGraH", "Disk Usage In Graphics (Selected Items)"},
+      {"DrivetestAll", "Test Your Drives For Ready Condition !"},
+      {"Memory_fast", "Memory"},
+      {"attackdrive", "Map Drive"},
+      {"Detachdrive", "Disconnect Drive"},
+      {"NetOp", "Optimize Networking (XP/Vista)"},
+      {"CommaFile", "Selection > Comma File [ *.Csv  Excel ]"},
+      {"IPconfig", "IP Config Status"},
+      {"IPconfignew", "IP Config Renew"},
+      {"winexpl", "Windows Explorer (View Active Panel)"},
+      {"winexplBoth", "Windows Explorer (View Both Panels)"},
+      {"regedit", "Registry Editor"},
+      {"OutlookExpress", "Mail - Outlook Express"},
+      {"InternetB", "Internet Explorer (IE)"},
+      {"WinShutDown", "Windows Logoff"},
+      {"Readme", "Read me.."},
+      {"CleanPrefetch", "Clean Prefetch Folder"},
+      {"DelCookies", "Delete Cookies"},
+      {"DelRecent", "Delete Recent Files"},
+      {"Picview_Toggle", "Picture View - Toggle"},
+      {"Picview", "Picture Stretch [on/off]"},
+  };
+  Window window;
+  for (const auto& [name, text] : given)
+    EXPECT_EQ(window.form.Menu[name].Caption.get(), text) << name;
+}
+
+TEST(MainMenu, WhatIsNotBuiltYetIsDisabledAndSaysSo) {
+  int ran = 0;
+  Window window(
+      {{.handler = "Later_Click", .toolTip = "Does it later", .heading = "File", .menuText = "&Later"},
+       {.handler = "Now_Click", .toolTip = "Does it now", .heading = "File", .menuText = "&Now", .run = [&ran] {
+          ++ran;
+        }}});
+  auto& later = window.form.Menu["Later"];
+  EXPECT_FALSE(later.Enabled);
+  EXPECT_EQ(later.ToolTipText.get(), "Does it later (not available in this version)");
+  later.choose();
+  EXPECT_EQ(ran, 0);
+
+  auto& now = window.form.Menu["Now"];
+  EXPECT_TRUE(now.Enabled);
+  EXPECT_EQ(now.ToolTipText.get(), "Does it now");
+  now.choose();
+  EXPECT_EQ(ran, 1);
+}
+
+TEST(MainMenu, FilterLinesShareTheRightEndOfTheBar) {
+  Window window;
+  const auto& view = window.form.Menu["Viewfilter"];
+  const auto& file = window.form.Menu["Filefilter"];
+  for (const MenuItem* line : {&view, &file}) {
+    EXPECT_TRUE(line->RightAligned) << line->name();
+    EXPECT_EQ(line->parent(), nullptr) << line->name();
+    EXPECT_TRUE(line->Enabled) << line->name();
+    EXPECT_EQ(line->ToolTipText->find("not available"), std::string::npos) << line->name();
+  }
+  EXPECT_TRUE(view.Visible);
+  EXPECT_FALSE(file.Visible);
+}
+
+}  // namespace
+}  // namespace varnholt::tests
