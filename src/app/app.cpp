@@ -34,6 +34,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       start({Form1, program, listing, activePanel, looks, choices, state, histories, frmTip}) {
   Form1.commands.add(panels::panelCommands());
   Form1.commands.add(plannedCommands());
+  Form1.commands.add(panels::closingCommands());
   bindCommands();
   Form1.Menu.build(Form1.commands);
   drawButtons();
@@ -128,7 +129,7 @@ void App::bindCommands() {
   bind("LockOnLast_Click", [this] { dispatcher.LockOnLast_Click(); });
   bind("PreFolder_Click", [this] { dispatcher.PreFolder_Click(); });
   bind("RLC_Click", [this] { dispatcher.RLC_Click(); });
-  bind("RunLast_Click", [this] { dispatcher.runLast(); });
+  bind("RunLastCommand_Click", [this] { dispatcher.runLast(); });
   bind("CmdLine_Click", [this] { keys.commandline(); });
   // Plain check marks
   for (const char* entry : {"Auto_Save", "AutoSaveHis", "WinStart", "selhis", "Psi", "TipStart"})

@@ -1,5 +1,6 @@
 #include "support/app_rig.hpp"
 
+#include "core/diagnostic_log.hpp"
 #include "core/program_files.hpp"
 
 #include <gtest/gtest.h>
