@@ -12,7 +12,7 @@
 #include <set>
 #include <utility>
 
-namespace varnholt::tests {
+namespace varnholt::test {
 namespace {
 
 using controls::MenuItem;
@@ -359,4 +359,4 @@ TEST(MainMenu, FilterLinesShareTheRightEndOfTheBar) {
 }
 
 }  // namespace
-}  // namespace varnholt::tests
+}  // namespace varnholt::test

@@ -1,0 +1,316 @@
+#include "support/app_rig.hpp"
+
+#include "platform/forwarding_file_system.hpp"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace varnholt::app {
+namespace {
+
+using panels::Panel;
+using test::AppRig;
+namespace column = panels::column;
+
+class ListingTest : public testing::Test {
+ protected:
+  using Names = std::vector<std::string>;
+  panels::Form1& form() { return rig.form(); }
+  Panel& left() { return rig.form().Panel1; }
+  Panel& right() { return rig.form().Panel2; }
+  std::string cells(const Panel& panel, std::uint32_t row) {
+    std::string all;
+    for (int column = 0; column < column::Count; ++column)
+      all += (column ? "|" : "") + panel.list.cell(row, column);
+    return all;
+  }
+  std::string rowText(Panel& panel, const std::string& text) { return cells(panel, rig.rowOf(panel, text)); }
+  void attributes(std::string_view path, platform::Attributes value) {
+    ASSERT_TRUE(rig.platform->files.setAttributes(std::string(path), value));
+  }
+
+  AppRig rig;
+};
+
+TEST_F(ListingTest, RowsTellFoldersAndFilesApart) {
+  rig.makeFolder("C:\\Photos.2024");
+  rig.write("C:\\report.final.txt", std::string(1234567, 'x'));
+  rig.write("C:\\empty", "");
+  rig.write("C:\\ends in point.", "12");
+  for (const char* path : {"C:\\report.final.txt", "C:\\empty", "C:\\ends in point.", "C:\\Photos.2024"})
+    rig.setDate(path, 2023, 12, 31);
+  rig.startLeft();
+  EXPECT_EQ(rowText(left(), "\\ Photos.2024"), "\\ Photos.2024| |< Folder >|31-12-23  12:00||");
+  EXPECT_EQ(rowText(left(), "report.final"),
+            "report.final|txt|1,234,567|31-12-23  12:00|000,001,234,567|000000000045291");
+  EXPECT_EQ(rowText(left(), "empty"), "empty||0|31-12-23  12:00|0|000000000045291");
+  EXPECT_EQ(rowText(left(), "ends in point."), "ends in point.||2|31-12-23  12:00|000,000,000,002|000000000045291");
+  EXPECT_EQ(left().list.item(rig.rowOf(left(), "\\ Photos.2024")).SmallIcon(), 6);
+  EXPECT_EQ(left().list.item(rig.rowOf(left(), "empty")).SmallIcon(), 7);
+  EXPECT_EQ(left().fileName(left().list.item(rig.rowOf(left(), "empty"))), "empty");
+}
+
+TEST_F(ListingTest, AwkwardEntriesAreListedAsWhatTheyAre) {
+  const std::string folder = rig.systemPath("C:\\");
+  rig.write("C:\\back", "");
+  std::filesystem::rename(folder + "back", folder + "a\\b.txt");
+  rig.write("C:\\line\nbreak.txt");
+  rig.write("C:\\bytes \xFF\xFE.bin");
+  rig.write("C:\\target\\inside.txt");
+  std::filesystem::create_symlink("nowhere", folder + "dangling.lnk");
+  std::filesystem::create_directory_symlink("target", folder + "to folder");
+  ASSERT_EQ(::mkfifo((folder + "pipe").c_str(), 0600), 0);
+  std::filesystem::resize_file((rig.write("C:\\huge.img"), folder + "huge.img"), 5ull << 30);
+  rig.setDate("C:\\huge.img", 1950, 12, 31);
+  rig.startLeft();
+  EXPECT_EQ(left().list.cell(rig.rowOf(left(), "huge"), column::Size), "5,368,709,120");
+  EXPECT_EQ(left().list.cell(rig.rowOf(left(), "huge"), column::Date), "31-12-50  12:00");
+  EXPECT_EQ(left().list.cell(rig.rowOf(left(), "\\ to folder"), column::Size), "< Folder >");
+  EXPECT_EQ(left().list.source().emblem(left().list.idAt(rig.rowOf(left(), "dangling"))), controls::Emblem::LinkGone);
+  EXPECT_EQ(left().list.source().emblem(left().list.idAt(rig.rowOf(left(), "\\ to folder"))), controls::Emblem::Link);
+  rig.rowOf(left(), "pipe");
+  rig.rowOf(left(), "line\nbreak");
+  rig.rowOf(left(), "bytes \xFF\xFE");
+  bool backslash = false;
+  for (std::uint32_t row = 0; row < left().list.count(); ++row)
+    backslash |= rig.systemPath(left().itemPath(left().list.item(row))).size() > 0 &&
+                 left().list.cell(row, 0).starts_with("a\xEF\x81\x9C");
+  EXPECT_TRUE(backslash) << "a backslash in a name is told from one between names";
+}
+
+struct SortRow {
+  int column;
+  const char* order;
+};
+
+TEST_F(ListingTest, EveryColumnSortsBothWaysTheFirstClickDescending) {
+  rig.makeFolder("C:\\zoo");
+  rig.makeFolder("C:\\Art");
+  rig.write("C:\\b.zip", std::string(9, 'x'));
+  rig.write("C:\\A.txt", std::string(10, 'x'));
+  rig.write("C:\\c.doc", std::string(1000, 'x'));
+  rig.write("C:\\10.doc", "");
+  rig.setDate("C:\\b.zip", 2020, 1, 1);
+  rig.setDate("C:\\A.txt", 2001, 5, 5);
+  rig.setDate("C:\\c.doc", 2019, 2, 2);
+  rig.setDate("C:\\10.doc", 2019, 2, 2);
+  for (const bool onLeft : {true, false}) {
+    rig.restart();
+    rig.startLeft();
+    Panel& panel = onLeft ? left() : right();
+    const auto order = [&] {
+      std::string all;
+      for (const auto& name : rig.names(panel))
+        all += name.substr(0, name.find('|')) + " ";
+      return all;
+    };
+    EXPECT_EQ(order(), "\\ Art \\ zoo 10 A b c ");
+    const SortRow rows[] = {{1, "c b A 10 \\ zoo \\ Art "}, {1, "\\ Art \\ zoo 10 A b c "},
+                            {2, "b A 10 c \\ Art \\ zoo "}, {2, "\\ Art \\ zoo 10 c A b "},
+                            {3, "c A b 10 \\ Art \\ zoo "}, {3, "\\ Art \\ zoo 10 b A c "},
+                            {4, "b 10 c A \\ Art \\ zoo "}, {4, "\\ Art \\ zoo A 10 c b "},
+                            {3, "c A b 10 \\ Art \\ zoo "}, {2, "\\ Art \\ zoo 10 c A b "}};
+    for (const auto& row : rows) {
+      panel.list.headerFromUser(row.column);
+      EXPECT_EQ(order(), row.order) << "column " << row.column;
+      EXPECT_EQ(panel.list.MousePointer, controls::pointer::Default);
+    }
+    const auto& headers = panel.list.ColumnHeaders.get();
+    EXPECT_EQ(headers[1].Icon, 13);
+    EXPECT_EQ(headers[0].Icon, 14);
+    EXPECT_EQ(headers[4].Icon, 0);
+    panel.list.headerFromUser(4);
+    EXPECT_EQ(panel.list.ColumnHeaders.get()[3].Icon, 12);
+  }
+}
+
+TEST_F(ListingTest, HiddenFilesAndProgramsOnlyAreChoices) {
+  rig.write("C:\\plain.txt");
+  rig.write("C:\\.profile");
+  rig.write("C:\\both.txt");
+  rig.write("C:\\locked.txt");
+  rig.write("C:\\Setup.EXE");
+  rig.write("C:\\edit.Com");
+  rig.write("C:\\run.bat");
+  rig.makeFolder("C:\\.config");
+  attributes("C:\\both.txt", 3);
+  attributes("C:\\locked.txt", 1);
+  rig.startLeft();
+  EXPECT_EQ(rig.names(left()), (Names{"\\ .config| ", "edit|Com", "locked|txt", "plain|txt", "run|bat", "Setup|EXE"}));
+  EXPECT_EQ(left().list.item(rig.rowOf(left(), "locked")).SmallIcon(), 9);
+
+  rig.menu("HidSysfiles").choose();
+  EXPECT_EQ(left().list.count(), 8u);
+  EXPECT_EQ(left().list.item(rig.rowOf(left(), "both")).SmallIcon(), 8);
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*)");
+
+  rig.menu("ViewProg").choose();
+  EXPECT_EQ(rig.names(left()), (Names{"\\ .config| ", "edit|Com", "Setup|EXE"}));
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  Programs Only  (*.Exe , *.Com)");
+  EXPECT_FALSE(rig.menu("Viewall").Checked);
+  rig.menu("Viewall").choose();
+  EXPECT_EQ(left().list.count(), 8u);
+}
+
+TEST_F(ListingTest, TheDateSystemNamesTheColumnAndFillsIt) {
+  rig.write("C:\\a.txt");
+  rig.setDate("C:\\a.txt", 2001, 2, 3);
+  rig.startLeft();
+  const auto dates = [&] {
+    return left().list.ColumnHeaders.get()[3].Text + left().list.cell(0, column::Date) +
+           right().list.cell(0, column::Date);
+  };
+  EXPECT_EQ(dates(), "Date Modified:03-02-01  12:0003-02-01  12:00");
+  rig.menu("DateTime12").choose();
+  EXPECT_EQ(dates(), "Date Modified:02-03-01  12:00  PM02-03-01  12:00  PM");
+  rig.menu("DateCreate").choose();
+  EXPECT_TRUE(dates().starts_with("Date Created:"));
+  EXPECT_EQ(dates().find("02-03-01"), std::string::npos) << "the birth time is now, not the modified time";
+  rig.menu("DateAcess").choose();
+  EXPECT_EQ(dates(), "Date Accessed:02-03-01  12:00  PM02-03-01  12:00  PM");
+}
+
+TEST_F(ListingTest, AnActivePanelIsUnmistakable) {
+  rig.startLeft();
+  const auto active = [&] {
+    return form().ListView1.ColumnHeaders.get()[0].Text + "/" + form().ListView2.ColumnHeaders.get()[0].Text + "/" +
+           form().StatusBar1.panel(panels::status::ActiveView);
+  };
+  EXPECT_EQ(active(), "Name:  [Me Active]/Name:/View1Active");
+  const auto activeColor = form().ListView1.BackColor.get();
+  EXPECT_NE(activeColor, form().ListView2.BackColor.get());
+  form().Command1.FontUnderline = true;
+  form().ListView2.SetFocus();
+  EXPECT_EQ(active(), "Name:/Name:  [Me Active]/View2Active");
+  EXPECT_EQ(form().ListView2.BackColor.get(), activeColor);
+  EXPECT_FALSE(form().Command1.FontUnderline);
+  EXPECT_TRUE(form().View2Active() && !form().View1Active());
+  EXPECT_NE(form().StatusBar1.panel(panels::status::FileSystem), "");
+  EXPECT_TRUE(form().StatusBar1.panel(panels::status::FreeSpace).ends_with(" MB Free"));
+}
+
+TEST_F(ListingTest, ARefreshKeepsTheCurrentRowWhileItExists) {
+  for (const char* name : {"C:\\a.txt", "C:\\b.txt", "C:\\noext", "C:\\d.txt"})
+    rig.write(name);
+  rig.startLeft();
+  rig.click(left(), "noext");
+  rig.write("C:\\aa.txt");
+  rig.menu("refrechview").choose();
+  ASSERT_TRUE(left().list.SelectedItem());
+  EXPECT_EQ(left().list.SelectedItem()->Text(), "noext");
+  EXPECT_TRUE(left().list.SelectedItem()->Selected());
+  EXPECT_EQ(left().list.count(), 5u);
+  EXPECT_EQ(right().list.count(), 5u) << "the other panel shows the same folder";
+  std::filesystem::remove(rig.systemPath("C:\\noext"));
+  rig.menu("refrechview").choose();
+  EXPECT_FALSE(left().list.SelectedItem());
+  EXPECT_EQ(left().list.selectedCount(), 0u);
+}
+
+struct UpdateRow {
+  const char *left, *right, *changed;
+  bool listsLeft, listsRight;
+};
+
+TEST_F(ListingTest, UpdatesListThePanelsThatShowTheFolder) {
+  rig.makeFolder("C:\\one");
+  rig.makeFolder("C:\\two");
+  rig.startLeft();
+  const UpdateRow rows[] = {{"C:\\one", "C:\\one\\", "c:\\ONE", true, true},
+                            {"C:\\one", "C:\\two", "C:\\one", true, false},
+                            {"C:\\one", "C:\\two", "C:\\two\\", false, true},
+                            {"C:\\one", "C:\\one", "C:\\", false, false}};
+  int number = 0;
+  for (const auto& row : rows) {
+    ASSERT_TRUE(rig.app().navigation.goTo(left(), row.left));
+    ASSERT_TRUE(rig.app().navigation.goTo(right(), row.right));
+    const auto before = std::pair(left().list.count(), right().list.count());
+    for (const char* folder : {"C:\\one\\", "C:\\two\\"})
+      rig.write(folder + std::to_string(number));
+    ++number;
+    rig.app().listing.ViewUpdateAll(row.changed);
+    EXPECT_EQ(left().list.count() > before.first, row.listsLeft) << row.left << row.right << row.changed;
+    EXPECT_EQ(right().list.count() > before.second, row.listsRight) << row.left << row.right << row.changed;
+  }
+}
+
+TEST_F(ListingTest, AnOperationListsItsTargetAndBothWhenTheyAreOne) {
+  rig.makeFolder("D:\\target");
+  rig.startLeft();
+  ASSERT_TRUE(rig.app().navigation.goTo(right(), "D:\\target"));
+  rig.write("D:\\target\\new.txt");
+  rig.write("C:\\new.txt");
+  rig.app().listing.viewupdate();
+  EXPECT_EQ(right().list.count(), 1u);
+  EXPECT_EQ(left().list.count(), 0u) << "the source is not listed again";
+  ASSERT_TRUE(rig.app().navigation.goTo(right(), "C:\\"));
+  std::filesystem::remove(rig.systemPath("C:\\new.txt"));
+  rig.app().listing.viewupdate();
+  EXPECT_EQ(left().list.count(), right().list.count());
+}
+
+TEST_F(ListingTest, AFolderThatVanishedGivesAnEmptyListAndTheArrow) {
+  rig.write("C:\\sub\\a.txt");
+  rig.startLeft();
+  rig.doubleClick(left(), "\\ sub");
+  ASSERT_EQ(left().list.count(), 1u);
+  std::filesystem::remove_all(rig.systemPath("C:\\sub"));
+  rig.menu("refrechview").choose();
+  EXPECT_EQ(left().list.count(), 0u);
+  EXPECT_EQ(rig.loop.screen().MousePointer, controls::pointer::Default);
+  EXPECT_EQ(form().ProgressBar1.Value, 0.0);
+  form().Command18.press();
+  EXPECT_EQ(left().path(), "C:\\");
+}
+
+/// Counts what the panels ask of the disk.
+class CountingFiles : public platform::ForwardingFileSystem {
+ public:
+  using ForwardingFileSystem::ForwardingFileSystem;
+  platform::Result<platform::ListingPtr> list(const std::string& folder) const override {
+    ++listings;
+    return ForwardingFileSystem::list(folder);
+  }
+  platform::Result<platform::EntryInfo> info(const std::string& path) const override {
+    ++questions;
+    return ForwardingFileSystem::info(path);
+  }
+  platform::Result<platform::Attributes> attributes(const std::string& path) const override {
+    ++questions;
+    return ForwardingFileSystem::attributes(path);
+  }
+  mutable int listings = 0, questions = 0;
+};
+
+TEST_F(ListingTest, AListingAsksOnceForTheFolderAndNothingForItsRows) {
+  for (int number = 0; number < 300; ++number)
+    rig.write("C:\\many\\" + std::to_string(number) + ".txt");
+  CountingFiles files(rig.platform->files);
+  platform::Platform counted{files,
+                             rig.platform->drives,
+                             rig.platform->environment,
+                             rig.platform->settings,
+                             rig.platform->registry,
+                             rig.platform->shell,
+                             rig.platform->fileTypes,
+                             rig.platform->system,
+                             rig.clock,
+                             {},
+                             rig.programFolder(),
+                             rig.platform->assetsFolder,
+                             {}};
+  App app(rig.loop, counted);
+  app.Form1.ListView1.ColumnHeaders = panels::panelColumns();
+  app.Form1.Panel1.setPath("C:\\many");
+  app.listing.filedir1();
+  app.Form1.ListView1.headerFromUser(3);
+  for (std::uint32_t row = 0; row < 300; ++row)
+    cells(app.Form1.Panel1, row);
+  EXPECT_EQ(files.listings, 1);
+  EXPECT_EQ(files.questions, 0);
+}
+
+}  // namespace
+}  // namespace varnholt::app
