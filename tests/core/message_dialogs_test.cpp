@@ -1,0 +1,93 @@
+#include "core/message_dialogs.hpp"
+
+#include "support/scripted_loop.hpp"
+
+#include <gtest/gtest.h>
+
+namespace varnholt::core {
+namespace {
+
+class MessageDialogsTest : public testing::Test {
+ protected:
+  test::ScriptedLoop loop;
+  controls::Form owner{loop, "Form1"};
+  controls::Timer Timer2{owner, "Timer2"};
+  MessageDialogs dialogs{loop, Timer2};
+};
+
+TEST_F(MessageDialogsTest, AQuestionTellsItsFourAnswersApart) {
+  struct Row {
+    const char* button;
+    Answer answer;
+    bool yes;
+  };
+  for (const auto& row : {Row{"Command11", Answer::Yes, true}, Row{"Command1", Answer::No, false},
+                          Row{"Command2", Answer::All, false}, Row{"", Answer::None, false}}) {
+    for (const bool retry : {true, false}) {
+      dialogs.Form11.Command2.Visible = true;
+      auto& step = loop.whenShows("Form11").reads("Caption", "Alert !").reads("Label1", "Go on ?");
+      *row.button ? step.press(row.button) : step.closes();
+      if (retry) {
+        EXPECT_EQ(dialogs.AskRetry("Go on ?"), row.yes) << row.button;
+      } else {
+        EXPECT_EQ(dialogs.ask("Go on ?"), row.answer) << row.button;
+      }
+    }
+  }
+}
+
+TEST_F(MessageDialogsTest, TheAnswerStaysUntilTheNextQuestion) {
+  dialogs.Form11.Command2.Visible = true;
+  loop.whenShows("Form11").press("Command2");
+  (void)dialogs.ask("first");
+  EXPECT_EQ(dialogs.Form11.AlertAnswer, Answer::All);
+  loop.whenShows("Form11").closes();
+  EXPECT_EQ(dialogs.ask("second"), Answer::None);
+}
+
+TEST_F(MessageDialogsTest, AQuestionsDangerousButtonsAreNotTheDefault) {
+  EXPECT_FALSE(dialogs.Form11.Command2.Visible) << "shown by one question alone";
+  EXPECT_EQ(dialogs.Form11.defaultButton, "Command1");
+  EXPECT_EQ(dialogs.Form11.cancelButton, "Command1");
+}
+
+TEST_F(MessageDialogsTest, WorkGoesOnVisiblyWhileTheDeleteDialogIsOpen) {
+  bool deleting = false;
+  dialogs.Form11.deleteDialogOpen = [&] { return deleting; };
+  for (const bool open : {false, true}) {
+    deleting = open;
+    loop.whenShows("Form11").press("Command11");
+    EXPECT_TRUE(dialogs.AskRetry("Delete ?"));
+    EXPECT_EQ(dialogs.Form11.ProgressBar1.Visible, open);
+    EXPECT_EQ(dialogs.Form11.Label2.Visible, open);
+  }
+  EXPECT_EQ(dialogs.Form11.Label2.Caption.get(), "Processing...");
+}
+
+TEST_F(MessageDialogsTest, AnAlertTellsThatItHasClosedHoweverItCloses) {
+  int closed = 0;
+  dialogs.Form12.closed.push_back([&] { ++closed; });
+  loop.whenShows("Form12").reads("Label1", "Something\r").press("Command11");
+  dialogs.alert("Something");
+  loop.whenShows("Form12").closes();
+  dialogs.alert("Else");
+  EXPECT_EQ(closed, 2);
+  EXPECT_EQ(dialogs.Form12.cancelButton, "Command11") << "Esc acts as the button";
+}
+
+TEST_F(MessageDialogsTest, ANoticeGoesByAClickOrByItsTimerAndStopsIt) {
+  const auto click = [](controls::Form& form) { form.control("Label1")->Click(); };
+  const auto tick = [&](controls::Form&) { Timer2.Tick(); };
+  for (const std::function<void(controls::Form&)>& goes : {std::function<void(controls::Form&)>(click), {tick}}) {
+    loop.whenShows("Form13")
+        .reads("Caption", "Information")
+        .reads("Label1", "Done")
+        .run([&](controls::Form&) { EXPECT_TRUE(Timer2.Enabled); })
+        .run(goes);
+    dialogs.inform("Done");
+    EXPECT_FALSE(Timer2.Enabled);
+  }
+}
+
+}  // namespace
+}  // namespace varnholt::core
