@@ -30,6 +30,8 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       opener(program, histories),
       dispatcher(Form1, program),
       keys({Form1, program, listing, navigation, selection}),
+      trees(Form9, Form1, program),
+      Form35(program),
       NewSkin(program),
       start({Form1, program, listing, activePanel, looks, choices, state, histories, frmTip}) {
   Form1.commands.add(panels::panelCommands());
@@ -130,6 +132,7 @@ void App::bindCommands() {
   bind("PreFolder_Click", [this] { dispatcher.PreFolder_Click(); });
   bind("RLC_Click", [this] { dispatcher.RLC_Click(); });
   bind("RunLastCommand_Click", [this] { dispatcher.runLast(); });
+  bind("Treeon_Click", [this] { trees.Treeon_Click(); });
   bind("CmdLine_Click", [this] { keys.commandline(); });
   // Plain check marks
   for (const char* entry : {"Auto_Save", "AutoSaveHis", "WinStart", "selhis", "Psi", "TipStart"})
@@ -184,6 +187,13 @@ void App::bindHooks() {
   dispatcher.UpdateClock = [this] { activePanel.UpdateClock(); };
   keys.openFile = [this](const std::string& path) { opener.open(path); };
   keys.busy = [this] { return dispatcher.busy; };
+  keys.redrawTree = [this] { trees.redraw(); };
+  trees.goTo = selection.goTo;
+  trees.restorePosition = [this] { state.restoreTreeWindow(); };
+  Form1.seams.TreedisplayItem = [this] { trees.TreedisplayItem(); };
+  Form1.seams.treeStatus = [this](const std::string& text) {
+    Form9.StatusBar1.setPanel(panels::tree_status::ActiveView, text);
+  };
   start.enter = [this](panels::Panel& panel) { navigation.enter(panel); };
   frmTip.keepChoice = [this] {
     program.init.Tip_State = frmTip.LoadTip.Value ? "1" : "0";
@@ -191,7 +201,7 @@ void App::bindHooks() {
     program.settings.save(core::setting::Tip_State, program.init.Tip_State);
   };
   for (controls::Form* dialog :
-       std::initializer_list<controls::Form*>{&dialogs.Form11, &dialogs.Form12, &dialogs.Form13, &frmTip})
+       std::initializer_list<controls::Form*>{&dialogs.Form11, &dialogs.Form12, &dialogs.Form13, &frmTip, &Form35})
     NewSkin.addDialog(*dialog);
   NewSkin.addMainWindow(Form1);
   NewSkin.addMainWindow(Form9);

@@ -4,6 +4,7 @@
 #include "core/program.hpp"
 #include "core/start_windows.hpp"
 #include "panels/active_panel.hpp"
+#include "panels/browse_dialog.hpp"
 #include "panels/dispatcher.hpp"
 #include "panels/file_opener.hpp"
 #include "panels/form1.hpp"
@@ -47,6 +48,8 @@ class App {
   panels::FileOpener opener;
   panels::Dispatcher dispatcher;
   panels::PanelKeys keys;
+  panels::TreeWindow trees;
+  panels::Form35 Form35;
   appearance::NewSkin NewSkin;
   panels::MainWindowStart start;
 

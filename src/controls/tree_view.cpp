@@ -28,6 +28,14 @@ void TreeView::clear() {
   markChanged();
 }
 
+void TreeView::removeChildren(TreeNode& node) {
+  for (TreeNode* at = selected_; at; at = at->parent)
+    if (at->parent == &node) selected_ = &node;
+  node.children.clear();
+  ++version_;
+  markChanged();
+}
+
 void TreeView::setExpanded(TreeNode& node, bool expanded) {
   if (node.Expanded == expanded) return;
   node.Expanded = expanded;

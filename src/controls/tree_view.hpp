@@ -31,6 +31,7 @@ class TreeView : public Control {
   const std::vector<std::unique_ptr<TreeNode>>& roots() const { return roots_; }
   TreeNode& add(TreeNode* parent, std::string text, std::string key = {}, std::string icon = {});
   void clear();
+  void removeChildren(TreeNode& node);
   void setExpanded(TreeNode& node, bool expanded);
   void select(TreeNode* node);
   TreeNode* selected() const { return selected_; }

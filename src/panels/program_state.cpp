@@ -137,6 +137,7 @@ void ProgramState::exit_program_Click() { form_.UnloadForm(); }
 void ProgramState::Command10_Click() {
   StoreProgramState();
   core::CleanTempFolders(program_.files(), program_.folders.tmp, program_.folders.temp);
+  form_.Visible = false;
   Form9_.UnloadForm();
   end();
 }

@@ -1,0 +1,102 @@
+#include "panels/browse_dialog.hpp"
+
+#include "panels/tree_window.hpp"
+#include "platform/paths.hpp"
+
+namespace varnholt::panels {
+namespace {
+
+namespace paths = platform::paths;
+
+constexpr const char* Title = "Browse For Folder On Ready Drives..";
+
+}  // namespace
+
+panels::Form35::Form35(core::Program& program) : Form(program.loop, "Form35"), program_(program) {
+  Caption = Title;
+  Text1.Locked = true;
+  Text1.ToolTipText = "The chosen folder";
+  TreeView1.ToolTipText = "Click on a drive or folder to open and choose it.";
+  TreeView1.AccessibleName = "Folders on ready drives";
+  Check1.Caption = "Return To Init Folder If Cancel Pri. Function";
+  Check2.Caption = "Return To Init Folder After Execute Pri. Function ";
+  Check1.ToolTipText = "The panel goes back to the folder that it shows now, if the function is cancelled.";
+  Check2.ToolTipText = "The panel goes back to the folder that it shows now, after the function.";
+  Command1.Caption = "&Ok";
+  Command1.ToolTipText = "Take the chosen folder";
+  Command3.Caption = "&Cancel";
+  Command3.ToolTipText = "Cancel Operation";
+  defaultButton = "Command1";
+  cancelButton = "Command3";
+  Load = [this] { Form_Load(); };
+  TreeView1.NodeClick = [this](controls::TreeNode& node) { TreeView1_NodeClick(node); };
+  TreeView1.Expand = [this](controls::TreeNode& node) { TreeView1_NodeClick(node); };
+  Check1.Click = [this] { showCaption(); };
+  Check2.Click = [this] { showCaption(); };
+  Command1.Click = [this] { Command1_Click(); };
+  Command3.Click = [this] { UnloadForm(); };
+}
+
+std::optional<std::string> panels::Form35::browse(const std::string& function) {
+  function_ = function;
+  taken_.reset();
+  ShowModal();
+  return taken_;
+}
+
+void panels::Form35::Form_Load() {
+  TreeView1.clear();
+  Text1.Text = "";
+  controls::TreeNode& computer = TreeView1.add(nullptr, "My Computer", "root", "computer");
+  StatusBar1.setPanel(1, "Testing Drives For Ready Condition, - Please wait...");
+  program_.loop.giveTurn();
+  for (const char letter : program_.platform.drives.letters()) {
+    platform::Result<platform::DriveInfo> info = platform::Error{};
+    program_.loop.runBlocking([&] { info = program_.platform.drives.info(letter); });
+    if (!info || !info->ready) continue;
+    const std::string name = info->share.empty() ? info->label : info->share;
+    const bool cd = info->fileSystem == "CDFS";
+    controls::TreeNode& node = TreeView1.add(
+        &computer, (name.empty() ? "" : name + " ") + "(" + std::string(1, letter) + ":)" + (cd ? " [CDFS]" : ""),
+        info->root(), cd ? "drive-cd" : "drive-fixed");
+    TreeView1.add(&node, "", std::string(UnreadLevel));
+  }
+  TreeView1.setExpanded(computer, true);
+  StatusBar1.setPanel(1, "");
+  showCaption();
+}
+
+void panels::Form35::showCaption() {
+  std::string caption = function_;
+  if (Check2.Value) caption += " & Return On Execute";
+  if (Check1.Value) caption += " & Return On Cancel";
+  Caption = caption.empty() ? std::string(Title) : caption;
+}
+
+bool panels::Form35::TreeNodetest(const controls::TreeNode& node) { return !isUnread(node); }
+
+std::string panels::Form35::folderOf(const controls::TreeNode& node) const {
+  if (node.Key == "root") return {};
+  if (!node.Key.empty()) return node.Key;
+  return node.parent ? paths::join(folderOf(*node.parent), node.Text) : node.Text;
+}
+
+void panels::Form35::TreeView1_NodeClick(controls::TreeNode& node) {
+  const std::string folder = folderOf(node);
+  Text1.Text = folder;
+  if (folder.empty() || TreeNodetest(node)) return;
+  Caption = "Scanning Folders, - Please Wait...";
+  program_.loop.giveTurn();
+  addFolders(program_.files(), TreeView1, node, folder);
+  TreeView1.setExpanded(node, true);
+  showCaption();
+}
+
+void panels::Form35::Command1_Click() {
+  const std::string folder = Text1.Text;
+  if (folder.empty() || !program_.files().folderExists(folder)) return;
+  taken_ = paths::withClosing(folder);
+  UnloadForm();
+}
+
+}  // namespace varnholt::panels
