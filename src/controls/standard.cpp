@@ -36,6 +36,13 @@ void ComboBox::chooseFromUser(int index) {
   Click();
 }
 
+void ComboBox::typeFromUser(std::string text) {
+  if (!Enabled || !Editable) return;
+  ListIndex.takeFromUser(-1);
+  Text.takeFromUser(std::move(text));
+  Change();
+}
+
 void Slider::slideFromUser(int value) {
   if (!Enabled) return;
   Value = std::min(std::max(value, Min.get()), Max.get());

@@ -75,6 +75,8 @@ class ComboBox : public Control {
   void choose(int index);
   /// Chooses as the user does: fires Change when another item is chosen, then Click.
   void chooseFromUser(int index);
+  /// The user typed into the edit field.
+  void typeFromUser(std::string text);
 };
 
 class ProgressBar : public Control {
@@ -142,6 +144,11 @@ class RichTextBox : public Control {
   Property<std::string> Text{*this};
   Property<bool> Locked{*this, false};
   Event<> Change;
+  void typeFromUser(std::string text) {
+    if (Locked || !Enabled) return;
+    Text.takeFromUser(std::move(text));
+    Change();
+  }
 };
 
 /// Named numbers as a pie or as bars.

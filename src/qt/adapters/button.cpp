@@ -1,0 +1,66 @@
+#include "controls/standard.hpp"
+#include "qt/adapters/adapter.hpp"
+#include "qt/icons.hpp"
+#include "qt/text.hpp"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QPushButton>
+
+namespace varnholt::qt {
+namespace {
+
+class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
+ public:
+  ButtonAdapter(Host& host, controls::Button& control, QAbstractButton& widget) : Joined(host, control, widget) {
+    // The form says which button Enter and Esc stand for.
+    if (auto* push = qobject_cast<QPushButton*>(&drawn)) push->setAutoDefault(false);
+    connect(&drawn, &QAbstractButton::clicked, this, [this] { this->host().fromUser([this] { self.press(); }); });
+  }
+
+ protected:
+  bool clicksByMouse() const override { return false; }
+  QString ownName() const override { return withoutMnemonic(toQt(self.Caption.get())); }
+
+  void updateOwn() override {
+    const QString caption = toQt(self.Caption.get());
+    if (caption != drawn.text()) drawn.setText(caption);
+    if (self.Icon.get() != icon_) drawn.setIcon(iconNamed(icon_ = self.Icon.get()));
+    if (drawn.font().underline() == self.FontUnderline) return;
+    QFont font = drawn.font();
+    font.setUnderline(self.FontUnderline);
+    drawn.setFont(font);
+  }
+
+ private:
+  std::string icon_;
+};
+
+class CheckBoxAdapter : public Joined<controls::CheckBox, QCheckBox> {
+ public:
+  CheckBoxAdapter(Host& host, controls::CheckBox& control, QCheckBox& widget) : Joined(host, control, widget) {
+    connect(&drawn, &QCheckBox::clicked, this, [this] { this->host().fromUser([this] { self.toggleFromUser(); }); });
+  }
+
+ protected:
+  bool clicksByMouse() const override { return false; }
+  QString ownName() const override { return withoutMnemonic(toQt(self.Caption.get())); }
+
+  void updateOwn() override {
+    drawn.setText(toQt(self.Caption.get()));
+    drawn.setChecked(self.Value != 0);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Adapter> joinButton(Host& host, controls::Control& control, QWidget& widget) {
+  if (qobject_cast<QCheckBox*>(&widget)) return nullptr;
+  return joinAs<ButtonAdapter>(host, control, widget);
+}
+
+std::unique_ptr<Adapter> joinCheckBox(Host& host, controls::Control& control, QWidget& widget) {
+  return joinAs<CheckBoxAdapter>(host, control, widget);
+}
+
+}  // namespace varnholt::qt

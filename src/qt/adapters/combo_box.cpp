@@ -1,0 +1,69 @@
+#include "controls/standard.hpp"
+#include "qt/adapters/adapter.hpp"
+#include "qt/icons.hpp"
+#include "qt/text.hpp"
+
+#include <QComboBox>
+#include <QLineEdit>
+
+namespace varnholt::qt {
+namespace {
+
+class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
+ public:
+  ComboBoxAdapter(Host& host, controls::ComboBox& control, QComboBox& widget) : Joined(host, control, widget) {
+    drawn.setInsertPolicy(QComboBox::NoInsert);
+    connect(&drawn, &QComboBox::activated, this,
+            [this](int index) { this->host().fromUser([this, index] { self.chooseFromUser(index); }); });
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    // A wheel that scrolls the window past a list must not choose another drive.
+    if (event->type() == QEvent::Wheel && !drawn.hasFocus()) {
+      event->ignore();
+      return true;
+    }
+    return Joined::eventFilter(watched, event);
+  }
+
+ protected:
+  bool clicksByMouse() const override { return false; }
+
+  void updateOwn() override {
+    setEditable(self.Editable);
+    if (self.Items.get() != items_) showItems();
+    const QString text = toQt(self.Text.get());
+    // Setting what stands there already would move the cursor of a user who types.
+    if (drawn.isEditable() && text == drawn.currentText()) return;
+    if (drawn.currentIndex() != self.ListIndex) drawn.setCurrentIndex(self.ListIndex);
+    if (drawn.isEditable()) drawn.setEditText(text);
+  }
+
+ private:
+  void setEditable(bool editable) {
+    if (drawn.isEditable() == editable) return;
+    drawn.setEditable(editable);
+    if (!editable) return;
+    drawn.setCompleter(nullptr);
+    connect(drawn.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
+      this->host().fromUser([this, typed = fromQt(text)] { self.typeFromUser(typed); });
+    });
+  }
+
+  void showItems() {
+    items_ = self.Items.get();
+    drawn.clear();
+    for (const auto& [text, icon] : items_)
+      drawn.addItem(iconNamed(icon), toQt(text));
+  }
+
+  std::vector<controls::ComboBox::Item> items_;
+};
+
+}  // namespace
+
+std::unique_ptr<Adapter> joinComboBox(Host& host, controls::Control& control, QWidget& widget) {
+  return joinAs<ComboBoxAdapter>(host, control, widget);
+}
+
+}  // namespace varnholt::qt

@@ -1,0 +1,164 @@
+#include "controls/list_view.hpp"
+
+#include "controls/type_ahead.hpp"
+#include "qt/adapters/adapter.hpp"
+#include "qt/input.hpp"
+#include "qt/pictures.hpp"
+#include "qt/text.hpp"
+#include "qt/theme.hpp"
+#include "qt/widgets/list_view_widget.hpp"
+#include "qt/widgets/surface.hpp"
+
+#include <QPixmap>
+#include <QScrollBar>
+
+#include <cmath>
+#include <optional>
+#include <tuple>
+#include <utility>
+
+namespace varnholt::qt {
+namespace {
+
+/// The two tones of a line picture: its colours a quarter and three quarters down. Rows are drawn in them whatever
+/// their height is, so the stripes always meet the rows.
+std::pair<QColor, QColor> tonesOf(const QPixmap& picture) {
+  const QImage image = picture.toImage();
+  return {image.pixelColor(0, image.height() / 4), image.pixelColor(0, image.height() * 3 / 4)};
+}
+
+class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
+ public:
+  ListViewAdapter(Host& host, controls::ListView& control, ListViewWidget& widget) : Joined(host, control, widget) {
+    drawn.setList(self);
+    ListHeader* header = drawn.listHeader();
+    connect(header, &QHeaderView::sectionClicked, this,
+            [this](int column) { this->host().fromUser([this, column] { self.headerFromUser(column + 1); }); });
+    connect(header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+      if (!updating() && width > 0) self.widthFromUser(column, width * controls::TwipsPerPixel);
+    });
+  }
+
+  void abandon() override {
+    Joined::abandon();
+    drawn.listHeader()->blockSignals(true);
+    drawn.detach();
+  }
+
+ protected:
+  bool clicksByMouse() const override { return false; }
+
+  void updateOwn() override {
+    const auto& headers = self.ColumnHeaders.get();
+    const bool rowsChanged = drawn.listModel()->catchUp();
+    if (rowsChanged || headers != headers_) showColumns();
+    drawn.listHeader()->setEmphasis(emphasis());
+    if (auto* panel = dynamic_cast<Surface*>(drawn.parentWidget())) panel->setActive(emphasis() == Emphasis::Active);
+    drawn.setColors(colorsNow());
+    drawn.showFocusedRow();
+    if (const auto row = self.takeVisibleRequest()) drawn.scrollToRow(*row);
+  }
+
+  // The rows have colours of their own.
+  void applyColors() override {}
+
+  bool keyDown(controls::KeyEvent& key, const QKeyEvent& event) override {
+    const auto now = std::chrono::steady_clock::now();
+    const bool typesOn = key.code == controls::key::Space && typed_.goesOn(now);
+    if (!typesOn) self.keyFromUser(key, drawn.page());
+    if (abandoned()) return true;
+    if (key.handled) {
+      typed_.forget();
+      return true;
+    }
+    const bool leaves = key.code == controls::key::Tab;
+    if (leaves) return false;
+    const QString text = event.text();
+    const bool types = !text.isEmpty() && text[0].isPrint() && !key.modifiers.ctrl && !key.modifiers.alt;
+    if (types) self.seekFromUser(typed_.type(fromQt(text), now));
+    // The widget's own keys are not wanted; what nobody took goes on to the window (Enter, Esc).
+    const_cast<QKeyEvent&>(event).setAccepted(types);
+    return true;
+  }
+
+  void keyUp(controls::KeyEvent& key) override { self.keyUpFromUser(key); }
+
+  bool mousePress(const QMouseEvent& event) override {
+    doubleClicked_ = false;
+    self.pressFromUser(rowUnder(event), mouseOf(event));
+    return true;
+  }
+
+  bool mouseRelease(const QMouseEvent& event) override {
+    // The click was told before the double click.
+    if (std::exchange(doubleClicked_, false)) {
+      self.MouseUp(mouseOf(event));
+    } else {
+      self.releaseFromUser(mouseOf(event));
+    }
+    return true;
+  }
+
+  bool mouseDoubleClick(const QMouseEvent& event) override {
+    doubleClicked_ = true;
+    self.doubleClickFromUser(rowUnder(event));
+    return true;
+  }
+
+ private:
+  std::optional<std::uint32_t> rowUnder(const QMouseEvent& event) const {
+    const QPoint at = event.position().toPoint();
+    const bool besideName = !self.FullRowSelect && drawn.columnAt(at.x()) != 0;
+    return besideName ? std::nullopt : drawn.rowAt(at.y());
+  }
+
+  void showColumns() {
+    headers_ = self.ColumnHeaders.get();
+    QHeaderView& header = *drawn.listHeader();
+    for (int column = 0; column < header.count(); ++column) {
+      const int width =
+          static_cast<int>(std::lround(headers_[static_cast<std::size_t>(column)].Width / controls::TwipsPerPixel));
+      header.setSectionHidden(column, width <= 0);
+      if (width > 0) header.resizeSection(column, width);
+    }
+    header.viewport()->update();
+  }
+
+  void readTones() {
+    if (self.Picture.get() == picture_) return;
+    picture_ = self.Picture.get();
+    const QPixmap& picture = host().pictures().kept(picture_);
+    tones_.reset();
+    if (!picture.isNull()) tones_ = tonesOf(picture);
+  }
+
+  ListColors colorsNow() {
+    ListColors colors;
+    colors.base = colors.stripe =
+        self.BackColor == controls::NoColor ? QColor::fromRgb(theme::ListBase) : theme::colorOf(self.BackColor);
+    readTones();
+    if (tones_) std::tie(colors.base, colors.stripe) = *tones_;
+    const bool dimmed = emphasis() == Emphasis::Dimmed;
+    const QColor text =
+        self.ForeColor == controls::NoColor ? QColor::fromRgb(theme::Text) : theme::colorOf(self.ForeColor);
+    colors.text = theme::readable(dimmed ? QColor::fromRgb(theme::DimText) : text, colors.base);
+    colors.selection = QColor::fromRgb(dimmed ? theme::DimSelection : theme::Selection);
+    colors.selectionText = Qt::white;
+    colors.grid = QColor::fromRgb(theme::GridLine);
+    return colors;
+  }
+
+  std::vector<controls::ColumnHeader> headers_;
+  std::string picture_;
+  std::optional<std::pair<QColor, QColor>> tones_;
+  controls::TypeAhead typed_;
+  bool doubleClicked_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Adapter> joinListView(Host& host, controls::Control& control, QWidget& widget) {
+  return joinAs<ListViewAdapter>(host, control, widget);
+}
+
+}  // namespace varnholt::qt

@@ -1,0 +1,87 @@
+// The controls that show or set a number in a range, and the month.
+#include "controls/standard.hpp"
+#include "qt/adapters/adapter.hpp"
+
+#include <QCalendarWidget>
+#include <QProgressBar>
+#include <QSlider>
+
+#include <algorithm>
+
+namespace varnholt::qt {
+namespace {
+
+// A bar counts in bytes as well as in items: the widget gets the share, in steps finer than its pixels.
+constexpr int BarSteps = 10'000;
+
+class ProgressBarAdapter : public Joined<controls::ProgressBar, QProgressBar> {
+ public:
+  using Joined::Joined;
+
+ protected:
+  QString ownName() const override { return QStringLiteral("Progress"); }
+
+  void updateOwn() override {
+    const double range = self.Max - self.Min;
+    const double share = range > 0 ? (self.Value - self.Min) / range : 0;
+    if (drawn.maximum() != BarSteps) drawn.setRange(0, BarSteps);
+    drawn.setValue(static_cast<int>(std::clamp(share, 0.0, 1.0) * BarSteps));
+  }
+};
+
+class SliderAdapter : public Joined<controls::Slider, QSlider> {
+ public:
+  SliderAdapter(Host& host, controls::Slider& control, QSlider& widget) : Joined(host, control, widget) {
+    connect(&drawn, &QSlider::valueChanged, this, [this](int value) {
+      if (updating()) return;
+      this->host().fromUser([this, value] { self.slideFromUser(value); });
+    });
+  }
+
+ protected:
+  bool clicksByMouse() const override { return false; }
+
+  void updateOwn() override {
+    drawn.setRange(self.Min, self.Max);
+    drawn.setValue(self.Value);
+  }
+};
+
+class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
+ public:
+  MonthViewAdapter(Host& host, controls::MonthView& control, QCalendarWidget& widget) : Joined(host, control, widget) {
+    drawn.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    connect(&drawn, &QCalendarWidget::clicked, this, &MonthViewAdapter::pick);
+    connect(&drawn, &QCalendarWidget::activated, this, &MonthViewAdapter::pick);
+  }
+
+ protected:
+  bool clicksByMouse() const override { return false; }
+  QString ownName() const override { return QStringLiteral("Month"); }
+
+  void updateOwn() override {
+    const auto& [year, month, day] = self.Value.get();
+    drawn.setSelectedDate(QDate(year, month, day));
+  }
+
+ private:
+  void pick(QDate date) {
+    host().fromUser([this, date] { self.pickFromUser({date.year(), date.month(), date.day()}); });
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Adapter> joinProgressBar(Host& host, controls::Control& control, QWidget& widget) {
+  return joinAs<ProgressBarAdapter>(host, control, widget);
+}
+
+std::unique_ptr<Adapter> joinSlider(Host& host, controls::Control& control, QWidget& widget) {
+  return joinAs<SliderAdapter>(host, control, widget);
+}
+
+std::unique_ptr<Adapter> joinMonthView(Host& host, controls::Control& control, QWidget& widget) {
+  return joinAs<MonthViewAdapter>(host, control, widget);
+}
+
+}  // namespace varnholt::qt

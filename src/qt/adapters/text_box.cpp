@@ -1,0 +1,73 @@
+#include "controls/standard.hpp"
+#include "qt/adapters/adapter.hpp"
+#include "qt/text.hpp"
+#include "qt/theme.hpp"
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+namespace varnholt::qt {
+namespace {
+
+constexpr int LongestLine = 32767;  // QLineEdit's own limit
+
+class LineAdapter : public Joined<controls::TextBox, QLineEdit> {
+ public:
+  LineAdapter(Host& host, controls::TextBox& control, QLineEdit& widget) : Joined(host, control, widget) {
+    connect(&drawn, &QLineEdit::textEdited, this, [this](const QString& text) {
+      this->host().fromUser([this, typed = fromQt(text)] { self.typeFromUser(typed); });
+    });
+  }
+
+ protected:
+  void updateOwn() override {
+    drawn.setReadOnly(self.Locked);
+    drawn.setMaxLength(self.MaxLength > 0 ? self.MaxLength.get() : LongestLine);
+    const QString text = toQt(self.Text.get());
+    if (text == drawn.text()) return;
+    drawn.setText(text);
+    // A path that is longer than its line shows where it ends while the user is elsewhere.
+    if (!drawn.hasFocus()) drawn.end(false);
+  }
+
+  void applyColors() override {
+    Adapter::applyColors();
+    QPalette colors = drawn.palette();
+    const bool dimmed = emphasis() == Emphasis::Dimmed;
+    if (dimmed == dimmed_) return;
+    dimmed_ = dimmed;
+    colors.setColor(QPalette::Active, QPalette::Text, QColor::fromRgb(dimmed ? theme::DimText : theme::Text));
+    colors.setColor(QPalette::Inactive, QPalette::Text, QColor::fromRgb(dimmed ? theme::DimText : theme::Text));
+    drawn.setPalette(colors);
+  }
+
+ private:
+  bool dimmed_ = false;
+};
+
+class LinesAdapter : public Joined<controls::TextBox, QPlainTextEdit> {
+ public:
+  LinesAdapter(Host& host, controls::TextBox& control, QPlainTextEdit& widget) : Joined(host, control, widget) {
+    drawn.setTabChangesFocus(true);
+    connect(&drawn, &QPlainTextEdit::textChanged, this, [this] {
+      if (updating()) return;
+      this->host().fromUser([this] { self.typeFromUser(fromQt(drawn.toPlainText())); });
+    });
+  }
+
+ protected:
+  void updateOwn() override {
+    drawn.setReadOnly(self.Locked);
+    const QString text = linesToQt(self.Text.get());
+    if (text != drawn.toPlainText()) drawn.setPlainText(text);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Adapter> joinTextBox(Host& host, controls::Control& control, QWidget& widget) {
+  if (auto line = joinAs<LineAdapter>(host, control, widget)) return line;
+  return joinAs<LinesAdapter>(host, control, widget);
+}
+
+}  // namespace varnholt::qt

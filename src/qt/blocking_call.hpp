@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QObject>
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <utility>
+#include <vector>
+
+class QEvent;
+
+namespace varnholt::qt {
+
+/// Holds back what the user does while it lives: mouse, keys, touch, drops and the close box wait and reach their
+/// receivers afterwards in their order; mere mouse movement is forgotten. Leaving input to the event loop's own
+/// exclusion is not enough: posted events and those of accessibility tools pass it.
+class InputHold : public QObject {
+ public:
+  InputHold();
+  ~InputHold() override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  struct Held;
+  std::vector<Held> held_;
+};
+
+/// One helper thread that runs calls in their order. It is started with the first call.
+class Helper {
+ public:
+  ~Helper();
+  /// `done` is called on the helper thread.
+  void run(std::function<void()> call, std::function<void()> done);
+
+ private:
+  struct Job {
+    std::function<void()> call, done;
+  };
+  void work();
+
+  std::mutex mutex_;
+  std::condition_variable wake_;
+  std::deque<Job> jobs_;
+  bool ending_ = false;
+  std::thread thread_;
+};
+
+}  // namespace varnholt::qt

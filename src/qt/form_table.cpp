@@ -1,0 +1,59 @@
+#include "qt/form_table.hpp"
+
+#include "qt/widgets/surface.hpp"
+
+#include "ui_form1.h"
+#include "ui_form11.h"
+#include "ui_form12.h"
+#include "ui_form13.h"
+#include "ui_form9.h"
+#include "ui_frm_splash.h"
+#include "ui_frm_tip.h"
+
+#include <QMainWindow>
+
+namespace varnholt::qt {
+namespace {
+
+template <class Ui, class Top>
+std::unique_ptr<QWidget> build() {
+  auto top = std::make_unique<Top>();
+  Ui().setupUi(top.get());
+  return top;
+}
+
+// Without a frame, and known to window managers as what it is.
+std::unique_ptr<QWidget> buildSplash() {
+  auto top = build<Ui::frmSplash, SkinDialog>();
+  top->setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+  return top;
+}
+
+struct Row {
+  const char* name;
+  std::unique_ptr<QWidget> (*build)();
+};
+
+constexpr Row Forms[] = {
+    {"Form1", build<Ui::Form1, QMainWindow>},  {"Form9", build<Ui::Form9, QMainWindow>},
+    {"Form11", build<Ui::Form11, SkinDialog>}, {"Form12", build<Ui::Form12, SkinDialog>},
+    {"Form13", build<Ui::Form13, SkinDialog>}, {"frmSplash", buildSplash},
+    {"frmTip", build<Ui::frmTip, SkinDialog>},
+};
+
+}  // namespace
+
+std::unique_ptr<QWidget> buildForm(const std::string& name) {
+  for (const Row& row : Forms)
+    if (name == row.name) return row.build();
+  return nullptr;
+}
+
+std::vector<std::string> formNames() {
+  std::vector<std::string> names;
+  for (const Row& row : Forms)
+    names.emplace_back(row.name);
+  return names;
+}
+
+}  // namespace varnholt::qt

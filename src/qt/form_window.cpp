@@ -1,0 +1,331 @@
+#include "qt/form_window.hpp"
+
+#include "controls/standard.hpp"
+#include "qt/form_table.hpp"
+#include "qt/input.hpp"
+#include "qt/pictures.hpp"
+#include "qt/text.hpp"
+#include "qt/widgets/surface.hpp"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLayout>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace varnholt::qt {
+namespace {
+
+// What a window manager puts around a window, about: kept free when a window is fitted to the screen.
+constexpr int FrameAllowance = 32;
+
+int pixels(controls::Twips twips) { return static_cast<int>(std::lround(twips / controls::TwipsPerPixel)); }
+
+bool isDrawn(const controls::Control& control) {
+  return control.kind() != controls::Kind::Timer && control.kind() != controls::Kind::MenuItem;
+}
+
+QRect fittedToScreen(QRect window, const QRect& screen) {
+  const QRect room = screen.adjusted(0, FrameAllowance, 0, 0);
+  window.setSize(window.size().boundedTo(room.size()));
+  window.moveLeft(std::clamp(window.left(), room.left(), std::max(room.left(), room.right() - window.width() + 1)));
+  window.moveTop(std::clamp(window.top(), room.top(), std::max(room.top(), room.bottom() - window.height() + 1)));
+  return window;
+}
+
+}  // namespace
+
+// --- Life ----------------------------------------------------------------------------------------------------------
+
+std::unique_ptr<FormWindow> FormWindow::make(WindowLoop& loop, controls::Form& form) {
+  auto widget = buildForm(form.name());
+  if (!widget) return nullptr;
+  return std::unique_ptr<FormWindow>(new FormWindow(loop, form, std::move(widget)));
+}
+
+FormWindow::FormWindow(WindowLoop& loop, controls::Form& form, std::unique_ptr<QWidget> widget)
+    : loop_(loop), form_(form), widget_(widget.release()) {
+  joinControls();
+  widget_->installEventFilter(this);
+  for (controls::Control* control : form_.controls())
+    control->takeChanged();
+  update(form_.controls());
+}
+
+FormWindow::~FormWindow() {
+  abandon();
+  menu_.reset();
+  adapters_.clear();
+  delete widget_;
+}
+
+void FormWindow::abandon() {
+  if (!std::exchange(*alive_, false) || !widget_) return;
+  widget_->removeEventFilter(this);
+  if (menu_) menu_->blockSignals(true);
+  for (const auto& [control, adapter] : adapters_)
+    adapter->abandon();
+  widget_->setEnabled(false);
+  widget_->hide();
+}
+
+void FormWindow::joinControls() {
+  for (controls::Control* control : form_.controls()) {
+    if (!isDrawn(*control)) continue;
+    auto* widget = widget_->findChild<QWidget*>(toQt(control->name()));
+    auto adapter = widget ? join(*this, *control, *widget) : nullptr;
+    if (adapter) {
+      adapters_[control] = std::move(adapter);
+    } else {
+      unjoined_.push_back(control->name());
+    }
+  }
+  Host& host = *this;
+  if (auto* main = qobject_cast<QMainWindow*>(widget_.data()))
+    menu_ = std::make_unique<MenuBar>(host, *main->menuBar(), form_.controls());
+}
+
+// --- From the form to the widget -----------------------------------------------------------------------------------
+
+void FormWindow::update(const std::vector<controls::Control*>& changed) {
+  const QScopedValueRollback reporting(updating_, true);
+  if (form_.takeChanged()) updateForm();
+  for (const controls::Control* control : changed) {
+    const auto adapter = adapters_.find(control);
+    if (adapter != adapters_.end()) adapter->second->update();
+  }
+  updateMenu(changed);
+  updateGroups();
+  updateNames();
+  updateFocus();
+}
+
+void FormWindow::updateForm() {
+  widget_->setWindowTitle(toQt(form_.Caption.get()));
+  widget_->setAccessibleName(widget_->windowTitle());
+  updateSkin();
+  if (placedByProgram() && widget_->isVisible())
+    widget_->setGeometry(pixels(form_.Left), pixels(form_.Top), pixels(form_.Width), pixels(form_.Height));
+  const auto wanted = form_.WindowState.get();
+  Qt::WindowStates states = widget_->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
+  if (wanted == controls::WindowState::Minimized) states |= Qt::WindowMinimized;
+  if (wanted == controls::WindowState::Maximized) states |= Qt::WindowMaximized;
+  if (states != widget_->windowState()) widget_->setWindowState(states);
+}
+
+void FormWindow::updateSkin() {
+  if (skin_ == form_.Picture.get()) return;
+  skin_ = form_.Picture.get();
+  const QPixmap& skin = loop_.pictures().kept(skin_);
+  if (auto* dialog = qobject_cast<SkinDialog*>(widget_.data())) dialog->setSkin(skin);
+  if (auto* backdrop = widget_->findChild<Backdrop*>()) backdrop->setSkin(skin);
+}
+
+void FormWindow::updateMenu(const std::vector<controls::Control*>& changed) {
+  if (!menu_) return;
+  for (const controls::Control* control : changed) {
+    if (control->kind() != controls::Kind::MenuItem) continue;
+    const auto& item = static_cast<const controls::MenuItem&>(*control);
+    if (!menu_->has(item)) return menu_->rebuild(form_.controls());
+    menu_->update(item);
+  }
+}
+
+// A surface that holds only invisible controls gives its room away.
+void FormWindow::updateGroups() {
+  for (auto* surface : widget_->findChildren<Surface*>()) {
+    if (!surface->property("hideWhenEmpty").toBool()) continue;
+    const bool used = std::ranges::any_of(adapters_, [&](const auto& joined) {
+      return joined.first->Visible && surface->isAncestorOf(&joined.second->widget());
+    });
+    if (surface->isHidden() == used) surface->setVisible(used);
+  }
+}
+
+// Assistive technology finds controls by name alone, so a name stands once in a window.
+void FormWindow::updateNames() {
+  std::map<QString, int> uses;
+  for (const controls::Control* control : form_.controls()) {
+    const auto adapter = adapters_.find(control);
+    if (adapter == adapters_.end()) continue;
+    QString name = adapter->second->accessibleName();
+    if (const int use = ++uses[name]; use > 1) name += QStringLiteral(" (%1)").arg(use);
+    QWidget& widget = adapter->second->widget();
+    if (widget.accessibleName() != name) widget.setAccessibleName(name);
+  }
+}
+
+void FormWindow::updateFocus() {
+  const auto adapter = adapters_.find(form_.focused());
+  if (adapter == adapters_.end()) return;
+  QWidget& wanted = adapter->second->widget();
+  if (widget_->focusWidget() != &wanted) wanted.setFocus(Qt::OtherFocusReason);
+}
+
+// --- Showing -------------------------------------------------------------------------------------------------------
+
+void FormWindow::show(bool modal, const QWidget* caller) {
+  if (widget_->isVisible()) return;
+  const QScopedValueRollback reporting(updating_, true);
+  widget_->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+  widget_->ensurePolished();
+  place(caller);
+  widget_->winId();
+  if (caller && caller != widget_) widget_->windowHandle()->setTransientParent(caller->window()->windowHandle());
+  if (QWidget* first = firstFocus()) first->setFocus(Qt::OtherFocusReason);
+  showDefaultButton();
+  widget_->show();
+  if (modal) widget_->activateWindow();
+}
+
+void FormWindow::hide() {
+  const QScopedValueRollback reporting(updating_, true);
+  widget_->hide();
+}
+
+bool FormWindow::placedByProgram() const {
+  if (form_.Width <= 0 || form_.Height <= 0) return false;
+  const QRect wanted(pixels(form_.Left), pixels(form_.Top), pixels(form_.Width), pixels(form_.Height));
+  return wanted != noted_;
+}
+
+void FormWindow::place(const QWidget* caller) {
+  const QScreen* screen = caller ? caller->screen() : QGuiApplication::primaryScreen();
+  const QRect room = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
+  QRect wanted;
+  if (placedByProgram()) {
+    wanted = QRect(pixels(form_.Left), pixels(form_.Top), pixels(form_.Width), pixels(form_.Height));
+  } else {
+    if (qobject_cast<QDialog*>(widget_.data())) widget_->adjustSize();
+    wanted = QRect(QPoint(), widget_->size());
+    wanted.moveCenter(caller ? caller->frameGeometry().center() : room.center());
+  }
+  widget_->setGeometry(fittedToScreen(wanted, room));
+}
+
+void FormWindow::noteGeometry() {
+  if (!widget_->isVisible() || widget_->isMinimized() || widget_->isMaximized()) return;
+  noted_ = widget_->geometry();
+  form_.Left.takeFromUser(noted_.left() * controls::TwipsPerPixel);
+  form_.Top.takeFromUser(noted_.top() * controls::TwipsPerPixel);
+  form_.Width.takeFromUser(noted_.width() * controls::TwipsPerPixel);
+  form_.Height.takeFromUser(noted_.height() * controls::TwipsPerPixel);
+}
+
+// Where the keyboard is when nobody has said: on the first field, or, in a window that begins with its buttons, on the
+// one that Enter stands for, so that a blind Enter does the harmless thing.
+QWidget* FormWindow::firstFocus() const {
+  const auto focused = adapters_.find(form_.focused());
+  if (focused != adapters_.end()) return &focused->second->widget();
+  QWidget* first = nullptr;
+  for (QWidget* each = widget_->nextInFocusChain(); each != widget_ && !first; each = each->nextInFocusChain())
+    if ((each->focusPolicy() & Qt::TabFocus) && each->isEnabled() && !each->isHidden()) first = each;
+  const auto preset = adapters_.find(form_.control(form_.defaultButton));
+  const bool isButton = qobject_cast<QAbstractButton*>(first) != nullptr;
+  return isButton && preset != adapters_.end() ? &preset->second->widget() : first;
+}
+
+// --- From the user to the form -------------------------------------------------------------------------------------
+
+void FormWindow::fromUser(std::function<void()> act) {
+  const QWidget* modal = QApplication::activeModalWidget();
+  if (modal && modal != widget_) return;
+  if (!*alive_) return;
+  if (!loop_.isBlocked()) return act();
+  loop_.later([alive = alive_, act = std::move(act)] {
+    if (*alive) act();
+  });
+}
+
+bool FormWindow::previewKey(controls::KeyEvent& key) {
+  form_.KeyDown(key);
+  return key.handled;
+}
+
+void FormWindow::focusTaken(controls::Control& control) {
+  if (form_.focused() == &control) return;
+  if (!updating_ && !loop_.isBlocked()) return form_.focusMoved(&control);
+  // The toolkit moved the focus by itself, because its holder was disabled or hidden.
+  loop_.later([alive = alive_, this, &control] {
+    if (*alive && adapters_[&control]->widget().hasFocus()) form_.focusMoved(&control);
+  });
+}
+
+void FormWindow::report(const controls::Event<>& event) {
+  if (!loop_.isBlocked() && !updating_) return event();
+  loop_.later([alive = alive_, &event] {
+    if (*alive) event();
+  });
+}
+
+void FormWindow::showDefaultButton() {
+  for (auto* button : widget_->findChildren<QPushButton*>())
+    button->setDefault(button->objectName() == toQt(form_.defaultButton));
+}
+
+bool FormWindow::pressButton(const std::string& name) {
+  auto* button = dynamic_cast<controls::Button*>(form_.control(name));
+  if (!button) return false;
+  button->press();
+  return true;
+}
+
+// Keys that no control has taken. Enter on a button presses that button, elsewhere the default button.
+bool FormWindow::keyPress(const QKeyEvent& event) {
+  controls::KeyEvent key = keyOf(event);
+  const QWidget* focused = widget_->focusWidget();
+  const auto joined =
+      std::ranges::find_if(adapters_, [&](const auto& each) { return &each.second->widget() == focused; });
+  if (joined == adapters_.end() && previewKey(key)) return true;
+  if (key.modifiers.ctrl || key.modifiers.alt) return false;
+  if (key.code == controls::key::Esc) {
+    pressButton(form_.cancelButton);
+    return true;
+  }
+  if (key.code != controls::key::Enter) return false;
+  const bool onButton = joined != adapters_.end() && joined->first->kind() == controls::Kind::Button;
+  pressButton(onButton ? joined->first->name() : form_.defaultButton);
+  return true;
+}
+
+bool FormWindow::eventFilter(QObject*, QEvent* event) {
+  switch (event->type()) {
+  case QEvent::Close:
+    event->ignore();
+    fromUser([this] { form_.closeFromUser(); });
+    return true;
+  case QEvent::WindowActivate:
+    report(form_.Activate);
+    return false;
+  case QEvent::Move:
+    noteGeometry();
+    return false;
+  case QEvent::Resize:
+    noteGeometry();
+    if (widget_->isVisible()) report(form_.Resize);
+    return false;
+  case QEvent::Show:
+    noteGeometry();
+    return false;
+  case QEvent::WindowStateChange: {
+    const auto state = widget_->isMinimized()   ? controls::WindowState::Minimized
+                       : widget_->isMaximized() ? controls::WindowState::Maximized
+                                                : controls::WindowState::Normal;
+    form_.WindowState.takeFromUser(state);
+    return false;
+  }
+  case QEvent::KeyPress:
+    return keyPress(*static_cast<QKeyEvent*>(event));
+  default:
+    return false;
+  }
+}
+
+}  // namespace varnholt::qt

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "controls/menu.hpp"
+#include "qt/adapters/adapter.hpp"
+
+#include <QAction>
+#include <QMenuBar>
+#include <QPointer>
+#include <QToolButton>
+
+#include <map>
+#include <vector>
+
+namespace varnholt::qt {
+
+/// The menu bar of a main window, made from the form's menu entries. Entries that come later rebuild it.
+class MenuBar : public QObject {
+ public:
+  MenuBar(Host& host, QMenuBar& bar, const std::vector<controls::Control*>& controls);
+
+  /// Whether the entry is drawn already.
+  bool has(const controls::MenuItem& item) const { return actions_.contains(&item); }
+  void rebuild(const std::vector<controls::Control*>& controls);
+  void update(const controls::MenuItem& item);
+
+ private:
+  void add(controls::MenuItem& item, QWidget& parent);
+  void choose(controls::MenuItem& item);
+  void showAtRightEnd(controls::MenuItem& item, QAction& action);
+
+  Host& host_;
+  QMenuBar& bar_;
+  std::map<const controls::MenuItem*, QAction*> actions_;
+  QPointer<QToolButton> rightEnd_;
+};
+
+}  // namespace varnholt::qt

@@ -1,0 +1,88 @@
+#include "qt/message_box.hpp"
+
+#include "qt/text.hpp"
+
+#include <QMessageBox>
+#include <QWindow>
+
+namespace varnholt::qt {
+namespace {
+
+using controls::MessageAnswer;
+using controls::MessageButtons;
+using controls::MessageIcon;
+
+QMessageBox::Icon iconOf(MessageIcon icon) {
+  switch (icon) {
+  case MessageIcon::None:
+    return QMessageBox::NoIcon;
+  case MessageIcon::Information:
+    return QMessageBox::Information;
+  case MessageIcon::Question:
+    return QMessageBox::Question;
+  case MessageIcon::Exclamation:
+    return QMessageBox::Warning;
+  case MessageIcon::Critical:
+    return QMessageBox::Critical;
+  }
+  return QMessageBox::NoIcon;
+}
+
+void addButtons(QMessageBox& drawn, const controls::MessageBox& box) {
+  const bool warns = box.icon == MessageIcon::Critical || box.icon == MessageIcon::Exclamation;
+  switch (box.buttons) {
+  case MessageButtons::Ok:
+    drawn.setStandardButtons(QMessageBox::Ok);
+    return;
+  case MessageButtons::OkCancel:
+    drawn.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+    drawn.setDefaultButton(warns ? QMessageBox::Cancel : QMessageBox::Ok);
+    drawn.setEscapeButton(QMessageBox::Cancel);
+    return;
+  case MessageButtons::YesNo:
+    drawn.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    drawn.setDefaultButton(warns ? QMessageBox::No : QMessageBox::Yes);
+    drawn.setEscapeButton(QMessageBox::No);
+    return;
+  }
+}
+
+MessageAnswer answerOf(int button, MessageButtons buttons) {
+  switch (button) {
+  case QMessageBox::Ok:
+    return MessageAnswer::Ok;
+  case QMessageBox::Yes:
+    return MessageAnswer::Yes;
+  case QMessageBox::No:
+    return MessageAnswer::No;
+  default:
+    return buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Cancel;
+  }
+}
+
+void standOn(QMessageBox& drawn, const QWidget* caller) {
+  drawn.winId();
+  if (!caller) return;
+  drawn.windowHandle()->setTransientParent(caller->window()->windowHandle());
+  drawn.adjustSize();
+  QRect place(QPoint(), drawn.sizeHint());
+  place.moveCenter(caller->frameGeometry().center());
+  drawn.move(place.topLeft());
+}
+
+}  // namespace
+
+MessageAnswer showMessageBox(const controls::MessageBox& box, const QWidget* caller) {
+  // No child of the caller, which may go away while the box is open.
+  QMessageBox drawn;
+  drawn.setObjectName(QStringLiteral("MessageBox"));
+  drawn.setTextFormat(Qt::PlainText);
+  drawn.setWindowTitle(toQt(box.title));
+  drawn.setText(linesToQt(box.text));
+  drawn.setIcon(iconOf(box.icon));
+  addButtons(drawn, box);
+  standOn(drawn, caller);
+  return answerOf(drawn.exec(), box.buttons);
+}
+
+}  // namespace varnholt::qt

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "controls/message_loop.hpp"
+
+class QWidget;
+
+namespace varnholt::qt {
+
+/// Shows the box and waits for the answer. The button that Enter stands for is never the one that does harm: where a
+/// warning can be cancelled, it is Cancel. The close box and Esc answer Cancel, No, or the only button.
+controls::MessageAnswer showMessageBox(const controls::MessageBox& box, const QWidget* caller);
+
+}  // namespace varnholt::qt

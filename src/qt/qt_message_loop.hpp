@@ -1,0 +1,96 @@
+#pragma once
+
+#include "controls/message_loop.hpp"
+#include "controls/standard.hpp"
+#include "qt/blocking_call.hpp"
+#include "qt/form_window.hpp"
+#include "qt/pictures.hpp"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QObject>
+#include <QTimer>
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace varnholt::qt {
+
+/// The message loop of the drawn program. Needs a QApplication, which outlives it; forms end before it does.
+///
+/// Changes of forms and controls are drawn together at the next turn, and at most once a frame (16 ms), so that a
+/// handler that gives a turn for each of many thousand items spends its time on the items.
+class QtMessageLoop : public QObject, public controls::MessageLoop, private WindowLoop {
+  Q_OBJECT
+ public:
+  QtMessageLoop();
+  ~QtMessageLoop() override;
+
+  /// How pictures are read (skins, line images, previews). Without it there are none.
+  void setPictureReader(Pictures::Reader reader) { pictures_.setReader(std::move(reader)); }
+  /// Runs until quit(); gives the exit code.
+  int exec();
+
+  void giveTurn() override;
+  void runModal(controls::Form& form) override;
+  void runBlocking(const std::function<void()>& call) override;
+  controls::MessageAnswer show(const controls::MessageBox& box) override;
+  void quit() override;
+  void later(std::function<void()> call) override;
+
+  void attach(controls::Form& form) override;
+  void changed(controls::Form& form) override;
+  void detach(controls::Form& form) override;
+
+  /// Draws now what has changed.
+  void flush();
+  /// The window of a form, null while it was never shown.
+  FormWindow* windowOf(const controls::Form& form) const;
+
+ private:
+  // A form may go away in a handler that its own window or timer has called: both end at the next turn.
+  struct EndLater {
+    void operator()(FormWindow* window) const;
+    void operator()(QTimer* timer) const;
+  };
+  struct Entry {
+    std::unique_ptr<FormWindow, EndLater> window;
+    std::map<const controls::Timer*, std::unique_ptr<QTimer, EndLater>> timers;
+    bool dirty = false;
+  };
+  struct Modal {
+    controls::Form* form;  ///< null once the form is gone
+    QEventLoop* loop;
+  };
+
+  // WindowLoop
+  bool isBlocked() const override { return blocked_ > 0; }
+  Pictures& pictures() override { return pictures_; }
+
+  void drawForm(controls::Form& form);
+  void showOrHide(controls::Form& form, Entry& entry, bool modal);
+  void endHiddenModals();
+  void updateTimer(Entry& entry, const controls::Timer& timer);
+  void tick(controls::Form& form, const controls::Timer& timer);
+  void runLaterCalls();
+  void updatePointer();
+  void readScreen();
+  bool isModal(const controls::Form& form) const;
+
+  std::map<controls::Form*, Entry> forms_;
+  std::vector<Modal> modals_;
+  std::deque<std::function<void()>> laterCalls_;
+  Pictures pictures_;
+  Helper helper_;
+  QTimer drawTimer_, laterTimer_;
+  QElapsedTimer sinceDrawn_;
+  int blocked_ = 0;
+  bool quitting_ = false;
+  std::optional<int> shownPointer_;
+};
+
+}  // namespace varnholt::qt

@@ -1,0 +1,82 @@
+#include "qt/text.hpp"
+
+#include <QStringDecoder>
+#include <QTextDocument>
+
+namespace varnholt::qt {
+namespace {
+
+constexpr char16_t FirstByteMark = 0xDC80, LastByteMark = 0xDCFF;
+
+// Length of the valid UTF-8 sequence at the start of `text`; 0 when there is none.
+qsizetype sequenceLength(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text.front());
+  const std::size_t length = lead < 0x80 ? 1 : (lead >> 5) == 6 ? 2 : (lead >> 4) == 14 ? 3 : (lead >> 3) == 30 ? 4 : 0;
+  if (length == 0 || length > text.size()) return 0;
+  QStringDecoder decoder(QStringDecoder::Utf8);
+  const QString ignored = decoder(QByteArrayView(text.data(), static_cast<qsizetype>(length)));
+  return decoder.hasError() || ignored.isEmpty() ? 0 : static_cast<qsizetype>(length);
+}
+
+QString withByteMarks(std::string_view text) {
+  QString out;
+  while (!text.empty()) {
+    const qsizetype length = sequenceLength(text);
+    if (length == 0) {
+      out += QChar(char16_t(0xDC00 + static_cast<unsigned char>(text.front())));
+      text.remove_prefix(1);
+      continue;
+    }
+    out += QString::fromUtf8(text.data(), length);
+    text.remove_prefix(static_cast<std::size_t>(length));
+  }
+  return out;
+}
+
+bool isByteMark(const QString& text, qsizetype at) {
+  const char16_t unit = text[at].unicode();
+  return unit >= FirstByteMark && unit <= LastByteMark && (at == 0 || !text[at - 1].isHighSurrogate());
+}
+
+}  // namespace
+
+QString toQt(std::string_view text) {
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+  QString plain = decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
+  return decoder.hasError() ? withByteMarks(text) : plain;
+}
+
+std::string fromQt(const QString& text) {
+  std::string out;
+  qsizetype from = 0;
+  for (qsizetype at = 0; at < text.size(); ++at) {
+    if (!isByteMark(text, at)) continue;
+    out += QStringView(text).mid(from, at - from).toUtf8().toStdString();
+    out += static_cast<char>(text[at].unicode() - 0xDC00);
+    from = at + 1;
+  }
+  return out + QStringView(text).mid(from).toUtf8().toStdString();
+}
+
+QString linesToQt(std::string_view text) {
+  QString lines = toQt(text);
+  lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+  return lines;
+}
+
+QString withoutMnemonic(const QString& caption) {
+  QString plain;
+  for (qsizetype at = 0; at < caption.size(); ++at) {
+    if (caption[at] == QLatin1Char('&') && ++at == caption.size()) break;
+    plain += caption[at];
+  }
+  return plain;
+}
+
+QString plainToolTip(std::string_view text) {
+  const QString plain = linesToQt(text);
+  return Qt::mightBeRichText(plain) ? plain.toHtmlEscaped() : plain;
+}
+
+}  // namespace varnholt::qt

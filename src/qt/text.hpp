@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+/// Texts on their way between controls (UTF-8, or raw bytes of a name on disk) and widgets (UTF-16).
+namespace varnholt::qt {
+
+/// A byte that is no UTF-8 becomes a lone low surrogate (U+DC80 to U+DCFF), drawn as an unknown character, and comes
+/// back as that byte from `fromQt`: a path with such a name survives being shown and edited.
+QString toQt(std::string_view text);
+std::string fromQt(const QString& text);
+
+/// The same with carriage returns as line breaks, for texts that only are shown.
+QString linesToQt(std::string_view text);
+
+/// A caption without the "&" of its mnemonic.
+QString withoutMnemonic(const QString& caption);
+
+/// A tool tip that is never taken for mark-up, whatever a file name in it looks like.
+QString plainToolTip(std::string_view text);
+
+}  // namespace varnholt::qt

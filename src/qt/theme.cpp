@@ -1,0 +1,123 @@
+#include "qt/theme.hpp"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QToolTip>
+
+#include <algorithm>
+#include <cmath>
+
+namespace varnholt::qt::theme {
+namespace {
+
+constexpr double ReadableContrast = 4.5;
+// Height of a line of the font for which the sizes in the forms were drawn.
+constexpr int DesignedLineHeight = 15;
+
+// Relative luminance by WCAG 2.1.
+double luminance(const QColor& color) {
+  const auto channel = [](double value) {
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF()) + 0.0722 * channel(color.blueF());
+}
+
+QColor blend(const QColor& from, const QColor& to, double share) {
+  const auto mixed = [share](float a, float b) { return static_cast<float>(a + (b - a) * share); };
+  return QColor::fromRgbF(mixed(from.redF(), to.redF()), mixed(from.greenF(), to.greenF()),
+                          mixed(from.blueF(), to.blueF()));
+}
+
+}  // namespace
+
+QPalette palette() {
+  QPalette colors;
+  const auto all = [&](QPalette::ColorRole role, QRgb color) { colors.setColor(role, QColor::fromRgb(color)); };
+  all(QPalette::Window, Surface);
+  all(QPalette::WindowText, Text);
+  all(QPalette::Base, Field);
+  all(QPalette::AlternateBase, 0xFF20252D);
+  all(QPalette::Text, Text);
+  all(QPalette::Button, 0xFF39404A);
+  all(QPalette::ButtonText, 0xFFE8EAED);
+  all(QPalette::BrightText, 0xFFFFFFFF);
+  all(QPalette::Light, 0xFF4A525E);
+  all(QPalette::Midlight, 0xFF414853);
+  all(QPalette::Mid, 0xFF21252B);
+  all(QPalette::Dark, 0xFF171A1F);
+  all(QPalette::Shadow, 0xFF0C0E11);
+  all(QPalette::Highlight, Selection);
+  all(QPalette::HighlightedText, 0xFFFFFFFF);
+  all(QPalette::Link, 0xFF7DB7E8);
+  all(QPalette::LinkVisited, 0xFFB7A5E0);
+  all(QPalette::ToolTipBase, 0xFF3A414C);
+  all(QPalette::ToolTipText, 0xFFF0F0F0);
+  all(QPalette::PlaceholderText, 0xFF9AA3AE);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
+    colors.setColor(QPalette::Disabled, role, QColor::fromRgb(DisabledText));
+  colors.setColor(QPalette::Disabled, QPalette::Highlight, QColor::fromRgb(Outline));
+  return colors;
+}
+
+QColor colorOf(controls::Color color) {
+  return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
+                static_cast<int>(color >> 16 & 0xFF));
+}
+
+double contrast(const QColor& a, const QColor& b) {
+  const auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
+QColor readable(QColor text, const QColor& background) {
+  const QColor toward = contrast(Qt::white, background) >= contrast(Qt::black, background) ? Qt::white : Qt::black;
+  const QColor wanted = text;
+  for (double share = 0.05; contrast(text, background) < ReadableContrast && share <= 1.0; share += 0.05)
+    text = blend(wanted, toward, share);
+  return text;
+}
+
+int scaled(int pixels) {
+  return std::max(pixels, pixels * QFontMetrics(QApplication::font()).height() / DesignedLineHeight);
+}
+
+Style::Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+  switch (metric) {
+  case PM_LayoutLeftMargin:
+  case PM_LayoutTopMargin:
+  case PM_LayoutRightMargin:
+  case PM_LayoutBottomMargin:
+    return Margin;
+  case PM_LayoutHorizontalSpacing:
+  case PM_LayoutVerticalSpacing:
+  case PM_SplitterWidth:
+    return Gap;
+  case PM_SmallIconSize:
+  case PM_ListViewIconSize:
+  case PM_ButtonIconSize:
+    return scaled(16);
+  case PM_ToolBarIconSize:
+    return scaled(20);
+  case PM_MessageBoxIconSize:
+    return scaled(32);
+  default:
+    return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+}
+
+int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {
+  // The application's own text is plain everywhere; nothing moves by itself.
+  if (hint == SH_Widget_Animation_Duration || hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+  if (hint == SH_MessageBox_TextInteractionFlags) return Qt::NoTextInteraction;
+  return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+void apply() {
+  QApplication::setStyle(new Style);
+  QApplication::setPalette(palette());
+  QToolTip::setPalette(palette());
+}
+
+}  // namespace varnholt::qt::theme

@@ -1,0 +1,58 @@
+#include "qt/theme.hpp"
+#include "qt/widgets/list_view_widget.hpp"
+
+#include <QIcon>
+#include <QPainter>
+
+namespace varnholt::qt {
+namespace {
+constexpr int Padding = 6, AccentLine = 3;
+}
+
+ListHeader::ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+  setSectionsClickable(true);
+  setStretchLastSection(false);
+  setMinimumSectionSize(8);
+  setFocusPolicy(Qt::NoFocus);
+}
+
+void ListHeader::setEmphasis(Emphasis emphasis) {
+  if (emphasis_ == emphasis) return;
+  emphasis_ = emphasis;
+  viewport()->update();
+}
+
+QSize ListHeader::sizeHint() const {
+  return {QHeaderView::sizeHint().width(), fontMetrics().height() + 2 * Padding + AccentLine};
+}
+
+void ListHeader::paintEvent(QPaintEvent* event) {
+  QPainter painter(viewport());
+  painter.fillRect(viewport()->rect(), QColor::fromRgb(theme::HeaderBase));
+  painter.end();
+  QHeaderView::paintEvent(event);
+  painter.begin(viewport());
+  const QRect line(0, height() - AccentLine, viewport()->width(), AccentLine);
+  const bool active = emphasis_ == Emphasis::Active;
+  painter.fillRect(line, QColor::fromRgb(active ? theme::Accent : theme::HeaderBase));
+}
+
+void ListHeader::paintSection(QPainter* painter, const QRect& section, int logicalIndex) const {
+  const QAbstractItemModel* headings = model();
+  QRect area = section.adjusted(Padding, 0, -Padding, -AccentLine);
+  painter->setPen(QColor::fromRgb(theme::Outline));
+  painter->drawLine(section.right(), section.top() + 4, section.right(), section.bottom() - AccentLine - 4);
+
+  const auto icon = qvariant_cast<QIcon>(headings->headerData(logicalIndex, Qt::Horizontal, Qt::DecorationRole));
+  const int side = theme::scaled(12);
+  if (!icon.isNull() && area.width() > 2 * side) {
+    icon.paint(painter, QRect(area.right() - side + 1, area.center().y() - side / 2 + 1, side, side));
+    area.setRight(area.right() - side - 2);
+  }
+  const QString text = headings->headerData(logicalIndex, Qt::Horizontal, Qt::DisplayRole).toString();
+  const int align = headings->headerData(logicalIndex, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
+  painter->setPen(QColor::fromRgb(emphasis_ == Emphasis::Dimmed ? theme::DimText : theme::Text));
+  painter->drawText(area, align | Qt::TextSingleLine, fontMetrics().elidedText(text, Qt::ElideRight, area.width()));
+}
+
+}  // namespace varnholt::qt

@@ -1,0 +1,219 @@
+#include "qt/widgets/list_view_widget.hpp"
+
+#include "qt/icons.hpp"
+#include "qt/text.hpp"
+#include "qt/theme.hpp"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace varnholt::qt {
+namespace {
+
+constexpr int Padding = 6, RowPadding = 3, GhostBar = 3;
+// The cut look: an icon that is half there.
+constexpr double GhostedOpacity = 0.45;
+
+}  // namespace
+
+/// How one row is drawn.
+struct ListViewWidget::RowLook {
+  std::uint32_t row = 0, id = 0;
+  bool selected = false, ghosted = false, focused = false;
+  QColor background, text;
+};
+
+ListViewWidget::ListViewWidget(QWidget* parent) : QTreeView(parent), header_(new ListHeader(this)) {
+  setHeader(header_);
+  setRootIsDecorated(false);
+  setItemsExpandable(false);
+  setUniformRowHeights(true);
+  setAllColumnsShowFocus(true);
+  setSelectionMode(QAbstractItemView::NoSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setAutoScroll(false);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+  setFrameShape(QFrame::NoFrame);
+  setColors({QColor::fromRgb(theme::ListBase), QColor::fromRgb(theme::ListBase), QColor::fromRgb(theme::Text),
+             QColor::fromRgb(theme::Selection), Qt::white, QColor::fromRgb(theme::Outline)});
+}
+
+void ListViewWidget::setList(controls::ListView& list) {
+  list_ = &list;
+  model_ = new ListModel(list, this);
+  applyRowHeight();
+  setModel(model_);
+}
+
+void ListViewWidget::detach() {
+  if (model_) model_->detach();
+  list_ = nullptr;
+}
+
+void ListViewWidget::setColors(const ListColors& colors) {
+  colors_ = colors;
+  QPalette palette = viewport()->palette();
+  if (palette.color(QPalette::Base) != colors.base) {
+    palette.setColor(QPalette::Base, colors.base);
+    palette.setColor(QPalette::Text, colors.text);
+    viewport()->setPalette(palette);
+  }
+  viewport()->update();
+}
+
+int ListViewWidget::iconSide() const { return theme::scaled(16); }
+
+void ListViewWidget::applyRowHeight() {
+  if (!model_) return;
+  model_->setRowHeight(std::max(fontMetrics().height(), iconSide()) + 2 * RowPadding);
+  scheduleDelayedItemsLayout();
+}
+
+void ListViewWidget::changeEvent(QEvent* event) {
+  QTreeView::changeEvent(event);
+  if (event->type() == QEvent::FontChange) applyRowHeight();
+}
+
+std::optional<std::uint32_t> ListViewWidget::rowAt(int y) const {
+  if (!model_ || header_->count() == 0) return {};
+  for (int column = 0; column < header_->count(); ++column) {
+    if (header_->isSectionHidden(column)) continue;
+    const QModelIndex index = indexAt(QPoint(header_->sectionViewportPosition(column) + 1, y));
+    if (index.isValid()) return static_cast<std::uint32_t>(index.row());
+    return {};
+  }
+  return {};
+}
+
+std::uint32_t ListViewWidget::page() const {
+  const int height = std::max(1, rowHeight(model_ ? model_->index(0, 0) : QModelIndex()));
+  return static_cast<std::uint32_t>(std::max(1, viewport()->height() / height));
+}
+
+void ListViewWidget::scrollToRow(std::uint32_t row) {
+  if (model_) scrollTo(model_->index(static_cast<int>(row), 0), QAbstractItemView::EnsureVisible);
+}
+
+void ListViewWidget::showFocusedRow() {
+  if (!list_ || !model_) return;
+  const auto row = list_->focusedRow();
+  const QModelIndex index = row ? model_->index(static_cast<int>(*row), 0) : QModelIndex();
+  if (index != currentIndex()) selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+}
+
+ListViewWidget::RowLook ListViewWidget::lookOf(std::uint32_t row) const {
+  RowLook look;
+  look.row = row;
+  look.id = list_->idAt(row);
+  look.selected = list_->isSelected(look.id);
+  look.ghosted = list_->isGhosted(look.id);
+  look.focused = hasFocus() && list_->focusedRow() == row;
+  look.background = look.selected ? colors_.selection : row % 2 ? colors_.stripe : colors_.base;
+  const controls::Color own = list_->foreColor(look.id);
+  const QColor plain = look.selected ? colors_.selectionText : colors_.text;
+  look.text = theme::readable(own == controls::NoColor ? plain : theme::colorOf(own), look.background);
+  if (!isEnabled()) look.text = QColor::fromRgb(theme::DisabledText);
+  return look;
+}
+
+void ListViewWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const auto row = static_cast<std::uint32_t>(index.row());
+  if (!list_ || row >= list_->count()) return;
+  const RowLook look = lookOf(row);
+  const QRect line(0, option.rect.top(), viewport()->width(), option.rect.height());
+  const bool fullRow = list_->FullRowSelect;
+  painter->fillRect(line, fullRow || !look.selected ? look.background : row % 2 ? colors_.stripe : colors_.base);
+  for (int column = 0; column < header_->count(); ++column) {
+    if (header_->isSectionHidden(column)) continue;
+    const QRect cell(header_->sectionViewportPosition(column), line.top(), header_->sectionSize(column), line.height());
+    if (!cell.intersects(line)) continue;
+    if (!fullRow && look.selected && column == 0) painter->fillRect(cell, look.background);
+    drawCell(*painter, cell, look, column);
+  }
+  if (list_->GridLines) drawGridLines(*painter, line);
+  if (look.ghosted) painter->fillRect(line.left(), line.top(), GhostBar, line.height(), QColor::fromRgb(theme::Ghost));
+  if (!look.focused) return;
+  painter->setPen(QColor::fromRgb(theme::Accent));
+  painter->setBrush(Qt::NoBrush);
+  painter->drawRect(line.adjusted(0, 0, -1, -1));
+}
+
+void ListViewWidget::drawCell(QPainter& painter, const QRect& cell, const RowLook& look, int column) const {
+  QRect area = cell.adjusted(Padding, 0, -Padding, 0);
+  if (column == 0) {
+    drawIcon(painter, QRect(area.left(), area.center().y() - iconSide() / 2, iconSide(), iconSide()), look);
+    area.setLeft(area.left() + iconSide() + Padding);
+  }
+  if (area.width() <= 0) return;
+  const auto& headers = list_->ColumnHeaders.get();
+  const auto at = static_cast<std::size_t>(column);
+  const bool right = at < headers.size() && headers[at].alignRight;
+  painter.setPen(look.text);
+  const QString text = toQt(list_->cell(look.row, column));
+  painter.drawText(area,
+                   static_cast<int>(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft)) | Qt::TextSingleLine,
+                   fontMetrics().elidedText(text, Qt::ElideRight, area.width()));
+}
+
+void ListViewWidget::drawIcon(QPainter& painter, const QRect& area, const RowLook& look) const {
+  const auto& source = list_->source();
+  const auto icon = list_->ImageList->find(source.icon(look.id));
+  if (icon == list_->ImageList->end()) return;
+  painter.setOpacity(look.ghosted ? GhostedOpacity : 1);
+  iconNamed(icon->second).paint(&painter, area);
+  painter.setOpacity(1);
+  const auto emblem = source.emblem(look.id);
+  if (emblem == controls::Emblem::None) return;
+  const int side = area.width() * 10 / 16;
+  const QRect corner(area.right() - side + 2, area.bottom() - side + 2, side, side);
+  painter.fillRect(corner, look.background);
+  iconNamed(emblem == controls::Emblem::Link ? "link" : "link-gone").paint(&painter, corner);
+}
+
+void ListViewWidget::drawGridLines(QPainter& painter, const QRect& row) const {
+  painter.setPen(colors_.grid);
+  painter.drawLine(row.left(), row.bottom(), row.right(), row.bottom());
+  for (int column = 0; column < header_->count(); ++column) {
+    if (header_->isSectionHidden(column)) continue;
+    const int right = header_->sectionViewportPosition(column) + header_->sectionSize(column) - 1;
+    painter.drawLine(right, row.top(), right, row.bottom());
+  }
+}
+
+// The stripes go on below the last row, so that a short list looks like a long one.
+void ListViewWidget::paintEvent(QPaintEvent* event) {
+  QTreeView::paintEvent(event);
+  if (!model_ || colors_.stripe == colors_.base) return;
+  const int rows = model_->rowCount();
+  const int height = rows > 0 ? rowHeight(model_->index(0, 0)) : fontMetrics().height() + 2 * RowPadding;
+  const QRect last = rows > 0 ? visualRect(model_->index(rows - 1, 0)) : QRect();
+  if (rows > 0 && !last.isValid()) return;
+  QPainter painter(viewport());
+  int row = rows;
+  for (int top = rows > 0 ? last.bottom() + 1 : 0; top < viewport()->height(); top += height, ++row)
+    if (row % 2) painter.fillRect(0, top, viewport()->width(), height, colors_.stripe);
+}
+
+QString ListViewWidget::cutTextAt(const QPoint& position) const {
+  const QModelIndex index = indexAt(position);
+  if (!index.isValid()) return {};
+  const QString text = index.data().toString();
+  const int taken = 2 * Padding + (index.column() == 0 ? iconSide() + Padding : 0);
+  return fontMetrics().horizontalAdvance(text) + taken > header_->sectionSize(index.column()) ? text : QString();
+}
+
+// A name that does not fit its column is shown whole; elsewhere the list's own tip.
+bool ListViewWidget::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  const QString cut = cutTextAt(help->pos());
+  QToolTip::showText(help->globalPos(), cut.isEmpty() ? toolTip() : plainToolTip(fromQt(cut)), viewport());
+  return true;
+}
+
+}  // namespace varnholt::qt

@@ -1,0 +1,94 @@
+#include "qt/widgets/status_strip.hpp"
+
+#include "qt/theme.hpp"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include <algorithm>
+#include <numeric>
+
+namespace varnholt::qt {
+namespace {
+constexpr int Padding = 8;
+}
+
+StatusStrip::StatusStrip(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void StatusStrip::setTexts(const QStringList& texts) {
+  if (texts == texts_) return;
+  texts_ = texts;
+  widest_.resize(static_cast<std::size_t>(texts.size()));
+  for (std::size_t at = 0; at < widest_.size(); ++at) {
+    const QString& text = texts_[static_cast<qsizetype>(at)];
+    if (!text.isEmpty()) widest_[at] = std::max(widest_[at], fontMetrics().horizontalAdvance(text) + 2 * Padding);
+  }
+  setAccessibleDescription(texts_.join(QLatin1String(", ")));
+  update();
+}
+
+QSize StatusStrip::sizeHint() const {
+  return {std::accumulate(widest_.begin(), widest_.end(), 0), fontMetrics().height() + Padding};
+}
+
+QSize StatusStrip::minimumSizeHint() const { return {0, sizeHint().height()}; }
+
+// When the texts do not fit, all sections give up the same share of their width.
+std::vector<int> StatusStrip::sectionWidths() const {
+  std::vector<int> widths = widest_;
+  const int wanted = std::accumulate(widths.begin(), widths.end(), 0);
+  if (wanted > width() && wanted > 0)
+    for (int& each : widths)
+      each = each * width() / wanted;
+  if (!widths.empty()) widths.back() += width() - std::accumulate(widths.begin(), widths.end(), 0);
+  return widths;
+}
+
+void StatusStrip::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  int left = 0;
+  qsizetype at = 0;
+  for (const int width : sectionWidths()) {
+    const QRect section(left, 0, width, height());
+    const QRect inner = section.adjusted(Padding, 0, -Padding, 0);
+    if (left > 0 && width > 0) {
+      painter.setPen(QColor::fromRgb(theme::Outline));
+      painter.drawLine(left, 4, left, height() - 5);
+    }
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(inner, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     fontMetrics().elidedText(texts_[at++], Qt::ElideRight, inner.width()));
+    left += width;
+  }
+}
+
+void StatusStrip::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (event->size().width() == event->oldSize().width()) return;
+  widest_.assign(widest_.size(), 0);
+  const QStringList texts = std::exchange(texts_, {});
+  setTexts(texts);
+}
+
+int StatusStrip::sectionAt(int x) const {
+  const auto widths = sectionWidths();
+  int right = 0;
+  for (std::size_t at = 0; at < widths.size(); ++at)
+    if (x < (right += widths[at])) return static_cast<int>(at);
+  return -1;
+}
+
+// The tool tip of a section is its whole text, so that nothing is lost when it is cut.
+bool StatusStrip::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  const int at = sectionAt(help->pos().x());
+  if (at < 0 || texts_[at].isEmpty()) return QWidget::event(event);
+  QToolTip::showText(help->globalPos(), texts_[at], this);
+  return true;
+}
+
+}  // namespace varnholt::qt

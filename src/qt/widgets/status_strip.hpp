@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QStringList>
+#include <QWidget>
+
+#include <vector>
+
+namespace varnholt::qt {
+
+/// The sections of a status bar, side by side. A section is as wide as its text and never shrinks while the window
+/// keeps its size, so that a ticking clock moves nothing; the last section takes the rest. What does not fit is cut
+/// with an ellipsis.
+class StatusStrip : public QWidget {
+  Q_OBJECT
+ public:
+  explicit StatusStrip(QWidget* parent = nullptr);
+  void setTexts(const QStringList& texts);
+  const QStringList& texts() const { return texts_; }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  std::vector<int> sectionWidths() const;
+  int sectionAt(int x) const;
+
+  QStringList texts_;
+  std::vector<int> widest_;
+};
+
+}  // namespace varnholt::qt
