@@ -23,7 +23,7 @@ std::map<int, std::string> panelImageList() {
 }
 
 std::vector<controls::ColumnHeader> panelColumns() {
-  return {{"Name:", 3600, SortedUp, false},
+  return {{"Name:", 4350, SortedUp, false},
           {".Ext", 840, NotSorted, false},
           {"ByteSize:", 1560, NotSorted, true},
           {"Date Modified:", 2100, NotSorted, false},

@@ -189,7 +189,8 @@ void MainWindowStart::LoadHistoryFiles() {
 
 void MainWindowStart::Form_Activate() {
   auto& menu = p_.form.Menu;
-  if (!std::exchange(activated_, true) && p_.program.init.VDT_State == "1") {
+  const bool first = !std::exchange(activated_, true);
+  if (first && p_.program.init.VDT_State == "1") {
     menu["VDTstartup"].Checked = true;
     if (p_.form.seams.VDTstart) p_.form.seams.VDTstart();
   }
@@ -197,6 +198,7 @@ void MainWindowStart::Form_Activate() {
   // Closing the tip activates the window again: once a run is enough.
   if (p_.tip.LoadTip.Value == 0 && p_.program.init.Tip_State == "0" && !std::exchange(tipShown_, true))
     p_.tip.ShowModal();
+  if (first) p_.listing.FocusView();
 }
 
 }  // namespace varnholt::panels
