@@ -87,7 +87,11 @@ std::int64_t dayNumber(const platform::CalendarTime& time) {
 }
 
 std::string dateKey(const platform::CalendarTime& time) {
-  return format("000000000000000", dayNumber(time), platform::RegionalFormats{});
+  constexpr int keyDigits = 15;
+  const std::int64_t days = dayNumber(time);
+  std::string text = days < 0 ? "-" : "";
+  appendGrouped(static_cast<std::uint64_t>(days < 0 ? -days : days), keyDigits, {}, text);
+  return text;
 }
 
 std::string panelRowDate(std::string_view dateTimeFormat, const platform::CalendarTime& time) {

@@ -95,6 +95,7 @@ TEST(Rows, CountDaysFromTheEndOf1899) {
   for (const auto& [time, days] : cases)
     EXPECT_EQ(dayNumber(time), days) << time.year;
   EXPECT_EQ(dateKey({2007, 3, 9, 23, 59, 59}), "000000000039150");
+  EXPECT_EQ(dateKey({1899, 12, 29}), "-000000000000001");
 }
 
 TEST(Rows, ShowDatesByTheClockFormat) {

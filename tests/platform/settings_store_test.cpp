@@ -8,6 +8,7 @@
 
 #include <sqlite3.h>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -133,6 +134,45 @@ void sql(const std::string& file, const char* text) {
   sqlite3_close(handle);
 }
 
+std::vector<SettingsStore::Write> manyWrites(const char* prefix, int count, const char* value) {
+  std::vector<SettingsStore::Write> writes;
+  for (int i = 0; i < count; ++i)
+    writes.push_back({"a", "s", prefix + std::to_string(i), value + std::string(100, '.')});
+  return writes;
+}
+
+// The limit on a file's size kills the child with pages of the transaction in the file and others not.
+TEST(Settings, AreOldAfterAKillBetweenTwoPagesOfOneWrite) {
+  ScratchFolder folder;
+  const std::string file = folder / "settings.db";
+  {
+    SqliteSettingsStore store(file);
+    ASSERT_TRUE(store.saveAll(manyWrites("k", 400, "old")));
+  }
+  const std::string before = folder.read("settings.db");
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const rlimit limit{before.size() + 4096, before.size() + 4096};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    SqliteSettingsStore store(file);
+    std::vector<SettingsStore::Write> writes = manyWrites("k1", 5, "new");
+    for (auto& write : manyWrites("z", 400, "new"))
+      writes.push_back(std::move(write));
+    ::_exit(store.saveAll(writes) ? 0 : 1);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ);
+  ASSERT_NE(folder.read("settings.db"), before) << "the kill came too early to show anything";
+
+  SqliteSettingsStore store(file);
+  EXPECT_FALSE(store.database().setAside());
+  for (int i = 0; i < 400; ++i) {
+    EXPECT_EQ(store.get("a", "s", "k" + std::to_string(i)).substr(0, 3), "old") << i;
+    EXPECT_EQ(store.get("a", "s", "z" + std::to_string(i), "none"), "none") << i;
+  }
+}
+
 TEST(Settings, OfManyWritesAreKeptAllOrNone) {
   ScratchFolder folder;
   SqliteSettingsStore store(folder / "settings.db");
@@ -182,10 +222,7 @@ TEST_P(DamagedSettings, AreSetAsideAndAFreshFileIsMade) {
   const std::string file = folder / "settings.db";
   {
     SqliteSettingsStore store(file);
-    std::vector<SettingsStore::Write> writes;
-    for (int i = 0; i < 400; ++i)
-      writes.push_back({"a", "section", std::to_string(i), std::string(100, 'v')});
-    ASSERT_TRUE(store.saveAll(writes));
+    ASSERT_TRUE(store.saveAll(manyWrites("", 400, "old")));
   }
   folder.write("settings.db.damaged-1", "an earlier one");
   GetParam().make(folder);
@@ -193,14 +230,14 @@ TEST_P(DamagedSettings, AreSetAsideAndAFreshFileIsMade) {
   {
     SqliteSettingsStore store(file);
     ASSERT_EQ(store.database().setAside().value_or(""), file + ".damaged-2");
-    EXPECT_EQ(store.get("a", "section", "1", "fallback"), "fallback");
-    ASSERT_TRUE(store.save("a", "section", "1", "fresh"));
+    EXPECT_EQ(store.get("a", "s", "1", "fallback"), "fallback");
+    ASSERT_TRUE(store.save("a", "s", "1", "fresh"));
   }
   EXPECT_EQ(folder.read("settings.db.damaged-1"), "an earlier one");
   EXPECT_EQ(folder.read("settings.db.damaged-2"), damaged);
   SqliteSettingsStore again(file);
   EXPECT_FALSE(again.database().setAside());
-  EXPECT_EQ(again.get("a", "section", "1"), "fresh");
+  EXPECT_EQ(again.get("a", "s", "1"), "fresh");
 }
 
 INSTANTIATE_TEST_SUITE_P(All, DamagedSettings, testing::ValuesIn(damages), [](const auto& test) {

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace varnholt::platform::posix {
 namespace {
 
@@ -80,11 +83,19 @@ TEST_P(RegionalOf, AnInstalledLocale) {
   const std::string make = "localedef -i " + std::string(locale.source) + " -f " + locale.charset + " '" +
                            (folder / name) + "' >/dev/null 2>&1";
   if (std::system(make.c_str()) != 0) GTEST_SKIP() << "localedef or its sources are not installed";
-  const test::ScopedVariable path("LOCPATH", folder.path().c_str()), chosen("LC_ALL", name.c_str());
-  const RegionalFormats formats = userRegionalFormats();
-  EXPECT_EQ(formats.thousandsSign, locale.thousands);
-  EXPECT_EQ(formats.decimalSign, locale.decimal);
-  EXPECT_EQ(formats.twelveHourClock, locale.twelveHour);
+  // In a child, since the C library never gives back what it remembers of LOCPATH.
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const test::ScopedVariable path("LOCPATH", folder.path().c_str()), chosen("LC_ALL", name.c_str());
+    const RegionalFormats formats = userRegionalFormats();
+    EXPECT_EQ(formats.thousandsSign, locale.thousands);
+    EXPECT_EQ(formats.decimalSign, locale.decimal);
+    EXPECT_EQ(formats.twelveHourClock, locale.twelveHour);
+    ::_exit(HasFailure() ? 1 : 0);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, RegionalOf,

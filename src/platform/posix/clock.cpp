@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <ctime>
-#include <limits>
 
 namespace varnholt::platform::posix {
 namespace {
@@ -23,32 +22,14 @@ std::int64_t dayNumber(std::int64_t year, int month, std::int64_t day) {
   return era * daysOf400Years + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - marchOfYear0;
 }
 
-/// The way back of dayNumber.
-void setDay(std::int64_t number, CalendarTime& time) {
-  constexpr std::int64_t daysOf400Years = 146097, marchOfYear0 = 719468;
-  const std::int64_t shifted = number + marchOfYear0, era = floorDivide(shifted, daysOf400Years);
-  const std::int64_t dayOfEra = shifted - era * daysOf400Years;
-  const std::int64_t yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-  const std::int64_t dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-  const std::int64_t fromMarch = (5 * dayOfYear + 2) / 153;
-  time.day = static_cast<int>(dayOfYear - (153 * fromMarch + 2) / 5 + 1);
-  time.month = static_cast<int>(fromMarch < 10 ? fromMarch + 3 : fromMarch - 9);
-  time.year = static_cast<int>(yearOfEra + era * 400 + (time.month <= 2 ? 1 : 0));
-  time.weekday = static_cast<int>((number % 7 + 11) % 7);  // 1970-01-01 was a Thursday, 4
-}
-
-std::int64_t askedOffset(std::int64_t seconds) {
-  const auto moment = static_cast<std::time_t>(seconds);
+std::tm fieldsOf(std::int64_t seconds) {
+  const auto moment = static_cast<std::time_t>(std::clamp(seconds, -furthest, furthest));
   std::tm fields{};
-  return ::localtime_r(&moment, &fields) ? fields.tm_gmtoff : 0;
+  ::localtime_r(&moment, &fields);
+  return fields;
 }
 
-constexpr std::uint64_t filled = 1;
-std::uint64_t packed(std::int64_t day, std::int64_t offset) {
-  // Offsets lie within a day or so: 31 bits hold them with the mark below.
-  return static_cast<std::uint64_t>(day) << 32 | (static_cast<std::uint64_t>(offset) & 0x7fffffff) << 1 | filled;
-}
-std::int64_t offsetOf(std::uint64_t word) { return static_cast<std::int32_t>(word & 0xfffffffe) / 2; }
+std::int64_t offsetAt(std::int64_t seconds) { return fieldsOf(seconds).tm_gmtoff; }
 
 }  // namespace
 
@@ -60,37 +41,20 @@ Date SystemClock::now() const {
   return {time.tv_sec, static_cast<std::int32_t>(time.tv_nsec)};
 }
 
-std::int64_t SystemClock::offsetAt(std::int64_t seconds) const {
-  const std::int64_t day = floorDivide(seconds, secondsOfDay);
-  if (day != static_cast<std::int32_t>(day)) return askedOffset(seconds);
-  auto& place = days_[static_cast<std::uint64_t>(day) % cachedDays];
-  const std::uint64_t word = place.load(std::memory_order_relaxed);
-  if ((word & filled) && word >> 32 == static_cast<std::uint32_t>(day)) return offsetOf(word);
-  const std::int64_t atStart = askedOffset(day * secondsOfDay), atEnd = askedOffset((day + 1) * secondsOfDay);
-  if (atStart != atEnd) return askedOffset(seconds);
-  place.store(packed(day, atStart), std::memory_order_relaxed);
-  return atStart;
-}
-
 CalendarTime SystemClock::local(const Date& date) const {
-  const std::int64_t moment = std::clamp(date.seconds, -furthest, furthest);
-  const std::int64_t shifted = moment + offsetAt(moment);
-  const std::int64_t day = floorDivide(shifted, secondsOfDay);
-  const int second = static_cast<int>(shifted - day * secondsOfDay);
-  CalendarTime time;
-  setDay(day, time);
-  time.hour = second / 3600;
-  time.minute = second / 60 % 60;
-  time.second = second % 60;
-  return time;
+  const std::tm fields = fieldsOf(date.seconds);
+  return {fields.tm_year + 1900, fields.tm_mon + 1, fields.tm_mday, fields.tm_hour,
+          fields.tm_min,         fields.tm_sec,     fields.tm_wday};
 }
 
+/// mktime() is no help: of a local time that comes twice it gives whichever it looked for last.
 Date SystemClock::fromLocal(const CalendarTime& time) const {
   const std::int64_t months = std::int64_t{time.month} - 1, year = time.year + floorDivide(months, 12);
   const int month = static_cast<int>(months - floorDivide(months, 12) * 12) + 1;
   const std::int64_t asUtc = dayNumber(year, month, time.day) * secondsOfDay + std::int64_t{time.hour} * 3600 +
                              std::int64_t{time.minute} * 60 + time.second;
-  // The moment lies within a day of its own digits, and the offset changes at most once around it.
+  // The moment lies within a day of its own digits, and the offset changes at most once around it: of all time zones
+  // on record none has held an offset for less than three days.
   const std::int64_t before = asUtc - offsetAt(asUtc - secondsOfDay), after = asUtc - offsetAt(asUtc + secondsOfDay);
   const bool beforeHolds = before + offsetAt(before) == asUtc, afterHolds = after + offsetAt(after) == asUtc;
   return {afterHolds && !beforeHolds ? after : before, 0};

@@ -191,9 +191,7 @@ bool SqliteDatabase::moveAside() {
   close();
   const auto aside = freeAsideName(file_);
   if (!aside) return false;
-  // The journal goes first: left behind, it would be played back into the fresh file.
-  const std::string journal = file_ + "-journal";
-  if (::rename(journal.c_str(), (*aside + "-journal").c_str()) != 0 && errno != ENOENT) return false;
+  // A journal that stays behind does no harm: beside an empty file the library takes it for a remnant.
   if (::rename(file_.c_str(), aside->c_str()) != 0) return false;
   setAside_ = *aside;
   return true;

@@ -54,9 +54,9 @@ class SqliteQuery {
 /// One SQLite file of our own, opened so that a kill or a power cut at any moment leaves the last committed state:
 /// rollback journal, synced before the file is touched and again at each commit.
 ///
-/// A file that is damaged or of another program is set aside as NAME.damaged-N (N from 1, the first that is free),
-/// together with its journal, and a fresh one is made. Where the folder is missing or refuses, the database stays
-/// closed and each call tries again, so a folder that appears later is used from then on.
+/// A file that is damaged or of another program is set aside as NAME.damaged-N (N from 1, the first that is free) and
+/// a fresh one is made. Where the folder is missing or refuses, the database stays closed and each call tries again, so
+/// a folder that appears later is used from then on.
 class SqliteDatabase {
  public:
   SqliteDatabase(std::string file, const SqliteFormat& format);
