@@ -6,6 +6,7 @@
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
+#include <cctype>
 
 namespace varnholt::panels {
 namespace {
@@ -14,15 +15,22 @@ namespace paths = platform::paths;
 
 constexpr std::string_view Archives[] = {"zip", "cab", "rar", "arj"};
 
-// Replaces every place of `mark`, letter case ignored; true when there was one.
+// Replaces every place of `mark`, its letter case ignored; true when there was one. Marks are ASCII, and so is the
+// comparison: folding more could move the places.
 bool replaceMark(std::string& text, std::string_view mark, const std::string& value) {
+  const auto sameLetter = [](char a, char b) {
+    return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+  };
   bool found = false;
-  for (auto at = platform::foldCase(text).find(mark); at != std::string::npos;
-       at = platform::foldCase(text).find(mark, at + value.size())) {
-    text.replace(at, mark.size(), value);
+  auto from = text.begin();
+  while (true) {
+    const auto at = std::search(from, text.end(), mark.begin(), mark.end(), sameLetter);
+    if (at == text.end()) return found;
+    const auto offset = at - text.begin();
+    text.replace(at, at + static_cast<std::ptrdiff_t>(mark.size()), value);
+    from = text.begin() + offset + static_cast<std::ptrdiff_t>(value.size());
     found = true;
   }
-  return found;
 }
 
 }  // namespace
@@ -57,7 +65,7 @@ std::string FileOpener::reggetdata(const std::string& path) const {
 }
 
 std::string FileOpener::PathChange(const std::string& command, const std::string& path) const {
-  const std::string quoted = '"' + path + '"';
+  const std::string quoted = platform::quoteArgument(path);
   std::string text = command;
   replaceMark(text, "%systemroot%", program_.folders.SystemRoot);
   replaceMark(text, "%programfiles%", program_.folders.ProgramFiles);
@@ -73,7 +81,8 @@ bool FileOpener::startExplorer(const std::string& argument) {
     program_.dialogs.alert("Cannot Find Explorer.exe, - Function Exits");
     return false;
   }
-  return program_.platform.shell.start('"' + explorer + "\" \"" + argument + '"').ok();
+  return program_.platform.shell.start(platform::quoteArgument(explorer) + ' ' + platform::quoteArgument(argument))
+      .ok();
 }
 
 void FileOpener::OpenItemPath(const std::string& path) {

@@ -123,9 +123,9 @@ void PanelKeys::runLine() {
   std::string command = line;
   // A typed path may spell its parts in another letter case than the disk does.
   if (const auto path = p_.program.files().resolve(line)) {
-    command = '"' + *path + '"';
+    command = platform::quoteArgument(*path);
     if (p_.program.files().folderExists(*path))
-      command = '"' + paths::join(p_.program.folders.windir, "explorer.exe") + "\" " + command;
+      command = platform::quoteArgument(paths::join(p_.program.folders.windir, "explorer.exe")) + ' ' + command;
     else if (openFile && !p_.program.platform.shell.start(command)) {
       openFile(*path);
       return;
