@@ -32,8 +32,9 @@ bool isDrawn(const controls::Control& control) {
   return control.kind() != controls::Kind::Timer && control.kind() != controls::Kind::MenuItem;
 }
 
+// `window` stands with its frame's corner where it says, and is as large as its inside.
 QRect fittedToScreen(QRect window, const QRect& screen) {
-  const QRect room = screen.adjusted(0, FrameAllowance, 0, 0);
+  const QRect room = screen.adjusted(0, 0, 0, -FrameAllowance);
   window.setSize(window.size().boundedTo(room.size()));
   window.moveLeft(std::clamp(window.left(), room.left(), std::max(room.left(), room.right() - window.width() + 1)));
   window.moveTop(std::clamp(window.top(), room.top(), std::max(room.top(), room.bottom() - window.height() + 1)));
@@ -112,7 +113,7 @@ void FormWindow::updateForm() {
   widget_->setAccessibleName(widget_->windowTitle());
   updateSkin();
   if (placedByProgram() && widget_->isVisible())
-    widget_->setGeometry(pixels(form_.Left), pixels(form_.Top), pixels(form_.Width), pixels(form_.Height));
+    place(nullptr);
   const auto wanted = form_.WindowState.get();
   Qt::WindowStates states = widget_->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
   if (wanted == controls::WindowState::Minimized) states |= Qt::WindowMinimized;
@@ -207,12 +208,14 @@ void FormWindow::place(const QWidget* caller) {
     wanted = QRect(QPoint(), widget_->size());
     wanted.moveCenter(caller ? caller->frameGeometry().center() : room.center());
   }
-  widget_->setGeometry(fittedToScreen(wanted, room));
+  const QRect fitted = fittedToScreen(wanted, room);
+  widget_->resize(fitted.size());
+  widget_->move(fitted.topLeft());
 }
 
 void FormWindow::noteGeometry() {
   if (!widget_->isVisible() || widget_->isMinimized() || widget_->isMaximized()) return;
-  noted_ = widget_->geometry();
+  noted_ = QRect(widget_->pos(), widget_->size());
   form_.Left.takeFromUser(noted_.left() * controls::TwipsPerPixel);
   form_.Top.takeFromUser(noted_.top() * controls::TwipsPerPixel);
   form_.Width.takeFromUser(noted_.width() * controls::TwipsPerPixel);

@@ -2,12 +2,21 @@
 
 #include "qt/icons.hpp"
 #include "qt/text.hpp"
+#include "qt/theme.hpp"
 
+#include <QHBoxLayout>
 #include <QMenu>
+
+#include <algorithm>
 
 namespace varnholt::qt {
 
-MenuBar::MenuBar(Host& host, QMenuBar& bar, const std::vector<controls::Control*>& controls) : host_(host), bar_(bar) {
+MenuBar::MenuBar(Host& host, QMenuBar& bar, const std::vector<controls::Control*>& controls)
+    : host_(host), bar_(bar), rightEnd_(*new QWidget(&bar)) {
+  auto* row = new QHBoxLayout(&rightEnd_);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  bar_.installEventFilter(this);
   rebuild(controls);
 }
 
@@ -15,6 +24,9 @@ void MenuBar::rebuild(const std::vector<controls::Control*>& controls) {
   bar_.clear();
   qDeleteAll(bar_.findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly));
   actions_.clear();
+  for (const auto& [item, button] : rightButtons_)
+    delete button;
+  rightButtons_.clear();
   for (controls::Control* control : controls) {
     if (control->kind() != controls::Kind::MenuItem) continue;
     auto& item = static_cast<controls::MenuItem&>(*control);
@@ -55,17 +67,30 @@ void MenuBar::choose(controls::MenuItem& item) {
   });
 }
 
-void MenuBar::showAtRightEnd(controls::MenuItem& item, QAction& action) {
-  if (!rightEnd_) {
-    rightEnd_ = new QToolButton(&bar_);
-    rightEnd_->setAutoRaise(true);
-    rightEnd_->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    rightEnd_->setPopupMode(QToolButton::InstantPopup);
-    rightEnd_->setFocusPolicy(Qt::NoFocus);
-    bar_.setCornerWidget(rightEnd_, Qt::TopRightCorner);
-  }
-  rightEnd_->setObjectName(toQt(item.name()));
-  rightEnd_->setDefaultAction(&action);
+// A line of text rather than a menu: it is read even while there is nothing to choose behind it.
+void MenuBar::showAtRightEnd(const controls::MenuItem& item, QAction& action) {
+  auto* button = new QToolButton(&rightEnd_);
+  button->setObjectName(toQt(item.name()));
+  button->setAutoRaise(true);
+  button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  button->setPopupMode(QToolButton::InstantPopup);
+  button->setFocusPolicy(Qt::NoFocus);
+  QPalette colors = button->palette();
+  colors.setColor(QPalette::Disabled, QPalette::ButtonText, QColor::fromRgb(theme::DimText));
+  button->setPalette(colors);
+  button->setDefaultAction(&action);
+  rightEnd_.layout()->addWidget(button);
+  rightButtons_[&item] = button;
+}
+
+void MenuBar::placeRightEnd() {
+  const int width = std::min(rightEnd_.sizeHint().width(), bar_.width());
+  rightEnd_.setGeometry(bar_.width() - width, 0, width, bar_.height());
+}
+
+bool MenuBar::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize || event->type() == QEvent::Show) placeRightEnd();
+  return QObject::eventFilter(watched, event);
 }
 
 void MenuBar::update(const controls::MenuItem& item) {
@@ -80,6 +105,10 @@ void MenuBar::update(const controls::MenuItem& item) {
   action.setVisible(item.Visible);
   action.setShortcut(QKeySequence::fromString(toQt(item.Shortcut.get()), QKeySequence::PortableText));
   action.setIcon(iconNamed(item.Icon.get()));
+  if (const auto button = rightButtons_.find(&item); button != rightButtons_.end()) {
+    button->second->setVisible(item.Visible);
+    placeRightEnd();
+  }
   if (action.menu()) return;
   action.setCheckable(item.Checked);
   action.setChecked(item.Checked);

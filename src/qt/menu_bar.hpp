@@ -22,16 +22,19 @@ class MenuBar : public QObject {
   bool has(const controls::MenuItem& item) const { return actions_.contains(&item); }
   void rebuild(const std::vector<controls::Control*>& controls);
   void update(const controls::MenuItem& item);
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void add(controls::MenuItem& item, QWidget& parent);
   void choose(controls::MenuItem& item);
-  void showAtRightEnd(controls::MenuItem& item, QAction& action);
+  void showAtRightEnd(const controls::MenuItem& item, QAction& action);
+  void placeRightEnd();
 
   Host& host_;
   QMenuBar& bar_;
   std::map<const controls::MenuItem*, QAction*> actions_;
-  QPointer<QToolButton> rightEnd_;
+  QWidget& rightEnd_;  ///< child of the bar
+  std::map<const controls::MenuItem*, QToolButton*> rightButtons_;
 };
 
 }  // namespace varnholt::qt

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QFontMetrics>
+#include <QPainter>
+#include <QStyleOption>
 #include <QToolTip>
 
 #include <algorithm>
@@ -105,6 +107,36 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
   default:
     return QProxyStyle::pixelMetric(metric, option, widget);
   }
+}
+
+namespace {
+
+// Boxes and fields are outlined: on a dark surface a darker area alone is hard to see.
+void drawOutlined(QPainter& painter, const QRect& area, const QStyleOption& option, const QBrush& inside) {
+  const bool focused = option.state.testFlag(QStyle::State_HasFocus);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QColor::fromRgb(focused ? Accent : FieldOutline));
+  painter.setBrush(inside);
+  painter.drawRoundedRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+}
+
+void drawTick(QPainter& painter, const QRectF& box, bool enabled) {
+  const auto at = [&](double x, double y) { return QPointF(box.left() + box.width() * x, box.top() + box.height() * y); };
+  painter.setPen(QPen(QColor::fromRgb(enabled ? TickMark : DisabledText), box.width() / 7));
+  painter.drawPolyline(QPolygonF{at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.28)});
+}
+
+}  // namespace
+
+void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                          const QWidget* widget) const {
+  const bool box = element == PE_IndicatorCheckBox, field = element == PE_FrameLineEdit;
+  if (!box && !field) return QProxyStyle::drawPrimitive(element, option, painter, widget);
+  painter->save();
+  drawOutlined(*painter, option->rect, *option, box ? option->palette.base() : QBrush(Qt::NoBrush));
+  if (box && option->state.testFlag(State_On))
+    drawTick(*painter, option->rect, option->state.testFlag(State_Enabled));
+  painter->restore();
 }
 
 int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {

@@ -23,6 +23,8 @@ inline constexpr QRgb Accent = 0xFF5B9BD5;
 inline constexpr QRgb Selection = 0xFF2F6399;     ///< background of a selected row
 inline constexpr QRgb DimSelection = 0xFF3B4656;  ///< the same in the panel that is not active
 inline constexpr QRgb Outline = 0xFF4A525E;
+inline constexpr QRgb FieldOutline = 0xFF6B7482;  ///< of fields and boxes, 3:1 on a surface
+inline constexpr QRgb TickMark = 0xFF8CC2F2;
 inline constexpr QRgb GridLine = 0xFF2A313B;
 /// Rows that carry the program's own mark (Ghosted).
 inline constexpr QRgb Ghost = 0xFFF0A33A;
@@ -45,6 +47,8 @@ class Style : public QProxyStyle {
  public:
   Style();
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* data) const override;
 };

@@ -24,6 +24,10 @@ void Backdrop::setSkin(const QPixmap& skin) {
 
 void Backdrop::paintEvent(QPaintEvent*) { paintSkin(*this, skin_); }
 
+// A dialog has a close box alone: it is neither put away nor blown up.
+SkinDialog::SkinDialog(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint) {}
+
 void SkinDialog::setSkin(const QPixmap& skin) {
   skin_ = skin;
   update();

@@ -27,7 +27,7 @@ class Backdrop : public QWidget {
 class SkinDialog : public QDialog {
   Q_OBJECT
  public:
-  using QDialog::QDialog;
+  explicit SkinDialog(QWidget* parent = nullptr);
   void setSkin(const QPixmap& skin);
 
  protected:
