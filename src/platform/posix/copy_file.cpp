@@ -55,31 +55,51 @@ int copyFacts(int from, int to, const struct stat& facts) {
   return ::futimens(to, times) == 0 || errno == EPERM ? 0 : errno;
 }
 
-/// Fills the temporary file and puts it in place.
-Failed copyIntoPlace(int source, const struct stat& facts, CopySide& from, const char* fromName, CopySide& to,
-                     const char* toName, bool replaces, bool sync, CopyMonitor& monitor) {
-  TempFile temp;
-  if (const int error = temp.create(to.folder, 0600)) return atTarget(error);
-  if (const int error = copyBytes(source, temp.fd(), facts, monitor))
+/// What a file is copied from and to, looked at and judged.
+struct FileCopy {
+  CopySide& from;
+  const char* fromName;
+  CopySide& to;
+  const char* toName;
+  const CopyRules& rules;
+  struct stat facts {};
+  bool replaces = false;
+};
+
+/// Fills a new file. Gives nothing when all is done but its name.
+Failed fill(TempFile& file, int source, const FileCopy& copy, CopyMonitor& monitor) {
+  const int created =
+      copy.rules.freshFolder ? file.createAs(copy.to.folder, copy.toName, 0600) : file.create(copy.to.folder, 0600);
+  if (created) return atTarget(created);
+  if (const int error = copyBytes(source, file.fd(), copy.facts, monitor))
     return error == ECANCELED ? stopped() : error == EIO ? atSource(error) : atTarget(error);
-  if (const int error = copyFacts(source, temp.fd(), facts)) return atTarget(error);
-  copyNativeAttributes(from, fromName, to, temp.name());
+  if (const int error = copyFacts(source, file.fd(), copy.facts)) return atTarget(error);
+  copyNativeAttributes(copy.from, copy.fromName, copy.to, file.name());
   // The old file goes only when the new one is on the disk.
-  if ((replaces || sync) && ::fsync(temp.fd()) != 0) return atTarget(errno);
-  if (const int error = temp.close()) return atTarget(error);
-  const int error = replaces ? temp.replace(toName) : temp.placeNew(toName);
+  if ((copy.replaces || copy.rules.sync) && ::fsync(file.fd()) != 0) return atTarget(errno);
+  const int error = file.close();
+  return error ? atTarget(error) : Failed();
+}
+
+Failed copyIntoPlace(int source, const FileCopy& copy, CopyMonitor& monitor) {
+  TempFile file;
+  if (auto failed = fill(file, source, copy, monitor)) return failed;
+  int error = 0;
+  if (copy.rules.freshFolder)
+    file.keep();
+  else
+    error = copy.replaces ? file.replace(copy.toName) : file.placeNew(copy.toName);
   return error ? atTarget(error) : Failed();
 }
 
 Failed copyRegular(CopySide& from, const char* fromName, CopySide& to, const char* toName, const CopyRules& rules,
                    CopyMonitor& monitor) {
   const UniqueFd source(::openat(from.folder, fromName, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-  struct stat facts {};
-  if (!source || ::fstat(source.get(), &facts) != 0) return atSource(errno);
-  if (!S_ISREG(facts.st_mode)) return notRegular();
-  bool replaces = false;
-  if (auto failed = judgeTarget(facts, to, toName, rules, replaces)) return failed;
-  return copyIntoPlace(source.get(), facts, from, fromName, to, toName, replaces, rules.sync, monitor);
+  FileCopy copy{from, fromName, to, toName, rules};
+  if (!source || ::fstat(source.get(), &copy.facts) != 0) return atSource(errno);
+  if (!S_ISREG(copy.facts.st_mode)) return notRegular();
+  if (auto failed = judgeTarget(copy.facts, to, toName, rules, copy.replaces)) return failed;
+  return copyIntoPlace(source.get(), copy, monitor);
 }
 
 /// A link gets its name in one step anyway; only one that replaces something needs a temporary name.

@@ -19,8 +19,10 @@ struct CopySide {
 /// What a copy of one entry may do.
 struct CopyRules {
   bool overwrite = false;
-  bool freshFolder = false;  ///< the target folder was made by this copy: nothing of others can be in it
-  bool sync = false;         ///< the bytes must be on the disk before this returns
+  /// The target folder was made by this copy and has a temporary name itself while files are copied into it: nothing
+  /// of others is in it, and its files need no temporary names of their own.
+  bool freshFolder = false;
+  bool sync = false;  ///< the bytes must be on the disk before this returns
 };
 
 /// Why an entry was not copied; the path is left to the caller, who knows it.

@@ -2,7 +2,9 @@
 
 #include "platform/posix/copy_attributes.hpp"
 #include "platform/posix/copy_file.hpp"
+#include "platform/posix/delete_tree.hpp"
 #include "platform/posix/path_parts.hpp"
+#include "platform/posix/temp_file.hpp"
 #include "platform/posix/tree_walk.hpp"
 
 #include <fcntl.h>
@@ -14,12 +16,16 @@ bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == 
 
 struct CopyFolder final : WalkFolder {
   UniqueFd target;
-  std::string targetName;  ///< the whole path for the root
-  bool made = false;       ///< by this copy
-  struct stat facts {};    ///< of the source
+  UniqueFd rootPlace;         ///< the root only: the folder that holds the target
+  std::string targetName;     ///< the root only: the whole path
+  std::string temporaryName;  ///< until it is settled; empty for a folder that was there
+  bool made = false;          ///< by this copy
+  struct stat facts {};       ///< of the source
   AttributeStore fromStore, toStore;
 
   const CopyFolder* above() const { return static_cast<const CopyFolder*>(parent.get()); }
+  int targetPlace() const { return above() ? above()->target.get() : rootPlace.get(); }
+  std::string finalName() const { return above() ? name : nameOf(targetName); }
   std::string targetPath() const { return above() ? above()->targetPath() + '/' + name : targetName; }
 };
 
@@ -28,6 +34,7 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
   CopyWalk(bool overwrite, const Progress& progress) : TreeWalk(progress, true), overwrite_(overwrite) {}
 
   Result<void> copy(std::shared_ptr<CopyFolder> root) {
+    if (const int error = openTarget(*root)) return systemError(error, root->targetName);
     if (::fstat(root->target.get(), &targetRoot_) != 0) return systemError(errno, root->targetName);
     return run(std::move(root));
   }
@@ -58,15 +65,42 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     return true;
   }
 
-  /// Made so that it can be filled whatever the source's permissions; those come when it is left.
   bool makeTarget(CopyFolder& folder) {
-    const int parent = own(*folder.parent).target.get();
-    folder.made = ::mkdirat(parent, folder.name.c_str(), 0700) == 0;
-    if (!folder.made && errno != EEXIST) return giveUp(systemError(errno, folder.targetPath()));
-    const int fd = openFolderAt(parent, folder.name.c_str(), true);
-    if (fd < 0) return giveUp(systemError(fd == -ENOTDIR || fd == -ELOOP ? EEXIST : -fd, folder.targetPath()));
+    const int error = openTarget(folder);
+    return error ? giveUp(systemError(error, folder.targetPath())) : true;
+  }
+
+  /// Opens the target that is there, or makes one: under a temporary name until its own files are in it, so that a kill
+  /// leaves no half file under a name that somebody trusts, and open to us whatever the source's permissions. Gives 0
+  /// or errno; EEXIST for anything there that is no folder.
+  static int openTarget(CopyFolder& folder) {
+    const bool fresh = folder.above() && folder.above()->made;
+    const int place = folder.targetPlace();
+    const std::string name = folder.finalName();
+    // A link at the top was named by the caller; below it nobody did.
+    const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | (folder.above() ? O_NOFOLLOW : 0);
+    if (!fresh) folder.target = UniqueFd(::openat(place, name.c_str(), flags));
+    if (folder.target) return 0;
+    if (!fresh && errno != ENOENT) return errno == ENOTDIR || errno == ELOOP ? EEXIST : errno;
+    folder.temporaryName = varnholt::platform::posix::temporaryName();
+    if (::mkdirat(place, folder.temporaryName.c_str(), 0700) != 0) return errno;
+    folder.made = true;
+    const int fd = openFolderAt(place, folder.temporaryName.c_str(), true);
     folder.target = UniqueFd(fd);
-    return true;
+    return fd < 0 ? -fd : 0;
+  }
+
+  /// Gives a folder its own name. Gives 0 or errno; EEXIST when somebody made one of that name meanwhile.
+  static int settle(CopyFolder& folder) {
+    if (folder.temporaryName.empty()) return 0;
+    const int error = renameNoReplace(folder.targetPlace(), folder.temporaryName.c_str(), folder.targetPlace(),
+                                      folder.finalName().c_str());
+    if (!error) folder.temporaryName.clear();
+    return error;
+  }
+
+  void entriesDone(WalkFolder& walked) override {
+    if (const int error = settle(own(walked))) fail(systemError(error, own(walked).targetPath()));
   }
 
   void entry(WalkFolder& walked, const char* name, unsigned char type) override {
@@ -90,6 +124,9 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     const timespec times[2] = {{0, UTIME_OMIT}, folder.facts.st_mtim};
     (void)::futimens(folder.target.get(), times);
     folder.target.reset();
+    // After a failure: what was copied stays, unless its name is taken.
+    if (settle(folder) != 0)
+      (void)removeTree("/proc/self/fd/" + std::to_string(folder.targetPlace()) + '/' + folder.temporaryName, true, {});
     return Leaving::Done;
   }
 
@@ -101,15 +138,6 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
 
 Error intoItself(const std::string& path) {
   return refusal(ErrorCode::IntoItself, path, "the target lies in the source");
-}
-
-/// The target folder, made or found; `made` tells which.
-Result<UniqueFd> openTarget(const std::string& path, bool& made) {
-  made = ::mkdir(path.c_str(), 0700) == 0;
-  if (!made && errno != EEXIST) return systemError(errno, path);
-  UniqueFd target(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
-  if (!target) return systemError(errno == ENOTDIR || errno == ELOOP ? EEXIST : errno, path);
-  return target;
 }
 
 }  // namespace
@@ -140,9 +168,9 @@ Result<void> copyTree(const std::string& from, const std::string& to, bool overw
   const bool exists = ::stat(to.c_str(), &target) == 0;
   if (exists && sameInode(source, target)) return refusal(ErrorCode::SameEntry, to, "source and target are one folder");
   if (liesWithin(exists ? to : folderOf(to), source)) return intoItself(to);
-  auto opened = openTarget(to, root->made);
-  if (!opened) return opened.error();
-  root->target = std::move(*opened);
+  auto place = openPlace(to);
+  if (!place) return place.error();
+  root->rootPlace = std::move(place->folder);
   return CopyWalk(overwrite, progress).copy(std::move(root));
 }
 

@@ -23,16 +23,18 @@ std::string temporaryName() {
 }
 
 int TempFile::create(int folder, mode_t mode) {
-  folder_ = folder;
-  for (int attempt = 0; attempt < 100; ++attempt) {
-    name_ = temporaryName();
-    fd_ = UniqueFd(::openat(folder, name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
-    if (fd_) return 0;
-    if (errno != EEXIST) break;
-  }
-  const int error = errno;
-  name_.clear();
+  int error = EEXIST;
+  for (int attempt = 0; attempt < 100 && error == EEXIST; ++attempt)
+    error = createAs(folder, temporaryName().c_str(), mode);
   return error;
+}
+
+int TempFile::createAs(int folder, const char* name, mode_t mode) {
+  folder_ = folder;
+  fd_ = UniqueFd(::openat(folder, name, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
+  if (!fd_) return errno;
+  name_ = name;
+  return 0;
 }
 
 TempFile::~TempFile() {

@@ -14,6 +14,8 @@ class TempFile {
  public:
   /// Gives 0 or errno. The folder's descriptor must stay open as long as this object.
   int create(int folder, mode_t mode);
+  /// The same under a name that it is to keep, in a folder that nobody looks into yet; keep() puts it into place.
+  int createAs(int folder, const char* name, mode_t mode);
   TempFile() = default;
   TempFile(const TempFile&) = delete;
   TempFile& operator=(const TempFile&) = delete;
@@ -27,6 +29,7 @@ class TempFile {
   int replace(const char* name);
   /// Gives it the name if nothing has it; else EEXIST.
   int placeNew(const char* name);
+  void keep() { name_.clear(); }
 
  private:
   int folder_ = -1;

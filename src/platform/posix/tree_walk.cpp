@@ -127,12 +127,15 @@ void TreeWalk::tick() {
 }
 
 void TreeWalk::perform(Task& task) {
-  if (!isOver()) {
-    if (task.batch)
-      handle(task.folder, *task.batch);
-    else if (open(*task.folder) && !isOver() && enter(*task.folder))
-      read(task.folder);
+  bool handled = false;
+  if (!isOver() && task.batch) {
+    handle(task.folder, *task.batch);
+    handled = true;
+  } else if (!isOver() && open(*task.folder) && !isOver() && enter(*task.folder)) {
+    read(task.folder);
+    handled = true;
   }
+  if (handled && --task.folder->unread == 0 && !isOver()) entriesDone(*task.folder);
   finish(std::move(task.folder));
 }
 
@@ -156,6 +159,7 @@ void TreeWalk::read(const WalkFolderPtr& folder) {
     if (got <= 0) return;
     if (batch.isFull()) {
       ++folder->unfinished;
+      ++folder->unread;
       push({folder, std::move(batch)});
     } else {
       handle(folder, batch);
@@ -183,6 +187,7 @@ void TreeWalk::finish(WalkFolderPtr folder) {
   while (folder && --folder->unfinished == 0) {
     if (folder->fd && leave(*folder) == Leaving::Again && !isOver()) {
       folder->unfinished = 1;
+      folder->unread = 1;
       push({folder, {}});
       return;
     }

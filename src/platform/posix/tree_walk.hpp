@@ -23,6 +23,7 @@ struct WalkFolder {
   std::string name;                    ///< in its parent; the whole path for the root
   UniqueFd fd;
   std::atomic<size_t> unfinished = 1;  ///< its own reading, its batches and its sub-folders
+  std::atomic<size_t> unread = 1;      ///< the same without its sub-folders
 
   std::string path() const { return parent ? parent->path() + '/' + name : name; }
   std::string path(const char* entry) const { return path() + '/' + entry; }
@@ -30,7 +31,7 @@ struct WalkFolder {
 using WalkFolderPtr = std::shared_ptr<WalkFolder>;
 
 /// Walks a tree with all workers: by descriptors and d_type, depth first, links never followed. The hooks are called
-/// on any worker, several at a time; those of one folder come in order: enter, entries, leave.
+/// on any worker, several at a time; those of one folder come in order: enter, entries, entriesDone, leave.
 class TreeWalk {
  public:
   virtual ~TreeWalk() = default;
@@ -52,6 +53,8 @@ class TreeWalk {
   virtual bool enter(WalkFolder&) { return true; }
   /// An entry that is no folder. `type` is a d_type, never DT_UNKNOWN.
   virtual void entry(WalkFolder&, const char* name, unsigned char type) = 0;
+  /// Its own entries are done, those of its sub-folders perhaps not. Not called when the walk has failed.
+  virtual void entriesDone(WalkFolder&) {}
   enum class Leaving { Done, Again };
   /// All below is done, or given up when the walk has failed. Again: read it once more.
   virtual Leaving leave(WalkFolder&) { return Leaving::Done; }
