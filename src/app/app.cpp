@@ -28,6 +28,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       navigation(Form1, program, listing, activePanel, histories),
       selection(Form1, program, listing, activePanel),
       opener(program, histories),
+      icons(program),
       dispatcher(Form1, program),
       keys({Form1, program, listing, navigation, selection}),
       trees(Form9, Form1, program),

@@ -9,6 +9,7 @@
 #include "panels/file_opener.hpp"
 #include "panels/form1.hpp"
 #include "panels/histories.hpp"
+#include "panels/icons.hpp"
 #include "panels/list_looks.hpp"
 #include "panels/listing.hpp"
 #include "panels/main_window_start.hpp"
@@ -46,6 +47,7 @@ class App {
   panels::Navigation navigation;
   panels::Selection selection;
   panels::FileOpener opener;
+  panels::Icons icons;
   panels::Dispatcher dispatcher;
   panels::PanelKeys keys;
   panels::TreeWindow trees;

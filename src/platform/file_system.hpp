@@ -95,6 +95,9 @@ class FileSystem {
   virtual Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const = 0;
   /// "a.b.c.d" from the version resource of a Windows program or library; the empty text for any other file.
   virtual Result<std::string> fileVersion(const std::string& path) const = 0;
+  /// The icon number `index`, counted from 0, of a Windows program or library, as the bytes of an icon file (ICO).
+  /// NotFound when it has none, NotRegular for pipes and devices.
+  virtual Result<std::string> programIcon(const std::string& path, std::uint32_t index) const = 0;
   /// The volume that holds the path (which need not be a drive root).
   virtual Result<DriveInfo> volume(const std::string& path) const = 0;
 

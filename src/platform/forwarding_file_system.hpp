@@ -20,6 +20,9 @@ class ForwardingFileSystem : public FileSystem {
     return base_.folderSize(folder, progress);
   }
   Result<std::string> fileVersion(const std::string& path) const override { return base_.fileVersion(path); }
+  Result<std::string> programIcon(const std::string& path, std::uint32_t index) const override {
+    return base_.programIcon(path, index);
+  }
   Result<DriveInfo> volume(const std::string& path) const override { return base_.volume(path); }
   Result<std::string> readFile(const std::string& path, std::uint64_t limit = 64u << 20) const override {
     return base_.readFile(path, limit);

@@ -13,7 +13,7 @@
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/path_resolve.hpp"
 #include "platform/posix/posix_error.hpp"
-#include "platform/posix/version_resource.hpp"
+#include "platform/posix/program_resources.hpp"
 #include "platform/posix/walk_size.hpp"
 
 #include <cerrno>
@@ -81,17 +81,35 @@ Result<TreeSize> PosixFileSystem::folderSize(const std::string& folder, const Pr
   return system ? told(measureTree(*system, progress)) : system.error();
 }
 
+namespace {
+
+ByteReader readerOf(const UniqueFd& file) {
+  return [&file](std::uint64_t offset, std::size_t count) {
+    std::string bytes(count, '\0');
+    const ssize_t got = ::pread(file.get(), bytes.data(), count, static_cast<off_t>(offset));
+    bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    return bytes;
+  };
+}
+
+}  // namespace
+
 Result<std::string> PosixFileSystem::fileVersion(const std::string& path) const {
   const auto system = map_.toSystem(path);
   if (!system) return system.error();
   const auto file = openRegular(*system);
   if (!file) return told(file.error());
-  return versionOfProgram([&](std::uint64_t offset, std::size_t count) {
-    std::string bytes(count, '\0');
-    const ssize_t got = ::pread(file->get(), bytes.data(), count, static_cast<off_t>(offset));
-    bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
-    return bytes;
-  });
+  return versionOfProgram(readerOf(*file));
+}
+
+Result<std::string> PosixFileSystem::programIcon(const std::string& path, std::uint32_t index) const {
+  const auto system = map_.toSystem(path);
+  if (!system) return system.error();
+  const auto file = openRegular(*system);
+  if (!file) return told(file.error());
+  std::string icon = iconOfProgram(readerOf(*file), index);
+  if (icon.empty()) return refusal(ErrorCode::NotFound, path, "no icon");
+  return icon;
 }
 
 Result<DriveInfo> PosixFileSystem::volume(const std::string& path) const {

@@ -21,6 +21,7 @@ class PosixFileSystem final : public FileSystem {
   Result<Attributes> attributes(const std::string& path) const override;
   Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override;
   Result<std::string> fileVersion(const std::string& path) const override;
+  Result<std::string> programIcon(const std::string& path, std::uint32_t index) const override;
   Result<DriveInfo> volume(const std::string& path) const override;
 
   Result<std::string> readFile(const std::string& path, std::uint64_t limit = 64u << 20) const override;

@@ -17,6 +17,12 @@ class PictureBoxAdapter : public Joined<controls::PictureBox, PictureView> {
 
   void updateOwn() override {
     drawn.setStretch(self.Stretch);
+    if (self.PictureData.get() != data_) {
+      data_ = self.PictureData.get();
+      QPixmap pixmap;
+      pixmap.loadFromData(reinterpret_cast<const uchar*>(data_.data()), static_cast<uint>(data_.size()));
+      drawn.setPicture(pixmap);
+    }
     if (self.Picture.get() != picture_) drawn.setPicture(host().pictures().fresh(picture_ = self.Picture.get()));
     if (self.IconName.get() != icon_) drawn.setIcon(desktopIcon(icon_ = self.IconName.get()));
   }
@@ -26,7 +32,7 @@ class PictureBoxAdapter : public Joined<controls::PictureBox, PictureView> {
     return name.empty() ? QIcon() : QIcon::fromTheme(toQt(name), iconNamed(name));
   }
 
-  std::string picture_, icon_;
+  std::string picture_, data_, icon_;
 };
 
 }  // namespace

@@ -15,4 +15,8 @@ using ByteReader = std::function<std::string(std::uint64_t offset, std::size_t c
 /// VS_FIXEDFILEINFO).
 std::string versionOfProgram(const ByteReader& read);
 
+/// The bytes of an icon file (ICO) with all sizes of the program's icon number `index`, counted from 0; the empty text
+/// when it has no such icon. As careful as above (learn.microsoft.com: Icons, GRPICONDIR).
+std::string iconOfProgram(const ByteReader& read, std::uint32_t index);
+
 }  // namespace varnholt::platform::posix

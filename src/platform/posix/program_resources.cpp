@@ -1,4 +1,4 @@
-#include "platform/posix/version_resource.hpp"
+#include "platform/posix/program_resources.hpp"
 
 #include <algorithm>
 #include <optional>
@@ -8,10 +8,10 @@
 namespace varnholt::platform::posix {
 namespace {
 
-constexpr std::uint32_t versionType = 16;             // RT_VERSION
-constexpr std::uint32_t fixedSignature = 0xFEEF04BD;  // VS_FIXEDFILEINFO
+constexpr std::uint32_t iconType = 3, iconGroupType = 14, versionType = 16;  // RT_ICON, RT_GROUP_ICON, RT_VERSION
+constexpr std::uint32_t fixedSignature = 0xFEEF04BD;                         // VS_FIXEDFILEINFO
 constexpr std::uint32_t subFolderBit = 0x80000000;
-constexpr std::size_t largestResource = 65536, largestFolder = 4096;
+constexpr std::size_t largestResource = 65536, largestIcon = 1 << 20, largestFolder = 4096;
 
 /// Numbers of a piece of the file; what lies beyond its end reads as nothing.
 class Piece {
@@ -77,32 +77,45 @@ std::optional<Image> readImage(const ByteReader& read) {
   return image;
 }
 
-/// Where an entry of a resource folder leads: that with the number, or the first of any.
-std::optional<std::uint32_t> folderEntry(const Piece& folder, std::optional<std::uint32_t> wanted) {
-  const std::size_t count = folder.u16(12) + folder.u16(14);
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::size_t at = 16 + i * 8;
+/// Which entry of a resource folder is meant.
+struct Choice {
+  std::optional<std::uint32_t> number;  ///< the entry of that number
+  std::uint32_t position = 0;           ///< without a number: the entry at that place
+};
+
+/// Where an entry of a resource folder leads.
+std::optional<std::uint32_t> folderEntry(const Piece& folder, const Choice& choice) {
+  const std::uint32_t count = folder.u16(12) + folder.u16(14);
+  for (std::uint32_t i = 0; i < count; ++i) {
+    const std::size_t at = 16 + i * std::size_t{8};
     const auto identifier = folder.number(at, 4), target = folder.number(at + 4, 4);
     if (!target) return {};
-    if (!wanted || identifier == wanted) return target;
+    if (choice.number ? identifier == choice.number : i == choice.position) return target;
   }
   return {};
 }
 
 /// Type, name, language: three levels of folders, and then the place and size of the bytes.
-std::string versionResource(const Image& image, const ByteReader& read) {
+std::string resource(const Image& image, const ByteReader& read, std::uint32_t type, const Choice& name,
+                     std::size_t largest) {
   const auto base = fileOffset(image, image.resources);
   if (!base) return {};
+  const Choice levels[] = {{type, 0}, name, {}};
   std::uint32_t at = 0;
   for (int level = 0; level < 3; ++level) {
     const Piece folder(read(*base + at, largestFolder));
-    const auto entry = folderEntry(folder, level == 0 ? std::optional(versionType) : std::nullopt);
+    const auto entry = folderEntry(folder, levels[level]);
     if (!entry || ((*entry & subFolderBit) != 0) != (level < 2)) return {};
     at = *entry & ~subFolderBit;
   }
   const Piece data(read(*base + at, 16));
   const auto offset = fileOffset(image, data.u32(0));
-  return offset ? read(*offset, std::min<std::size_t>(data.u32(4), largestResource)) : std::string();
+  return offset ? read(*offset, std::min<std::size_t>(data.u32(4), largest)) : std::string();
+}
+
+void appendNumber(std::string& bytes, std::uint32_t value, int count) {
+  for (int i = 0; i < count; ++i)
+    bytes += static_cast<char>(value >> (8 * i) & 0xFF);
 }
 
 }  // namespace
@@ -110,7 +123,7 @@ std::string versionResource(const Image& image, const ByteReader& read) {
 std::string versionOfProgram(const ByteReader& read) {
   const auto image = readImage(read);
   if (!image) return {};
-  const Piece resource(versionResource(*image, read));
+  const Piece resource(posix::resource(*image, read, versionType, {}, largestResource));
   // length, value length, type, the key "VS_VERSION_INFO" in UTF-16, and the fixed part on a multiple of four
   constexpr std::size_t fixedPart = 40;
   if (resource.u16(2) < 16 || resource.u32(fixedPart) != fixedSignature || !resource.number(fixedPart + 12, 4))
@@ -118,6 +131,35 @@ std::string versionOfProgram(const ByteReader& read) {
   const std::uint32_t high = resource.u32(fixedPart + 8), low = resource.u32(fixedPart + 12);
   return std::to_string(high >> 16) + '.' + std::to_string(high & 0xFFFF) + '.' + std::to_string(low >> 16) + '.' +
          std::to_string(low & 0xFFFF);
+}
+
+std::string iconOfProgram(const ByteReader& read, std::uint32_t index) {
+  const auto image = readImage(read);
+  if (!image) return {};
+  const Piece group(resource(*image, read, iconGroupType, {{}, index}, largestResource));
+  constexpr std::uint32_t mostSizes = 64;
+  constexpr std::size_t header = 6, groupEntry = 14, fileEntry = 16;
+  std::vector<std::pair<std::size_t, std::string>> pictures;  // place of the entry in the group, bytes
+  for (std::size_t i = 0; i < std::min(group.u16(4), mostSizes); ++i) {
+    const std::size_t at = header + i * groupEntry;
+    std::string bytes = resource(*image, read, iconType, {group.u16(at + 12), 0}, largestIcon);
+    if (!bytes.empty()) pictures.emplace_back(at, std::move(bytes));
+  }
+  if (pictures.empty()) return {};
+
+  std::string icon;
+  appendNumber(icon, 0x10000, 4);  // reserved, and type 1: icon
+  appendNumber(icon, static_cast<std::uint32_t>(pictures.size()), 2);
+  std::size_t offset = header + pictures.size() * fileEntry;
+  for (const auto& [at, bytes] : pictures) {
+    icon += group.bytes().substr(at, 8);  // width, height, colours, reserved, planes, bits
+    appendNumber(icon, static_cast<std::uint32_t>(bytes.size()), 4);
+    appendNumber(icon, static_cast<std::uint32_t>(offset), 4);
+    offset += bytes.size();
+  }
+  for (const auto& [at, bytes] : pictures)
+    icon += bytes;
+  return icon;
 }
 
 }  // namespace varnholt::platform::posix
