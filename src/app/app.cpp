@@ -31,6 +31,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       icons(program),
       dispatcher(Form1, program),
       keys({Form1, program, listing, navigation, selection}),
+      drops(Form1, dispatcher, selection),
       trees(Form9, Form1, program),
       Form35(program),
       NewSkin(program),
@@ -44,6 +45,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
   bindPanel(Form1.Panel1);
   bindPanel(Form1.Panel2);
   bindMainWindow();
+  bindButtonDrops();
   bindHooks();
 }
 
@@ -166,6 +168,8 @@ void App::bindPanel(panels::Panel& panel) {
   list.ColumnClick = [this, &panel](int number) { listing.ColumnClick(panel, number); };
   list.KeyDown = [this, &panel](controls::KeyEvent& event) { keys.KeyDown(panel, event); };
   list.KeyUp = [this, &panel](controls::KeyEvent& event) { keys.KeyUp(panel, event); };
+  list.OLEStartDrag = [this, &panel] { return drops.draggedFiles(panel); };
+  list.OLEDragDrop = [this, &panel](controls::DropEvent& event) { drops.OLEDragDrop(panel, event); };
   panel.controls.Drive.Change = [this, &panel] { navigation.DriveChange(panel); };
 }
 
@@ -177,6 +181,15 @@ void App::bindMainWindow() {
   Form1.ImageCombo1.Click = [this] { navigation.ImageCombo1_Click(); };
   Form1.Text3.KeyDown = [this](controls::KeyEvent& event) { keys.Text3_KeyDown(event); };
   Form1.Text3.DblClick = [this] { keys.Text3_DblClick(); };
+}
+
+void App::bindButtonDrops() {
+  for (const char* number : {"1", "3", "4", "14", "15", "26"}) {
+    const std::string name = std::string("Command") + number;
+    Form1.control(name)->OLEDragDrop = [this, handler = name + "_Click"](controls::DropEvent& event) {
+      drops.buttonDrop(handler, event);
+    };
+  }
 }
 
 void App::bindHooks() {

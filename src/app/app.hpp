@@ -6,6 +6,7 @@
 #include "panels/active_panel.hpp"
 #include "panels/browse_dialog.hpp"
 #include "panels/dispatcher.hpp"
+#include "panels/drops.hpp"
 #include "panels/file_opener.hpp"
 #include "panels/form1.hpp"
 #include "panels/histories.hpp"
@@ -50,6 +51,7 @@ class App {
   panels::Icons icons;
   panels::Dispatcher dispatcher;
   panels::PanelKeys keys;
+  panels::Drops drops;
   panels::TreeWindow trees;
   panels::Form35 Form35;
   appearance::NewSkin NewSkin;
@@ -59,6 +61,7 @@ class App {
   void bindCommands();
   void bindPanel(panels::Panel& panel);
   void bindMainWindow();
+  void bindButtonDrops();
   void bindHooks();
   void drawButtons();
   void tellStartNotices();

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace varnholt::controls {
 
@@ -29,6 +30,14 @@ enum class Kind {
   Chart,
   Timer,
   MenuItem,
+};
+
+/// Files that were dropped on a control.
+struct DropEvent {
+  std::vector<std::string> files;  ///< program paths; empty when what was dropped is no file
+  Modifiers modifiers;
+  const class Control* source = nullptr;  ///< the list of ours in which the drag began; null: another program
+  bool accepted = false;                  ///< set by a handler that takes the files
 };
 
 /// Colours are blue-green-red numbers (0xBBGGRR), as they are stored.
@@ -67,6 +76,8 @@ class Control : public Changing {
   Event<const MouseEvent&> MouseDown;
   Event<const MouseEvent&> MouseUp;
   Event<> MouseMove;
+  /// Files are dropped on the control. Without a handler it takes no drops.
+  Event<DropEvent&> OLEDragDrop;
 
   /// Gives the control the keyboard: its form's focused control hears LostFocus, this one GotFocus. Nothing happens
   /// to a control that is disabled, invisible or focused already.

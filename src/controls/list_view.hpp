@@ -4,6 +4,7 @@
 #include "controls/row_source.hpp"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -71,6 +72,9 @@ class ListView : public Control {
 
   Event<ListItem> ItemClick;
   Event<int> ColumnClick;  ///< number of the column, from 1
+
+  /// Gives the program paths that a drag of the selected rows carries; empty function or list: no drag.
+  std::function<std::vector<std::string>()> OLEStartDrag;
 
   // --- Rows ------------------------------------------------------------------------------------------------------
   std::uint32_t count() const;

@@ -11,6 +11,7 @@
 #include "platform/shell.hpp"
 #include "platform/system_facts.hpp"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -32,6 +33,8 @@ struct Platform {
   std::string programFolder;              ///< program form, without closing backslash
   std::string assetsFolder;               ///< read-only images and documents, program form, without closing backslash
   std::vector<std::string> startNotices;  ///< what the user must hear: a damaged settings file set aside, and alike
+  /// Paths as other programs know them, for what is handed to them or comes from them. Empty text: no such path.
+  std::function<std::string(const std::string&)> toSystem = {}, toProgram = {};
 };
 
 /// Owns one implementation of each interface and hands them out.

@@ -30,7 +30,8 @@ void AppRig::restart() {
   const platform::Platform& real = host->platform();
   platform.reset(new platform::Platform{real.files, real.drives, real.environment, real.settings, real.registry,
                                         real.shell, real.fileTypes, real.system, clock, platform::RegionalFormats{},
-                                        real.programFolder, real.assetsFolder, real.startNotices});
+                                        real.programFolder, real.assetsFolder, real.startNotices, real.toSystem,
+                                        real.toProgram});
   app_ = std::make_unique<app::App>(loop, *platform);
 }
 

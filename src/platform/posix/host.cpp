@@ -73,7 +73,9 @@ class PosixHost final : public PlatformHost {
                   userRegionalFormats(),
                   programForm(map_, folders_.program),
                   programForm(map_, folders_.assets),
-                  folders_.notices} {
+                  folders_.notices,
+                  [this](const std::string& path) { return map_.toSystem(path).valueOr({}); },
+                  [this](const std::string& path) { return map_.toProgram(path).valueOr({}); }} {
     addNotice(settings_.database(), "settings", map_, platform_.startNotices);
     addNotice(registry_.database(), "registry", map_, platform_.startNotices);
   }

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "panels/dispatcher.hpp"
+#include "panels/form1.hpp"
+#include "panels/selection.hpp"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace varnholt::panels {
+
+/// Drags out of the panels and drops on panels and command buttons.
+class Drops {
+ public:
+  Drops(Form1& form, Dispatcher& dispatcher, Selection& selection)
+      : form_(form), dispatcher_(dispatcher), selection_(selection) {}
+
+  /// Paths that a drag of the panel's selected rows carries.
+  std::vector<std::string> draggedFiles(Panel& panel);
+  /// `ListView1_OLEDragDrop`, `ListView2_OLEDragDrop`: items of the other panel are copied here, with Shift moved.
+  void OLEDragDrop(Panel& panel, controls::DropEvent& event);
+  /// A drop on a command button: ClickPane, then the button's click routine.
+  void buttonDrop(const std::string& handler, controls::DropEvent& event);
+
+  /// Files from another program dropped on a panel; with `move` they are moved. True: taken.
+  std::function<bool(Panel&, const std::vector<std::string>& files, bool move)> dropFiles;
+
+ private:
+  void DragDropClick(const std::string& handler);
+
+  Form1& form_;
+  Dispatcher& dispatcher_;
+  Selection& selection_;
+};
+
+}  // namespace varnholt::panels
