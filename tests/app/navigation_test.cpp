@@ -1,0 +1,331 @@
+#include "support/app_rig.hpp"
+
+#include "core/program_files.hpp"
+#include "platform/paths.hpp"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace varnholt::app {
+namespace {
+
+using panels::Panel;
+namespace key = controls::key;
+
+class NavigationTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    for (const char* folder : {"C:\\one\\deep", "C:\\two", "C:\\three", "D:\\data\\x"})
+      rig.makeFolder(folder);
+    rig.write("C:\\one\\letter.txt");
+    rig.startLeft();
+  }
+  panels::Form1& form() { return rig.form(); }
+  Panel& left() { return rig.form().Panel1; }
+  Panel& right() { return rig.form().Panel2; }
+  panels::Navigation& navigation() { return rig.app().navigation; }
+  void go(const char* folder) { ASSERT_TRUE(navigation().GoToDirection(folder)) << folder; }
+  std::string focusedText(Panel& panel) {
+    const auto item = panel.list.SelectedItem();
+    return item ? item->Text() : "none";
+  }
+
+  test::AppRig rig;
+};
+
+TEST_F(NavigationTest, EnteringAFolderTellsItEverywhere) {
+  rig.doubleClick(left(), "\\ one");
+  EXPECT_EQ(left().path(), "C:\\one\\");
+  EXPECT_EQ(form().Text1.Text.get(), "C:\\one");
+  EXPECT_EQ(form().Caption.get(), "Varnholt -  C:\\one");
+  EXPECT_EQ(rig.app().histories.folders.entries(), std::vector<std::string>{"C:\\one\\"});
+  EXPECT_EQ(form().ImageCombo1.Text.get(), "C:\\one");
+  EXPECT_EQ(focusedText(left()), "\\ deep");
+  EXPECT_EQ(right().path(), "C:\\");
+}
+
+TEST_F(NavigationTest, BackAndForwardWalkThePlacesAndTellTheirButtons) {
+  EXPECT_FALSE(form().Command23.Enabled);
+  form().Command23.press();
+  go("C:\\one");
+  go("C:\\two");
+  EXPECT_TRUE(form().Command23.Enabled);
+  form().Command23.press();
+  EXPECT_EQ(left().path(), "C:\\one\\");
+  EXPECT_TRUE(form().Command22.Enabled);
+  form().Command23.press();
+  EXPECT_EQ(left().path(), "C:\\");
+  EXPECT_FALSE(form().Command23.Enabled);
+  form().Command22.press();
+  EXPECT_EQ(left().path(), "C:\\one\\");
+  EXPECT_EQ(form().Text1.Text.get(), "C:\\one");
+  form().Command22.press();
+  EXPECT_EQ(left().path(), "C:\\two\\");
+  EXPECT_FALSE(form().Command22.Enabled);
+  EXPECT_FALSE(form().Command25.Enabled) << "the right panel has places of its own";
+}
+
+TEST_F(NavigationTest, BackOverAFolderThatIsGoneStaysPut) {
+  go("C:\\two");
+  go("C:\\three");
+  std::filesystem::remove(rig.systemPath("C:\\two"));
+  form().Command23.press();
+  EXPECT_EQ(left().path(), "C:\\three\\");
+  form().Command23.press();
+  EXPECT_EQ(left().path(), "C:\\");
+}
+
+TEST_F(NavigationTest, TheBackStackKeepsTheNewestPlacesOnly) {
+  for (int number = 0; number < 60; ++number)
+    go(number % 2 ? "C:\\one" : "C:\\two");
+  int steps = 0;
+  while (form().Command23.Enabled && steps < 100) {
+    form().Command23.press();
+    ++steps;
+  }
+  EXPECT_EQ(steps, 48) << "49 places, the panel's own among them";
+}
+
+TEST_F(NavigationTest, ParentsWithAndWithoutHistory) {
+  go("C:\\one\\deep");
+  form().Command18.press();
+  EXPECT_EQ(left().path(), "C:\\one\\");
+  EXPECT_EQ(focusedText(left()), "\\ deep") << "the row of the folder left";
+  form().Command18.press();
+  form().Command18.press();
+  EXPECT_EQ(left().path(), "C:\\");
+  go("D:\\data\\x");
+  form().Command8.press();
+  EXPECT_EQ(left().path(), "C:\\") << "with history: where the panel came from";
+  go("D:\\data\\x");
+  form().Command6.press();
+  EXPECT_EQ(left().path(), "D:\\");
+  rig.command("ResetHomeDrive_Click");
+  EXPECT_EQ(left().path() + right().path(), "C:\\C:\\");
+}
+
+TEST_F(NavigationTest, AnotherDriveShowsItsRootOrItsLastFolder) {
+  go("D:\\data");
+  go("C:\\one");
+  form().Drive1.chooseFromUser(1);
+  EXPECT_EQ(left().path(), "D:\\");
+  form().Drive1.chooseFromUser(0);
+  rig.menu("WinStart").choose();
+  go("D:\\data");
+  form().Drive1.chooseFromUser(0);
+  form().Drive1.chooseFromUser(1);
+  EXPECT_EQ(left().path(), "D:\\data\\");
+  EXPECT_TRUE(rig.menu("WinStart").Enabled);
+  EXPECT_EQ(right().path(), "C:\\");
+}
+
+TEST_F(NavigationTest, ADriveThatIsNotReadyIsToldAndThePanelStays) {
+  std::filesystem::remove_all(rig.systemPath("D:\\"));
+  rig.loop.whenShows("Form12").reads("Label1", "Drive Not Ready !, - Press Ok or Esc-key\r").press("Command11");
+  form().Drive1.chooseFromUser(1);
+  EXPECT_EQ(left().path(), "C:\\");
+  EXPECT_EQ(form().Drive1.Text.get().substr(0, 2), "C:");
+}
+
+TEST_F(NavigationTest, AHistoryFolderThatIsGoneIsToldAndThePanelStays) {
+  go("C:\\two");
+  go("C:\\three");
+  form().ImageCombo1.chooseFromUser(0);
+  EXPECT_EQ(left().path(), "C:\\two\\");
+  go("C:\\three");
+  std::filesystem::remove(rig.systemPath("C:\\two"));
+  rig.loop.whenShows("Form12").reads("Label1", "Invalid Path, - Folder Do Not Exist !\r").press("Command11");
+  form().ImageCombo1.chooseFromUser(0);
+  EXPECT_EQ(left().path(), "C:\\three\\");
+}
+
+TEST_F(NavigationTest, TheHistoryHoldsEachFolderOnceAndFiftyAtMost) {
+  for (int number = 0; number < 55; ++number)
+    rig.makeFolder("C:\\many\\" + std::to_string(number));
+  for (int number = 0; number < 55; ++number)
+    go(("C:\\many\\" + std::to_string(number)).c_str());
+  go("C:\\MANY\\54");
+  EXPECT_EQ(form().ImageCombo1.Items->size(), 50u);
+  EXPECT_EQ(form().ImageCombo1.Items.get().front().text, "C:\\many\\5");
+
+  rig.loop.whenShows("Form13").reads("Label1", "Folder History Stored in File !").closes();
+  rig.command("savefolder_his_Click");
+  rig.command("ClearHis_Click");
+  EXPECT_TRUE(form().ImageCombo1.Items->empty());
+  rig.loop.whenShows("Form13").reads("Caption", "Information").reads("Label1", "No Folder History To Store !").closes();
+  rig.command("savefolder_his_Click");
+}
+
+TEST_F(NavigationTest, AStoredFolderComesBackUntilItIsGone) {
+  go("C:\\two");
+  rig.loop.whenShows("Form13").reads("Label1", " Location Stored In Memory ! ").closes();
+  rig.command("store_Click");
+  go("C:\\three");
+  rig.command("viewlastexit_Click");
+  EXPECT_EQ(left().path(), "C:\\two\\");
+  go("C:\\three");
+  std::filesystem::remove(rig.systemPath("C:\\two"));
+  rig.loop.whenShows("Form12").reads("Label1", "Location has Changed and NOT Valid !\r").press("Command11");
+  rig.command("viewlastexit_Click");
+  EXPECT_EQ(left().path(), "C:\\three\\");
+}
+
+TEST_F(NavigationTest, APathOfAFileGoesToItsFolderAndRow) {
+  go("c:\\ONE\\Letter.TXT");
+  EXPECT_EQ(left().path(), "C:\\one\\");
+  EXPECT_EQ(focusedText(left()), "letter");
+  EXPECT_FALSE(navigation().GoToDirection("C:\\nowhere\\a.txt"));
+  EXPECT_FALSE(navigation().GoToDirection("C:\\" + std::string(4000, 'x')));
+  EXPECT_EQ(left().path(), "C:\\one\\");
+}
+
+TEST_F(NavigationTest, AFolderThatVanishesBeforeItIsEnteredGoesFromTheList) {
+  std::filesystem::remove(rig.systemPath("C:\\two"));
+  rig.doubleClick(left(), "\\ three");
+  form().Command23.press();
+  rig.makeFolder("C:\\two");
+  rig.menu("refrechview").choose();
+  std::filesystem::remove(rig.systemPath("C:\\two"));
+  const auto row = rig.rowOf(left(), "\\ two");
+  left().list.pressFromUser(row, {});
+  left().list.doubleClickFromUser(row);
+  EXPECT_EQ(left().path(), "C:\\");
+  EXPECT_EQ(rig.names(left()), (std::vector<std::string>{"\\ one| ", "\\ three| "}));
+}
+
+// --- Keys ----------------------------------------------------------------------------------------------------------
+
+TEST_F(NavigationTest, KeysOfAPanelOnBothSides) {
+  for (Panel* panel : {&left(), &right()}) {
+    panel->list.SetFocus();
+    rig.click(*panel, "\\ one");
+    rig.key(*panel, key::Right, {false, true, false});
+    EXPECT_EQ(panel->path(), "C:\\") << "with Ctrl the right arrow enters nothing";
+    rig.key(*panel, key::Right);
+    EXPECT_EQ(panel->path(), "C:\\one\\");
+    rig.key(*panel, key::Left);
+    EXPECT_EQ(panel->path(), "C:\\");
+    EXPECT_EQ(focusedText(*panel), "\\ one");
+    rig.key(*panel, key::Enter);
+    EXPECT_EQ(panel->path(), "C:\\one\\");
+    rig.key(*panel, key::Space);
+    EXPECT_EQ(panel->path(), "C:\\one\\") << "Space selects while it may not leave";
+    rig.menu("RLC").choose();
+    rig.key(*panel, key::Space);
+    EXPECT_EQ(panel->path(), "C:\\");
+    EXPECT_EQ(form().Caption.get(), "Varnholt -  C:\\");
+    rig.menu("PreFolder").choose();
+    EXPECT_EQ(rig.form().panelRecall(panel->side).empty(), false);
+  }
+}
+
+TEST_F(NavigationTest, EscClearsTheViewUnlessAPictureIsOpen) {
+  rig.click(left(), "\\ one");
+  form().Text3.Visible = true;
+  form().Picture1.Visible = true;
+  rig.key(left(), key::Esc);
+  EXPECT_TRUE(form().Text3.Visible);
+  EXPECT_EQ(left().list.selectedCount(), 1u);
+  form().Picture1.Visible = false;
+  rig.key(left(), key::Esc);
+  EXPECT_FALSE(form().Text3.Visible);
+  EXPECT_EQ(left().list.selectedCount(), 0u);
+}
+
+TEST_F(NavigationTest, TheCommandLineShowsTheItemAndHidesByEsc) {
+  rig.click(left(), "\\ one");
+  rig.key(left(), key::Enter, {false, true, false});
+  EXPECT_TRUE(form().Text3.Visible);
+  EXPECT_EQ(form().Text3.Text.get(), "C:\\One");
+  EXPECT_TRUE(form().Text3.hasFocus());
+  form().Text3.DblClick();
+  EXPECT_EQ(form().Text3.Text.get(), "");
+  controls::KeyEvent escape{key::Esc, {}, false};
+  form().Text3.KeyDown(escape);
+  EXPECT_FALSE(form().Text3.Visible);
+  EXPECT_TRUE(left().list.hasFocus());
+}
+
+TEST_F(NavigationTest, TheCommandLineStartsWhatIsTyped) {
+  form().Text3.Text = "/bin/true-is-not-there";
+  rig.loop.whenShows("Form12").press("Command11");
+  controls::KeyEvent enter{key::Enter, {}, false};
+  form().Text3.KeyDown(enter);
+  rig.write("C:\\make.sh", "#!/bin/sh\necho done > \"$1\"\n");
+  std::filesystem::permissions(rig.systemPath("C:\\make.sh"), std::filesystem::perms(0755));
+  form().Text3.Text = "C:\\make.sh C:\\made.txt";
+  form().Text3.KeyDown(enter);
+  for (int wait = 0; wait < 500 && !rig.exists("C:\\made.txt"); ++wait)
+    ::usleep(10'000);
+  EXPECT_TRUE(rig.exists("C:\\made.txt"));
+}
+
+// --- Opening files -------------------------------------------------------------------------------------------------
+
+class OpeningTest : public NavigationTest {
+ protected:
+  void registerType(const char* extension, const std::string& command) {
+    auto& registry = rig.platform->registry;
+    const auto set = [&](const std::string& key, const std::string& value) {
+      ASSERT_TRUE(registry.createKey(platform::RegistryRoot::ClassesRoot, key));
+      ASSERT_TRUE(registry.set(platform::RegistryRoot::ClassesRoot, key, "", value));
+    };
+    set(std::string(".") + extension, std::string(extension) + "file");
+    set(std::string(extension) + "file\\shell\\open\\command", command);
+  }
+  void script(const char* path, const std::string& text) {
+    rig.write(path, "#!/bin/sh\n" + text + "\n");
+    std::filesystem::permissions(rig.systemPath(path), std::filesystem::perms(0755));
+  }
+  std::string awaitFile(const char* path) {
+    for (int wait = 0; wait < 500 && rig.read(path).empty(); ++wait)
+      ::usleep(10'000);
+    return rig.read(path);
+  }
+};
+
+TEST_F(OpeningTest, MarksOfACommandBecomeTheQuotedPath) {
+  const auto expand = [&](const char* command) { return rig.app().opener.PathChange(command, "C:\\my file.txt"); };
+  rig.app().program.folders.SystemRoot = "C:\\Windows";
+  EXPECT_EQ(expand("edit.exe %1 /x"), "edit.exe \"C:\\my file.txt\" /x");
+  EXPECT_EQ(expand("edit.exe \"%1\""), "edit.exe \"C:\\my file.txt\"");
+  EXPECT_EQ(expand("edit.exe %L"), "edit.exe \"C:\\my file.txt\"");
+  EXPECT_EQ(expand("%systemroot%\\edit.exe"), "C:\\Windows\\edit.exe \"C:\\my file.txt\"");
+  EXPECT_EQ(rig.app().opener.PathChange("a %1", "C:\\%1.txt"), "a \"C:\\%1.txt\"");
+}
+
+TEST_F(OpeningTest, AFileOpensByItsTypeAndIsNoted) {
+  script("C:\\viewer.sh", "printf %s \"$1\" > '" + rig.systemPath("C:\\seen") + "'");
+  registerType("xyz", "C:\\viewer.sh %1");
+  rig.write("C:\\two words.XYZ");
+  rig.menu("refrechview").choose();
+  rig.doubleClick(left(), "two words");
+  EXPECT_EQ(awaitFile("C:\\seen"), rig.systemPath("C:\\two words.XYZ"));
+  EXPECT_EQ(rig.app().histories.files.entries(), std::vector<std::string>{"C:\\two words.XYZ"});
+}
+
+TEST_F(OpeningTest, AnUnknownTypeIsToldAndNothingRuns) {
+  rig.write("C:\\a.no-such-type-7");
+  rig.menu("refrechview").choose();
+  rig.loop.whenShows("Form12")
+      .reads("Label1", "File Extension NOT registrated !\rMake one from Controlpanel ,Tools, FolderOptions.\r")
+      .press("Command11");
+  rig.doubleClick(left(), "a");
+  EXPECT_TRUE(rig.app().histories.files.entries().empty());
+}
+
+TEST_F(OpeningTest, AnOpenerThatFailsEndsInTheAlternateMethod) {
+  registerType("xyz", "C:\\gone.exe %1");
+  rig.write("C:\\a.xyz");
+  const std::string explorer = rig.app().program.folders.windir + "explorer.exe";
+  ASSERT_TRUE(rig.platform->files.deleteFile(explorer, true));
+  rig.loop.whenShows("Form13").reads("Label1", "Trying Alternate Opening Method ! .....").closes();
+  rig.loop.whenShows("Form12").reads("Label1", "Cannot Find Explorer.exe, - Function Exits\r").press("Command11");
+  rig.app().opener.open("C:\\a.xyz");
+  EXPECT_EQ(*rig.platform->files.readFile(rig.programFolder() + "\\Temp.Url"),
+            "[Default]\r\nBASEURL=file://C:\\a.xyz\r\n[InternetShortcut]\r\nURL=file:///C:\\a.xyz\r\n");
+}
+
+}  // namespace
+}  // namespace varnholt::app

@@ -1,0 +1,218 @@
+#include "support/app_rig.hpp"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace varnholt::app {
+namespace {
+
+using panels::Panel;
+using Names = std::vector<std::string>;
+namespace status = panels::status;
+constexpr controls::Modifiers Ctrl{false, true, false}, Shift{true, false, false};
+
+class SelectionTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    rig.makeFolder("C:\\Folder");
+    rig.write("C:\\Folder\\inside.bin", std::string(5000, 'x'));
+    rig.write("C:\\a.txt", std::string(1000, 'x'));
+    rig.write("C:\\b.txt", std::string(234, 'x'));
+    rig.write("C:\\empty", "");
+    rig.startLeft();
+  }
+  panels::Form1& form() { return rig.form(); }
+  Panel& left() { return rig.form().Panel1; }
+  Panel& right() { return rig.form().Panel2; }
+  Names collected() { return {form().filecollect.items().begin(), form().filecollect.items().end()}; }
+  Names selected(Panel& panel) {
+    Names names;
+    for (const auto id : panel.list.selectedIds())
+      names.push_back(panel.fileName({panel.list, id}));
+    return names;
+  }
+  std::string statusPanel(int number) { return form().StatusBar1.panel(number); }
+
+  test::AppRig rig;
+};
+
+TEST_F(SelectionTest, AClickCollectsWhatIsSelectedAndSaysSo) {
+  rig.click(left(), "a");
+  rig.click(left(), "\\ Folder", Ctrl);
+  EXPECT_EQ(collected(), (Names{"|Fold|C:\\Folder", "a.txt"}));
+  EXPECT_EQ(statusPanel(status::SelectedCount), "2  Item(s) Selected");
+  EXPECT_EQ(statusPanel(status::Line), "Folder  [Normal]");
+  EXPECT_TRUE(left().list.item(rig.rowOf(left(), "a")).Ghosted());
+  rig.click(left(), "empty");
+  EXPECT_EQ(collected(), Names{"empty"});
+  EXPECT_EQ(form().CurrentItem, "empty");
+  EXPECT_EQ(statusPanel(status::Line), "Archive");
+  EXPECT_FALSE(left().list.item(rig.rowOf(left(), "a")).Ghosted());
+  rig.menu("Psi").choose();
+  form().StatusBar1.setPanel(status::SelectedCount, "");
+  rig.click(left(), "a");
+  EXPECT_EQ(statusPanel(status::SelectedCount), "");
+}
+
+TEST_F(SelectionTest, ARangeWithShiftIsCollectedInListOrder) {
+  rig.click(left(), "b");
+  rig.click(left(), "\\ Folder", Shift);
+  EXPECT_EQ(collected(), (Names{"|Fold|C:\\Folder", "a.txt", "b.txt"}));
+}
+
+TEST_F(SelectionTest, SelectAllLeavesFoldersOutUnlessTheyAreIncluded) {
+  rig.menu("selectall").choose();
+  EXPECT_EQ(selected(left()), (Names{"a.txt", "b.txt", "empty"}));
+  EXPECT_EQ(statusPanel(status::SizeReport), "3 Item(s) ,  In 1,234 Bytes");
+  rig.menu("IncludeFolder").choose();
+  rig.menu("selectall").choose();
+  EXPECT_EQ(selected(left()), (Names{"Folder", "a.txt", "b.txt", "empty"}));
+  EXPECT_EQ(statusPanel(status::SizeReport), "4 Item(s) ,  In 6,234 Bytes");
+  EXPECT_EQ(collected().front(), "|Fold|C:\\Folder");
+  EXPECT_EQ(form().mode(), "SelectMode");
+}
+
+TEST_F(SelectionTest, InverseTurnsTheSelectionRound) {
+  rig.click(left(), "a");
+  rig.menu("Inversel").choose();
+  EXPECT_EQ(selected(left()), (Names{"b.txt", "empty"}));
+  EXPECT_EQ(statusPanel(status::SizeReport), "2 Item(s) ,  In 234 Bytes");
+  rig.menu("Inversel").choose();
+  EXPECT_EQ(selected(left()), Names{"a.txt"});
+  rig.menu("IncludeFolder").choose();
+  rig.menu("Inversel").choose();
+  EXPECT_EQ(selected(left()), (Names{"Folder", "b.txt", "empty"}));
+}
+
+TEST_F(SelectionTest, TheSizeOfTheSelectionIsToldOrThatThereIsNone) {
+  rig.loop.whenShows("Form13").reads("Caption", "Information").reads("Label1", " No Items selected. ! ").closes();
+  rig.menu("Selsize").choose();
+  rig.click(left(), "\\ Folder");
+  rig.click(left(), "a", Ctrl);
+  rig.menu("Selsize").choose();
+  EXPECT_EQ(statusPanel(status::Line), "Size of selected Item(s) :  6,000   Bytes");
+}
+
+TEST_F(SelectionTest, ReCallBringsBackNamesThatAreStillThere) {
+  form().Command16.press();
+  EXPECT_EQ(statusPanel(status::SelectedCount), "0 Recall Items Selected !");
+  rig.click(left(), "a");
+  rig.click(left(), "\\ Folder", Ctrl);
+  rig.click(left(), "empty");
+  std::filesystem::remove(rig.systemPath("C:\\empty"));
+  rig.app().listing.View1ClearItems();
+  EXPECT_EQ(left().list.selectedCount(), 0u);
+  form().Command16.press();
+  EXPECT_EQ(selected(left()), (Names{"Folder", "a.txt"}));
+  EXPECT_EQ(collected(), (Names{"|Fold|C:\\Folder", "a.txt"}));
+  EXPECT_EQ(statusPanel(status::SelectedCount), "2  Item(s) Selected");
+  EXPECT_EQ(form().mode(), "RecallMode");
+}
+
+TEST_F(SelectionTest, TheLastSetAloneComesBackToo) {
+  rig.click(left(), "a");
+  rig.click(left(), "b");
+  rig.click(left(), "empty", Ctrl);
+  rig.app().listing.View1ClearItems();
+  rig.menu("Recallprevius").choose();
+  EXPECT_EQ(selected(left()), (Names{"b.txt", "empty"}));
+}
+
+TEST_F(SelectionTest, ResetEmptiesTheRecallOfItsSideAndKeepsTheRow) {
+  rig.click(left(), "a");
+  form().ListView2.SetFocus();
+  rig.click(right(), "b");
+  form().Command27.press();
+  EXPECT_TRUE(form().panelRecall(panels::Side::Right).empty());
+  EXPECT_FALSE(form().panelRecall(panels::Side::Left).empty());
+  EXPECT_EQ(selected(right()), Names{"b.txt"});
+}
+
+TEST_F(SelectionTest, AFullRecallDropsTheOldestAndSaysSo) {
+  for (int number = 0; number < 2001; ++number)
+    rig.write("C:\\many\\" + std::to_string(10'000 + number));
+  rig.menu("refrechview").choose();
+  rig.doubleClick(left(), "\\ many");
+  rig.app().selection.ResetRecall_Click();
+  rig.key(left(), controls::key::Home);
+  rig.key(left(), controls::key::End, Shift);
+  rig.app().selection.ListView1_Click();
+  EXPECT_EQ(form().panelRecall(panels::Side::Left).names().size(), 2000u);
+  EXPECT_EQ(form().panelRecall(panels::Side::Left).names().front(), "10001");
+  EXPECT_EQ(statusPanel(status::Line),
+            "Recall Bufffer Full ! - Auto Pop out in progress, (Apply Reset to increase speed !)");
+}
+
+TEST_F(SelectionTest, TheRecallFolderIsKeptAndTakenBackTo) {
+  rig.doubleClick(left(), "\\ Folder");
+  rig.menu("Recall").choose();
+  form().Command18.press();
+  rig.menu("Undo_recall").choose();
+  EXPECT_EQ(left().path(), "C:\\Folder\\");
+  form().Command18.press();
+  std::filesystem::remove_all(rig.systemPath("C:\\Folder"));
+  rig.loop.whenShows("Form12").reads("Label1", "Location has Changed and NOT Valid !\r").press("Command11");
+  rig.menu("Undo_recall").choose();
+  EXPECT_EQ(left().path(), "C:\\");
+}
+
+// --- Dispatcher ----------------------------------------------------------------------------------------------------
+
+TEST_F(SelectionTest, TheLastCommandIsRememberedUnlessLocked) {
+  const auto stored = [&] { return core::Settings(rig.platform->settings).get(core::setting::LastCommandNumber); };
+  rig.command("selectall_Click");
+  EXPECT_EQ(stored(), "15");
+  rig.command("Command16_Click");
+  EXPECT_EQ(stored(), "6");
+  rig.menu("RLC").choose();
+  rig.menu("LockOnLast").choose();
+  rig.command("selectall_Click");
+  EXPECT_EQ(stored(), "6");
+  left().list.selectNone();
+  rig.command("RunLastCommand_Click");
+  EXPECT_EQ(form().mode(), "RecallMode");
+}
+
+TEST_F(SelectionTest, WhileACommandWorksAllOthersAreRefused) {
+  ASSERT_TRUE(rig.app().dispatcher.panelPreCheck());
+  EXPECT_FALSE(rig.app().dispatcher.panelPreCheck());
+  rig.command("selectall_Click");
+  EXPECT_EQ(left().list.selectedCount(), 0u);
+  rig.doubleClick(left(), "\\ Folder");
+  EXPECT_EQ(left().path(), "C:\\");
+  rig.app().dispatcher.commandDone();
+  rig.doubleClick(left(), "\\ Folder");
+  EXPECT_EQ(left().path(), "C:\\Folder\\");
+}
+
+TEST_F(SelectionTest, SourceAndTargetFollowTheActivePanel) {
+  ASSERT_TRUE(rig.app().navigation.goTo(right(), "C:\\Folder"));
+  form().CurrentItem = "a.txt";
+  rig.app().dispatcher.Fileident();
+  EXPECT_EQ(form().SourcePath + " " + form().TargetPath, "C:\\a.txt C:\\Folder\\");
+  form().ListView2.SetFocus();
+  form().CurrentItem = "|Fold|C:\\Folder\\x";
+  rig.app().dispatcher.Fileident();
+  EXPECT_EQ(form().SourcePath + " " + form().TargetPath, "C:\\Folder\\x C:\\");
+  form().setActive({});
+  rig.loop.whenShows("Form12")
+      .reads("Label1", "System Error !, No Views Active, Restart Varnholt !\r")
+      .press("Command11");
+  rig.app().dispatcher.Fileident();
+}
+
+TEST_F(SelectionTest, ADropOnAButtonWithNothingSelectedSaysSo) {
+  controls::DropEvent drop{{"C:\\a.txt"}, {}, &form().ListView1, false};
+  rig.loop.whenShows("Form13").reads("Label1", " No Items selected. ! ").closes();
+  form().Command4.OLEDragDrop(drop);
+  EXPECT_TRUE(drop.accepted);
+  controls::DropEvent foreign{{"C:\\a.txt"}, {}, nullptr, false};
+  form().ListView1.OLEDragDrop(foreign);
+  EXPECT_FALSE(foreign.accepted);
+  controls::DropEvent own{{"C:\\a.txt"}, {}, &form().ListView1, false};
+  form().ListView1.OLEDragDrop(own);
+  EXPECT_FALSE(own.accepted) << "a panel takes nothing from itself";
+}
+
+}  // namespace
+}  // namespace varnholt::app
