@@ -110,7 +110,7 @@ class PictureBox : public Control {
   PictureBox(Form& form, std::string name) : Control(form, std::move(name), Kind::PictureBox) {}
   Property<std::string> Picture{*this};      ///< program path of the image; empty: none
   Property<std::string> PictureData{*this};  ///< bytes of an image file, drawn instead of Picture; empty: none
-  Property<std::string> IconName{*this};  ///< a desktop theme icon instead of a picture; empty: none
+  Property<std::string> IconName{*this};     ///< a desktop theme icon instead of a picture; empty: none
   Property<bool> Stretch{*this, false};
 };
 
