@@ -98,22 +98,28 @@ void FormWindow::joinControls() {
 void FormWindow::update(const std::vector<controls::Control*>& changed) {
   const QScopedValueRollback reporting(updating_, true);
   if (form_.takeChanged()) updateForm();
-  for (const controls::Control* control : changed) {
-    const auto adapter = adapters_.find(control);
-    if (adapter != adapters_.end()) adapter->second->update();
-  }
+  for (const controls::Control* control : changed)
+    updateControl(*control);
   updateMenu(changed);
   updateGroups();
   updateNames();
   updateFocus();
 }
 
+// How a control looks may depend on its twin.
+void FormWindow::updateControl(const controls::Control& control) {
+  const auto adapter = adapters_.find(&control);
+  if (adapter == adapters_.end()) return;
+  adapter->second->update();
+  const auto twin = adapters_.find(adapter->second->twin());
+  if (twin != adapters_.end()) twin->second->update();
+}
+
 void FormWindow::updateForm() {
   widget_->setWindowTitle(toQt(form_.Caption.get()));
   widget_->setAccessibleName(widget_->windowTitle());
   updateSkin();
-  if (placedByProgram() && widget_->isVisible())
-    place(nullptr);
+  if (placedByProgram() && widget_->isVisible()) place(nullptr);
   const auto wanted = form_.WindowState.get();
   Qt::WindowStates states = widget_->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
   if (wanted == controls::WindowState::Minimized) states |= Qt::WindowMinimized;

@@ -55,6 +55,7 @@ class FormWindow : public QObject, private Host {
   Pictures& pictures() override { return loop_.pictures(); }
 
   void joinControls();
+  void updateControl(const controls::Control& control);
   void updateForm();
   void updateMenu(const std::vector<controls::Control*>& changed);
   void updateGroups();

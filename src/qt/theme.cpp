@@ -121,7 +121,9 @@ void drawOutlined(QPainter& painter, const QRect& area, const QStyleOption& opti
 }
 
 void drawTick(QPainter& painter, const QRectF& box, bool enabled) {
-  const auto at = [&](double x, double y) { return QPointF(box.left() + box.width() * x, box.top() + box.height() * y); };
+  const auto at = [&](double x, double y) {
+    return QPointF(box.left() + box.width() * x, box.top() + box.height() * y);
+  };
   painter.setPen(QPen(QColor::fromRgb(enabled ? TickMark : DisabledText), box.width() / 7));
   painter.drawPolyline(QPolygonF{at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.28)});
 }
@@ -134,8 +136,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
   if (!box && !field) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   painter->save();
   drawOutlined(*painter, option->rect, *option, box ? option->palette.base() : QBrush(Qt::NoBrush));
-  if (box && option->state.testFlag(State_On))
-    drawTick(*painter, option->rect, option->state.testFlag(State_Enabled));
+  if (box && option->state.testFlag(State_On)) drawTick(*painter, option->rect, option->state.testFlag(State_Enabled));
   painter->restore();
 }
 

@@ -80,10 +80,14 @@ void Adapter::applyColors() {
   widget_.setAutoFillBackground(back);
 }
 
+const controls::Control* Adapter::twin() const {
+  const QVariant name = widget_.property("twin");
+  return name.isValid() ? control_.form().control(fromQt(name.toString())) : nullptr;
+}
+
 Emphasis Adapter::emphasis() const {
   if (control_.Accented) return Emphasis::Active;
-  const auto* twin = control_.form().control(fromQt(widget_.property("twin").toString()));
-  return twin && twin->Accented ? Emphasis::Dimmed : Emphasis::Plain;
+  return twin() && twin()->Accented ? Emphasis::Dimmed : Emphasis::Plain;
 }
 
 QString Adapter::accessibleName() const {

@@ -40,6 +40,8 @@ class Adapter : public QObject {
 
   /// Brings the widget up to the control. Fires no event of the control.
   void update();
+  /// The control that the form pairs with this one; null: none.
+  const controls::Control* twin() const;
   /// What assistive technology calls the control, before the window makes it unique. Never empty.
   QString accessibleName() const;
 

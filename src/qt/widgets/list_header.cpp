@@ -10,7 +10,6 @@ constexpr int Padding = 6, AccentLine = 3;
 }
 
 ListHeader::ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
-  setSectionsClickable(true);
   setStretchLastSection(false);
   setMinimumSectionSize(8);
   setFocusPolicy(Qt::NoFocus);

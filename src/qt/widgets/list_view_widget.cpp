@@ -29,6 +29,7 @@ struct ListViewWidget::RowLook {
 
 ListViewWidget::ListViewWidget(QWidget* parent) : QTreeView(parent), header_(new ListHeader(this)) {
   setHeader(header_);
+  header_->setSectionsClickable(true);  // the tree has taken that away with its own sorting
   setRootIsDecorated(false);
   setItemsExpandable(false);
   setUniformRowHeights(true);

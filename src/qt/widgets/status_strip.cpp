@@ -13,7 +13,7 @@ namespace varnholt::qt {
 namespace {
 // The slack takes what rounding a text's width to whole pixels loses.
 constexpr int Padding = 8, Slack = 2;
-}
+}  // namespace
 
 StatusStrip::StatusStrip(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -25,7 +25,8 @@ void StatusStrip::setTexts(const QStringList& texts) {
   widest_.resize(static_cast<std::size_t>(texts.size()));
   for (std::size_t at = 0; at < widest_.size(); ++at) {
     const QString& text = texts_[static_cast<qsizetype>(at)];
-    if (!text.isEmpty()) widest_[at] = std::max(widest_[at], fontMetrics().horizontalAdvance(text) + 2 * Padding + Slack);
+    if (!text.isEmpty())
+      widest_[at] = std::max(widest_[at], fontMetrics().horizontalAdvance(text) + 2 * Padding + Slack);
   }
   setAccessibleDescription(texts_.join(QLatin1String(", ")));
   update();

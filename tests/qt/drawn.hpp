@@ -1,0 +1,41 @@
+#pragma once
+
+#include "qt/qt_message_loop.hpp"
+#include "qt/text.hpp"
+
+#include <QTest>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace varnholt::test {
+
+/// Waits until the condition holds; the limit only ends a run that hangs.
+template <class Condition>
+bool waitFor(Condition condition) {
+  return QTest::qWaitFor(condition, 10'000);
+}
+
+/// The widget that draws the form. Fails the test when it is not on the screen.
+inline QWidget* windowOf(qt::QtMessageLoop& loop, controls::Form& form) {
+  loop.flush();
+  auto* window = loop.windowOf(form);
+  EXPECT_TRUE(window && window->widget().isVisible()) << form.name() << " is not shown";
+  return window ? &window->widget() : nullptr;
+}
+
+/// The widget of that name, as a user could use it: fails the test when it is missing, hidden, disabled, or of another
+/// kind.
+template <class W>
+W* usable(QWidget* window, const std::string& name) {
+  auto* widget = window ? window->findChild<W*>(qt::toQt(name)) : nullptr;
+  EXPECT_TRUE(widget) << "no such widget: " << name;
+  if (!widget) return nullptr;
+  EXPECT_TRUE(widget->isVisible()) << name << " is hidden";
+  EXPECT_TRUE(widget->isEnabled()) << name << " is disabled";
+  return widget;
+}
+
+}  // namespace varnholt::test

@@ -1,0 +1,270 @@
+#include "drawn.hpp"
+#include "panels/form1.hpp"
+#include "qt/theme.hpp"
+#include "qt/widgets/list_view_widget.hpp"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace varnholt::test {
+namespace {
+
+/// Rows that are made when somebody looks, and that count how often somebody did.
+class NumberedRows : public controls::RowSource {
+ public:
+  explicit NumberedRows(std::uint32_t count) : count_(count) {}
+  std::uint32_t rowCount() const override { return count_; }
+  std::string cell(std::uint32_t row, int column) const override {
+    ++looks;
+    std::string digits = std::to_string(row);
+    digits.insert(0, 6 - digits.size(), '0');
+    return column == 0 ? "file " + digits : "column " + std::to_string(column);
+  }
+  int icon(std::uint32_t) const override { return 7; }
+  bool numericKeys(int, std::vector<std::int64_t>& keys) const override {
+    for (std::uint32_t row = 0; row < count_; ++row)
+      keys.push_back(row);
+    return true;
+  }
+  mutable int looks = 0;
+
+ private:
+  std::uint32_t count_;
+};
+
+class DrawnList : public testing::Test {
+ protected:
+  DrawnList() {
+    list.ImageList = std::map<int, std::string>{{7, "file"}, {13, "sort-up"}};
+    list.ColumnHeaders = std::vector<controls::ColumnHeader>{
+        {"Name:", 3000, 13, false}, {".Ext", 0, 0, false}, {"ByteSize:", 1500, 0, true}};
+    show(20);
+  }
+
+  void show(std::uint32_t rows) {
+    source = std::make_shared<NumberedRows>(rows);
+    list.setRows(source);
+    form.Show();
+    widget = usable<qt::ListViewWidget>(windowOf(loop, form), "ListView1");
+    widget->window()->resize(900, 600);
+    widget->setFocus();
+    QCoreApplication::processEvents();
+  }
+
+  QPoint middleOf(int row) const { return widget->visualRect(widget->model()->index(row, 0)).center(); }
+  void click(int row, Qt::KeyboardModifiers modifiers = {}, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(widget->viewport(), button, modifiers, middleOf(row));
+    loop.flush();
+  }
+  void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(widget, key, modifiers);
+    loop.flush();
+  }
+  std::vector<std::uint32_t> selected() const { return list.selectedIds(); }
+  QColor pixel(int row, int x) const {
+    const QImage drawn = widget->viewport()->grab().toImage();
+    return drawn.pixelColor(x, widget->visualRect(widget->model()->index(row, 0)).bottom() - 1);
+  }
+
+  qt::QtMessageLoop loop;
+  panels::Form1 form{loop};
+  controls::ListView& list = form.ListView1;
+  std::shared_ptr<NumberedRows> source;
+  qt::ListViewWidget* widget = nullptr;
+};
+
+using Rows = std::vector<std::uint32_t>;
+
+// --- Mouse ---------------------------------------------------------------------------------------------------------
+
+TEST_F(DrawnList, ClicksSelectAsUsersExpect) {
+  click(3);
+  EXPECT_EQ(selected(), Rows{3});
+  click(6, Qt::ShiftModifier);
+  EXPECT_EQ(selected(), (Rows{3, 4, 5, 6}));
+  click(9, Qt::ControlModifier);
+  click(4, Qt::ControlModifier);
+  EXPECT_EQ(selected(), (Rows{3, 5, 6, 9}));
+  click(5);
+  EXPECT_EQ(selected(), Rows{5});
+}
+
+TEST_F(DrawnList, AClickBesideTheColumnsMeansItsRowAndOneBelowTheRowsNone) {
+  show(4);
+  const QPoint beside(widget->viewport()->width() - 4, middleOf(2).y());
+  QTest::mouseClick(widget->viewport(), Qt::LeftButton, {}, beside);
+  EXPECT_EQ(selected(), Rows{2});
+  QTest::mouseClick(widget->viewport(), Qt::LeftButton, {}, QPoint(40, widget->viewport()->height() - 4));
+  EXPECT_EQ(selected(), Rows{});
+}
+
+TEST_F(DrawnList, ADoubleClickIsOneClickAndOneDoubleClick) {
+  int clicks = 0, doubles = 0;
+  list.Click = [&] { ++clicks; };
+  list.DblClick = [&] { ++doubles; };
+  QTest::mouseClick(widget->viewport(), Qt::LeftButton, {}, middleOf(1));
+  QTest::mouseDClick(widget->viewport(), Qt::LeftButton, {}, middleOf(1));
+  QTest::mouseRelease(widget->viewport(), Qt::LeftButton, {}, middleOf(1));
+  EXPECT_EQ(doubles, 1);
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(DrawnList, ColumnHeadersAreNumberedFromOneAndWidthsComeBack) {
+  int column = 0;
+  list.ColumnClick = [&](int number) { column = number; };
+  auto* header = widget->listHeader();
+  QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                    QPoint(header->sectionViewportPosition(2) + 20, header->height() / 2));
+  EXPECT_EQ(column, 3);
+  EXPECT_TRUE(header->isSectionHidden(1)) << "no width, no column";
+  EXPECT_EQ(header->sectionSize(0), 200);
+  header->resizeSection(0, 150);
+  EXPECT_EQ(list.ColumnHeaders->at(0).Width, 150 * 15);
+}
+
+// --- Keyboard ------------------------------------------------------------------------------------------------------
+
+struct KeyCase {
+  const char* what;
+  Qt::Key key;
+  Qt::KeyboardModifiers modifiers;
+  std::uint32_t focused;
+  Rows selected;
+};
+
+TEST_F(DrawnList, KeysMoveAndSelect) {
+  const std::initializer_list<KeyCase> steps = {
+      {"down", Qt::Key_Down, {}, 6, {6}},
+      {"up", Qt::Key_Up, {}, 5, {5}},
+      {"shift extends", Qt::Key_Down, Qt::ShiftModifier, 6, {5, 6}},
+      {"shift shrinks", Qt::Key_Up, Qt::ShiftModifier, 5, {5}},
+      {"ctrl only moves", Qt::Key_Down, Qt::ControlModifier, 6, {5}},
+      {"ctrl+space adds", Qt::Key_Space, Qt::ControlModifier, 6, {5, 6}},
+      {"end", Qt::Key_End, {}, 19, {19}},
+      {"home", Qt::Key_Home, {}, 0, {0}},
+  };
+  click(5);
+  for (const auto& [what, pressed, modifiers, focused, rows] : steps) {
+    key(pressed, modifiers);
+    EXPECT_EQ(list.focusedRow(), focused) << what;
+    EXPECT_EQ(selected(), rows) << what;
+  }
+}
+
+TEST_F(DrawnList, APageIsWhatFitsAndTheRowIsScrolledTo) {
+  show(1000);
+  click(0);
+  key(Qt::Key_PageDown);
+  EXPECT_EQ(list.focusedRow(), widget->page() - 1);
+  key(Qt::Key_End);
+  EXPECT_TRUE(widget->viewport()->rect().contains(middleOf(999)));
+}
+
+TEST_F(DrawnList, TypedLettersSeekAndSpacesBelongToThem) {
+  QTest::keyClicks(widget, QStringLiteral("file 00001"));
+  EXPECT_EQ(list.focusedRow(), 10u);
+}
+
+TEST_F(DrawnList, HandlersSeeKeysFirstAndTheFormBeforeThem) {
+  std::vector<std::string> seen;
+  form.KeyDown = [&](controls::KeyEvent& event) { seen.push_back("form " + std::to_string(event.code)); };
+  list.KeyDown = [&](controls::KeyEvent& event) {
+    seen.push_back("list " + std::to_string(event.code));
+    event.handled = true;
+  };
+  list.KeyUp = [&](controls::KeyEvent& event) { seen.push_back("up " + std::to_string(event.code)); };
+  click(2);
+  key(Qt::Key_Down);
+  EXPECT_EQ(seen, (std::vector<std::string>{"form 40", "list 40", "up 40"}));
+  EXPECT_EQ(list.focusedRow(), 2u);
+}
+
+TEST_F(DrawnList, TabLeavesTheList) {
+  widget->window()->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(widget->window()));
+  widget->setFocus();
+  QTest::keyClick(widget, Qt::Key_Tab);
+  EXPECT_FALSE(widget->hasFocus());
+}
+
+// --- Many rows -----------------------------------------------------------------------------------------------------
+
+TEST_F(DrawnList, AHundredThousandRowsAreNeverLookedAtAllTogether) {
+  show(100'000);
+  widget->viewport()->grab();
+  click(3);
+  key(Qt::Key_End);
+  widget->viewport()->grab();
+  for (std::uint32_t row = 0; row < 100'000; row += 2)
+    list.setSelected(row, true);
+  loop.flush();
+  widget->viewport()->grab();
+  EXPECT_EQ(list.selectedCount(), 50'001u);
+  EXPECT_LT(source->looks, 2'000) << "texts are made for rows on the screen alone";
+}
+
+TEST_F(DrawnList, ManyChangesAreOneReset) {
+  QSignalSpy resets(widget->model(), &QAbstractItemModel::modelReset);
+  list.clear();
+  for (int row = 0; row < 5'000; ++row)
+    list.add("row " + std::to_string(row), 7);
+  list.setSortOrder(controls::SortOrder::Descending);
+  EXPECT_EQ(resets.count(), 0);
+  loop.flush();
+  EXPECT_EQ(resets.count(), 1);
+  EXPECT_EQ(widget->model()->index(0, 0).data().toString(), QStringLiteral("row 999"));
+}
+
+TEST_F(DrawnList, TheModelKeepsItsPromises) {
+  const QAbstractItemModelTester tester(widget->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+  show(500);
+  list.setSortOrder(controls::SortOrder::Descending);
+  loop.flush();
+  list.clear();
+  EXPECT_FALSE(widget->model()->index(3, 0).data().isValid()) << "rows are gone before the view has heard of it";
+  loop.flush();
+  EXPECT_EQ(widget->model()->rowCount(), 0);
+}
+
+// --- Marks ---------------------------------------------------------------------------------------------------------
+
+TEST_F(DrawnList, SelectedAndMarkedRowsAreToldApartAlsoTogether) {
+  list.setSelected(1, true);
+  list.setGhosted(2, true);
+  list.setSelected(3, true);
+  list.setGhosted(3, true);
+  loop.flush();
+  const QColor selection = QColor::fromRgb(qt::theme::Selection), ghost = QColor::fromRgb(qt::theme::Ghost);
+  const int middle = widget->listHeader()->sectionSize(0) - 2;
+  EXPECT_EQ(pixel(1, middle), selection);
+  EXPECT_NE(pixel(1, 1), ghost);
+  EXPECT_NE(pixel(2, middle), selection);
+  EXPECT_EQ(pixel(2, 1), ghost);
+  EXPECT_EQ(pixel(3, middle), selection);
+  EXPECT_EQ(pixel(3, 1), ghost);
+}
+
+TEST_F(DrawnList, AssistiveTechnologyHearsTheMarksAndTheRowInFocus) {
+  list.setSelected(4, true);
+  list.setGhosted(4, true);
+  list.focusRow(4);
+  loop.flush();
+  EXPECT_EQ(widget->model()->index(4, 0).data(Qt::AccessibleDescriptionRole).toString(),
+            QStringLiteral("selected, marked"));
+  EXPECT_EQ(widget->currentIndex().row(), 4);
+}
+
+TEST_F(DrawnList, TheActivePanelIsAccentedAndTheOtherDimmed) {
+  form.ListView1.Accented = true;
+  loop.flush();
+  auto* other = usable<qt::ListViewWidget>(widget->window(), "ListView2");
+  const QImage active = widget->listHeader()->grab().toImage(), dimmed = other->listHeader()->grab().toImage();
+  EXPECT_EQ(active.pixelColor(5, active.height() - 2), QColor::fromRgb(qt::theme::Accent));
+  EXPECT_NE(dimmed.pixelColor(5, dimmed.height() - 2), QColor::fromRgb(qt::theme::Accent));
+  EXPECT_LT(other->colors().text.lightness(), widget->colors().text.lightness());
+}
+
+}  // namespace
+}  // namespace varnholt::test

@@ -1,0 +1,289 @@
+#include "core/message_dialogs.hpp"
+#include "drawn.hpp"
+#include "qt/blocking_call.hpp"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <atomic>
+#include <future>
+#include <memory>
+#include <thread>
+
+namespace varnholt::test {
+namespace {
+
+using core::Answer;
+
+/// A form with the timer that closes notices, as the main window has it.
+struct Owner : controls::Form {
+  explicit Owner(controls::MessageLoop& loop) : Form(loop, "Owner") {}
+  controls::Timer Timer2{*this, "Timer2"};
+};
+
+class MessageLoop : public testing::Test {
+ protected:
+  qt::QtMessageLoop loop;
+  Owner owner{loop};
+  core::MessageDialogs dialogs{loop, owner.Timer2};
+
+  /// What the user does once the form is on the screen.
+  void whenShown(controls::Form& form, std::function<void(QWidget*)> act) {
+    loop.later([this, &form, act = std::move(act)] {
+      if (form.Visible) return act(windowOf(loop, form));
+      whenShown(form, act);
+    });
+  }
+  void press(QWidget* window, const char* button) {
+    if (auto* widget = usable<QPushButton>(window, button)) QTest::mouseClick(widget, Qt::LeftButton);
+  }
+};
+
+// --- Modal forms ---------------------------------------------------------------------------------------------------
+
+TEST_F(MessageLoop, AQuestionIsAnsweredByItsButtons) {
+  for (const auto& [button, answer] : {std::pair{"Command11", Answer::Yes}, std::pair{"Command1", Answer::No}}) {
+    whenShown(dialogs.Form11, [&, button = button](QWidget* window) { press(window, button); });
+    EXPECT_EQ(dialogs.ask("Delete \"Report.pdf\" ?"), answer);
+    EXPECT_TRUE(loop.windowOf(dialogs.Form11)->widget().isHidden());
+  }
+}
+
+TEST_F(MessageLoop, ABlindEnterNeverDoesHarm) {
+  whenShown(dialogs.Form11, [](QWidget* window) { QTest::keyClick(window->focusWidget(), Qt::Key_Return); });
+  EXPECT_EQ(dialogs.ask("Delete all ?"), Answer::No);
+}
+
+TEST_F(MessageLoop, EnterOnAButtonPressesThatButton) {
+  whenShown(dialogs.Form11, [](QWidget* window) {
+    auto* execute = usable<QPushButton>(window, "Command11");
+    execute->setFocus();
+    QTest::keyClick(execute, Qt::Key_Return);
+  });
+  EXPECT_EQ(dialogs.ask("Go on ?"), Answer::Yes);
+}
+
+TEST_F(MessageLoop, EscIsCancelAndTheCloseBoxIsNoAnswer) {
+  whenShown(dialogs.Form11, [](QWidget* window) { QTest::keyClick(window->focusWidget(), Qt::Key_Escape); });
+  EXPECT_EQ(dialogs.ask("Go on ?"), Answer::No);
+  whenShown(dialogs.Form11, [](QWidget* window) { window->close(); });
+  EXPECT_EQ(dialogs.ask("Go on ?"), Answer::None);
+}
+
+TEST_F(MessageLoop, ADialogOpensFromADialog) {
+  Answer inner = Answer::None;
+  whenShown(dialogs.Form12, [&](QWidget* window) {
+    whenShown(dialogs.Form11, [&](QWidget* question) {
+      EXPECT_EQ(QApplication::activeModalWidget(), question);
+      press(question, "Command11");
+    });
+    inner = dialogs.ask("Sure ?");
+    press(window, "Command11");
+  });
+  dialogs.alert("Something happened");
+  EXPECT_EQ(inner, Answer::Yes);
+  EXPECT_FALSE(dialogs.Form12.isLoaded());
+}
+
+TEST_F(MessageLoop, ANoticeClosesByItsTimerWhileAnotherDialogStandsOnIt) {
+  owner.Timer2.Interval = 20;
+  whenShown(dialogs.Form13, [&](QWidget*) {
+    whenShown(dialogs.Form12, [&](QWidget* alert) {
+      EXPECT_TRUE(waitFor([&] { return !dialogs.Form13.Visible; }));
+      press(alert, "Command11");
+    });
+    dialogs.alert("On top");
+  });
+  dialogs.inform("Done !");
+  EXPECT_FALSE(dialogs.Form13.Visible);
+  EXPECT_FALSE(owner.Timer2.Enabled);
+}
+
+TEST_F(MessageLoop, ANoticeClosesByAClick) {
+  whenShown(dialogs.Form13,
+            [](QWidget* window) { QTest::mouseClick(usable<QLabel>(window, "Label1"), Qt::LeftButton); });
+  dialogs.inform("Done !");
+  EXPECT_FALSE(dialogs.Form13.isLoaded());
+}
+
+TEST_F(MessageLoop, AFormMayEndInItsOwnHandler) {
+  auto form = std::make_unique<core::Form12>(loop);
+  form->Label1.Caption = "Going away";
+  form->Command11.Click = [&] { form.reset(); };
+  form->Show();
+  auto* button = usable<QPushButton>(windowOf(loop, *form), "Command11");
+  QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_FALSE(form);
+  QCoreApplication::processEvents();
+}
+
+TEST_F(MessageLoop, QuittingEndsOpenDialogs) {
+  whenShown(dialogs.Form12, [&](QWidget*) { loop.quit(); });
+  loop.later([&] { dialogs.alert("Still open"); });
+  EXPECT_EQ(loop.exec(), 0);
+}
+
+TEST_F(MessageLoop, ADialogStandsInTheMiddleOfItsCallerAndOnTheScreen) {
+  core::Form12 caller(loop);
+  caller.Show();
+  QWidget* below = windowOf(loop, caller);
+  below->move(5, 300);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(below));
+  whenShown(dialogs.Form11, [&](QWidget* window) {
+    EXPECT_TRUE(window->screen()->availableGeometry().contains(window->geometry()));
+    EXPECT_LE(std::abs(window->geometry().center().y() - below->geometry().center().y()), 2);
+    press(window, "Command1");
+  });
+  dialogs.ask(
+      "A question that is somewhat wider than the window on which it stands, so that it would begin left of it");
+}
+
+// --- Message boxes -------------------------------------------------------------------------------------------------
+
+struct BoxCase {
+  controls::MessageIcon icon;
+  controls::MessageButtons buttons;
+  controls::MessageAnswer enter, escape;
+};
+
+TEST_F(MessageLoop, EnterInABoxNeverDoesHarm) {
+  using namespace controls;
+  for (const auto& [icon, buttons, enter, escape] : std::initializer_list<BoxCase>{
+           {MessageIcon::Critical, MessageButtons::Ok, MessageAnswer::Ok, MessageAnswer::Ok},
+           {MessageIcon::Question, MessageButtons::OkCancel, MessageAnswer::Ok, MessageAnswer::Cancel},
+           {MessageIcon::Critical, MessageButtons::OkCancel, MessageAnswer::Cancel, MessageAnswer::Cancel},
+           {MessageIcon::Exclamation, MessageButtons::OkCancel, MessageAnswer::Cancel, MessageAnswer::Cancel},
+           {MessageIcon::Exclamation, MessageButtons::YesNo, MessageAnswer::No, MessageAnswer::No}}) {
+    for (const auto& [key, answer] : {std::pair{Qt::Key_Return, enter}, std::pair{Qt::Key_Escape, escape}}) {
+      loop.later([key = key] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        EXPECT_EQ(box->text(), QStringLiteral("First line\n<b>second</b>"));
+        QTest::keyClick(box, key);
+      });
+      EXPECT_EQ(loop.show({"Alert !", "First line\r<b>second</b>", icon, buttons}), answer);
+    }
+  }
+}
+
+// --- Long calls ----------------------------------------------------------------------------------------------------
+
+/// Counts paint events of one widget.
+class PaintCounter : public QObject {
+ public:
+  explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++paints;
+    return false;
+  }
+  std::atomic<int> paints = 0;
+};
+
+TEST_F(MessageLoop, WindowsKeepPaintingAndInputWaitsWhileALongCallRuns) {
+  int presses = 0, typedWhileRunning = 0;
+  bool running = false, laterRan = false;
+  dialogs.Form12.Command11.Click = [&] {
+    ++presses;
+    typedWhileRunning += running;
+  };
+  dialogs.Form12.Show();
+  QWidget* window = windowOf(loop, dialogs.Form12);
+  auto* button = usable<QPushButton>(window, "Command11");
+  PaintCounter counter(*window);
+
+  running = true;
+  std::atomic<bool> posted = false;
+  loop.runBlocking([&] {
+    // From the helper thread as an accessibility tool or the window system would: into the queue of the window.
+    const auto at = QPointF(button->rect().center());
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+      QCoreApplication::postEvent(
+          button, new QMouseEvent(type, at, button->mapToGlobal(at), Qt::LeftButton,
+                                  type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
+    QMetaObject::invokeMethod(
+        window, [&] { window->update(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        button, [&] { button->click(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        window, [&] { loop.later([&] { laterRan = running; }); }, Qt::QueuedConnection);
+    const int before = counter.paints;
+    while (counter.paints == before)
+      std::this_thread::yield();
+    posted = true;
+  });
+  running = false;
+  EXPECT_TRUE(posted);
+  EXPECT_EQ(presses, 0) << "input must wait until the handler is back";
+  EXPECT_TRUE(waitFor([&] { return presses == 2; })) << presses << " of a click and a press by assistive technology";
+  EXPECT_EQ(typedWhileRunning, 0);
+  EXPECT_FALSE(laterRan);
+}
+
+TEST_F(MessageLoop, TimersWaitWhileALongCallRuns) {
+  int ticks = 0;
+  owner.Timer2.Tick = [&] { ++ticks; };
+  owner.Timer2.Interval = 5;
+  owner.Timer2.Enabled = true;
+  loop.flush();
+  ASSERT_TRUE(waitFor([&] { return ticks > 0; }));
+  const int before = ticks;
+  loop.runBlocking([] { std::this_thread::sleep_for(std::chrono::milliseconds(80)); });
+  EXPECT_EQ(ticks, before);
+  EXPECT_TRUE(waitFor([&] { return ticks > before; }));
+}
+
+TEST_F(MessageLoop, ShortCallsGiveTheirResults) {
+  int sum = 0;
+  for (int each = 1; each <= 1000; ++each)
+    loop.runBlocking([&] { sum += each; });
+  EXPECT_EQ(sum, 500500);
+}
+
+// --- Turns, timers, pointer ----------------------------------------------------------------------------------------
+
+TEST_F(MessageLoop, ATurnShowsWhatHasChanged) {
+  dialogs.Form11.Show();
+  QWidget* window = windowOf(loop, dialogs.Form11);
+  dialogs.Form11.Label1.Caption = "Working on it";
+  EXPECT_TRUE(waitFor([&] {
+    loop.giveTurn();
+    return usable<QLabel>(window, "Label1")->text() == QStringLiteral("Working on it");
+  }));
+}
+
+TEST_F(MessageLoop, TimersTickWithoutAWindowAndStop) {
+  int ticks = 0;
+  owner.Timer2.Tick = [&] {
+    if (++ticks == 3) owner.Timer2.Enabled = false;
+  };
+  owner.Timer2.Interval = 1;
+  owner.Timer2.Enabled = true;
+  EXPECT_TRUE(waitFor([&] { return ticks == 3; }));
+  loop.flush();
+  for (int turn = 0; turn < 50; ++turn)
+    loop.giveTurn();
+  EXPECT_EQ(ticks, 3);
+}
+
+TEST_F(MessageLoop, TheHourglassShowsAtTheNextTurn) {
+  loop.screen().MousePointer = controls::pointer::Hourglass;
+  loop.giveTurn();
+  loop.flush();
+  ASSERT_TRUE(QApplication::overrideCursor());
+  EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  loop.screen().MousePointer = controls::pointer::Default;
+  loop.flush();
+  EXPECT_FALSE(QApplication::overrideCursor());
+}
+
+TEST_F(MessageLoop, TheScreenIsMeasuredInTwips) {
+  const QSize pixels = QGuiApplication::primaryScreen()->size();
+  EXPECT_EQ(loop.screen().width, pixels.width() * 15);
+  EXPECT_EQ(loop.screen().height, pixels.height() * 15);
+}
+
+}  // namespace
+}  // namespace varnholt::test

@@ -1,0 +1,75 @@
+#include "qt/input.hpp"
+#include "qt/text.hpp"
+#include "qt/theme.hpp"
+
+#include <gtest/gtest.h>
+
+namespace varnholt::qt {
+namespace {
+
+TEST(Text, NamesSurviveBeingShownAndEdited) {
+  for (const std::string& name :
+       {std::string("plain.txt"), std::string("Größe – 測試 😀.txt"), std::string("caf\xE9.txt"),
+        std::string("\xFF\xFE"), std::string("\xC3"), std::string("a\xE2\x82z"), std::string()})
+    EXPECT_EQ(fromQt(toQt(name)), name);
+}
+
+TEST(Text, WholeCharactersNextToBrokenOnesStayReadable) {
+  EXPECT_TRUE(toQt("Größe \xFF").startsWith(QStringLiteral("Größe ")));
+}
+
+TEST(Text, CarriageReturnsBreakLines) { EXPECT_EQ(linesToQt("a\rb\r\nc"), QStringLiteral("a\nb\nc")); }
+
+TEST(Text, MnemonicsAreTakenOutAndDoubledOnesStay) {
+  EXPECT_EQ(withoutMnemonic(QStringLiteral("&Cancel")), QStringLiteral("Cancel"));
+  EXPECT_EQ(withoutMnemonic(QStringLiteral("Move &As")), QStringLiteral("Move As"));
+  EXPECT_EQ(withoutMnemonic(QStringLiteral("A && B")), QStringLiteral("A & B"));
+}
+
+TEST(Text, ToolTipsAreNeverMarkUp) {
+  EXPECT_FALSE(plainToolTip("<b>report</b>.txt").contains(QStringLiteral("<b>")));
+  EXPECT_EQ(plainToolTip("Move Selected Items (Ctrl+X)"), QStringLiteral("Move Selected Items (Ctrl+X)"));
+}
+
+struct KeyCase {
+  int qt;
+  Qt::KeyboardModifiers modifiers;
+  int code;
+};
+
+TEST(Input, KeysHaveTheNumbersThatHandlersKnow) {
+  for (const auto& [qt, modifiers, code] : std::initializer_list<KeyCase>{{Qt::Key_Return, {}, 13},
+                                                                          {Qt::Key_Enter, Qt::KeypadModifier, 13},
+                                                                          {Qt::Key_Escape, {}, 27},
+                                                                          {Qt::Key_Control, {}, 17},
+                                                                          {Qt::Key_Left, {}, 37},
+                                                                          {Qt::Key_Q, {}, 81},
+                                                                          {Qt::Key_F2, {}, 113},
+                                                                          {Qt::Key_F12, {}, 123},
+                                                                          {Qt::Key_5, Qt::KeypadModifier, 101},
+                                                                          {Qt::Key_Plus, Qt::KeypadModifier, 107},
+                                                                          {Qt::Key_Plus, {}, 0}})
+    EXPECT_EQ(keyOf(QKeyEvent(QEvent::KeyPress, qt, modifiers)).code, code) << qt;
+}
+
+TEST(Theme, EveryTextCanBeReadOnEverySurface) {
+  for (const QRgb surface : {theme::Surface, theme::Field, theme::ListBase, theme::HeaderBase})
+    for (const QRgb text : {theme::Text, theme::DimText})
+      EXPECT_GE(theme::contrast(QColor::fromRgb(text), QColor::fromRgb(surface)), 4.5) << std::hex << text << surface;
+  for (const QRgb selection : {theme::Selection, theme::DimSelection})
+    EXPECT_GE(theme::contrast(Qt::white, QColor::fromRgb(selection)), 4.5);
+}
+
+TEST(Theme, MarksOfRowsAreLightenedUntilTheyCanBeRead) {
+  const controls::Color marks[] = {0x00FF00, 0x00FFFF, 0x0000FF, 0xFFFF00, 0x0080FF};  // blue-green-red
+  for (const controls::Color mark : marks)
+    for (const QRgb surface : {theme::ListBase, theme::Selection})
+      EXPECT_GE(
+          theme::contrast(theme::readable(theme::colorOf(mark), QColor::fromRgb(surface)), QColor::fromRgb(surface)),
+          4.5);
+  EXPECT_EQ(theme::colorOf(0x0000FF), QColor(255, 0, 0));
+  EXPECT_EQ(theme::readable(QColor(0, 255, 0), QColor::fromRgb(theme::ListBase)), QColor(0, 255, 0));
+}
+
+}  // namespace
+}  // namespace varnholt::qt
