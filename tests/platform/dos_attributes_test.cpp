@@ -1,0 +1,144 @@
+// Attributes as files report them and as they are set.
+
+#include "support/temp_folder.hpp"
+
+#include <gtest/gtest.h>
+
+#include <sys/mount.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+namespace varnholt::platform {
+namespace {
+
+using test::codeOf;
+using test::TempFolder;
+using namespace attribute;
+
+std::string stored(const TempFolder& temp, const char* name) {
+  char value[256];
+  const ssize_t got = ::getxattr(temp.system(name).c_str(), "user.DOSATTRIB", value, sizeof value);
+  return got < 0 ? "" : std::string(value, static_cast<size_t>(got));
+}
+
+TEST(Attributes, WithoutStoredOnesModeAndNameTell) {
+  TempFolder temp;
+  temp.file("plain").file("locked").mode("locked", 0444).file(".dot").folder("f").folder(".f").folder("fixed");
+  temp.mode("fixed", 0555);
+  EXPECT_EQ(temp.files.attributes(temp.path("plain")).valueOr(0), Archive);
+  EXPECT_EQ(temp.files.attributes(temp.path("locked")).valueOr(0), Archive | ReadOnly);
+  EXPECT_EQ(temp.files.attributes(temp.path(".dot")).valueOr(0), Archive | Hidden);
+  EXPECT_EQ(temp.files.attributes(temp.path("f")).valueOr(0), Folder);
+  EXPECT_EQ(temp.files.attributes(temp.path(".f")).valueOr(0), Folder | Hidden);
+  EXPECT_EQ(temp.files.attributes(temp.path("fixed")).valueOr(0), Folder) << "a folder's mode is no attribute";
+}
+
+TEST(Attributes, StoredOnesRule) {
+  TempFolder temp;
+  temp.file(".dot").file("sys").file("bad").file("locked").folder("f");
+  if (!temp.store(".dot", "0x20")) GTEST_SKIP() << "no extended attributes here";
+  temp.store("sys", std::string_view("0x6\0", 4));
+  temp.store("bad", "nonsense");
+  temp.store("locked", "0x22");
+  temp.store("f", "0x12");
+  temp.mode("locked", 0444);
+  EXPECT_EQ(temp.files.attributes(temp.path(".dot")).valueOr(0), Archive) << "stored as not hidden";
+  EXPECT_EQ(temp.files.attributes(temp.path("sys")).valueOr(0), Hidden | System) << "stored as not archive";
+  EXPECT_EQ(temp.files.attributes(temp.path("bad")).valueOr(0), Archive);
+  EXPECT_EQ(temp.files.attributes(temp.path("locked")).valueOr(0), Archive | Hidden | ReadOnly);
+  EXPECT_EQ(temp.files.attributes(temp.path("f")).valueOr(0), Folder | Hidden);
+}
+
+TEST(SetAttributes, EveryCombinationComesBack) {
+  TempFolder temp;
+  temp.file("a").folder("f");
+  if (!temp.store("a", "0x20")) GTEST_SKIP() << "no extended attributes here";
+  for (Attributes word = 0; word < 64; ++word) {
+    if (word & ~Settable) continue;
+    ASSERT_TRUE(temp.files.setAttributes(temp.path("a"), word)) << word;
+    EXPECT_EQ(temp.files.attributes(temp.path("a")).valueOr(99), word);
+    EXPECT_EQ((temp.facts("a").st_mode & S_IWUSR) == 0, (word & ReadOnly) != 0) << word;
+    ASSERT_TRUE(temp.files.setAttributes(temp.path("f"), word)) << word;
+    EXPECT_EQ(temp.files.attributes(temp.path("f")).valueOr(99), word | Folder);
+    EXPECT_TRUE(temp.facts("f").st_mode & S_IWUSR) << "a read-only folder can still be filled";
+  }
+}
+
+TEST(SetAttributes, WritesTheTextForm) {
+  TempFolder temp;
+  temp.file("a");
+  if (!temp.store("a", "0x1020")) GTEST_SKIP() << "no extended attributes here";
+  ASSERT_TRUE(temp.files.setAttributes(temp.path("a"), Hidden));
+  EXPECT_EQ(stored(temp, "a"), "0x1002") << "bits that cannot be set stay";
+}
+
+TEST(SetAttributes, NothingIsStoredForWhatModeAndNameTell) {
+  TempFolder temp;
+  temp.file("a");
+  ASSERT_TRUE(temp.files.setAttributes(temp.path("a"), Archive | ReadOnly));
+  EXPECT_EQ(stored(temp, "a"), "");
+  EXPECT_EQ(temp.facts("a").st_mode & 0777, temp.facts("a").st_mode & 0577);
+}
+
+TEST(SetAttributes, DatesAndBytesStay) {
+  TempFolder temp;
+  temp.file("a", "bytes", Date{1000, 0});
+  (void)temp.files.setAttributes(temp.path("a"), Hidden | ReadOnly);
+  EXPECT_EQ(temp.facts("a").st_mtim.tv_sec, 1000);
+  EXPECT_EQ(temp.read("a"), "bytes");
+}
+
+TEST(SetAttributes, OwnerCanChangeAFileThatIsReadOnly) {
+  TempFolder temp;
+  temp.file("a");
+  if (!temp.store("a", "0x20")) GTEST_SKIP() << "no extended attributes here";
+  temp.mode("a", 0444).mode("", 0755);
+  ASSERT_EQ(::chown(temp.system("a").c_str(), 65534, 65534), 0);
+  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
+    // The kernel refuses extended attributes of a file without write permission even to its owner.
+    ASSERT_TRUE(temp.files.setAttributes(temp.path("a"), ReadOnly | Hidden));
+    EXPECT_EQ(temp.files.attributes(temp.path("a")).valueOr(0), ReadOnly | Hidden);
+    EXPECT_EQ(temp.facts("a").st_mode & 0777, 0444u) << "the permission was lent, not given";
+  }));
+}
+
+TEST(SetAttributes, FileOfAnotherUserIsAccessDenied) {
+  TempFolder temp;
+  temp.file("a").mode("", 0755);
+  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
+    EXPECT_EQ(codeOf(temp.files.setAttributes(temp.path("a"), ReadOnly | Archive)), ErrorCode::AccessDenied);
+  }));
+}
+
+TEST(SetAttributes, VolumeWithoutExtendedAttributesKeepsReadOnly) {
+  TempFolder temp;
+  temp.folder("m");
+  if (::mount("none", temp.system("m").c_str(), "ramfs", 0, nullptr) != 0) GTEST_SKIP() << "no right to mount here";
+  temp.file("m/a");
+  EXPECT_TRUE(temp.files.setAttributes(temp.path("m/a"), ReadOnly | Archive));
+  EXPECT_EQ(temp.files.attributes(temp.path("m/a")).valueOr(0), ReadOnly | Archive);
+  EXPECT_EQ(codeOf(temp.files.setAttributes(temp.path("m/a"), Hidden | Archive)), ErrorCode::NotSupported);
+  EXPECT_EQ(temp.files.attributes(temp.path("m/a")).valueOr(0), Archive) << "read-only is kept after that";
+  ::umount(temp.system("m").c_str());
+}
+
+TEST(SetAttributes, Missing) {
+  TempFolder temp;
+  EXPECT_EQ(codeOf(temp.files.setAttributes(temp.path("none"), 0)), ErrorCode::NotFound);
+  EXPECT_EQ(codeOf(temp.files.attributes(temp.path("none"))), ErrorCode::NotFound);
+}
+
+TEST(SetModified, AnyDate) {
+  TempFolder temp;
+  temp.file("a").folder("f");
+  for (const Date& date : {Date{-86400, 500}, Date{0, 0}, Date{4102444800, 999999999}}) {
+    ASSERT_TRUE(temp.files.setModified(temp.path("a"), date));
+    EXPECT_EQ(temp.files.info(temp.path("a"))->modified, date);
+  }
+  EXPECT_TRUE(temp.files.setModified(temp.path("f"), Date{5, 0}));
+  EXPECT_EQ(temp.files.info(temp.path("f"))->modified.seconds, 5);
+  EXPECT_EQ(codeOf(temp.files.setModified(temp.path("none"), Date{})), ErrorCode::NotFound);
+}
+
+}  // namespace
+}  // namespace varnholt::platform

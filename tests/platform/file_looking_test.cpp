@@ -1,0 +1,345 @@
+// Listing, facts of one path, spellings, attributes as they are reported, and sizes.
+
+#include "support/temp_folder.hpp"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <thread>
+
+#include <sys/mount.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace varnholt::platform {
+namespace {
+
+using test::codeOf;
+using test::TempFolder;
+
+std::vector<std::string> namesOf(const std::vector<Entry>& entries) {
+  std::vector<std::string> names;
+  for (const Entry& entry : entries)
+    names.emplace_back(entry.name);
+  return names;
+}
+
+const Entry* find(const Listing& listing, std::string_view name) {
+  for (const auto* entries : {&listing.folders(), &listing.files()})
+    for (const Entry& entry : *entries)
+      if (entry.name == name) return &entry;
+  return nullptr;
+}
+
+// --- Listing ---------------------------------------------------------------------------------------------------------
+
+TEST(List, FoldersAndFilesApartByLoweredName) {
+  TempFolder temp;
+  temp.folder("beta")
+      .folder("Alpha")
+      .file("b.txt")
+      .file("A.txt")
+      .file("a.txt")
+      .file("\xC3\x84.txt")
+      .file("\xC3\xA4.txt");
+  const auto listing = temp.files.list(temp.path());
+  ASSERT_TRUE(listing);
+  EXPECT_EQ(namesOf((*listing)->folders()), (std::vector<std::string>{"Alpha", "beta"}));
+  EXPECT_EQ(namesOf((*listing)->files()),
+            (std::vector<std::string>{"A.txt", "a.txt", "b.txt", "\xC3\x84.txt", "\xC3\xA4.txt"}));
+}
+
+TEST(List, FactsInOnePass) {
+  TempFolder temp;
+  temp.file("old.txt", "12345", Date{-1000, 5}).file("new.txt", "", Date{5000000000, 999999999}).folder("f");
+  const auto listing = temp.files.list(temp.path());
+  ASSERT_TRUE(listing);
+  const Entry* old = find(**listing, "old.txt");
+  ASSERT_TRUE(old);
+  EXPECT_EQ(old->size, 5u);
+  EXPECT_EQ(old->modified, (Date{-1000, 5}));
+  EXPECT_TRUE(old->hasDates);
+  EXPECT_GT(old->created.seconds, 0);
+  EXPECT_EQ(old->attributes, attribute::Archive);
+  EXPECT_EQ(find(**listing, "new.txt")->modified, (Date{5000000000, 999999999}));
+  EXPECT_EQ(find(**listing, "f")->size, 0u);
+  EXPECT_EQ(find(**listing, "f")->attributes, attribute::Folder);
+}
+
+TEST(List, LinksAreToldAsWhatTheyPointTo) {
+  TempFolder temp;
+  temp.folder("f")
+      .file("t", "123")
+      .link("toFolder", "f")
+      .link("toFile", "t")
+      .link("gone", "nowhere")
+      .link("loop", "loop");
+  const auto listing = temp.files.list(temp.path());
+  ASSERT_TRUE(listing);
+  EXPECT_EQ(namesOf((*listing)->folders()), (std::vector<std::string>{"f", "toFolder"}));
+  EXPECT_TRUE(find(**listing, "toFolder")->isLink);
+  EXPECT_EQ(find(**listing, "toFile")->size, 3u);
+  for (const char* name : {"gone", "loop"}) {
+    EXPECT_TRUE(find(**listing, name)->isDangling) << name;
+    EXPECT_EQ(find(**listing, name)->kind, EntryKind::File) << name;
+  }
+  EXPECT_FALSE(find(**listing, "t")->isLink);
+}
+
+TEST(List, SpecialFilesAreListedAndNeverOpened) {
+  TempFolder temp;
+  temp.pipe("pipe").link("toPipe", "pipe");
+  const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un address{AF_UNIX, {}};
+  temp.system("socket").copy(address.sun_path, sizeof address.sun_path - 1);
+  ASSERT_EQ(::bind(socket, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+  ::close(socket);
+  const auto listing = temp.files.list(temp.path());
+  ASSERT_TRUE(listing);
+  for (const char* name : {"pipe", "toPipe", "socket"})
+    EXPECT_EQ(find(**listing, name)->kind, EntryKind::Special) << name;
+  EXPECT_EQ(codeOf(temp.files.readFile(temp.path("pipe"))), ErrorCode::NotRegular);
+  EXPECT_EQ(codeOf(temp.files.fileVersion(temp.path("pipe"))), ErrorCode::NotRegular);
+  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("pipe"), temp.path("copy"), false)), ErrorCode::NotRegular);
+}
+
+TEST(List, AwkwardNamesComeThroughToTheirFiles) {
+  TempFolder temp;
+  const std::vector<std::string> names{"back\\slash", "new\nline", "\xFF\xFE", "\xEF\x81\x9C", "\xEF\x80\x9B\\", " "};
+  for (const std::string& name : names)
+    temp.file(name, name);
+  const auto listing = temp.files.list(temp.path());
+  ASSERT_TRUE(listing);
+  ASSERT_EQ((*listing)->files().size(), names.size());
+  for (const Entry& entry : (*listing)->files()) {
+    const auto bytes = temp.files.readFile("C:\\" + std::string(entry.name));
+    ASSERT_TRUE(bytes) << entry.name;
+    EXPECT_EQ(*bytes, posix::PathMap::nameToSystem(entry.name));
+  }
+}
+
+TEST(List, LargeFolderIsCompleteAndInOrder) {
+  TempFolder temp;
+  std::mt19937 random(3);
+  constexpr int count = 12000;  // above what one thread sorts
+  for (int i = 0; i < count; ++i)
+    temp.file((random() % 2 ? "Name-" : "name-") + std::to_string(random() % 5000) + "-" + std::to_string(i), "");
+  const auto listing = temp.files.list(temp.path());
+  ASSERT_TRUE(listing);
+  const auto names = namesOf((*listing)->files());
+  EXPECT_EQ(names.size(), size_t{count});
+  const auto lowered = [](std::string text) {
+    for (char& c : text)
+      c = static_cast<char>(std::tolower(c));
+    return text;
+  };
+  EXPECT_TRUE(std::is_sorted(names.begin(), names.end(), [&](const auto& a, const auto& b) {
+    return std::pair(lowered(a), a) < std::pair(lowered(b), b);
+  }));
+}
+
+TEST(List, FolderThatChangesMeanwhile) {
+  TempFolder temp;
+  for (int i = 0; i < 500; ++i)
+    temp.file("stays-" + std::to_string(i));
+  std::atomic<bool> stop = false;
+  std::thread changer([&] {
+    for (int i = 0; !stop; i = (i + 1) % 50) {
+      temp.scratch.write("comes-" + std::to_string(i), "x");
+      ::unlink(temp.system("comes-" + std::to_string((i + 25) % 50)).c_str());
+    }
+  });
+  for (int round = 0; round < 30; ++round) {
+    const auto listing = temp.files.list(temp.path());
+    ASSERT_TRUE(listing);
+    const auto& files = (*listing)->files();
+    EXPECT_EQ(std::count_if(files.begin(), files.end(), [](auto& entry) { return entry.name.starts_with("stays-"); }),
+              500);
+  }
+  stop = true;
+  changer.join();
+}
+
+TEST(List, Errors) {
+  TempFolder temp;
+  temp.file("file");
+  EXPECT_EQ(codeOf(temp.files.list(temp.path("none"))), ErrorCode::NotFound);
+  EXPECT_EQ(codeOf(temp.files.list(temp.path("file"))), ErrorCode::NotAFolder);
+  EXPECT_EQ(codeOf(temp.files.list("Q:\\")), ErrorCode::InvalidPath);
+  EXPECT_EQ(codeOf(temp.files.list("C:\\" + std::string(5000, 'x'))), ErrorCode::InvalidPath);
+  const auto missing = temp.files.list(temp.path("none/below"));
+  EXPECT_EQ(missing.error().path, temp.path("none/below")) << "errors speak of program paths";
+}
+
+TEST(List, EntriesThatMayNotBeAskedAreStillListed) {
+  TempFolder temp;
+  temp.folder("locked").file("locked/a.txt").folder("locked/f").mode("locked", 0744).mode("", 0755);
+  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
+    const auto listing = temp.files.list(temp.path("locked"));
+    ASSERT_TRUE(listing);
+    ASSERT_TRUE(find(**listing, "a.txt"));
+    EXPECT_FALSE(find(**listing, "a.txt")->hasDates);
+    EXPECT_EQ(find(**listing, "f")->kind, EntryKind::Folder);
+  }));
+}
+
+TEST(List, LockedFolderIsAccessDenied) {
+  TempFolder temp;
+  temp.folder("locked").mode("locked", 0700).mode("", 0755);
+  EXPECT_TRUE(test::heldAsOrdinaryUser(
+      [&] { EXPECT_EQ(codeOf(temp.files.list(temp.path("locked"))), ErrorCode::AccessDenied); }));
+}
+
+TEST(List, WorkingFolderOfTheProcessStays) {
+  TempFolder temp;
+  temp.file("a");
+  const auto before = std::filesystem::current_path();
+  ASSERT_TRUE(temp.files.list(temp.path()));
+  EXPECT_EQ(std::filesystem::current_path(), before);
+}
+
+// --- One path --------------------------------------------------------------------------------------------------------
+
+TEST(Info, TellsWhatAListingTells) {
+  TempFolder temp;
+  temp.file("a.txt", "123", Date{77, 0}).link("l", "a.txt").link("gone", "nowhere");
+  const auto info = temp.files.info(temp.path("a.txt"));
+  ASSERT_TRUE(info);
+  EXPECT_EQ(info->name, "a.txt");
+  EXPECT_EQ(info->size, 3u);
+  EXPECT_EQ(info->modified.seconds, 77);
+  EXPECT_TRUE(temp.files.info(temp.path("l"))->isLink);
+  EXPECT_TRUE(temp.files.info(temp.path("gone"))->isDangling);
+  EXPECT_EQ(temp.files.info(temp.path())->kind, EntryKind::Folder);
+  EXPECT_EQ(codeOf(temp.files.info(temp.path("none"))), ErrorCode::NotFound);
+}
+
+TEST(Info, FileLargerThanFourGigabytes) {
+  TempFolder temp;
+  temp.file("huge", "");
+  ASSERT_EQ(::truncate(temp.system("huge").c_str(), 5LL << 30), 0);
+  EXPECT_EQ(temp.files.info(temp.path("huge"))->size, 5ull << 30);
+  EXPECT_EQ(codeOf(temp.files.readFile(temp.path("huge"))), ErrorCode::TooLarge);
+  EXPECT_EQ(temp.files.folderSize(temp.path())->bytes, 5ull << 30);
+}
+
+struct ExistsCase {
+  const char* name;
+  bool file, folder;
+};
+
+TEST(Exists, FilesAndFolders) {
+  TempFolder temp;
+  temp.file("t").folder("f").link("toFile", "t").link("toFolder", "f").link("gone", "nowhere").pipe("pipe");
+  for (const auto& [name, file, folder] : {ExistsCase{"t", true, false},
+                                           {"f", false, true},
+                                           {"toFile", true, false},
+                                           {"toFolder", false, true},
+                                           {"gone", true, false},
+                                           {"pipe", true, false},
+                                           {"none", false, false},
+                                           {"t/below", false, false},
+                                           {"", false, true}}) {
+    EXPECT_EQ(temp.files.fileExists(temp.path(name)), file) << name;
+    EXPECT_EQ(temp.files.folderExists(temp.path(name)), folder) << name;
+  }
+}
+
+TEST(SameEntry, HoweverItIsSpelled) {
+  TempFolder temp;
+  temp.file("a").file("b").link("l", "a").hardLink("h", "a");
+  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), temp.path("a", 'E')));
+  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), "Z:" + temp.files.resolve("Z:" + temp.system("a"))->substr(2)));
+  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), temp.path("l")));
+  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), temp.path("h")));
+  EXPECT_FALSE(temp.files.sameEntry(temp.path("a"), temp.path("b")));
+  EXPECT_FALSE(temp.files.sameEntry(temp.path("none"), temp.path("none")));
+}
+
+struct ResolveCase {
+  const char *typed, *found;
+};
+
+TEST(Resolve, SpelledAsTheDiskHasIt) {
+  TempFolder temp;
+  temp.file("Photos/Sommer \xC3\x84/B.jpg").file("twin").file("TWIN").file("point.").file("back\\slash");
+  for (const auto& [typed, found] :
+       {ResolveCase{"c:\\PHOTOS\\sommer \xC3\xA4\\b.JPG", "C:\\Photos\\Sommer \xC3\x84\\B.jpg"},
+        {"C:/photos/", "C:\\Photos"},
+        {"C:\\twin", "C:\\twin"},
+        {"C:\\TWIN", "C:\\TWIN"},
+        {"C:\\Twin", "C:\\TWIN"},
+        {"C:\\point.", "C:\\point."},
+        {"C:\\photos.", "C:\\Photos"},
+        {"C:\\Photos\\..\\twin", "C:\\twin"},
+        {"C:\\..\\.\\twin", "C:\\twin"},
+        {"C:\\BACK\xEF\x81\x9CSLASH", "C:\\back\xEF\x81\x9Cslash"},
+        {"c:", "C:\\"}})
+    EXPECT_EQ(temp.files.resolve(typed).valueOr("?"), found) << typed;
+  EXPECT_EQ(codeOf(temp.files.resolve("C:\\photos\\none")), ErrorCode::NotFound);
+  EXPECT_EQ(codeOf(temp.files.resolve("C:photos")), ErrorCode::InvalidPath);
+  EXPECT_EQ(codeOf(temp.files.resolve("nonsense")), ErrorCode::InvalidPath);
+  EXPECT_EQ(codeOf(temp.files.resolve("")), ErrorCode::InvalidPath);
+}
+
+// --- Sizes -----------------------------------------------------------------------------------------------------------
+
+TEST(FolderSize, CountsFilesOfTheTreeAndFollowsNothing) {
+  TempFolder temp;
+  temp.file("tree/a", "12345").file("tree/f/b", "123").folder("tree/f/g").file("outside/big", std::string(1000, 'x'));
+  temp.link("tree/toOutside", "../outside").link("tree/f/toBig", "../../outside/big").pipe("tree/pipe");
+  const auto size = temp.files.folderSize(temp.path("tree"));
+  ASSERT_TRUE(size);
+  EXPECT_EQ(size->bytes, 8u);
+  EXPECT_EQ(size->files, 5u);
+  EXPECT_EQ(size->folders, 2u);
+  EXPECT_TRUE(size->exact);
+}
+
+TEST(FolderSize, WideTreeIsCountedOnce) {
+  TempFolder temp;
+  for (int i = 0; i < 3000; ++i)
+    temp.file("tree/wide/" + std::to_string(i), "ab");
+  for (int i = 0; i < 200; ++i)
+    temp.file("tree/deep/" + std::to_string(i) + "/x/y", "c");
+  const auto size = temp.files.folderSize(temp.path("tree"));
+  ASSERT_TRUE(size);
+  EXPECT_EQ(size->bytes, 6200u);
+  EXPECT_EQ(size->files, 3200u);
+  EXPECT_EQ(size->folders, 402u);
+}
+
+TEST(FolderSize, UnreadableFolderMakesItInexact) {
+  TempFolder temp;
+  temp.file("tree/a", "123").file("tree/locked/b", "12345").mode("tree/locked", 0700).mode("", 0755);
+  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
+    const auto size = temp.files.folderSize(temp.path("tree"));
+    ASSERT_TRUE(size);
+    EXPECT_EQ(size->bytes, 3u);
+    EXPECT_FALSE(size->exact);
+  }));
+}
+
+TEST(FolderSize, StopsWhenAsked) {
+  TempFolder temp;
+  temp.file("tree/a");
+  EXPECT_EQ(codeOf(temp.files.folderSize(temp.path("tree"), [](std::uint64_t) { return false; })), ErrorCode::Stopped);
+  EXPECT_EQ(codeOf(temp.files.folderSize(temp.path("tree/a"))), ErrorCode::NotAFolder);
+  EXPECT_EQ(codeOf(temp.files.folderSize(temp.path("none"))), ErrorCode::NotFound);
+}
+
+TEST(FolderSize, MountedVolumesAreNotEntered) {
+  TempFolder temp;
+  temp.file("tree/a", "123").folder("tree/mounted");
+  if (::mount("none", temp.system("tree/mounted").c_str(), "tmpfs", 0, "size=1m") != 0)
+    GTEST_SKIP() << "no right to mount here";
+  temp.file("tree/mounted/b", "12345");
+  const auto size = temp.files.folderSize(temp.path("tree"));
+  ::umount(temp.system("tree/mounted").c_str());
+  ASSERT_TRUE(size);
+  EXPECT_EQ(size->bytes, 3u);
+}
+
+}  // namespace
+}  // namespace varnholt::platform

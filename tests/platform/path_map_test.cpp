@@ -1,0 +1,182 @@
+#include "platform/posix/path_map.hpp"
+#include "support/scratch_folder.hpp"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+
+namespace varnholt::platform::posix {
+namespace {
+
+PathMap mapOf(std::string_view drives) { return PathMap(parseDriveVariable(drives)); }
+
+constexpr char backslashStandIn[] = "\xEF\x81\x9C";
+constexpr char escapeMark[] = "\xEF\x80\x9B";
+
+const std::vector<std::string>& awkwardNames() {
+  static const std::vector<std::string> names{"a",
+                                              "a b.txt",
+                                              ".profile",
+                                              "back\\slash",
+                                              "\\",
+                                              "\\\\",
+                                              backslashStandIn,
+                                              escapeMark,
+                                              std::string("x") + backslashStandIn + "\\" + escapeMark,
+                                              std::string(escapeMark) + escapeMark + backslashStandIn,
+                                              std::string(escapeMark) + "\\",
+                                              "new\nline",
+                                              "\xFF\xFE not UTF-8",
+                                              "\xEF\x81",
+                                              "\xEF",
+                                              "\xC3\xA4",
+                                              "C:",
+                                              "...",
+                                              "nul:*?<>|\""};
+  return names;
+}
+
+TEST(PathMapNames, EveryNameComesBack) {
+  const PathMap map = mapOf("C=/home/me;Z=/");
+  for (const std::string& name : awkwardNames()) {
+    const std::string up = PathMap::nameToProgram(name);
+    EXPECT_EQ(up.find('\\'), std::string::npos) << name;
+    EXPECT_EQ(PathMap::nameToSystem(up), name);
+    for (const std::string& path : {"/home/me/" + name + "/x", "/srv/" + name}) {
+      const auto program = map.toProgram(path);
+      ASSERT_TRUE(program) << path;
+      EXPECT_EQ(*map.toSystem(*program), path);
+    }
+  }
+}
+
+TEST(PathMapNames, NoTwoNamesMeet) {
+  std::set<std::string> seen;
+  for (const std::string& name : awkwardNames())
+    EXPECT_TRUE(seen.insert(PathMap::nameToProgram(name)).second) << name;
+}
+
+TEST(PathMapNames, RandomNamesComeBack) {
+  const std::string pieces[] = {"\\", "a", "\xEF", "\x81", "\x80", "\x9C", "\x9B", backslashStandIn, escapeMark};
+  std::mt19937 random(7);
+  for (int round = 0; round < 20000; ++round) {
+    std::string name;
+    for (unsigned length = random() % 8 + 1; length > 0; --length)
+      name += pieces[random() % std::size(pieces)];
+    EXPECT_EQ(PathMap::nameToSystem(PathMap::nameToProgram(name)), name);
+  }
+}
+
+struct UpDown {
+  const char *program, *system;
+};
+
+TEST(PathMapPaths, BothWays) {
+  const PathMap map = mapOf("C=/home/me;D=/media/me/stick/;E=/home/me/music;Z=/");
+  for (const auto& [program, system] : {UpDown{"C:\\", "/home/me"},
+                                        {"C:\\a\\b.txt", "/home/me/a/b.txt"},
+                                        {"D:\\x", "/media/me/stick/x"},
+                                        {"E:\\song", "/home/me/music/song"},
+                                        {"C:\\musical", "/home/me/musical"},
+                                        {"Z:\\", "/"},
+                                        {"Z:\\home\\you", "/home/you"},
+                                        {"Z:\\home\\meadow", "/home/meadow"}}) {
+    EXPECT_EQ(map.toSystem(program).valueOr("?"), system);
+    EXPECT_EQ(map.toProgram(system).valueOr("?"), program);
+  }
+}
+
+TEST(PathMapPaths, SpellingsOfOnePath) {
+  const PathMap map = mapOf("C=/home/me;Z=/");
+  for (const char* path : {"c:\\a", "C:\\a\\", "C:\\\\a\\\\"})
+    EXPECT_EQ(map.toSystem(path).valueOr("?"), "/home/me/a") << path;
+  EXPECT_EQ(map.toSystem("c:").valueOr("?"), "/home/me");
+  EXPECT_EQ(map.toSystem("Z:\\a\\..\\b").valueOr("?"), "/a/../b") << "point parts are the kernel's";
+}
+
+TEST(PathMapPaths, Refused) {
+  const PathMap map = mapOf("C=/home/me");
+  for (std::string_view path :
+       {std::string_view(""), std::string_view("a"), std::string_view("\\a"), std::string_view("\\\\server\\share"),
+        std::string_view("C:a"), std::string_view("D:\\a"), std::string_view("1:\\a"), std::string_view("C:\\a/b"),
+        std::string_view("C:\\a\0b", 6)}) {
+    const auto system = map.toSystem(path);
+    ASSERT_FALSE(system) << path;
+    EXPECT_EQ(system.error().code, ErrorCode::InvalidPath);
+  }
+  EXPECT_FALSE(map.toProgram("/srv/outside"));
+  EXPECT_FALSE(map.toProgram("home/me"));
+}
+
+constexpr char mountInfo[] = "22 1 254:0 / / rw - ext4 /dev/vda rw\n"
+                             "30 22 8:17 / /media/me/My\\040Stick rw shared:1 - vfat /dev/sdb1 rw\n"
+                             "not a line\n"
+                             "31 22 8:18 / /mnt rw - ext4 /dev/sdb2 rw\n"
+                             "32 22 8:18 / /mnt rw - ext4 /dev/sdb2 rw\n"
+                             "33 22 0:44 / /run/media/me/cd ro - iso9660 /dev/sr0 ro\n"
+                             "34 22 0:45 / /mnt/auto rw - autofs systemd-1 rw\n"
+                             "35 22 0:46 / /mediastore rw - ext4 /dev/sdc rw\n";
+
+TEST(DriveSources, MountedVolumesTakeLettersInOrder) {
+  std::string drives;
+  for (const DriveMapping& drive : defaultDrives("/home/me", mountInfo))
+    drives += drive.letter + ("=" + drive.folder) + ";";
+  EXPECT_EQ(drives, "C=/home/me;D=/media/me/My Stick;E=/mnt;F=/run/media/me/cd;Z=/;");
+}
+
+TEST(DriveSources, MoreVolumesThanLetters) {
+  std::string mounts;
+  for (int i = 0; i < 40; ++i)
+    mounts += std::to_string(i) + " 1 8:1 / /mnt/v" + std::to_string(i) + " rw - ext4 /dev/x rw\n";
+  EXPECT_EQ(defaultDrives("/home/me", mounts).size(), 24u);
+}
+
+TEST(DriveSources, Variable) {
+  const auto drives = parseDriveVariable(" d=/data/ ; C=/home/me;bad;=x;Q=;9=/x;c=/second;E=relative");
+  ASSERT_EQ(drives.size(), 2u);
+  EXPECT_EQ(drives[0].letter, 'C');
+  EXPECT_EQ(drives[0].folder, "/home/me");
+  EXPECT_EQ(drives[1].letter, 'D');
+  EXPECT_EQ(drives[1].folder, "/data");
+}
+
+TEST(DriveSources, FileWithAllFacts) {
+  const auto drives = parseDriveFile("# discs\n\nstray=1\n[e]\nfolder = /srv/disc \ntype=cdrom\nfilesystem=CDFS\n"
+                                     "label=MY DISC\nshare=\\\\server\\discs\nserial=-559038737\ntotal=700\nfree=x\n"
+                                     "[bad]\nfolder=/bad\n[F]\nlabel=no folder\n[G]\nfolder=/g\nnotready\n");
+  ASSERT_EQ(drives.size(), 2u);
+  EXPECT_EQ(drives[0].letter, 'E');
+  EXPECT_EQ(drives[0].folder, "/srv/disc");
+  EXPECT_EQ(drives[0].type, DriveType::CdRom);
+  EXPECT_EQ(drives[0].fileSystem, "CDFS");
+  EXPECT_EQ(drives[0].label, "MY DISC");
+  EXPECT_EQ(drives[0].share, "\\\\server\\discs");
+  EXPECT_EQ(drives[0].serial, -559038737);
+  EXPECT_EQ(drives[0].totalBytes, 700u);
+  EXPECT_EQ(drives[0].freeBytes, std::nullopt) << "a line that makes no sense costs that line";
+  EXPECT_FALSE(drives[0].notReady);
+  EXPECT_TRUE(drives[1].notReady);
+}
+
+TEST(DriveSources, VariableGoesBeforeFileBeforeMounts) {
+  const test::ScratchFolder scratch;
+  DriveSources sources{"", scratch / "drives.conf", "/home/me", scratch.write("mountinfo", mountInfo)};
+  EXPECT_EQ(PathMap(sources).toSystem("D:\\").valueOr("?"), "/media/me/My Stick");
+  scratch.write("drives.conf", "[D]\nfolder=/from/file\n");
+  EXPECT_EQ(PathMap(sources).toSystem("D:\\").valueOr("?"), "/from/file");
+  sources.variable = "D=/from/variable";
+  EXPECT_EQ(PathMap(sources).toSystem("D:\\").valueOr("?"), "/from/variable");
+}
+
+TEST(DriveSources, ReloadSeesNewVolume) {
+  const test::ScratchFolder scratch;
+  PathMap map(DriveSources{"", "", "/home/me", scratch.write("mountinfo", "")});
+  EXPECT_FALSE(map.toSystem("D:\\"));
+  scratch.write("mountinfo", mountInfo);
+  map.reload();
+  EXPECT_TRUE(map.toSystem("D:\\"));
+}
+
+}  // namespace
+}  // namespace varnholt::platform::posix
