@@ -1,4 +1,4 @@
-#include "platform/posix/version_resource.hpp"
+#include "platform/posix/program_resources.hpp"
 #include "support/temp_folder.hpp"
 
 #include <gtest/gtest.h>
