@@ -1,18 +1,49 @@
-// Reads one folder as a panel does, and prints how many entries it found.
+// Lists one folder as a panel does: entries read, rows made, sorted and ready to draw. Prints how many rows there are.
 
+#include "panels/listing.hpp"
+#include "platform/posix/clock.hpp"
 #include "platform/posix/file_system.hpp"
 
 #include <cstdio>
 
-using namespace varnholt::platform;
+using namespace varnholt;
+
+namespace {
+
+/// Nothing is drawn here: a loop that does nothing.
+class IdleLoop : public controls::MessageLoop {
+ public:
+  void giveTurn() override {}
+  void runModal(controls::Form&) override {}
+  void runBlocking(const std::function<void()>& call) override { call(); }
+  controls::MessageAnswer show(const controls::MessageBox&) override { return controls::MessageAnswer::Ok; }
+  void quit() override {}
+  void later(std::function<void()>) override {}
+  void attach(controls::Form&) override {}
+  void changed(controls::Form&) override {}
+  void detach(controls::Form&) override {}
+};
+
+}  // namespace
 
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
-  posix::PathMap map(posix::parseDriveVariable("Z=/"));
-  posix::PosixFileSystem files(map);
+  platform::posix::PathMap map(platform::posix::parseDriveVariable("Z=/"));
+  platform::posix::PosixFileSystem files(map);
+  const platform::posix::SystemClock clock;
+  IdleLoop loop;
+  panels::Form1 form(loop);
   const auto folder = map.toProgram(argv[1]);
-  const auto listing = folder ? files.list(*folder) : Result<ListingPtr>(folder.error());
+  const auto listing = folder ? files.list(*folder) : platform::Result<platform::ListingPtr>(folder.error());
   if (!listing) return 1;
-  std::printf("%zu\n", (*listing)->folders().size() + (*listing)->files().size());
+  form.Panel1.show(std::make_shared<panels::PanelRows>(*listing, panels::FileTest(),
+                                                       panels::RowFormat{"1", "0", false, {}, &clock}));
+  form.ListView1.ensureSorted();
+  // What is on the screen first.
+  std::size_t bytes = 0;
+  for (std::uint32_t row = 0; row < 50 && row < form.ListView1.count(); ++row)
+    for (int column = 0; column < panels::column::Count; ++column)
+      bytes += form.ListView1.cell(row, column).size();
+  std::printf("%u %zu\n", form.ListView1.count(), bytes);
   return 0;
 }
