@@ -1,0 +1,212 @@
+"""Drives the built program from outside: finds its controls in the accessibility tree, types keys, clicks the mouse."""
+
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+PATIENCE = 30  # seconds; only ends a run that hangs
+
+
+class Failure(Exception):
+    """Something that a user would miss."""
+
+
+def wait(what, condition):
+    """The first true answer of a condition; the tree is read anew each time."""
+    limit = time.monotonic() + PATIENCE
+    while time.monotonic() < limit:
+        try:
+            answer = condition()
+        except GLib.Error:  # a control went away while it was asked
+            answer = None
+        if answer:
+            return answer
+        time.sleep(0.05)
+    raise Failure("waited in vain for " + what)
+
+
+def below(node):
+    """A node and everything below it."""
+    yield node
+    for at in range(node.get_child_count()):
+        child = node.get_child_at_index(at)
+        if child:
+            yield from below(child)
+
+
+def shows(node):
+    return node.get_state_set().contains(Atspi.StateType.SHOWING)
+
+
+class Program:
+    """The program in folders of its own: a copied executable, a home with the user's files, a second drive."""
+
+    def __init__(self, executable):
+        self.place = tempfile.mkdtemp(prefix="varnholt-e2e-")
+        self.home, self.second = self.place + "/home", self.place + "/second"
+        for folder in (self.home, self.second, self.place + "/program", self.place + "/config"):
+            os.makedirs(folder)
+        self.executable = shutil.copy(executable, self.place + "/program/varnholt")
+        assets = os.path.join(os.path.dirname(executable), "assets")
+        os.symlink(os.path.realpath(assets), self.place + "/program/assets")
+        self.process = None
+
+    def file(self, name, size=100, date=None):
+        path = os.path.join(self.home, name)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "wb") as out:
+            out.write(b"x" * size)
+        if date:
+            os.utime(path, (date, date))
+
+    def kept(self, name):
+        """Lines of a file that the program keeps."""
+        with open(os.path.join(self.place, "program", name), newline="") as lines:
+            return lines.read().split("\r\n")
+
+    # --- Life --------------------------------------------------------------------------------------------------
+
+    def spawn(self):
+        environment = dict(os.environ)
+        environment.update(
+            VARNHOLT_DRIVES=f"C={self.home};D={self.second};Z=/",
+            XDG_DATA_HOME=self.place + "/data",
+            XDG_CONFIG_HOME=self.place + "/config",
+            HOME=self.home,
+            LC_ALL="C.UTF-8",
+        )
+        self.process = subprocess.Popen([self.executable], env=environment, stderr=subprocess.DEVNULL)
+
+    def start(self, tip=False):
+        self.spawn()
+        wait("the main window", self.window)
+        if tip:
+            self.press(wait("the tip", lambda: self.find("push button", "Ok", root=self.application())))
+            wait("the tip to go", lambda: not self.dialogs())
+        wait("a panel with the keyboard", lambda: self.status_has("Active"))
+
+    def kill(self):
+        self.process.send_signal(signal.SIGKILL)
+        self.process.wait()
+
+    def await_end(self):
+        try:
+            self.process.wait(PATIENCE)
+        except subprocess.TimeoutExpired:
+            raise Failure("the program does not end") from None
+        if self.process.returncode != 0:
+            raise Failure(f"the program ended with {self.process.returncode}")
+
+    def finish(self):
+        if self.process and self.process.poll() is None:
+            self.kill()
+        shutil.rmtree(self.place, ignore_errors=True)
+
+    # --- The tree ----------------------------------------------------------------------------------------------
+
+    def application(self):
+        desktop = Atspi.get_desktop(0)
+        for at in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(at)
+            if child and child.get_process_id() == self.process.pid:
+                return child
+        return None
+
+    def windows(self):
+        application = self.application()
+        if not application:
+            return []
+        return [application.get_child_at_index(at) for at in range(application.get_child_count())]
+
+    def window(self):
+        for window in self.windows():
+            if window and window.get_role_name() == "frame" and window.get_name().startswith("Varnholt"):
+                return window
+        return None
+
+    def dialogs(self):
+        return [each for each in self.windows() if each and each.get_role_name() in ("dialog", "alert") and shows(each)]
+
+    def find(self, role, name, root=None):
+        root = root or self.window()
+        for node in below(root) if root else ():
+            if node.get_role_name() == role and node.get_name().startswith(name) and shows(node):
+                return node
+        return None
+
+    def title(self):
+        return self.window().get_name()
+
+    def list(self, number):
+        """The list of a panel, 1 or 2."""
+        return self.find("tree", "Files, left panel" if number == 1 else "Files, right panel")
+
+    def rows(self, number):
+        """Texts of the first column."""
+        table = self.list(number)
+        columns = table.get_table_iface().get_n_columns()
+        count = table.get_table_iface().get_n_rows()
+        return [table.get_child_at_index((row + 1) * columns).get_name() for row in range(count)]
+
+    def status(self):
+        for node in below(self.window()):
+            text = node.get_description() or ""
+            if "Time: " in text:
+                return text
+        return ""
+
+    def status_has(self, text):
+        return text in self.status()
+
+    # --- What the user does ------------------------------------------------------------------------------------
+
+    @staticmethod
+    def press(node):
+        node.get_action_iface().do_action(0)
+
+    def click_row(self, number, text, times=1, *modifiers):
+        table = self.list(number)
+        columns = table.get_table_iface().get_n_columns()
+        row = self.rows(number).index(text)
+        box = table.get_child_at_index((row + 1) * columns).get_extents(Atspi.CoordType.SCREEN)
+        keys = [word for key in modifiers for word in ("keydown", key)]
+        ups = [word for key in modifiers for word in ("keyup", key)]
+        subprocess.run(
+            ["xdotool", *keys, "mousemove", str(box.x + 20), str(box.y + box.height // 2), "click", "--repeat",
+             str(times), "--delay", "60", "1", *ups],
+            check=True,
+        )
+
+    @staticmethod
+    def keys(*keys):
+        subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], check=True)
+
+
+def run(road):
+    """Runs one road on the program named on the command line, and tells how it ended."""
+    program = Program(sys.argv[1])
+    try:
+        road(program)
+    except Failure as failure:
+        picture = os.path.join(os.getcwd(), os.path.basename(sys.argv[0]) + ".png")
+        subprocess.run(["import", "-window", "root", picture], check=False)
+        print(f"FAILED: {failure} (picture: {picture})")
+        return 1
+    finally:
+        program.finish()
+    print("passed")
+    return 0
+
+
+def expect(what, condition):
+    if not condition:
+        raise Failure(what)
