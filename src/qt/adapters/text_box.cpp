@@ -22,7 +22,9 @@ class LineAdapter : public Joined<controls::TextBox, QLineEdit> {
  protected:
   void updateOwn() override {
     drawn.setReadOnly(self.Locked);
-    drawn.setMaxLength(self.MaxLength > 0 ? self.MaxLength.get() : LongestLine);
+    // Setting the length, even to what it is, would move the cursor of a user who types.
+    const int longest = self.MaxLength > 0 ? self.MaxLength.get() : LongestLine;
+    if (drawn.maxLength() != longest) drawn.setMaxLength(longest);
     const QString text = toQt(self.Text.get());
     if (text == drawn.text()) return;
     drawn.setText(text);

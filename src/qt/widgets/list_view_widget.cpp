@@ -208,12 +208,14 @@ QString ListViewWidget::cutTextAt(const QPoint& position) const {
   return fontMetrics().horizontalAdvance(text) + taken > header_->sectionSize(index.column()) ? text : QString();
 }
 
-// A name that does not fit its column is shown whole; elsewhere the list's own tip.
+// A text that does not fit its column is shown whole. The list's own tip comes below the rows alone, where it hides
+// none.
 bool ListViewWidget::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
   const auto* help = static_cast<QHelpEvent*>(event);
-  const QString cut = cutTextAt(help->pos());
-  QToolTip::showText(help->globalPos(), cut.isEmpty() ? toolTip() : plainToolTip(fromQt(cut)), viewport());
+  const bool onRow = rowAt(help->pos().y()).has_value();
+  const QString tip = onRow ? plainToolTip(fromQt(cutTextAt(help->pos()))) : toolTip();
+  QToolTip::showText(help->globalPos(), tip, viewport());
   return true;
 }
 

@@ -1,0 +1,372 @@
+// Each kind of control both ways: what the program sets is shown and fires nothing, what the user does arrives once.
+#include "controls/tree_view.hpp"
+#include "drawn.hpp"
+#include "qt/adapters/adapter.hpp"
+#include "qt/pictures.hpp"
+#include "qt/widgets/picture_view.hpp"
+#include "qt/widgets/status_strip.hpp"
+
+#include <QBuffer>
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSlider>
+#include <QTextEdit>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace varnholt::test {
+namespace {
+
+/// A form with one control of each kind.
+struct Everything : controls::Form {
+  explicit Everything(controls::MessageLoop& loop) : Form(loop, "Everything") {}
+  controls::Label Label1{*this, "Label1"};
+  controls::TextBox Text1{*this, "Text1"}, Text2{*this, "Text2"};
+  controls::Button Command1{*this, "Command1"};
+  controls::CheckBox Check1{*this, "Check1"};
+  controls::ComboBox Combo1{*this, "Combo1"};
+  controls::TreeView TreeView1{*this, "TreeView1"};
+  controls::StatusBar StatusBar1{*this, "StatusBar1", 3};
+  controls::ProgressBar ProgressBar1{*this, "ProgressBar1"};
+  controls::Slider Slider1{*this, "Slider1"};
+  controls::MonthView MonthView1{*this, "MonthView1"};
+  controls::RichTextBox Rich1{*this, "Rich1"};
+  controls::PictureBox Picture1{*this, "Picture1"};
+};
+
+class Adapters : public testing::Test, protected qt::Host {
+ protected:
+  Adapters() {
+    auto* rows = new QVBoxLayout(&window);
+    for (QWidget* widget : std::initializer_list<QWidget*>{&label, &line, &lines, &button, &check, &combo, &tree,
+                                                           &status, &bar, &slider, &month, &rich, &picture})
+      rows->addWidget(widget);
+    join(form.Label1, label);
+    join(form.Text1, line);
+    join(form.Text2, lines);
+    join(form.Command1, button);
+    join(form.Check1, check);
+    join(form.Combo1, combo);
+    join(form.TreeView1, tree);
+    join(form.StatusBar1, status);
+    join(form.ProgressBar1, bar);
+    join(form.Slider1, slider);
+    join(form.MonthView1, month);
+    join(form.Rich1, rich);
+    join(form.Picture1, picture);
+    picture.setMinimumSize(60, 60);
+    window.show();
+  }
+
+  void draw() {
+    for (const auto& adapter : joined)
+      adapter->update();
+  }
+
+  qt::QtMessageLoop loop;
+  Everything form{loop};
+  qt::Pictures read;
+  QWidget window;
+  QLabel label;
+  QLineEdit line;
+  QPlainTextEdit lines;
+  QPushButton button;
+  QCheckBox check;
+  QComboBox combo;
+  QTreeWidget tree;
+  qt::StatusStrip status;
+  QProgressBar bar;
+  QSlider slider{Qt::Horizontal};
+  QCalendarWidget month;
+  QTextEdit rich;
+  qt::PictureView picture;
+  std::vector<std::unique_ptr<qt::Adapter>> joined;
+
+ private:
+  void join(controls::Control& control, QWidget& widget) {
+    joined.push_back(qt::join(*this, control, widget));
+    ASSERT_TRUE(joined.back()) << control.name();
+  }
+  void fromUser(std::function<void()> act) override { act(); }
+  bool previewKey(controls::KeyEvent&) override { return false; }
+  void focusTaken(controls::Control& control) override { form.focusMoved(&control); }
+  qt::Pictures& pictures() override { return read; }
+};
+
+TEST_F(Adapters, WhatTheProgramSetsIsShownAndFiresNothing) {
+  int fired = 0;
+  const auto count = [&] { ++fired; };
+  form.Text1.Change = form.Text2.Change = form.Combo1.Change = form.Slider1.Change = form.Rich1.Change = count;
+  form.Check1.Click = form.Combo1.Click = form.MonthView1.DateClick = count;
+
+  form.Label1.Caption = "one\rtwo <b>";
+  form.Text1.Text = "C:\\Photos";
+  form.Text2.Text = "a\rb";
+  form.Command1.Caption = "&Copy";
+  form.Command1.FontUnderline = true;
+  form.Check1.Value = 1;
+  form.Combo1.Items = std::vector<controls::ComboBox::Item>{{"C:", "drive-fixed"}, {"D:", ""}};
+  form.Combo1.choose(1);
+  form.StatusBar1.setPanel(2, "1  Item(s) Selected");
+  form.ProgressBar1.Max = 5e9;
+  form.ProgressBar1.Value = 2.5e9;
+  form.Slider1.Max = 50;
+  form.Slider1.Value = 20;
+  form.MonthView1.Value = controls::MonthView::Day{2024, 2, 29};
+  form.Rich1.Text = "note";
+  draw();
+
+  EXPECT_EQ(label.text(), QStringLiteral("one\ntwo <b>"));
+  EXPECT_EQ(label.textFormat(), Qt::PlainText);
+  EXPECT_EQ(line.text(), QStringLiteral("C:\\Photos"));
+  EXPECT_EQ(lines.toPlainText(), QStringLiteral("a\nb"));
+  EXPECT_EQ(button.text(), QStringLiteral("&Copy"));
+  EXPECT_TRUE(button.font().underline());
+  EXPECT_TRUE(check.isChecked());
+  EXPECT_EQ(combo.currentText(), QStringLiteral("D:"));
+  EXPECT_EQ(status.texts().at(1), QStringLiteral("1  Item(s) Selected"));
+  EXPECT_EQ(bar.value() * 2, bar.maximum());
+  EXPECT_EQ(slider.value(), 20);
+  EXPECT_EQ(month.selectedDate(), QDate(2024, 2, 29));
+  EXPECT_EQ(rich.toPlainText(), QStringLiteral("note"));
+  EXPECT_EQ(fired, 0);
+}
+
+TEST_F(Adapters, WhatTheUserTypesArrives) {
+  int changes = 0;
+  form.Text1.Change = form.Text2.Change = form.Rich1.Change = [&] { ++changes; };
+  draw();
+  QTest::keyClicks(&line, QStringLiteral("ab"));
+  QTest::keyClicks(&lines, QStringLiteral("cd"));
+  QTest::keyClicks(&rich, QStringLiteral("ef"));
+  EXPECT_EQ(form.Text1.Text.get() + form.Text2.Text.get() + form.Rich1.Text.get(), "abcdef");
+  EXPECT_EQ(changes, 6);
+}
+
+TEST_F(Adapters, LockedTextIsReadAlone) {
+  form.Text1.Text = "stays";
+  form.Text1.Locked = true;
+  form.Text2.Locked = true;
+  draw();
+  QTest::keyClicks(&line, QStringLiteral("x"));
+  QTest::keyClicks(&lines, QStringLiteral("x"));
+  EXPECT_EQ(form.Text1.Text.get(), "stays");
+  EXPECT_EQ(line.text(), QStringLiteral("stays"));
+  EXPECT_EQ(form.Text2.Text.get(), "");
+}
+
+TEST_F(Adapters, TheCursorStaysWhereTheUserTypes) {
+  form.Text1.Text = "abd";
+  draw();
+  line.setCursorPosition(2);
+  QTest::keyClicks(&line, QStringLiteral("c"));
+  form.Text1.ToolTipText = "changed meanwhile";
+  draw();
+  EXPECT_EQ(line.cursorPosition(), 3);
+  EXPECT_EQ(form.Text1.Text.get(), "abcd");
+}
+
+TEST_F(Adapters, ButtonsArePressedByMouseAndKeyboardUnlessDisabled) {
+  int presses = 0;
+  form.Command1.Click = [&] { ++presses; };
+  draw();
+  QTest::mouseClick(&button, Qt::LeftButton);
+  QTest::keyClick(&button, Qt::Key_Space);
+  EXPECT_EQ(presses, 2);
+  form.Command1.Enabled = false;
+  draw();
+  QTest::mouseClick(&button, Qt::LeftButton);
+  EXPECT_EQ(presses, 2);
+}
+
+TEST_F(Adapters, ACheckBoxTogglesOnceAClick) {
+  int clicks = 0;
+  form.Check1.Click = [&] { ++clicks; };
+  form.Check1.Caption = "Do Not Show Tip at Startup";
+  draw();
+  QTest::mouseClick(&check, Qt::LeftButton, {}, QPoint(8, check.height() / 2));
+  draw();
+  EXPECT_EQ(form.Check1.Value.get(), 1);
+  EXPECT_TRUE(check.isChecked());
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(Adapters, AChoiceInAComboBoxArrives) {
+  std::string events;
+  form.Combo1.Change = [&] { events += "change "; };
+  form.Combo1.Click = [&] { events += "click "; };
+  form.Combo1.Items = std::vector<controls::ComboBox::Item>{{"C:", ""}, {"D:", ""}};
+  form.Combo1.choose(0);
+  draw();
+  QTest::keyClick(&combo, Qt::Key_Down);
+  EXPECT_EQ(form.Combo1.ListIndex.get(), 1);
+  EXPECT_EQ(form.Combo1.Text.get(), "D:");
+  EXPECT_EQ(events, "change click ");
+}
+
+TEST_F(Adapters, AnEditableComboBoxTakesTyping) {
+  int changes = 0;
+  form.Combo1.Change = [&] { ++changes; };
+  form.Combo1.Items = std::vector<controls::ComboBox::Item>{{"*.txt", ""}};
+  form.Combo1.Editable = true;
+  form.Combo1.choose(0);
+  draw();
+  combo.lineEdit()->selectAll();
+  QTest::keyClicks(combo.lineEdit(), QStringLiteral("*.c"));
+  draw();
+  EXPECT_EQ(form.Combo1.Text.get(), "*.c");
+  EXPECT_EQ(combo.currentText(), QStringLiteral("*.c"));
+  EXPECT_EQ(form.Combo1.ListIndex.get(), -1);
+  EXPECT_EQ(changes, 3);
+}
+
+TEST_F(Adapters, SlidersAndMonthsTellTheUsersChoice) {
+  int slides = 0, days = 0;
+  form.Slider1.Change = [&] { ++slides; };
+  form.MonthView1.DateClick = [&] { ++days; };
+  form.Slider1.Max = 20;
+  form.Slider1.Value = 5;
+  form.MonthView1.Value = controls::MonthView::Day{2024, 3, 15};
+  draw();
+  QTest::keyClick(&slider, Qt::Key_Right);
+  EXPECT_EQ(form.Slider1.Value.get(), 6);
+  EXPECT_EQ(slides, 1);
+  Q_EMIT month.clicked(QDate(2024, 3, 20));
+  EXPECT_EQ(form.MonthView1.Value.get(), (controls::MonthView::Day{2024, 3, 20}));
+  EXPECT_EQ(days, 1);
+}
+
+TEST_F(Adapters, ATreeShowsItsNodesAndTellsClicksOnce) {
+  auto& root = form.TreeView1.add(nullptr, "C:", "", "drive-fixed");
+  auto& child = form.TreeView1.add(&root, "Photos");
+  std::vector<std::string> events;
+  form.TreeView1.NodeClick = [&](controls::TreeNode& node) { events.push_back("click " + node.Text); };
+  form.TreeView1.Expand = [&](controls::TreeNode& node) { events.push_back("expand " + node.Text); };
+  draw();
+  ASSERT_EQ(tree.topLevelItemCount(), 1);
+  tree.topLevelItem(0)->setExpanded(true);
+  EXPECT_TRUE(root.Expanded);
+  const QPoint at = tree.visualItemRect(tree.topLevelItem(0)->child(0)).center();
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, at);
+  EXPECT_EQ(form.TreeView1.selected(), &child);
+  QTest::qWait(0);
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, at);
+  EXPECT_EQ(events, (std::vector<std::string>{"expand C:", "click Photos", "click Photos"}));
+}
+
+TEST_F(Adapters, ATreeThatHasChangedMeanwhileTellsNothingOfNodesThatAreGone) {
+  form.TreeView1.add(nullptr, "old");
+  int clicks = 0;
+  form.TreeView1.NodeClick = [&](controls::TreeNode&) { ++clicks; };
+  draw();
+  form.TreeView1.clear();
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(tree.topLevelItem(0)).center());
+  EXPECT_EQ(clicks, 0);
+  draw();
+  EXPECT_EQ(tree.topLevelItemCount(), 0);
+}
+
+TEST_F(Adapters, LabelsAndPicturesAreClicked) {
+  std::string events;
+  form.Label1.Click = [&] { events += "label "; };
+  form.Label1.DblClick = [&] { events += "double "; };
+  form.Picture1.Click = [&] { events += "picture "; };
+  draw();
+  QTest::mouseClick(&label, Qt::LeftButton);
+  QTest::mouseDClick(&label, Qt::LeftButton);
+  QTest::mouseClick(&picture, Qt::LeftButton);
+  QTest::mouseClick(&picture, Qt::RightButton);
+  EXPECT_EQ(events, "label double picture ");
+}
+
+TEST_F(Adapters, PicturesAreReadByProgramPathAndFitted) {
+  QImage red(40, 20, QImage::Format_RGB32);
+  red.fill(Qt::red);
+  std::string wanted;
+  read.setReader([&](const std::string& path) -> std::optional<std::string> {
+    wanted = path;
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    red.save(&buffer, "PNG");
+    return bytes.toStdString();
+  });
+  form.Picture1.Picture = "C:\\Photos\\red.png";
+  picture.setFixedSize(100, 100);
+  draw();
+  EXPECT_EQ(wanted, "C:\\Photos\\red.png");
+  QImage drawn = picture.grab().toImage();
+  EXPECT_EQ(drawn.pixelColor(50, 50), QColor(Qt::red));
+  EXPECT_NE(drawn.pixelColor(50, 20), QColor(Qt::red)) << "a small picture keeps its size";
+  form.Picture1.Stretch = true;
+  draw();
+  EXPECT_EQ(picture.grab().toImage().pixelColor(50, 2), QColor(Qt::red));
+}
+
+TEST_F(Adapters, TheCommonPropertiesReachTheWidget) {
+  form.Command1.Enabled = false;
+  form.Label1.Visible = false;
+  form.Command1.ToolTipText = "Copy Selected Items";
+  form.Text1.AccessibleName = "Where to";
+  form.Picture1.MousePointer = controls::pointer::Hourglass;
+  form.Text1.BackColor = 0xC0FFFF;  // light yellow
+  form.Text1.ForeColor = 0x00FFFF;  // yellow, which nobody could read on it
+  draw();
+  EXPECT_FALSE(button.isEnabled());
+  EXPECT_TRUE(label.isHidden());
+  EXPECT_EQ(button.toolTip(), QStringLiteral("Copy Selected Items"));
+  EXPECT_EQ(picture.cursor().shape(), Qt::WaitCursor);
+  EXPECT_EQ(line.palette().color(QPalette::Base), QColor(255, 255, 192));
+  EXPECT_LT(line.palette().color(QPalette::Text).lightness(), 128);
+  form.Text1.BackColor = form.Text1.ForeColor = controls::NoColor;
+  form.Picture1.MousePointer = controls::pointer::Default;
+  draw();
+  EXPECT_EQ(line.palette().color(QPalette::Base), QApplication::palette().color(QPalette::Base));
+  EXPECT_EQ(picture.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(Adapters, FocusGoesBothWays) {
+  std::string events;
+  form.Text1.GotFocus = [&] { events += "+text "; };
+  form.Text1.LostFocus = [&] { events += "-text "; };
+  form.Command1.GotFocus = [&] { events += "+button "; };
+  draw();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  button.setFocus();
+  events.clear();
+  QTest::mouseClick(&line, Qt::LeftButton);
+  line.setFocus(Qt::MouseFocusReason);
+  button.setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(events, "+text -text +button ");
+  EXPECT_TRUE(form.Command1.hasFocus());
+}
+
+TEST_F(Adapters, AWidgetOfAnotherKindIsNotJoined) {
+  QLabel wrong;
+  EXPECT_FALSE(qt::join(*this, form.Text1, wrong));
+  EXPECT_FALSE(qt::join(*this, form.Command1, check));
+  EXPECT_FALSE(qt::join(*this, form.TreeView1, wrong));
+}
+
+TEST(StatusStrip, TheRestStaysWhereItIsWhenATextGetsShorter) {
+  qt::StatusStrip strip;
+  strip.resize(600, 24);
+  strip.setTexts({QStringLiteral("Time: 23:59:59"), QStringLiteral("Date")});
+  strip.show();
+  const int before = strip.sizeHint().width();
+  strip.setTexts({QStringLiteral("Time: 1:11"), QStringLiteral("Date")});
+  EXPECT_EQ(strip.sizeHint().width(), before);
+  strip.resize(640, 24);
+  QCoreApplication::processEvents();
+  EXPECT_LT(strip.sizeHint().width(), before);
+}
+
+}  // namespace
+}  // namespace varnholt::test

@@ -1,0 +1,244 @@
+// What holds for every form: names, tips, room for the texts.
+#include "core/start_windows.hpp"
+#include "drawn.hpp"
+#include "panels/form1.hpp"
+#include "panels/tree_window.hpp"
+#include "qt/form_table.hpp"
+#include "qt/icons.hpp"
+#include "support/app_rig.hpp"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMenuBar>
+
+#include <map>
+#include <set>
+
+namespace varnholt::test {
+namespace {
+
+/// The whole program, drawn. It is built but not started: no form is shown until a test shows it.
+class DrawnForms : public testing::Test {
+ protected:
+  qt::FormWindow& draw(controls::Form& form) {
+    form.Show();
+    loop.flush();
+    auto* window = loop.windowOf(form);
+    if (!window) throw std::runtime_error(form.name() + " has no row in qt/form_table.cpp");
+    return *window;
+  }
+
+  std::vector<controls::Form*> allForms() {
+    return {&app.Form1,          &app.Form9,     &app.dialogs.Form11, &app.dialogs.Form12,
+            &app.dialogs.Form13, &app.frmSplash, &app.frmTip};
+  }
+
+  AppRig rig;
+  qt::QtMessageLoop loop;
+  app::App app{loop, *rig.platform};
+};
+
+/// What stands in the messages while they are looked at: as long as such texts get.
+constexpr char Message[] = "Cannot Copy Or Move Item : \r\\Holiday pictures from the coast, second week\rInto Itself !";
+
+void fillMessages(core::MessageDialogs& dialogs) {
+  for (auto* label : {&dialogs.Form11.Label1, &dialogs.Form12.Label1, &dialogs.Form13.Label1})
+    label->Caption = Message;
+  dialogs.Form11.Label2.Caption = "Processing...";
+  dialogs.Form11.Label2.Visible = true;
+  dialogs.Form11.ProgressBar1.Visible = true;
+  dialogs.Form11.Command2.Visible = true;
+}
+
+TEST_F(DrawnForms, EveryControlHasItsWidget) {
+  for (controls::Form* form : allForms())
+    for (const auto& name : draw(*form).unjoined())
+      ADD_FAILURE() << form->name() << "." << name << " has no fitting widget of that objectName in its .ui file";
+}
+
+TEST_F(DrawnForms, EveryFormThatIsDrawnIsTested) {
+  std::set<std::string> tested;
+  for (const controls::Form* form : allForms())
+    tested.insert(form->name());
+  for (const auto& name : qt::formNames())
+    EXPECT_TRUE(tested.contains(name)) << "add " << name << " to allForms() above";
+}
+
+TEST_F(DrawnForms, AssistiveTechnologyFindsEveryControlByOneName) {
+  fillMessages(app.dialogs);
+  for (controls::Form* form : allForms()) {
+    QWidget& window = draw(*form).widget();
+    std::map<QString, QString> users;
+    for (const auto* control : form->controls()) {
+      const auto* widget = window.findChild<QWidget*>(qt::toQt(control->name()));
+      if (!widget || control->kind() == controls::Kind::MenuItem) continue;
+      const QString name = widget->accessibleName();
+      EXPECT_NE(name, widget->objectName()) << form->name() << ": a name for people, not for programmers";
+      EXPECT_FALSE(name.isEmpty()) << form->name() << "." << control->name();
+      EXPECT_FALSE(users.contains(name)) << form->name() << ": " << qPrintable(users[name]) << " and "
+                                         << control->name() << " are both called " << qPrintable(name);
+      users[name] = widget->objectName();
+    }
+  }
+}
+
+TEST_F(DrawnForms, WhatCanBeUsedSaysWhatItIsFor) {
+  for (controls::Form* form : allForms()) {
+    QWidget& window = draw(*form).widget();
+    for (const auto* control : form->controls()) {
+      const auto* widget = window.findChild<QWidget*>(qt::toQt(control->name()));
+      if (!widget || widget->focusPolicy() == Qt::NoFocus) continue;
+      EXPECT_FALSE(widget->toolTip().isEmpty()) << form->name() << "." << control->name() << " has no tool tip";
+    }
+  }
+}
+
+// --- Mnemonics -----------------------------------------------------------------------------------------------------
+
+QString mnemonicOf(const QString& text) {
+  const QKeySequence keys = QKeySequence::mnemonic(text);
+  return keys.toString();
+}
+
+void expectUnique(const std::string& where, const QStringList& texts) {
+  std::map<QString, QString> users;
+  for (const QString& text : texts) {
+    const QString mnemonic = mnemonicOf(text);
+    if (mnemonic.isEmpty()) continue;
+    EXPECT_FALSE(users.contains(mnemonic)) << where << ": " << qPrintable(users[mnemonic]) << " and "
+                                           << qPrintable(text) << " share " << qPrintable(mnemonic);
+    users[mnemonic] = text;
+  }
+}
+
+TEST_F(DrawnForms, MnemonicsAreUniqueInAWindow) {
+  for (controls::Form* form : allForms()) {
+    QWidget& window = draw(*form).widget();
+    QStringList texts;
+    for (const auto* button : window.findChildren<QAbstractButton*>())
+      if (!button->isHidden() && !button->text().startsWith(QLatin1Char('|'))) texts += button->text();
+    if (const auto* bar = window.findChild<QMenuBar*>())
+      for (const auto* heading : bar->actions())
+        texts += heading->text();
+    expectUnique(form->name(), texts);
+  }
+}
+
+TEST_F(DrawnForms, NoShortcutStandsTwice) {
+  QWidget& window = draw(app.Form1).widget();
+  std::map<QString, QString> users;
+  for (const auto* action : window.findChildren<QAction*>()) {
+    const QString keys = action->shortcut().toString();
+    if (keys.isEmpty()) continue;
+    EXPECT_FALSE(users.contains(keys)) << qPrintable(keys) << ": " << qPrintable(users[keys]) << " and "
+                                       << qPrintable(action->objectName());
+    users[keys] = action->objectName();
+  }
+  EXPECT_GE(users.size(), 5u);
+}
+
+// --- Icons ---------------------------------------------------------------------------------------------------------
+
+TEST_F(DrawnForms, EveryIconThatIsNamedIsThere) {
+  std::set<std::string> names = {"varnholt", "link", "link-gone", "info", "question", "warning"};
+  draw(app.Form1);
+  for (const auto* control : app.Form1.controls()) {
+    if (const auto* button = dynamic_cast<const controls::Button*>(control)) names.insert(button->Icon.get());
+    if (const auto* item = dynamic_cast<const controls::MenuItem*>(control)) names.insert(item->Icon.get());
+    if (const auto* list = dynamic_cast<const controls::ListView*>(control))
+      for (const auto& [number, name] : list->ImageList.get())
+        names.insert(name);
+    if (const auto* combo = dynamic_cast<const controls::ComboBox*>(control))
+      for (const auto& item : combo->Items.get())
+        names.insert(item.icon);
+  }
+  names.erase("");
+  EXPECT_GE(names.size(), 30u);
+  for (const auto& name : names)
+    EXPECT_TRUE(qt::hasIcon(name)) << "assets/icons/" << name << ".svg is missing";
+}
+
+TEST(Icons, AreDrawnAtTheDensityOfTheScreen) {
+  const QIcon icon = qt::iconNamed("folder");
+  const QImage once = icon.pixmap(QSize(16, 16), 1.0).toImage(), twice = icon.pixmap(QSize(16, 16), 2.0).toImage();
+  EXPECT_EQ(once.size(), QSize(16, 16));
+  EXPECT_EQ(twice.size(), QSize(32, 32));
+  EXPECT_NE(twice.scaled(16, 16).scaled(32, 32).convertToFormat(once.format()), twice) << "drawn anew, not blown up";
+}
+
+TEST(Icons, AnUnknownNameIsASquareAndTheEmptyNameNothing) {
+  EXPECT_FALSE(qt::hasIcon("no such icon"));
+  EXPECT_GT(qt::iconNamed("no such icon").pixmap(16, 16).toImage().pixelColor(3, 3).alpha(), 0);
+  EXPECT_TRUE(qt::iconNamed("").isNull());
+}
+
+// --- Room for the texts ---------------------------------------------------------------------------------------------
+
+/// Makes the application's font larger while it lives.
+class LargerFont {
+ public:
+  explicit LargerFont(double factor) : before_(QApplication::font()) {
+    QFont larger = before_;
+    larger.setPointSizeF(before_.pointSizeF() * factor);
+    QApplication::setFont(larger);
+  }
+  ~LargerFont() { QApplication::setFont(before_); }
+
+ private:
+  QFont before_;
+};
+
+void expectNothingCut(const std::string& where, const QWidget& window) {
+  for (const auto* label : window.findChildren<QLabel*>()) {
+    if (!label->isVisible()) continue;
+    const int needed = label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
+    EXPECT_GE(label->height(), needed) << where << ": " << qPrintable(label->text());
+    if (!label->wordWrap()) {
+      EXPECT_GE(label->width(), label->sizeHint().width()) << where << ": " << qPrintable(label->text());
+    }
+  }
+  for (const auto* button : window.findChildren<QAbstractButton*>()) {
+    // The filter line is as high as the menu bar, without room for a frame.
+    if (!button->isVisible() || button->text().isEmpty() || button->text().startsWith(QLatin1Char('|'))) continue;
+    EXPECT_GE(button->width(), button->sizeHint().width()) << where << ": " << qPrintable(button->text());
+    EXPECT_GE(button->height(), button->sizeHint().height()) << where << ": " << qPrintable(button->text());
+  }
+}
+
+TEST_F(DrawnForms, NothingIsCutInLargerFonts) {
+  for (const double factor : {1.0, 1.5}) {
+    const LargerFont font(factor);
+    qt::QtMessageLoop fresh;
+    app::App drawn{fresh, *rig.platform};
+    fillMessages(drawn.dialogs);
+    for (controls::Form* form :
+         std::initializer_list<controls::Form*>{&drawn.dialogs.Form11, &drawn.dialogs.Form12, &drawn.dialogs.Form13,
+                                                &drawn.frmTip, &drawn.frmSplash, &drawn.Form1}) {
+      form->Show();
+      QWidget* window = windowOf(fresh, *form);
+      QCoreApplication::processEvents();
+      expectNothingCut(form->name() + " at " + std::to_string(factor), *window);
+      form->Visible = false;
+      fresh.flush();
+    }
+  }
+}
+
+TEST_F(DrawnForms, APaneWithNothingInItGivesItsRoomAway) {
+  QWidget& window = draw(app.Form1).widget();
+  auto& form = app.Form1;
+  auto* lower = window.findChild<QWidget*>(QStringLiteral("panel_lower"));
+  for (controls::Control* each :
+       std::initializer_list<controls::Control*>{&form.ListView3, &form.Picture1, &form.Picture2})
+    each->Visible = false;
+  loop.flush();
+  EXPECT_TRUE(lower->isHidden());
+  form.ListView3.Visible = true;
+  loop.flush();
+  EXPECT_FALSE(lower->isHidden());
+}
+
+}  // namespace
+}  // namespace varnholt::test
