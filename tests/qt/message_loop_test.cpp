@@ -114,7 +114,8 @@ TEST_F(MessageLoop, ADialogThatIsShownAgainWhileAnotherStandsOnItIsStillWaitedFo
     });
     dialogs.ask("On top");
     events += "answered ";
-    loop.later([&] {
+    // Some turns later, so that a loop that wrongly ends has ended by then.
+    QTimer::singleShot(30, &loop, [&] {
       events += "pressed ";
       press(windowOf(loop, dialogs.Form12), "Command11");
     });
