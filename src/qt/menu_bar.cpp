@@ -78,13 +78,27 @@ void MenuBar::showAtRightEnd(const controls::MenuItem& item, QAction& action) {
   QPalette colors = button->palette();
   colors.setColor(QPalette::Disabled, QPalette::ButtonText, QColor::fromRgb(theme::DimText));
   button->setPalette(colors);
-  button->setDefaultAction(&action);
+  if (action.menu()) button->setMenu(action.menu());
+  connect(button, &QToolButton::clicked, &action, &QAction::trigger);
   rightEnd_.layout()->addWidget(button);
   rightButtons_[&item] = button;
 }
 
+// Right of the headings. A line that does not fit there is cut with an ellipsis and whole in its tool tip.
 void MenuBar::placeRightEnd() {
-  const int width = std::min(rightEnd_.sizeHint().width(), bar_.width());
+  int room = bar_.width();
+  for (QAction* heading : bar_.actions())
+    if (heading->isVisible()) room = std::min(room, bar_.width() - bar_.actionGeometry(heading).right() - theme::Gap);
+  for (const auto& [item, button] : rightButtons_) {
+    const QString line = toQt(item->Caption.get()), tip = plainToolTip(item->ToolTipText.get());
+    const int frame = 2 * theme::Gap;
+    const QString fitting = button->fontMetrics().elidedText(line, Qt::ElideRight, room - frame);
+    button->setText(fitting);
+    button->setToolTip(fitting == line ? tip : plainToolTip(item->Caption.get()));
+    button->setEnabled(item->Enabled);
+    button->setVisible(item->Visible);
+  }
+  const int width = std::min(rightEnd_.sizeHint().width(), room);
   rightEnd_.setGeometry(bar_.width() - width, 0, width, bar_.height());
 }
 
@@ -105,10 +119,7 @@ void MenuBar::update(const controls::MenuItem& item) {
   action.setVisible(item.Visible);
   action.setShortcut(QKeySequence::fromString(toQt(item.Shortcut.get()), QKeySequence::PortableText));
   action.setIcon(iconNamed(item.Icon.get()));
-  if (const auto button = rightButtons_.find(&item); button != rightButtons_.end()) {
-    button->second->setVisible(item.Visible);
-    placeRightEnd();
-  }
+  placeRightEnd();
   if (action.menu()) return;
   action.setCheckable(item.Checked);
   action.setChecked(item.Checked);

@@ -1,8 +1,10 @@
 #include "qt/message_box.hpp"
 
+#include "qt/icons.hpp"
 #include "qt/text.hpp"
 
 #include <QMessageBox>
+#include <QStyle>
 #include <QWindow>
 
 namespace varnholt::qt {
@@ -12,20 +14,20 @@ using controls::MessageAnswer;
 using controls::MessageButtons;
 using controls::MessageIcon;
 
-QMessageBox::Icon iconOf(MessageIcon icon) {
+const char* iconOf(MessageIcon icon) {
   switch (icon) {
   case MessageIcon::None:
-    return QMessageBox::NoIcon;
+    return "";
   case MessageIcon::Information:
-    return QMessageBox::Information;
+    return "info";
   case MessageIcon::Question:
-    return QMessageBox::Question;
+    return "question";
   case MessageIcon::Exclamation:
-    return QMessageBox::Warning;
+    return "warning";
   case MessageIcon::Critical:
-    return QMessageBox::Critical;
+    return "error";
   }
-  return QMessageBox::NoIcon;
+  return "";
 }
 
 void addButtons(QMessageBox& drawn, const controls::MessageBox& box) {
@@ -79,7 +81,8 @@ MessageAnswer showMessageBox(const controls::MessageBox& box, const QWidget* cal
   drawn.setTextFormat(Qt::PlainText);
   drawn.setWindowTitle(toQt(box.title));
   drawn.setText(linesToQt(box.text));
-  drawn.setIcon(iconOf(box.icon));
+  const int side = drawn.style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
+  if (const char* icon = iconOf(box.icon); *icon) drawn.setIconPixmap(iconNamed(icon).pixmap(side, side));
   addButtons(drawn, box);
   standOn(drawn, caller);
   return answerOf(drawn.exec(), box.buttons);

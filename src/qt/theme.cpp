@@ -1,7 +1,7 @@
 #include "qt/theme.hpp"
 
 #include <QApplication>
-#include <QFontMetrics>
+#include <QFontInfo>
 #include <QPainter>
 #include <QStyleOption>
 #include <QToolTip>
@@ -13,8 +13,9 @@ namespace varnholt::qt::theme {
 namespace {
 
 constexpr double ReadableContrast = 4.5;
-// Height of a line of the font for which the sizes in the forms were drawn.
-constexpr int DesignedLineHeight = 15;
+// Size of the font for which the forms were drawn, in points: the toolkit's own default.
+constexpr double DesignedPointSize = 9;
+constexpr int SmallestButton = 84;
 
 // Relative luminance by WCAG 2.1.
 double luminance(const QColor& color) {
@@ -79,9 +80,9 @@ QColor readable(QColor text, const QColor& background) {
   return text;
 }
 
-int scaled(int pixels) {
-  return std::max(pixels, pixels * QFontMetrics(QApplication::font()).height() / DesignedLineHeight);
-}
+double fontScale() { return std::max(1.0, QFontInfo(QApplication::font()).pointSizeF() / DesignedPointSize); }
+
+int scaled(int pixels) { return static_cast<int>(std::lround(pixels * fontScale())); }
 
 Style::Style() : QProxyStyle(QStringLiteral("Fusion")) {}
 
@@ -96,6 +97,9 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
   case PM_LayoutVerticalSpacing:
   case PM_SplitterWidth:
     return Gap;
+  case PM_IndicatorWidth:
+  case PM_IndicatorHeight:
+    return scaled(14);
   case PM_SmallIconSize:
   case PM_ListViewIconSize:
   case PM_ButtonIconSize:
@@ -103,6 +107,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
   case PM_ToolBarIconSize:
     return scaled(20);
   case PM_MessageBoxIconSize:
+  case PM_LargeIconSize:
     return scaled(32);
   default:
     return QProxyStyle::pixelMetric(metric, option, widget);
@@ -138,6 +143,14 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
   drawOutlined(*painter, option->rect, *option, box ? option->palette.base() : QBrush(Qt::NoBrush));
   if (box && option->state.testFlag(State_On)) drawTick(*painter, option->rect, option->state.testFlag(State_Enabled));
   painter->restore();
+}
+
+// Push buttons are large enough to hit, and their captions do not touch the edge.
+QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                              const QWidget* widget) const {
+  const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  if (type != CT_PushButton) return size;
+  return {std::max(scaled(SmallestButton), contents.width() + scaled(4 * Gap)), size.height()};
 }
 
 int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {

@@ -39,7 +39,9 @@ double contrast(const QColor& a, const QColor& b);
 /// `text` lightened or darkened until it can be read on `background` (4.5:1).
 QColor readable(QColor text, const QColor& background);
 
-/// A length that was drawn for the default font, in pixels, for the font of now.
+/// How much larger the application's font is than the one that the forms were drawn for; at least 1.
+double fontScale();
+/// A length that was drawn for that font, in pixels, for the font of now.
 int scaled(int pixels);
 
 /// Fusion with the margins, gaps and icon sizes of this look.
@@ -49,6 +51,8 @@ class Style : public QProxyStyle {
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                         const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* data) const override;
 };

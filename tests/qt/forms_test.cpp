@@ -142,7 +142,7 @@ TEST_F(DrawnForms, NoShortcutStandsTwice) {
 // --- Icons ---------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawnForms, EveryIconThatIsNamedIsThere) {
-  std::set<std::string> names = {"varnholt", "link", "link-gone", "info", "question", "warning"};
+  std::set<std::string> names = {"varnholt", "link", "link-gone", "info", "question", "warning", "error"};
   draw(app.Form1);
   for (const auto* control : app.Form1.controls()) {
     if (const auto* button = dynamic_cast<const controls::Button*>(control)) names.insert(button->Icon.get());

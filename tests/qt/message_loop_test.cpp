@@ -102,6 +102,28 @@ TEST_F(MessageLoop, ANoticeClosesByItsTimerWhileAnotherDialogStandsOnIt) {
   EXPECT_FALSE(owner.Timer2.Enabled);
 }
 
+TEST_F(MessageLoop, ADialogThatIsShownAgainWhileAnotherStandsOnItIsStillWaitedFor) {
+  std::string events;
+  whenShown(dialogs.Form12, [&](QWidget*) {
+    whenShown(dialogs.Form11, [&](QWidget*) {
+      dialogs.Form12.Visible = false;
+      loop.flush();
+      dialogs.Form12.Visible = true;
+      loop.flush();
+      dialogs.Form11.Hide();
+    });
+    dialogs.ask("On top");
+    events += "answered ";
+    // Some turns later, so that a loop that wrongly ends has ended by then.
+    QTimer::singleShot(30, &loop, [&] {
+      events += "pressed ";
+      press(windowOf(loop, dialogs.Form12), "Command11");
+    });
+  });
+  dialogs.alert("Below");
+  EXPECT_EQ(events, "answered pressed ");
+}
+
 TEST_F(MessageLoop, ANoticeClosesByAClick) {
   whenShown(dialogs.Form13,
             [](QWidget* window) { QTest::mouseClick(usable<QLabel>(window, "Label1"), Qt::LeftButton); });
@@ -184,7 +206,7 @@ class PaintCounter : public QObject {
 
 TEST_F(MessageLoop, WindowsKeepPaintingAndInputWaitsWhileALongCallRuns) {
   int presses = 0, typedWhileRunning = 0;
-  bool running = false, laterRan = false;
+  bool running = false, laterRan = false, looksPressed = false;
   dialogs.Form12.Command11.Click = [&] {
     ++presses;
     typedWhileRunning += running;
@@ -198,11 +220,15 @@ TEST_F(MessageLoop, WindowsKeepPaintingAndInputWaitsWhileALongCallRuns) {
   std::atomic<bool> posted = false;
   loop.runBlocking([&] {
     // From the helper thread as an accessibility tool or the window system would: into the queue of the window.
-    const auto at = QPointF(button->rect().center());
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+    const auto post = [&](QEvent::Type type, Qt::MouseButtons down) {
+      const auto at = QPointF(button->rect().center());
       QCoreApplication::postEvent(
-          button, new QMouseEvent(type, at, button->mapToGlobal(at), Qt::LeftButton,
-                                  type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
+          button, new QMouseEvent(type, at, button->mapToGlobal(at), Qt::LeftButton, down, Qt::NoModifier));
+    };
+    post(QEvent::MouseButtonPress, Qt::LeftButton);
+    QMetaObject::invokeMethod(
+        window, [&] { looksPressed = button->isDown(); }, Qt::QueuedConnection);
+    post(QEvent::MouseButtonRelease, Qt::NoButton);
     QMetaObject::invokeMethod(
         window, [&] { window->update(); }, Qt::QueuedConnection);
     QMetaObject::invokeMethod(
@@ -218,6 +244,7 @@ TEST_F(MessageLoop, WindowsKeepPaintingAndInputWaitsWhileALongCallRuns) {
   EXPECT_TRUE(posted);
   EXPECT_EQ(presses, 0) << "input must wait until the handler is back";
   EXPECT_TRUE(waitFor([&] { return presses == 2; })) << presses << " of a click and a press by assistive technology";
+  EXPECT_FALSE(looksPressed) << "nor may the widget change for it";
   EXPECT_EQ(typedWhileRunning, 0);
   EXPECT_FALSE(laterRan);
 }

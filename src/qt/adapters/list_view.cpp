@@ -35,7 +35,7 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
     connect(header, &QHeaderView::sectionClicked, this,
             [this](int column) { this->host().fromUser([this, column] { self.headerFromUser(column + 1); }); });
     connect(header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
-      if (!updating() && width > 0) self.widthFromUser(column, width * controls::TwipsPerPixel);
+      if (!updating() && width > 0) self.widthFromUser(column, width / theme::fontScale() * controls::TwipsPerPixel);
     });
   }
 
@@ -112,12 +112,13 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
     return besideName ? std::nullopt : drawn.rowAt(at.y());
   }
 
+  // Widths are kept for the designed font, so that columns hold their texts in a larger one.
   void showColumns() {
     headers_ = self.ColumnHeaders.get();
     QHeaderView& header = *drawn.listHeader();
     for (int column = 0; column < header.count(); ++column) {
-      const int width =
-          static_cast<int>(std::lround(headers_[static_cast<std::size_t>(column)].Width / controls::TwipsPerPixel));
+      const double pixels = headers_[static_cast<std::size_t>(column)].Width / controls::TwipsPerPixel;
+      const int width = static_cast<int>(std::lround(pixels * theme::fontScale()));
       header.setSectionHidden(column, width <= 0);
       if (width > 0) header.resizeSection(column, width);
     }

@@ -17,6 +17,7 @@ class PictureView : public QWidget {
   /// larger.
   void setStretch(bool stretch);
   QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -12,7 +12,7 @@
 namespace varnholt::qt {
 namespace {
 // The slack takes what rounding a text's width to whole pixels loses.
-constexpr int Padding = 8, Slack = 2;
+constexpr int Padding = 8, TightPadding = 3, Slack = 2;
 }  // namespace
 
 StatusStrip::StatusStrip(QWidget* parent) : QWidget(parent) {
@@ -38,11 +38,15 @@ QSize StatusStrip::sizeHint() const {
 
 QSize StatusStrip::minimumSizeHint() const { return {0, sizeHint().height()}; }
 
-// When the texts do not fit, all sections give up the same share of their width.
+// When the texts do not fit, the room around them goes first, and then all sections give up the same share.
+int StatusStrip::padding() const { return sizeHint().width() > width() ? TightPadding : Padding; }
+
 std::vector<int> StatusStrip::sectionWidths() const {
   std::vector<int> widths = widest_;
+  for (int& each : widths)
+    if (each > 0) each -= 2 * (Padding - padding());
   const int wanted = std::accumulate(widths.begin(), widths.end(), 0);
-  if (wanted > width() && wanted > 0)
+  if (wanted > width())
     for (int& each : widths)
       each = each * width() / wanted;
   if (!widths.empty()) widths.back() += width() - std::accumulate(widths.begin(), widths.end(), 0);
@@ -55,7 +59,7 @@ void StatusStrip::paintEvent(QPaintEvent*) {
   qsizetype at = 0;
   for (const int width : sectionWidths()) {
     const QRect section(left, 0, width, height());
-    const QRect inner = section.adjusted(Padding, 0, -Padding, 0);
+    const QRect inner = section.adjusted(padding(), 0, -padding(), 0);
     if (left > 0 && width > 0) {
       painter.setPen(QColor::fromRgb(theme::Outline));
       painter.drawLine(left, 4, left, height() - 5);
