@@ -164,6 +164,7 @@ void App::bindPanel(panels::Panel& panel) {
   controls::ListView& list = panel.list;
   list.GotFocus = [this, &panel] { activePanel.GotFocus(panel); };
   list.Click = [this, &panel] { selection.Click(panel); };
+  list.ItemClick = [this, &panel](controls::ListItem item) { selection.ItemClick(panel, item); };
   list.DblClick = [this, &panel] { keys.DblClick(panel); };
   list.ColumnClick = [this, &panel](int number) { listing.ColumnClick(panel, number); };
   list.KeyDown = [this, &panel](controls::KeyEvent& event) { keys.KeyDown(panel, event); };

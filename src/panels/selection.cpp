@@ -37,6 +37,11 @@ void Selection::Click(Panel& panel) {
   if (form_.seams.ShartCal) form_.seams.ShartCal();
 }
 
+void Selection::ItemClick(Panel& panel, controls::ListItem item) {
+  fileatrib(panel, item);
+  if (form_.Menu.checked("Psi")) showCount(panel.list.selectedCount());
+}
+
 void Selection::currentItem(Panel& panel, controls::ListItem item) {
   const bool folder = panel.isFolder(item);
   form_.CurrentItem = folder ? panel.itemPath(item) : panel.fileName(item);

@@ -23,6 +23,9 @@ class Selection {
   void ListView1_Click() { Click(form_.Panel1); }
   void ListView2_Click() { Click(form_.Panel2); }
   void Click(Panel& panel);
+  /// A row was clicked or reached by a key: its words and the count of selected rows, which keys change without a
+  /// click.
+  void ItemClick(Panel& panel, controls::ListItem item);
   /// The click routine of the active panel.
   void ClickPane();
   /// The words of the item's attributes in the status line.

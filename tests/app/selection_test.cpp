@@ -60,6 +60,15 @@ TEST_F(SelectionTest, ARangeWithShiftIsCollectedInListOrder) {
   EXPECT_EQ(collected(), (Names{"|Fold|C:\\Folder", "a.txt", "b.txt"}));
 }
 
+TEST_F(SelectionTest, KeysThatSelectAreCountedToo) {
+  rig.click(left(), "a");
+  rig.key(left(), controls::key::Down, Shift);
+  EXPECT_EQ(statusPanel(status::SelectedCount), "2  Item(s) Selected");
+  rig.key(left(), controls::key::Home);
+  EXPECT_EQ(statusPanel(status::SelectedCount), "1  Item(s) Selected");
+  EXPECT_EQ(statusPanel(status::Line), "Folder  [Normal]");
+}
+
 TEST_F(SelectionTest, SelectAllLeavesFoldersOutUnlessTheyAreIncluded) {
   rig.menu("selectall").choose();
   EXPECT_EQ(selected(left()), (Names{"a.txt", "b.txt", "empty"}));
