@@ -1,5 +1,6 @@
 // Lists one folder as a panel does: entries read, rows made, sorted and ready to draw. Prints how many rows there are.
 
+#include "idle_loop.hpp"
 #include "panels/listing.hpp"
 #include "platform/posix/clock.hpp"
 #include "platform/posix/file_system.hpp"
@@ -8,30 +9,12 @@
 
 using namespace varnholt;
 
-namespace {
-
-/// Nothing is drawn here: a loop that does nothing.
-class IdleLoop : public controls::MessageLoop {
- public:
-  void giveTurn() override {}
-  void runModal(controls::Form&) override {}
-  void runBlocking(const std::function<void()>& call) override { call(); }
-  controls::MessageAnswer show(const controls::MessageBox&) override { return controls::MessageAnswer::Ok; }
-  void quit() override {}
-  void later(std::function<void()>) override {}
-  void attach(controls::Form&) override {}
-  void changed(controls::Form&) override {}
-  void detach(controls::Form&) override {}
-};
-
-}  // namespace
-
 int main(int argc, char** argv) {
   if (argc != 2) return 2;
   platform::posix::PathMap map(platform::posix::parseDriveVariable("Z=/"));
   platform::posix::PosixFileSystem files(map);
   const platform::posix::SystemClock clock;
-  IdleLoop loop;
+  bench::IdleLoop loop;
   panels::Form1 form(loop);
   const auto folder = map.toProgram(argv[1]);
   const auto listing = folder ? files.list(*folder) : platform::Result<platform::ListingPtr>(folder.error());

@@ -1,6 +1,7 @@
 // What a user waits for in a panel of 100,000 rows: select all, a column sort, a ReCall of 2,000 names; each against a
 // plain loop over the same rows. Prints "case <tab> ours_ms <tab> floor_ms".
 
+#include "idle_loop.hpp"
 #include "panels/listing.hpp"
 #include "platform/clock.hpp"
 
@@ -16,19 +17,6 @@ using namespace varnholt;
 namespace {
 
 constexpr std::uint32_t Rows = 100'000, RecallNames = 2'000;
-
-class IdleLoop : public controls::MessageLoop {
- public:
-  void giveTurn() override {}
-  void runModal(controls::Form&) override {}
-  void runBlocking(const std::function<void()>& call) override { call(); }
-  controls::MessageAnswer show(const controls::MessageBox&) override { return controls::MessageAnswer::Ok; }
-  void quit() override {}
-  void later(std::function<void()>) override {}
-  void attach(controls::Form&) override {}
-  void changed(controls::Form&) override {}
-  void detach(controls::Form&) override {}
-};
 
 /// Files of a folder that is not on any disk.
 class MadeListing : public platform::Listing {
@@ -67,7 +55,7 @@ volatile std::size_t sink = 0;
 }  // namespace
 
 int main() {
-  IdleLoop loop;
+  bench::IdleLoop loop;
   panels::Form1 form(loop);
   const auto listing = std::make_shared<MadeListing>();
   controls::ListView& list = form.ListView1;
