@@ -67,6 +67,9 @@ unsigned char entryType(int folder, const char* name) {
 
 Result<void> TreeWalk::run(WalkFolderPtr root) {
   push({std::move(root), {}});
+  // Asked once before the work: in a small tree the other worker may leave the calling one nothing to do.
+  tick();
+  if (error_) return *error_;
   runWorkers(workerCount(), [this](unsigned index) { work(index == 0); });
   return error_ ? Result<void>(*error_) : Result<void>();
 }
