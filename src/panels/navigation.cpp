@@ -103,7 +103,6 @@ void Navigation::Browseforward(Panel& panel) {
 }
 
 void Navigation::Prevfolder(Panel& panel) {
-  const std::string left = panel.path();
   std::string target = panel.parentTrail.pop();
   while (!target.empty() && !exists(target))
     target = panel.parentTrail.pop();
@@ -111,13 +110,18 @@ void Navigation::Prevfolder(Panel& panel) {
     parentFolder(panel);
     return;
   }
+  moveUp(panel, target);
+  listing_.FocusView();
+}
+
+void Navigation::moveUp(Panel& panel, const std::string& target) {
+  const std::string left = panel.path();
   panel.setPath(target);
   fstack_push(panel);
   enter(panel);
   selectFolderRow(panel, left);
   browseButtons(panel);
   showTitle(panel);
-  listing_.FocusView();
 }
 
 void Navigation::parentFolder(Panel& panel) {
@@ -125,14 +129,7 @@ void Navigation::parentFolder(Panel& panel) {
   std::string target = paths::parent(left);
   while (!exists(target) && !paths::isRoot(target))
     target = paths::parent(target);
-  if (!paths::sameFolder(target, left)) {
-    panel.setPath(target);
-    fstack_push(panel);
-    enter(panel);
-    selectFolderRow(panel, left);
-    browseButtons(panel);
-    showTitle(panel);
-  }
+  if (!paths::sameFolder(target, left)) moveUp(panel, target);
   listing_.FocusView();
 }
 

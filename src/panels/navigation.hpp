@@ -73,6 +73,8 @@ class Navigation {
   void list(Panel& panel);
   void noteFolder(Panel& panel);
   void selectFolderRow(Panel& panel, const std::string& folder);
+  /// The panel goes to a folder above or before its own, and selects the row of the one it has left.
+  void moveUp(Panel& panel, const std::string& target);
   void browseButtons(Panel& panel);
   std::string folderForDrive(const std::string& drive) const;
   bool exists(const std::string& folder) const;
