@@ -130,7 +130,8 @@ void FormWindow::updateForm() {
 void FormWindow::updateSkin() {
   if (skin_ == form_.Picture.get()) return;
   skin_ = form_.Picture.get();
-  const QPixmap& skin = loop_.pictures().kept(skin_);
+  Skin::Source skin;
+  if (!skin_.empty()) skin = [this, path = skin_](const QSize& area) { return loop_.pictures().covering(path, area); };
   if (auto* dialog = qobject_cast<SkinDialog*>(widget_.data())) dialog->setSkin(skin);
   if (auto* backdrop = widget_->findChild<Backdrop*>()) backdrop->setSkin(skin);
 }

@@ -11,7 +11,12 @@ const QPixmap& Pictures::kept(const std::string& path) {
   return kept_[path] = fresh(path);
 }
 
-QPixmap Pictures::fresh(const std::string& path) const {
+QPixmap Pictures::fresh(const std::string& path) const { return read(path, {}); }
+
+QPixmap Pictures::covering(const std::string& path, const QSize& area) const { return read(path, area); }
+
+// An empty area: in its own size.
+QPixmap Pictures::read(const std::string& path, const QSize& area) const {
   if (path.empty() || !reader_) return {};
   const auto bytes = reader_(path);
   if (!bytes) return {};
@@ -19,6 +24,8 @@ QPixmap Pictures::fresh(const std::string& path) const {
   QBuffer buffer(&raw);
   QImageReader reader(&buffer);
   reader.setAutoTransform(true);
+  const QSize covering = reader.size().scaled(area, Qt::KeepAspectRatioByExpanding);
+  if (!area.isEmpty() && covering.width() < reader.size().width()) reader.setScaledSize(covering);
   return QPixmap::fromImage(reader.read());
 }
 

@@ -17,12 +17,17 @@ class Pictures {
 
   void setReader(Reader reader) { reader_ = std::move(reader); }
 
-  /// Null when there is no such picture. Skins and line images are kept: all windows share few of them.
+  /// Null when there is no such picture. Kept, for the few line images that all lists share.
   const QPixmap& kept(const std::string& path);
+  /// As small as it can be and still cover an area of that size in pixels: a large skin is decoded in a fraction of the
+  /// time that all of it would take.
+  QPixmap covering(const std::string& path, const QSize& area) const;
   /// Read anew, for previews: a folder of photos must not pile up in memory.
   QPixmap fresh(const std::string& path) const;
 
  private:
+  QPixmap read(const std::string& path, const QSize& area) const;
+
   Reader reader_;
   std::map<std::string, QPixmap> kept_;
 };

@@ -4,36 +4,68 @@
 
 #include <QPainter>
 
+#include <utility>
+
 namespace varnholt::qt {
 namespace {
+
 constexpr qreal CornerRadius = 4;
+// Skins are read for windows of sizes in such steps, in pixels.
+constexpr int SizeStep = 64;
+// A calm surface may be blown up by a tenth unseen, which lets a window of usual size do with half of the large skin.
+constexpr double Sharpness = 0.9;
+
+QSize roundedUp(const QSize& size) {
+  const auto up = [](int length) { return (length + SizeStep - 1) / SizeStep * SizeStep; };
+  return {up(size.width()), up(size.height())};
 }
 
-void paintSkin(QWidget& widget, const QPixmap& skin) {
-  if (skin.isNull()) return;
-  QPainter painter(&widget);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  const QSize part = widget.size().scaled(skin.size(), Qt::KeepAspectRatio);
-  painter.drawPixmap(widget.rect(), skin, QRect(QPoint(), part));
+bool covers(const QPixmap& picture, const QSize& area) {
+  return picture.width() >= area.width() && picture.height() >= area.height();
 }
 
-void Backdrop::setSkin(const QPixmap& skin) {
-  skin_ = skin;
+QPixmap fitted(const QPixmap& picture, const QSize& area) {
+  const QSize part = area.scaled(picture.size(), Qt::KeepAspectRatio);
+  return picture.copy(QRect(QPoint(), part)).scaled(area, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+}  // namespace
+
+void Skin::set(Source source) {
+  source_ = std::move(source);
+  read_ = fitted_ = {};
+}
+
+void Skin::paint(QWidget& widget) {
+  const QSize area = widget.size() * widget.devicePixelRatioF();
+  if (!source_ || area.isEmpty()) return;
+  if (fitted_.size() != area) {
+    const QSize sharpEnough = area * Sharpness;
+    if (read_.isNull() || !covers(read_, sharpEnough)) read_ = source_(roundedUp(sharpEnough));
+    if (read_.isNull()) return;
+    fitted_ = fitted(read_, area);
+    fitted_.setDevicePixelRatio(widget.devicePixelRatioF());
+  }
+  QPainter(&widget).drawPixmap(0, 0, fitted_);
+}
+
+void Backdrop::setSkin(Skin::Source source) {
+  skin_.set(std::move(source));
   update();
 }
 
-void Backdrop::paintEvent(QPaintEvent*) { paintSkin(*this, skin_); }
+void Backdrop::paintEvent(QPaintEvent*) { skin_.paint(*this); }
 
 // A dialog has a close box alone: it is neither put away nor blown up.
 SkinDialog::SkinDialog(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint) {}
 
-void SkinDialog::setSkin(const QPixmap& skin) {
-  skin_ = skin;
+void SkinDialog::setSkin(Skin::Source source) {
+  skin_.set(std::move(source));
   update();
 }
 
-void SkinDialog::paintEvent(QPaintEvent*) { paintSkin(*this, skin_); }
+void SkinDialog::paintEvent(QPaintEvent*) { skin_.paint(*this); }
 
 Surface::Surface(QWidget* parent) : QFrame(parent) {}
 

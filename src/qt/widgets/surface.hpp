@@ -4,23 +4,37 @@
 #include <QFrame>
 #include <QPixmap>
 
+#include <functional>
+
 namespace varnholt::qt {
 
-/// Draws a skin so that it covers the whole area, keeping its proportions; without one, nothing.
-void paintSkin(QWidget& widget, const QPixmap& skin);
+/// A picture behind a window, made to cover it and keep its proportions.
+class Skin {
+ public:
+  /// Gives the picture in a size that covers the area, in pixels; null: none.
+  using Source = std::function<QPixmap(const QSize& area)>;
+
+  void set(Source source);
+  void paint(QWidget& widget);
+
+ private:
+  Source source_;
+  QPixmap read_;    ///< a little larger than the window was, so that a growing window does not read it at each step
+  QPixmap fitted_;  ///< of the window's size, so that repaints only copy
+};
 
 /// The part of a main window that a skin shines through.
 class Backdrop : public QWidget {
   Q_OBJECT
  public:
   using QWidget::QWidget;
-  void setSkin(const QPixmap& skin);
+  void setSkin(Skin::Source source);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QPixmap skin_;
+  Skin skin_;
 };
 
 /// A dialog that a skin shines through.
@@ -28,13 +42,13 @@ class SkinDialog : public QDialog {
   Q_OBJECT
  public:
   explicit SkinDialog(QWidget* parent = nullptr);
-  void setSkin(const QPixmap& skin);
+  void setSkin(Skin::Source source);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QPixmap skin_;
+  Skin skin_;
 };
 
 /// A panel of its own colour, on which controls stand, so that their texts never fight a skin. With the dynamic
