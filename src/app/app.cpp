@@ -1,9 +1,8 @@
 #include "app/app.hpp"
 
-#include "app/planned_commands.hpp"
+#include "app/all_commands.hpp"
 #include "core/diagnostic_log.hpp"
 #include "core/program_files.hpp"
-#include "panels/panel_commands.hpp"
 
 namespace varnholt::app {
 namespace {
@@ -34,11 +33,10 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       drops(Form1, dispatcher, selection),
       trees(Form9, Form1, program),
       Form35(program),
+      fileops({Form1, program, dispatcher, listing, navigation, selection, trees, Form35}),
       NewSkin(program),
       start({Form1, program, listing, activePanel, looks, choices, state, histories, frmTip}) {
-  Form1.commands.add(panels::panelCommands());
-  Form1.commands.add(plannedCommands());
-  Form1.commands.add(panels::closingCommands());
+  Form1.commands.add(allCommands());
   bindCommands();
   Form1.Menu.build(Form1.commands);
   drawButtons();
@@ -87,7 +85,10 @@ void App::bindCommands() {
   bind("SavColumnH_Click", [this] { state.SavColumnH_Click(); });
   bind("ResetCol_Click", [this] { state.ResetCol_Click(); });
   // What is shown
-  bind("refrechview_Click", [this] { listing.viewrefresh(); });
+  bind("refrechview_Click", [this] {
+    navigation.leaveVanished();
+    listing.viewrefresh();
+  });
   bind("Viewall_Click", [this] { choices.Viewall_Click(); });
   bind("ViewProg_Click", [this] { choices.ViewProg_Click(); });
   bind("HidSysfiles_Click", [this] { choices.HidSysfiles_Click(); });
@@ -137,6 +138,14 @@ void App::bindCommands() {
   bind("RunLastCommand_Click", [this] { dispatcher.runLast(); });
   bind("Treeon_Click", [this] { trees.Treeon_Click(); });
   bind("CmdLine_Click", [this] { keys.commandline(); });
+  // Copy, move, delete
+  for (const char* handler : {"Command1_Click", "CopyItems_Click"})
+    bind(handler, [this] { fileops.Copy.start(); });
+  for (const char* handler : {"Command3_Click", "MoveItems_Click"})
+    bind(handler, [this] { fileops.Move.start(); });
+  for (const char* handler : {"Command4_Click", "Deleteitems_Click"})
+    bind(handler, [this] { fileops.Delete.start(); });
+  bind("ValCopyMove_Click", [this] { fileops.ValCopyMove_Click(); });
   // Plain check marks
   for (const char* entry : {"Auto_Save", "AutoSaveHis", "WinStart", "selhis", "Psi", "TipStart"})
     bind((std::string(entry) + "_Click").c_str(), [this, entry] {
@@ -209,6 +218,9 @@ void App::bindHooks() {
   Form1.seams.treeStatus = [this](const std::string& text) {
     Form9.StatusBar1.setPanel(panels::tree_status::ActiveView, text);
   };
+  drops.dropFiles = [this](panels::Panel& panel, const std::vector<std::string>& files, bool move) {
+    return fileops.dropFiles(panel, files, move);
+  };
   start.enter = [this](panels::Panel& panel) { navigation.enter(panel); };
   frmTip.keepChoice = [this] {
     program.init.Tip_State = frmTip.LoadTip.Value ? "1" : "0";
@@ -217,6 +229,8 @@ void App::bindHooks() {
   };
   for (controls::Form* dialog :
        std::initializer_list<controls::Form*>{&dialogs.Form11, &dialogs.Form12, &dialogs.Form13, &frmTip, &Form35})
+    NewSkin.addDialog(*dialog);
+  for (controls::Form* dialog : fileops.dialogs())
     NewSkin.addDialog(*dialog);
   NewSkin.addMainWindow(Form1);
   NewSkin.addMainWindow(Form9);

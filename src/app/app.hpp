@@ -3,6 +3,7 @@
 #include "appearance/skins.hpp"
 #include "core/program.hpp"
 #include "core/start_windows.hpp"
+#include "fileops/fileops.hpp"
 #include "panels/active_panel.hpp"
 #include "panels/browse_dialog.hpp"
 #include "panels/dispatcher.hpp"
@@ -54,6 +55,7 @@ class App {
   panels::Drops drops;
   panels::TreeWindow trees;
   panels::Form35 Form35;
+  fileops::FileOps fileops;
   appearance::NewSkin NewSkin;
   panels::MainWindowStart start;
 

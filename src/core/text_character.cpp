@@ -35,4 +35,22 @@ TextCharacter firstCharacter(std::string_view text) {
   return {code, lead.bytes};
 }
 
+size_t characterCount(std::string_view text) {
+  size_t count = 0;
+  for (; !text.empty(); ++count)
+    text.remove_prefix(firstCharacter(text).bytes);
+  return count;
+}
+
+std::string_view lastCharacters(std::string_view text, size_t count) {
+  for (size_t all = characterCount(text); all > count; --all)
+    text.remove_prefix(firstCharacter(text).bytes);
+  return text;
+}
+
+std::string shortened(std::string_view text, size_t limit, size_t kept) {
+  if (characterCount(text) < limit) return std::string(text);
+  return "..." + std::string(lastCharacters(text, kept));
+}
+
 }  // namespace varnholt::core

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace varnholt::core {
@@ -14,5 +15,11 @@ struct TextCharacter {
 /// `text` must not be empty. A byte that begins no valid UTF-8 character (RFC 3629) counts as a character alone, so
 /// every text can be walked and no two texts look alike.
 TextCharacter firstCharacter(std::string_view text);
+
+size_t characterCount(std::string_view text);
+/// The last `count` characters, or all of it.
+std::string_view lastCharacters(std::string_view text, size_t count);
+/// The text, or from `limit` characters on "..." and its last `kept` ones: how long paths are shown in a line.
+std::string shortened(std::string_view text, size_t limit, size_t kept);
 
 }  // namespace varnholt::core

@@ -44,8 +44,12 @@ void Dispatcher::Fileident() {
     program_.dialogs.alert("System Error !, No Views Active, Restart Varnholt !");
     return;
   }
-  form_.SourcePath = core::entryPath(form_.CurrentItem, source->path());
+  form_.SourcePath = core::entryPath(form_.CurrentItem, form_.TmpMode ? TmpFolder() : source->path());
   form_.TargetPath = form_.otherPanel(*source).path();
+}
+
+std::string Dispatcher::TmpFolder() const {
+  return core::program_file::path(program_.platform, core::program_file::Tmp) + "\\";
 }
 
 void Dispatcher::resetval() {
@@ -72,12 +76,11 @@ void Dispatcher::commandDone() {
   if (UpdateClock) UpdateClock();
 }
 
-void Dispatcher::colorSelected(const std::string& color) {
+void Dispatcher::markSelected(controls::Color color) {
   Panel* panel = form_.activePanel();
   if (!panel) return;
-  const auto number = static_cast<controls::Color>(std::stoul(color));
   for (const std::uint32_t id : panel->list.selectedIds())
-    panel->list.setForeColor(id, number);
+    if (panel->list.foreColor(id) == controls::NoColor) panel->list.setForeColor(id, color);
 }
 
 void Dispatcher::LockOnLast_Click() {

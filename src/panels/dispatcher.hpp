@@ -8,6 +8,11 @@
 
 namespace varnholt::panels {
 
+/// The colours by which rows tell which function will take them, as blue-green-red numbers.
+namespace mark_color {
+inline constexpr controls::Color Copy = 0x00FF00, Move = 0x00FFFF, Delete = 0x0000FF, Rename = 0xFFFF00;
+}
+
 /// Where buttons, menu entries, keys and drops lead to their handlers, and what is remembered of the last one.
 class Dispatcher {
  public:
@@ -21,15 +26,21 @@ class Dispatcher {
   /// Runs the command whose number was remembered last.
   void runLast();
 
-  /// Works out source and target of `CurrentItem` by the active panel.
+  /// Works out source and target of `CurrentItem` by the active panel; in `TmpMode` the source is the scratch folder.
   void Fileident();
+  /// The scratch folder through which an item gets a new name on its way, with closing backslash.
+  std::string TmpFolder() const;
   void resetval();
   /// What every command on a panel's items begins with. False: refused.
   bool panelPreCheck();
   /// The common closing step of such a command.
   void commandDone();
-  /// Gives the rows that carry `Selected` the function's colour.
-  void colorSelected(const std::string& color);
+  /// Marks the selected rows of the active panel in the colour of the function that will take them; `colorreset1` and
+  /// `colorreset2` undo it.
+  void copycolor() { markSelected(mark_color::Copy); }
+  void movecolor() { markSelected(mark_color::Move); }
+  void deletecolor() { markSelected(mark_color::Delete); }
+  void RenameColor() { markSelected(mark_color::Rename); }
 
   /// True from panelPreCheck to commandDone, and while a loop gives the message loop a turn.
   bool busy = false;
@@ -43,6 +54,8 @@ class Dispatcher {
   void RLC_Click() { chooseMemory(false); }
 
  private:
+  /// Rows of another colour than the default keep it.
+  void markSelected(controls::Color color);
   void chooseMemory(bool preFolder);
   void saveLastCommand(int number);
 

@@ -211,6 +211,16 @@ void Navigation::ResetHomeDrive_Click() {
   if (ClickPane) ClickPane();
 }
 
+void Navigation::leaveVanished() {
+  for (Panel* panel : {&form_.Panel1, &form_.Panel2}) {
+    if (exists(panel->path())) continue;
+    std::string folder = paths::parent(panel->path());
+    while (!paths::isRoot(folder) && !exists(folder))
+      folder = paths::parent(folder);
+    if (!goTo(*panel, folder)) goTo(*panel, form_.InitFolder);
+  }
+}
+
 void Navigation::ImageCombo1_Click() {
   const std::string folder = form_.ImageCombo1.Text;
   if (folder.empty()) return;

@@ -39,6 +39,8 @@ class Navigation {
   /// folder, and the panel stays.
   bool GoToDirection(const std::string& target);
   bool goTo(Panel& panel, const std::string& folder);
+  /// A panel whose folder is gone goes to the nearest one above that is there, or home.
+  void leaveVanished();
   /// Into the folder of a row.
   void enterFolder(Panel& panel, controls::ListItem item);
   void rootFolder(Panel& panel);

@@ -1,6 +1,5 @@
-#include "app/planned_commands.hpp"
+#include "app/all_commands.hpp"
 #include "panels/form1.hpp"
-#include "panels/panel_commands.hpp"
 #include "support/scripted_loop.hpp"
 
 #include <gtest/gtest.h>
@@ -18,13 +17,6 @@ namespace {
 using controls::MenuItem;
 using panels::Command;
 
-std::vector<Command> allRows() {
-  auto rows = panels::panelCommands();
-  for (auto more : {app::plannedCommands(), panels::closingCommands()})
-    std::ranges::move(more, std::back_inserter(rows));
-  return rows;
-}
-
 bool isSeparator(const Command& row) { return row.menuText == "-"; }
 
 std::string entryName(const Command& row) {
@@ -33,7 +25,7 @@ std::string entryName(const Command& row) {
 
 /// The main window with all commands in its menu.
 struct Window {
-  explicit Window(std::vector<Command> rows = allRows()) {
+  explicit Window(std::vector<Command> rows = app::allCommands()) {
     form.commands.add(std::move(rows));
     form.Menu.build(form.commands);
   }
@@ -64,14 +56,14 @@ struct Window {
 
 TEST(CommandRows, EachHandlerHasOneRow) {
   std::set<std::string> seen;
-  for (const Command& row : allRows()) {
+  for (const Command& row : app::allCommands()) {
     EXPECT_FALSE(row.handler.empty()) << row.menuText;
     EXPECT_TRUE(seen.insert(row.handler).second) << row.handler;
   }
 }
 
 TEST(CommandRows, EachSaysWhatItIsAndWhatItDoes) {
-  for (const Command& row : allRows()) {
+  for (const Command& row : app::allCommands()) {
     if (isSeparator(row)) continue;
     EXPECT_FALSE(row.toolTip.empty()) << row.handler;
     EXPECT_TRUE(row.handler.ends_with("_Click")) << row.handler;
@@ -85,7 +77,7 @@ TEST(CommandRows, EachSaysWhatItIsAndWhatItDoes) {
 
 TEST(CommandRows, NoShortcutHasTwoMeanings) {
   std::map<std::string, std::string> seen;
-  for (const Command& row : allRows())
+  for (const Command& row : app::allCommands())
     if (!row.shortcut.empty()) {
       EXPECT_TRUE(seen.emplace(row.shortcut, entryName(row)).second) << row.shortcut;
     }
@@ -108,7 +100,7 @@ TEST(CommandRows, NoShortcutHasTwoMeanings) {
 
 TEST(CommandRows, LastCommandNumbersLeadToTheirHandlers) {
   std::map<int, std::string> seen;
-  for (const Command& row : allRows())
+  for (const Command& row : app::allCommands())
     if (row.number != 0) {
       EXPECT_TRUE(seen.emplace(row.number, row.handler).second) << row.number;
     }
@@ -129,7 +121,7 @@ TEST(CommandRows, LastCommandNumbersLeadToTheirHandlers) {
 
 TEST(CommandRows, ModeWordsBelongToTheirHandlers) {
   std::map<std::string, std::string> seen;
-  for (const Command& row : allRows())
+  for (const Command& row : app::allCommands())
     if (!row.mode.empty()) seen.emplace(row.handler, row.mode);
 
   const std::map<std::string, std::string> given{
@@ -148,7 +140,7 @@ TEST(CommandRows, ModeWordsBelongToTheirHandlers) {
 
 TEST(CommandRows, EachIconIsOfTheFamily) {
   const std::filesystem::path icons = std::filesystem::path(VARNHOLT_SOURCE_DIR) / "assets" / "icons";
-  for (const Command& row : allRows())
+  for (const Command& row : app::allCommands())
     if (!row.icon.empty()) {
       EXPECT_TRUE(std::filesystem::exists(icons / (row.icon + ".svg"))) << row.icon;
     }
@@ -157,7 +149,7 @@ TEST(CommandRows, EachIconIsOfTheFamily) {
 TEST(CommandRows, EachButtonOfTheWindowHasOneAndNoOther) {
   Window window;
   std::set<std::string> inRows, inWindow;
-  for (const Command& row : allRows())
+  for (const Command& row : app::allCommands())
     if (!row.button.empty()) {
       EXPECT_TRUE(inRows.insert(row.button).second) << row.button;
     }
@@ -170,9 +162,9 @@ TEST(CommandRows, EachButtonOfTheWindowHasOneAndNoOther) {
 
 TEST(MainMenu, HeadingsStandInOneOrderWhoeverAddsFirst) {
   const std::vector<std::string> order{"&File", "&Select", "&View", "&Go", "&Places", "&Tools", "&Options", "&Help"};
-  auto backwards = allRows();
+  auto backwards = app::allCommands();
   std::ranges::reverse(backwards);
-  for (const auto& rows : {allRows(), backwards}) {
+  for (const auto& rows : {app::allCommands(), backwards}) {
     Window window(rows);
     std::vector<std::string> captions;
     for (const MenuItem* item : window.bar())

@@ -31,8 +31,11 @@ class DrawnForms : public testing::Test {
   }
 
   std::vector<controls::Form*> allForms() {
-    return {&app.Form1,          &app.Form9,     &app.dialogs.Form11, &app.dialogs.Form12,
-            &app.dialogs.Form13, &app.frmSplash, &app.frmTip};
+    std::vector<controls::Form*> forms{&app.Form1,          &app.Form9,     &app.dialogs.Form11, &app.dialogs.Form12,
+                                       &app.dialogs.Form13, &app.frmSplash, &app.frmTip};
+    for (controls::Form* dialog : app.fileops.dialogs())
+      forms.push_back(dialog);
+    return forms;
   }
 
   AppRig rig;

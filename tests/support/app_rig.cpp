@@ -28,11 +28,18 @@ void AppRig::restart() {
   folders.drives = "C=" + scratch / "home" + ";D=" + scratch / "second" + ";Z=/";
   host = platform::makePlatformHost(folders);
   const platform::Platform& real = host->platform();
-  platform.reset(new platform::Platform{real.files, real.drives, real.environment, real.settings, real.registry,
-                                        real.shell, real.fileTypes, real.system, clock, platform::RegionalFormats{},
+  wrapped_ = wrapper_ ? wrapper_(real.files) : nullptr;
+  platform::FileSystem& files = wrapped_ ? *wrapped_ : real.files;
+  platform.reset(new platform::Platform{files, real.drives, real.environment, real.settings, real.registry, real.shell,
+                                        real.fileTypes, real.system, clock, platform::RegionalFormats{},
                                         real.programFolder, real.assetsFolder, real.startNotices, real.toSystem,
                                         real.toProgram});
   app_ = std::make_unique<app::App>(loop, *platform);
+}
+
+void AppRig::useFiles(Wrapper wrapper) {
+  wrapper_ = std::move(wrapper);
+  restart();
 }
 
 bool AppRig::start(bool withTip) {

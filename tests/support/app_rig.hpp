@@ -5,6 +5,7 @@
 #include "support/scratch_folder.hpp"
 #include "support/scripted_loop.hpp"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -21,6 +22,9 @@ class AppRig {
 
   /// Builds the program anew over the same folders, as a second start does. Call before start().
   void restart();
+  /// Puts a file system of the test's own between the program and the real one, and builds the program anew.
+  using Wrapper = std::function<std::unique_ptr<platform::FileSystem>(platform::FileSystem& real)>;
+  void useFiles(Wrapper wrapper);
   /// Runs `Main`, with the splash going away by itself, and activates the main window. The tip is not shown unless
   /// `withTip`, which expects it first. False: the program has ended.
   bool start(bool withTip = false);
@@ -57,7 +61,8 @@ class AppRig {
   std::string programFolder() const { return platform->programFolder; }
 
  private:
-  void buildApp();
+  Wrapper wrapper_;
+  std::unique_ptr<platform::FileSystem> wrapped_;
   std::unique_ptr<app::App> app_;
 };
 

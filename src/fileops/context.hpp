@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/program.hpp"
+#include "panels/browse_dialog.hpp"
+#include "panels/dispatcher.hpp"
+#include "panels/form1.hpp"
+#include "panels/listing.hpp"
+#include "panels/navigation.hpp"
+#include "panels/selection.hpp"
+#include "panels/tree_window.hpp"
+
+namespace varnholt::fileops {
+
+/// What the file operations work with.
+struct Context {
+  panels::Form1& form;
+  core::Program& program;
+  panels::Dispatcher& dispatcher;
+  panels::Listing& listing;
+  panels::Navigation& navigation;
+  panels::Selection& selection;
+  panels::TreeWindow& trees;
+  panels::Form35& browser;
+
+  platform::FileSystem& files() const { return program.files(); }
+  int& pointer() const { return program.loop.screen().MousePointer; }
+  /// The target of the item in hand, should it have this name.
+  std::string target(std::string_view name) const { return form.TargetPath + std::string(name); }
+};
+
+}  // namespace varnholt::fileops

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "fileops/operation.hpp"
+#include "fileops/overwrite_policy.hpp"
+
+namespace varnholt::fileops {
+
+/// `Form3`: copies what is selected into the folder of the other panel.
+class Copy : public TargetOperation {
+ public:
+  Copy(const Context& context, Form3& dialog, Space& space, OverwritePolicy& policy, Form7& form7, Form10& form10)
+      : TargetOperation(context, dialog, space), policy_(policy), form7_(form7), form10_(form10) {}
+
+ protected:
+  std::string_view modeWord() const override { return "CopyMode"; }
+  Turn turn() const override { return Turn::AfterItem; }
+  Item file() override;
+  Item folder() override;
+  void counted() override;
+  void refreshPanels() override;
+  void ended(bool normally) override;
+
+ private:
+  void stieq() { alert("Cannot Copy Item to Itself !"); }
+  void copyFile(bool overwrite);
+  bool mayMerge(const std::string& target);
+
+  OverwritePolicy& policy_;
+  Form7& form7_;
+  Form10& form10_;
+};
+
+}  // namespace varnholt::fileops

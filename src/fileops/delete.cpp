@@ -1,0 +1,127 @@
+#include "fileops/delete.hpp"
+
+#include "core/text_character.hpp"
+#include "fileops/progress.hpp"
+
+#include <algorithm>
+
+namespace varnholt::fileops {
+namespace {
+
+using controls::pointer::Default;
+using controls::pointer::Hourglass;
+
+constexpr std::size_t LongQuestion = 100, LongQuestionKept = 95;
+
+}  // namespace
+
+Delete::Delete(const Context& context, Form4& dialog, Space& space, Form10& form10)
+    : Operation(context, dialog), form10_(form10) {
+  dialog.Command3.Click = [&space, &dialog] { space.selectsize(dialog); };
+}
+
+bool Delete::mayOpen() {
+  if (driveReady(*context_.form.activePanel())) return true;
+  alert("Drive(s) Not ready !\rFunction Exits !");
+  return false;
+}
+
+Operation::Begin Delete::mayBegin() {
+  auto& dialogs = context_.program.dialogs;
+  dialogs.Form11.Command2.Visible = false;
+  form10_.AttrAnswer = AttributeAnswer::None;
+  if (dialogs.AskRetry("Warning!,- Direct deleting  " + std::to_string(context_.form.SelectedCount) +
+                       " File(s)/Folder(s) ? \rPlease use options ..."))
+    return Begin::Loop;
+  dialog_.Hide();
+  context_.selection.ClickPane();
+  return Begin::Closed;
+}
+
+Operation::Item Delete::folder() {
+  auto& form = context_.form;
+  const std::string item = form.CurrentItem;
+  const std::uint64_t bytes = folderBytes(item);
+  if (bytes > 0 && !mayDeleteTree()) return Item::Left;
+  showItem("Processing... " + item);
+  form.BytesDone += static_cast<double>(bytes);
+  context_.program.loop.runBlocking([&] { (void)context_.files().deleteFolder(item, true); });
+  RefreshTreeNeeded_ = true;
+  PogressCal(form, dialog_);
+  return Item::Done;
+}
+
+bool Delete::mayDeleteTree() {
+  auto& dialogs = context_.program.dialogs;
+  if (dialogs.Form11.AlertAnswer == core::Answer::All) return true;
+  dialog_.hideProgress();
+  context_.pointer() = Default;
+  dialogs.Form11.Command2.Visible = true;
+  const core::Answer answer = dialogs.ask(
+      "Folder is NOT Emty !\rDeleting  " +
+      core::shortened(context_.form.CurrentItem, LongQuestion + 1, LongQuestionKept) + "\r Subfolders and Files ?");
+  dialogs.Form11.Command2.Visible = false;
+  context_.pointer() = Hourglass;
+  if (answer == core::Answer::Yes || answer == core::Answer::All) {
+    dialog_.showProgress("Processing...");
+    return true;
+  }
+  dialog_.ProgressBar1.Visible = true;
+  return false;
+}
+
+Operation::Item Delete::file() {
+  auto& form = context_.form;
+  showItem("Processing... " + form.CurrentItem);
+  const platform::Attributes attributes = context_.files().attributes(form.SourcePath).valueOr(0);
+  if (attributes != platform::attribute::Archive && form10_.AttrAnswer != AttributeAnswer::All) {
+    form10_.AttrAnswer = AttributeAnswer::None;
+    context_.pointer() = Default;
+    form10_.atribtrap(attributes, form.CurrentItem);
+    context_.pointer() = Hourglass;
+  }
+  if (form10_.AttrAnswer == AttributeAnswer::CancelAll) return Item::EndsLoop;
+  if (form10_.AttrAnswer == AttributeAnswer::Skip) {
+    form10_.AttrAnswer = AttributeAnswer::None;
+    return Item::Left;
+  }
+  const bool force = form10_.AttrAnswer == AttributeAnswer::ThisItem || form10_.AttrAnswer == AttributeAnswer::All;
+  if (form10_.AttrAnswer == AttributeAnswer::ThisItem) form10_.AttrAnswer = AttributeAnswer::None;
+  form.BytesDone += static_cast<double>(fileBytes(form.SourcePath));
+  (void)context_.files().deleteFile(form.SourcePath, force);
+  PogressCal(form, dialog_);
+  return Item::Done;
+}
+
+bool Delete::verify() {
+  const std::string& item = context_.form.SourcePath;
+  if (!exists(item)) return true;
+  const std::string question = VerifyFolderMode_
+                                   ? "Varnholt Was Not Able To Delete Folder:  \r" + context_.form.CurrentItem +
+                                         "  On Target !\rUnknown Reason, But Media Not Accessable/ReadOnly  !"
+                                   : "Varnholt Was Not Able To Delete File:  \r" + context_.form.CurrentItem +
+                                         "  On Target !\rUnknown Reason, But Media Not Accessable/ReadOnly !";
+  return context_.program.dialogs.AskRetry(question);
+}
+
+void Delete::ended(bool /*normally*/) {
+  form10_.AttrAnswer = AttributeAnswer::None;
+  context_.program.dialogs.Form11.Command2.Visible = false;
+  context_.program.dialogs.Form11.AlertAnswer = core::Answer::None;
+}
+
+// The row that takes the place of the deleted ones gets the focus, so that the user goes on where he was.
+void Delete::refreshPanels() {
+  panels::Panel* active = context_.form.activePanel();
+  if (!active) return;
+  const auto row = active->list.focusedRow();
+  active->list.SetFocus();
+  context_.listing.viewupdate();
+  context_.listing.ViewClearItems(*active);
+  if (!row || active->list.count() == 0) return;
+  const std::uint32_t next = std::min(*row, active->list.count() - 1);
+  active->list.focusRow(next);
+  active->list.ensureVisible(next);
+}
+
+}  // namespace varnholt::fileops

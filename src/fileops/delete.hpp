@@ -1,0 +1,32 @@
+#pragma once
+
+#include "fileops/operation.hpp"
+#include "fileops/overwrite_dialogs.hpp"
+
+namespace varnholt::fileops {
+
+/// `Form4`: deletes what is selected, without a recycle bin.
+class Delete : public Operation {
+ public:
+  Delete(const Context& context, Form4& dialog, Space& space, Form10& form10);
+
+ protected:
+  std::string_view modeWord() const override { return "DeleteMode"; }
+  bool mayOpen() override;
+  std::string folderShown() const override { return context_.form.activePanel()->path(); }
+  Begin mayBegin() override;
+  Turn turn() const override { return Turn::BeforeTaking; }
+  Item file() override;
+  Item folder() override;
+  /// `VerifyDeleted`: the item is gone, or the user goes on with it there.
+  bool verify() override;
+  void refreshPanels() override;
+  void ended(bool normally) override;
+
+ private:
+  bool mayDeleteTree();
+
+  Form10& form10_;
+};
+
+}  // namespace varnholt::fileops

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "fileops/copy.hpp"
+#include "fileops/delete.hpp"
+#include "fileops/move.hpp"
+#include "panels/command_table.hpp"
+
+#include <string>
+#include <vector>
+
+namespace varnholt::fileops {
+
+/// Copy, move and delete with their dialogs.
+class FileOps {
+ public:
+  explicit FileOps(const Context& context);
+  FileOps(const FileOps&) = delete;
+  FileOps& operator=(const FileOps&) = delete;
+
+  /// Whether the room that a selection needs is tested before it is copied or moved.
+  void ValCopyMove_Click();
+  /// Files of another program, dropped on a panel. True: taken.
+  bool dropFiles(panels::Panel& panel, const std::vector<std::string>& files, bool move);
+  std::vector<controls::Form*> dialogs() { return {&Form3, &Form4, &Form5, &Form7, &Form10}; }
+
+ private:
+  Context context_;
+
+ public:
+  fileops::Form3 Form3;
+  fileops::Form4 Form4;
+  fileops::Form5 Form5;
+  fileops::Form7 Form7;
+  fileops::Form10 Form10;
+  fileops::Space Space;
+  OverwritePolicy policy;
+  fileops::Copy Copy;
+  fileops::Move Move;
+  fileops::Delete Delete;
+};
+
+/// The commands of this room; their handlers are bound by who builds it.
+std::vector<panels::Command> commands();
+
+}  // namespace varnholt::fileops

@@ -1,0 +1,77 @@
+#include "fileops/move.hpp"
+
+#include "fileops/progress.hpp"
+
+namespace varnholt::fileops {
+
+bool Move::mayOpen() {
+  panels::Panel& source = *context_.form.activePanel();
+  if (!driveReady(source) || !driveReady(context_.form.otherPanel(source))) {
+    alert("Drive(s) Not ready !\rFunction Exits !");
+    return false;
+  }
+  const auto volume = context_.files().volume(source.path());
+  if (volume && volume->fileSystem == "CDFS") {
+    alert("Cannot Move From CD-Rom/DVD-Rom !\rFunction Exits !");
+    return false;
+  }
+  return true;
+}
+
+Operation::Begin Move::mayBegin() {
+  form5_.MoveRunning = true;
+  return TargetOperation::mayBegin();
+}
+
+Operation::Item Move::file() {
+  auto& form = context_.form;
+  const std::string source = form.SourcePath, target = context_.target(leaf_);
+  showItem("Processing... " + form.CurrentItem);
+  if (context_.files().fileExists(target)) {
+    alert("File Already exist on Target, - Cannot Move!");
+    return Item::Done;
+  }
+  const std::uint64_t bytes = fileBytes(source);
+  form.BytesDone += static_cast<double>(bytes);
+  run(bytes, [&] { (void)context_.files().moveFile(source, target); });
+  PogressCal(form, dialog_);
+  return Item::Done;
+}
+
+Operation::Item Move::folder() {
+  auto& form = context_.form;
+  const std::string item = form.CurrentItem, target = context_.target(leaf_);
+  if (isOwnTarget()) {
+    alert("Cannot Move Folder to Itself !");
+    return refused();
+  }
+  if (liesInItem()) {
+    stieqopen();
+    return refused();
+  }
+  showItem("Processing... " + item);
+  if (form.Panel1.driveRoot() != form.Panel2.driveRoot()) {
+    alert("Cannot Move Folder to Another Drive !\rUse Delete after Copy Instead !");
+    return Item::PassedOver;
+  }
+  if (context_.files().folderExists(target)) {
+    alert("Folder Exist on Target, - Cannot Move!");
+    return Item::PassedOver;
+  }
+  form.BytesDone += static_cast<double>(folderBytes(item));
+  context_.program.loop.runBlocking([&] { (void)context_.files().moveFolder(item, target); });
+  PogressCal(form, dialog_);
+  RefreshTreeNeeded_ = true;
+  return Item::Done;
+}
+
+void Move::ended(bool /*normally*/) { form5_.MoveRunning = false; }
+
+void Move::refreshPanels() {
+  context_.listing.View1ClearItems();
+  context_.listing.View2ClearItems();
+  context_.listing.ColorReset();
+  context_.listing.FocusView();
+}
+
+}  // namespace varnholt::fileops

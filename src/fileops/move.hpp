@@ -1,0 +1,28 @@
+#pragma once
+
+#include "fileops/operation.hpp"
+
+namespace varnholt::fileops {
+
+/// `Form5`: moves what is selected into the folder of the other panel. It never overwrites anything, and a folder stays
+/// on its drive.
+class Move : public TargetOperation {
+ public:
+  Move(const Context& context, Form5& dialog, Space& space) : TargetOperation(context, dialog, space), form5_(dialog) {}
+
+ protected:
+  std::string_view modeWord() const override { return "MoveMode"; }
+  bool mayOpen() override;
+  Begin mayBegin() override;
+  Turn turn() const override { return Turn::BeforeItem; }
+  bool moving() const override { return form5_.MoveRunning; }
+  Item file() override;
+  Item folder() override;
+  void refreshPanels() override;
+  void ended(bool normally) override;
+
+ private:
+  Form5& form5_;
+};
+
+}  // namespace varnholt::fileops

@@ -1,0 +1,305 @@
+#include "fileops/operation.hpp"
+
+#include "core/item_text.hpp"
+#include "core/text_character.hpp"
+#include "fileops/progress.hpp"
+#include "platform/paths.hpp"
+#include "platform/text_fold.hpp"
+
+namespace varnholt::fileops {
+namespace {
+
+namespace paths = platform::paths;
+using controls::pointer::Default;
+using controls::pointer::Hourglass;
+
+constexpr std::size_t LongPath = 53, LongPathKept = 47;
+constexpr std::size_t LongItem = 35;
+// What takes so short on any volume that a helper thread would only cost.
+constexpr std::uint64_t ShortCall = 256 * 1024;
+
+std::string shortPath(std::string_view path) { return core::shortened(path, LongPath, LongPathKept); }
+
+}  // namespace
+
+Operation::Operation(const Context& context, OperationForm& dialog) : context_(context), dialog_(dialog) {
+  dialog_.Command11.Click = [this] { Command11_Click(); };
+  dialog_.Command2.Click = [this] { Command2_Click(); };
+}
+
+// --- Hand-over -----------------------------------------------------------------------------------------------------
+
+void Operation::start() {
+  if (context_.dispatcher.panelPreCheck()) handOver(nullptr);
+  close();
+}
+
+void Operation::start(const std::vector<std::string>& items) {
+  if (context_.dispatcher.panelPreCheck()) handOver(&items);
+  close();
+}
+
+void Operation::collect(const std::vector<std::string>* items) {
+  auto& form = context_.form;
+  if (!items) {
+    context_.selection.ViewClickCopy(*form.activePanel());
+    return;
+  }
+  context_.selection.resetcollect();
+  for (const std::string& item : *items)
+    form.filecollect.push(item);
+}
+
+void Operation::handOver(const std::vector<std::string>* items) {
+  auto& form = context_.form;
+  collect(items);
+  form.setMode(modeWord());
+  dialog_.Label4.Caption = "";
+  form.SelectedCount = form.filecollect.count();
+  form.CurrentItem = form.filecollect.popc();
+  context_.dispatcher.Fileident();
+  if (form.CurrentItem.empty()) {
+    context_.selection.ClickPane();
+    context_.selection.nonselect();
+    return;
+  }
+  if (!mayOpen()) return;
+  fillDialog();
+  if (!items) context_.dispatcher.copycolor();
+  opening();
+  executed_ = false;
+  dialog_.ShowModal();
+  closed(executed_);
+}
+
+void Operation::fillDialog() {
+  auto& form = context_.form;
+  const OperationWords& words = dialog_.words;
+  dialog_.Caption = words.caption;
+  dialog_.summary.Text = words.verb + " " + std::to_string(form.SelectedCount) + " selected File(s) / Folder(s)";
+  if (form.filecollect.count() < 2) {
+    if (core::isFolderItem(form.CurrentItem))
+      form.CurrentItem = "Folder:  " + std::string(core::itemPath(form.CurrentItem));
+    const bool isLong = core::characterCount(form.SourcePath) >= LongPath;
+    showItem(isLong ? shortPath(form.SourcePath) : form.CurrentItem);
+  } else {
+    showItem("Multi" + words.verb + " Selected !");
+  }
+  dialog_.Text3.Text = shortPath(folderShown());
+}
+
+// The return from the dialog, whatever its outcome; also when it was never shown.
+void Operation::close() {
+  context_.selection.resetcollect();
+  context_.dispatcher.resetval();
+  dialog_.item.Text = "";
+  dialog_.Text3.Text = "";
+  context_.listing.ColorReset();
+  context_.listing.FocusView();
+  context_.selection.ResetView();
+  dialog_.hideProgress();
+  dialog_.Hide();
+  context_.dispatcher.commandDone();
+}
+
+void Operation::Command2_Click() {
+  context_.dispatcher.busy = false;
+  context_.form.TmpMode = false;
+  dialog_.Hide();
+}
+
+// --- The loop ------------------------------------------------------------------------------------------------------
+
+void Operation::Command11_Click() {
+  const Begin answer = mayBegin();
+  if (answer == Begin::Closed) return;
+  executed_ = answer == Begin::Loop;
+  if (answer == Begin::Ending) return end(Ending::Straight);
+  begin();
+  end(loop());
+}
+
+void Operation::begin() {
+  auto& form = context_.form;
+  dialog_.showProgress("Processing...");
+  dialog_.StopFlag = false;
+  RefreshTreeNeeded_ = false;
+  form.OverwritePrompt = true;
+  form.RenameCancelled = false;
+  form.ItemsDone = 0;
+  form.BytesDone = 0;
+  form.ItemsTotal = form.filecollect.count();
+  dialog_.setRunning(true);
+  context_.pointer() = Hourglass;
+}
+
+Operation::Ending Operation::loop() {
+  auto& form = context_.form;
+  while (!form.filecollect.empty()) {
+    if (turn() == Turn::BeforeTaking) {
+      showCount();
+      if (stopAsked()) return Ending::Aborted;
+    }
+    takeNext();
+    if (turn() != Turn::BeforeTaking) showCount();
+    if (turn() == Turn::BeforeItem && stopAsked()) return Ending::Aborted;
+    const Item item = VerifyFolderMode_ ? folder() : file();
+    if (item == Item::EndsAll) return Ending::Straight;
+    if (item == Item::EndsLoop) return Ending::Normal;
+    if (item != Item::PassedOver) {
+      ++form.ItemsDone;
+      counted();
+    }
+    if (turn() == Turn::AfterItem && stopAsked()) return Ending::Aborted;
+    form.RenameCancelled = false;
+    if (item == Item::Done && !verify()) return Ending::Normal;
+  }
+  return Ending::Normal;
+}
+
+void Operation::takeNext() {
+  auto& form = context_.form;
+  form.CurrentItem = form.filecollect.pop();
+  pbar_beregning(form);
+  context_.dispatcher.Fileident();
+  VerifyFolderMode_ = core::isFolderItem(form.CurrentItem);
+  if (VerifyFolderMode_) form.CurrentItem = std::string(core::itemPath(form.CurrentItem));
+  leaf_ = std::string(paths::fileName(form.CurrentItem));
+}
+
+void Operation::showCount() {
+  const auto& form = context_.form;
+  dialog_.Caption = dialog_.words.caption + ", - Processing... " + std::to_string(form.ItemsDone + 1) + " => " +
+                    std::to_string(form.SelectedCount) + " Item(s)";
+}
+
+bool Operation::stopAsked() {
+  context_.program.loop.giveTurn();
+  return dialog_.StopFlag;
+}
+
+// --- The ending ----------------------------------------------------------------------------------------------------
+
+void Operation::end(Ending ending) {
+  if (ending == Ending::Aborted) {
+    dialog_.Caption = dialog_.words.verb + " Process Aborted. !";
+    alert(dialog_.words.verb + " Process Aborted. !");
+  }
+  dialog_.Hide();
+  ended(ending == Ending::Normal);
+  context_.navigation.leaveVanished();
+  refreshPanels();
+  if (RefreshTreeNeeded_) context_.trees.redraw();
+  context_.dispatcher.resetval();
+  context_.selection.resetcollect();
+  dialog_.Caption = dialog_.words.caption;
+  context_.pointer() = Default;
+  context_.dispatcher.busy = false;
+  VerifyFolderMode_ = false;
+  dialog_.StopFlag = false;
+  dialog_.setRunning(false);
+  context_.form.TmpMode = false;
+}
+
+// --- Shared --------------------------------------------------------------------------------------------------------
+
+void Operation::run(std::uint64_t bytes, const std::function<void()>& call) {
+  if (bytes < ShortCall) return call();
+  context_.program.loop.runBlocking(call);
+}
+
+std::uint64_t Operation::folderBytes(const std::string& folder) {
+  const auto info = context_.files().info(folder);
+  if (!info || info->isLink) return 0;
+  std::uint64_t bytes = 0;
+  context_.program.loop.runBlocking([&] {
+    if (const auto size = context_.files().folderSize(folder)) bytes = size->bytes;
+  });
+  return bytes;
+}
+
+std::uint64_t Operation::fileBytes(const std::string& file) {
+  const auto info = context_.files().info(file);
+  return info ? info->size : 0;
+}
+
+bool Operation::exists(const std::string& path) const {
+  return VerifyFolderMode_ ? context_.files().folderExists(path) : context_.files().fileExists(path);
+}
+
+bool Operation::driveReady(const panels::Panel& panel) {
+  platform::Result<platform::DriveInfo> drive = platform::Error{};
+  context_.program.loop.runBlocking([&] { drive = context_.program.platform.drives.info(panel.driveRoot().front()); });
+  return drive && drive->ready;
+}
+
+// --- Operations with a target --------------------------------------------------------------------------------------
+
+TargetOperation::TargetOperation(const Context& context, TargetForm& dialog, Space& space)
+    : Operation(context, dialog), target_(dialog), space_(space) {
+  target_.Command3.Click = [this] { space_.selectsize(target_); };
+  target_.Command4.Click = [this] { Command4_Click(); };
+}
+
+void TargetOperation::opening() {
+  auto& form = context_.form;
+  initFolder_ = form.otherPanel(*form.activePanel()).path();
+  context_.browser.Check1.Value = 0;
+  context_.browser.Check2.Value = 0;
+}
+
+// The chosen folder becomes the other panel's, so that all tests of the target speak of it.
+void TargetOperation::Command4_Click() {
+  auto& form = context_.form;
+  panels::Panel* source = form.activePanel();
+  const auto folder = context_.browser.browse(target_.words.caption);
+  if (!source || !folder) return;
+  if (!context_.navigation.goTo(form.otherPanel(*source), *folder)) return;
+  form.TargetPath = form.otherPanel(*source).path();
+  target_.Text3.Text = shortPath(form.TargetPath);
+}
+
+void TargetOperation::closed(bool executed) {
+  auto& form = context_.form;
+  const bool goesBack = executed ? context_.browser.Check2.Value : context_.browser.Check1.Value;
+  panels::Panel& panel = form.otherPanel(*form.activePanel());
+  if (goesBack && panel.path() != initFolder_) context_.navigation.goTo(panel, initFolder_);
+}
+
+Operation::Begin TargetOperation::mayBegin() {
+  auto& form = context_.form;
+  auto& answer = context_.program.dialogs.Form11.AlertAnswer;
+  answer = core::Answer::None;
+  space_.DiskAvailable(moving());
+  if (form.SpaceProblem && (answer == core::Answer::None || answer == core::Answer::No)) return Begin::Ending;
+  if (form.Menu.checked("ValCopyMove")) {
+    space_.ValidateSpaceNeeded(target_);
+    if (form.SpaceRefused) return Begin::Ending;
+  }
+  return Begin::Loop;
+}
+
+bool TargetOperation::verify() {
+  if (exists(context_.target(leaf_))) return true;
+  return context_.program.dialogs.AskRetry("Varnholt Was Not Able To Create File/Folder On Target !\r"
+                                           "Unknown Reason, But Media Not Accessable !");
+}
+
+void TargetOperation::stieqopen() {
+  context_.pointer() = Default;
+  const std::string& item = context_.form.CurrentItem;
+  const std::string name =
+      core::characterCount(item) > LongItem ? "\\..." + std::string(core::lastCharacters(item, LongItem)) : "\\" + item;
+  alert("Cannot Copy Or Move Item : \r" + name + "\rInto Itself !");
+}
+
+bool TargetOperation::liesInItem() const {
+  const std::string item = platform::foldCase(context_.form.CurrentItem);
+  return platform::foldCase(context_.form.TargetPath).starts_with(item);
+}
+
+bool TargetOperation::isOwnTarget() const {
+  return platform::foldCase(context_.form.CurrentItem) == platform::foldCase(context_.target(leaf_));
+}
+
+}  // namespace varnholt::fileops

@@ -1,0 +1,127 @@
+#pragma once
+
+#include "fileops/context.hpp"
+#include "fileops/operation_dialogs.hpp"
+#include "fileops/space.hpp"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace varnholt::fileops {
+
+/// The one skeleton of copy, move and delete: the hand-over from the panels, the loop over the collected items in its
+/// dialog, and the ending. What differs is stated by the operation itself. A failing call of the file system is passed
+/// over; the test after each item shows what it left.
+class Operation {
+ public:
+  virtual ~Operation() = default;
+  Operation(const Operation&) = delete;
+  Operation& operator=(const Operation&) = delete;
+
+  /// The command of the panels: takes the selection over and shows the dialog until it closes.
+  void start();
+  /// The same for items that come from elsewhere, as full paths (a folder's behind its marker). The target is the panel
+  /// that is not active.
+  void start(const std::vector<std::string>& items);
+
+ protected:
+  Operation(const Context& context, OperationForm& dialog);
+
+  /// How an item came through.
+  enum class Item {
+    Done,        ///< counted and verified
+    Left,        ///< counted alone: the user left it as it is
+    PassedOver,  ///< neither: it was refused
+    EndsLoop,    ///< the user ends the loop
+    EndsAll,     ///< the operation ends at it
+  };
+  enum class Begin { Loop, Ending, Closed };
+  /// Where the loop gives the message loop its turn.
+  enum class Turn { BeforeTaking, BeforeItem, AfterItem };
+
+  // --- What each operation states --------------------------------------------------------------------------------
+  virtual std::string_view modeWord() const = 0;
+  /// Tests in front of the dialog; they tell the user themselves.
+  virtual bool mayOpen() { return true; }
+  virtual std::string folderShown() const { return context_.form.TargetPath; }
+  virtual void opening() {}
+  virtual void closed(bool /*executed*/) {}
+  /// Questions and space tests in front of the loop. Closed: the dialog has hidden, and no ending follows.
+  virtual Begin mayBegin() = 0;
+  virtual Turn turn() const = 0;
+  /// Handle the item in hand: `SourcePath`, `TargetPath`, and `CurrentItem` without its marker.
+  virtual Item file() = 0;
+  virtual Item folder() = 0;
+  virtual void counted() {}
+  /// False ends the loop.
+  virtual bool verify() = 0;
+  virtual void refreshPanels() = 0;
+  virtual void ended(bool /*normally*/) {}
+
+  // --- What they share -------------------------------------------------------------------------------------------
+  void showItem(const std::string& line) { dialog_.item.Text = line; }
+  /// Runs a call that handles so many bytes: a large one while the windows go on painting.
+  void run(std::uint64_t bytes, const std::function<void()>& call);
+  std::uint64_t folderBytes(const std::string& folder);
+  std::uint64_t fileBytes(const std::string& file);
+  bool exists(const std::string& path) const;
+  bool driveReady(const panels::Panel& panel);
+  void alert(const std::string& text) { context_.program.dialogs.alert(text); }
+
+  Context context_;
+  OperationForm& dialog_;
+  std::string leaf_;                ///< name of the item in hand
+  bool VerifyFolderMode_ = false;   ///< the item in hand is a folder
+  bool RefreshTreeNeeded_ = false;  ///< a folder came or went
+
+ private:
+  void Command2_Click();
+  void Command11_Click();
+  void handOver(const std::vector<std::string>* items);
+  void collect(const std::vector<std::string>* items);
+  void fillDialog();
+  void begin();
+  void takeNext();
+  void showCount();
+  bool stopAsked();
+  enum class Ending { Straight, Normal, Aborted };
+  Ending loop();
+  void end(Ending ending);
+  void close();
+
+  bool executed_ = false;
+};
+
+/// What copy and move share: a target folder that can be browsed for, and the space tests.
+class TargetOperation : public Operation {
+ protected:
+  TargetOperation(const Context& context, TargetForm& dialog, Space& space);
+
+  void opening() override;
+  void closed(bool executed) override;
+  Begin mayBegin() override;
+  /// `VerifyTarget`: the target is there, or the user goes on without it.
+  bool verify() override;
+  virtual bool moving() const { return false; }
+
+  /// `stieqopen`: the item in hand cannot go into itself.
+  void stieqopen();
+  /// The target lies in the item by the spelling of the two paths, so a folder whose name begins like the item's
+  /// counts too.
+  bool liesInItem() const;
+  bool isOwnTarget() const;
+  /// What a refusal of the item in hand comes to: a single item ends the operation.
+  Item refused() const { return context_.form.ItemsTotal == 1 ? Item::EndsAll : Item::PassedOver; }
+
+ private:
+  void Command4_Click();
+
+  TargetForm& target_;
+  Space& space_;
+  std::string initFolder_;  ///< what the panel that is not active showed when the dialog opened
+};
+
+}  // namespace varnholt::fileops

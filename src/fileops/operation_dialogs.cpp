@@ -1,0 +1,83 @@
+#include "fileops/operation_dialogs.hpp"
+
+#include "panels/command_table.hpp"
+
+#include <utility>
+
+namespace varnholt::fileops {
+
+OperationForm::OperationForm(controls::MessageLoop& loop, OperationWords words, controls::TextBox& item,
+                             controls::TextBox& summary)
+    : Form(loop, words.form), words(std::move(words)), item(item), summary(summary) {
+  Caption = this->words.caption;
+  for (controls::TextBox* box : {&Text1, &Text2, &Text3})
+    box->Locked = true;
+  item.ToolTipText = "The item in hand";
+  summary.ToolTipText = "What is selected";
+  Text3.ToolTipText = "The folder in question";
+  Label4.AccessibleName = "Size of what is selected";
+  Label5.AccessibleName = "Progress";
+  Command11.Caption = this->words.button;
+  Command11.ToolTipText = this->words.buttonTip;
+  Command1.Caption = "&Stop";
+  Command1.ToolTipText = "Stop Operation !";
+  Command1.Enabled = false;
+  Command2.Caption = "&Cancel";
+  Command2.ToolTipText = "Cancel Operation";
+  Command3.Caption = "Si&ze";
+  Command3.ToolTipText = "Calculates size of selected item(s)";
+  defaultButton = "Command11";
+  cancelButton = "Command2";
+  Command1.Click = [this] { StopFlag = true; };
+  QueryUnload = [this](bool& keep) {
+    if (!running_) return;
+    keep = true;
+    StopFlag = true;
+  };
+  hideProgress();
+}
+
+void OperationForm::setRunning(bool running) {
+  running_ = running;
+  Command1.Enabled = running;
+  for (controls::Button* button : {&Command11, &Command2, &Command3})
+    button->Enabled = !running;
+  rest(running);
+}
+
+void OperationForm::showProgress(const std::string& line) {
+  ProgressBar1.Visible = true;
+  Label5.Caption = line;
+  Label5.Visible = true;
+}
+
+void OperationForm::hideProgress() {
+  ProgressBar1.Visible = false;
+  ProgressBar1.Value = 0;
+  Label5.Caption = "";
+  Label5.Visible = false;
+}
+
+TargetForm::TargetForm(controls::MessageLoop& loop, OperationWords words)
+    : OperationForm(loop, std::move(words), Text1, Text2) {
+  Command4.Caption = "&Browse";
+  Command4.ToolTipText = "Browse to folder using treeview";
+  Command5.Enabled = false;
+}
+
+fileops::Form3::Form3(controls::MessageLoop& loop)
+    : TargetForm(loop, {"Form3", "Copy", "Copy Item(s)", "C&opy", "Copies selected item(s)"}) {
+  Command5.Caption = "Copy &As";
+  Command5.ToolTipText = "Copy File As New Name." + std::string(panels::NotYetBuilt);
+}
+
+fileops::Form5::Form5(controls::MessageLoop& loop)
+    : TargetForm(loop, {"Form5", "Move", "Move Item(s)", "&Move", "Moves selected item(s)"}) {
+  Command5.Caption = "Move &As";
+  Command5.ToolTipText = "Move Item as New Name." + std::string(panels::NotYetBuilt);
+}
+
+fileops::Form4::Form4(controls::MessageLoop& loop)
+    : OperationForm(loop, {"Form4", "Delete", "Delete Item(s)", "&Delete", "Deletes selected item(s)"}, Text2, Text1) {}
+
+}  // namespace varnholt::fileops

@@ -1,0 +1,176 @@
+#include "fileops/overwrite_policy.hpp"
+
+#include "core/format.hpp"
+#include "core/item_text.hpp"
+#include "core/text_character.hpp"
+#include "core/wildcard.hpp"
+#include "platform/paths.hpp"
+
+namespace varnholt::fileops {
+namespace {
+
+namespace paths = platform::paths;
+using controls::pointer::Default;
+using controls::pointer::Hourglass;
+
+constexpr std::int64_t AcceptedSeconds = 2;
+constexpr std::size_t LongTarget = 40;
+
+}  // namespace
+
+bool NotNewer(const platform::Date& first, const platform::Date& second) {
+  return second.seconds - first.seconds <= AcceptedSeconds;
+}
+
+struct OverwritePolicy::Facts {
+  std::uint64_t size = 0;
+  platform::Date modified;
+  std::string version;
+};
+
+OverwritePolicy::OverwritePolicy(const Context& context, Form7& form7, Form10& form10)
+    : context_(context), form7_(form7), form10_(form10) {
+  form7_.answeredForAll = [this] { context_.form.OverwritePrompt = false; };
+}
+
+// --- Questions -----------------------------------------------------------------------------------------------------
+
+// A file that cannot be read shows what was read so far.
+OverwritePolicy::Facts OverwritePolicy::factsOf(const std::string& path) const {
+  Facts facts;
+  if (const auto info = context_.files().info(path)) {
+    facts.size = info->size;
+    facts.modified = info->modified;
+  }
+  facts.version = context_.files().fileVersion(path).valueOr("");
+  if (facts.version.empty()) facts.version = "NA";
+  return facts;
+}
+
+std::string OverwritePolicy::factsLine(const Facts& facts) const {
+  const auto& platform = context_.program.platform;
+  return "Date L.m: " +
+         core::propertiesDate(context_.program.init.DateTimeFormat, platform.clock.local(facts.modified)) +
+         "   Size: " + core::format("###,###", facts.size, platform.regional) + "   Version: " + facts.version;
+}
+
+void OverwritePolicy::ask() {
+  const int before = context_.pointer();
+  context_.pointer() = Default;
+  form7_.Label5.Visible = true;
+  form7_.Command4.Enabled = renameTarget && copyDialogVisible && copyDialogVisible();
+  form7_.ShowModal();
+  context_.pointer() = before;
+}
+
+void OverwritePolicy::copywarning(const std::string& name) {
+  context_.dispatcher.Fileident();
+  const std::string target = context_.target(name);
+  const Facts from = factsOf(context_.form.SourcePath), to = factsOf(target);
+  const bool equal = NotNewer(from.modified, to.modified) && NotNewer(to.modified, from.modified) &&
+                     from.size == to.size && from.version == to.version;
+  form7_.Caption = equal ? "Overwrite Warning !, - Files Equal !" : "Overwrite Warning !, - Files Not Equal !";
+  form7_.Label1.Caption = "Source FileName:     " + name;
+  form7_.Label2.Caption = factsLine(from);
+  form7_.Label3.Caption = "Target FileName:     " + core::shortened(target, LongTarget + 1, LongTarget);
+  form7_.Label4.Caption = factsLine(to);
+  ask();
+}
+
+Overwrite OverwritePolicy::RenameWarning(const std::string& from, const std::string& to) {
+  const auto& platform = context_.program.platform;
+  const bool caseOnly = context_.files().sameEntry(from, to);
+  const auto line = [&](const std::string& path) {
+    const Facts facts = factsOf(path);
+    return "Date:  " +
+           core::propertiesDate(context_.program.init.DateTimeFormat, platform.clock.local(facts.modified)) +
+           (caseOnly ? "       size:  " : "       Size:  ") + core::format("#,#", facts.size, platform.regional) +
+           " Bytes";
+  };
+  form7_.Caption = "Overwrite Warning !";
+  form7_.Label1.Caption =
+      (caseOnly ? "With Filename:     " : "OverWrite File:     ") + std::string(paths::fileName(from));
+  form7_.Label2.Caption = line(from);
+  form7_.Label3.Caption = (caseOnly ? "As New File:        " : "With File:     ") + std::string(paths::fileName(to));
+  form7_.Label4.Caption = line(to);
+  ask();
+  return form7_.OverwriteAnswer;
+}
+
+bool OverwritePolicy::ConfirmVersion(const std::string& source, const std::string& target) {
+  const std::string from = context_.files().fileVersion(source).valueOr("");
+  const std::string to = context_.files().fileVersion(target).valueOr("");
+  if (core::wildcardMatch(to, from)) return true;
+  const auto line = [](const char* label, const std::string& path, const std::string& version) {
+    return label + std::string(paths::fileName(path)) + "  " + version + "\r";
+  };
+  context_.pointer() = Default;
+  const bool agreed =
+      context_.program.dialogs.AskRetry("File Versions Differ !\r" + line("Source File:  ", source, from) +
+                                        line("Target File:  ", target, to) + "Still Want To OverWrite ?");
+  context_.pointer() = Hourglass;
+  return agreed;
+}
+
+// --- Decisions -----------------------------------------------------------------------------------------------------
+
+Outcome OverwritePolicy::decide(const std::string& name) {
+  if (context_.form.OverwritePrompt) copywarning(name);
+  const std::string target = context_.target(name);
+  switch (form7_.OverwriteAnswer) {
+  case Overwrite::ThisOne:
+    return mayReplaceProtected(name, target) ? Outcome::Copy : Outcome::Skipped;
+  case Overwrite::All:
+    return confirmAll(target) ? Outcome::Copy : Outcome::CopiedAlready;
+  case Overwrite::AllOlder: {
+    const Facts from = factsOf(context_.form.SourcePath), to = factsOf(target);
+    if (NotNewer(to.modified, from.modified)) return Outcome::CopiedAlready;
+    return confirmAll(target) ? Outcome::Copy : Outcome::CopiedAlready;
+  }
+  case Overwrite::RenameTarget:
+    askNewName(name);
+    return Outcome::Copy;
+  case Overwrite::Skip:
+    return Outcome::Skipped;
+  case Overwrite::Cancel:
+  case Overwrite::None:
+    break;
+  }
+  return Outcome::Ends;
+}
+
+// The rename has items in hand of its own.
+void OverwritePolicy::askNewName(const std::string& name) {
+  const std::string item = context_.form.CurrentItem;
+  if (renameTarget) renameTarget(context_.form.TargetPath, name);
+  context_.form.CurrentItem = item;
+  context_.dispatcher.Fileident();
+}
+
+bool OverwritePolicy::confirmAll(const std::string& target) {
+  if (!ConfirmVersion(context_.form.SourcePath, target)) return false;
+  unprotect(target, context_.files().attributes(target).valueOr(0));
+  return true;
+}
+
+bool OverwritePolicy::mayReplaceProtected(const std::string& name, const std::string& target) {
+  const platform::Attributes attributes = context_.files().attributes(target).valueOr(0);
+  const bool plain = attributes == platform::attribute::Archive || form10_.AttrAnswer == AttributeAnswer::All;
+  if (!plain) {
+    context_.pointer() = Default;
+    form10_.atribtrap(attributes, name);
+    context_.pointer() = Hourglass;
+    if (form10_.AttrAnswer == AttributeAnswer::None) return true;
+    if (form10_.AttrAnswer == AttributeAnswer::Skip || form10_.AttrAnswer == AttributeAnswer::CancelAll) return false;
+  }
+  unprotect(target, attributes);
+  return true;
+}
+
+// A target that stays protected makes the copy fail, which is seen afterwards.
+void OverwritePolicy::unprotect(const std::string& target, platform::Attributes attributes) {
+  if (attributes != platform::attribute::Archive)
+    (void)context_.files().setAttributes(target, platform::attribute::Archive);
+}
+
+}  // namespace varnholt::fileops

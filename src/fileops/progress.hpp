@@ -1,0 +1,15 @@
+#pragma once
+
+#include "fileops/operation_dialogs.hpp"
+#include "panels/form1.hpp"
+
+namespace varnholt::fileops {
+
+/// `pbar_beregning`: the main window's bar shows the share of handled items.
+void pbar_beregning(panels::Form1& form);
+
+/// `PogressCal`: the dialog's bar shows the item as done and, of two or more items, the overall share. Nothing as long
+/// as no byte is done.
+void PogressCal(panels::Form1& form, OperationForm& dialog);
+
+}  // namespace varnholt::fileops

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "fileops/context.hpp"
+#include "fileops/operation_dialogs.hpp"
+
+#include <cstdint>
+#include <string>
+
+namespace varnholt::fileops {
+
+/// `FreeSpaceText`: "[ 12,345 MB Free ]", "[ 12 KB Free ]", or "[ NA ]" for a drive that tells nothing.
+std::string FreeSpaceText(const platform::Result<platform::DriveInfo>& drive,
+                          const platform::RegionalFormats& regional);
+
+/// Looks at the room that the target has, and at the room that a selection needs.
+class Space {
+ public:
+  explicit Space(const Context& context) : context_(context) {}
+
+  /// `DiskAvailable`: sets `SpaceProblem` when the target cannot be written to, or when it is nearly full and the user
+  /// was asked; the answer stands in `AlertAnswer`. `moving` on one drive needs no room.
+  void DiskAvailable(bool moving);
+  /// `ValidateSpaceNeeded`: sets `SpaceRefused` when what is selected needs as much as the target has, or more.
+  void ValidateSpaceNeeded(OperationForm& dialog);
+  /// `selectsize`: the size of all that is selected, in the dialog's size line.
+  void selectsize(OperationForm& dialog);
+
+ private:
+  struct Folders;
+  std::uint64_t sizeOf(const std::string& item);
+  std::uint64_t folderBytes(const std::string& folder);
+  std::uint64_t needOf(const std::string& item, Folders& folders);
+
+  Context context_;
+};
+
+}  // namespace varnholt::fileops
