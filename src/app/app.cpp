@@ -24,7 +24,8 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       looks(Form1, program, activePanel),
       choices(Form1, program, listing, activePanel),
       state(Form1, Form9, program, histories),
-      navigation(Form1, program, listing, activePanel, histories),
+      drives(Form1, program),
+      navigation(Form1, program, listing, activePanel, histories, drives),
       selection(Form1, program, listing, activePanel),
       opener(program, histories),
       icons(program),
@@ -34,8 +35,10 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       trees(Form9, Form1, program),
       Form35(program),
       fileops({Form1, program, dispatcher, listing, navigation, selection, trees, Form35}),
+      form8(loop, core::programVersion()),
+      shortcuts(Form1, program),
       NewSkin(program),
-      start({Form1, program, listing, activePanel, looks, choices, state, histories, frmTip}) {
+      start({Form1, program, listing, activePanel, looks, choices, state, histories, drives, frmTip}) {
   Form1.commands.add(allCommands());
   bindCommands();
   Form1.Menu.build(Form1.commands);
@@ -86,6 +89,7 @@ void App::bindCommands() {
   bind("ResetCol_Click", [this] { state.ResetCol_Click(); });
   // What is shown
   bind("refrechview_Click", [this] {
+    drives.refresh();
     navigation.leaveVanished();
     listing.viewrefresh();
   });
@@ -146,6 +150,10 @@ void App::bindCommands() {
   for (const char* handler : {"Command4_Click", "Deleteitems_Click"})
     bind(handler, [this] { fileops.Delete.start(); });
   bind("ValCopyMove_Click", [this] { fileops.ValCopyMove_Click(); });
+  // The system and the program itself
+  bind("Dos_Click", [this] { shortcuts.Dos_Click(); });
+  bind("Readme_Click", [this] { shortcuts.Readme_Click(); });
+  bind("About_program_Click", [this] { form8.ShowModal(); });
   // Plain check marks
   for (const char* entry : {"Auto_Save", "AutoSaveHis", "WinStart", "selhis", "Psi", "TipStart"})
     bind((std::string(entry) + "_Click").c_str(), [this, entry] {
@@ -221,14 +229,15 @@ void App::bindHooks() {
   drops.dropFiles = [this](panels::Panel& panel, const std::vector<std::string>& files, bool move) {
     return fileops.dropFiles(panel, files, move);
   };
+  drives.drivesChanged = [this] { navigation.leaveVanished(); };
   start.enter = [this](panels::Panel& panel) { navigation.enter(panel); };
   frmTip.keepChoice = [this] {
     program.init.Tip_State = frmTip.LoadTip.Value ? "1" : "0";
     Form1.Menu["TipStart"].Checked = frmTip.LoadTip.Value == 0;
     program.settings.save(core::setting::Tip_State, program.init.Tip_State);
   };
-  for (controls::Form* dialog :
-       std::initializer_list<controls::Form*>{&dialogs.Form11, &dialogs.Form12, &dialogs.Form13, &frmTip, &Form35})
+  for (controls::Form* dialog : std::initializer_list<controls::Form*>{&dialogs.Form11, &dialogs.Form12,
+                                                                       &dialogs.Form13, &frmTip, &Form35, &form8})
     NewSkin.addDialog(*dialog);
   for (controls::Form* dialog : fileops.dialogs())
     NewSkin.addDialog(*dialog);

@@ -7,6 +7,7 @@
 #include "panels/active_panel.hpp"
 #include "panels/browse_dialog.hpp"
 #include "panels/dispatcher.hpp"
+#include "panels/drive_lists.hpp"
 #include "panels/drops.hpp"
 #include "panels/file_opener.hpp"
 #include "panels/form1.hpp"
@@ -21,6 +22,8 @@
 #include "panels/selection.hpp"
 #include "panels/tree_window.hpp"
 #include "panels/view_choices.hpp"
+#include "tools/about.hpp"
+#include "tools/system_shortcuts.hpp"
 
 namespace varnholt::app {
 
@@ -46,6 +49,7 @@ class App {
   panels::ListLooks looks;
   panels::ViewChoices choices;
   panels::ProgramState state;
+  panels::DriveLists drives;
   panels::Navigation navigation;
   panels::Selection selection;
   panels::FileOpener opener;
@@ -56,6 +60,8 @@ class App {
   panels::TreeWindow trees;
   panels::Form35 Form35;
   fileops::FileOps fileops;
+  tools::form8 form8;
+  tools::SystemShortcuts shortcuts;
   appearance::NewSkin NewSkin;
   panels::MainWindowStart start;
 

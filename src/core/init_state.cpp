@@ -13,7 +13,7 @@ constexpr std::pair<const SettingKey*, std::string InitState::*> Fields[] = {
     {&setting::MainViewState, &InitState::MainViewState}, {&setting::GetColorState, &InitState::GetColorState},
     {&setting::GetColorMenu, &InitState::GetColorMenu},   {&setting::VDTViewState, &InitState::VDTViewState},
     {&setting::AutoPosition, &InitState::AutoPosition},   {&setting::VDT_State, &InitState::VDT_State},
-    {&setting::Tip_State, &InitState::Tip_State},
+    {&setting::Tip_State, &InitState::Tip_State},         {&setting::WinStart, &InitState::WinStart},
 };
 
 }  // namespace

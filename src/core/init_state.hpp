@@ -9,7 +9,7 @@ namespace varnholt::core {
 /// The start-up state: each value lives all run long as the text that the store holds, and is compared as text.
 struct InitState {
   std::string Skintype, LastCommand, LockCommand, SelectFolders, ValidateCM, DateTimeFormat, DateSystem, FolderHistory,
-      MainViewState, GetColorState, GetColorMenu, VDTViewState, AutoPosition, VDT_State, Tip_State;
+      MainViewState, GetColorState, GetColorMenu, VDTViewState, AutoPosition, VDT_State, Tip_State, WinStart;
 };
 
 /// Reads the state; a missing value gets its default. Without a stored clock format the region's own clock decides.

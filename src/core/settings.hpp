@@ -43,6 +43,7 @@ inline constexpr K Tip_State{M, "Tip_State", "Init", "0", "1: no tip at start"};
 inline constexpr K ValidateCM{M, "ValidateCM", "Init", "0", "1: validate copy and move; -1 reads as on"};
 inline constexpr K VDT_State{M, "VDT_State", "Init", "0", "1: Virtual DeskTop on at start"};
 inline constexpr K VDTViewState{M, "VDTViewState", "Init", "Default.Pro", "project file name"};
+inline constexpr K WinStart{M, "WinStart", "Init", "0", "1: a drive opens at the folder that was shown there last"};
 
 inline constexpr K Left{M, "Position", "Left", "", "of the main window, twips"};
 inline constexpr K Top{M, "Position", "Top", "", "of the main window, twips"};

@@ -8,29 +8,12 @@ namespace {
 
 namespace paths = platform::paths;
 
-const char* driveIcon(platform::DriveType type) {
-  switch (type) {
-  case platform::DriveType::Removable:
-    return "drive-removable";
-  case platform::DriveType::Network:
-    return "drive-network";
-  case platform::DriveType::CdRom:
-    return "drive-cd";
-  case platform::DriveType::RamDisk:
-    return "drive-ram";
-  case platform::DriveType::Fixed:
-  case platform::DriveType::Unknown:
-    break;
-  }
-  return "drive-fixed";
-}
-
 }  // namespace
 
 // --- Form_Load -----------------------------------------------------------------------------------------------------
 
 void MainWindowStart::Form_Load() {
-  auto& [form, program, listing, active, looks, choices, state, histories, tip] = p_;
+  auto& [form, program, listing, active, looks, choices, state, histories, drives, tip] = p_;
   state.RestorePositions();
 
   form.ProgressBar1.Min = 0;
@@ -46,7 +29,7 @@ void MainWindowStart::Form_Load() {
   form.Menu["HidSysfiles"].Checked = hiddenShown;
   choices.showFilterLine();
 
-  fillDrives();
+  drives.fill();
   startFolders();
   setColumns();
   state.restoreColumns();
@@ -71,20 +54,6 @@ void MainWindowStart::Form_Load() {
   colorMenuState();
 }
 
-void MainWindowStart::fillDrives() {
-  auto& form = p_.form;
-  for (const char letter : p_.program.platform.drives.letters()) {
-    platform::Result<platform::DriveInfo> info = platform::Error{};
-    p_.program.loop.runBlocking([&] { info = p_.program.platform.drives.info(letter); });
-    std::string text(1, letter);
-    text += ':';
-    if (info && !info->label.empty()) text += " [" + info->label + "]";
-    const std::string icon = driveIcon(info ? info->type : platform::DriveType::Unknown);
-    form.Drive1.AddItem(text, icon);
-    form.Drive2.AddItem(text, icon);
-  }
-}
-
 void MainWindowStart::startFolders() {
   auto& form = p_.form;
   const std::string systemDrive = p_.program.platform.environment.variable("SystemDrive");
@@ -99,12 +68,7 @@ void MainWindowStart::startFolders() {
     }
     form.InitFolder = form.Panel2.path();
   }
-  for (Panel* panel : {&form.Panel1, &form.Panel2}) {
-    const auto& items = panel->controls.Drive.Items.get();
-    for (std::size_t at = 0; at < items.size(); ++at)
-      if (items[at].text.substr(0, 2) == paths::driveOf(panel->path()))
-        panel->controls.Drive.choose(static_cast<int>(at));
-  }
+  p_.drives.ViewDriveSelection();
 }
 
 void MainWindowStart::setColumns() {
@@ -139,6 +103,7 @@ void MainWindowStart::ApplyInitState() {
   menu["DateTime12"].Checked = init.DateTimeFormat != "0";
   if (init.FolderHistory == "1") menu["AutoSaveHis"].Checked = true;
   if (init.GetColorState == "1") menu["ShiftColorOther"].Checked = true;
+  if (init.WinStart == "1") menu["WinStart"].Checked = true;
   if (init.AutoPosition == "1") menu["Auto_Save"].Checked = true;
   menu["TipStart"].Checked = init.Tip_State == "0";
   p_.tip.LoadTip.Value = init.Tip_State == "0" ? 0 : 1;
@@ -189,6 +154,7 @@ void MainWindowStart::LoadHistoryFiles() {
 
 void MainWindowStart::Form_Activate() {
   auto& menu = p_.form.Menu;
+  p_.drives.refresh();
   const bool first = !std::exchange(activated_, true);
   if (first && p_.program.init.VDT_State == "1") {
     menu["VDTstartup"].Checked = true;

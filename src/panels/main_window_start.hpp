@@ -3,6 +3,7 @@
 #include "core/program.hpp"
 #include "core/start_windows.hpp"
 #include "panels/active_panel.hpp"
+#include "panels/drive_lists.hpp"
 #include "panels/form1.hpp"
 #include "panels/histories.hpp"
 #include "panels/list_looks.hpp"
@@ -26,6 +27,7 @@ class MainWindowStart {
     ViewChoices& choices;
     ProgramState& state;
     Histories& histories;
+    DriveLists& drives;
     core::frmTip& tip;
   };
   explicit MainWindowStart(Parts parts) : p_(parts) {}
@@ -42,7 +44,6 @@ class MainWindowStart {
  private:
   void startFolders();
   void setColumns();
-  void fillDrives();
   void applyCommands();
   void colorMenuState();
 

@@ -232,15 +232,6 @@ void Navigation::ImageCombo1_Click() {
   listing_.FocusView();
 }
 
-void Navigation::ViewDriveSelection() {
-  for (Panel* panel : {&form_.Panel1, &form_.Panel2}) {
-    const auto& items = panel->controls.Drive.Items.get();
-    for (std::size_t at = 0; at < items.size(); ++at)
-      if (paths::driveOf(items[at].text) == paths::driveOf(panel->path()))
-        panel->controls.Drive.choose(static_cast<int>(at));
-  }
-}
-
 std::string Navigation::folderForDrive(const std::string& drive) const {
   if (form_.Menu.checked("WinStart")) {
     const std::string last = histories_.lastFolder(drive);

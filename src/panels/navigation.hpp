@@ -2,6 +2,7 @@
 
 #include "core/program.hpp"
 #include "panels/active_panel.hpp"
+#include "panels/drive_lists.hpp"
 #include "panels/form1.hpp"
 #include "panels/histories.hpp"
 #include "panels/listing.hpp"
@@ -14,8 +15,9 @@ namespace varnholt::panels {
 /// Moves the panels from folder to folder. A panel never stays on a folder that does not exist.
 class Navigation {
  public:
-  Navigation(Form1& form, core::Program& program, Listing& listing, ActivePanel& active, Histories& histories)
-      : form_(form), program_(program), listing_(listing), active_(active), histories_(histories) {}
+  Navigation(Form1& form, core::Program& program, Listing& listing, ActivePanel& active, Histories& histories,
+             DriveLists& drives)
+      : form_(form), program_(program), listing_(listing), active_(active), histories_(histories), drives_(drives) {}
 
   // --- The stacks of places --------------------------------------------------------------------------------------
   void fstack_push(Panel& panel) { panel.backStack.push(panel.path()); }
@@ -48,7 +50,7 @@ class Navigation {
   void ResetHomeDrive_Click();
   void ImageCombo1_Click();
   /// Both drive lists show the panels' drives.
-  void ViewDriveSelection();
+  void ViewDriveSelection() { drives_.ViewDriveSelection(); }
   /// `Drive1_Change`, `Drive2_Change`: another drive was chosen in the panel's drive list.
   void DriveChange(Panel& panel);
 
@@ -86,6 +88,7 @@ class Navigation {
   Listing& listing_;
   ActivePanel& active_;
   Histories& histories_;
+  DriveLists& drives_;
 };
 
 }  // namespace varnholt::panels

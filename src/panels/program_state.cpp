@@ -107,6 +107,7 @@ void ProgramState::collectFromMenus() {
   init.MainViewState = grid && shift ? "3" : grid ? "2" : shift ? "1" : "0";
   init.VDT_State = flag(menu["VDTstartup"].Checked);
   init.Tip_State = flag(!menu["TipStart"].Checked);
+  init.WinStart = flag(menu["WinStart"].Checked);
   init.AutoPosition = flag(menu["Auto_Save"].Checked);
   init.GetColorState = flag(menu["ShiftColorOther"].Checked);
 }

@@ -11,6 +11,7 @@
 #include "ui_form4.h"
 #include "ui_form5.h"
 #include "ui_form7.h"
+#include "ui_form8.h"
 #include "ui_form9.h"
 #include "ui_frm_splash.h"
 #include "ui_frm_tip.h"
@@ -40,17 +41,12 @@ struct Row {
 };
 
 constexpr Row Forms[] = {
-    {"Form1", build<Ui::Form1, QMainWindow>},
-    {"Form3", build<Ui::Form3, SkinDialog>},
-    {"Form4", build<Ui::Form4, SkinDialog>},
-    {"Form5", build<Ui::Form5, SkinDialog>},
-    {"Form7", build<Ui::Form7, SkinDialog>},
-    {"Form9", build<Ui::Form9, QMainWindow>},
-    {"Form10", build<Ui::Form10, SkinDialog>},
-    {"Form11", build<Ui::Form11, SkinDialog>},
-    {"Form12", build<Ui::Form12, SkinDialog>},
-    {"Form13", build<Ui::Form13, SkinDialog>},
-    {"frmSplash", buildSplash},
+    {"Form1", build<Ui::Form1, QMainWindow>},  {"Form3", build<Ui::Form3, SkinDialog>},
+    {"Form4", build<Ui::Form4, SkinDialog>},   {"Form5", build<Ui::Form5, SkinDialog>},
+    {"Form7", build<Ui::Form7, SkinDialog>},   {"form8", build<Ui::form8, SkinDialog>},
+    {"Form9", build<Ui::Form9, QMainWindow>},  {"Form10", build<Ui::Form10, SkinDialog>},
+    {"Form11", build<Ui::Form11, SkinDialog>}, {"Form12", build<Ui::Form12, SkinDialog>},
+    {"Form13", build<Ui::Form13, SkinDialog>}, {"frmSplash", buildSplash},
     {"frmTip", build<Ui::frmTip, SkinDialog>},
 };
 

@@ -327,5 +327,33 @@ TEST_F(OpeningTest, AnOpenerThatFailsEndsInTheAlternateMethod) {
             "[Default]\r\nBASEURL=file://C:\\a.xyz\r\n[InternetShortcut]\r\nURL=file:///C:\\a.xyz\r\n");
 }
 
+TEST_F(NavigationTest, ADriveThatGoesAwayTakesItsPanelHome) {
+  ASSERT_TRUE(rig.app().navigation.goTo(right(), "D:\\"));
+  const auto shown = [&] {
+    std::string letters;
+    for (const auto& item : form().Drive2.Items.get())
+      letters += item.text.front();
+    return letters;
+  };
+  EXPECT_EQ(shown(), "CDZ");
+  rig.drives->away = {'D'};
+  form().Activate();
+  EXPECT_EQ(shown(), "CZ");
+  EXPECT_EQ(right().path(), "C:\\");
+  EXPECT_EQ(form().Drive2.Text->front(), 'C');
+  rig.drives->away.clear();
+  rig.command("refrechview_Click");
+  EXPECT_EQ(shown(), "CDZ");
+  EXPECT_EQ(right().path(), "C:\\");
+}
+
+TEST_F(NavigationTest, ARefreshLeavesAFolderThatIsGone) {
+  rig.makeFolder("C:\\one\\two\\three");
+  ASSERT_TRUE(rig.app().navigation.goTo(left(), "C:\\one\\two\\three"));
+  std::filesystem::remove_all(rig.systemPath("C:\\one\\two"));
+  rig.command("refrechview_Click");
+  EXPECT_EQ(left().path(), "C:\\one\\");
+}
+
 }  // namespace
 }  // namespace varnholt::app

@@ -293,5 +293,15 @@ TEST_F(StartTest, ADamagedSettingsFileIsSetAsideAndTold) {
   EXPECT_TRUE(rig.platform->files.fileExists(file + ".damaged-1"));
 }
 
+TEST_F(StartTest, TheFolderOfADriveIsAChoiceThatStays) {
+  ASSERT_TRUE(rig.start());
+  EXPECT_FALSE(rig.menu("WinStart").Checked);
+  rig.menu("WinStart").choose();
+  closeWindow();
+  rig.restart();
+  ASSERT_TRUE(rig.start());
+  EXPECT_TRUE(rig.menu("WinStart").Checked);
+}
+
 }  // namespace
 }  // namespace varnholt::app

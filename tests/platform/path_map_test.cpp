@@ -178,5 +178,24 @@ TEST(DriveSources, ReloadSeesNewVolume) {
   EXPECT_TRUE(map.toSystem("D:\\"));
 }
 
+TEST(DriveSources, ALetterNeverComesToMeanAnotherVolume) {
+  const test::ScratchFolder scratch;
+  const std::string first = "30 22 8:17 / /mnt/a rw - vfat /dev/sdb1 rw\n";
+  const std::string second = "31 22 8:18 / /mnt/b rw - vfat /dev/sdb2 rw\n";
+  const std::string third = "32 22 8:19 / /mnt/c rw - vfat /dev/sdb3 rw\n";
+  PathMap map(DriveSources{"", "", "/home/me", scratch.write("mountinfo", first + second)});
+  const auto reads = [&](const std::string& mounts) {
+    scratch.write("mountinfo", mounts);
+    map.reload();
+    std::string drives;
+    for (const DriveMapping& drive : map.drives())
+      drives += drive.letter + ("=" + drive.folder) + ";";
+    return drives;
+  };
+  EXPECT_EQ(reads(second), "C=/home/me;E=/mnt/b;Z=/;");
+  EXPECT_EQ(reads(third + second), "C=/home/me;E=/mnt/b;F=/mnt/c;Z=/;");
+  EXPECT_EQ(reads(third + second + first), "C=/home/me;D=/mnt/a;E=/mnt/b;F=/mnt/c;Z=/;");
+}
+
 }  // namespace
 }  // namespace varnholt::platform::posix

@@ -30,7 +30,9 @@ void AppRig::restart() {
   const platform::Platform& real = host->platform();
   wrapped_ = wrapper_ ? wrapper_(real.files) : nullptr;
   platform::FileSystem& files = wrapped_ ? *wrapped_ : real.files;
-  platform.reset(new platform::Platform{files, real.drives, real.environment, real.settings, real.registry, real.shell,
+  drives = std::make_unique<RemovableDrives>(real.drives);
+  platform::Shell& shell = shell_ ? *shell_ : real.shell;
+  platform.reset(new platform::Platform{files, *drives, real.environment, real.settings, real.registry, shell,
                                         real.fileTypes, real.system, clock, platform::RegionalFormats{},
                                         real.programFolder, real.assetsFolder, real.startNotices, real.toSystem,
                                         real.toProgram});
@@ -40,6 +42,12 @@ void AppRig::restart() {
 void AppRig::useFiles(Wrapper wrapper) {
   wrapper_ = std::move(wrapper);
   restart();
+}
+
+RecordingShell& AppRig::useRecordingShell() {
+  shell_ = std::make_unique<RecordingShell>();
+  restart();
+  return *shell_;
 }
 
 bool AppRig::start(bool withTip) {

@@ -4,6 +4,7 @@
 #include "support/fixed_clock.hpp"
 #include "support/scratch_folder.hpp"
 #include "support/scripted_loop.hpp"
+#include "support/stand_ins.hpp"
 
 #include <functional>
 #include <memory>
@@ -25,6 +26,8 @@ class AppRig {
   /// Puts a file system of the test's own between the program and the real one, and builds the program anew.
   using Wrapper = std::function<std::unique_ptr<platform::FileSystem>(platform::FileSystem& real)>;
   void useFiles(Wrapper wrapper);
+  /// Starts no program from here on, and gives what records them. Builds the program anew.
+  RecordingShell& useRecordingShell();
   /// Runs `Main`, with the splash going away by itself, and activates the main window. The tip is not shown unless
   /// `withTip`, which expects it first. False: the program has ended.
   bool start(bool withTip = false);
@@ -57,11 +60,13 @@ class AppRig {
   FixedClock clock;
   ScriptedLoop loop;
   std::unique_ptr<platform::PlatformHost> host;
+  std::unique_ptr<RemovableDrives> drives;
   std::unique_ptr<platform::Platform> platform;
   std::string programFolder() const { return platform->programFolder; }
 
  private:
   Wrapper wrapper_;
+  std::unique_ptr<RecordingShell> shell_;
   std::unique_ptr<platform::FileSystem> wrapped_;
   std::unique_ptr<app::App> app_;
 };

@@ -118,10 +118,10 @@ DriveSources DriveSources::fromSystem() {
   return sources;
 }
 
-std::vector<DriveMapping> DriveSources::read() const {
+std::vector<DriveMapping> DriveSources::read(const std::vector<DriveMapping>& current) const {
   if (auto drives = parseDriveVariable(variable); !drives.empty()) return drives;
   if (auto drives = parseDriveFile(readSystemFile(configFile.c_str())); !drives.empty()) return drives;
-  return defaultDrives(home, readSystemFile(mountInfoFile.c_str()));
+  return defaultDrives(home, readSystemFile(mountInfoFile.c_str()), current);
 }
 
 std::vector<DriveMapping> parseDriveVariable(std::string_view text) {
@@ -162,13 +162,22 @@ std::vector<DriveMapping> parseDriveFile(std::string_view text) {
   return drives;
 }
 
-std::vector<DriveMapping> defaultDrives(const std::string& home, std::string_view mountInfo) {
+std::vector<DriveMapping> defaultDrives(const std::string& home, std::string_view mountInfo,
+                                        const std::vector<DriveMapping>& current) {
   std::vector<DriveMapping> drives{makeDrive('C', home.empty() ? "/" : home), makeDrive('Z', "/")};
+  const auto of = [](const std::vector<DriveMapping>& list, auto DriveMapping::*field, const auto& value) {
+    return std::find_if(list.begin(), list.end(), [&](const DriveMapping& each) { return each.*field == value; });
+  };
   char letter = 'D';
   for (const Mount& mount : parseMountInfo(mountInfo)) {
-    const bool known = std::any_of(drives.begin(), drives.end(), [&](auto& d) { return d.folder == mount.point; });
-    if (known || !isUserVolume(mount) || letter == 'Z') continue;
-    drives.push_back(makeDrive(letter++, mount.point));
+    if (of(drives, &DriveMapping::folder, mount.point) != drives.end() || !isUserVolume(mount)) continue;
+    if (const auto kept = of(current, &DriveMapping::folder, mount.point); kept != current.end()) {
+      drives.push_back(makeDrive(kept->letter, mount.point));
+      continue;
+    }
+    while (letter < 'Z' && of(current, &DriveMapping::letter, letter) != current.end())
+      ++letter;
+    if (letter < 'Z') drives.push_back(makeDrive(letter++, mount.point));
   }
   dropUnusable(drives);
   return drives;

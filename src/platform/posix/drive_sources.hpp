@@ -30,8 +30,8 @@ struct DriveSources {
 
   /// The process environment's.
   static DriveSources fromSystem();
-  /// Reads them. Drives by letter; of two with one letter the first stays.
-  std::vector<DriveMapping> read() const;
+  /// Reads them. Drives by letter; of two with one letter the first stays. `current`: as defaultDrives() takes it.
+  std::vector<DriveMapping> read(const std::vector<DriveMapping>& current = {}) const;
 };
 
 /// `C=/home/me;D=/data`. Parts without a letter or an absolute folder are passed over.
@@ -56,6 +56,9 @@ std::vector<DriveMapping> parseDriveVariable(std::string_view text);
 std::vector<DriveMapping> parseDriveFile(std::string_view text);
 
 /// C, Z, and a letter from D on for each volume below /media, /run/media and /mnt in mount order, as far as they go.
-std::vector<DriveMapping> defaultDrives(const std::string& home, std::string_view mountInfo);
+/// Drives that are `current` keep their letters, and a letter that has become free is not given again: a path that the
+/// program holds must never come to mean another volume.
+std::vector<DriveMapping> defaultDrives(const std::string& home, std::string_view mountInfo,
+                                        const std::vector<DriveMapping>& current = {});
 
 }  // namespace varnholt::platform::posix

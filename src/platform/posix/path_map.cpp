@@ -1,5 +1,7 @@
 #include "platform/posix/path_map.hpp"
 
+#include <algorithm>
+
 namespace varnholt::platform::posix {
 namespace {
 
@@ -67,7 +69,11 @@ void PathMap::set(std::vector<DriveMapping> drives) {
 std::vector<DriveMapping> PathMap::drives() const { return *table(); }
 
 void PathMap::reload() {
-  if (!fixed_) set(sources_.read());
+  if (fixed_) return;
+  for (const DriveMapping& drive : *table())
+    if (std::none_of(seen_.begin(), seen_.end(), [&](const auto& each) { return each.letter == drive.letter; }))
+      seen_.push_back(drive);
+  set(sources_.read(seen_));
 }
 
 Result<std::string> PathMap::toSystem(std::string_view path) const {

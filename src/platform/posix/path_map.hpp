@@ -49,6 +49,7 @@ class PathMap {
 
   DriveSources sources_;
   bool fixed_ = false;
+  std::vector<DriveMapping> seen_;  ///< drives that had a letter before
   mutable std::mutex mutex_;
   Table table_;
 };

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "core/program.hpp"
+#include "panels/form1.hpp"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace varnholt::panels {
+
+/// The drive lists of both panels.
+class DriveLists {
+ public:
+  DriveLists(Form1& form, core::Program& program) : form_(form), program_(program) {}
+
+  /// Fills both lists with the drives that there are.
+  void fill();
+  /// Looks whether volumes have come or gone, and fills the lists again if so.
+  void refresh();
+  /// `ViewDriveSelection`: both lists show the drives of their panels.
+  void ViewDriveSelection();
+
+  /// A drive has gone: panels that show it must go elsewhere.
+  std::function<void()> drivesChanged;
+
+ private:
+  Form1& form_;
+  core::Program& program_;
+  std::vector<char> letters_;
+};
+
+}  // namespace varnholt::panels

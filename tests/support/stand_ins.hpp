@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/drives.hpp"
+#include "platform/shell.hpp"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace varnholt::test {
+
+/// Drives of which some can go away and come back.
+class RemovableDrives : public platform::Drives {
+ public:
+  explicit RemovableDrives(platform::Drives& real) : real_(real) {}
+
+  std::vector<char> away;
+
+  std::vector<char> letters() const override {
+    auto all = real_.letters();
+    std::erase_if(all, [this](char letter) { return isAway(letter); });
+    return all;
+  }
+  platform::Result<platform::DriveInfo> info(char letter) const override {
+    if (isAway(letter))
+      return platform::Error{platform::ErrorCode::InvalidPath, std::string(1, letter), "no such drive"};
+    return real_.info(letter);
+  }
+  void refresh() override { real_.refresh(); }
+
+ private:
+  bool isAway(char letter) const { return std::ranges::find(away, letter) != away.end(); }
+
+  platform::Drives& real_;
+};
+
+/// Starts nothing, and notes what was to be started and where.
+class RecordingShell : public platform::Shell {
+ public:
+  std::vector<std::pair<std::string, std::string>> started;
+
+  platform::Result<std::int64_t> start(const std::string& command, const std::string& folder) override {
+    started.emplace_back(command, folder);
+    return 1;
+  }
+  platform::Result<int> wait(std::int64_t) override { return 0; }
+};
+
+}  // namespace varnholt::test
