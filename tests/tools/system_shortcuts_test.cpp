@@ -1,4 +1,5 @@
 #include "core/diagnostic_log.hpp"
+#include "platform/paths.hpp"
 #include "support/app_rig.hpp"
 
 #include <gtest/gtest.h>
@@ -15,7 +16,7 @@ class SystemShortcutsTest : public testing::Test {
     rig.makeFolder("C:\\Work");
     rig.startLeft();
     ASSERT_TRUE(rig.app().navigation.goTo(rig.form().Panel1, "C:\\Work"));
-    windows = rig.app().program.folders.windir;
+    windows = platform::paths::withoutClosing(rig.app().program.folders.windir);
   }
   test::AppRig rig;
   test::RecordingShell* shell = nullptr;
