@@ -260,6 +260,20 @@ TEST_F(Adapters, ATreeShowsItsNodesAndTellsClicksOnce) {
   EXPECT_EQ(events, (std::vector<std::string>{"expand C:", "click Photos", "click Photos"}));
 }
 
+TEST_F(Adapters, ATreeThatGetsTheKeyboardClicksNothing) {
+  form.TreeView1.add(nullptr, "My Computer");
+  int clicks = 0;
+  form.TreeView1.NodeClick = [&](controls::TreeNode&) { ++clicks; };
+  draw();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  tree.setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(clicks, 0);
+  draw();
+  QTest::keyClick(&tree, Qt::Key_Down);
+  EXPECT_EQ(clicks, 1);
+}
+
 TEST_F(Adapters, ATreeThatHasChangedMeanwhileTellsNothingOfNodesThatAreGone) {
   form.TreeView1.add(nullptr, "old");
   int clicks = 0;
