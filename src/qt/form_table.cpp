@@ -6,6 +6,7 @@
 #include "ui_form11.h"
 #include "ui_form12.h"
 #include "ui_form13.h"
+#include "ui_form35.h"
 #include "ui_form9.h"
 #include "ui_frm_splash.h"
 #include "ui_frm_tip.h"
@@ -35,9 +36,13 @@ struct Row {
 };
 
 constexpr Row Forms[] = {
-    {"Form1", build<Ui::Form1, QMainWindow>},  {"Form9", build<Ui::Form9, QMainWindow>},
-    {"Form11", build<Ui::Form11, SkinDialog>}, {"Form12", build<Ui::Form12, SkinDialog>},
-    {"Form13", build<Ui::Form13, SkinDialog>}, {"frmSplash", buildSplash},
+    {"Form1", build<Ui::Form1, QMainWindow>},
+    {"Form9", build<Ui::Form9, QMainWindow>},
+    {"Form11", build<Ui::Form11, SkinDialog>},
+    {"Form12", build<Ui::Form12, SkinDialog>},
+    {"Form13", build<Ui::Form13, SkinDialog>},
+    {"Form35", build<Ui::Form35, SkinDialog>},
+    {"frmSplash", buildSplash},
     {"frmTip", build<Ui::frmTip, SkinDialog>},
 };
 
