@@ -97,6 +97,8 @@ class Adapters : public testing::Test, protected qt::Host {
   bool previewKey(controls::KeyEvent&) override { return false; }
   void focusTaken(controls::Control& control) override { form.focusMoved(&control); }
   qt::Pictures& pictures() override { return read; }
+  qt::DragAndDrop& dragAndDrop() override { return loop.dragAndDrop(); }
+  void afterDrop(std::function<void()> act) override { act(); }
 };
 
 TEST_F(Adapters, WhatTheProgramSetsIsShownAndFiresNothing) {

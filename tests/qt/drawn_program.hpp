@@ -12,6 +12,7 @@ namespace varnholt::test {
 class DrawnProgram : public testing::Test {
  protected:
   DrawnProgram() {
+    loop.dragAndDrop().setPaths({rig.platform->toSystem, rig.platform->toProgram});
     rig.write("C:\\Photos\\2024\\coast.jpg", "picture");
     rig.write("C:\\letter.txt", "Dear all");
     rig.write("D:\\backup.zip", "zip");
