@@ -2,7 +2,7 @@
 #include "drawn_program.hpp"
 
 #include <QAction>
-#include <QPushButton>
+#include <QComboBox>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -312,6 +312,33 @@ TEST_P(PanelRoad, TheCommandLineTakesTheKeyboardAndGivesItBack) {
   EXPECT_TRUE(line->isHidden());
   EXPECT_EQ(window->focusWidget(), widget);
   walk({key("the panel has its keys again", Qt::Key_Down, Plain, 1, {1})});
+}
+
+TEST_P(PanelRoad, CtrlThatGoesUpElsewhereIsUpHereToo) {
+  clickRow(4);
+  QTest::keyPress(widget, Qt::Key_Control);
+  ASSERT_TRUE(app.Form1.CtrlHeld);
+  QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::ControlModifier);
+  QCoreApplication::sendEvent(widget, &enter);
+  loop.flush();
+  QTest::keyRelease(usable<QLineEdit>(window, "Text3"), Qt::Key_Control);
+  QTest::keyClick(usable<QLineEdit>(window, "Text3"), Qt::Key_Escape);
+  loop.flush();
+  EXPECT_FALSE(app.Form1.CtrlHeld);
+  clickRow(6);
+  EXPECT_FALSE(panel().list.item(4).Ghosted()) << "a plain click drops the marks";
+}
+
+TEST_P(PanelRoad, ACtrlClickFromElsewhereKeepsTheMarks) {
+  clickRow(4);
+  auto* drives = usable<QComboBox>(window, side.list == Left.list ? "Drive1" : "Drive2");
+  drives->setFocus();
+  QTest::keyPress(drives, Qt::Key_Control);
+  const QPoint at = widget->visualRect(widget->model()->index(7, 0)).center();
+  QTest::mouseClick(widget->viewport(), Qt::LeftButton, Ctrl, at);
+  QTest::keyRelease(widget, Qt::Key_Control);
+  EXPECT_EQ(selectedRows(), (Rows{4, 7}));
+  EXPECT_TRUE(panel().list.item(4).Ghosted() && panel().list.item(7).Ghosted());
 }
 
 TEST_P(PanelRoad, TypedLettersSeekNames) {

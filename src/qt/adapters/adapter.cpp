@@ -21,6 +21,10 @@ QString buddyLabelOf(const QWidget& widget) {
   return {};
 }
 
+bool isModifier(int code) {
+  return code == controls::key::Shift || code == controls::key::Ctrl || code == controls::key::Alt;
+}
+
 }  // namespace
 
 Adapter::Adapter(Host& host, controls::Control& control, QWidget& widget)
@@ -107,7 +111,24 @@ QString Adapter::accessibleName() const {
 
 bool Adapter::keyPress(const QKeyEvent& event) {
   controls::KeyEvent key = keyOf(event);
+  if (isModifier(key.code)) modifiersDown_.insert(key.code);
   return host_.previewKey(key) || keyDown(key, event);
+}
+
+void Adapter::keyRelease(const QKeyEvent& event) {
+  if (event.isAutoRepeat()) return;
+  controls::KeyEvent key = keyOf(event);
+  modifiersDown_.erase(key.code);
+  keyUp(key);
+}
+
+void Adapter::releaseModifiers() {
+  for (const int code : std::exchange(modifiersDown_, {})) {
+    controls::KeyEvent key;
+    key.code = code;
+    keyUp(key);
+    if (abandoned_) return;
+  }
 }
 
 bool Adapter::keyDown(controls::KeyEvent& key, const QKeyEvent&) {
@@ -190,10 +211,7 @@ bool Adapter::eventFilter(QObject* watched, QEvent* event) {
   case QEvent::KeyPress:
     return watched == &widget_ && keyPress(*static_cast<QKeyEvent*>(event));
   case QEvent::KeyRelease:
-    if (watched == &widget_ && !static_cast<QKeyEvent*>(event)->isAutoRepeat()) {
-      controls::KeyEvent key = keyOf(*static_cast<QKeyEvent*>(event));
-      keyUp(key);
-    }
+    if (watched == &widget_) keyRelease(*static_cast<QKeyEvent*>(event));
     return false;
   case QEvent::MouseButtonPress:
     return mousePress(*static_cast<QMouseEvent*>(event));
@@ -214,6 +232,9 @@ bool Adapter::eventFilter(QObject* watched, QEvent* event) {
   case QEvent::FocusIn:
     if (watched == &widget_ && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
       host_.focusTaken(control_);
+    return false;
+  case QEvent::FocusOut:
+    if (watched == &widget_) releaseModifiers();
     return false;
   default:
     return false;

@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 
 class QDropEvent;
 
@@ -86,6 +87,9 @@ class Adapter : public QObject {
 
  private:
   bool keyPress(const QKeyEvent& event);
+  void keyRelease(const QKeyEvent& event);
+  /// The keyboard goes elsewhere: modifier keys that are down here will go up there.
+  void releaseModifiers();
   void applyCommon();
   /// A drag is over the control; true: the widget does not see it.
   bool dragOver(QDropEvent& event, bool entered);
@@ -99,6 +103,7 @@ class Adapter : public QObject {
   QString designedName_, designedToolTip_;
   QCursor designedCursor_;
   bool designedDrops_;
+  std::set<int> modifiersDown_;            ///< by key code
   std::optional<DragAndDrop::Load> over_;  ///< what is being dragged over the control
   QPointer<DropMark> dropMark_;
   bool updating_ = false;
