@@ -18,6 +18,7 @@ std::shared_ptr<void> start(qt::QtMessageLoop& loop) {
     const auto bytes = files.readFile(path);
     return bytes ? std::optional(*bytes) : std::nullopt;
   });
+  loop.dragAndDrop().setPaths({running->host->platform().toSystem, running->host->platform().toProgram});
   if (!running->app.Main()) loop.quit();
   return running;
 }

@@ -180,6 +180,8 @@ void App::drawButtons() {
 void App::bindPanel(panels::Panel& panel) {
   controls::ListView& list = panel.list;
   list.GotFocus = [this, &panel] { activePanel.GotFocus(panel); };
+  // The key itself may have gone down while the keyboard was elsewhere.
+  list.MouseDown = [this](const controls::MouseEvent& mouse) { Form1.CtrlHeld = mouse.modifiers.ctrl; };
   list.Click = [this, &panel] { selection.Click(panel); };
   list.ItemClick = [this, &panel](controls::ListItem item) { selection.ItemClick(panel, item); };
   list.DblClick = [this, &panel] { keys.DblClick(panel); };

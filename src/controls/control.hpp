@@ -34,7 +34,7 @@ enum class Kind {
 
 /// Files that were dropped on a control.
 struct DropEvent {
-  std::vector<std::string> files;  ///< program paths; empty when what was dropped is no file
+  std::vector<std::string> files;  ///< program paths; what is no file is not dropped at all
   Modifiers modifiers;
   const class Control* source = nullptr;  ///< the list of ours in which the drag began; null: another program
   bool accepted = false;                  ///< set by a handler that takes the files

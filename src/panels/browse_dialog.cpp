@@ -3,6 +3,8 @@
 #include "panels/tree_window.hpp"
 #include "platform/paths.hpp"
 
+#include <utility>
+
 namespace varnholt::panels {
 namespace {
 
@@ -30,14 +32,17 @@ panels::Form35::Form35(core::Program& program) : Form(program.loop, "Form35"), p
   cancelButton = "Command3";
   Load = [this] { Form_Load(); };
   TreeView1.NodeClick = [this](controls::TreeNode& node) { TreeView1_NodeClick(node); };
-  TreeView1.Expand = [this](controls::TreeNode& node) { TreeView1_NodeClick(node); };
+  TreeView1.Expand = [this](controls::TreeNode& node) { TreeView1_Expand(node); };
   Check1.Click = [this] { showCaption(); };
   Check2.Click = [this] { showCaption(); };
   Command1.Click = [this] { Command1_Click(); };
   Command3.Click = [this] { UnloadForm(); };
+  QueryUnload = [this](bool& keep) { keep = scanning_; };
 }
 
 std::optional<std::string> panels::Form35::browse(const std::string& function) {
+  // The turn that the drive test gives may bring a second press of the button that has opened this dialog.
+  if (isLoaded()) return {};
   function_ = function;
   taken_.reset();
   ShowModal();
@@ -82,19 +87,38 @@ std::string panels::Form35::folderOf(const controls::TreeNode& node) const {
 }
 
 void panels::Form35::TreeView1_NodeClick(controls::TreeNode& node) {
-  const std::string folder = folderOf(node);
-  Text1.Text = folder;
-  if (folder.empty() || TreeNodetest(node)) return;
+  if (std::exchange(scanning_, true)) return;
+  Text1.Text = folderOf(node);
+  Caption = "Folder Path";
+  program_.loop.giveTurn();
+  scan(node);
+  Caption = Title;
+  scanning_ = false;
+}
+
+// A node that is opened by its arrow is read, and not chosen.
+void panels::Form35::TreeView1_Expand(controls::TreeNode& node) {
+  if (std::exchange(scanning_, true)) return;
+  const std::string before = Caption;
+  scan(node);
+  Caption = before;
+  scanning_ = false;
+}
+
+void panels::Form35::scan(controls::TreeNode& node) {
+  if (node.Key == "root" || TreeNodetest(node)) return;
   Caption = "Scanning Folders, - Please Wait...";
   program_.loop.giveTurn();
-  addFolders(program_.files(), TreeView1, node, folder);
+  addFolders(program_, TreeView1, node, folderOf(node));
   TreeView1.setExpanded(node, true);
-  showCaption();
 }
 
 void panels::Form35::Command1_Click() {
   const std::string folder = Text1.Text;
-  if (folder.empty() || !program_.files().folderExists(folder)) return;
+  if (scanning_ || folder.empty()) return;
+  bool there = false;
+  program_.loop.runBlocking([&] { there = program_.files().folderExists(folder); });
+  if (!there) return;
   taken_ = paths::withClosing(folder);
   UnloadForm();
 }

@@ -21,13 +21,17 @@ class Form35 : public controls::Form {
   controls::Button Command1{*this, "Command1"}, Command3{*this, "Command3"};
   controls::StatusBar StatusBar1{*this, "StatusBar1", 1};
 
-  /// Asks for a folder on behalf of a function ("Copy Item(s)"). Nothing when the user cancels. The two boxes are read
-  /// from Check1 (back to the first folder on cancel) and Check2 (after execute) when it returns.
+  /// Asks for a folder on behalf of a function ("Copy Item(s)"). Nothing when the user cancels, or when the dialog is
+  /// open already. The two boxes are read from Check1 (back to the first folder on cancel) and Check2 (after execute)
+  /// when it returns.
   std::optional<std::string> browse(const std::string& function);
 
  private:
   void Form_Load();
   void TreeView1_NodeClick(controls::TreeNode& node);
+  void TreeView1_Expand(controls::TreeNode& node);
+  /// Reads the folders of a node that was not read before, and opens it.
+  void scan(controls::TreeNode& node);
   void Command1_Click();
   void showCaption();
   /// True when the node was scanned before: its children are there.
@@ -37,6 +41,7 @@ class Form35 : public controls::Form {
   core::Program& program_;
   std::string function_;
   std::optional<std::string> taken_;
+  bool scanning_ = false;  ///< a click is at work and gives turns: nothing else may run in the dialog
 };
 
 }  // namespace varnholt::panels

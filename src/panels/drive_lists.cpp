@@ -2,6 +2,8 @@
 
 #include "platform/paths.hpp"
 
+#include <algorithm>
+
 namespace varnholt::panels {
 namespace {
 
@@ -47,6 +49,8 @@ void DriveLists::refresh() {
   ViewDriveSelection();
   if (drivesChanged) drivesChanged();
 }
+
+bool DriveLists::has(char letter) const { return std::ranges::find(letters_, letter) != letters_.end(); }
 
 void DriveLists::ViewDriveSelection() {
   for (Panel* panel : {&form_.Panel1, &form_.Panel2}) {

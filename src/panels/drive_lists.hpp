@@ -18,6 +18,8 @@ class DriveLists {
   void fill();
   /// Looks whether volumes have come or gone, and fills the lists again if so.
   void refresh();
+  /// True for a drive in the lists.
+  bool has(char letter) const;
   /// `ViewDriveSelection`: both lists show the drives of their panels.
   void ViewDriveSelection();
 

@@ -213,10 +213,10 @@ void Navigation::ResetHomeDrive_Click() {
 
 void Navigation::leaveVanished() {
   for (Panel* panel : {&form_.Panel1, &form_.Panel2}) {
-    if (exists(panel->path())) continue;
-    std::string folder = paths::parent(panel->path());
+    std::string folder = drives_.has(panel->path().front()) ? panel->path() : form_.InitFolder;
     while (!paths::isRoot(folder) && !exists(folder))
       folder = paths::parent(folder);
+    if (folder == panel->path() && exists(folder)) continue;
     if (!goTo(*panel, folder)) goTo(*panel, form_.InitFolder);
   }
 }

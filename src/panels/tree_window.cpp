@@ -36,9 +36,10 @@ bool isUnread(const controls::TreeNode& node) {
   return node.children.size() == 1 && node.children.front()->Key == UnreadLevel;
 }
 
-bool addFolders(platform::FileSystem& files, controls::TreeView& tree, controls::TreeNode& node,
-                const std::string& folder, const std::function<void(std::size_t, std::size_t)>& each) {
-  const auto listing = files.list(folder);
+bool addFolders(core::Program& program, controls::TreeView& tree, controls::TreeNode& node, const std::string& folder,
+                const std::function<void(std::size_t, std::size_t)>& each) {
+  platform::Result<platform::ListingPtr> listing = platform::Error{};
+  program.loop.runBlocking([&] { listing = program.files().list(folder); });
   tree.removeChildren(node);
   if (!listing) return false;
   const auto& folders = (*listing)->folders();
@@ -121,7 +122,7 @@ void TreeWindow::build(Panel& panel) {
 void TreeWindow::buildLevel(Panel& panel, controls::TreeNode& node) {
   program_.loop.screen().MousePointer = controls::pointer::Hourglass;
   const std::string folder = folderOf(node);
-  addFolders(program_.files(), tree(panel), node, folder, [this](std::size_t done, std::size_t total) {
+  addFolders(program_, tree(panel), node, folder, [this](std::size_t done, std::size_t total) {
     Form9_.ProgressBar1.Value = static_cast<double>(done) / static_cast<double>(total) * 100;
   });
   Form9_.ProgressBar1.Value = 0;

@@ -70,8 +70,8 @@ inline constexpr std::string_view UnreadLevel = "unread";
 
 /// Puts the folders below `folder` under the node, each with an unread level of its own when it has folders.
 /// `each` is told how many of how many are done. False: the folder cannot be read.
-bool addFolders(platform::FileSystem& files, controls::TreeView& tree, controls::TreeNode& node,
-                const std::string& folder, const std::function<void(std::size_t, std::size_t)>& each = {});
+bool addFolders(core::Program& program, controls::TreeView& tree, controls::TreeNode& node, const std::string& folder,
+                const std::function<void(std::size_t, std::size_t)>& each = {});
 /// True when the node's level was not read yet.
 bool isUnread(const controls::TreeNode& node);
 

@@ -254,6 +254,14 @@ void FormWindow::fromUser(std::function<void()> act) {
   });
 }
 
+void FormWindow::afterDrop(std::function<void()> act) {
+  loop_.later([alive = alive_, this, act = std::move(act)] {
+    if (!*alive) return;
+    if (loop_.dragAndDrop().dragging()) return afterDrop(act);
+    fromUser(act);
+  });
+}
+
 bool FormWindow::previewKey(controls::KeyEvent& key) {
   form_.KeyDown(key);
   return key.handled;

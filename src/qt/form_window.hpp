@@ -22,6 +22,7 @@ class WindowLoop {
   virtual bool isBlocked() const = 0;
   virtual void later(std::function<void()> call) = 0;
   virtual Pictures& pictures() = 0;
+  virtual DragAndDrop& dragAndDrop() = 0;
 };
 
 /// The widget of one form: built from its .ui file, every control joined to the widget of its name.
@@ -53,6 +54,8 @@ class FormWindow : public QObject, private Host {
   bool previewKey(controls::KeyEvent& key) override;
   void focusTaken(controls::Control& control) override;
   Pictures& pictures() override { return loop_.pictures(); }
+  DragAndDrop& dragAndDrop() override { return loop_.dragAndDrop(); }
+  void afterDrop(std::function<void()> act) override;
 
   void joinControls();
   void updateControl(const controls::Control& control);

@@ -3,6 +3,7 @@
 #include "controls/message_loop.hpp"
 #include "controls/standard.hpp"
 #include "qt/blocking_call.hpp"
+#include "qt/drag_and_drop.hpp"
 #include "qt/form_window.hpp"
 #include "qt/pictures.hpp"
 
@@ -32,6 +33,8 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
 
   /// How pictures are read (skins, line images, previews). Without it there are none.
   void setPictureReader(Pictures::Reader reader) { pictures_.setReader(std::move(reader)); }
+  /// Files on their way between the program's lists and other programs. Needs to be told the system's paths.
+  DragAndDrop& dragAndDrop() override { return dragAndDrop_; }
   /// Runs until quit(); gives the exit code.
   int exec();
 
@@ -85,6 +88,7 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
   std::vector<Modal> modals_;
   std::deque<std::function<void()>> laterCalls_;
   Pictures pictures_;
+  DragAndDrop dragAndDrop_;
   Helper helper_;
   QTimer drawTimer_, laterTimer_;
   QElapsedTimer sinceDrawn_;

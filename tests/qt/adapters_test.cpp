@@ -97,6 +97,8 @@ class Adapters : public testing::Test, protected qt::Host {
   bool previewKey(controls::KeyEvent&) override { return false; }
   void focusTaken(controls::Control& control) override { form.focusMoved(&control); }
   qt::Pictures& pictures() override { return read; }
+  qt::DragAndDrop& dragAndDrop() override { return loop.dragAndDrop(); }
+  void afterDrop(std::function<void()> act) override { act(); }
 };
 
 TEST_F(Adapters, WhatTheProgramSetsIsShownAndFiresNothing) {
@@ -258,6 +260,20 @@ TEST_F(Adapters, ATreeShowsItsNodesAndTellsClicksOnce) {
   QTest::qWait(0);
   QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, at);
   EXPECT_EQ(events, (std::vector<std::string>{"expand C:", "click Photos", "click Photos"}));
+}
+
+TEST_F(Adapters, ATreeThatGetsTheKeyboardClicksNothing) {
+  form.TreeView1.add(nullptr, "My Computer");
+  int clicks = 0;
+  form.TreeView1.NodeClick = [&](controls::TreeNode&) { ++clicks; };
+  draw();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  tree.setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(clicks, 0);
+  draw();
+  QTest::keyClick(&tree, Qt::Key_Down);
+  EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(Adapters, ATreeThatHasChangedMeanwhileTellsNothingOfNodesThatAreGone) {

@@ -31,8 +31,9 @@ class DrawnForms : public testing::Test {
   }
 
   std::vector<controls::Form*> allForms() {
-    std::vector<controls::Form*> forms{&app.Form1,          &app.Form9,     &app.dialogs.Form11, &app.dialogs.Form12,
-                                       &app.dialogs.Form13, &app.frmSplash, &app.frmTip,         &app.form8};
+    std::vector<controls::Form*> forms{&app.Form1,          &app.Form9,          &app.dialogs.Form11,
+                                       &app.dialogs.Form12, &app.dialogs.Form13, &app.frmSplash,
+                                       &app.frmTip,         &app.form8,          &app.Form35};
     for (controls::Form* dialog : app.fileops.dialogs())
       forms.push_back(dialog);
     return forms;
@@ -218,7 +219,7 @@ TEST_F(DrawnForms, NothingIsCutInLargerFonts) {
     fillMessages(drawn.dialogs);
     for (controls::Form* form :
          std::initializer_list<controls::Form*>{&drawn.dialogs.Form11, &drawn.dialogs.Form12, &drawn.dialogs.Form13,
-                                                &drawn.frmTip, &drawn.frmSplash, &drawn.Form1}) {
+                                                &drawn.Form35, &drawn.frmTip, &drawn.frmSplash, &drawn.Form1}) {
       form->Show();
       QWidget* window = windowOf(fresh, *form);
       QCoreApplication::processEvents();

@@ -3,9 +3,14 @@
 #include "qt/input.hpp"
 #include "qt/text.hpp"
 #include "qt/theme.hpp"
+#include "qt/widgets/drop_mark.hpp"
 
 #include <QAbstractScrollArea>
+#include <QApplication>
+#include <QDropEvent>
 #include <QLabel>
+
+#include <utility>
 
 namespace varnholt::qt {
 namespace {
@@ -16,6 +21,10 @@ QString buddyLabelOf(const QWidget& widget) {
   return {};
 }
 
+bool isModifier(int code) {
+  return code == controls::key::Shift || code == controls::key::Ctrl || code == controls::key::Alt;
+}
+
 }  // namespace
 
 Adapter::Adapter(Host& host, controls::Control& control, QWidget& widget)
@@ -24,7 +33,8 @@ Adapter::Adapter(Host& host, controls::Control& control, QWidget& widget)
       widget_(widget),
       designedName_(widget.accessibleName()),
       designedToolTip_(widget.toolTip()),
-      designedCursor_(widget.cursor()) {
+      designedCursor_(widget.cursor()),
+      designedDrops_(widget.acceptDrops()) {
   watch(widget);
   if (auto* area = qobject_cast<QAbstractScrollArea*>(&widget)) watch(*area->viewport());
 }
@@ -54,6 +64,8 @@ void Adapter::applyCommon() {
   if (widget_.isHidden() == control_.Visible.get()) widget_.setVisible(control_.Visible);
   const QString tip = plainToolTip(control_.ToolTipText.get());
   widget_.setToolTip(tip.isEmpty() ? designedToolTip_ : tip);
+  if (const bool drops = designedDrops_ || control_.OLEDragDrop; widget_.acceptDrops() != drops)
+    widget_.setAcceptDrops(drops);
   const int pointer = control_.MousePointer;
   if (pointer == controls::pointer::Default) {
     if (widget_.cursor().shape() != designedCursor_.shape()) widget_.setCursor(designedCursor_);
@@ -99,7 +111,24 @@ QString Adapter::accessibleName() const {
 
 bool Adapter::keyPress(const QKeyEvent& event) {
   controls::KeyEvent key = keyOf(event);
+  if (isModifier(key.code)) modifiersDown_.insert(key.code);
   return host_.previewKey(key) || keyDown(key, event);
+}
+
+void Adapter::keyRelease(const QKeyEvent& event) {
+  if (event.isAutoRepeat()) return;
+  controls::KeyEvent key = keyOf(event);
+  modifiersDown_.erase(key.code);
+  keyUp(key);
+}
+
+void Adapter::releaseModifiers() {
+  for (const int code : std::exchange(modifiersDown_, {})) {
+    controls::KeyEvent key;
+    key.code = code;
+    keyUp(key);
+    if (abandoned_) return;
+  }
 }
 
 bool Adapter::keyDown(controls::KeyEvent& key, const QKeyEvent&) {
@@ -124,16 +153,65 @@ bool Adapter::mouseDoubleClick(const QMouseEvent&) {
   return false;
 }
 
+bool Adapter::mouseMove(const QMouseEvent&) {
+  control_.MouseMove();
+  return false;
+}
+
+// --- Drops ---------------------------------------------------------------------------------------------------------
+
+// A source that allows only a move would delete its files on our word, before anything is known to have arrived.
+bool Adapter::takesDrop(const QDropEvent& event) const {
+  const QWidget* modal = QApplication::activeModalWidget();
+  const bool reachable = !modal || modal == widget_.window();
+  return over_ && over_->source != &control_ && reachable && event.possibleActions().testFlag(Qt::CopyAction);
+}
+
+bool Adapter::dragOver(QDropEvent& event, bool entered) {
+  if (!control_.OLEDragDrop) {
+    // Text may be dragged into a field; a file there would leave a line that nobody can use.
+    const bool files = DragAndDrop::carriesFiles(*event.mimeData());
+    if (files) event.ignore();
+    return files;
+  }
+  if (entered) over_ = host_.dragAndDrop().read(*event.mimeData());
+  if (!takesDrop(event)) {
+    event.ignore();
+    return true;
+  }
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
+  if (!dropMark_) dropMark_ = new DropMark(&widget_);
+  return true;
+}
+
+bool Adapter::dropped(QDropEvent& event) {
+  const bool ours = dragOver(event, !over_);
+  const bool taken = over_ && takesDrop(event);
+  controls::DropEvent drop;
+  if (taken) drop = {std::move(over_->files), modifiersOf(event.modifiers()), over_->source, false};
+  endDragOver();
+  if (!ours || !taken) return ours;
+  host_.afterDrop([this, drop = std::move(drop)]() mutable {
+    if (!abandoned_) control_.OLEDragDrop(drop);
+  });
+  return true;
+}
+
+void Adapter::endDragOver() {
+  over_.reset();
+  delete dropMark_;
+}
+
+// --- Events --------------------------------------------------------------------------------------------------------
+
 bool Adapter::eventFilter(QObject* watched, QEvent* event) {
   if (abandoned_) return false;
   switch (event->type()) {
   case QEvent::KeyPress:
     return watched == &widget_ && keyPress(*static_cast<QKeyEvent*>(event));
   case QEvent::KeyRelease:
-    if (watched == &widget_ && !static_cast<QKeyEvent*>(event)->isAutoRepeat()) {
-      controls::KeyEvent key = keyOf(*static_cast<QKeyEvent*>(event));
-      keyUp(key);
-    }
+    if (watched == &widget_) keyRelease(*static_cast<QKeyEvent*>(event));
     return false;
   case QEvent::MouseButtonPress:
     return mousePress(*static_cast<QMouseEvent*>(event));
@@ -142,11 +220,21 @@ bool Adapter::eventFilter(QObject* watched, QEvent* event) {
   case QEvent::MouseButtonDblClick:
     return mouseDoubleClick(*static_cast<QMouseEvent*>(event));
   case QEvent::MouseMove:
-    control_.MouseMove();
-    return false;
+    return mouseMove(*static_cast<QMouseEvent*>(event));
+  case QEvent::DragEnter:
+  case QEvent::DragMove:
+    return dragOver(*static_cast<QDropEvent*>(event), event->type() == QEvent::DragEnter);
+  case QEvent::DragLeave:
+    endDragOver();
+    return static_cast<bool>(control_.OLEDragDrop);
+  case QEvent::Drop:
+    return dropped(*static_cast<QDropEvent*>(event));
   case QEvent::FocusIn:
     if (watched == &widget_ && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
       host_.focusTaken(control_);
+    return false;
+  case QEvent::FocusOut:
+    if (watched == &widget_) releaseModifiers();
     return false;
   default:
     return false;

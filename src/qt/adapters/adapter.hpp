@@ -1,19 +1,26 @@
 #pragma once
 
 #include "controls/form.hpp"
+#include "qt/drag_and_drop.hpp"
 #include "qt/emphasis.hpp"
 
 #include <QEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QObject>
+#include <QPointer>
 #include <QWidget>
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <set>
+
+class QDropEvent;
 
 namespace varnholt::qt {
 
+class DropMark;
 class Pictures;
 
 /// What an adapter asks of the window that it stands in.
@@ -28,6 +35,9 @@ class Host {
   /// The user moved the keyboard to the control.
   virtual void focusTaken(controls::Control& control) = 0;
   virtual Pictures& pictures() = 0;
+  virtual DragAndDrop& dragAndDrop() = 0;
+  /// Runs what a drop asks for, once the drag is over: a dialog opened inside of it would hold up the other program.
+  virtual void afterDrop(std::function<void()> act) = 0;
 };
 
 /// Joins one control to the widget of its name: shows what the control says, and tells it what the user does.
@@ -62,6 +72,7 @@ class Adapter : public QObject {
   virtual bool mousePress(const QMouseEvent& event);
   virtual bool mouseRelease(const QMouseEvent& event);
   virtual bool mouseDoubleClick(const QMouseEvent& event);
+  virtual bool mouseMove(const QMouseEvent& event);
   /// A mouse button that goes up over it is a click. Buttons say clicked themselves.
   virtual bool clicksByMouse() const { return true; }
   virtual void applyColors();
@@ -76,13 +87,25 @@ class Adapter : public QObject {
 
  private:
   bool keyPress(const QKeyEvent& event);
+  void keyRelease(const QKeyEvent& event);
+  /// The keyboard goes elsewhere: modifier keys that are down here will go up there.
+  void releaseModifiers();
   void applyCommon();
+  /// A drag is over the control; true: the widget does not see it.
+  bool dragOver(QDropEvent& event, bool entered);
+  bool dropped(QDropEvent& event);
+  bool takesDrop(const QDropEvent& event) const;
+  void endDragOver();
 
   Host& host_;
   controls::Control& control_;
   QWidget& widget_;
   QString designedName_, designedToolTip_;
   QCursor designedCursor_;
+  bool designedDrops_;
+  std::set<int> modifiersDown_;            ///< by key code
+  std::optional<DragAndDrop::Load> over_;  ///< what is being dragged over the control
+  QPointer<DropMark> dropMark_;
   bool updating_ = false;
   bool abandoned_ = false;
   bool colored_ = false;

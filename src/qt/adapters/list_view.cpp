@@ -9,6 +9,7 @@
 #include "qt/widgets/list_view_widget.hpp"
 #include "qt/widgets/surface.hpp"
 
+#include <QApplication>
 #include <QPixmap>
 #include <QScrollBar>
 
@@ -85,11 +86,26 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
 
   bool mousePress(const QMouseEvent& event) override {
     doubleClicked_ = false;
-    self.pressFromUser(rowUnder(event), mouseOf(event));
+    const auto row = rowUnder(event);
+    pressedAt_.reset();
+    if (row && event.button() == Qt::LeftButton) pressedAt_ = event.position().toPoint();
+    self.pressFromUser(row, mouseOf(event));
+    return true;
+  }
+
+  bool mouseMove(const QMouseEvent& event) override {
+    const bool held = pressedAt_ && event.buttons().testFlag(Qt::LeftButton);
+    const auto moved = held ? (event.position().toPoint() - *pressedAt_).manhattanLength() : 0;
+    if (!held || moved < QApplication::startDragDistance()) return Joined::mouseMove(event);
+    pressedAt_.reset();
+    host().fromUser([this, mouse = controls::MouseEvent{controls::MouseButton::Left, modifiersOf(event.modifiers())}] {
+      drag(mouse);
+    });
     return true;
   }
 
   bool mouseRelease(const QMouseEvent& event) override {
+    pressedAt_.reset();
     // The click was told before the double click.
     if (std::exchange(doubleClicked_, false)) {
       self.MouseUp(mouseOf(event));
@@ -106,6 +122,15 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
   }
 
  private:
+  // The drag takes the release of the button for itself, so the list is told of it afterwards.
+  void drag(const controls::MouseEvent& mouse) {
+    auto files = self.OLEStartDrag ? self.OLEStartDrag() : std::vector<std::string>();
+    if (files.empty()) return;
+    self.dragFromUser();
+    host().dragAndDrop().drag(self, std::move(files), drawn);
+    if (!abandoned()) self.releaseFromUser(mouse);
+  }
+
   std::optional<std::uint32_t> rowUnder(const QMouseEvent& event) const {
     const QPoint at = event.position().toPoint();
     const bool besideName = !self.FullRowSelect && drawn.columnAt(at.x()) != 0;
@@ -153,6 +178,7 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
   std::string picture_;
   std::optional<std::pair<QColor, QColor>> tones_;
   controls::TypeAhead typed_;
+  std::optional<QPoint> pressedAt_;  ///< where the left button went down on a row, until it is known what it begins
   bool doubleClicked_ = false;
 };
 

@@ -22,7 +22,10 @@ class TreeViewAdapter : public Joined<controls::TreeView, QTreeWidget> {
     connect(&drawn, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) { expand(item, true); });
     connect(&drawn, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* item) { expand(item, false); });
     // A press on another node has been told when the current node changed; the click tells a press on the same one.
-    connect(&drawn, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) { clicked(told_ = item); });
+    // A tree that gets the keyboard makes its first node the current one by itself, without selecting it.
+    connect(&drawn, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
+      if (item && item->isSelected()) clicked(told_ = item);
+    });
     connect(&drawn, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
       if (std::exchange(told_, nullptr) != item) clicked(item);
     });
