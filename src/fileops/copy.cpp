@@ -25,16 +25,17 @@ Operation::Item Copy::file() {
   const Outcome outcome = targetExists ? policy_.decide(leaf_) : Outcome::Copy;
   if (outcome == Outcome::Ends) return Item::EndsLoop;
   if (outcome == Outcome::Skipped || form.RenameCancelled) return Item::Done;
-  if (outcome == Outcome::Copy) copyFile(targetExists && form7_.OverwriteAnswer != Overwrite::RenameTarget);
-  form.BytesDone += static_cast<double>(fileBytes(form.SourcePath));
+  const std::uint64_t bytes = fileBytes(form.SourcePath);
+  if (outcome == Outcome::Copy) copyFile(bytes, targetExists && form7_.OverwriteAnswer != Overwrite::RenameTarget);
+  form.BytesDone += static_cast<double>(bytes);
   return Item::Done;
 }
 
 // Nothing is replaced but what the user was asked about: a target that comes up in between stays.
-void Copy::copyFile(bool overwrite) {
+void Copy::copyFile(std::uint64_t bytes, bool overwrite) {
   context_.pointer() = Hourglass;
   const std::string source = context_.form.SourcePath, target = context_.target(leaf_);
-  run(fileBytes(source), [&] { (void)context_.files().copyFile(source, target, overwrite); });
+  run(bytes, [&] { (void)context_.files().copyFile(source, target, overwrite); });
 }
 
 Operation::Item Copy::folder() {

@@ -22,7 +22,7 @@ class Copy : public TargetOperation {
 
  private:
   void stieq() { alert("Cannot Copy Item to Itself !"); }
-  void copyFile(bool overwrite);
+  void copyFile(std::uint64_t bytes, bool overwrite);
   bool mayMerge(const std::string& target);
 
   OverwritePolicy& policy_;

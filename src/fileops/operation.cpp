@@ -218,10 +218,7 @@ std::uint64_t Operation::folderBytes(const std::string& folder) {
   return bytes;
 }
 
-std::uint64_t Operation::fileBytes(const std::string& file) {
-  const auto info = context_.files().info(file);
-  return info ? info->size : 0;
-}
+std::uint64_t Operation::fileBytes(const std::string& file) const { return context_.files().fileSize(file).valueOr(0); }
 
 bool Operation::exists(const std::string& path) const {
   return VerifyFolderMode_ ? context_.files().folderExists(path) : context_.files().fileExists(path);

@@ -66,7 +66,7 @@ class Operation {
   /// Runs a call that handles so many bytes: a large one while the windows go on painting.
   void run(std::uint64_t bytes, const std::function<void()>& call);
   std::uint64_t folderBytes(const std::string& folder);
-  std::uint64_t fileBytes(const std::string& file);
+  std::uint64_t fileBytes(const std::string& file) const;
   bool exists(const std::string& path) const;
   bool driveReady(const panels::Panel& panel);
   void alert(const std::string& text) { context_.program.dialogs.alert(text); }

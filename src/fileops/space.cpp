@@ -105,8 +105,8 @@ std::uint64_t Space::needOf(const std::string& item, Folders& folders) {
   std::uint64_t size = 0;
   if (const auto known = folders.sourceSizes.find(path); known != folders.sourceSizes.end())
     size = known->second;
-  else if (const auto info = context_.files().info(core::entryPath(item, folders.source)))
-    size = info->size;
+  else
+    size = context_.files().fileSize(core::entryPath(item, folders.source)).valueOr(0);
   const auto there = folders.targetSizes.find(leaf);
   return difference(size, there == folders.targetSizes.end() ? 0 : there->second);
 }
@@ -149,8 +149,8 @@ std::uint64_t Space::sizeOf(const std::string& item) {
   std::uint64_t size = 0;
   if (core::isFolderItem(item)) {
     context_.program.loop.runBlocking([&] { size = folderBytes(path); });
-  } else if (const auto info = context_.files().info(path)) {
-    size = info->size;
+  } else {
+    size = context_.files().fileSize(path).valueOr(0);
   }
   return size;
 }

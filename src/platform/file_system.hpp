@@ -91,6 +91,8 @@ class FileSystem {
   /// lowered; a trailing point is ignored where no exact entry exists. NotFound when a part has no match.
   virtual Result<std::string> resolve(const std::string& path) const = 0;
   virtual Result<Attributes> attributes(const std::string& path) const = 0;
+  /// Bytes of a file, of what a link leads to; 0 for a folder. The quick way where nothing else is asked.
+  virtual Result<std::uint64_t> fileSize(const std::string& path) const = 0;
   /// Bytes and counts below a folder. NotFound, NotAFolder, Stopped; folders that cannot be read make it inexact.
   virtual Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const = 0;
   /// "a.b.c.d" from the version resource of a Windows program or library; the empty text for any other file.

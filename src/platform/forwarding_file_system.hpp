@@ -16,6 +16,7 @@ class ForwardingFileSystem : public FileSystem {
   bool sameEntry(const std::string& a, const std::string& b) const override { return base_.sameEntry(a, b); }
   Result<std::string> resolve(const std::string& path) const override { return base_.resolve(path); }
   Result<Attributes> attributes(const std::string& path) const override { return base_.attributes(path); }
+  Result<std::uint64_t> fileSize(const std::string& path) const override { return base_.fileSize(path); }
   Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override {
     return base_.folderSize(folder, progress);
   }

@@ -74,21 +74,18 @@ Failed fill(TempFile& file, int source, const FileCopy& copy, CopyMonitor& monit
   if (const int error = copyBytes(source, file.fd(), copy.facts, monitor))
     return error == ECANCELED ? stopped() : error == EIO ? atSource(error) : atTarget(error);
   if (const int error = copyFacts(source, file.fd(), copy.facts)) return atTarget(error);
-  copyNativeAttributes(copy.from, copy.fromName, copy.to, file.name());
+  copyNativeAttributes(copy.from, copy.fromName, copy.to.store, file.openPath());
   // The old file goes only when the new one is on the disk.
   if ((copy.replaces || copy.rules.sync) && ::fsync(file.fd()) != 0) return atTarget(errno);
-  const int error = file.close();
-  return error ? atTarget(error) : Failed();
+  return {};
 }
 
 Failed copyIntoPlace(int source, const FileCopy& copy, CopyMonitor& monitor) {
   TempFile file;
   if (auto failed = fill(file, source, copy, monitor)) return failed;
-  int error = 0;
-  if (copy.rules.freshFolder)
-    file.keep();
-  else
-    error = copy.replaces ? file.replace(copy.toName) : file.placeNew(copy.toName);
+  const int error = copy.rules.freshFolder ? file.keep()
+                    : copy.replaces        ? file.replace(copy.toName)
+                                           : file.placeNew(copy.toName);
   return error ? atTarget(error) : Failed();
 }
 
@@ -151,12 +148,12 @@ std::optional<CopyFailure> copyEntry(CopySide& from, const char* fromName, unsig
   return type == DT_DIR ? atSource(EISDIR) : notRegular();
 }
 
-void copyNativeAttributes(CopySide& from, const char* fromName, CopySide& to, const char* toName) {
+void copyNativeAttributes(CopySide& from, const char* fromName, AttributeStore& to, const std::string& toPath) {
   using Kind = AttributeStore::Kind;
   const auto isNative = [](Kind kind) { return kind != Kind::User && kind != Kind::None; };
-  if (!isNative(from.store.kind()) && !isNative(to.store.kind())) return;
+  if (!isNative(from.store.kind()) && !isNative(to.kind())) return;
   const auto stored = from.store.read(descriptorPath(from.folder, fromName).c_str());
-  if (stored) (void)to.store.write(descriptorPath(to.folder, toName).c_str(), *stored);
+  if (stored) (void)to.write(toPath.c_str(), *stored);
 }
 
 Result<void> copyFileTo(const std::string& from, const std::string& to, bool overwrite, bool sync,

@@ -37,7 +37,7 @@ std::optional<CopyFailure> copyEntry(CopySide& from, const char* fromName, unsig
                                      const char* toName, const CopyRules& rules, CopyMonitor& monitor);
 
 /// Attributes, where one side keeps them in a way of its own that copying extended attributes does not carry over.
-void copyNativeAttributes(CopySide& from, const char* fromName, CopySide& to, const char* toName);
+void copyNativeAttributes(CopySide& from, const char* fromName, AttributeStore& to, const std::string& toPath);
 
 /// FileSystem::copyFile on system paths. With `sync` the bytes and the name are on the disk when it returns.
 Result<void> copyFileTo(const std::string& from, const std::string& to, bool overwrite, bool sync,

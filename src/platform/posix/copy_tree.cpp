@@ -119,7 +119,7 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     if (!folder.made || !folder.target) return Leaving::Done;
     (void)copyExtendedAttributes(folder.fd.get(), folder.target.get());
     CopySide from{folder.fd.get(), folder.fromStore}, to{folder.target.get(), folder.toStore};
-    copyNativeAttributes(from, ".", to, ".");
+    copyNativeAttributes(from, ".", to.store, "/proc/self/fd/" + std::to_string(to.folder));
     (void)::fchmod(folder.target.get(), folder.facts.st_mode & 07777);
     const timespec times[2] = {{0, UTIME_OMIT}, folder.facts.st_mtim};
     (void)::futimens(folder.target.get(), times);

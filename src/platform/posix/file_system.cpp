@@ -76,6 +76,15 @@ Result<Attributes> PosixFileSystem::attributes(const std::string& path) const {
   return facts ? Result<Attributes>(facts->attributes) : facts.error();
 }
 
+Result<std::uint64_t> PosixFileSystem::fileSize(const std::string& path) const {
+  const auto system = map_.toSystem(path);
+  if (!system) return system.error();
+  struct stat facts {};
+  if (::stat(system->c_str(), &facts) != 0 && ::lstat(system->c_str(), &facts) != 0)
+    return told(systemError(errno, *system));
+  return S_ISDIR(facts.st_mode) ? 0 : static_cast<std::uint64_t>(facts.st_size);
+}
+
 Result<TreeSize> PosixFileSystem::folderSize(const std::string& folder, const Progress& progress) const {
   const auto system = map_.toSystem(folder);
   return system ? told(measureTree(*system, progress)) : system.error();

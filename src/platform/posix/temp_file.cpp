@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <random>
+#include <utility>
 
 #include <fcntl.h>
 #include <stdio.h>
@@ -23,6 +24,15 @@ std::string temporaryName() {
 }
 
 int TempFile::create(int folder, mode_t mode) {
+  folder_ = folder;
+  fd_ = UniqueFd(::openat(folder, ".", O_RDWR | O_TMPFILE | O_CLOEXEC, mode));
+  if (fd_) return 0;
+  // A kernel or file system that does not know them says any of these.
+  const bool unknown = errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL || errno == ENOENT;
+  return unknown ? createNamed(folder, mode) : errno;
+}
+
+int TempFile::createNamed(int folder, mode_t mode) {
   int error = EEXIST;
   for (int attempt = 0; attempt < 100 && error == EEXIST; ++attempt)
     error = createAs(folder, temporaryName().c_str(), mode);
@@ -44,14 +54,45 @@ TempFile::~TempFile() {
 
 int TempFile::close() { return fd_.reset() == 0 || errno == EINTR ? 0 : errno; }
 
+// The short way is for the privileged alone on older kernels.
+int TempFile::link(const char* name) {
+  static std::atomic<bool> shortWay = true;
+  if (shortWay) {
+    if (::linkat(fd_.get(), "", folder_, name, AT_EMPTY_PATH) == 0) return 0;
+    if (errno != ENOENT && errno != EPERM) return errno;
+    shortWay = false;
+  }
+  return ::linkat(AT_FDCWD, openPath().c_str(), folder_, name, AT_SYMLINK_FOLLOW) == 0 ? 0 : errno;
+}
+
 int TempFile::replace(const char* name) {
+  for (int attempt = 0; name_.empty(); ++attempt) {
+    std::string temporary = temporaryName();
+    const int error = link(temporary.c_str());
+    if (!error) name_ = std::move(temporary);
+    if (error && (error != EEXIST || attempt == 100)) return error;
+  }
+  if (const int error = close()) return error;
   if (::renameat(folder_, name_.c_str(), folder_, name) != 0) return errno;
   name_.clear();
   return 0;
 }
 
 int TempFile::placeNew(const char* name) {
+  if (name_.empty()) {
+    if (const int error = link(name)) return error;
+    const int error = close();
+    if (error) ::unlinkat(folder_, name, 0);
+    return error;
+  }
+  if (const int error = close()) return error;
   const int error = renameNoReplace(folder_, name_.c_str(), folder_, name);
+  if (!error) name_.clear();
+  return error;
+}
+
+int TempFile::keep() {
+  const int error = close();
   if (!error) name_.clear();
   return error;
 }

@@ -8,8 +8,9 @@
 
 namespace varnholt::platform::posix {
 
-/// A new file under a temporary name of ours (".vnh-..." and digits) in an open folder. Unless it is put into place it
-/// is removed again when this object goes.
+/// A new file in an open folder that has no name yet, or, where the file system knows no such files, a temporary one of
+/// ours (".vnh-..." and digits). Unless it is put into place it is gone again when this object goes; without a name
+/// also when the program is killed.
 class TempFile {
  public:
   /// Gives 0 or errno. The folder's descriptor must stay open as long as this object.
@@ -22,16 +23,20 @@ class TempFile {
   ~TempFile();
 
   int fd() const { return fd_.get(); }
-  const char* name() const { return name_.c_str(); }
-  /// Closes, so that a failure that only close() tells is heard before the file takes its place.
-  int close();
-  /// Renames it over whatever has the name. Gives 0 or errno.
+  /// A path to it as long as it is open.
+  std::string openPath() const { return "/proc/self/fd/" + std::to_string(fd_.get()); }
+  /// Puts it over whatever has the name. A failure that only close() tells is heard before. Gives 0 or errno.
   int replace(const char* name);
   /// Gives it the name if nothing has it; else EEXIST.
   int placeNew(const char* name);
-  void keep() { name_.clear(); }
+  /// It has its name already: createAs().
+  int keep();
 
  private:
+  int createNamed(int folder, mode_t mode);
+  int link(const char* name);
+  int close();
+
   int folder_ = -1;
   std::string name_;
   UniqueFd fd_;
