@@ -21,21 +21,32 @@ Operation::Item Copy::file() {
     return Item::EndsAll;
   }
   showItem("Processing... " + form.CurrentItem);
-  const bool targetExists = context_.files().fileExists(context_.target(leaf_));
-  const Outcome outcome = targetExists ? policy_.decide(leaf_) : Outcome::Copy;
-  if (outcome == Outcome::Ends) return Item::EndsLoop;
-  if (outcome == Outcome::Skipped || form.RenameCancelled) return Item::Done;
   const std::uint64_t bytes = fileBytes(form.SourcePath);
-  if (outcome == Outcome::Copy) copyFile(bytes, targetExists && form7_.OverwriteAnswer != Overwrite::RenameTarget);
+  platform::Result<void> copied = copyFile(bytes, false);
+  if (!copied && targetExists(copied.error())) {
+    const Outcome outcome = policy_.decide(leaf_);
+    if (outcome == Outcome::Ends) return Item::EndsLoop;
+    if (outcome == Outcome::Skipped || form.RenameCancelled) return Item::Done;
+    const bool renamed = form7_.OverwriteAnswer == Overwrite::RenameTarget;
+    if (outcome == Outcome::Copy) copied = copyFile(bytes, !renamed);
+  }
+  succeeded_ = copied.ok();
   form.BytesDone += static_cast<double>(bytes);
   return Item::Done;
 }
 
-// Nothing is replaced but what the user was asked about: a target that comes up in between stays.
-void Copy::copyFile(std::uint64_t bytes, bool overwrite) {
+// A first try finds out in one call whether anything is in the way. Nothing is replaced but what the user was asked
+// about: a target that comes up in between stays.
+platform::Result<void> Copy::copyFile(std::uint64_t bytes, bool overwrite) {
   context_.pointer() = Hourglass;
   const std::string source = context_.form.SourcePath, target = context_.target(leaf_);
-  run(bytes, [&] { (void)context_.files().copyFile(source, target, overwrite); });
+  return run(bytes, [&] { return context_.files().copyFile(source, target, overwrite); });
+}
+
+bool Copy::targetExists(const platform::Error& error) const {
+  using platform::ErrorCode;
+  return (error.code == ErrorCode::AlreadyThere || error.code == ErrorCode::SameEntry) &&
+         context_.files().fileExists(context_.target(leaf_));
 }
 
 Operation::Item Copy::folder() {
@@ -52,11 +63,11 @@ Operation::Item Copy::folder() {
     stieq();
     return refused();
   }
-  const bool targetExists = context_.files().folderExists(target);
-  if (targetExists && !mayMerge(target)) return Item::PassedOver;
+  const bool isThere = context_.files().folderExists(target);
+  if (isThere && !mayMerge(target)) return Item::PassedOver;
   context_.pointer() = Hourglass;
-  if (!targetExists) RefreshTreeNeeded_ = true;
-  context_.program.loop.runBlocking([&] { (void)context_.files().copyFolder(item, target, true); });
+  if (!isThere) RefreshTreeNeeded_ = true;
+  succeeded_ = runLong([&] { return context_.files().copyFolder(item, target, true); }).ok();
   form.BytesDone += static_cast<double>(folderBytes(item));
   return Item::Done;
 }

@@ -22,7 +22,8 @@ class Copy : public TargetOperation {
 
  private:
   void stieq() { alert("Cannot Copy Item to Itself !"); }
-  void copyFile(std::uint64_t bytes, bool overwrite);
+  platform::Result<void> copyFile(std::uint64_t bytes, bool overwrite);
+  bool targetExists(const platform::Error& error) const;
   bool mayMerge(const std::string& target);
 
   OverwritePolicy& policy_;

@@ -45,7 +45,7 @@ Operation::Item Delete::folder() {
   if (bytes > 0 && !mayDeleteTree()) return Item::Left;
   showItem("Processing... " + item);
   form.BytesDone += static_cast<double>(bytes);
-  context_.program.loop.runBlocking([&] { (void)context_.files().deleteFolder(item, true); });
+  succeeded_ = runLong([&] { return context_.files().deleteFolder(item, true); }).ok();
   RefreshTreeNeeded_ = true;
   PogressCal(form, dialog_);
   return Item::Done;
@@ -73,7 +73,8 @@ bool Delete::mayDeleteTree() {
 Operation::Item Delete::file() {
   auto& form = context_.form;
   showItem("Processing... " + form.CurrentItem);
-  const platform::Attributes attributes = context_.files().attributes(form.SourcePath).valueOr(0);
+  const auto facts = context_.files().info(form.SourcePath);
+  const platform::Attributes attributes = facts ? facts->attributes : 0;
   if (attributes != platform::attribute::Archive && form10_.AttrAnswer != AttributeAnswer::All) {
     form10_.AttrAnswer = AttributeAnswer::None;
     context_.pointer() = Default;
@@ -87,8 +88,8 @@ Operation::Item Delete::file() {
   }
   const bool force = form10_.AttrAnswer == AttributeAnswer::ThisItem || form10_.AttrAnswer == AttributeAnswer::All;
   if (form10_.AttrAnswer == AttributeAnswer::ThisItem) form10_.AttrAnswer = AttributeAnswer::None;
-  form.BytesDone += static_cast<double>(fileBytes(form.SourcePath));
-  (void)context_.files().deleteFile(form.SourcePath, force);
+  form.BytesDone += facts ? static_cast<double>(facts->size) : 0;
+  succeeded_ = context_.files().deleteFile(form.SourcePath, force).ok();
   PogressCal(form, dialog_);
   return Item::Done;
 }

@@ -20,6 +20,7 @@ bool Move::mayOpen() {
 
 Operation::Begin Move::mayBegin() {
   form5_.MoveRunning = true;
+  stays_ = context_.form.Panel1.driveRoot() == context_.form.Panel2.driveRoot();
   return TargetOperation::mayBegin();
 }
 
@@ -27,13 +28,14 @@ Operation::Item Move::file() {
   auto& form = context_.form;
   const std::string source = form.SourcePath, target = context_.target(leaf_);
   showItem("Processing... " + form.CurrentItem);
-  if (context_.files().fileExists(target)) {
+  const std::uint64_t bytes = fileBytes(source);
+  const auto moved = run(bytes, [&] { return context_.files().moveFile(source, target); });
+  if (!moved && context_.files().fileExists(target)) {
     alert("File Already exist on Target, - Cannot Move!");
     return Item::Done;
   }
-  const std::uint64_t bytes = fileBytes(source);
+  succeeded_ = moved.ok();
   form.BytesDone += static_cast<double>(bytes);
-  run(bytes, [&] { (void)context_.files().moveFile(source, target); });
   PogressCal(form, dialog_);
   return Item::Done;
 }
@@ -50,7 +52,7 @@ Operation::Item Move::folder() {
     return refused();
   }
   showItem("Processing... " + item);
-  if (form.Panel1.driveRoot() != form.Panel2.driveRoot()) {
+  if (!stays_) {
     alert("Cannot Move Folder to Another Drive !\rUse Delete after Copy Instead !");
     return Item::PassedOver;
   }
@@ -59,7 +61,7 @@ Operation::Item Move::folder() {
     return Item::PassedOver;
   }
   form.BytesDone += static_cast<double>(folderBytes(item));
-  context_.program.loop.runBlocking([&] { (void)context_.files().moveFolder(item, target); });
+  succeeded_ = runLong([&] { return context_.files().moveFolder(item, target); }).ok();
   PogressCal(form, dialog_);
   RefreshTreeNeeded_ = true;
   return Item::Done;

@@ -23,6 +23,7 @@ class Move : public TargetOperation {
 
  private:
   Form5& form5_;
+  bool stays_ = false;  ///< source and target are on one drive
 };
 
 }  // namespace varnholt::fileops

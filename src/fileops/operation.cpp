@@ -152,7 +152,7 @@ Operation::Ending Operation::loop() {
     }
     if (turn() == Turn::AfterItem && stopAsked()) return Ending::Aborted;
     form.RenameCancelled = false;
-    if (item == Item::Done && !verify()) return Ending::Normal;
+    if (item == Item::Done && !succeeded_ && !verify()) return Ending::Normal;
   }
   return Ending::Normal;
 }
@@ -162,6 +162,7 @@ void Operation::takeNext() {
   form.CurrentItem = form.filecollect.pop();
   pbar_beregning(form);
   context_.dispatcher.Fileident();
+  succeeded_ = false;
   VerifyFolderMode_ = core::isFolderItem(form.CurrentItem);
   if (VerifyFolderMode_) form.CurrentItem = std::string(core::itemPath(form.CurrentItem));
   leaf_ = std::string(paths::fileName(form.CurrentItem));
@@ -203,9 +204,14 @@ void Operation::end(Ending ending) {
 
 // --- Shared --------------------------------------------------------------------------------------------------------
 
-void Operation::run(std::uint64_t bytes, const std::function<void()>& call) {
-  if (bytes < ShortCall) return call();
-  context_.program.loop.runBlocking(call);
+platform::Result<void> Operation::run(std::uint64_t bytes, const std::function<platform::Result<void>()>& call) {
+  return bytes < ShortCall ? call() : runLong(call);
+}
+
+platform::Result<void> Operation::runLong(const std::function<platform::Result<void>()>& call) {
+  platform::Result<void> result;
+  context_.program.loop.runBlocking([&] { result = call(); });
+  return result;
 }
 
 std::uint64_t Operation::folderBytes(const std::string& folder) {

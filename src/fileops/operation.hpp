@@ -56,7 +56,7 @@ class Operation {
   virtual Item file() = 0;
   virtual Item folder() = 0;
   virtual void counted() {}
-  /// False ends the loop.
+  /// Looks whether the item came through, where its call did not say so; false ends the loop.
   virtual bool verify() = 0;
   virtual void refreshPanels() = 0;
   virtual void ended(bool /*normally*/) {}
@@ -64,7 +64,8 @@ class Operation {
   // --- What they share -------------------------------------------------------------------------------------------
   void showItem(const std::string& line) { dialog_.item.Text = line; }
   /// Runs a call that handles so many bytes: a large one while the windows go on painting.
-  void run(std::uint64_t bytes, const std::function<void()>& call);
+  platform::Result<void> run(std::uint64_t bytes, const std::function<platform::Result<void>()>& call);
+  platform::Result<void> runLong(const std::function<platform::Result<void>()>& call);
   std::uint64_t folderBytes(const std::string& folder);
   std::uint64_t fileBytes(const std::string& file) const;
   bool exists(const std::string& path) const;
@@ -76,6 +77,7 @@ class Operation {
   std::string leaf_;                ///< name of the item in hand
   bool VerifyFolderMode_ = false;   ///< the item in hand is a folder
   bool RefreshTreeNeeded_ = false;  ///< a folder came or went
+  bool succeeded_ = false;          ///< the call for the item in hand says that it is done: nothing to verify
 
  private:
   void Command2_Click();

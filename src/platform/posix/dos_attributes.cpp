@@ -12,6 +12,7 @@
 #include <sys/ioctl.h>
 #include <sys/statfs.h>
 #include <sys/xattr.h>
+#include <time.h>
 
 namespace varnholt::platform::posix {
 namespace {
@@ -65,6 +66,21 @@ AttributeStore AttributeStore::ofPath(const char* systemPath) {
   struct statfs facts {};
   return AttributeStore(::statfs(systemPath, &facts) == 0 ? kindOf(static_cast<unsigned long>(facts.f_type))
                                                           : Kind::User);
+}
+
+AttributeStore AttributeStore::ofVolume(dev_t device, const char* systemPath) {
+  constexpr time_t TrustedSeconds = 1;
+  struct Known {
+    dev_t device = 0;
+    Kind kind = Kind::None;
+    time_t until = 0;
+  };
+  thread_local Known known;
+  timespec now{};
+  ::clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+  if (known.device != device || now.tv_sec > known.until)
+    known = {device, ofPath(systemPath).kind(), now.tv_sec + TrustedSeconds};
+  return AttributeStore(known.kind);
 }
 
 std::optional<Attributes> AttributeStore::readWord(const char* path, bool follow, const char* name) {

@@ -21,6 +21,9 @@ class AttributeStore {
   /// The store of the volume that holds an open folder or file.
   static AttributeStore ofDescriptor(int fd);
   static AttributeStore ofPath(const char* systemPath);
+  /// The same for a path whose device number is known: the volume is asked once a while, since the number may come to
+  /// stand for another volume.
+  static AttributeStore ofVolume(dev_t device, const char* systemPath);
   AttributeStore() = default;
 
   /// What is stored for a regular file or folder; empty when nothing is, or it cannot be read. The path may be

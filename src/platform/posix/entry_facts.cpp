@@ -6,6 +6,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/sysmacros.h>
 
 namespace varnholt::platform::posix {
 namespace {
@@ -40,14 +41,10 @@ bool canStoreAttributes(mode_t mode) { return S_ISREG(mode) || S_ISDIR(mode); }
 
 }  // namespace
 
-int readEntryFacts(int folder, const char* name, const char* xattrPath, unsigned char kindHint, AttributeStore& store,
-                   Entry& out) {
-  struct statx facts;
-  if (::statx(folder, name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, wanted, &facts) != 0) {
-    if (errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG || errno == ELOOP) return errno;
-    takeUnasked(kindHint, out);
-    return 0;
-  }
+namespace {
+
+void takeEntry(int folder, const char* name, const char* xattrPath, struct statx facts, AttributeStore& store,
+               Entry& out) {
   std::optional<Attributes> stored;
   if (S_ISLNK(facts.stx_mode)) {
     out.isLink = true;
@@ -64,6 +61,27 @@ int readEntryFacts(int folder, const char* name, const char* xattrPath, unsigned
   takeFacts(facts, out);
   const bool compressed = facts.stx_attributes & STATX_ATTR_COMPRESSED;
   out.attributes = reportedAttributes(stored, facts.stx_mode, out.name, compressed);
+}
+
+}  // namespace
+
+int readEntryFacts(int folder, const char* name, const char* xattrPath, unsigned char kindHint, AttributeStore& store,
+                   Entry& out) {
+  struct statx facts;
+  if (::statx(folder, name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, wanted, &facts) == 0) {
+    takeEntry(folder, name, xattrPath, facts, store, out);
+    return 0;
+  }
+  if (errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG || errno == ELOOP) return errno;
+  takeUnasked(kindHint, out);
+  return 0;
+}
+
+int readPathFacts(const char* path, Entry& out) {
+  struct statx facts;
+  if (::statx(AT_FDCWD, path, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, wanted, &facts) != 0) return errno;
+  AttributeStore store = AttributeStore::ofVolume(makedev(facts.stx_dev_major, facts.stx_dev_minor), path);
+  takeEntry(AT_FDCWD, path, path, facts, store, out);
   return 0;
 }
 
@@ -92,12 +110,7 @@ bool refusesRemoval(int folder, const char* name, AttributeStore& store) {
 Result<EntryInfo> readPathInfo(const std::string& path) {
   Entry entry;
   entry.name = std::string_view(path).substr(path.rfind('/') + 1);
-  AttributeStore store = AttributeStore::ofPath(path.c_str());
-  struct statx reached;
-  if (::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, STATX_TYPE, &reached) != 0)
-    return systemError(errno, path);
-  if (const int error = readEntryFacts(AT_FDCWD, path.c_str(), path.c_str(), DT_UNKNOWN, store, entry))
-    return systemError(error, path);
+  if (const int error = readPathFacts(path.c_str(), entry)) return systemError(error, path);
   EntryInfo info;
   info.size = entry.size;
   info.modified = entry.modified;

@@ -16,6 +16,9 @@ namespace varnholt::platform::posix {
 int readEntryFacts(int folder, const char* name, const char* xattrPath, unsigned char kindHint, AttributeStore& store,
                    Entry& out);
 
+/// The same for an absolute path, `out.name` set before. An entry that may not be asked is an error here.
+int readPathFacts(const char* path, Entry& out);
+
 /// Whether an entry carries read-only, hidden or system: the original platform overwrites no such file, and permission
 /// bits of a folder do not change that.
 bool refusesOverwrite(int folder, const char* name, AttributeStore& store);
