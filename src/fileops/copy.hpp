@@ -16,6 +16,8 @@ class Copy : public TargetOperation {
   Turn turn() const override { return Turn::AfterItem; }
   Item file() override;
   Item folder() override;
+  platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names,
+                               const std::string& to) override;
   void counted() override;
   void refreshPanels() override;
   void ended(bool normally) override;

@@ -73,6 +73,12 @@ bool Delete::mayDeleteTree() {
 Operation::Item Delete::file() {
   auto& form = context_.form;
   showItem("Processing... " + form.CurrentItem);
+  if (const auto done = doneInBatch()) {
+    succeeded_ = true;
+    form.BytesDone += static_cast<double>(*done);
+    PogressCal(form, dialog_);
+    return Item::Done;
+  }
   const auto facts = context_.files().info(form.SourcePath);
   const platform::Attributes attributes = facts ? facts->attributes : 0;
   if (attributes != platform::attribute::Archive && form10_.AttrAnswer != AttributeAnswer::All) {
@@ -92,6 +98,11 @@ Operation::Item Delete::file() {
   succeeded_ = context_.files().deleteFile(form.SourcePath, force).ok();
   PogressCal(form, dialog_);
   return Item::Done;
+}
+
+platform::BatchResults Delete::batch(const std::string& folder, const std::vector<std::string>& names,
+                                     const std::string& /*to*/) {
+  return context_.files().deleteFiles(folder, names);
 }
 
 bool Delete::verify() {

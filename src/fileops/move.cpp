@@ -28,6 +28,12 @@ Operation::Item Move::file() {
   auto& form = context_.form;
   const std::string source = form.SourcePath, target = context_.target(leaf_);
   showItem("Processing... " + form.CurrentItem);
+  if (const auto done = doneInBatch()) {
+    succeeded_ = true;
+    form.BytesDone += static_cast<double>(*done);
+    PogressCal(form, dialog_);
+    return Item::Done;
+  }
   const std::uint64_t bytes = fileBytes(source);
   const auto moved = run(bytes, [&] { return context_.files().moveFile(source, target); });
   if (!moved && context_.files().fileExists(target)) {
@@ -38,6 +44,11 @@ Operation::Item Move::file() {
   form.BytesDone += static_cast<double>(bytes);
   PogressCal(form, dialog_);
   return Item::Done;
+}
+
+platform::BatchResults Move::batch(const std::string& folder, const std::vector<std::string>& names,
+                                   const std::string& to) {
+  return context_.files().moveFiles(folder, names, to);
 }
 
 Operation::Item Move::folder() {

@@ -18,6 +18,8 @@ class Move : public TargetOperation {
   bool moving() const override { return form5_.MoveRunning; }
   Item file() override;
   Item folder() override;
+  platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names,
+                               const std::string& to) override;
   void refreshPanels() override;
   void ended(bool normally) override;
 

@@ -6,6 +6,9 @@
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
 
+#include <algorithm>
+#include <chrono>
+
 namespace varnholt::fileops {
 namespace {
 
@@ -17,6 +20,12 @@ constexpr std::size_t LongPath = 53, LongPathKept = 47;
 constexpr std::size_t LongItem = 35;
 // What takes so short on any volume that a helper thread would only cost.
 constexpr std::uint64_t ShortCall = 256 * 1024;
+// From so many items on files are handled in batches, which grow and shrink so that each takes about as long as the
+// screen shows one picture.
+constexpr std::size_t LargeSelection = 200, FirstBatch = 16, LargestBatch = 512;
+constexpr std::chrono::milliseconds ShortBatch{5}, LongBatch{16};
+// Where a batch could do nothing, the next files are likely to be of the same kind.
+constexpr std::size_t PauseItems = 16;
 
 std::string shortPath(std::string_view path) { return core::shortened(path, LongPath, LongPathKept); }
 
@@ -129,6 +138,9 @@ void Operation::begin() {
   form.ItemsDone = 0;
   form.BytesDone = 0;
   form.ItemsTotal = form.filecollect.count();
+  batch_.clear();
+  batchSize_ = FirstBatch;
+  batchPause_ = 0;
   dialog_.setRunning(true);
   context_.pointer() = Hourglass;
 }
@@ -175,8 +187,52 @@ void Operation::showCount() {
 }
 
 bool Operation::stopAsked() {
+  // What is done cannot be stopped.
+  if (!batch_.empty()) return false;
   context_.program.loop.giveTurn();
   return dialog_.StopFlag;
+}
+
+// --- Batches -------------------------------------------------------------------------------------------------------
+
+std::optional<std::uint64_t> Operation::doneInBatch() {
+  if (batch_.empty()) runBatch();
+  if (batch_.empty()) return {};
+  const std::uint64_t bytes = batch_.front();
+  batch_.pop_front();
+  return bytes;
+}
+
+std::vector<std::string> Operation::nextNames(std::size_t count) const {
+  const auto& form = context_.form;
+  std::vector<std::string> names{form.CurrentItem};
+  const auto& items = form.filecollect.items();
+  for (auto item = items.rbegin(); item != items.rend() && names.size() < count; ++item) {
+    if (core::isFolderItem(*item)) break;
+    names.push_back(*item);
+  }
+  return names;
+}
+
+void Operation::runBatch() {
+  if (context_.form.ItemsTotal < LargeSelection || context_.form.TmpMode) return;
+  if (batchPause_ > 0) {
+    --batchPause_;
+    return;
+  }
+  const auto from = std::chrono::steady_clock::now();
+  const std::vector<std::string> names = nextNames(batchSize_);
+  const std::string folder = context_.form.activePanel()->path(), to = context_.form.TargetPath;
+  platform::BatchResults results;
+  context_.program.loop.runBlocking([&] { results = batch(folder, names, to); });
+  for (const auto& result : results) {
+    if (!result) break;
+    batch_.push_back(*result);
+  }
+  if (batch_.empty()) batchPause_ = PauseItems;
+  const auto took = std::chrono::steady_clock::now() - from;
+  if (took < ShortBatch) batchSize_ = std::min(batchSize_ * 2, LargestBatch);
+  if (took > LongBatch) batchSize_ = std::max<std::size_t>(batchSize_ / 2, 1);
 }
 
 // --- The ending ----------------------------------------------------------------------------------------------------

@@ -4,6 +4,8 @@
 #include "fileops/operation_dialogs.hpp"
 #include "fileops/space.hpp"
 
+#include <cstdint>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -55,11 +57,19 @@ class Operation {
   /// Handle the item in hand: `SourcePath`, `TargetPath`, and `CurrentItem` without its marker.
   virtual Item file() = 0;
   virtual Item folder() = 0;
+  /// Does the call of the operation for these files of the source folder, as far as they are plain cases.
+  virtual platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names,
+                                       const std::string& to) = 0;
   virtual void counted() {}
   /// Looks whether the item came through, where its call did not say so; false ends the loop.
   virtual bool verify() = 0;
   virtual void refreshPanels() = 0;
   virtual void ended(bool /*normally*/) {}
+
+  /// The bytes of the file in hand when it is done already, together with those around it: many small files are handled
+  /// several at once between two turns of the message loop, and counted one after the other all the same. Nothing: it
+  /// is to be handled by itself.
+  std::optional<std::uint64_t> doneInBatch();
 
   // --- What they share -------------------------------------------------------------------------------------------
   void showItem(const std::string& line) { dialog_.item.Text = line; }
@@ -94,7 +104,12 @@ class Operation {
   void end(Ending ending);
   void close();
 
+  std::vector<std::string> nextNames(std::size_t count) const;
+  void runBatch();
+
   bool executed_ = false;
+  std::deque<std::uint64_t> batch_;  ///< bytes of the files that are done, from the one in hand on
+  std::size_t batchSize_ = 0, batchPause_ = 0;
 };
 
 /// What copy and move share: a target folder that can be browsed for, and the space tests.

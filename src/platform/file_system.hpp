@@ -69,6 +69,10 @@ struct TreeSize {
   bool exact = true;          ///< false when a folder below could not be read
 };
 
+/// What a batch call did with the first of its files, in their order: the bytes of each, or why it failed. Files behind
+/// these were not touched, unless they were in hand when one failed.
+using BatchResults = std::vector<Result<std::uint64_t>>;
+
 /// The file system object. All paths in program form, with or without closing backslash. No call throws, none
 /// blocks on a pipe or device. Case is the volume's own: paths are used exactly, except by resolve().
 class FileSystem {
@@ -135,6 +139,22 @@ class FileSystem {
   /// stops at the first read-only file or folder. What was deleted before a failure stays deleted. A link to a
   /// folder is removed as a link.
   virtual Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {}) = 0;
+  // The batch calls do what the single calls without overwriting and without force do, for files of one folder, much
+  // quicker for many small ones. They end in front of the first name that is no plain case: a regular file, of at most
+  // `limit` bytes, with no other attribute than archive where it is to be deleted, and with nothing of its name in the
+  // target folder. So does one that fails. The caller goes on with that one by a single call, which tells what is the
+  // matter. An empty answer is always right.
+  virtual BatchResults copyFiles(const std::string& /*folder*/, const std::vector<std::string>& /*names*/,
+                                 const std::string& /*to*/, std::uint64_t /*limit*/) {
+    return {};
+  }
+  virtual BatchResults moveFiles(const std::string& /*folder*/, const std::vector<std::string>& /*names*/,
+                                 const std::string& /*to*/) {
+    return {};
+  }
+  virtual BatchResults deleteFiles(const std::string& /*folder*/, const std::vector<std::string>& /*names*/) {
+    return {};
+  }
   /// Makes one folder; its parent must exist. AlreadyThere when anything has the name.
   virtual Result<void> createFolder(const std::string& path) = 0;
   /// Sets the settable bits to exactly those given; the others stay. On a volume without extended attributes

@@ -184,7 +184,6 @@ void QtMessageLoop::runModal(controls::Form& form) {
 }
 
 void QtMessageLoop::runBlocking(const std::function<void()>& call) {
-  flush();
   QSemaphore done;
   QEventLoop loop;
   ++blocked_;
@@ -193,6 +192,7 @@ void QtMessageLoop::runBlocking(const std::function<void()>& call) {
     done.release();
   });
   if (!done.tryAcquire(1, ShortCallMilliseconds)) {
+    flush();
     const InputHold hold;
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     done.acquire();

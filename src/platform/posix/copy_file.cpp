@@ -31,6 +31,8 @@ bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == 
 /// Whether what has the target's name may be replaced. `exists` tells whether anything has it.
 Failed judgeTarget(const struct stat& source, CopySide& to, const char* name, const CopyRules& rules, bool& exists) {
   struct stat target {};
+  exists = false;
+  if (rules.targetIsFree) return {};
   exists = !rules.freshFolder && ::fstatat(to.folder, name, &target, AT_SYMLINK_NOFOLLOW) == 0;
   if (!exists) return rules.freshFolder || errno == ENOENT ? Failed() : atTarget(errno);
   struct stat reached = target;
@@ -167,7 +169,7 @@ Result<void> copyFileTo(const std::string& from, const std::string& to, bool ove
   CopySide toSide{target->folder.get(), AttributeStore::ofDescriptor(target->folder.get())};
   ProgressMonitor monitor(progress);
   auto failed = copyEntry(fromSide, source->name.c_str(), static_cast<unsigned char>(IFTODT(facts.st_mode)), toSide,
-                          target->name.c_str(), {overwrite, false, sync}, monitor);
+                          target->name.c_str(), {.overwrite = overwrite, .sync = sync}, monitor);
   if (failed) {
     failed->error.path = failed->atTarget ? to : from;
     return failed->error;

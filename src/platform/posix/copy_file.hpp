@@ -22,7 +22,8 @@ struct CopyRules {
   /// The target folder was made by this copy and has a temporary name itself while files are copied into it: nothing
   /// of others is in it, and its files need no temporary names of their own.
   bool freshFolder = false;
-  bool sync = false;  ///< the bytes must be on the disk before this returns
+  bool targetIsFree = false;  ///< nothing had the target's name when it was looked at, and nothing may be replaced
+  bool sync = false;          ///< the bytes must be on the disk before this returns
 };
 
 /// Why an entry was not copied; the path is left to the caller, who knows it.

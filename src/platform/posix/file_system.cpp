@@ -7,6 +7,7 @@
 #include "platform/posix/dos_attributes.hpp"
 #include "platform/posix/drives.hpp"
 #include "platform/posix/entry_facts.hpp"
+#include "platform/posix/file_batch.hpp"
 #include "platform/posix/file_contents.hpp"
 #include "platform/posix/listing.hpp"
 #include "platform/posix/move.hpp"
@@ -216,6 +217,38 @@ Result<void> PosixFileSystem::deleteFile(const std::string& path, bool force) {
 Result<void> PosixFileSystem::deleteFolder(const std::string& path, bool force, const Progress& progress) {
   const auto system = changeable(path);
   return system ? told(removeTree(*system, force, progress)) : system.error();
+}
+
+namespace {
+
+/// As far as each is one name: what leads elsewhere is no plain case.
+std::vector<std::string> systemNames(const std::vector<std::string>& names) {
+  std::vector<std::string> system;
+  system.reserve(names.size());
+  for (const std::string& name : names) {
+    if (name.empty() || name == "." || name == ".." || name.find_first_of("\\/") != std::string::npos) break;
+    system.push_back(PathMap::nameToSystem(name));
+  }
+  return system;
+}
+
+}  // namespace
+
+BatchResults PosixFileSystem::copyFiles(const std::string& folder, const std::vector<std::string>& names,
+                                        const std::string& to, std::uint64_t limit) {
+  const auto from = map_.toSystem(folder), target = map_.toSystem(to);
+  return from && target ? copyBatch(*from, systemNames(names), *target, limit) : BatchResults();
+}
+
+BatchResults PosixFileSystem::moveFiles(const std::string& folder, const std::vector<std::string>& names,
+                                        const std::string& to) {
+  const auto from = map_.toSystem(folder), target = map_.toSystem(to);
+  return from && target ? moveBatch(*from, systemNames(names), *target) : BatchResults();
+}
+
+BatchResults PosixFileSystem::deleteFiles(const std::string& folder, const std::vector<std::string>& names) {
+  const auto system = map_.toSystem(folder);
+  return system ? deleteBatch(*system, systemNames(names)) : BatchResults();
 }
 
 Result<void> PosixFileSystem::createFolder(const std::string& path) {

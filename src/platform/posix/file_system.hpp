@@ -36,6 +36,11 @@ class PosixFileSystem final : public FileSystem {
   Result<void> moveFolder(const std::string& from, const std::string& to) override;
   Result<void> deleteFile(const std::string& path, bool force) override;
   Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {}) override;
+  BatchResults copyFiles(const std::string& folder, const std::vector<std::string>& names, const std::string& to,
+                         std::uint64_t limit) override;
+  BatchResults moveFiles(const std::string& folder, const std::vector<std::string>& names,
+                         const std::string& to) override;
+  BatchResults deleteFiles(const std::string& folder, const std::vector<std::string>& names) override;
   Result<void> createFolder(const std::string& path) override;
   Result<void> setAttributes(const std::string& path, Attributes attributes) override;
   Result<void> setModified(const std::string& path, const Date& date) override;

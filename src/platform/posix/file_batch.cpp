@@ -1,0 +1,132 @@
+#include "platform/posix/file_batch.hpp"
+
+#include "platform/posix/copy_file.hpp"
+#include "platform/posix/entry_facts.hpp"
+#include "platform/posix/unique_fd.hpp"
+#include "platform/posix/workers.hpp"
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace varnholt::platform::posix {
+namespace {
+
+using Names = std::vector<std::string>;
+
+UniqueFd openFolder(const std::string& folder) {
+  return UniqueFd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+/// The sizes of the first names, up to the first that is no plain file or that `isPlain` rejects.
+template <class Test>
+std::vector<std::uint64_t> plainSizes(int folder, const Names& names, const Test& isPlain) {
+  std::vector<std::uint64_t> sizes;
+  for (const std::string& name : names) {
+    struct stat facts {};
+    if (::fstatat(folder, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(facts.st_mode)) break;
+    const auto size = static_cast<std::uint64_t>(facts.st_size);
+    if (!isPlain(name.c_str(), size)) break;
+    sizes.push_back(size);
+  }
+  return sizes;
+}
+
+bool isFree(int folder, const char* name) {
+  struct stat facts {};
+  return ::fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT;
+}
+
+/// Runs `work` for each index, several at once, and begins no further one when one has failed. Gives the results up to
+/// the first that was not begun.
+template <class Work>
+BatchResults runBatch(std::size_t count, const Work& work) {
+  std::vector<std::optional<Result<std::uint64_t>>> done(count);
+  std::atomic<std::size_t> next = 0;
+  std::atomic<bool> failed = false;
+  const unsigned workers = static_cast<unsigned>(std::min<std::size_t>(workerCount(), count));
+  runWorkers(workers, [&](unsigned) {
+    auto step = work();
+    for (std::size_t at = next++; at < count && !failed; at = next++) {
+      done[at] = step(at);
+      if (!*done[at]) failed = true;
+    }
+  });
+  BatchResults results;
+  for (auto& each : done) {
+    if (!each) break;
+    results.push_back(std::move(*each));
+  }
+  return results;
+}
+
+class NoStop final : public CopyMonitor {
+ public:
+  bool add(std::uint64_t) override { return true; }
+};
+
+}  // namespace
+
+BatchResults copyBatch(const std::string& from, const Names& names, const std::string& to, std::uint64_t limit) {
+  const UniqueFd source = openFolder(from), target = openFolder(to);
+  if (!source || !target) return {};
+  const auto sizes = plainSizes(source.get(), names, [&](const char* name, std::uint64_t size) {
+    return size <= limit && isFree(target.get(), name);
+  });
+  const auto fromStore = AttributeStore::ofDescriptor(source.get()),
+             toStore = AttributeStore::ofDescriptor(target.get());
+  NoStop monitor;
+  return runBatch(sizes.size(), [&] {
+    CopySide fromSide{source.get(), fromStore}, toSide{target.get(), toStore};
+    return [&, fromSide, toSide](std::size_t at) mutable -> Result<std::uint64_t> {
+      const char* name = names[at].c_str();
+      auto failure = copyEntry(fromSide, name, DT_REG, toSide, name, {.targetIsFree = true}, monitor);
+      if (!failure) return sizes[at];
+      failure->error.path = (failure->atTarget ? to : from) + '/' + name;
+      return failure->error;
+    };
+  });
+}
+
+// One after the other: the kernel lets one rename at a time into a folder.
+BatchResults moveBatch(const std::string& from, const Names& names, const std::string& to) {
+  const UniqueFd source = openFolder(from), target = openFolder(to);
+  BatchResults results;
+  if (!source || !target) return results;
+  for (const std::string& name : names) {
+    struct stat facts {};
+    if (::fstatat(source.get(), name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(facts.st_mode)) break;
+    if (::renameat2(source.get(), name.c_str(), target.get(), name.c_str(), RENAME_NOREPLACE) != 0) break;
+    results.emplace_back(static_cast<std::uint64_t>(facts.st_size));
+  }
+  return results;
+}
+
+BatchResults deleteBatch(const std::string& folder, const Names& names) {
+  const UniqueFd open = openFolder(folder);
+  if (!open) return {};
+  AttributeStore store = AttributeStore::ofDescriptor(open.get());
+  std::vector<std::uint64_t> sizes;
+  for (const std::string& name : names) {
+    Entry facts;
+    facts.name = name;
+    const std::string path = folder + '/' + name;
+    if (readEntryFacts(open.get(), name.c_str(), path.c_str(), DT_UNKNOWN, store, facts) != 0) break;
+    if (facts.isLink || facts.kind != EntryKind::File || facts.attributes != attribute::Archive) break;
+    sizes.push_back(facts.size);
+  }
+  return runBatch(sizes.size(), [&] {
+    return [&](std::size_t at) -> Result<std::uint64_t> {
+      if (::unlinkat(open.get(), names[at].c_str(), 0) == 0) return sizes[at];
+      return systemError(errno, folder + '/' + names[at]);
+    };
+  });
+}
+
+}  // namespace varnholt::platform::posix

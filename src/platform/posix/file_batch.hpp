@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/file_system.hpp"
+
+#include <string>
+#include <vector>
+
+namespace varnholt::platform::posix {
+
+/// FileSystem::copyFiles, moveFiles and deleteFiles on system paths and names.
+BatchResults copyBatch(const std::string& from, const std::vector<std::string>& names, const std::string& to,
+                       std::uint64_t limit);
+BatchResults moveBatch(const std::string& from, const std::vector<std::string>& names, const std::string& to);
+BatchResults deleteBatch(const std::string& folder, const std::vector<std::string>& names);
+
+}  // namespace varnholt::platform::posix

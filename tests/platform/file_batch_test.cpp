@@ -1,0 +1,114 @@
+// The batch calls: as the single calls for the plain cases, and hands off from the first that is none.
+#include "support/temp_folder.hpp"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace varnholt::platform {
+namespace {
+
+using Names = std::vector<std::string>;
+constexpr std::uint64_t NoLimit = ~std::uint64_t{0};
+
+class FileBatch : public testing::Test {
+ protected:
+  FileBatch() {
+    temp.folder("to");
+    for (const char* name : {"from/a", "from/b", "from/c", "from/d", "from/e"})
+      temp.file(name, std::string(name));
+  }
+  /// What a call on a..e gives: the files that it has done.
+  std::size_t copied() { return temp.files.copyFiles(from, all, to, NoLimit).size(); }
+  std::size_t moved() { return temp.files.moveFiles(from, all, to).size(); }
+  void remove(const std::string& name) { std::filesystem::remove(temp.system(name)); }
+  std::size_t deleted() { return temp.files.deleteFiles(from, all).size(); }
+
+  test::TempFolder temp;
+  const Names all{"a", "b", "c", "d", "e"};
+  const std::string from = temp.path("from"), to = temp.path("to");
+};
+
+TEST_F(FileBatch, PlainFilesAreAllDoneAndTellTheirBytes) {
+  temp.modified("from/c", {1'000'000'000, 5}).mode("from/d", 0640);
+  const auto results = temp.files.copyFiles(from, all, to, NoLimit);
+  ASSERT_EQ(results.size(), 5u);
+  for (const auto& result : results)
+    EXPECT_EQ(result.valueOr(0), 6u);
+  EXPECT_EQ(temp.names("to"), all);
+  EXPECT_EQ(temp.read("to/b"), "from/b");
+  EXPECT_EQ(temp.facts("to/c").st_mtim.tv_sec, 1'000'000'000);
+  EXPECT_EQ(temp.facts("to/d").st_mode & 07777, 0640u);
+  EXPECT_EQ(deleted(), 5u);
+  EXPECT_EQ(temp.names("from"), Names{});
+  EXPECT_EQ(temp.files.moveFiles(to, all, from).size(), 5u);
+  EXPECT_EQ(temp.names("from"), all);
+  EXPECT_EQ(temp.names("to"), Names{});
+}
+
+TEST_F(FileBatch, NothingIsTouchedFromTheFirstTargetThatExists) {
+  temp.file("to/c", "old");
+  EXPECT_EQ(copied(), 2u);
+  EXPECT_EQ(temp.names("to"), (Names{"a", "b", "c"}));
+  EXPECT_EQ(temp.read("to/c"), "old");
+  remove("to/a");
+  remove("to/b");
+  EXPECT_EQ(moved(), 2u);
+  EXPECT_EQ(temp.names("from"), (Names{"c", "d", "e"}));
+  EXPECT_EQ(temp.read("to/c"), "old");
+}
+
+TEST_F(FileBatch, LinksFoldersPipesAndLargeFilesAreNoPlainCase) {
+  struct Case {
+    const char* what;
+    std::function<void()> make;
+  };
+  const Case cases[] = {{"a link", [&] { temp.link("from/c", "a"); }},
+                        {"a dangling link", [&] { temp.link("from/c", "nowhere"); }},
+                        {"a folder", [&] { temp.folder("from/c"); }},
+                        {"a pipe", [&] { temp.pipe("from/c"); }},
+                        {"nothing", [] {}}};
+  for (const Case& each : cases) {
+    remove("from/c");
+    each.make();
+    EXPECT_EQ(copied(), 2u) << each.what;
+    remove("to/a");
+    remove("to/b");
+    EXPECT_EQ(moved(), 2u) << each.what;
+    EXPECT_EQ(temp.names("to"), (Names{"a", "b"})) << each.what;
+    EXPECT_EQ(temp.files.moveFiles(to, {"a", "b"}, from).size(), 2u);
+    EXPECT_EQ(deleted(), 2u) << each.what;
+    temp.file("from/a", "from/a").file("from/b", "from/b");
+  }
+  remove("from/c");
+  temp.file("from/c", "larger");
+  EXPECT_EQ(temp.files.copyFiles(from, all, to, 6).size(), 5u);
+  for (const auto& name : all)
+    remove("to/" + name);
+  temp.file("from/c", "larger!");
+  EXPECT_EQ(temp.files.copyFiles(from, all, to, 6).size(), 2u);
+}
+
+TEST_F(FileBatch, ProtectedFilesAreNotDeleted) {
+  for (const Attributes attributes : {1u, 2u, 4u, 0u, 33u}) {
+    ASSERT_TRUE(temp.files.setAttributes(temp.path("from/c"), attributes));
+    EXPECT_EQ(deleted(), 2u) << attributes;
+    EXPECT_EQ(temp.names("from"), (Names{"c", "d", "e"}));
+    temp.file("from/a").file("from/b");
+  }
+}
+
+TEST_F(FileBatch, NamesThatLeadElsewhereAndFoldersThatAreGoneGiveNothing) {
+  temp.file("kept").file("from/x\\y");
+  for (const char* name : {"..\\kept", "", ".", "..", "../kept"}) {
+    EXPECT_TRUE(temp.files.deleteFiles(from, {name}).empty()) << name;
+    EXPECT_TRUE(temp.files.moveFiles(from, {name}, to).empty()) << name;
+    EXPECT_TRUE(temp.files.copyFiles(from, {name}, to, NoLimit).empty()) << name;
+  }
+  EXPECT_TRUE(temp.has("kept"));
+  EXPECT_TRUE(temp.files.copyFiles(temp.path("gone"), all, to, NoLimit).empty());
+  EXPECT_TRUE(temp.files.copyFiles(from, all, temp.path("gone"), NoLimit).empty());
+  EXPECT_TRUE(temp.files.copyFiles("Q:\\", all, to, NoLimit).empty());
+}
+
+}  // namespace
+}  // namespace varnholt::platform
