@@ -331,14 +331,15 @@ TEST_P(PanelRoad, CtrlThatGoesUpElsewhereIsUpHereToo) {
 
 TEST_P(PanelRoad, ACtrlClickFromElsewhereKeepsTheMarks) {
   clickRow(4);
+  clickRow(7, Ctrl);
   auto* drives = usable<QComboBox>(window, side.list == Left.list ? "Drive1" : "Drive2");
   drives->setFocus();
   QTest::keyPress(drives, Qt::Key_Control);
-  const QPoint at = widget->visualRect(widget->model()->index(7, 0)).center();
+  const QPoint at = widget->visualRect(widget->model()->index(4, 0)).center();
   QTest::mouseClick(widget->viewport(), Qt::LeftButton, Ctrl, at);
   QTest::keyRelease(widget, Qt::Key_Control);
-  EXPECT_EQ(selectedRows(), (Rows{4, 7}));
-  EXPECT_TRUE(panel().list.item(4).Ghosted() && panel().list.item(7).Ghosted());
+  EXPECT_EQ(selectedRows(), Rows{7});
+  EXPECT_TRUE(panel().list.item(4).Ghosted()) << "the mark outlives the selection while Ctrl is down";
 }
 
 TEST_P(PanelRoad, TypedLettersSeekNames) {
