@@ -271,6 +271,7 @@ std::unique_ptr<Adapter> join(Host& host, controls::Control& control, QWidget& w
   case Kind::PictureBox:
     return joinPictureBox(host, control, widget);
   case Kind::Chart:
+    return joinChart(host, control, widget);
   case Kind::Timer:
   case Kind::MenuItem:
     return nullptr;

@@ -145,6 +145,7 @@ std::unique_ptr<Adapter> joinProgressBar(Host& host, controls::Control& control,
 std::unique_ptr<Adapter> joinSlider(Host& host, controls::Control& control, QWidget& widget);
 std::unique_ptr<Adapter> joinMonthView(Host& host, controls::Control& control, QWidget& widget);
 std::unique_ptr<Adapter> joinRichTextBox(Host& host, controls::Control& control, QWidget& widget);
+std::unique_ptr<Adapter> joinChart(Host& host, controls::Control& control, QWidget& widget);
 std::unique_ptr<Adapter> joinPictureBox(Host& host, controls::Control& control, QWidget& widget);
 
 /// By the control's kind. Null when no widget of that kind can draw it; timers and menu entries have none.
