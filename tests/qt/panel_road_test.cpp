@@ -6,6 +6,8 @@
 #include <QToolButton>
 #include <QTreeWidget>
 
+#include <filesystem>
+
 namespace varnholt::test {
 namespace {
 
@@ -292,6 +294,29 @@ TEST_P(PanelRoad, TheTreeWindowSendsThePanelWhereItIsTold) {
   tree->currentItem()->parent()->setExpanded(false);
   loop.flush();
   EXPECT_EQ(pathShown(side.path), "C:\\Prints\\2024\\Garden");
+}
+
+TEST_P(PanelRoad, TheTreeWindowObeysTheKeyboard) {
+  trigger("Treeon");
+  auto* tree = usable<QTreeWidget>(windowOf(loop, app.Form9), side.tree);
+  for (const auto pressed : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Down}) {
+    QTest::keyClick(tree, pressed);
+    loop.flush();
+  }
+  EXPECT_EQ(pathShown(side.path), "C:\\Prints\\2024");
+  EXPECT_EQ(tree->currentItem()->text(0), QStringLiteral("Raw"));
+  QTest::keyClick(tree, Qt::Key_Return);
+  EXPECT_EQ(pathShown(side.path), "C:\\Prints\\2024\\Coast\\Raw");
+}
+
+TEST_P(PanelRoad, ATreeNodeOfARemovedFolderLeavesThePanelWhereItIs) {
+  trigger("Treeon");
+  auto* tree = usable<QTreeWidget>(windowOf(loop, app.Form9), side.tree);
+  tree->setCurrentItem(tree->currentItem()->child(1));
+  ASSERT_TRUE(std::filesystem::remove(rig.systemPath("C:\\Prints\\2024\\Garden")));
+  QTest::keyClick(tree, Qt::Key_Return);
+  EXPECT_EQ(pathShown(side.path), "C:\\Prints\\2024");
+  EXPECT_EQ(panel().inconsistency(), "");
 }
 
 TEST_P(PanelRoad, TheCommandLineTakesTheKeyboardAndGivesItBack) {
