@@ -6,6 +6,14 @@
 #include <algorithm>
 
 namespace varnholt::controls {
+namespace {
+
+// A letter is one byte or more: those that go on with a UTF-8 character have the bits 10 in front.
+bool isOneLetter(const std::string& text) {
+  return std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; }) == 1;
+}
+
+}  // namespace
 
 void ListView::selectOnly(std::uint32_t row) {
   selectNone();
@@ -131,7 +139,7 @@ void ListView::seekFromUser(const std::string& text) {
   platform::appendBaseOrderKey(text, wanted);
   // One letter goes on from the next row, so that pressing it again walks through its names; a growing text stays.
   const std::uint32_t rows = count();
-  const std::uint32_t from = focusedRow().value_or(rows - 1) + (text.size() == 1 ? 1 : 0);
+  const std::uint32_t from = focusedRow().value_or(rows - 1) + (isOneLetter(text) ? 1 : 0);
   std::string candidate;
   for (std::uint32_t step = 0; step < rows; ++step) {
     const std::uint32_t row = (from + step) % rows;

@@ -152,20 +152,28 @@ class RichTextBox : public Control {
   }
 };
 
-/// Named numbers as a pie or as bars.
+/// Named numbers as a pie or as bars. Points are numbered from 0.
 class Chart : public Control {
  public:
   Chart(Form& form, std::string name) : Control(form, std::move(name), Kind::Chart) {}
   enum class Type { Pie, Bar };
   struct Value {
     std::string label;
-    double number = 0;
+    double number = 0;      ///< drawn as nothing when it is below 0
+    Color color = NoColor;  ///< NoColor: one of the chart's own, in turn
     bool operator==(const Value&) const = default;
   };
   Property<std::vector<Value>> Values{*this};
   Property<Type> ChartType{*this, Type::Pie};
   Property<std::string> Title{*this};
+  Property<int> SelectedPoint{*this, -1};  ///< drawn apart from the others; -1: none
   Event<int> PointSelected;
+  /// The user chooses a point.
+  void selectFromUser(int point) {
+    if (point < 0 || point >= static_cast<int>(Values->size())) return;
+    SelectedPoint = point;
+    PointSelected(point);
+  }
 };
 
 }  // namespace varnholt::controls

@@ -64,6 +64,12 @@ TreeWindow::TreeWindow(Form9& form9, Form1& form, core::Program& program)
     controls::TreeView& view = tree(*panel);
     view.NodeClick = [this, panel](controls::TreeNode& node) { NodeClick(*panel, node); };
     view.DblClick = [this, panel] { DblClick(*panel); };
+    // Who has no mouse goes there with Enter, as in the lists.
+    view.KeyDown = [this, panel](controls::KeyEvent& event) {
+      if (event.code != controls::key::Enter) return;
+      event.handled = true;
+      DblClick(*panel);
+    };
     view.Expand = [this, panel](controls::TreeNode& node) { Expand(*panel, node); };
     view.Collapse = [this, panel](controls::TreeNode& node) { Collapse(*panel, node); };
   }

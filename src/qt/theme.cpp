@@ -68,7 +68,7 @@ QColor colorOf(controls::Color color) {
 }
 
 double contrast(const QColor& a, const QColor& b) {
-  const auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
+  const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
   return (lighter + 0.05) / (darker + 0.05);
 }
 

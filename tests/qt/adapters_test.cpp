@@ -15,6 +15,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSlider>
 #include <QTextEdit>
 #include <QTreeWidget>
@@ -260,6 +261,50 @@ TEST_F(Adapters, ATreeShowsItsNodesAndTellsClicksOnce) {
   QTest::qWait(0);
   QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, at);
   EXPECT_EQ(events, (std::vector<std::string>{"expand C:", "click Photos", "click Photos"}));
+}
+
+TEST_F(Adapters, ATreeMayBeFilledAnewWhileItTellsAClick) {
+  auto& tree1 = form.TreeView1;
+  auto& root = tree1.add(nullptr, "C:");
+  tree1.add(&root, "Photos");
+  root.Expanded = true;
+  const auto fill = [&](controls::TreeNode& node) {
+    tree1.removeChildren(node);
+    tree1.add(&node, "Coast");
+    tree1.setExpanded(node, true);
+    draw();  // as a handler's turn does
+  };
+  tree1.NodeClick = tree1.Expand = fill;
+  draw();
+  for (const auto key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Right, Qt::Key_Down}) {
+    QTest::keyClick(&tree, key);
+    QCoreApplication::processEvents();
+  }
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(tree.topLevelItem(0)).center());
+  QCoreApplication::processEvents();
+  ASSERT_EQ(tree.topLevelItem(0)->childCount(), 1);
+  EXPECT_EQ(tree.topLevelItem(0)->child(0)->text(0), QStringLiteral("Coast"));
+}
+
+TEST_F(Adapters, ATreeStaysWhereItIsScrolledToWhenItGrows) {
+  auto& root = form.TreeView1.add(nullptr, "C:");
+  for (int folder = 0; folder < 200; ++folder)
+    form.TreeView1.add(&root, "folder " + std::to_string(folder));
+  root.Expanded = true;
+  form.TreeView1.select(&root);
+  draw();
+  tree.setFixedHeight(120);
+  tree.scrollToBottom();
+  const int scrolled = tree.verticalScrollBar()->value();
+  ASSERT_GT(scrolled, 0);
+  form.TreeView1.add(root.children.back().get(), "new");
+  form.TreeView1.setExpanded(*root.children.back(), true);
+  draw();
+  EXPECT_EQ(tree.verticalScrollBar()->value(), scrolled);
+  form.TreeView1.select(root.children.front().get());
+  draw();
+  EXPECT_TRUE(tree.viewport()->rect().contains(tree.visualItemRect(tree.currentItem()).center()))
+      << "a node that is selected is shown";
 }
 
 TEST_F(Adapters, ATreeThatGetsTheKeyboardClicksNothing) {

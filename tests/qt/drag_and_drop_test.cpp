@@ -2,9 +2,11 @@
 #include "drawn_program.hpp"
 #include "qt/widgets/drop_mark.hpp"
 
+#include <QComboBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QPushButton>
 #include <QToolButton>
 
 namespace varnholt::test {
@@ -90,6 +92,27 @@ class DrawnDrops : public DrawnProgram {
   using Ran = std::vector<std::string>;
   static constexpr char Raw[] = "C:\\no utf-8 \xE9.txt";
   Ran ran, dropped;
+};
+
+/// The drops as the program itself binds them.
+class DrawnCopies : public DrawnDrops {
+ protected:
+  void SetUp() override {
+    start();
+    auto* drives = usable<QComboBox>(window, "Drive2");
+    drives->setFocus();
+    QTest::keyClick(drives, Qt::Key_Down);
+    ASSERT_EQ(pathShown("Text2"), "D:\\");
+  }
+  /// Presses the dialog's execute button once it is there.
+  void executeWhenAsked(controls::Form& dialog) {
+    execute = [this, &dialog] {
+      if (!dialog.Visible) return loop.later(execute);
+      QTest::mouseClick(usable<QPushButton>(windowOf(loop, dialog), "Command11"), Qt::LeftButton);
+    };
+    loop.later(execute);
+  }
+  std::function<void()> execute;
 };
 
 // --- Out of a panel --------------------------------------------------------------------------------------------------
@@ -206,6 +229,24 @@ TEST_F(DrawnDrops, ADialogKeepsDropsFromTheWindowsBehindIt) {
   loop.later(act);
   app.Form35.browse("Copy Item(s)");
   EXPECT_TRUE(Drag{*data}.enter(right()));
+}
+
+TEST_F(DrawnCopies, AFileDraggedToTheOtherPanelIsThereAfterwards) {
+  pull("letter", [&](const QMimeData& data) { EXPECT_TRUE((Drag{data, {}, Qt::CopyAction}.drop(right()))); });
+  executeWhenAsked(app.fileops.Form3);
+  EXPECT_TRUE(waitFor([&] { return rig.exists("D:\\letter.txt") && !app.fileops.Form3.Visible; }));
+  EXPECT_EQ(rig.read("D:\\letter.txt"), "Dear all");
+  EXPECT_TRUE(rig.exists("C:\\letter.txt"));
+  EXPECT_EQ(rows("ListView2").size(), 2u) << "the panel shows it";
+}
+
+TEST_F(DrawnCopies, AFileOfAnotherProgramIsMovedWithShift) {
+  const auto data = uris(uriOf("C:\\Photos\\2024\\coast.jpg"));
+  Drag drag{*data, Qt::ShiftModifier};
+  EXPECT_TRUE(drag.drop(right()));
+  executeWhenAsked(app.fileops.Form5);
+  EXPECT_TRUE(waitFor([&] { return rig.exists("D:\\coast.jpg") && !app.fileops.Form5.Visible; }));
+  EXPECT_FALSE(rig.exists("C:\\Photos\\2024\\coast.jpg"));
 }
 
 TEST_F(DrawnDrops, WhereADropWouldGoIsMarked) {

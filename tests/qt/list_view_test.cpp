@@ -167,6 +167,18 @@ TEST_F(DrawnList, TypedLettersSeekAndSpacesBelongToThem) {
   EXPECT_EQ(list.focusedRow(), 10u);
 }
 
+TEST_F(DrawnList, TheSameLetterAgainGoesOnWhateverLetterItIs) {
+  list.clear();
+  for (const char* name : {"été", "étude", "étui", "zèbre"})
+    list.add(name, 7);
+  loop.flush();
+  for (const std::uint32_t row : {0u, 1u, 2u, 0u}) {
+    QKeyEvent pressed(QEvent::KeyPress, Qt::Key_Eacute, {}, QStringLiteral("é"));
+    QCoreApplication::sendEvent(widget, &pressed);
+    EXPECT_EQ(list.focusedRow(), row);
+  }
+}
+
 TEST_F(DrawnList, HandlersSeeKeysFirstAndTheFormBeforeThem) {
   std::vector<std::string> seen;
   form.KeyDown = [&](controls::KeyEvent& event) { seen.push_back("form " + std::to_string(event.code)); };

@@ -3,11 +3,8 @@
 #include "qt/input.hpp"
 #include "qt/text.hpp"
 #include "qt/theme.hpp"
-#include "qt/widgets/drop_mark.hpp"
 
 #include <QAbstractScrollArea>
-#include <QApplication>
-#include <QDropEvent>
 #include <QLabel>
 
 #include <utility>
@@ -34,7 +31,7 @@ Adapter::Adapter(Host& host, controls::Control& control, QWidget& widget)
       designedName_(widget.accessibleName()),
       designedToolTip_(widget.toolTip()),
       designedCursor_(widget.cursor()),
-      designedDrops_(widget.acceptDrops()) {
+      drops_(host, control, widget) {
   watch(widget);
   if (auto* area = qobject_cast<QAbstractScrollArea*>(&widget)) watch(*area->viewport());
 }
@@ -64,8 +61,7 @@ void Adapter::applyCommon() {
   if (widget_.isHidden() == control_.Visible.get()) widget_.setVisible(control_.Visible);
   const QString tip = plainToolTip(control_.ToolTipText.get());
   widget_.setToolTip(tip.isEmpty() ? designedToolTip_ : tip);
-  if (const bool drops = designedDrops_ || control_.OLEDragDrop; widget_.acceptDrops() != drops)
-    widget_.setAcceptDrops(drops);
+  drops_.update();
   const int pointer = control_.MousePointer;
   if (pointer == controls::pointer::Default) {
     if (widget_.cursor().shape() != designedCursor_.shape()) widget_.setCursor(designedCursor_);
@@ -158,51 +154,6 @@ bool Adapter::mouseMove(const QMouseEvent&) {
   return false;
 }
 
-// --- Drops ---------------------------------------------------------------------------------------------------------
-
-// A source that allows only a move would delete its files on our word, before anything is known to have arrived.
-bool Adapter::takesDrop(const QDropEvent& event) const {
-  const QWidget* modal = QApplication::activeModalWidget();
-  const bool reachable = !modal || modal == widget_.window();
-  return over_ && over_->source != &control_ && reachable && event.possibleActions().testFlag(Qt::CopyAction);
-}
-
-bool Adapter::dragOver(QDropEvent& event, bool entered) {
-  if (!control_.OLEDragDrop) {
-    // Text may be dragged into a field; a file there would leave a line that nobody can use.
-    const bool files = DragAndDrop::carriesFiles(*event.mimeData());
-    if (files) event.ignore();
-    return files;
-  }
-  if (entered) over_ = host_.dragAndDrop().read(*event.mimeData());
-  if (!takesDrop(event)) {
-    event.ignore();
-    return true;
-  }
-  event.setDropAction(Qt::CopyAction);
-  event.accept();
-  if (!dropMark_) dropMark_ = new DropMark(&widget_);
-  return true;
-}
-
-bool Adapter::dropped(QDropEvent& event) {
-  const bool ours = dragOver(event, !over_);
-  const bool taken = over_ && takesDrop(event);
-  controls::DropEvent drop;
-  if (taken) drop = {std::move(over_->files), modifiersOf(event.modifiers()), over_->source, false};
-  endDragOver();
-  if (!ours || !taken) return ours;
-  host_.afterDrop([this, drop = std::move(drop)]() mutable {
-    if (!abandoned_) control_.OLEDragDrop(drop);
-  });
-  return true;
-}
-
-void Adapter::endDragOver() {
-  over_.reset();
-  delete dropMark_;
-}
-
 // --- Events --------------------------------------------------------------------------------------------------------
 
 bool Adapter::eventFilter(QObject* watched, QEvent* event) {
@@ -222,13 +173,13 @@ bool Adapter::eventFilter(QObject* watched, QEvent* event) {
   case QEvent::MouseMove:
     return mouseMove(*static_cast<QMouseEvent*>(event));
   case QEvent::DragEnter:
+    return drops_.enter(*static_cast<QDropEvent*>(event));
   case QEvent::DragMove:
-    return dragOver(*static_cast<QDropEvent*>(event), event->type() == QEvent::DragEnter);
+    return drops_.move(*static_cast<QDropEvent*>(event));
   case QEvent::DragLeave:
-    endDragOver();
-    return static_cast<bool>(control_.OLEDragDrop);
+    return drops_.leave();
   case QEvent::Drop:
-    return dropped(*static_cast<QDropEvent*>(event));
+    return drops_.drop(*static_cast<QDropEvent*>(event));
   case QEvent::FocusIn:
     if (watched == &widget_ && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
       host_.focusTaken(control_);
@@ -271,6 +222,7 @@ std::unique_ptr<Adapter> join(Host& host, controls::Control& control, QWidget& w
   case Kind::PictureBox:
     return joinPictureBox(host, control, widget);
   case Kind::Chart:
+    return joinChart(host, control, widget);
   case Kind::Timer:
   case Kind::MenuItem:
     return nullptr;

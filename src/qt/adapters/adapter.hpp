@@ -1,26 +1,21 @@
 #pragma once
 
 #include "controls/form.hpp"
-#include "qt/drag_and_drop.hpp"
+#include "qt/adapters/drop_target.hpp"
 #include "qt/emphasis.hpp"
 
 #include <QEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QObject>
-#include <QPointer>
 #include <QWidget>
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <set>
-
-class QDropEvent;
 
 namespace varnholt::qt {
 
-class DropMark;
 class Pictures;
 
 /// What an adapter asks of the window that it stands in.
@@ -91,21 +86,14 @@ class Adapter : public QObject {
   /// The keyboard goes elsewhere: modifier keys that are down here will go up there.
   void releaseModifiers();
   void applyCommon();
-  /// A drag is over the control; true: the widget does not see it.
-  bool dragOver(QDropEvent& event, bool entered);
-  bool dropped(QDropEvent& event);
-  bool takesDrop(const QDropEvent& event) const;
-  void endDragOver();
 
   Host& host_;
   controls::Control& control_;
   QWidget& widget_;
   QString designedName_, designedToolTip_;
   QCursor designedCursor_;
-  bool designedDrops_;
-  std::set<int> modifiersDown_;            ///< by key code
-  std::optional<DragAndDrop::Load> over_;  ///< what is being dragged over the control
-  QPointer<DropMark> dropMark_;
+  std::set<int> modifiersDown_;  ///< by key code
+  DropTarget drops_;
   bool updating_ = false;
   bool abandoned_ = false;
   bool colored_ = false;
@@ -145,6 +133,7 @@ std::unique_ptr<Adapter> joinProgressBar(Host& host, controls::Control& control,
 std::unique_ptr<Adapter> joinSlider(Host& host, controls::Control& control, QWidget& widget);
 std::unique_ptr<Adapter> joinMonthView(Host& host, controls::Control& control, QWidget& widget);
 std::unique_ptr<Adapter> joinRichTextBox(Host& host, controls::Control& control, QWidget& widget);
+std::unique_ptr<Adapter> joinChart(Host& host, controls::Control& control, QWidget& widget);
 std::unique_ptr<Adapter> joinPictureBox(Host& host, controls::Control& control, QWidget& widget);
 
 /// By the control's kind. Null when no widget of that kind can draw it; timers and menu entries have none.

@@ -4,6 +4,7 @@
 #include "qt/icons.hpp"
 #include "qt/text.hpp"
 
+#include <QScrollBar>
 #include <QTreeWidget>
 
 #include <map>
@@ -40,14 +41,19 @@ class TreeViewAdapter : public Joined<controls::TreeView, QTreeWidget> {
   }
 
   void updateOwn() override {
-    if (!drawnVersion_ || *drawnVersion_ != self.version()) rebuild();
+    const int scrolled = drawn.verticalScrollBar()->value();
+    const bool rebuilt = !drawnVersion_ || *drawnVersion_ != self.version();
+    if (rebuilt) rebuild();
     for (const auto& [node, item] : items_)
       if (item->isExpanded() != node->Expanded) item->setExpanded(node->Expanded);
     const auto selected = items_.find(self.selected());
     QTreeWidgetItem* wanted = selected == items_.end() ? nullptr : selected->second;
-    if (drawn.currentItem() == wanted) return;
-    drawn.setCurrentItem(wanted);
-    if (wanted) drawn.scrollToItem(wanted);
+    if (drawn.currentItem() != wanted) drawn.setCurrentItem(wanted);
+    if (rebuilt) {
+      drawn.doItemsLayout();  // the scroll bar has no range before
+      drawn.verticalScrollBar()->setValue(scrolled);
+    }
+    if (std::exchange(shownNode_, self.selected()) != self.selected() && wanted) drawn.scrollToItem(wanted);
   }
 
  private:
@@ -90,6 +96,7 @@ class TreeViewAdapter : public Joined<controls::TreeView, QTreeWidget> {
   std::map<controls::TreeNode*, QTreeWidgetItem*> items_;
   std::optional<unsigned> drawnVersion_;
   QTreeWidgetItem* told_ = nullptr;
+  const controls::TreeNode* shownNode_ = nullptr;  ///< selected when last drawn; may be gone
 };
 
 }  // namespace

@@ -1,0 +1,68 @@
+#include "qt/adapters/drop_target.hpp"
+
+#include "qt/adapters/adapter.hpp"
+#include "qt/input.hpp"
+#include "qt/widgets/drop_mark.hpp"
+
+#include <QApplication>
+#include <QDropEvent>
+
+#include <utility>
+
+namespace varnholt::qt {
+
+DropTarget::DropTarget(Host& host, controls::Control& control, QWidget& widget)
+    : host_(host), control_(control), widget_(widget), designedDrops_(widget.acceptDrops()) {}
+
+void DropTarget::update() {
+  const bool drops = designedDrops_ || control_.OLEDragDrop;
+  if (widget_.acceptDrops() != drops) widget_.setAcceptDrops(drops);
+}
+
+// A source that allows only a move would delete its files on our word, before anything is known to have arrived.
+bool DropTarget::takes(const QDropEvent& event) const {
+  const QWidget* modal = QApplication::activeModalWidget();
+  const bool reachable = !modal || modal == widget_.window();
+  return over_ && over_->source != &control_ && reachable && event.possibleActions().testFlag(Qt::CopyAction);
+}
+
+bool DropTarget::enter(QDropEvent& event) {
+  if (control_.OLEDragDrop) over_ = host_.dragAndDrop().read(*event.mimeData());
+  return move(event);
+}
+
+bool DropTarget::move(QDropEvent& event) {
+  if (!control_.OLEDragDrop) {
+    // Text may be dragged into a field; a file there would leave a line that nobody can use.
+    const bool files = DragAndDrop::carriesFiles(*event.mimeData());
+    if (files) event.ignore();
+    return files;
+  }
+  if (!takes(event)) {
+    event.ignore();
+    return true;
+  }
+  event.setDropAction(Qt::CopyAction);
+  event.accept();
+  if (!mark_) mark_ = new DropMark(&widget_);
+  return true;
+}
+
+bool DropTarget::leave() {
+  over_.reset();
+  delete mark_;
+  return static_cast<bool>(control_.OLEDragDrop);
+}
+
+bool DropTarget::drop(QDropEvent& event) {
+  const bool ours = move(event);
+  std::optional<DragAndDrop::Load> load;
+  if (takes(event)) load = std::move(over_);
+  leave();
+  if (!load) return ours;
+  controls::DropEvent drop{std::move(load->files), modifiersOf(event.modifiers()), load->source, false};
+  host_.afterDrop([this, drop = std::move(drop)]() mutable { control_.OLEDragDrop(drop); });
+  return true;
+}
+
+}  // namespace varnholt::qt

@@ -1,0 +1,181 @@
+#include "controls/standard.hpp"
+#include "drawn.hpp"
+#include "qt/adapters/adapter.hpp"
+#include "qt/theme.hpp"
+#include "qt/widgets/chart_view.hpp"
+
+#include <cmath>
+#include <limits>
+
+namespace varnholt::test {
+namespace {
+
+struct ChartForm : controls::Form {
+  explicit ChartForm(controls::MessageLoop& loop) : Form(loop, "ChartForm") {}
+  controls::Chart Chart1{*this, "Chart1"};
+};
+
+constexpr controls::Color Red = 0x0000FF, Green = 0x00FF00;
+
+class DrawnChart : public testing::Test, protected qt::Host {
+ protected:
+  DrawnChart() {
+    joined = qt::join(*this, chart, view);
+    view.resize(480, 260);
+    view.show();
+    chart.PointSelected = [this](int point) { chosen.push_back(point); };
+  }
+  using Values = std::vector<controls::Chart::Value>;
+
+  QImage draw() {
+    joined->update();
+    return view.grab().toImage().convertToFormat(QImage::Format_RGB32);
+  }
+  void show(controls::Chart::Type type, Values values) {
+    chart.ChartType = type;
+    chart.Values = std::move(values);
+    draw();
+  }
+  int pixels(const QImage& image, const QColor& color) const {
+    const QRect plot = view.plot();
+    int count = 0;
+    for (int y = plot.top(); y <= plot.bottom(); ++y)
+      for (int x = plot.left(); x <= plot.right(); ++x)
+        count += image.pixelColor(x, y) == color;
+    return count;
+  }
+  void click(const QPoint& at) { QTest::mouseClick(&view, Qt::LeftButton, {}, at); }
+
+  qt::QtMessageLoop loop;
+  ChartForm form{loop};
+  controls::Chart& chart = form.Chart1;
+  qt::ChartView view;
+  std::unique_ptr<qt::Adapter> joined;
+  qt::Pictures read;
+  std::vector<int> chosen;
+
+ private:
+  void fromUser(std::function<void()> act) override { act(); }
+  bool previewKey(controls::KeyEvent&) override { return false; }
+  void focusTaken(controls::Control&) override {}
+  qt::Pictures& pictures() override { return read; }
+  qt::DragAndDrop& dragAndDrop() override { return loop.dragAndDrop(); }
+  void afterDrop(std::function<void()> act) override { act(); }
+};
+
+TEST_F(DrawnChart, SlicesAreAsLargeAsTheirNumbersInTheColoursGiven) {
+  show(controls::Chart::Type::Pie, {{"Used", 3e11, Red}, {"Available", 1e11, Green}});
+  const QImage image = draw();
+  const double red = pixels(image, Qt::red), green = pixels(image, QColor(0, 255, 0));
+  EXPECT_NEAR(red / (red + green), 0.75, 0.02);
+  const QPoint middle = view.plot().center(), near(4, 4);
+  EXPECT_EQ(image.pixelColor(middle - near), QColor(0, 255, 0)) << "the last quarter ends at the top";
+  EXPECT_EQ(image.pixelColor(middle + near), QColor(Qt::red));
+}
+
+TEST_F(DrawnChart, BarsAreAsHighAsTheirNumbers) {
+  show(controls::Chart::Type::Bar, {{"a", 10, Red}, {"b", 40, Red}, {"c", 20, Red}});
+  const QImage image = draw();
+  const auto height = [&](int point) {
+    int count = 0;
+    for (int y = view.plot().top(); y <= view.plot().bottom(); ++y)
+      count += image.pixelColor(view.middleOf(point).x(), y) == QColor(Qt::red);
+    return count;
+  };
+  EXPECT_NEAR(height(1), view.plot().height(), 2);
+  EXPECT_NEAR(height(0) * 4, height(1), 4);
+  EXPECT_NEAR(height(2) * 2, height(1), 4);
+}
+
+TEST_F(DrawnChart, AClickOnAPointArrivesOnceAndElsewhereNever) {
+  for (const auto type : {controls::Chart::Type::Pie, controls::Chart::Type::Bar}) {
+    show(type, {{"a", 10}, {"b", 40}, {"c", 20}});
+    for (const int point : {1, 2, 0}) {
+      click(view.middleOf(point));
+      EXPECT_EQ(chart.SelectedPoint.get(), point);
+    }
+    click({1, 1});
+    EXPECT_EQ(std::exchange(chosen, {}), (std::vector<int>{1, 2, 0}));
+  }
+}
+
+TEST_F(DrawnChart, ABarThatIsTooLowToSeeIsHitByItsColumn) {
+  show(controls::Chart::Type::Bar, {{"large", 1e9}, {"empty", 0}});
+  click({view.middleOf(1).x(), view.plot().center().y()});
+  EXPECT_EQ(chosen, std::vector<int>{1});
+}
+
+TEST_F(DrawnChart, KeysWalkThePoints) {
+  show(controls::Chart::Type::Bar, {{"a", 1}, {"b", 2}, {"c", 3}});
+  for (const auto key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_End, Qt::Key_Right, Qt::Key_Left, Qt::Key_Home}) {
+    QTest::keyClick(&view, key);
+    draw();
+  }
+  EXPECT_EQ(chosen, (std::vector<int>{0, 1, 2, 2, 1, 0}));
+}
+
+TEST_F(DrawnChart, APointThatTheProgramSelectsStandsApartAndFiresNothing) {
+  for (const auto type : {controls::Chart::Type::Pie, controls::Chart::Type::Bar}) {
+    chart.SelectedPoint = -1;
+    show(type, {{"a", 10, Red}, {"b", 40, Green}});
+    const QImage before = draw();
+    chart.SelectedPoint = 1;
+    EXPECT_NE(draw(), before);
+  }
+  EXPECT_TRUE(chosen.empty());
+}
+
+TEST_F(DrawnChart, AssistiveTechnologyHearsTheTitleAndTheNumbers) {
+  chart.Title = "Disk usage";
+  show(controls::Chart::Type::Pie, {{"Used", 3, Red}, {"Available", 1, Green}});
+  EXPECT_EQ(joined->accessibleName(), QStringLiteral("Disk usage"));
+  EXPECT_EQ(view.accessibleDescription(), QStringLiteral("Pie: Used 75.0%, Available 25.0%"));
+  chart.Title = "";
+  EXPECT_EQ(joined->accessibleName(), QStringLiteral("Chart"));
+}
+
+TEST_F(DrawnChart, ItsOwnColoursAreToldFromTheGroundAndFromTheirNeighbours) {
+  show(controls::Chart::Type::Pie, Values(12, {"file", 1}));
+  const QColor ground = QColor::fromRgb(qt::theme::ListBase);
+  for (int point = 0; point < 12; ++point) {
+    EXPECT_GE(qt::theme::contrast(view.colorOf(point), ground), 3.0) << point;
+    EXPECT_NE(view.colorOf(point), view.colorOf((point + 1) % 12)) << point;
+  }
+  EXPECT_GE(qt::theme::contrast(QColor::fromRgb(qt::theme::DimText), ground), 4.5);
+}
+
+TEST_F(DrawnChart, NumbersThatCannotBeDrawnAreNothing) {
+  const double nan = std::numeric_limits<double>::quiet_NaN(), infinite = std::numeric_limits<double>::infinity();
+  for (const auto type : {controls::Chart::Type::Pie, controls::Chart::Type::Bar}) {
+    for (const Values& values :
+         {Values{}, Values{{"zero", 0}}, Values{{"less", -5}, {"none", nan}, {"all", infinite}}}) {
+      show(type, values);
+      click(view.plot().center());
+      QTest::keyClick(&view, Qt::Key_Right);
+      EXPECT_GT(pixels(draw(), QColor::fromRgb(qt::theme::ListBase)), 100);
+    }
+    show(type, {{"less", -5, Red}, {"real", 5, Green}});
+    EXPECT_EQ(pixels(draw(), Qt::red), 0);
+    EXPECT_GT(pixels(draw(), QColor(0, 255, 0)), 100);
+    chosen.clear();
+  }
+}
+
+TEST_F(DrawnChart, AsManyPointsAsAFolderHasFilesAreDrawnAndHit) {
+  Values values(100'000, {"small", 1, Green});
+  values[50'000] = {"large", 1e6, Red};
+  for (const auto type : {controls::Chart::Type::Pie, controls::Chart::Type::Bar}) {
+    chart.SelectedPoint = -1;
+    show(type, values);
+    EXPECT_GT(pixels(draw(), Qt::red), 50) << "a high one among many is seen";
+    if (type == controls::Chart::Type::Pie) {
+      EXPECT_GT(pixels(draw(), QColor(0, 255, 0)), 50);
+    }
+    click(view.middleOf(50'000));
+    ASSERT_FALSE(chosen.empty());
+    EXPECT_NEAR(chosen.back(), 50'000, 400) << "within the bars of one column";
+  }
+}
+
+}  // namespace
+}  // namespace varnholt::test
