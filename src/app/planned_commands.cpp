@@ -1,7 +1,5 @@
 #include "app/planned_commands.hpp"
 
-#include "app/planned_tool_commands.hpp"
-
 #include <algorithm>
 #include <iterator>
 
@@ -9,25 +7,6 @@ namespace varnholt::app {
 namespace {
 
 using Rows = std::vector<panels::Command>;
-
-// --- rename ----------------------------------------------------------------------------------------------------------
-
-Rows renameRows() {
-  return {
-      {.handler = "Command14_Click",
-       .button = "Command14",
-       .caption = "Rename",
-       .toolTip = "Rename Selected item",
-       .icon = "rename",
-       .number = 9,
-       .mode = "RenameMode"},
-      {.handler = "RenFileFolder_Click",
-       .toolTip = "Rename Selected item",
-       .icon = "rename",
-       .heading = "File",
-       .menuText = "&Rename..."},
-  };
-}
 
 // --- compare ---------------------------------------------------------------------------------------------------------
 
@@ -91,27 +70,6 @@ Rows cleanupRows() {
   };
 }
 
-// --- filters ---------------------------------------------------------------------------------------------------------
-
-Rows filtersRows() {
-  return {
-      {.handler = "Command5_Click",
-       .button = "Command5",
-       .caption = "Filter",
-       .toolTip = "FilePattern As  [*.*],  [?x?y.*],  [*.ext] ect. (Ctrl+M)",
-       .icon = "filter",
-       .number = 5,
-       .mode = "FilterMode"},
-      {.handler = "-37", .heading = "Select", .menuText = "-"},
-      {.handler = "Filepatt_Click",
-       .toolTip = "FilePattern As  [*.*],  [?x?y.*],  [*.ext] ect. (Ctrl+M)",
-       .icon = "filter",
-       .heading = "Select",
-       .menuText = "Filter Function",
-       .shortcut = "Ctrl+M"},
-  };
-}
-
 // --- vdt -------------------------------------------------------------------------------------------------------------
 
 Rows vdtRows() {
@@ -169,7 +127,7 @@ Rows vdtRows() {
 
 std::vector<panels::Command> plannedCommands() {
   Rows all;
-  for (const auto rows : {renameRows, compareRows, cleanupRows, filtersRows, vdtRows, plannedToolCommands})
+  for (const auto rows : {compareRows, cleanupRows, vdtRows})
     std::ranges::move(rows(), std::back_inserter(all));
   return all;
 }

@@ -8,89 +8,6 @@ namespace {
 
 using Rows = std::vector<panels::Command>;
 
-// --- places ----------------------------------------------------------------------------------------------------------
-
-Rows placesRows() {
-  return {
-      {.handler = "Command12_Click",
-       .button = "Command12",
-       .caption = "Presets",
-       .toolTip = "Open Dialog for Preset setup (Ctrl+P)",
-       .icon = "presets",
-       .number = 11,
-       .mode = "PresetMode"},
-      {.handler = "-40", .heading = "Places", .menuText = "-"},
-      {.handler = "addfavor_Click",
-       .toolTip = "Make a favorite of the file in focus",
-       .icon = "favorites",
-       .heading = "Places",
-       .menuText = "Add To Favorites",
-       .number = 18},
-      {.handler = "showfavor_Click",
-       .toolTip = "List and open the favorites",
-       .icon = "favorites",
-       .heading = "Places",
-       .menuText = "Open Favorites",
-       .number = 19,
-       .mode = "FavoritMode"},
-      {.handler = "Syncfavorites_Click",
-       .toolTip = "Copy the favorites of Windows into the favorites of the program",
-       .heading = "Places",
-       .menuText = "&Import Windows Favorites..."},
-      {.handler = "-41", .heading = "Places", .menuText = "-"},
-      {.handler = "addtobook_Click",
-       .toolTip = "Make a bookmark of the item in focus",
-       .icon = "bookmark",
-       .heading = "Places",
-       .menuText = "Add &Bookmark...",
-       .number = 20},
-      {.handler = "OpenBook_Click",
-       .toolTip = "List and follow the bookmarks",
-       .icon = "bookmarks",
-       .heading = "Places",
-       .menuText = "Book-&Marks...",
-       .number = 21,
-       .mode = "BookMarkMode"},
-      {.handler = "-42", .heading = "Places", .menuText = "-"},
-      {.handler = "presetsetup_Click",
-       .toolTip = "Open Dialog for Preset setup (Ctrl+P)",
-       .icon = "presets",
-       .heading = "Places",
-       .menuText = "Open Static Presets",
-       .shortcut = "Ctrl+P"},
-      {.handler = "DynPresets_Click",
-       .toolTip = "The pairs of folders visited since the program started",
-       .icon = "history",
-       .heading = "Places",
-       .menuText = "&Dynamic Presets...",
-       .number = 64},
-      {.handler = "-43", .heading = "Places", .menuText = "-"},
-      {.handler = "OpenItem_Click",
-       .toolTip = "Open an address or a path that you type",
-       .icon = "open",
-       .heading = "Places",
-       .menuText = "&Open Item...",
-       .number = 16},
-      {.handler = "Recent_Files_Click",
-       .toolTip = "The files opened last",
-       .icon = "recent",
-       .heading = "Places",
-       .menuText = "&Recent Files...",
-       .number = 17},
-      {.handler = "Mufi_Click",
-       .toolTip = "The files opened most often",
-       .icon = "most-used",
-       .heading = "Places",
-       .menuText = "Most &Used Files..."},
-      {.handler = "-44", .heading = "Places", .menuText = "-"},
-      {.handler = "MyNotes_Click",
-       .toolTip = "Write and read short notes",
-       .icon = "notes",
-       .heading = "Places",
-       .menuText = "My &Notes..."},
-  };
-}
-
 // --- search ----------------------------------------------------------------------------------------------------------
 
 Rows searchRows() {
@@ -274,7 +191,7 @@ Rows appearanceRows() {
 
 std::vector<panels::Command> plannedToolCommands() {
   Rows all;
-  for (const auto rows : {placesRows, searchRows, zipRows, toolsRows, appearanceRows})
+  for (const auto rows : {searchRows, zipRows, toolsRows, appearanceRows})
     std::ranges::move(rows(), std::back_inserter(all));
   return all;
 }

@@ -6,7 +6,7 @@
 
 namespace varnholt::app {
 
-/// The part of plannedCommands() that is not about the files in the panels: places, search, zip, tools, appearance.
+/// As plannedCommands(), for search, zip, tools and appearance.
 std::vector<panels::Command> plannedToolCommands();
 
 }  // namespace varnholt::app
