@@ -80,7 +80,7 @@ Operation::Item Copy::folder() {
   context_.pointer() = Hourglass;
   if (!isThere) RefreshTreeNeeded_ = true;
   succeeded_ = runLong([&] { return context_.files().copyFolder(item, target, true); }).ok();
-  form.BytesDone += static_cast<double>(folderBytes(item));
+  form.BytesDone += static_cast<double>(context_.folderBytes(item));
   return Item::Done;
 }
 

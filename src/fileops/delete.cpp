@@ -41,7 +41,7 @@ Operation::Begin Delete::mayBegin() {
 Operation::Item Delete::folder() {
   auto& form = context_.form;
   const std::string item = form.CurrentItem;
-  const std::uint64_t bytes = folderBytes(item);
+  const std::uint64_t bytes = context_.folderBytes(item);
   if (bytes > 0 && !mayDeleteTree()) return Item::Left;
   showItem("Processing... " + item);
   form.BytesDone += static_cast<double>(bytes);

@@ -71,7 +71,7 @@ Operation::Item Move::folder() {
     alert("Folder Exist on Target, - Cannot Move!");
     return Item::PassedOver;
   }
-  form.BytesDone += static_cast<double>(folderBytes(item));
+  form.BytesDone += static_cast<double>(context_.folderBytes(item));
   succeeded_ = runLong([&] { return context_.files().moveFolder(item, target); }).ok();
   PogressCal(form, dialog_);
   RefreshTreeNeeded_ = true;

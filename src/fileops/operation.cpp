@@ -270,16 +270,6 @@ platform::Result<void> Operation::runLong(const std::function<platform::Result<v
   return result;
 }
 
-std::uint64_t Operation::folderBytes(const std::string& folder) {
-  const auto info = context_.files().info(folder);
-  if (!info || info->isLink) return 0;
-  std::uint64_t bytes = 0;
-  context_.program.loop.runBlocking([&] {
-    if (const auto size = context_.files().folderSize(folder)) bytes = size->bytes;
-  });
-  return bytes;
-}
-
 std::uint64_t Operation::fileBytes(const std::string& file) const { return context_.files().fileSize(file).valueOr(0); }
 
 bool Operation::exists(const std::string& path) const {

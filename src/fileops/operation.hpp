@@ -76,7 +76,6 @@ class Operation {
   /// Runs a call that handles so many bytes: a large one while the windows go on painting.
   platform::Result<void> run(std::uint64_t bytes, const std::function<platform::Result<void>()>& call);
   platform::Result<void> runLong(const std::function<platform::Result<void>()>& call);
-  std::uint64_t folderBytes(const std::string& folder);
   std::uint64_t fileBytes(const std::string& file) const;
   bool exists(const std::string& path) const;
   bool driveReady(const panels::Panel& panel);

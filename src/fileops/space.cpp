@@ -5,7 +5,7 @@
 #include "platform/paths.hpp"
 
 #include <cmath>
-#include <unordered_map>
+#include <vector>
 
 namespace varnholt::fileops {
 namespace {
@@ -62,53 +62,38 @@ void Space::DiskAvailable(bool moving) {
 
 // --- The selection -------------------------------------------------------------------------------------------------
 
-/// Source and target folder, read once: asking the disk for each of many thousand files takes several times as long.
-struct Space::Folders {
-  std::string source, target;
-  platform::ListingPtr sourceListing, targetListing;
-  std::unordered_map<std::string_view, std::uint64_t> sourceSizes, targetSizes;
+namespace {
 
-  Folders(platform::FileSystem& files, std::string from, std::string to)
-      : source(std::move(from)), target(std::move(to)) {
-    sourceListing = read(files, source, sourceSizes);
-    targetListing = read(files, target, targetSizes);
-  }
+// What replaces something gives its room back.
+std::uint64_t growth(std::uint64_t source, std::uint64_t target) { return source > target ? source - target : 0; }
 
- private:
-  static platform::ListingPtr read(platform::FileSystem& files, const std::string& folder,
-                                   std::unordered_map<std::string_view, std::uint64_t>& sizes) {
-    auto listing = files.list(folder).valueOr(nullptr);
-    if (!listing) return listing;
-    sizes.reserve(listing->files().size());
-    for (const platform::Entry& file : listing->files())
-      sizes.emplace(file.name, file.size);
-    return listing;
-  }
-};
-
-std::uint64_t Space::folderBytes(const std::string& folder) {
-  const auto size = context_.files().folderSize(folder);
-  return size ? size->bytes : 0;
+/// What files need, asked about many at once: one by one takes several times as long.
+std::uint64_t needOfFiles(platform::FileSystem& files, const std::vector<std::string>& items, const std::string& from,
+                          const std::string& to) {
+  std::vector<std::string> leaves;
+  for (const std::string& item : items)
+    leaves.emplace_back(paths::fileName(item));
+  std::vector<std::uint64_t> sizes;
+  // Items that bring paths of their own lie anywhere.
+  if (leaves == items)
+    sizes = files.fileSizes(from, items);
+  else
+    for (const std::string& item : items)
+      sizes.push_back(files.fileSize(core::entryPath(item, from)).valueOr(0));
+  const auto there = files.fileSizes(to, leaves);
+  std::uint64_t needed = 0;
+  for (std::size_t at = 0; at < items.size(); ++at)
+    needed += growth(sizes[at], there[at]);
+  return needed;
 }
 
-// What the item adds to the target: what it replaces there gives its own room back.
-std::uint64_t Space::needOf(const std::string& item, Folders& folders) {
-  const auto difference = [](std::uint64_t source, std::uint64_t target) {
-    return source > target ? source - target : 0;
-  };
-  const std::string path(core::itemPath(item));
-  const std::string leaf(paths::fileName(path));
-  if (core::isFolderItem(item)) {
-    const std::string target = folders.target + leaf;
-    return difference(folderBytes(path), context_.files().folderExists(target) ? folderBytes(target) : 0);
-  }
-  std::uint64_t size = 0;
-  if (const auto known = folders.sourceSizes.find(path); known != folders.sourceSizes.end())
-    size = known->second;
-  else
-    size = context_.files().fileSize(core::entryPath(item, folders.source)).valueOr(0);
-  const auto there = folders.targetSizes.find(leaf);
-  return difference(size, there == folders.targetSizes.end() ? 0 : there->second);
+constexpr std::size_t Block = 8192;
+
+}  // namespace
+
+std::uint64_t Space::needOfFolder(const std::string& folder) const {
+  const std::string target = context_.target(paths::fileName(folder));
+  return growth(context_.folderBytes(folder), context_.files().folderExists(target) ? context_.folderBytes(target) : 0);
 }
 
 void Space::ValidateSpaceNeeded(OperationForm& dialog) {
@@ -127,13 +112,16 @@ void Space::ValidateSpaceNeeded(OperationForm& dialog) {
   context_.pointer() = Hourglass;
   std::uint64_t needed = 0;
   const auto& items = form.filecollect.items();
-  context_.program.loop.runBlocking([&] {
-    Folders folders(context_.files(), from, to);
-    for (const std::string& item : items) {
-      needed += needOf(item, folders);
-      if (needed >= drive->availableBytes) break;
+  for (auto item = items.begin(); item != items.end() && needed < drive->availableBytes;) {
+    if (core::isFolderItem(*item)) {
+      needed += needOfFolder(std::string(core::itemPath(*item++)));
+      continue;
     }
-  });
+    std::vector<std::string> block;
+    for (; item != items.end() && block.size() < Block && !core::isFolderItem(*item); ++item)
+      block.push_back(*item);
+    context_.program.loop.runBlocking([&] { needed += needOfFiles(context_.files(), block, from, to); });
+  }
   context_.pointer() = Default;
   if (needed >= drive->availableBytes) {
     form.SpaceRefused = true;
@@ -148,7 +136,7 @@ std::uint64_t Space::sizeOf(const std::string& item) {
   const std::string path = context_.form.SourcePath;
   std::uint64_t size = 0;
   if (core::isFolderItem(item)) {
-    context_.program.loop.runBlocking([&] { size = folderBytes(path); });
+    size = context_.folderBytes(path);
   } else {
     size = context_.files().fileSize(path).valueOr(0);
   }

@@ -26,10 +26,8 @@ class Space {
   void selectsize(OperationForm& dialog);
 
  private:
-  struct Folders;
   std::uint64_t sizeOf(const std::string& item);
-  std::uint64_t folderBytes(const std::string& folder);
-  std::uint64_t needOf(const std::string& item, Folders& folders);
+  std::uint64_t needOfFolder(const std::string& folder) const;
 
   Context context_;
 };

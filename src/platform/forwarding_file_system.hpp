@@ -17,6 +17,10 @@ class ForwardingFileSystem : public FileSystem {
   Result<std::string> resolve(const std::string& path) const override { return base_.resolve(path); }
   Result<Attributes> attributes(const std::string& path) const override { return base_.attributes(path); }
   Result<std::uint64_t> fileSize(const std::string& path) const override { return base_.fileSize(path); }
+  std::vector<std::uint64_t> fileSizes(const std::string& folder,
+                                       const std::vector<std::string>& names) const override {
+    return base_.fileSizes(folder, names);
+  }
   Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override {
     return base_.folderSize(folder, progress);
   }

@@ -86,6 +86,12 @@ Result<std::uint64_t> PosixFileSystem::fileSize(const std::string& path) const {
   return S_ISDIR(facts.st_mode) ? 0 : static_cast<std::uint64_t>(facts.st_size);
 }
 
+std::vector<std::uint64_t> PosixFileSystem::fileSizes(const std::string& folder,
+                                                      const std::vector<std::string>& names) const {
+  const auto system = map_.toSystem(folder);
+  return system ? sizesOf(*system, names) : std::vector<std::uint64_t>(names.size());
+}
+
 Result<TreeSize> PosixFileSystem::folderSize(const std::string& folder, const Progress& progress) const {
   const auto system = map_.toSystem(folder);
   return system ? told(measureTree(*system, progress)) : system.error();

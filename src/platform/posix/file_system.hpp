@@ -20,6 +20,7 @@ class PosixFileSystem final : public FileSystem {
   Result<std::string> resolve(const std::string& path) const override;
   Result<Attributes> attributes(const std::string& path) const override;
   Result<std::uint64_t> fileSize(const std::string& path) const override;
+  std::vector<std::uint64_t> fileSizes(const std::string& folder, const std::vector<std::string>& names) const override;
   Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override;
   Result<std::string> fileVersion(const std::string& path) const override;
   Result<std::string> programIcon(const std::string& path, std::uint32_t index) const override;

@@ -7,4 +7,7 @@ namespace varnholt::platform::posix {
 /// FileSystem::folderSize on a system path. A link at the path's own end is followed, as a listing of it would be.
 Result<TreeSize> measureTree(const std::string& systemPath, const Progress& progress);
 
+/// FileSystem::fileSizes: the folder as a system path, the names in program form.
+std::vector<std::uint64_t> sizesOf(const std::string& systemFolder, const std::vector<std::string>& names);
+
 }  // namespace varnholt::platform::posix
