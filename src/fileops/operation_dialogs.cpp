@@ -6,10 +6,12 @@
 
 namespace varnholt::fileops {
 
-OperationForm::OperationForm(controls::MessageLoop& loop, OperationWords words, controls::TextBox& item,
-                             controls::TextBox& summary)
-    : Form(loop, words.form), words(std::move(words)), item(item), summary(summary) {
-  Caption = this->words.caption;
+OperationForm::OperationForm(controls::MessageLoop& loop, OperationWords given)
+    : Form(loop, given.form),
+      words(std::move(given)),
+      item(words.itemIsText2 ? Text2 : Text1),
+      summary(words.itemIsText2 ? Text1 : Text2) {
+  Caption = words.caption;
   for (controls::TextBox* box : {&Text1, &Text2, &Text3})
     box->Locked = true;
   item.ToolTipText = "The item in hand";
@@ -17,8 +19,8 @@ OperationForm::OperationForm(controls::MessageLoop& loop, OperationWords words, 
   Text3.ToolTipText = "The folder in question";
   Label4.AccessibleName = "Size of what is selected";
   Label5.AccessibleName = "Progress";
-  Command11.Caption = this->words.button;
-  Command11.ToolTipText = this->words.buttonTip;
+  Command11.Caption = words.button;
+  Command11.ToolTipText = words.buttonTip;
   Command1.Caption = "&Stop";
   Command1.ToolTipText = "Stop Operation !";
   Command1.Enabled = false;
@@ -58,8 +60,7 @@ void OperationForm::hideProgress() {
   Label5.Visible = false;
 }
 
-TargetForm::TargetForm(controls::MessageLoop& loop, OperationWords words)
-    : OperationForm(loop, std::move(words), Text1, Text2) {
+TargetForm::TargetForm(controls::MessageLoop& loop, OperationWords words) : OperationForm(loop, std::move(words)) {
   Command4.Caption = "&Browse";
   Command4.ToolTipText = "Browse to folder using treeview";
   Command5.Enabled = false;
@@ -78,6 +79,6 @@ fileops::Form5::Form5(controls::MessageLoop& loop)
 }
 
 fileops::Form4::Form4(controls::MessageLoop& loop)
-    : OperationForm(loop, {"Form4", "Delete", "Delete Item(s)", "&Delete", "Deletes selected item(s)"}, Text2, Text1) {}
+    : OperationForm(loop, {"Form4", "Delete", "Delete Item(s)", "&Delete", "Deletes selected item(s)", true}) {}
 
 }  // namespace varnholt::fileops

@@ -13,6 +13,7 @@ struct OperationWords {
   std::string verb;     ///< "Copy"
   std::string caption;  ///< "Copy Item(s)"
   std::string button, buttonTip;
+  bool itemIsText2 = false;  ///< the item in hand stands in Text2 and the summary in Text1, else the other way round
 };
 
 /// What the dialogs of copy, move and delete have in common: the item in hand, a summary, a folder, a size line and a
@@ -41,7 +42,7 @@ class OperationForm : public controls::Form {
   void hideProgress();
 
  protected:
-  OperationForm(controls::MessageLoop& loop, OperationWords words, controls::TextBox& item, controls::TextBox& summary);
+  OperationForm(controls::MessageLoop& loop, OperationWords words);
   /// Buttons of the derived dialog that rest while the loop runs.
   virtual void rest(bool /*running*/) {}
 
