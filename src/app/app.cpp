@@ -149,6 +149,10 @@ void App::bindCommands() {
     bind(handler, [this] { fileops.Move.start(); });
   for (const char* handler : {"Command4_Click", "Deleteitems_Click"})
     bind(handler, [this] { fileops.Delete.start(); });
+  for (const char* handler : {"Command2_Click", "EditFile_Click"})
+    bind(handler, [this] { fileops.editor.Command2_Click(); });
+  for (const char* handler : {"Command13_Click", "Makefile_Click"})
+    bind(handler, [this] { fileops.editor.Command13_Click(); });
   bind("ValCopyMove_Click", [this] { fileops.ValCopyMove_Click(); });
   // The system and the program itself
   bind("Dos_Click", [this] { shortcuts.Dos_Click(); });

@@ -9,7 +9,7 @@ std::optional<char> firstRefusedCharacter(std::string_view name) {
 }
 
 std::string refusedCharacterText(char refused) {
-  return std::string("[ ") + refused + "InValid Chr. In Filename !, \r";
+  return std::string("[ ") + refused + "InValid Chr. In Filename !, ";
 }
 
 }  // namespace varnholt::core

@@ -10,7 +10,7 @@ namespace varnholt::core {
 /// for a name that is fine, and for the empty text.
 std::optional<char> firstRefusedCharacter(std::string_view name);
 
-/// The alert for such a character, with the carriage return that ends it.
+/// The alert for such a character.
 std::string refusedCharacterText(char refused);
 
 }  // namespace varnholt::core

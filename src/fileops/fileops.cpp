@@ -12,11 +12,13 @@ FileOps::FileOps(const Context& context)
       Form5(context.program.loop),
       Form7(context.program.loop),
       Form10(context.program.loop),
+      Form32(context.program.dialogs),
       Space(context),
       policy(context, Form7, Form10),
       Copy(context, Form3, Space, policy, Form7, Form10),
       Move(context, Form5, Space),
-      Delete(context, Form4, Space, Form10) {
+      Delete(context, Form4, Space, Form10),
+      editor(context, Form32) {
   policy.copyDialogVisible = [this] { return Form3.Visible.get(); };
   auto& dialogs = context_.program.dialogs;
   dialogs.Form11.deleteDialogOpen = [this] { return Form4.Visible.get(); };

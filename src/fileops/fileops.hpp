@@ -2,6 +2,7 @@
 
 #include "fileops/copy.hpp"
 #include "fileops/delete.hpp"
+#include "fileops/edit_file.hpp"
 #include "fileops/move.hpp"
 #include "panels/command_table.hpp"
 
@@ -21,7 +22,7 @@ class FileOps {
   void ValCopyMove_Click();
   /// Files of another program, dropped on a panel. True: taken.
   bool dropFiles(panels::Panel& panel, const std::vector<std::string>& files, bool move);
-  std::vector<controls::Form*> dialogs() { return {&Form3, &Form4, &Form5, &Form7, &Form10}; }
+  std::vector<controls::Form*> dialogs() { return {&Form3, &Form4, &Form5, &Form7, &Form10, &Form32}; }
 
  private:
   Context context_;
@@ -32,11 +33,13 @@ class FileOps {
   fileops::Form5 Form5;
   fileops::Form7 Form7;
   fileops::Form10 Form10;
+  fileops::Form32 Form32;
   fileops::Space Space;
   OverwritePolicy policy;
   fileops::Copy Copy;
   fileops::Move Move;
   fileops::Delete Delete;
+  fileops::EditFile editor;
 };
 
 /// The commands of this room; their handlers are bound by who builds it.

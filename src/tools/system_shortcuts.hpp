@@ -17,10 +17,6 @@ class SystemShortcuts {
   void Readme_Click();
 
  private:
-  /// A tool of the Windows folder; empty when it is not there.
-  std::string tool(const std::string& relative) const;
-  void start(const std::string& command);
-
   panels::Form1& form_;
   core::Program& program_;
 };

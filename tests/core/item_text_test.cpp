@@ -172,7 +172,7 @@ TEST(ValInputRule, FindsTheFirstCharacterThatMayNotStandInAName) {
   for (const char refused : std::string("<>:/\\*?|\"")) {
     const std::string name = std::string("ab") + refused + "c*";
     EXPECT_EQ(firstRefusedCharacter(name), refused);
-    EXPECT_EQ(refusedCharacterText(refused), std::string("[ ") + refused + "InValid Chr. In Filename !, \r");
+    EXPECT_EQ(refusedCharacterText(refused), std::string("[ ") + refused + "InValid Chr. In Filename !, ");
   }
   for (const char* name : {"", "a.b c-d_e", "ü;,'&%$", "con"})
     EXPECT_FALSE(firstRefusedCharacter(name)) << name;

@@ -27,9 +27,9 @@ TEST_F(SystemShortcutsTest, StartTheSystemsToolsInTheActiveFolder) {
   start();
   rig.command("Dos_Click");
   rig.command("Readme_Click");
-  EXPECT_EQ(shell->started,
-            (Started{{"\"" + windows + "\\system32\\cmd.exe\"", "C:\\Work\\"},
-                     {"\"" + windows + "\\notepad.exe\" \"" + rig.programFolder() + "\\Readme.txt\"", "C:\\Work\\"}}));
+  EXPECT_EQ(shell->started, (Started{{"\"" + windows + "\\system32\\cmd.exe\"", "C:\\Work\\"},
+                                     {"\"" + windows + "\\notepad.exe\" \"" + rig.programFolder() + "\\Readme.txt\"",
+                                      rig.programFolder() + "\\"}}));
   EXPECT_EQ(rig.form().mode(), "DosMode");
 }
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "core/program.hpp"
+
+#include <string>
+
+namespace varnholt::core {
+
+/// Full path of a tool of the Windows folder ("system32\cmd.exe"); empty when it is not there.
+std::string systemTool(const Program& program, const std::string& relative);
+
+/// Starts a command in a folder and does not wait; the user is told when it cannot be started.
+void startTool(const Program& program, const std::string& command, const std::string& folder);
+
+/// "Could Not Find Notepad.exe !", or notepad.exe with the file in the file's folder.
+void openInNotepad(const Program& program, const std::string& file);
+
+}  // namespace varnholt::core

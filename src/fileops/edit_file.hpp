@@ -1,0 +1,25 @@
+#pragma once
+
+#include "fileops/context.hpp"
+#include "fileops/name_dialog.hpp"
+
+namespace varnholt::fileops {
+
+/// Edits the file in focus, and makes new files.
+class EditFile {
+ public:
+  EditFile(const Context& context, Form32& dialog) : context_(context), dialog_(dialog) {}
+
+  /// Opens the file in focus in the system's editor.
+  void Command2_Click();
+  /// Makes an empty file in the active panel and opens it in the editor.
+  void Command13_Click();
+
+ private:
+  void makeFile(panels::Panel& panel, const std::string& name);
+
+  Context context_;
+  Form32& dialog_;
+};
+
+}  // namespace varnholt::fileops

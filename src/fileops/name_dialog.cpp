@@ -1,0 +1,65 @@
+#include "fileops/name_dialog.hpp"
+
+#include "core/val_input_rule.hpp"
+
+#include <utility>
+
+namespace varnholt::fileops {
+namespace {
+
+std::string trimmed(const std::string& text) {
+  const auto from = text.find_first_not_of(' ');
+  if (from == std::string::npos) return {};
+  return text.substr(from, text.find_last_not_of(' ') - from + 1);
+}
+
+}  // namespace
+
+fileops::Form32::Form32(core::MessageDialogs& dialogs) : Form(dialogs.loop(), "Form32"), dialogs_(dialogs) {
+  Caption = "Make File";
+  Text1.AccessibleName = "File name";
+  Text1.ToolTipText = "Key in Valit Filename With File Extension.";
+  Command11.Caption = "&Ok";
+  Command11.ToolTipText = "Take the name as keyed";
+  Command1.Caption = "&Reset";
+  Command1.ToolTipText = "Resets input to blank";
+  Command2.Caption = "&Cancel";
+  Command2.ToolTipText = "Exits without any changes.";
+  defaultButton = "Command11";
+  cancelButton = "Command2";
+  Command11.Click = [this] { Command11_Click(); };
+  Command1.Click = [this] {
+    Text1.Text = "";
+    Text1.SetFocus();
+  };
+  Command2.Click = [this] { UnloadForm(); };
+}
+
+std::optional<std::string> fileops::Form32::ask(NameQuestion question) {
+  question_ = std::move(question);
+  name_.reset();
+  Caption = question_.caption;
+  Text1.ToolTipText = question_.toolTip;
+  Image1.ToolTipText = question_.pictureTip;
+  Text1.Text = question_.preset;
+  ShowModal();
+  return name_;
+}
+
+void fileops::Form32::Command11_Click() {
+  const std::string name = trimmed(Text1.Text);
+  if (name.empty() || name == question_.emptyAnswer) {
+    Text1.Text = question_.emptyAnswer;
+    Text1.SetFocus();
+    return;
+  }
+  if (const auto refused = core::firstRefusedCharacter(name)) {
+    dialogs_.alert(core::refusedCharacterText(*refused));
+    Text1.SetFocus();
+    return;
+  }
+  name_ = name;
+  UnloadForm();
+}
+
+}  // namespace varnholt::fileops

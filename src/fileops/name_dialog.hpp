@@ -1,0 +1,42 @@
+#pragma once
+
+#include "controls/standard.hpp"
+#include "core/message_dialogs.hpp"
+
+#include <optional>
+#include <string>
+
+namespace varnholt::fileops {
+
+/// What the small name dialog asks for, and how it says so.
+struct NameQuestion {
+  std::string caption;
+  std::string toolTip;      ///< of the text box
+  std::string pictureTip;   ///< of the picture beside it
+  std::string emptyAnswer;  ///< put into the box when nothing is keyed
+  std::string preset{};
+};
+
+/// `Form32`: asks for one file name.
+class Form32 : public controls::Form {
+ public:
+  explicit Form32(core::MessageDialogs& dialogs);
+
+  controls::PictureBox Image1{*this, "Image1"};
+  controls::TextBox Text1{*this, "Text1"};
+  controls::Button Command11{*this, "Command11"};  ///< take the name
+  controls::Button Command1{*this, "Command1"};    ///< reset the box
+  controls::Button Command2{*this, "Command2"};    ///< cancel
+
+  /// The trimmed name, which holds no character that a file name may not; nothing when the user cancels.
+  std::optional<std::string> ask(NameQuestion question);
+
+ private:
+  void Command11_Click();
+
+  core::MessageDialogs& dialogs_;
+  NameQuestion question_;
+  std::optional<std::string> name_;
+};
+
+}  // namespace varnholt::fileops
