@@ -52,7 +52,9 @@ platform::BatchResults Copy::batch(const std::string& folder, const std::vector<
 platform::Result<void> Copy::copyFile(std::uint64_t bytes, bool overwrite) {
   context_.pointer() = Hourglass;
   const std::string source = context_.form.SourcePath, target = context_.target(leaf_);
-  return run(bytes, [&] { return context_.files().copyFile(source, target, overwrite); });
+  auto copied = run(bytes, [&] { return context_.files().copyFile(source, target, overwrite); });
+  if (!copied && overwrite) policy_.protectAgain();
+  return copied;
 }
 
 bool Copy::targetExists(const platform::Error& error) const {

@@ -21,6 +21,7 @@ bool Move::mayOpen() {
 Operation::Begin Move::mayBegin() {
   form5_.MoveRunning = true;
   stays_ = context_.form.Panel1.driveRoot() == context_.form.Panel2.driveRoot();
+  toItsFolder_ = context_.files().sameEntry(context_.form.Panel1.path(), context_.form.Panel2.path());
   return TargetOperation::mayBegin();
 }
 
@@ -35,8 +36,11 @@ Operation::Item Move::file() {
     return Item::Done;
   }
   const std::uint64_t bytes = fileBytes(source);
-  const auto moved = run(bytes, [&] { return context_.files().moveFile(source, target); });
-  if (!moved && context_.files().fileExists(target)) {
+  // To move a file to where it is would succeed, and is refused all the same.
+  const bool isThere = toItsFolder_ && context_.files().fileExists(target);
+  platform::Result<void> moved;
+  if (!isThere) moved = run(bytes, [&] { return context_.files().moveFile(source, target); });
+  if (isThere || (!moved && context_.files().fileExists(target))) {
     alert("File Already exist on Target, - Cannot Move!");
     return Item::Done;
   }

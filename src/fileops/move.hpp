@@ -25,7 +25,8 @@ class Move : public TargetOperation {
 
  private:
   Form5& form5_;
-  bool stays_ = false;  ///< source and target are on one drive
+  bool stays_ = false;        ///< source and target are on one drive
+  bool toItsFolder_ = false;  ///< source and target are one folder, by whatever drives
 };
 
 }  // namespace varnholt::fileops

@@ -62,6 +62,7 @@ void Operation::collect(const std::vector<std::string>* items) {
 void Operation::handOver(const std::vector<std::string>* items) {
   auto& form = context_.form;
   collect(items);
+  sourceFolder_ = form.activePanel()->path();
   form.setMode(modeWord());
   dialog_.Label4.Caption = "";
   form.SelectedCount = form.filecollect.count();
@@ -155,6 +156,7 @@ Operation::Ending Operation::loop() {
     takeNext();
     if (turn() != Turn::BeforeTaking) showCount();
     if (turn() == Turn::BeforeItem && stopAsked()) return Ending::Aborted;
+    if (!sourceStands()) return Ending::Normal;
     const Item item = VerifyFolderMode_ ? folder() : file();
     if (item == Item::EndsAll) return Ending::Straight;
     if (item == Item::EndsLoop) return Ending::Normal;
@@ -191,6 +193,11 @@ bool Operation::stopAsked() {
   if (!batch_.empty()) return false;
   context_.program.loop.giveTurn();
   return dialog_.StopFlag;
+}
+
+bool Operation::sourceStands() const {
+  const panels::Panel* source = context_.form.activePanel();
+  return source && source->path() == sourceFolder_;
 }
 
 // --- Batches -------------------------------------------------------------------------------------------------------

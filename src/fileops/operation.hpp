@@ -98,6 +98,8 @@ class Operation {
   void takeNext();
   void showCount();
   bool stopAsked();
+  /// Whether the panel still shows what the items were selected in: names selected there mean other files elsewhere.
+  bool sourceStands() const;
   enum class Ending { Straight, Normal, Aborted };
   Ending loop();
   void end(Ending ending);
@@ -107,6 +109,7 @@ class Operation {
   void runBatch();
 
   bool executed_ = false;
+  std::string sourceFolder_;         ///< what the active panel showed at the hand-over
   std::deque<std::uint64_t> batch_;  ///< bytes of the files that are done, from the one in hand on
   std::size_t batchSize_ = 0, batchPause_ = 0;
 };

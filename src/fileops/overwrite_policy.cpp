@@ -6,6 +6,8 @@
 #include "core/wildcard.hpp"
 #include "platform/paths.hpp"
 
+#include <utility>
+
 namespace varnholt::fileops {
 namespace {
 
@@ -115,6 +117,7 @@ bool OverwritePolicy::ConfirmVersion(const std::string& source, const std::strin
 // --- Decisions -----------------------------------------------------------------------------------------------------
 
 Outcome OverwritePolicy::decide(const std::string& name) {
+  unprotected_.reset();
   if (context_.form.OverwritePrompt) copywarning(name);
   const std::string target = context_.target(name);
   switch (form7_.OverwriteAnswer) {
@@ -169,8 +172,14 @@ bool OverwritePolicy::mayReplaceProtected(const std::string& name, const std::st
 
 // A target that stays protected makes the copy fail, which is seen afterwards.
 void OverwritePolicy::unprotect(const std::string& target, platform::Attributes attributes) {
-  if (attributes != platform::attribute::Archive)
-    (void)context_.files().setAttributes(target, platform::attribute::Archive);
+  if (attributes == platform::attribute::Archive) return;
+  unprotected_ = Unprotected{target, attributes};
+  (void)context_.files().setAttributes(target, platform::attribute::Archive);
+}
+
+void OverwritePolicy::protectAgain() {
+  if (const auto taken = std::exchange(unprotected_, {}))
+    (void)context_.files().setAttributes(taken->target, taken->attributes);
 }
 
 }  // namespace varnholt::fileops

@@ -4,6 +4,7 @@
 #include "fileops/overwrite_dialogs.hpp"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace varnholt::fileops {
@@ -27,6 +28,8 @@ class OverwritePolicy {
   /// Decides about `SourcePath` and the target of that name. Asks while `OverwritePrompt` is set, else keeps to the
   /// last answer. When it answers Copy, the target may be replaced, unless the rename made its place free.
   Outcome decide(const std::string& name);
+  /// The copy that was decided on did not take place: its target gets back the attributes that were taken off it.
+  void protectAgain();
   /// The comparison of `SourcePath` with its target, and the question.
   void copywarning(const std::string& name);
   /// The same question in front of a rename that would hit a file: `from` gets the name of `to`. When both are one file
@@ -51,7 +54,14 @@ class OverwritePolicy {
   void askNewName(const std::string& name);
   void ask();
 
+  /// A target whose attributes were taken off, and what they were.
+  struct Unprotected {
+    std::string target;
+    platform::Attributes attributes = 0;
+  };
+
   Context context_;
+  std::optional<Unprotected> unprotected_;
   Form7& form7_;
   Form10& form10_;
 };

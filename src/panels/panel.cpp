@@ -32,7 +32,10 @@ std::string Panel::fileName(controls::ListItem item) const {
 std::string Panel::itemPath(controls::ListItem item) const { return paths::join(path_, fileName(item)); }
 
 std::string Panel::itemText(controls::ListItem item) const {
-  return isFolder(item) ? core::makeFolderItem(itemPath(item)) : fileName(item);
+  if (isFolder(item)) return core::makeFolderItem(itemPath(item));
+  // A file may be named like a folder item; its full path is never taken for one.
+  const std::string name = fileName(item);
+  return core::isFolderItem(name) ? itemPath(item) : name;
 }
 
 std::string Panel::compareText(controls::ListItem item) const {

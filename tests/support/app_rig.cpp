@@ -9,7 +9,11 @@
 
 namespace varnholt::test {
 
-AppRig::AppRig() {
+AppRig::AppRig() { build(); }
+
+AppRig::AppRig(std::string existingFolder) : scratch(std::move(existingFolder)) { build(); }
+
+void AppRig::build() {
   for (const char* folder : {"home", "second", "program"})
     std::filesystem::create_directories(scratch / folder);
   restart();

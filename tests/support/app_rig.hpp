@@ -19,6 +19,9 @@ namespace varnholt::test {
 class AppRig {
  public:
   AppRig();
+  /// Over folders that another rig left, or that are still to be made, in a folder that stays: the program's next start
+  /// on the same disk.
+  explicit AppRig(std::string existingFolder);
   ~AppRig();
 
   /// Builds the program anew over the same folders, as a second start does. Call before start().
@@ -65,6 +68,8 @@ class AppRig {
   std::string programFolder() const { return platform->programFolder; }
 
  private:
+  void build();
+
   Wrapper wrapper_;
   std::unique_ptr<RecordingShell> shell_;
   std::unique_ptr<platform::FileSystem> wrapped_;

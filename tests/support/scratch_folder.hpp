@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace varnholt::test {
 
@@ -16,10 +17,14 @@ class ScratchFolder {
     std::string name = (std::filesystem::temp_directory_path() / "varnholt-test-XXXXXX").string();
     path_ = ::mkdtemp(name.data()) ? name : std::string();
   }
+  /// A folder of somebody else, who takes it away.
+  explicit ScratchFolder(std::string existing) : path_(std::move(existing)), isOwn_(false) {}
   ~ScratchFolder() {
     std::error_code ignored;
-    if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
+    if (isOwn_ && !path_.empty()) std::filesystem::remove_all(path_, ignored);
   }
+  ScratchFolder(ScratchFolder&& other) noexcept
+      : path_(std::exchange(other.path_, {})), isOwn_(std::exchange(other.isOwn_, false)) {}
   ScratchFolder(const ScratchFolder&) = delete;
   ScratchFolder& operator=(const ScratchFolder&) = delete;
 
@@ -49,6 +54,7 @@ class ScratchFolder {
 
  private:
   std::string path_;
+  bool isOwn_ = true;
 };
 
 /// Sets a variable of the process environment for a while; a null value takes it away.

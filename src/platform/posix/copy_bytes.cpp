@@ -18,6 +18,7 @@ namespace {
 constexpr off_t smallFile = 128 * 1024;
 /// Between two looks at the monitor.
 constexpr size_t chunk = 8u << 20;
+constexpr std::uint64_t toTheEnd = ~std::uint64_t{0};
 
 /// A refusal means "copy in another way"; these are real failures.
 bool isRealFailure(int error) { return error == EIO || error == ENOMEM || error == ENOSPC || error == EDQUOT; }
@@ -72,23 +73,36 @@ int copySparse(int from, int to, off_t size, CopyMonitor& monitor) {
     if (const int error = copyInKernel(from, to, static_cast<std::uint64_t>(end - start), monitor)) return error;
     at = end;
   }
-  return ::ftruncate(to, size) == 0 ? 0 : errno;
+  // A file that shrank meanwhile must not get an end of zeros.
+  struct stat now {};
+  if (::fstat(from, &now) != 0) return errno;
+  return ::ftruncate(to, std::min(size, now.st_size)) == 0 ? 0 : errno;
+}
+
+/// The bytes that the file had when the copy began, so that one that grows faster than it is copied comes to an end.
+/// Where a volume told less than there is, and the file does not grow, all that there is.
+template <class Way>
+int copyKnownSize(Way way, int from, int to, off_t size, CopyMonitor& monitor) {
+  if (const int error = way(from, to, static_cast<std::uint64_t>(size), monitor)) return error;
+  struct stat now {};
+  if (::fstat(from, &now) != 0) return errno;
+  return now.st_size > size ? 0 : way(from, to, toTheEnd, monitor);
 }
 
 }  // namespace
 
 int copyBytes(int from, int to, const struct stat& facts, CopyMonitor& monitor) {
-  constexpr std::uint64_t toTheEnd = ~std::uint64_t{0};
   if (facts.st_size > 0) {
     const int cloned = tryClone(from, to, monitor);
     if (cloned == 0) return monitor.add(static_cast<std::uint64_t>(facts.st_size)) ? 0 : ECANCELED;
     if (cloned > 0) return cloned;
   }
-  if (facts.st_size <= smallFile) return copyThroughMemory(from, to, toTheEnd, monitor);
+  if (facts.st_size == 0) return copyThroughMemory(from, to, toTheEnd, monitor);
+  if (facts.st_size <= smallFile) return copyKnownSize(copyThroughMemory, from, to, facts.st_size, monitor);
   constexpr off_t statBlock = 512;
   if (facts.st_blocks < facts.st_size / statBlock) return copySparse(from, to, facts.st_size, monitor);
   (void)::posix_fadvise(from, 0, 0, POSIX_FADV_SEQUENTIAL);
-  return copyInKernel(from, to, toTheEnd, monitor);
+  return copyKnownSize(copyInKernel, from, to, facts.st_size, monitor);
 }
 
 }  // namespace varnholt::platform::posix

@@ -2,6 +2,7 @@
 
 #include "platform/posix/copy_attributes.hpp"
 #include "platform/posix/entry_facts.hpp"
+#include "platform/posix/leftovers.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "platform/posix/tree_walk.hpp"
@@ -101,15 +102,25 @@ Failed copyRegular(CopySide& from, const char* fromName, CopySide& to, const cha
   return copyIntoPlace(source.get(), copy, monitor);
 }
 
-/// A link gets its name in one step anyway; only one that replaces something needs a temporary name.
-Failed placeLink(const std::string& text, CopySide& to, const char* name, bool replaces) {
-  const std::string temporary = replaces ? temporaryName() : name;
-  if (::symlinkat(text.c_str(), to.folder, temporary.c_str()) != 0)
-    return errno == EPERM ? atTarget(EOPNOTSUPP) : atTarget(errno);
-  if (!replaces || ::renameat(to.folder, temporary.c_str(), to.folder, name) == 0) return {};
-  const int error = errno;
-  ::unlinkat(to.folder, temporary.c_str(), 0);
-  return atTarget(error);
+/// Gives 0 or errno.
+int makeLink(const std::string& text, int folder, const char* name) {
+  if (::symlinkat(text.c_str(), folder, name) == 0) return 0;
+  return errno == EPERM ? EOPNOTSUPP : errno;
+}
+
+/// A link gets its name in one step anyway; only one that replaces something is made elsewhere first. A link itself
+/// cannot be held against a clean-up, so that is a folder that can.
+int replaceByLink(const std::string& text, int folder, const char* name) {
+  std::string temporary;
+  UniqueFd between;
+  if (const int error = makeTemporaryFolder(folder, temporary, between)) return error;
+  int error = makeLink(text, between.get(), "link");
+  if (!error && ::renameat(between.get(), "link", folder, name) != 0) {
+    error = errno;
+    ::unlinkat(between.get(), "link", 0);
+  }
+  ::unlinkat(folder, temporary.c_str(), AT_REMOVEDIR);
+  return error;
 }
 
 Failed copyLink(CopySide& from, const char* fromName, CopySide& to, const char* toName, const CopyRules& rules) {
@@ -121,7 +132,8 @@ Failed copyLink(CopySide& from, const char* fromName, CopySide& to, const char* 
   text.resize(static_cast<size_t>(length));
   bool replaces = false;
   if (auto failed = judgeTarget(facts, to, toName, rules, replaces)) return failed;
-  if (auto failed = placeLink(text, to, toName, replaces)) return failed;
+  if (const int error = replaces ? replaceByLink(text, to.folder, toName) : makeLink(text, to.folder, toName))
+    return atTarget(error);
   const timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
   (void)::utimensat(to.folder, toName, times, AT_SYMLINK_NOFOLLOW);
   return {};
@@ -160,6 +172,7 @@ void copyNativeAttributes(CopySide& from, const char* fromName, AttributeStore& 
 
 Result<void> copyFileTo(const std::string& from, const std::string& to, bool overwrite, bool sync,
                         const Progress& progress) {
+  sweepFolderOf(to);
   const auto source = openPlace(from), target = openPlace(to);
   if (!source || !target) return source ? target.error() : source.error();
   struct stat facts {};

@@ -3,6 +3,8 @@
 #include "platform/posix/copy_attributes.hpp"
 #include "platform/posix/copy_file.hpp"
 #include "platform/posix/delete_tree.hpp"
+#include "platform/posix/leftovers.hpp"
+#include "platform/posix/mounted_place.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "platform/posix/tree_walk.hpp"
@@ -80,14 +82,14 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     // A link at the top was named by the caller; below it nobody did.
     const int flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK | (folder.above() ? O_NOFOLLOW : 0);
     if (!fresh) folder.target = UniqueFd(::openat(place, name.c_str(), flags));
-    if (folder.target) return 0;
+    if (folder.target) {
+      sweepLeftovers(folder.target.get());
+      return 0;
+    }
     if (!fresh && errno != ENOENT) return errno == ENOTDIR || errno == ELOOP ? EEXIST : errno;
-    folder.temporaryName = varnholt::platform::posix::temporaryName();
-    if (::mkdirat(place, folder.temporaryName.c_str(), 0700) != 0) return errno;
-    folder.made = true;
-    const int fd = openFolderAt(place, folder.temporaryName.c_str(), true);
-    folder.target = UniqueFd(fd);
-    return fd < 0 ? -fd : 0;
+    const int error = makeTemporaryFolder(place, folder.temporaryName, folder.target);
+    folder.made = error == 0;
+    return error;
   }
 
   /// Gives a folder its own name. Gives 0 or errno; EEXIST when somebody made one of that name meanwhile.
@@ -100,7 +102,10 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
   }
 
   void entriesDone(WalkFolder& walked) override {
-    if (const int error = settle(own(walked))) fail(systemError(error, own(walked).targetPath()));
+    CopyFolder& folder = own(walked);
+    // As near to its permissions as the copy of what is below it allows: a kill before the end leaves these.
+    if (folder.made) (void)::fchmod(folder.target.get(), (folder.facts.st_mode & 07777) | S_IRWXU);
+    if (const int error = settle(folder)) fail(systemError(error, folder.targetPath()));
   }
 
   void entry(WalkFolder& walked, const char* name, unsigned char type) override {
@@ -123,10 +128,10 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     (void)::fchmod(folder.target.get(), folder.facts.st_mode & 07777);
     const timespec times[2] = {{0, UTIME_OMIT}, folder.facts.st_mtim};
     (void)::futimens(folder.target.get(), times);
-    folder.target.reset();
     // After a failure: what was copied stays, unless its name is taken.
     if (settle(folder) != 0)
       (void)removeTree("/proc/self/fd/" + std::to_string(folder.targetPlace()) + '/' + folder.temporaryName, true, {});
+    folder.target.reset();
     return Leaving::Done;
   }
 
@@ -167,7 +172,9 @@ Result<void> copyTree(const std::string& from, const std::string& to, bool overw
   if (!root->fd || ::fstat(root->fd.get(), &source) != 0) return systemError(errno, from);
   const bool exists = ::stat(to.c_str(), &target) == 0;
   if (exists && sameInode(source, target)) return refusal(ErrorCode::SameEntry, to, "source and target are one folder");
-  if (liesWithin(exists ? to : folderOf(to), source)) return intoItself(to);
+  const std::string& holder = exists ? to : folderOf(to);
+  if (liesWithin(holder, source) || liesWithinByMounts(holder, from)) return intoItself(to);
+  sweepFolderOf(to);
   auto place = openPlace(to);
   if (!place) return place.error();
   root->rootPlace = std::move(place->folder);

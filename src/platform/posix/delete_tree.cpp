@@ -1,6 +1,7 @@
 #include "platform/posix/delete_tree.hpp"
 
 #include "platform/posix/entry_facts.hpp"
+#include "platform/posix/leftovers.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/posix_error.hpp"
 #include "platform/posix/tree_walk.hpp"
@@ -128,6 +129,7 @@ bool removeDirectly(const std::string& path, bool force) {
 }  // namespace
 
 Result<void> removeFile(const std::string& path, bool force) {
+  sweepFolderOf(path);
   if (removeDirectly(path, force)) return {};
   const auto place = openPlace(path);
   if (!place) return place.error();
@@ -144,6 +146,7 @@ Result<void> removeFile(const std::string& path, bool force) {
 }
 
 Result<void> removeTree(const std::string& path, bool force, const Progress& progress) {
+  sweepFolderOf(path);
   auto place = openPlace(path);
   if (!place) return place.error();
   struct stat facts {};

@@ -2,6 +2,7 @@
 
 #include "platform/posix/copy_file.hpp"
 #include "platform/posix/entry_facts.hpp"
+#include "platform/posix/leftovers.hpp"
 #include "platform/posix/unique_fd.hpp"
 #include "platform/posix/workers.hpp"
 
@@ -76,6 +77,7 @@ class NoStop final : public CopyMonitor {
 BatchResults copyBatch(const std::string& from, const Names& names, const std::string& to, std::uint64_t limit) {
   const UniqueFd source = openFolder(from), target = openFolder(to);
   if (!source || !target) return {};
+  sweepLeftovers(target.get());
   const auto sizes = plainSizes(source.get(), names, [&](const char* name, std::uint64_t size) {
     return size <= limit && isFree(target.get(), name);
   });
@@ -99,6 +101,8 @@ BatchResults moveBatch(const std::string& from, const Names& names, const std::s
   const UniqueFd source = openFolder(from), target = openFolder(to);
   BatchResults results;
   if (!source || !target) return results;
+  sweepLeftovers(source.get());
+  sweepLeftovers(target.get());
   for (const std::string& name : names) {
     struct stat facts {};
     if (::fstatat(source.get(), name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(facts.st_mode)) break;
@@ -111,6 +115,7 @@ BatchResults moveBatch(const std::string& from, const Names& names, const std::s
 BatchResults deleteBatch(const std::string& folder, const Names& names) {
   const UniqueFd open = openFolder(folder);
   if (!open) return {};
+  sweepLeftovers(open.get());
   AttributeStore store = AttributeStore::ofDescriptor(open.get());
   std::vector<std::uint64_t> sizes;
   for (const std::string& name : names) {

@@ -2,6 +2,7 @@
 
 #include "platform/posix/copy_attributes.hpp"
 #include "platform/posix/entry_facts.hpp"
+#include "platform/posix/leftovers.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/posix_error.hpp"
 #include "platform/posix/temp_file.hpp"
@@ -125,6 +126,7 @@ Result<void> replaceIn(int folder, const char* name, std::string_view bytes) {
 Result<void> replaceFile(const std::string& path, std::string_view bytes) {
   const auto target = targetOfLinks(path);
   if (!target) return target.error();
+  sweepFolderOf(*target);
   const auto place = openPlace(*target);
   if (!place) return place.error();
   auto replaced = replaceIn(place->folder.get(), place->name.c_str(), bytes);

@@ -3,6 +3,7 @@
 #include "platform/posix/copy_file.hpp"
 #include "platform/posix/copy_tree.hpp"
 #include "platform/posix/dirents.hpp"
+#include "platform/posix/leftovers.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/posix_error.hpp"
 #include "platform/posix/temp_file.hpp"
@@ -58,10 +59,17 @@ bool isOtherSpelling(const Move& move) {
          foldCase(move.from.name) == foldCase(move.to.name) && !folderHolds(move.to.folder.get(), move.to.name);
 }
 
+/// A name for the time between two renames. It is no temporary name: should the program be killed there, this is the
+/// user's file, and it must tell what it was.
+std::string nameBetween(const std::string& name) {
+  constexpr size_t longest = 200;
+  return name.substr(0, longest) + ".renaming" + temporaryName();
+}
+
 /// In two steps: for a kernel that finds the new spelling to be the same entry a rename does nothing.
 int respell(const Move& move) {
   const int folder = move.from.folder.get();
-  const std::string between = temporaryName();
+  const std::string between = nameBetween(move.to.name);
   if (const int error = renameNoReplace(folder, move.from.name.c_str(), folder, between.c_str())) return error;
   const int error = renameNoReplace(folder, between.c_str(), folder, move.to.name.c_str());
   if (error) (void)renameNoReplace(folder, between.c_str(), folder, move.from.name.c_str());
@@ -87,13 +95,32 @@ int rename(const Move& move) {
   return renameNoReplace(move.from.folder.get(), move.from.name.c_str(), move.to.folder.get(), move.to.name.c_str());
 }
 
-/// The source goes only when the copy and its name are on the disk; when it cannot go, the copy goes again.
+/// What became of the source while it was copied.
+enum class Source { Stands, Changed, Replaced, Gone };
+
+Source sourceNow(const Move& move) {
+  struct stat now {};
+  const struct stat& then = move.source;
+  if (::fstatat(move.from.folder.get(), move.from.name.c_str(), &now, AT_SYMLINK_NOFOLLOW) != 0)
+    return errno == ENOENT ? Source::Gone : Source::Changed;
+  if (!sameInode(now, then)) return Source::Replaced;
+  const bool sameTime = now.st_mtim.tv_sec == then.st_mtim.tv_sec && now.st_mtim.tv_nsec == then.st_mtim.tv_nsec;
+  return sameTime && now.st_size == then.st_size ? Source::Stands : Source::Changed;
+}
+
+/// The source goes only when the copy and its name are on the disk, and only as what was copied: bytes written to it
+/// meanwhile are perhaps not in the copy. The copy goes again when the source stays with all that is in the copy.
 Result<void> moveAcross(const Move& move, const std::string& from, const std::string& to, const Progress& progress) {
   if (auto copied = copyFileTo(from, to, false, true, progress); !copied) return copied;
-  if (::unlinkat(move.from.folder.get(), move.from.name.c_str(), 0) == 0) return {};
+  const Source source = sourceNow(move);
+  if (source == Source::Gone) return {};  // somebody deleted it: the copy is all there is
+  const Error changed = refusal(ErrorCode::Failed, from, "the file was changed while it was moved");
+  if (source == Source::Replaced) return changed;
+  if (source == Source::Stands && ::unlinkat(move.from.folder.get(), move.from.name.c_str(), 0) == 0) return {};
   const int error = errno;
+  if (source == Source::Stands && error == ENOENT) return {};
   ::unlinkat(move.to.folder.get(), move.to.name.c_str(), 0);
-  return systemError(error, from);
+  return source == Source::Changed ? changed : systemError(error, from);
 }
 
 /// The usual case in as few calls as it takes. False: something is in the way, which is to be looked at closely.
@@ -106,6 +133,8 @@ bool moveDirectly(const std::string& from, const std::string& to) {
 }  // namespace
 
 Result<void> moveFileTo(const std::string& from, const std::string& to, const Progress& progress) {
+  sweepFolderOf(from);
+  sweepFolderOf(to);
   if (moveDirectly(from, to)) return {};
   const auto move = openMove(from, to);
   if (!move) return move.error();
@@ -118,6 +147,8 @@ Result<void> moveFileTo(const std::string& from, const std::string& to, const Pr
 }
 
 Result<void> moveFolderTo(const std::string& from, const std::string& to) {
+  sweepFolderOf(from);
+  sweepFolderOf(to);
   const auto move = openMove(from, to);
   if (!move) return move.error();
   struct stat reached {};

@@ -1,5 +1,8 @@
 #include "platform/posix/temp_file.hpp"
 
+#include "platform/posix/mount_table.hpp"
+#include "platform/posix/tree_walk.hpp"
+
 #include <atomic>
 #include <cerrno>
 #include <cstdint>
@@ -8,19 +11,76 @@
 
 #include <fcntl.h>
 #include <stdio.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 
 namespace varnholt::platform::posix {
+namespace {
+
+constexpr int mostAttempts = 100;
+
+/// The start of all temporary names of this machine. Locks of some shares are not seen by other machines, so each
+/// machine clears away its own left-overs only. The machine's number is not to be told (machine-id(5)): a hash is.
+const std::string& namesOfThisMachine() {
+  static const std::string start = [] {
+    std::string machine = readSystemFile("/etc/machine-id");
+    if (machine.empty()) machine = readSystemFile("/proc/sys/kernel/random/boot_id");
+    std::uint32_t hash = 2166136261u;  // FNV-1a
+    for (const unsigned char c : machine + "varnholt")
+      hash = (hash ^ c) * 16777619u;
+    char text[24];
+    std::snprintf(text, sizeof text, ".vnh-%08x-", static_cast<unsigned>(hash));
+    return std::string(text);
+  }();
+  return start;
+}
+
+}  // namespace
 
 std::string temporaryName() {
-  // The start is random, so that programs on several machines do not meet in one folder of a share.
+  // The start is random, so that several processes do not meet in one folder.
   static const std::uint64_t start =
       (static_cast<std::uint64_t>(std::random_device{}()) << 20) ^ static_cast<std::uint64_t>(::getpid());
   static std::atomic<std::uint64_t> next = 0;
-  char name[48];
-  std::snprintf(name, sizeof name, ".vnh-%llx-%llx", static_cast<unsigned long long>(start),
+  char name[40];
+  std::snprintf(name, sizeof name, "%llx-%llx", static_cast<unsigned long long>(start),
                 static_cast<unsigned long long>(next++));
-  return name;
+  return namesOfThisMachine() + name;
+}
+
+bool isTemporaryName(std::string_view name) {
+  if (!name.starts_with(namesOfThisMachine())) return false;
+  const std::string_view rest = name.substr(namesOfThisMachine().size());
+  const size_t dash = rest.find('-');
+  return dash != 0 && dash != std::string_view::npos && dash + 1 < rest.size() &&
+         rest.find_first_not_of("0123456789abcdef") == dash &&
+         rest.find_first_not_of("0123456789abcdef", dash + 1) == std::string_view::npos;
+}
+
+bool holdTemporary(int folder, const char* name, int fd) {
+  if (::flock(fd, LOCK_EX | LOCK_NB) != 0) return errno != EWOULDBLOCK;
+  struct stat held {
+  }, named{};
+  return ::fstat(fd, &held) == 0 && ::fstatat(folder, name, &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+         held.st_ino == named.st_ino;
+}
+
+int makeTemporaryFolder(int place, std::string& name, UniqueFd& folder) {
+  for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+    name = temporaryName();
+    if (::mkdirat(place, name.c_str(), 0700) != 0) {
+      if (errno == EEXIST) continue;
+      return errno;
+    }
+    const int fd = openFolderAt(place, name.c_str(), true);
+    if (fd < 0 && fd != -ENOENT) {
+      ::unlinkat(place, name.c_str(), AT_REMOVEDIR);
+      return -fd;
+    }
+    folder = UniqueFd(fd);
+    if (folder && holdTemporary(place, name.c_str(), folder.get())) return 0;
+  }
+  return EEXIST;
 }
 
 int TempFile::create(int folder, mode_t mode) {
@@ -34,8 +94,13 @@ int TempFile::create(int folder, mode_t mode) {
 
 int TempFile::createNamed(int folder, mode_t mode) {
   int error = EEXIST;
-  for (int attempt = 0; attempt < 100 && error == EEXIST; ++attempt)
+  for (int attempt = 0; attempt < mostAttempts && error == EEXIST; ++attempt) {
     error = createAs(folder, temporaryName().c_str(), mode);
+    if (error || holdTemporary(folder_, name_.c_str(), fd_.get())) continue;
+    fd_.reset();
+    name_.clear();
+    error = EEXIST;
+  }
   return error;
 }
 
@@ -48,11 +113,16 @@ int TempFile::createAs(int folder, const char* name, mode_t mode) {
 }
 
 TempFile::~TempFile() {
-  fd_.reset();
   if (!name_.empty()) ::unlinkat(folder_, name_.c_str(), 0);
 }
 
 int TempFile::close() { return fd_.reset() == 0 || errno == EINTR ? 0 : errno; }
+
+int TempFile::closeHeld() {
+  // Each close of a descriptor writes out and tells, not the last alone.
+  hold_ = UniqueFd(::fcntl(fd_.get(), F_DUPFD_CLOEXEC, 0));
+  return close();
+}
 
 // The short way is for the privileged alone on older kernels.
 int TempFile::link(const char* name) {
@@ -66,13 +136,15 @@ int TempFile::link(const char* name) {
 }
 
 int TempFile::replace(const char* name) {
+  // Nobody sees a file without a name, so nobody is quicker.
+  if (name_.empty()) (void)::flock(fd_.get(), LOCK_EX | LOCK_NB);
   for (int attempt = 0; name_.empty(); ++attempt) {
     std::string temporary = temporaryName();
     const int error = link(temporary.c_str());
     if (!error) name_ = std::move(temporary);
-    if (error && (error != EEXIST || attempt == 100)) return error;
+    if (error && (error != EEXIST || attempt == mostAttempts)) return error;
   }
-  if (const int error = close()) return error;
+  if (const int error = closeHeld()) return error;
   if (::renameat(folder_, name_.c_str(), folder_, name) != 0) return errno;
   name_.clear();
   return 0;
@@ -85,7 +157,7 @@ int TempFile::placeNew(const char* name) {
     if (error) ::unlinkat(folder_, name, 0);
     return error;
   }
-  if (const int error = close()) return error;
+  if (const int error = closeHeld()) return error;
   const int error = renameNoReplace(folder_, name_.c_str(), folder_, name);
   if (!error) name_.clear();
   return error;

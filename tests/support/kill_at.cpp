@@ -1,0 +1,203 @@
+#include "support/kill_at.hpp"
+
+#include <csignal>
+#include <cstdint>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <set>
+
+#include <fcntl.h>
+#include <sys/ptrace.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace varnholt::test {
+namespace {
+
+constexpr int Untraceable = KillAt::Untraceable, Failed = KillAt::Failed;
+constexpr int syscallStop = SIGTRAP | 0x80;
+
+[[noreturn]] void endChild() {
+  std::cout.flush();
+  ::_exit(testing::Test::HasFailure() ? 1 : 0);
+}
+
+bool heldUntilEnd(pid_t child) {
+  int status = 0;
+  return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+bool wasKilled(pid_t child) {
+  int status = 0;
+  return ::waitpid(child, &status, 0) == child && WIFSIGNALED(status);
+}
+
+/// Calls that put something on the disk or take it away. Opening counts where it may make a file.
+bool changes(const __ptrace_syscall_info& call) {
+  switch (call.entry.nr) {
+  case SYS_openat:
+    return (call.entry.args[2] & O_CREAT) != 0;
+#ifdef SYS_open
+  case SYS_open:
+    return (call.entry.args[1] & O_CREAT) != 0;
+  case SYS_rename:
+  case SYS_link:
+  case SYS_unlink:
+  case SYS_symlink:
+  case SYS_mkdir:
+  case SYS_rmdir:
+  case SYS_chmod:
+#endif
+#ifdef SYS_renameat
+  case SYS_renameat:
+#endif
+  case SYS_write:
+  case SYS_pwrite64:
+  case SYS_copy_file_range:
+  case SYS_ftruncate:
+  case SYS_renameat2:
+  case SYS_linkat:
+  case SYS_unlinkat:
+  case SYS_symlinkat:
+  case SYS_mkdirat:
+  case SYS_fchmod:
+  case SYS_fchmodat:
+  case SYS_utimensat:
+  case SYS_setxattr:
+  case SYS_fsetxattr:
+  case SYS_removexattr:
+  case SYS_fsync:
+    return true;
+  default:
+    return false;
+  }
+}
+
+/// Follows a stopped child and its threads from call to call.
+class Tracer {
+ public:
+  Tracer(pid_t child, int moment) : child_(child), moment_(moment) {}
+
+  /// Gives the moments met until the child stopped itself again or was killed.
+  int follow() {
+    resume(child_, 0);
+    for (;;) {
+      int status = 0;
+      const pid_t who = ::waitpid(-1, &status, __WALL);
+      if (who < 0) return Failed;
+      if (!WIFSTOPPED(status)) {
+        if (who == child_) return Failed;
+        continue;
+      }
+      if (isAtMoment(who, status) && count_++ == moment_) {
+        killAndReap();
+        return count_;
+      }
+      if (who == child_ && WSTOPSIG(status) == SIGSTOP && status >> 16 == 0) return count_;
+      resume(who, signalOf(status));
+    }
+  }
+
+  void killAndReap() {
+    ::kill(child_, SIGKILL);
+    int status = 0;
+    for (pid_t who = 0; who >= 0;) {
+      who = ::waitpid(-1, &status, __WALL);
+      if (who == child_ && !WIFSTOPPED(status)) return;
+    }
+  }
+
+ private:
+  static void resume(pid_t who, int signal) { ::ptrace(PTRACE_SYSCALL, who, nullptr, signal); }
+  /// What is to be delivered: not the stops of the tracing itself.
+  static int signalOf(int status) {
+    const int signal = WSTOPSIG(status);
+    return signal == syscallStop || signal == SIGTRAP || signal == SIGSTOP ? 0 : signal;
+  }
+
+  bool isAtMoment(pid_t who, int status) {
+    if (WSTOPSIG(status) != syscallStop) return false;
+    __ptrace_syscall_info call{};
+    ::ptrace(PTRACE_GET_SYSCALL_INFO, who, sizeof call, &call);
+    if (call.op == PTRACE_SYSCALL_INFO_EXIT) return inside_.erase(who) > 0;
+    if (call.op != PTRACE_SYSCALL_INFO_ENTRY || !changes(call)) return false;
+    inside_.insert(who);
+    return true;
+  }
+
+  const pid_t child_;
+  const int moment_;
+  int count_ = 0;
+  std::set<pid_t> inside_;  ///< threads in a call that is counted
+};
+
+}  // namespace
+
+void KillAt::child(bool traced) const {
+  prepare_();
+  std::cout.flush();
+  if (traced && ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) ::_exit(2);
+  ::raise(SIGSTOP);
+  work_();
+  if (traced) ::raise(SIGSTOP);
+  endChild();
+}
+
+int KillAt::run(int moment) const {
+  std::cout.flush();
+  const pid_t child = ::fork();
+  if (child == 0) this->child(true);
+  int status = 0;
+  if (child < 0 || ::waitpid(child, &status, 0) != child || !WIFSTOPPED(status)) return Untraceable;
+  constexpr long options = PTRACE_O_TRACESYSGOOD | PTRACE_O_TRACECLONE | PTRACE_O_EXITKILL;
+  Tracer tracer(child, moment);
+  if (::ptrace(PTRACE_SETOPTIONS, child, nullptr, options) != 0) {
+    tracer.killAndReap();
+    return Untraceable;
+  }
+  const int count = tracer.follow();
+  if (count < 0 || count == moment + 1) return count;
+  ::ptrace(PTRACE_DETACH, child, nullptr, nullptr);
+  return heldUntilEnd(child) ? count : Failed;
+}
+
+int KillAt::moments() const { return run(-1); }
+
+bool KillAt::at(int moment) const { return run(moment) == moment + 1; }
+
+/// Untraced, and let go behind what comes in front. Negative when it did not come so far.
+pid_t KillAt::start() const {
+  std::cout.flush();
+  const pid_t child = ::fork();
+  if (child == 0) this->child(false);
+  int status = 0;
+  if (child < 0 || ::waitpid(child, &status, WUNTRACED) != child || !WIFSTOPPED(status)) return -1;
+  ::kill(child, SIGCONT);
+  return child;
+}
+
+bool KillAt::after(unsigned microseconds) const {
+  const pid_t child = start();
+  if (child < 0) return false;
+  ::usleep(microseconds);
+  ::kill(child, SIGKILL);
+  return wasKilled(child);
+}
+
+bool KillAt::byItself() const {
+  const pid_t child = start();
+  return child > 0 && wasKilled(child);
+}
+
+bool heldInChild(const std::function<void()>& checks) {
+  std::cout.flush();
+  const pid_t child = ::fork();
+  if (child == 0) {
+    checks();
+    endChild();
+  }
+  return child > 0 && heldUntilEnd(child);
+}
+
+}  // namespace varnholt::test
