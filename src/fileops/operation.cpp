@@ -205,7 +205,7 @@ bool Operation::sourceStands() const {
 std::optional<std::uint64_t> Operation::doneInBatch() {
   if (batch_.empty()) runBatch();
   if (batch_.empty()) return {};
-  const std::uint64_t bytes = batch_.front();
+  const std::optional<std::uint64_t> bytes = batch_.front();
   batch_.pop_front();
   return bytes;
 }
@@ -232,10 +232,8 @@ void Operation::runBatch() {
   const std::string folder = context_.form.activePanel()->path(), to = context_.form.TargetPath;
   platform::BatchResults results;
   context_.program.loop.runBlocking([&] { results = batch(folder, names, to); });
-  for (const auto& result : results) {
-    if (!result) break;
-    batch_.push_back(*result);
-  }
+  for (const auto& result : results)
+    batch_.push_back(result ? std::optional(*result) : std::nullopt);
   if (batch_.empty()) batchPause_ = PauseItems;
   const auto took = std::chrono::steady_clock::now() - from;
   if (took < ShortBatch) batchSize_ = std::min(batchSize_ * 2, LargestBatch);

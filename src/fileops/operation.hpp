@@ -109,8 +109,9 @@ class Operation {
   void runBatch();
 
   bool executed_ = false;
-  std::string sourceFolder_;         ///< what the active panel showed at the hand-over
-  std::deque<std::uint64_t> batch_;  ///< bytes of the files that are done, from the one in hand on
+  std::string sourceFolder_;  ///< what the active panel showed at the hand-over
+  /// Bytes of the files that a batch has done, from the one in hand on; nothing for one that failed in it.
+  std::deque<std::optional<std::uint64_t>> batch_;
   std::size_t batchSize_ = 0, batchPause_ = 0;
 };
 

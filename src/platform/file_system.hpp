@@ -70,7 +70,7 @@ struct TreeSize {
 };
 
 /// What a batch call did with the first of its files, in their order: the bytes of each, or why it failed. Files behind
-/// these were not touched, unless they were in hand when one failed.
+/// these were not touched.
 using BatchResults = std::vector<Result<std::uint64_t>>;
 
 /// The file system object. All paths in program form, with or without closing backslash. No call throws, none

@@ -1,5 +1,6 @@
 // Many small files are handled several at once. What the user sees must be what one by one would give.
 #include "operation_test.hpp"
+#include "platform/forwarding_file_system.hpp"
 
 namespace varnholt::fileops {
 namespace {
@@ -138,6 +139,39 @@ TEST_F(LargeSelectionTest, StopLeavesWhatIsNotCounted) {
     EXPECT_EQ(right().list.count(), dialog == &ops().Form4 ? 0 : counted) << each.dialog;
     EXPECT_EQ(left().list.count(), dialog == &ops().Form3 ? before : before - counted) << each.dialog;
   }
+}
+
+/// A volume on which one file of a batch fails while those around it are done.
+struct FailingOnce : platform::ForwardingFileSystem {
+  explicit FailingOnce(platform::FileSystem& real) : ForwardingFileSystem(real), real(real) {}
+  platform::BatchResults copyFiles(const std::string& folder, const std::vector<std::string>& names,
+                                   const std::string& to, std::uint64_t limit) override {
+    auto results = real.copyFiles(folder, names, to, limit);
+    if (results.size() > 2 && !failed) {
+      failed = names[1];
+      (void)real.deleteFile(to + names[1], true);
+      results[1] = platform::Error{platform::ErrorCode::NoSpace, names[1], "no room"};
+    }
+    return results;
+  }
+  platform::FileSystem& real;
+  std::optional<std::string> failed;
+};
+
+TEST_F(LargeSelectionTest, AFileThatFailsInABatchIsTriedByItselfAndNoOtherIsAskedAbout) {
+  FailingOnce* failing = nullptr;
+  rig.useFiles([&](platform::FileSystem& real) {
+    auto made = std::make_unique<FailingOnce>(real);
+    failing = made.get();
+    return made;
+  });
+  rig.startLeft();
+  selectAll();
+  starts("Form3");
+  rig.command("Command1_Click");
+  ASSERT_TRUE(failing->failed);
+  EXPECT_EQ(numbersIn("C:\\To"), "0-399");
+  EXPECT_EQ(form().ItemsDone, 400u);
 }
 
 }  // namespace
