@@ -38,7 +38,10 @@ void Form::ShowModal() {
   loop_.runModal(*this);
 }
 
-void Form::Hide() { Visible = false; }
+void Form::Hide() {
+  Visible = false;
+  focused_ = nullptr;
+}
 
 void Form::UnloadForm() {
   if (!loaded_) return;

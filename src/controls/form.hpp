@@ -46,6 +46,7 @@ class Form : public Changing {
   void Show();
   /// Shows and returns when the form is hidden or unloaded.
   void ShowModal();
+  /// Shown again, the form does not go on from the button that was pressed last.
   void Hide();
   /// Asks QueryUnload, hides, fires Unload. The next show loads again.
   void UnloadForm();

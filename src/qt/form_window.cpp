@@ -10,6 +10,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -22,6 +23,12 @@
 
 namespace varnholt::qt {
 namespace {
+
+bool canBegin(const QWidget& widget) {
+  const auto* line = qobject_cast<const QLineEdit*>(&widget);
+  return (widget.focusPolicy() & Qt::TabFocus) && widget.isEnabled() && !widget.isHidden() &&
+         !(line && line->isReadOnly());
+}
 
 // What a window manager puts around a window, about: kept free when a window is fitted to the screen.
 constexpr int FrameAllowance = 32;
@@ -229,14 +236,14 @@ void FormWindow::noteGeometry() {
   form_.Height.takeFromUser(noted_.height() * controls::TwipsPerPixel);
 }
 
-// Where the keyboard is when nobody has said: on the first field, or, in a window that begins with its buttons, on the
-// one that Enter stands for, so that a blind Enter does the harmless thing.
+// Where the keyboard is when nobody has said: on the first field to fill in, or, in a window that begins with its
+// buttons, on the one that Enter stands for, so that a blind Enter does the harmless thing.
 QWidget* FormWindow::firstFocus() const {
   const auto focused = adapters_.find(form_.focused());
   if (focused != adapters_.end()) return &focused->second->widget();
   QWidget* first = nullptr;
   for (QWidget* each = widget_->nextInFocusChain(); each != widget_ && !first; each = each->nextInFocusChain())
-    if ((each->focusPolicy() & Qt::TabFocus) && each->isEnabled() && !each->isHidden()) first = each;
+    if (canBegin(*each)) first = each;
   const auto preset = adapters_.find(form_.control(form_.defaultButton));
   const bool isButton = qobject_cast<QAbstractButton*>(first) != nullptr;
   return isButton && preset != adapters_.end() ? &preset->second->widget() : first;
@@ -268,11 +275,12 @@ bool FormWindow::previewKey(controls::KeyEvent& key) {
 }
 
 void FormWindow::focusTaken(controls::Control& control) {
-  if (form_.focused() == &control) return;
+  // A window that becomes the active one late may be told of its focus when the form has gone already.
+  if (form_.focused() == &control || !form_.Visible) return;
   if (!updating_ && !loop_.isBlocked()) return form_.focusMoved(&control);
   // The toolkit moved the focus by itself, because its holder was disabled or hidden.
   loop_.later([alive = alive_, this, &control] {
-    if (*alive && adapters_[&control]->widget().hasFocus()) form_.focusMoved(&control);
+    if (*alive && form_.Visible && adapters_[&control]->widget().hasFocus()) form_.focusMoved(&control);
   });
 }
 

@@ -143,6 +143,43 @@ class Program:
                 return node
         return None
 
+    def dialog(self, title):
+        """The dialog on top, once it is that one."""
+        return wait("the dialog " + title, lambda: self.top(title))
+
+    def top(self, title):
+        # Only the dialog on top is the active window: one that is in its way has to show first.
+        for each in self.dialogs():
+            if each.get_name().startswith(title) and each.get_state_set().contains(Atspi.StateType.ACTIVE):
+                return each
+        return None
+
+    @staticmethod
+    def named(root, name, role="push button"):
+        for node in below(root) if root else ():
+            if node.get_role_name() == role and node.get_name() == name and shows(node):
+                return node
+        return None
+
+    @staticmethod
+    def says(root, text):
+        """A label or field of a window says that."""
+        return any(shows(node) and text in node.get_name() for node in (below(root) if root else ()))
+
+    @staticmethod
+    def field(root, name):
+        for node in below(root):
+            if node.get_role_name() == "text" and node.get_name() == name:
+                return Atspi.Text.get_text(node, 0, -1)
+        return ""
+
+    @staticmethod
+    def focused(root):
+        for node in below(root):
+            if node.get_state_set().contains(Atspi.StateType.FOCUSED):
+                return node.get_name()
+        return ""
+
     def title(self):
         return self.window().get_name()
 
@@ -185,6 +222,18 @@ class Program:
              str(times), "--delay", "60", "1", *ups],
             check=True,
         )
+
+    @staticmethod
+    def click(node):
+        """A mouse click in the middle of a control. What opens a dialog is clicked: a press through the accessibility
+        tree would wait until the dialog has gone."""
+        box = node.get_extents(Atspi.CoordType.SCREEN)
+        subprocess.run(["xdotool", "mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2), "click", "1"],
+                       check=True)
+
+    def command(self, name):
+        """A button of the main window."""
+        self.click(wait("the button " + name, lambda: self.named(self.window(), name)))
 
     @staticmethod
     def keys(*keys):

@@ -99,6 +99,16 @@ TEST_F(DrawnForms, WhatCanBeUsedSaysWhatItIsFor) {
   }
 }
 
+TEST_F(DrawnForms, OperationsAndTheirQuestionsBeginOnTheButtonThatEnterStandsFor) {
+  std::vector<controls::Form*> forms = app.fileops.dialogs();
+  forms.push_back(&app.dialogs.Form11);
+  for (controls::Form* form : forms) {
+    const QWidget* focused = draw(*form).widget().focusWidget();
+    ASSERT_TRUE(focused) << form->name();
+    EXPECT_EQ(qt::fromQt(focused->objectName()), form->defaultButton) << form->name();
+  }
+}
+
 // --- Mnemonics -----------------------------------------------------------------------------------------------------
 
 QString mnemonicOf(const QString& text) {

@@ -57,6 +57,13 @@ TEST_F(MessageLoop, ABlindEnterNeverDoesHarm) {
   EXPECT_EQ(dialogs.ask("Delete all ?"), Answer::No);
 }
 
+TEST_F(MessageLoop, ABlindEnterDoesNoHarmEitherWhenTheLastAnswerWasYes) {
+  whenShown(dialogs.Form11, [&](QWidget* window) { press(window, "Command11"); });
+  EXPECT_EQ(dialogs.ask("Delete this ?"), Answer::Yes);
+  whenShown(dialogs.Form11, [](QWidget* window) { QTest::keyClick(window->focusWidget(), Qt::Key_Return); });
+  EXPECT_EQ(dialogs.ask("Delete that ?"), Answer::No);
+}
+
 TEST_F(MessageLoop, EnterOnAButtonPressesThatButton) {
   whenShown(dialogs.Form11, [](QWidget* window) {
     auto* execute = usable<QPushButton>(window, "Command11");

@@ -48,7 +48,7 @@ class Adapter : public QObject {
   /// The control that the form pairs with this one; null: none.
   const controls::Control* twin() const;
   /// What assistive technology calls the control, before the window makes it unique. Never empty.
-  QString accessibleName() const;
+  virtual QString accessibleName() const;
 
   /// The control goes away: asks and tells it nothing more.
   virtual void abandon();

@@ -20,9 +20,13 @@ class LabelAdapter : public Joined<controls::Label, QLabel> {
     drawn.setTextFormat(Qt::PlainText);
   }
 
- protected:
-  QString ownName() const override { return withoutMnemonic(drawn.text()).simplified(); }
+  // Who cannot see the text is to hear the text; what a label is for stands in only while it is empty.
+  QString accessibleName() const override {
+    const QString text = withoutMnemonic(drawn.text()).simplified();
+    return text.isEmpty() ? Joined::accessibleName() : text;
+  }
 
+ protected:
   void updateOwn() override {
     const QString text = linesToQt(self.Caption.get());
     if (text != drawn.text()) drawn.setText(text);

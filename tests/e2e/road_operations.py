@@ -1,0 +1,268 @@
+#!/usr/bin/python3
+"""Copy, move and delete as a user does them; after each step both trees are compared byte for byte."""
+
+import os
+import shutil
+import stat
+import sys
+
+from driver import Atspi, expect, run, wait
+from trees import ATTRIBUTE, below, differences, picture
+
+OLD, NEW = 1_500_000_000, 1_700_000_000
+ODD_NAME = "two  blanks üñ back\\slash.txt"
+ODD_ROW = "two  blanks üñ back\uf05cslash"  # a backslash in a name has a stand-in, as it would part folders
+MANY = 3000
+
+
+class Road:
+    """The left panel shows Work, the right one Target."""
+
+    def __init__(self, program):
+        self.program = program
+        self.work, self.target = program.home + "/Work", program.home + "/Target"
+
+    # --- Files -------------------------------------------------------------------------------------------------
+
+    def fill(self):
+        """Both folders anew: everything in Work, and in Target one older and one newer file of the same names."""
+        for folder in (self.work, self.target):
+            if os.path.isdir(folder):
+                for name in os.listdir(folder):
+                    path = os.path.join(folder, name)
+                    shutil.rmtree(path) if os.path.isdir(path) else os.remove(path)
+        self.file("Work/alpha.txt", "alpha", NEW, 0)
+        self.file("Work/beta.txt", "beta" * 5000, NEW)
+        self.file("Work/" + ODD_NAME, "odd", OLD)
+        self.file("Work/Garden/Roses/rose.txt", "rose", OLD, 0x22, 0o640)
+        self.file("Work/Garden/tulip.txt", "tulip" * 100_000, NEW)
+        self.file("Target/alpha.txt", "old alpha", OLD, 0x20)
+        self.file("Target/beta.txt", "newer beta", NEW + 60)
+        self.file("Target/Garden/oak.txt", "oak", OLD)
+
+    def file(self, name, text, date, attributes=None, mode=0o644):
+        path = os.path.join(self.program.home, name)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "w", encoding="utf-8") as out:
+            out.write(text)
+        os.chmod(path, mode)
+        if attributes is not None:
+            os.setxattr(path, ATTRIBUTE, hex(attributes).encode())
+        os.utime(path, ns=(0, date * 1_000_000_000 + 123_456_700))
+
+    def pictures(self):
+        return picture(self.work), picture(self.target)
+
+    def expect(self, step, work, target):
+        for name, folder, wanted in (("Work", self.work, work), ("Target", self.target, target)):
+            words = differences(picture(folder), wanted)
+            expect(f"after {step}, in {name}: {words}", not words)
+
+    # --- The user ----------------------------------------------------------------------------------------------
+
+    def reread(self):
+        """Both panels, the left one being active at last."""
+        program = self.program
+        for number, name in ((2, "Target"), (1, "Work")):
+            program.click(program.list(number))
+            program.keys("F4")
+            folder = os.path.join(program.home, name)
+            wait(f"panel {number} read anew", lambda: len(program.rows(number)) == len(os.listdir(folder)))
+
+    def choose(self, *rows):
+        self.reread()
+        for at, row in enumerate(rows):
+            self.program.click_row(1, row, 1, *(["ctrl"] if at else []))
+        wait("the selection", lambda: self.program.status_has(f"{len(rows)}  Item(s) Selected"))
+
+    def open(self, command, title, *rows):
+        self.choose(*rows)
+        self.program.command(command)
+        return self.program.dialog(title)
+
+    def start(self, command, title, key, *rows):
+        dialog = self.open(command, title, *rows)
+        expect(f"{title} begins on {command}", self.program.focused(dialog) == command)
+        self.program.keys(key)
+
+    def answer(self, title, text, key, focus):
+        """Answers a question by its key, having seen its text and that the harmless button has the keyboard."""
+        dialog = self.program.dialog(title)
+        wait(f"{title} to say {text}", lambda: self.program.says(dialog, text))
+        wait(f"the keyboard on {focus}", lambda: self.program.focused(dialog) == focus)
+        self.program.keys(key)
+        wait(f"{title} to go or to ask anew", lambda: not self.program.says(self.program.top(title), text))
+
+    def overwrite(self, name, key):
+        self.answer("Overwrite Warning !", "Source FileName: " + name, key, "Skip Current")
+
+    def ended(self):
+        wait("the dialogs to go", lambda: not self.program.dialogs())
+        wait("the panels", lambda: self.program.status_has("Active"))
+
+
+# --- Steps ---------------------------------------------------------------------------------------------------------
+
+
+def copy_to_free_place(road):
+    road.fill()
+    for name in os.listdir(road.target):
+        path = os.path.join(road.target, name)
+        shutil.rmtree(path) if os.path.isdir(path) else os.remove(path)
+    work, _ = road.pictures()
+    road.start("Copy", "Copy Item(s)", "Return", "\\ Garden", "beta", ODD_ROW)
+    road.ended()
+    road.expect("a copy to a free place", work, {**below(work, "Garden"), **below(work, "beta.txt"), **below(work, ODD_NAME)})
+
+
+def overwrite_answers(road):
+    """Each answer, with an older and a newer target in the way. The item selected last is handled first."""
+    cases = (
+        ("overwrite", (("beta.txt", "alt+w"), ("alpha.txt", "alt+w")), ("alpha.txt", "beta.txt")),
+        ("one overwritten, one skipped", (("beta.txt", "alt+s"), ("alpha.txt", "alt+w")), ("alpha.txt",)),
+        ("skip by Enter", (("beta.txt", "Return"), ("alpha.txt", "Return")), ()),
+        ("cancel", (("beta.txt", "alt+c"),), ()),
+        ("cancel by Esc", (("beta.txt", "Escape"),), ()),
+        ("all", (("beta.txt", "alt+a"),), ("alpha.txt", "beta.txt")),
+        ("all older", (("beta.txt", "alt+o"),), ("alpha.txt",)),
+        ("rename, which is not there", (("beta.txt", "alt+r"), ), ()),
+    )
+    for step, answers, replaced in cases:
+        road.fill()
+        work, target = road.pictures()
+        road.start("Copy", "Copy Item(s)", "alt+o", "alpha", "beta")
+        for name, key in answers:
+            if key == "alt+r":
+                rename_is_disabled(road)
+                key = "alt+c"
+            road.overwrite(name, key)
+        road.ended()
+        road.expect(step, work, {**target, **{name: work[name] for name in replaced}})
+
+
+def rename_is_disabled(road):
+    dialog = road.program.dialog("Overwrite Warning !")
+    button = road.program.named(dialog, "Rename Target")
+    expect("Rename Target is disabled", button and not button.get_state_set().contains(Atspi.StateType.ENABLED))
+    road.program.keys("alt+r")
+    expect("its key does nothing", road.program.top("Overwrite Warning !"))
+
+
+def merge_folders(road):
+    for key, merged in (("Return", False), ("alt+x", True)):
+        road.fill()
+        work, target = road.pictures()
+        road.start("Copy", "Copy Item(s)", "Return", "\\ Garden")
+        if merged:
+            dialog = road.program.dialog("Alert !")
+            expect("the question names the folder", road.program.says(dialog, "C:\\Target\\Garden"))
+            road.program.click(road.program.named(dialog, "Execute"))
+        else:
+            road.answer("Alert !", "Already Exist !, OverWrite ?", key, "Cancel")
+        road.ended()
+        road.expect(f"a folder in the way, merged: {merged}", work, {**target, **(below(work, "Garden") if merged else {})})
+
+
+def protected_target(road):
+    for key, replaced in (("Return", False), ("alt+e", True), ("alt+c", False)):
+        road.fill()
+        os.setxattr(road.target + "/alpha.txt", ATTRIBUTE, b"0x21")
+        os.chmod(road.target + "/alpha.txt", 0o444)
+        work, target = road.pictures()
+        road.start("Copy", "Copy Item(s)", "Return", "alpha")
+        road.overwrite("alpha.txt", "alt+w")
+        road.answer("Warning", "Are marked: Readonly", key, "Skip")
+        road.ended()
+        road.expect(f"a read-only target, {key}", work, {**target, **({"alpha.txt": work["alpha.txt"]} if replaced else {})})
+
+
+def move(road):
+    road.fill()
+    os.remove(road.target + "/alpha.txt")
+    shutil.rmtree(road.target + "/Garden")
+    work, target = road.pictures()
+    road.start("Move", "Move Item(s)", "Return", "\\ Garden", "alpha", "beta")
+    road.answer("Alert", "File Already exist on Target, - Cannot Move!", "Return", "Ok")
+    road.ended()
+    moved = {**below(work, "Garden"), **below(work, "alpha.txt")}
+    road.expect("a move", {path: facts for path, facts in work.items() if path not in moved}, {**target, **moved})
+
+
+def delete(road):
+    road.fill()
+    os.setxattr(road.work + "/beta.txt", ATTRIBUTE, b"0x21")
+    os.chmod(road.work + "/beta.txt", 0o444)
+    work, target = road.pictures()
+
+    def without(*names):
+        gone = {path for name in names for path in below(work, name)}
+        return {path: facts for path, facts in work.items() if path not in gone}
+
+    road.start("Delete", "Delete Item(s)", "Return", "alpha")
+    road.answer("Alert !", "Direct deleting 1 File(s)/Folder(s) ?", "Return", "Cancel")
+    road.ended()
+    road.expect("a delete that was cancelled", work, target)
+
+    road.start("Delete", "Delete Item(s)", "Return", "\\ Garden", "beta", ODD_ROW)
+    execute(road, "Direct deleting 3 File(s)/Folder(s) ?")
+    road.answer("Warning", "Current File: beta.txt Are marked: Readonly", "Return", "Skip")
+    road.answer("Alert !", "Folder is NOT Emty !", "Return", "Cancel")
+    road.ended()
+    road.expect("a delete with two items kept", without(ODD_NAME), target)
+
+    road.start("Delete", "Delete Item(s)", "Return", "\\ Garden", "beta")
+    execute(road, "Direct deleting 2 File(s)/Folder(s) ?")
+    road.answer("Warning", "Current File: beta.txt Are marked: Readonly", "alt+e", "Skip")
+    execute(road, "Folder is NOT Emty !")
+    road.ended()
+    road.expect("a delete", without(ODD_NAME, "Garden", "beta.txt"), target)
+
+
+def execute(road, text):
+    dialog = road.program.dialog("Alert !")
+    wait("the question " + text, lambda: road.program.says(dialog, text))
+    expect("the question begins on Cancel", road.program.focused(dialog) == "Cancel")
+    road.program.click(road.program.named(dialog, "Execute"))
+    wait("the question to go", lambda: not road.program.says(dialog, text))
+
+
+def browse(road):
+    road.fill()
+    work, target = road.pictures()
+    program = road.program
+    os.makedirs(program.second + "/Shelf", exist_ok=True)
+    dialog = road.open("Copy", "Copy Item(s)", ODD_ROW)
+    program.click(program.named(dialog, "Browse"))
+    wait("the tree", lambda: any(program.named(each, "(D:)", "table cell") for each in program.dialogs()))
+    for name in ("(D:)", "Shelf"):
+        node = wait(name, lambda: next(filter(None, (program.named(each, name, "table cell") for each in program.dialogs()))))
+        program.click(node)
+    browser = wait("the chosen folder", lambda: next(
+        each for each in program.dialogs() if program.field(each, "Chosen folder") == "D:\\Shelf"))
+    program.click(program.named(browser, "Ok"))
+    dialog = program.dialog("Copy Item(s)")
+    wait("the target", lambda: program.field(dialog, "The folder in question") == "D:\\Shelf\\")
+    program.click(program.named(dialog, "Copy"))
+    road.ended()
+    road.expect("a copy elsewhere", work, target)
+    words = differences(picture(program.second + "/Shelf"), below(work, ODD_NAME))
+    expect("on the shelf: " + words, not words)
+    wait("the right panel on the shelf", lambda: program.rows(2) == [ODD_ROW])
+
+
+def road(program):
+    steps = Road(program)
+    steps.fill()
+    program.start(tip=True)
+    program.click_row(2, "\\ Target", 2)
+    wait("Target", lambda: "alpha" in program.rows(2))
+    program.click_row(1, "\\ Work", 2)
+    wait("Work", lambda: ODD_ROW in program.rows(1))
+    for step in (copy_to_free_place, overwrite_answers, merge_folders, protected_target, move, delete, browse):
+        print(step.__name__, flush=True)
+        step(steps)
+    program.keys("alt+F4")
+    program.await_end()
+
+
+sys.exit(run(road))
