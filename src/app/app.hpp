@@ -4,6 +4,7 @@
 #include "core/program.hpp"
 #include "core/start_windows.hpp"
 #include "fileops/fileops.hpp"
+#include "filters/filters.hpp"
 #include "panels/active_panel.hpp"
 #include "panels/browse_dialog.hpp"
 #include "panels/dispatcher.hpp"
@@ -60,6 +61,7 @@ class App {
   panels::TreeWindow trees;
   panels::Form35 Form35;
   fileops::FileOps fileops;
+  filters::Filters filters;
   tools::form8 form8;
   tools::SystemShortcuts shortcuts;
   appearance::NewSkin NewSkin;
