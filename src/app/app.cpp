@@ -36,6 +36,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       Form35(program),
       fileops({Form1, program, dispatcher, listing, navigation, selection, trees, Form35}),
       filters({Form1, program, dispatcher, listing, selection, choices}),
+      presets({Form1, program, navigation}),
       form8(loop, core::programVersion()),
       shortcuts(Form1, program),
       NewSkin(program),
@@ -159,6 +160,10 @@ void App::bindCommands() {
   // Filters
   bind("Command5_Click", [this] { filters.Command5_Click(); });
   bind("Filepatt_Click", [this] { dispatcher.perform("Command5_Click"); });
+  // Presets
+  bind("Command12_Click", [this] { presets.Command12_Click(); });
+  bind("presetsetup_Click", [this] { dispatcher.perform("Command12_Click"); });
+  bind("DynPresets_Click", [this] { presets.DynPresets_Click(); });
   // The system and the program itself
   bind("Dos_Click", [this] { shortcuts.Dos_Click(); });
   bind("Readme_Click", [this] { shortcuts.Readme_Click(); });
@@ -250,7 +255,7 @@ void App::bindHooks() {
   for (controls::Form* dialog : std::initializer_list<controls::Form*>{&dialogs.Form11, &dialogs.Form12,
                                                                        &dialogs.Form13, &frmTip, &Form35, &form8})
     NewSkin.addDialog(*dialog);
-  for (const auto& dialogs : {fileops.dialogs(), filters.dialogs()})
+  for (const auto& dialogs : {fileops.dialogs(), filters.dialogs(), presets.dialogs()})
     for (controls::Form* dialog : dialogs)
       NewSkin.addDialog(*dialog);
   NewSkin.addMainWindow(Form1);

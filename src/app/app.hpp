@@ -23,6 +23,7 @@
 #include "panels/selection.hpp"
 #include "panels/tree_window.hpp"
 #include "panels/view_choices.hpp"
+#include "places/presets.hpp"
 #include "tools/about.hpp"
 #include "tools/system_shortcuts.hpp"
 
@@ -62,6 +63,7 @@ class App {
   panels::Form35 Form35;
   fileops::FileOps fileops;
   filters::Filters filters;
+  places::Presets presets;
   tools::form8 form8;
   tools::SystemShortcuts shortcuts;
   appearance::NewSkin NewSkin;
