@@ -35,6 +35,8 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       trees(Form9, Form1, program),
       Form35(program),
       fileops({Form1, program, dispatcher, listing, navigation, selection, trees, Form35}),
+      filters({Form1, program, dispatcher, listing, selection, choices}),
+      presets({Form1, program, navigation}),
       form8(loop, core::programVersion()),
       shortcuts(Form1, program),
       NewSkin(program),
@@ -95,6 +97,7 @@ void App::bindCommands() {
   });
   bind("Viewall_Click", [this] { choices.Viewall_Click(); });
   bind("ViewProg_Click", [this] { choices.ViewProg_Click(); });
+  bind("Viewuser_Click", [this] { filters.Viewuser_Click(); });
   bind("HidSysfiles_Click", [this] { choices.HidSysfiles_Click(); });
   bind("DateModi_Click", [this] { choices.DateModi_Click(); });
   bind("DateCreate_Click", [this] { choices.DateCreate_Click(); });
@@ -154,6 +157,13 @@ void App::bindCommands() {
   for (const char* handler : {"Command13_Click", "Makefile_Click"})
     bind(handler, [this] { fileops.editor.Command13_Click(); });
   bind("ValCopyMove_Click", [this] { fileops.ValCopyMove_Click(); });
+  // Filters
+  bind("Command5_Click", [this] { filters.Command5_Click(); });
+  bind("Filepatt_Click", [this] { dispatcher.perform("Command5_Click"); });
+  // Presets
+  bind("Command12_Click", [this] { presets.Command12_Click(); });
+  bind("presetsetup_Click", [this] { dispatcher.perform("Command12_Click"); });
+  bind("DynPresets_Click", [this] { presets.DynPresets_Click(); });
   // The system and the program itself
   bind("Dos_Click", [this] { shortcuts.Dos_Click(); });
   bind("Readme_Click", [this] { shortcuts.Readme_Click(); });
@@ -245,8 +255,9 @@ void App::bindHooks() {
   for (controls::Form* dialog : std::initializer_list<controls::Form*>{&dialogs.Form11, &dialogs.Form12,
                                                                        &dialogs.Form13, &frmTip, &Form35, &form8})
     NewSkin.addDialog(*dialog);
-  for (controls::Form* dialog : fileops.dialogs())
-    NewSkin.addDialog(*dialog);
+  for (const auto& dialogs : {fileops.dialogs(), filters.dialogs(), presets.dialogs()})
+    for (controls::Form* dialog : dialogs)
+      NewSkin.addDialog(*dialog);
   NewSkin.addMainWindow(Form1);
   NewSkin.addMainWindow(Form9);
 }

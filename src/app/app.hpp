@@ -4,6 +4,7 @@
 #include "core/program.hpp"
 #include "core/start_windows.hpp"
 #include "fileops/fileops.hpp"
+#include "filters/filters.hpp"
 #include "panels/active_panel.hpp"
 #include "panels/browse_dialog.hpp"
 #include "panels/dispatcher.hpp"
@@ -22,6 +23,7 @@
 #include "panels/selection.hpp"
 #include "panels/tree_window.hpp"
 #include "panels/view_choices.hpp"
+#include "places/presets.hpp"
 #include "tools/about.hpp"
 #include "tools/system_shortcuts.hpp"
 
@@ -60,6 +62,8 @@ class App {
   panels::TreeWindow trees;
   panels::Form35 Form35;
   fileops::FileOps fileops;
+  filters::Filters filters;
+  places::Presets presets;
   tools::form8 form8;
   tools::SystemShortcuts shortcuts;
   appearance::NewSkin NewSkin;

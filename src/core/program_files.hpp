@@ -13,7 +13,8 @@ inline constexpr std::string_view CompHis_L = "\\CompHis_L.Dat", CompHis_R = "\\
 inline constexpr std::string_view OpenHis = "\\OpenHis.Dat", MostUsed = "\\MostUsed.Dat";
 inline constexpr std::string_view FolderSearchHis = "\\FolderSearchHis.Dat";
 inline constexpr std::string_view GetQF = "\\GetQF.Dat", GetFolders = "\\GetFolders.Dat";
-inline constexpr std::string_view TempUrl = "\\Temp.Url", Log = "\\Varnholt.log", Readme = "\\Readme.txt";
+inline constexpr std::string_view TempUrl = "\\Temp.Url", PresetIni = "\\Preset.Ini", Log = "\\Varnholt.log",
+                                  Readme = "\\Readme.txt";
 inline constexpr std::string_view VDT_Projects = "\\VDT_Projects", Favorites = "\\Favorites";
 inline constexpr std::string_view Bookmarks = "\\Bookmarks", Collections = "\\Collections", Notes = "\\Notes";
 inline constexpr std::string_view Skins = "\\Skins", Tmp = "\\Tmp", SwapTmp = "\\SwapTmp";

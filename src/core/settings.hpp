@@ -67,12 +67,12 @@ inline constexpr K W3Col2{M, "ColumnWidth", "W3Col2", "", "width of a column, tw
 
 inline constexpr K FileData{M, "Filefilter", "FileData", "", "file filter pattern"};
 inline constexpr K ViewData{M, "Viewfilter", "ViewData", "", "view filter pattern"};
-inline constexpr K ViewCheck{M, "Viewfilter", "Check", "", "1: view date filter on"};
-inline constexpr K Viewfrom{M, "Viewfilter", "Viewfrom", "", "view date filter, first day"};
-inline constexpr K Viewto{M, "Viewfilter", "Viewto", "", "view date filter, last day"};
-inline constexpr K DateCheck{M, "datefilter", "Check", "", "1: file date filter on"};
-inline constexpr K datefrom{M, "datefilter", "datefrom", "", "file date filter, first day"};
-inline constexpr K dateto{M, "datefilter", "dateto", "", "file date filter, last day"};
+inline constexpr K ViewCheck{M, "Viewfilter", "Check", "", "true: view date filter on, else false"};
+inline constexpr K Viewfrom{M, "Viewfilter", "Viewfrom", "", "view date filter, first day: 2007-03-09"};
+inline constexpr K Viewto{M, "Viewfilter", "Viewto", "", "view date filter, last day: 2007-03-09"};
+inline constexpr K DateCheck{M, "datefilter", "Check", "", "true: file date filter on, else false"};
+inline constexpr K datefrom{M, "datefilter", "datefrom", "", "file date filter, first day: 2007-03-09"};
+inline constexpr K dateto{M, "datefilter", "dateto", "", "file date filter, last day: 2007-03-09"};
 inline constexpr K SCRData{M, "SCRfilter", "SCRData", "", "scan filter"};
 inline constexpr K Modem{M, "regdata", "Modem", "", "connection type"};
 

@@ -11,7 +11,8 @@ namespace varnholt::panels {
 /// The colours by which rows tell which function will take them, as blue-green-red numbers.
 namespace mark_color {
 inline constexpr controls::Color Copy = 0x00FF00, Move = 0x00FFFF, Delete = 0x0000FF, Rename = 0xFFFF00;
-}
+inline constexpr controls::Color Selection = 0x0080FF;  ///< selected by a filter
+}  // namespace mark_color
 
 /// Where buttons, menu entries, keys and drops lead to their handlers, and what is remembered of the last one.
 class Dispatcher {

@@ -25,17 +25,17 @@ inline constexpr int SelectedCount = 7, SizeReport = 8, Line = 9;
 
 /// What rooms above hang on the main window. An empty one is passed over.
 struct Form1Seams {
-  std::function<void(Side)> Viewpicv;                      ///< shows the current item in the picture view
-  std::function<void()> TreedisplayItem;                   ///< brings the tree window up to date
-  std::function<void()> quickFindUpdate;                   ///< updates the Quick Find Item dialog
-  std::function<void()> F22commandfunction;                ///< updates the commands tree
-  std::function<void(const std::string&)> treeStatus;      ///< the tree window's status text
-  std::function<bool(const platform::Entry&)> viewFilter;  ///< the active View Filter's test
-  std::function<void()> ShartCal;                          ///< recomputes the usage chart, when it is open
-  std::function<void(bool isFile)> fileItemChosen;         ///< a file, or a folder, is the item in hand
-  std::function<void(bool isFile)> LineCompare;   ///< compares the item's dates in the open Line Compare dialog
-  std::function<void()> VDTstart;                 ///< the Virtual DeskTop's start routine
-  std::function<void()> loadStores, storeStores;  ///< files of later rooms, at start and at exit
+  std::function<void(Side)> Viewpicv;                  ///< shows the current item in the picture view
+  std::function<void()> TreedisplayItem;               ///< brings the tree window up to date
+  std::function<void()> quickFindUpdate;               ///< updates the Quick Find Item dialog
+  std::function<void()> F22commandfunction;            ///< updates the commands tree
+  std::function<void(const std::string&)> treeStatus;  ///< the tree window's status text
+  std::function<FileTest()> viewFilter;  ///< makes the test of the View Filter for one listing; empty: all pass
+  std::function<void()> ShartCal;        ///< recomputes the usage chart, when it is open
+  std::function<void(bool isFile)> fileItemChosen;  ///< a file, or a folder, is the item in hand
+  std::function<void(bool isFile)> LineCompare;     ///< compares the item's dates in the open Line Compare dialog
+  std::function<void()> VDTstart;                   ///< the Virtual DeskTop's start routine
+  std::function<void()> loadStores, storeStores;    ///< files of later rooms, at start and at exit
 };
 
 /// The main window: two folder panels with drive lists and path lines, the Virtual DeskTop list, picture boxes, command

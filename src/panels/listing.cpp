@@ -13,6 +13,11 @@ namespace pointer = controls::pointer;
 // The header icons: sorted down, sorted up, not sorted by this column.
 constexpr int SortedDown = 12, SortedUp = 13, NotSorted = 14;
 
+bool isProgram(const platform::Entry& file) {
+  const std::string extension = platform::foldCase(paths::extension(file.name));
+  return extension == "com" || extension == "exe";
+}
+
 }  // namespace
 
 std::map<int, std::string> panelImageList() {
@@ -41,8 +46,7 @@ void Listing::filedir(Panel& panel) {
   platform::Result<platform::ListingPtr> listing = platform::Error{};
   program_.loop.runBlocking([&] { listing = program_.files().list(panel.path()); });
   if (listing) {
-    const FileTest shows = [this](const platform::Entry& file) { return showsFile(file); };
-    panel.show(std::make_shared<PanelRows>(*listing, shows, rowFormat(panel)));
+    panel.show(std::make_shared<PanelRows>(*listing, fileTest(), rowFormat(panel)));
     panel.list.ensureSorted();
     pbar_beregning((*listing)->files().size(), (*listing)->files().size());
   }
@@ -52,13 +56,17 @@ void Listing::filedir(Panel& panel) {
   program_.loop.screen().MousePointer = pointer::Default;
 }
 
-bool Listing::showsFile(const platform::Entry& file) const {
-  auto& menu = form_.Menu;
-  if (!menu["HidSysfiles"].Checked && core::itemClass(file.attributes) == core::HiddenClass) return false;
-  if (menu["Viewuser"].Checked && form_.seams.viewFilter && !form_.seams.viewFilter(file)) return false;
-  if (!menu["ViewProg"].Checked) return true;
-  const std::string extension = platform::foldCase(paths::extension(file.name));
-  return extension == "com" || extension == "exe";
+// The menu is asked once a listing, and not once a file.
+FileTest Listing::fileTest() const {
+  const bool hiddenToo = form_.Menu.checked("HidSysfiles"), programsOnly = form_.Menu.checked("ViewProg");
+  FileTest passes;
+  if (form_.Menu.checked("Viewuser") && form_.seams.viewFilter) passes = form_.seams.viewFilter();
+  if (hiddenToo && !programsOnly) return passes;
+  return [hiddenToo, programsOnly, passes = std::move(passes)](const platform::Entry& file) {
+    if (!hiddenToo && core::itemClass(file.attributes) == core::HiddenClass) return false;
+    if (programsOnly && !isProgram(file)) return false;
+    return !passes || passes(file);
+  };
 }
 
 RowFormat Listing::rowFormat(const Panel& panel) const {

@@ -54,7 +54,8 @@ class Listing {
   std::function<void()> resetcollect;
 
  private:
-  bool showsFile(const platform::Entry& file) const;
+  /// The test of which files the panels show, for one listing; empty when they show all.
+  FileTest fileTest() const;
   RowFormat rowFormat(const Panel& panel) const;
   void keepCurrentItem(Panel& panel);
   void pbar_beregning(std::size_t counter, std::size_t total);

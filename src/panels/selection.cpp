@@ -13,6 +13,7 @@ namespace paths = platform::paths;
 
 void Selection::Click(Panel& panel) {
   form_.Menu["Filefilter"].Visible = false;
+  form_.filterMark = false;
   if (!form_.Menu.checked("Viewuser")) form_.Menu["Viewfilter"].Visible = true;
   if (form_.cutLook) {
     listing_.resetv1v2();
@@ -140,6 +141,11 @@ Selection::Sum Selection::sizeOfSelected(Panel& panel) {
   return sum;
 }
 
+void Selection::reportSelected(Panel& panel) {
+  report(panel.list.selectedCount(), sizeOfSelected(panel));
+  showCount(panel.list.selectedCount());
+}
+
 // --- Selection commands --------------------------------------------------------------------------------------------
 
 void Selection::selectall_Click() {
@@ -156,8 +162,7 @@ void Selection::selectall_Click() {
     item.setGhosted(true);
     form_.filecollect.push(panel->itemText(item));
   }
-  report(panel->list.selectedCount(), sizeOfSelected(*panel));
-  showCount(panel->list.selectedCount());
+  reportSelected(*panel);
   form_.statusLine("");
   if (form_.seams.ShartCal) form_.seams.ShartCal();
 }
@@ -182,8 +187,7 @@ void Selection::Inversel_Click() {
     item.setGhosted(true);
     form_.filecollect.push(panel->itemText(item));
   }
-  report(list.selectedCount(), sizeOfSelected(*panel));
-  showCount(list.selectedCount());
+  reportSelected(*panel);
   form_.statusLine("");
   if (form_.seams.ShartCal) form_.seams.ShartCal();
 }

@@ -32,6 +32,10 @@ class Selection {
   void fileatrib(Panel& panel, controls::ListItem item);
 
   // --- Collecting ------------------------------------------------------------------------------------------------
+  /// Takes a row among the collected items, and among the names for the Recall while these are kept.
+  void collect(Panel& panel, controls::ListItem item);
+  /// Number and size of what is selected in the status bar.
+  void reportSelected(Panel& panel);
   /// The selection walk of a command: every row that carries `Selected` goes into `filecollect`.
   void ViewClickCopy(Panel& panel);
   void resetcollect() { form_.filecollect.reset(); }
@@ -69,7 +73,6 @@ class Selection {
   };
   void currentItem(Panel& panel, controls::ListItem item);
   void collectSelected(Panel& panel);
-  void collect(Panel& panel, controls::ListItem item);
   void addSize(Panel& panel, controls::ListItem item, Sum& sum);
   Sum sizeOfSelected(Panel& panel);
   void report(std::uint64_t count, const Sum& sum);

@@ -38,10 +38,14 @@ void ViewChoices::chooseClock(const char* format) {
   listing_.ViewRenew();
 }
 
-void ViewChoices::chooseView(const char* entry) {
+void ViewChoices::checkView(std::string_view entry) {
   for (const char* each : {"Viewall", "ViewProg", "Viewuser"})
-    form_.Menu[each].Checked = std::string_view(each) == entry;
+    form_.Menu[each].Checked = entry == each;
   if (ResetAll) ResetAll();
+}
+
+void ViewChoices::chooseView(std::string_view entry) {
+  checkView(entry);
   listing_.ViewRenew();
   showFilterLine();
 }
@@ -58,13 +62,20 @@ void ViewChoices::HidSysfiles_Click() {
 }
 
 void ViewChoices::showFilterLine() {
-  std::string line = "|  View Filter:  All Files  (*.*)";
-  if (form_.Menu.checked("ViewProg")) {
+  std::string line = "|  View Filter:  All Files  (*.*)", tip = "The files that both panels show";
+  if (form_.Menu.checked("Viewuser") && !userLine.empty()) {
+    line = userLine;
+    tip = userTip;
+  } else if (form_.Menu.checked("ViewProg")) {
     line = "|  View Filter:  Programs Only  (*.Exe , *.Com)";
   } else if (!form_.Menu.checked("HidSysfiles")) {
     line += " - Excl. Hidden and System Files.";
   }
-  form_.Menu["Viewfilter"].Caption = line;
+  auto& shown = form_.Menu["Viewfilter"];
+  shown.Caption = line;
+  shown.ToolTipText = tip;
+  shown.Visible = true;
+  form_.Menu["Filefilter"].Visible = false;
 }
 
 }  // namespace varnholt::panels

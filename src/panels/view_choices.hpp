@@ -6,6 +6,8 @@
 #include "panels/listing.hpp"
 
 #include <functional>
+#include <string>
+#include <string_view>
 
 namespace varnholt::panels {
 
@@ -25,8 +27,13 @@ class ViewChoices {
   void DateTime12_Click() { chooseClock("1"); }
   /// Checks the entry of the date system and names the date column after it.
   void applyDateSystem();
-  /// Writes the filter line of the menu bar from the checked entries.
+  /// Shows the line of the menu bar that tells what the panels show, from the checked entries.
   void showFilterLine();
+  /// Checks one of the three entries that exclude each other, and clears the selection of both panels.
+  void checkView(std::string_view entry);
+
+  /// Line and tool tip of the View Filter in force; empty: the user has not given one yet.
+  std::string userLine, userTip;
 
   /// Clears selection, marks and the filter mark of both panels.
   std::function<void()> ResetAll;
@@ -34,7 +41,7 @@ class ViewChoices {
  private:
   void chooseDate(const char* system);
   void chooseClock(const char* format);
-  void chooseView(const char* entry);
+  void chooseView(std::string_view entry);
 
   Form1& form_;
   core::Program& program_;

@@ -7,11 +7,17 @@
 #include "ui_form11.h"
 #include "ui_form12.h"
 #include "ui_form13.h"
+#include "ui_form20.h"
+#include "ui_form21.h"
+#include "ui_form24.h"
+#include "ui_form25.h"
 #include "ui_form3.h"
 #include "ui_form32.h"
+#include "ui_form34.h"
 #include "ui_form35.h"
 #include "ui_form4.h"
 #include "ui_form5.h"
+#include "ui_form6.h"
 #include "ui_form7.h"
 #include "ui_form8.h"
 #include "ui_form9.h"
@@ -45,10 +51,16 @@ struct Row {
 constexpr Row Forms[] = {
     {"Form1", build<Ui::Form1, QMainWindow>},  {"Form3", build<Ui::Form3, SkinDialog>},
     {"Form4", build<Ui::Form4, SkinDialog>},   {"Form5", build<Ui::Form5, SkinDialog>},
+    {"Form6", build<Ui::Form6, SkinDialog>},
     {"Form7", build<Ui::Form7, SkinDialog>},   {"form8", build<Ui::form8, SkinDialog>},
     {"Form9", build<Ui::Form9, QMainWindow>},  {"Form10", build<Ui::Form10, SkinDialog>},
     {"Form11", build<Ui::Form11, SkinDialog>}, {"Form12", build<Ui::Form12, SkinDialog>},
     {"Form13", build<Ui::Form13, SkinDialog>}, {"Form32", build<Ui::Form32, SkinDialog>},
+    {"Form20", build<Ui::Form20, SkinDialog>},
+    {"Form21", build<Ui::Form21, SkinDialog>},
+    {"Form24", build<Ui::Form24, SkinDialog>},
+    {"Form25", build<Ui::Form25, SkinDialog>},
+    {"Form34", build<Ui::Form34, SkinDialog>},
     {"Form35", build<Ui::Form35, SkinDialog>}, {"frmSplash", buildSplash},
     {"frmTip", build<Ui::frmTip, SkinDialog>},
 };

@@ -156,6 +156,11 @@ bool Adapter::mouseMove(const QMouseEvent&) {
 
 // --- Events --------------------------------------------------------------------------------------------------------
 
+// A window that becomes active again gives the keyboard back to what had it, also when a handler has moved it since.
+bool Adapter::movesFocus(Qt::FocusReason reason) const {
+  return reason != Qt::PopupFocusReason && (reason != Qt::ActiveWindowFocusReason || !control_.form().focused());
+}
+
 bool Adapter::eventFilter(QObject* watched, QEvent* event) {
   if (abandoned_) return false;
   switch (event->type()) {
@@ -181,8 +186,7 @@ bool Adapter::eventFilter(QObject* watched, QEvent* event) {
   case QEvent::Drop:
     return drops_.drop(*static_cast<QDropEvent*>(event));
   case QEvent::FocusIn:
-    if (watched == &widget_ && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
-      host_.focusTaken(control_);
+    if (watched == &widget_ && movesFocus(static_cast<QFocusEvent*>(event)->reason())) host_.focusTaken(control_);
     return false;
   case QEvent::FocusOut:
     if (watched == &widget_) releaseModifiers();

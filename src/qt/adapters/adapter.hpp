@@ -81,6 +81,7 @@ class Adapter : public QObject {
   Host& host() const { return host_; }
 
  private:
+  bool movesFocus(Qt::FocusReason reason) const;
   bool keyPress(const QKeyEvent& event);
   void keyRelease(const QKeyEvent& event);
   /// The keyboard goes elsewhere: modifier keys that are down here will go up there.

@@ -1,0 +1,17 @@
+#include "places/context.hpp"
+
+namespace varnholt::places {
+
+bool goToPair(const Context& context, const FolderPair& pair) {
+  if (!context.folderExists(pair.left) || !context.folderExists(pair.right)) {
+    context.program.dialogs.alert("Preset has changed and NOT Valid !");
+    return false;
+  }
+  context.navigation.goTo(context.form.Panel1, pair.left);
+  context.navigation.goTo(context.form.Panel2, pair.right);
+  context.navigation.ViewDriveSelection();
+  if (const panels::Panel* active = context.form.activePanel()) context.navigation.showTitle(*active);
+  return true;
+}
+
+}  // namespace varnholt::places

@@ -1,0 +1,90 @@
+#include "places/preset_store.hpp"
+
+#include "core/item_text.hpp"
+#include "core/program_files.hpp"
+#include "core/text_file.hpp"
+#include "platform/text_fold.hpp"
+
+#include <algorithm>
+
+namespace varnholt::places {
+namespace {
+
+namespace setting = core::setting;
+
+core::SettingKey keyOf(std::string_view name, std::string_view key) {
+  return {core::PresetsApplication, name, key, "", ""};
+}
+
+}  // namespace
+
+std::string PresetStore::path() const {
+  return core::program_file::path(program_.platform, core::program_file::PresetIni);
+}
+
+bool PresetStore::isReserved(std::string_view name) {
+  return std::ranges::any_of(setting::all(), [&](const core::SettingKey& key) {
+    return key.application == core::PresetsApplication && platform::upperCase(key.section) == platform::upperCase(name);
+  });
+}
+
+std::vector<std::string> PresetStore::names() {
+  if (!program_.files().fileExists(path())) (void)program_.files().writeFile(path(), "");
+  auto lines = core::readLines(program_.files(), path());
+  for (std::string& line : lines)
+    line = platform::upperCase(line);
+  return lines;
+}
+
+std::string PresetStore::text(const std::string& name) const {
+  return core::properCase(program_.settings.get(keyOf(name, "Text")));
+}
+
+FolderPair PresetStore::folders(const std::string& name) const {
+  return {program_.settings.get(keyOf(name, setting::view1path.key)),
+          program_.settings.get(keyOf(name, setting::view2path.key))};
+}
+
+bool PresetStore::write(const std::vector<std::string>& names) {
+  const auto written = core::writeLines(program_.files(), path(), names);
+  if (!written) program_.dialogs.alert("Presets Not Stored !, - " + written.error().text);
+  return static_cast<bool>(written);
+}
+
+bool PresetStore::add(const std::string& name, const std::string& text, const FolderPair& folders) {
+  auto all = names();
+  all.push_back(name);
+  if (!write(all)) return false;
+  core::Settings::Batch batch;
+  batch.add(keyOf(name, "Text"), text);
+  batch.add(keyOf(name, setting::view1path.key), folders.left);
+  batch.add(keyOf(name, setting::view2path.key), folders.right);
+  program_.settings.save(batch);
+  return true;
+}
+
+// A name that somebody wrote into the file himself must not take the folders of the last exit away.
+void PresetStore::removeSection(const std::string& name) {
+  if (!isReserved(name)) program_.settings.removeSection(keyOf(name, "Text"));
+}
+
+bool PresetStore::remove(const std::string& name) {
+  auto all = names();
+  std::erase(all, name);
+  if (!write(all)) return false;
+  removeSection(name);
+  return true;
+}
+
+bool PresetStore::removeAll() {
+  const auto all = names();
+  if (const auto deleted = program_.files().deleteFile(path(), true); !deleted) {
+    program_.dialogs.alert("Presets Not Deleted !, - " + deleted.error().text);
+    return false;
+  }
+  for (const std::string& name : all)
+    removeSection(name);
+  return true;
+}
+
+}  // namespace varnholt::places

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "core/program.hpp"
+#include "places/context.hpp"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace varnholt::places {
+
+/// The static presets as they are kept: the names in `Preset.Ini`, all else in the settings store, a section a name.
+/// Names are in upper case throughout.
+class PresetStore {
+ public:
+  explicit PresetStore(core::Program& program) : program_(program) {}
+
+  /// Names in the order in which they were made. A file that is missing is made empty.
+  std::vector<std::string> names();
+  std::string text(const std::string& name) const;
+  FolderPair folders(const std::string& name) const;
+  /// True for a name whose section holds something else.
+  static bool isReserved(std::string_view name);
+
+  /// False: the list of names could not be written, which the user has been told, and nothing has changed.
+  bool add(const std::string& name, const std::string& text, const FolderPair& folders);
+  bool remove(const std::string& name);
+  bool removeAll();
+
+ private:
+  std::string path() const;
+  bool write(const std::vector<std::string>& names);
+  void removeSection(const std::string& name);
+
+  core::Program& program_;
+};
+
+}  // namespace varnholt::places

@@ -1,0 +1,42 @@
+#include "places/presets.hpp"
+
+#include <utility>
+
+namespace varnholt::places {
+
+Presets::Presets(const Context& context)
+    : context_(context), Form21(context.program), Form20(context, Form21), Form34(context) {
+  context_.navigation.folderChanged = [this] { DynPresetAdd(); };
+  Form20.asOneMove = [this](const std::function<bool()>& move) { return asOneMove(move); };
+  Form34.asOneMove = Form20.asOneMove;
+  Form20.Presetfolder = [this] {
+    asOneMove([this] {
+      context_.navigation.Presetfolder();
+      return true;
+    });
+  };
+}
+
+void Presets::Command12_Click() {
+  context_.form.setMode("PresetMode");
+  Form20.open();
+}
+
+void Presets::DynPresets_Click() {
+  Form34.ListView1.SetFocus();
+  Form34.ShowModal();
+}
+
+void Presets::DynPresetAdd() {
+  if (!moving_) Form34.DynPresetAdd();
+}
+
+bool Presets::asOneMove(const std::function<bool()>& move) {
+  moving_ = true;
+  const bool done = move();
+  moving_ = false;
+  if (done) DynPresetAdd();
+  return done;
+}
+
+}  // namespace varnholt::places

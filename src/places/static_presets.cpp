@@ -1,0 +1,196 @@
+#include "places/static_presets.hpp"
+
+#include "core/item_text.hpp"
+#include "platform/text_fold.hpp"
+
+namespace varnholt::places {
+namespace {
+
+constexpr const char* Title = "Static Preset View";
+
+std::string trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+}  // namespace
+
+std::map<int, std::string> presetIcons() {
+  return {{ValidIcon, "bookmark-good"},
+          {BrokenIcon, "bookmark-broken"},
+          {SortedDownIcon, "sort-down"},
+          {SortedUpIcon, "sort-up"}};
+}
+
+// --- Form21 --------------------------------------------------------------------------------------------------------
+
+places::Form21::Form21(core::Program& program) : Form(program.loop, "Form21"), program_(program) {
+  Caption = "New Preset";
+  Text1.AccessibleName = "Name of the preset";
+  Text1.ToolTipText = "Name of the preset; it is kept in capitals.";
+  Text2.AccessibleName = "Description";
+  Text2.ToolTipText = "What the preset is for";
+  Command11.Caption = "&Ok";
+  Command11.ToolTipText = "Store the preset";
+  Command3.Caption = "&Cancel";
+  Command3.ToolTipText = "Cancel Operation";
+  defaultButton = "Command11";
+  cancelButton = "Command3";
+  Activate = [this] { Text1.SetFocus(); };
+  Command11.Click = [this] { Command11_Click(); };
+  Command3.Click = [this] { UnloadForm(); };
+}
+
+std::optional<places::Form21::Preset> places::Form21::ask() {
+  taken_.reset();
+  Text1.Text = "";
+  Text2.Text = "";
+  ShowModal();
+  return taken_;
+}
+
+void places::Form21::Command11_Click() {
+  const std::string name = platform::upperCase(trimmed(Text1.Text.get()));
+  if (isTaken && isTaken(name)) {
+    program_.dialogs.alert("\rPresetName already exist !");
+    Text1.Text = "";
+    Text1.SetFocus();
+    return;
+  }
+  taken_ = Preset{name, core::properCase(trimmed(Text2.Text.get()))};
+  UnloadForm();
+}
+
+// --- Form20 --------------------------------------------------------------------------------------------------------
+
+places::Form20::Form20(const Context& context, places::Form21& Form21)
+    : Form(context.program.loop, "Form20"), context_(context), Form21_(Form21), store_(context.program) {
+  Caption = Title;
+  setTexts();
+  ListView1.MultiSelect = false;
+  ListView1.ImageList = presetIcons();
+  ListView1.ColumnHeaders = std::vector<controls::ColumnHeader>{{"Name:", 3000, 0, false}, {"Text:", 5400, 0, false}};
+  ListView1.setSorted(false);
+  cancelButton = "Command3";
+  Load = [this] { Form_Load(); };
+  Form21_.isTaken = [this](const std::string& name) {
+    if (PresetStore::isReserved(name)) return true;
+    for (std::uint32_t row = 0; row < ListView1.count(); ++row)
+      if (ListView1.cell(row, 0) == name) return true;
+    return false;
+  };
+  ListView1.ItemClick = [this](controls::ListItem) { ListView1_Click(); };
+  ListView1.DblClick = [this] { activate(); };
+  ListView1.KeyDown = [this](controls::KeyEvent& event) {
+    if (event.code != controls::key::Enter) return;
+    event.handled = true;
+    activate();
+  };
+  Command11.Click = [this] {
+    if (Presetfolder) Presetfolder();
+  };
+  Command1.Click = [this] { Command1_Click(); };
+  Command2.Click = [this] { Command2_Click(); };
+  Command3.Click = [this] { UnloadForm(); };
+  Command4.Click = [this] { Command4_Click(); };
+}
+
+void places::Form20::setTexts() {
+  ListView1.AccessibleName = "Presets";
+  ListView1.ToolTipText = "Dbl Click on Item to activate your Preset, or press Enter key.";
+  Command11.Caption = "Default,&Last Exit";
+  Command11.ToolTipText = "Return Folder Setup at last Progam Exit !";
+  Command2.Caption = "&New Preset";
+  Command2.ToolTipText = "Store Current View In Panel1 and Panel2.";
+  Command1.Caption = "&Delete Preset";
+  Command1.ToolTipText = "Delete Selected Preset in View";
+  Command4.Caption = "Delete &All Presets";
+  Command4.ToolTipText = "Delete all presets in the view";
+  Command3.Caption = "&Cancel";
+  Command3.ToolTipText = "Close without change";
+}
+
+void places::Form20::open() {
+  if (!context_.folderExists(context_.program.platform.environment.variable("windir"))) {
+    context_.program.dialogs.critical(
+        "%windir% folder not found !, - make/set [windir=windows folder] Entvirontvariable");
+    return;
+  }
+  ListView1.SetFocus();
+  ShowModal();
+}
+
+void places::Form20::Form_Load() {
+  Caption = Title;
+  showNames();
+}
+
+void places::Form20::showNames() {
+  ListView1.clear();
+  for (const std::string& name : store_.names())
+    addRow(name, store_.text(name));
+  if (ListView1.count() == 0) return;
+  ListView1.item(0).setSelected(true);
+  ListView1.focusRow(0);
+}
+
+void places::Form20::addRow(const std::string& name, const std::string& text) {
+  const FolderPair folders = store_.folders(name);
+  const bool valid = context_.folderExists(folders.left) && context_.folderExists(folders.right);
+  ListView1.add(name, valid ? ValidIcon : BrokenIcon).setSubItem(1, text);
+}
+
+void places::Form20::ListView1_Click() {
+  if (const auto item = ListView1.SelectedItem()) Caption = std::string(Title) + ",  " + item->Text();
+}
+
+void places::Form20::activate() {
+  const auto item = ListView1.SelectedItem();
+  if (!item) return;
+  const FolderPair folders = store_.folders(item->Text());
+  if (!asOneMove([&] { return goToPair(context_, folders); })) return;
+  for (panels::Panel* panel : {&context_.form.Panel1, &context_.form.Panel2}) {
+    panel->backStack.clear();
+    panel->forwardStack.clear();
+    // The place itself, so that the next step back comes here.
+    context_.navigation.fstack_push(*panel);
+    panel->controls.Back.Enabled = false;
+    panel->controls.Forward.Enabled = false;
+  }
+  UnloadForm();
+}
+
+void places::Form20::Command2_Click() {
+  const auto preset = Form21_.ask();
+  if (!preset || preset->name.empty()) return;
+  if (!store_.add(preset->name, preset->text, {context_.form.Panel1.path(), context_.form.Panel2.path()})) return;
+  addRow(preset->name, preset->text);
+  ListView1.selectNone();
+  controls::ListItem added = ListView1.item(ListView1.count() - 1);
+  added.setSelected(true);
+  ListView1.focusRow(added.row());
+  added.EnsureVisible();
+}
+
+void places::Form20::Command1_Click() {
+  auto item = ListView1.SelectedItem();
+  if (!item) return;
+  item->setSelected(true);
+  if (!context_.program.dialogs.AskRetry("You are about to DELETE Selected Preset, - Continue ?\r")) return;
+  if (!store_.remove(item->Text())) return;
+  Caption = Title;
+  showNames();
+}
+
+void places::Form20::Command4_Click() {
+  if (ListView1.count() == 0) return;
+  for (std::uint32_t row = 0; row < ListView1.count(); ++row)
+    ListView1.item(row).setSelected(true);
+  if (!context_.program.dialogs.AskRetry("You are about to DELETE all Presets, - Continue ?\r")) return;
+  if (!store_.removeAll()) return;
+  Caption = Title;
+  ListView1.clear();
+}
+
+}  // namespace varnholt::places

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "support/app_rig.hpp"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace varnholt::filters {
+
+/// The program with the left panel active on files of the test's own, and the two filters as their user works them.
+class FilterTestRig : public testing::Test {
+ protected:
+  using Names = std::vector<std::string>;
+  using Day = controls::MonthView::Day;
+
+  /// A sparse file: sizes of megabytes without the bytes.
+  void sized(const std::string& path, std::uint64_t bytes) {
+    rig.write(path, "");
+    std::filesystem::resize_file(rig.systemPath(path), bytes);
+  }
+  void attributes(const std::string& path, platform::Attributes bits) {
+    ASSERT_TRUE(rig.platform->files.setAttributes(path, bits));
+  }
+  /// Local time of a file to the second.
+  void moment(const std::string& path, const platform::CalendarTime& time) {
+    ASSERT_TRUE(rig.platform->files.setModified(path, rig.clock.fromLocal(time)));
+  }
+
+  Filters& filters() { return rig.app().filters; }
+  panels::Form1& form() { return rig.form(); }
+  panels::Panel& left() { return rig.form().Panel1; }
+  panels::Panel& right() { return rig.form().Panel2; }
+
+  static void type(controls::TextBox& box, const std::string& text) { box.typeFromUser(text); }
+  static void set(controls::CheckBox& box, bool on) {
+    if ((box.Value != 0) != on) box.toggleFromUser();
+  }
+  static void askSizes(FilterForm& dialog, const std::string& lower, const std::string& upper) {
+    if (dialog.Command3.Caption == "More") dialog.Command3.press();
+    set(dialog.Check4, true);
+    type(dialog.Text3, lower);
+    type(dialog.Text1, upper);
+  }
+  /// The next date dialog picks these days and takes them.
+  void picks(Day from, Day to, bool on = true) {
+    rig.loop.whenShows("Form24")
+        .run([this, from, to, on](controls::Form&) {
+          filters().Form24.MonthView1.pickFromUser(from);
+          filters().Form24.MonthView2.pickFromUser(to);
+          set(filters().Form24.Check1, on);
+        })
+        .press("Command11");
+  }
+
+  /// Runs the File Filter: the user does `asks` in the dialog and starts it.
+  void fileFilter(const std::function<void(Form6&)>& asks) {
+    rig.loop.whenShows("Form6").run([this, asks](controls::Form&) { asks(filters().Form6); }).press("Command11");
+    rig.command("Command5_Click");
+  }
+  void viewFilter(const std::function<void(Form25&)>& asks) {
+    rig.loop.whenShows("Form25").run([this, asks](controls::Form&) { asks(filters().Form25); }).press("Command11");
+    rig.menu("Viewuser").choose();
+  }
+  /// The File Filter with all else as it stands in its dialog, and these days.
+  void fileFilterWithDates(Day from, Day to) {
+    rig.loop.whenShows("Form6").press("Command1").press("Command11");
+    picks(from, to);
+    rig.command("Command5_Click");
+  }
+  Names selected(panels::Panel& panel) {
+    Names names;
+    for (const std::uint32_t id : panel.list.selectedIds())
+      names.push_back(panel.fileName({panel.list, id}));
+    return names;
+  }
+  Names files(panels::Panel& panel) {
+    Names names;
+    for (std::uint32_t row = 0; row < panel.list.count(); ++row)
+      if (const auto item = panel.list.item(row); !panel.isFolder(item)) names.push_back(panel.fileName(item));
+    return names;
+  }
+
+  test::AppRig rig;
+};
+
+}  // namespace varnholt::filters

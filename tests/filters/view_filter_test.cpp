@@ -1,0 +1,139 @@
+// What the View Filter keeps out of the panels.
+#include "filter_test.hpp"
+
+namespace varnholt::filters {
+namespace {
+
+class ViewFilterTest : public FilterTestRig {
+ protected:
+  void SetUp() override {
+    for (const char* name : {"a.txt", "b.doc", "c.jpg", "noext"})
+      rig.write(std::string("C:\\") + name);
+    rig.makeFolder("C:\\Sub");
+    rig.write("C:\\Sub\\d.txt");
+    rig.write("C:\\Sub\\e.jpg");
+  }
+};
+
+TEST_F(ViewFilterTest, BothPanelsShowWhatMatchesAndEveryFolder) {
+  rig.startLeft();
+  viewFilter([](Form25& dialog) { type(dialog.Text2, "*.txt,*.doc"); });
+  EXPECT_EQ(rig.names(left()), (Names{"\\ Sub| ", "a|txt", "b|doc"}));
+  EXPECT_EQ(rig.names(right()), rig.names(left()));
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter: *.txt,*.doc");
+  EXPECT_TRUE(rig.menu("Viewuser").Checked);
+  EXPECT_FALSE(rig.menu("Viewall").Checked);
+  EXPECT_TRUE(left().list.hasFocus());
+  EXPECT_EQ(rig.platform->settings.get("kelvarton", "Viewfilter", "Viewdata"), "*.txt,*.doc");
+  EXPECT_EQ(rig.platform->settings.get("kelvarton", "LastCommand", "Command"), "80");
+  rig.doubleClick(left(), "\\ Sub");
+  EXPECT_EQ(files(left()), Names{"d.txt"});
+}
+
+TEST_F(ViewFilterTest, TheFilesOwnNameIsTested) {
+  rig.startLeft();
+  viewFilter([](Form25& dialog) { type(dialog.Text2, "*.*"); });
+  EXPECT_EQ(files(left()), (Names{"a.txt", "b.doc", "c.jpg"})) << "a name without a point has none to match";
+  viewFilter([](Form25& dialog) { type(dialog.Text2, "NO*"); });
+  EXPECT_EQ(files(left()), Names{"noext"});
+}
+
+TEST_F(ViewFilterTest, TheOtherChoicesSwitchItOff) {
+  rig.startLeft();
+  viewFilter([](Form25& dialog) { type(dialog.Text2, "*.txt"); });
+  rig.menu("Viewall").choose();
+  EXPECT_EQ(files(left()).size(), 4u);
+  EXPECT_FALSE(rig.menu("Viewuser").Checked);
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*) - Excl. Hidden and System Files.");
+  rig.menu("ViewProg").choose();
+  EXPECT_EQ(files(left()), Names{});
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  Programs Only  (*.Exe , *.Com)");
+}
+
+TEST_F(ViewFilterTest, ItStaysOnThroughListingsAndHiddenFiles) {
+  rig.write("C:\\hidden.txt");
+  attributes("C:\\hidden.txt", 2);
+  rig.startLeft();
+  viewFilter([](Form25& dialog) { type(dialog.Text2, "*.txt"); });
+  rig.write("C:\\new.txt");
+  rig.write("C:\\new.doc");
+  rig.menu("refrechview").choose();
+  EXPECT_EQ(files(left()), (Names{"a.txt", "new.txt"}));
+  rig.menu("HidSysfiles").choose();
+  EXPECT_EQ(files(left()), (Names{"a.txt", "hidden.txt", "new.txt"}));
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter: *.txt");
+}
+
+TEST_F(ViewFilterTest, SizesDatesAndAttributesMustAllHold) {
+  sized("C:\\big.txt", 3'000'000);
+  sized("C:\\old.txt", 3'000'000);
+  sized("C:\\free.txt", 3'000'000);
+  for (const char* name : {"C:\\big.txt", "C:\\old.txt", "C:\\a.txt"})
+    attributes(name, 33);
+  for (const char* name : {"C:\\big.txt", "C:\\free.txt", "C:\\a.txt"})
+    moment(name, {2007, 3, 3, 12, 0, 0, 0});
+  moment("C:\\old.txt", {1999, 3, 3, 12, 0, 0, 0});
+  rig.startLeft();
+  rig.app().program.init.DateTimeFormat = "1";
+  rig.loop.whenShows("Form25")
+      .run([this](controls::Form&) {
+        type(filters().Form25.Text2, "*.doc, *.txt");
+        set(filters().Form25.Check1, true);
+        askSizes(filters().Form25, "2.5", "");
+      })
+      .press("Command1")
+      .press("Command11");
+  picks({2007, 3, 1}, {2007, 3, 9});
+  rig.menu("Viewuser").choose();
+  EXPECT_EQ(files(left()), Names{"big.txt"});
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(),
+            "|  View Filter: *.doc, *.txt  -  Date: 03-01-2007 <-> 03-09-2007  -  Size: 2.5MB < X < MB");
+  EXPECT_EQ(rig.menu("Viewfilter").ToolTipText.get(), "The files that both panels show [RO]");
+}
+
+TEST_F(ViewFilterTest, AnEmptyPatternAndEqualBoundsLeaveTheDialogOpen) {
+  rig.startLeft();
+  rig.loop.whenShows("Form25")
+      .run([this](controls::Form&) { type(filters().Form25.Text2, ""); })
+      .press("Command11")
+      .run([this](controls::Form& dialog) {
+        EXPECT_TRUE(dialog.Visible);
+        type(filters().Form25.Text2, "*.txt");
+        askSizes(filters().Form25, "1", "1");
+      })
+      .press("Command11")
+      .run([](controls::Form& dialog) { EXPECT_TRUE(dialog.Visible); })
+      .press("Command2");
+  rig.loop.whenShows("Form13").reads("Label1", "Key In FilePattern Please !!").closes();
+  rig.loop.whenShows("Form13").reads("Label1", "FileSize Input Data Equal !").closes();
+  rig.menu("Viewuser").choose();
+  EXPECT_EQ(files(left()).size(), 4u) << "no filter has been given: all files show";
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*) - Excl. Hidden and System Files.");
+}
+
+TEST_F(ViewFilterTest, CancelKeepsTheFilterInForce) {
+  rig.startLeft();
+  viewFilter([](Form25& dialog) { type(dialog.Text2, "*.txt"); });
+  rig.loop.whenShows("Form25")
+      .reads("Text2", "*.txt")
+      .run([this](controls::Form&) { type(filters().Form25.Text2, "*.jpg"); })
+      .press("Command2");
+  rig.menu("Viewuser").choose();
+  EXPECT_EQ(files(left()), Names{"a.txt"});
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter: *.txt");
+}
+
+TEST_F(ViewFilterTest, OneOfTheTwoLinesShows) {
+  rig.startLeft();
+  fileFilter([](Form6& dialog) { type(dialog.Text2, "*.txt"); });
+  EXPECT_FALSE(rig.menu("Viewfilter").Visible);
+  viewFilter([](Form25& dialog) { type(dialog.Text2, "*.doc"); });
+  EXPECT_TRUE(rig.menu("Viewfilter").Visible);
+  EXPECT_FALSE(rig.menu("Filefilter").Visible);
+  EXPECT_EQ(left().list.selectedCount(), 0u);
+  rig.click(left(), "b");
+  EXPECT_TRUE(rig.menu("Viewfilter").Visible);
+}
+
+}  // namespace
+}  // namespace varnholt::filters

@@ -1,0 +1,381 @@
+// Presets: pairs of folders that are named, visited, or stored.
+#include "support/app_rig.hpp"
+#include "support/faulty_file_system.hpp"
+
+#include "core/program_files.hpp"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace varnholt::places {
+namespace {
+
+class PresetsTest : public testing::Test {
+ protected:
+  using Pairs = std::vector<std::string>;
+
+  void SetUp() override {
+    for (const char* folder : {"C:\\Work\\Drafts", "C:\\Photos", "D:\\Backup"})
+      rig.makeFolder(folder);
+    rig.startLeft();
+  }
+  Presets& presets() { return rig.app().presets; }
+  panels::Panel& left() { return rig.form().Panel1; }
+  panels::Panel& right() { return rig.form().Panel2; }
+  void show(const std::string& leftFolder, const std::string& rightFolder) {
+    ASSERT_TRUE(rig.app().navigation.goTo(left(), leftFolder));
+    ASSERT_TRUE(rig.app().navigation.goTo(right(), rightFolder));
+    left().list.SetFocus();
+  }
+  std::string paths() { return left().path() + " " + right().path(); }
+  std::string file() const { return rig.programFolder() + "\\Preset.Ini"; }
+  std::string kept() {
+    const auto bytes = rig.platform->files.readFile(file());
+    return bytes ? *bytes : "none";
+  }
+  std::string stored(const char* section, const char* key) {
+    return rig.platform->settings.get("presets", section, key);
+  }
+  static Pairs rows(controls::ListView& list) {
+    Pairs rows;
+    for (std::uint32_t row = 0; row < list.count(); ++row)
+      rows.push_back(list.cell(row, 0) + "|" + list.cell(row, 1));
+    return rows;
+  }
+  static void click(controls::ListView& list, std::uint32_t row) {
+    list.pressFromUser(row, {});
+    list.releaseFromUser({});
+  }
+  static void key(controls::ListView& list, int code) {
+    controls::KeyEvent event{code, {}, false};
+    list.keyFromUser(event, 10);
+  }
+
+  /// What the user does in the static presets.
+  using Acts = std::function<void(Form20&)>;
+  void inStatic(const Acts& acts) {
+    rig.loop.whenShows("Form20").run([this, acts](controls::Form&) {
+      acts(presets().Form20);
+      if (presets().Form20.Visible) presets().Form20.Command3.press();
+    });
+  }
+  void names(const std::string& name, const std::string& text) {
+    rig.loop.whenShows("Form21")
+        .run([this, name, text](controls::Form&) {
+          presets().Form21.Text1.typeFromUser(name);
+          presets().Form21.Text2.typeFromUser(text);
+        })
+        .press("Command11");
+  }
+  /// Makes a preset of the folders that the panels show.
+  void make(const std::string& name, const std::string& text = "") {
+    inStatic([](Form20& dialog) { dialog.Command2.press(); });
+    names(name, text);
+    rig.command("Command12_Click");
+  }
+  void inDynamic(const std::function<void(Form34&)>& acts) {
+    rig.loop.whenShows("Form34").run([this, acts](controls::Form&) {
+      acts(presets().Form34);
+      if (presets().Form34.Visible) presets().Form34.Command3.press();
+    });
+    rig.menu("DynPresets").choose();
+  }
+
+  test::AppRig rig;
+};
+
+// --- Making --------------------------------------------------------------------------------------------------------
+
+TEST_F(PresetsTest, ANewPresetIsKeptInCapitalsAndOutlivesTheProgram) {
+  show("C:\\Work", "D:\\Backup");
+  make(" Weekly ", "the WEEKLY backup");
+  EXPECT_EQ(kept(), "WEEKLY\r\n");
+  EXPECT_EQ(stored("WEEKLY", "Text"), "The Weekly Backup");
+  EXPECT_EQ(stored("WEEKLY", "view1path"), "C:\\Work\\");
+  EXPECT_EQ(stored("WEEKLY", "view2path"), "D:\\Backup\\");
+  EXPECT_EQ(rig.form().mode(), "PresetMode");
+  make("ärger");
+  EXPECT_EQ(kept(), "WEEKLY\r\nÄRGER\r\n");
+
+  rig.restart();
+  rig.startLeft();
+  inStatic([](Form20& dialog) { EXPECT_EQ(rows(dialog.ListView1), (Pairs{"WEEKLY|The Weekly Backup", "ÄRGER|"})); });
+  rig.menu("presetsetup").choose();
+}
+
+TEST_F(PresetsTest, ANameIsTakenOnce) {
+  make("home");
+  for (const char* taken : {"HOME", "home ", "default", "Mem", "memrecall"}) {
+    inStatic([](Form20& dialog) {
+      dialog.Command2.press();
+      EXPECT_EQ(dialog.ListView1.count(), 1u);
+    });
+    rig.loop.whenShows("Form21")
+        .run([this, taken](controls::Form&) { presets().Form21.Text1.typeFromUser(taken); })
+        .press("Command11")
+        .run([this](controls::Form& dialog) {
+          EXPECT_TRUE(dialog.Visible);
+          EXPECT_EQ(presets().Form21.Text1.Text.get(), "");
+          EXPECT_TRUE(presets().Form21.Text1.hasFocus());
+        })
+        .press("Command3");
+    rig.loop.whenShows("Form12").reads("Label1", "\rPresetName already exist !\r").press("Command11");
+    rig.command("Command12_Click");
+  }
+  EXPECT_EQ(kept(), "HOME\r\n");
+}
+
+TEST_F(PresetsTest, NoNameMakesNone) {
+  make("  ", "text");
+  EXPECT_EQ(kept(), "");
+  inStatic([](Form20& dialog) { dialog.Command2.press(); });
+  rig.loop.whenShows("Form21").press("Command3");
+  rig.command("Command12_Click");
+  EXPECT_EQ(kept(), "");
+}
+
+TEST_F(PresetsTest, AListThatCannotBeWrittenIsTold) {
+  test::FaultyFileSystem* files = nullptr;
+  rig.useFiles([&](platform::FileSystem& real) {
+    auto faulty = std::make_unique<test::FaultyFileSystem>(real);
+    files = faulty.get();
+    return faulty;
+  });
+  rig.startLeft();
+  inStatic([&](Form20& dialog) {
+    files->noSpace = true;
+    dialog.Command2.press();
+    EXPECT_EQ(dialog.ListView1.count(), 0u);
+  });
+  names("home", "");
+  rig.loop.whenShows("Form12").reads("Label1", "Presets Not Stored !, - No space left on device\r").press("Command11");
+  rig.command("Command12_Click");
+  EXPECT_EQ(stored("HOME", "view1path"), "");
+}
+
+TEST_F(PresetsTest, WithoutAWindowsFolderTheDialogStaysAway) {
+  test::FaultyFileSystem* files = nullptr;
+  rig.useFiles([&](platform::FileSystem& real) {
+    auto faulty = std::make_unique<test::FaultyFileSystem>(real);
+    files = faulty.get();
+    return faulty;
+  });
+  rig.startLeft();
+  files->vanishes = rig.platform->environment.variable("windir");
+  rig.loop.whenBox("Alert !", controls::MessageAnswer::Ok,
+                   "%windir% folder not found !, - make/set [windir=windows folder] Entvirontvariable");
+  rig.command("Command12_Click");
+}
+
+// --- Using ---------------------------------------------------------------------------------------------------------
+
+TEST_F(PresetsTest, EnterAndDoubleClickTakeBothPanelsThere) {
+  show("C:\\Work", "D:\\Backup");
+  make("work");
+  for (const bool byKey : {true, false}) {
+    show("C:\\Photos", "C:\\Photos");
+    const auto before = rows(presets().Form34.ListView1);
+    inStatic([&](Form20& dialog) {
+      click(dialog.ListView1, 0);
+      EXPECT_EQ(dialog.Caption.get(), "Static Preset View,  WORK");
+      byKey ? key(dialog.ListView1, controls::key::Enter) : dialog.ListView1.doubleClickFromUser(0);
+      EXPECT_FALSE(dialog.Visible);
+    });
+    rig.command("Command12_Click");
+    EXPECT_EQ(paths(), "C:\\Work\\ D:\\Backup\\");
+    EXPECT_EQ(rig.form().Caption.get(), "Varnholt -  C:\\Work");
+    EXPECT_EQ(rows(presets().Form34.ListView1), before) << "the pair was there, and no half of it was added";
+    for (panels::Panel* panel : {&left(), &right()}) {
+      EXPECT_TRUE(panel->forwardStack.empty());
+      EXPECT_EQ(panel->backStack.count(), 1u) << "nothing to go back to";
+      EXPECT_FALSE(panel->controls.Back.Enabled);
+    }
+  }
+}
+
+TEST_F(PresetsTest, APresetWithAVanishedFolderSaysSoAndMovesNothing) {
+  show("C:\\Work\\Drafts", "D:\\Backup");
+  make("drafts");
+  show("C:\\Photos", "C:\\Photos");
+  make("photos");
+  std::filesystem::remove_all(rig.systemPath("C:\\Work\\Drafts"));
+  inStatic([&](Form20& dialog) {
+    EXPECT_EQ(dialog.ListView1.item(0).SmallIcon(), BrokenIcon);
+    EXPECT_EQ(dialog.ListView1.item(1).SmallIcon(), ValidIcon);
+    dialog.ListView1.doubleClickFromUser(0);
+    EXPECT_TRUE(dialog.Visible);
+    EXPECT_EQ(dialog.ListView1.count(), 2u);
+  });
+  rig.loop.whenShows("Form12").reads("Label1", "Preset has changed and NOT Valid !\r").press("Command11");
+  rig.command("Command12_Click");
+  EXPECT_EQ(paths(), "C:\\Photos\\ C:\\Photos\\");
+}
+
+TEST_F(PresetsTest, LastExitReturnsToTheFoldersOfTheLastRun) {
+  show("C:\\Work", "D:\\Backup");
+  rig.command("exit_program_Click");
+  rig.restart();
+  rig.startLeft();
+  inStatic([](Form20& dialog) { dialog.Command11.press(); });
+  rig.command("Command12_Click");
+  EXPECT_EQ(paths(), "C:\\Work\\ D:\\Backup\\");
+  EXPECT_EQ(rows(presets().Form34.ListView1), (Pairs{"C:\\|C:\\", "C:\\Work|D:\\Backup"}));
+}
+
+// --- Deleting ------------------------------------------------------------------------------------------------------
+
+TEST_F(PresetsTest, DeletingAsksAndLeavesTheOthers) {
+  for (const char* name : {"one", "two", "three"})
+    make(name, name);
+  const auto deletes = [&](const char* answer) {
+    inStatic([](Form20& dialog) {
+      click(dialog.ListView1, 1);
+      dialog.Command1.press();
+    });
+    rig.loop.whenShows("Form11")
+        .reads("Label1", "You are about to DELETE Selected Preset, - Continue ?\r")
+        .press(answer);
+    rig.command("Command12_Click");
+  };
+  deletes("Command1");
+  EXPECT_EQ(kept(), "ONE\r\nTWO\r\nTHREE\r\n");
+  deletes("Command11");
+  EXPECT_EQ(kept(), "ONE\r\nTHREE\r\n");
+  EXPECT_EQ(stored("TWO", "Text"), "");
+  EXPECT_EQ(stored("THREE", "Text"), "Three");
+}
+
+TEST_F(PresetsTest, DeletingTheLastOneLeavesAnEmptyList) {
+  make("one");
+  inStatic([](Form20& dialog) {
+    dialog.Command1.press();
+    EXPECT_EQ(dialog.ListView1.count(), 0u);
+    dialog.Command1.press();  // nothing is left to ask about
+    dialog.Command4.press();
+  });
+  rig.loop.whenShows("Form11").press("Command11");
+  rig.command("Command12_Click");
+  EXPECT_EQ(kept(), "");
+}
+
+TEST_F(PresetsTest, DeletingAllAsksAndSparesWhatIsNoPreset) {
+  make("one");
+  make("two");
+  rig.app().program.settings.save(core::setting::view1path, "C:\\Photos\\");
+  ASSERT_TRUE(rig.platform->files.writeFile(file(), kept() + "default\r\n"));
+  const auto deletesAll = [&](const char* answer, std::uint32_t left) {
+    inStatic([left](Form20& dialog) {
+      dialog.Command4.press();
+      EXPECT_EQ(dialog.ListView1.count(), left);
+    });
+    rig.loop.whenShows("Form11").reads("Label1", "You are about to DELETE all Presets, - Continue ?\r").press(answer);
+    rig.command("Command12_Click");
+  };
+  deletesAll("Command1", 3);
+  EXPECT_EQ(kept(), "ONE\r\nTWO\r\ndefault\r\n");
+  EXPECT_EQ(stored("ONE", "view1path"), "C:\\");
+  deletesAll("Command11", 0);
+  EXPECT_EQ(kept(), "none");
+  EXPECT_EQ(stored("ONE", "view1path"), "");
+  EXPECT_EQ(stored("default", "view1path"), "C:\\Photos\\") << "the folders of the last exit are no preset";
+}
+
+// --- Dynamic presets -----------------------------------------------------------------------------------------------
+
+TEST_F(PresetsTest, EachVisitedPairStandsOnceWhateverItsCase) {
+  show("C:\\Work", "D:\\Backup");
+  const Pairs pairs{"C:\\|C:\\", "C:\\Work|C:\\", "C:\\Work|D:\\Backup"};
+  EXPECT_EQ(rows(presets().Form34.ListView1), pairs);
+  show("C:\\Work", "D:\\Backup");
+  left().setPath("c:\\WORK");
+  presets().Form34.DynPresetAdd();
+  EXPECT_EQ(rows(presets().Form34.ListView1), pairs);
+  inDynamic([](Form34& dialog) { dialog.Check1.toggleFromUser(); });
+  show("C:\\Photos", "D:\\Backup");
+  EXPECT_EQ(rows(presets().Form34.ListView1), pairs) << "recording is off";
+  EXPECT_EQ(rig.platform->settings.get("kelvarton", "LastCommand", "Command"), "64");
+}
+
+TEST_F(PresetsTest, AVisitedPairIsOpenedAgain) {
+  show("C:\\Work", "D:\\Backup");
+  show("C:\\Photos", "C:\\Photos");
+  inDynamic([&](Form34& dialog) {
+    click(dialog.ListView1, 2);
+    EXPECT_EQ(dialog.Label1.Caption.get(), "C:\\Work");
+    EXPECT_EQ(dialog.Label2.Caption.get(), "D:\\Backup");
+    key(dialog.ListView1, controls::key::Enter);
+    EXPECT_TRUE(dialog.Visible);
+    EXPECT_EQ(paths(), "C:\\Work\\ D:\\Backup\\");
+    EXPECT_EQ(rig.form().Caption.get(), "Varnholt -  C:\\Work");
+    EXPECT_TRUE(dialog.ListView1.hasFocus());
+  });
+  rig.command("Command23_Click");
+  EXPECT_EQ(left().path(), "C:\\Photos\\") << "the way back is kept";
+}
+
+TEST_F(PresetsTest, AVisitedPairThatIsGoneIsMarkedAndRefused) {
+  show("C:\\Work\\Drafts", "D:\\Backup");
+  show("C:\\Photos", "C:\\Photos");
+  std::filesystem::remove_all(rig.systemPath("C:\\Work\\Drafts"));
+  rig.loop.whenShows("Form34")
+      .run([this](controls::Form&) {
+        controls::ListView& list = presets().Form34.ListView1;
+        EXPECT_EQ(list.item(2).SmallIcon(), BrokenIcon);
+        EXPECT_EQ(list.item(0).SmallIcon(), ValidIcon);
+        click(list, 2);
+        list.doubleClickFromUser(2);
+      })
+      .press("Command1")
+      .press("Command11")
+      .run([this](controls::Form&) {
+        EXPECT_EQ(presets().Form34.ListView1.count(), 0u);
+        EXPECT_EQ(presets().Form34.Label1.Caption.get(), "");
+      })
+      .press("Command1")
+      .press("Command3");
+  for (int way = 0; way < 2; ++way)
+    rig.loop.whenShows("Form12").reads("Label1", "Preset has changed and NOT Valid !\r").press("Command11");
+  rig.menu("DynPresets").choose();
+  EXPECT_EQ(paths(), "C:\\Photos\\ C:\\Photos\\");
+}
+
+TEST_F(PresetsTest, SortingIsSwitchedOnAndOff) {
+  show("C:\\Work", "D:\\Backup");
+  show("C:\\Photos", "D:\\Backup");
+  controls::ListView& list = presets().Form34.ListView1;
+  const Pairs visited = rows(list);
+  const auto sorted = [&](int number) {
+    list.headerFromUser(number);
+    return rows(list).front();
+  };
+  inDynamic([&](Form34& dialog) {
+    EXPECT_EQ(sorted(1), visited.front()) << "sorting is off";
+    dialog.Check2.toggleFromUser();
+    EXPECT_EQ(rows(list), (Pairs{"C:\\|C:\\", "C:\\Photos|D:\\Backup", "C:\\Work|C:\\", "C:\\Work|D:\\Backup"}));
+    EXPECT_EQ(list.ColumnHeaders.get()[0].Icon, SortedUpIcon);
+    EXPECT_EQ(sorted(1).substr(0, 7), "C:\\Work");
+    EXPECT_EQ(list.ColumnHeaders.get()[0].Icon, SortedDownIcon);
+    dialog.Check2.toggleFromUser();
+    EXPECT_EQ(list.ColumnHeaders.get()[0].Icon, 0);
+    EXPECT_EQ(rows(list), visited);
+  });
+}
+
+// --- The stored folder ---------------------------------------------------------------------------------------------
+
+TEST_F(PresetsTest, TheStoredFolderIsNamedWhenItIsGone) {
+  show("C:\\Work\\Drafts", "D:\\Backup");
+  rig.loop.whenShows("Form13").reads("Label1", " Location Stored In Memory ! ").closes();
+  rig.menu("store").choose();
+  show("C:\\Photos", "D:\\Backup");
+  rig.command("viewlastexit_Click");
+  EXPECT_EQ(left().path(), "C:\\Work\\Drafts\\");
+  show("C:\\Photos", "D:\\Backup");
+  std::filesystem::remove_all(rig.systemPath("C:\\Work\\Drafts"));
+  rig.loop.whenShows("Form12").reads("Label1", "C:\\Work\\Drafts has Changed and NOT Valid !\r").press("Command11");
+  rig.command("viewlastexit_Click");
+  EXPECT_EQ(left().path(), "C:\\Photos\\");
+}
+
+}  // namespace
+}  // namespace varnholt::places
