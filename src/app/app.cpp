@@ -35,6 +35,8 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       trees(Form9, Form1, program),
       Form35(program),
       fileops({Form1, program, dispatcher, listing, navigation, selection, trees, Form35}),
+      rename({Form1, program, dispatcher, listing, navigation, selection, trees, Form35}, fileops.policy,
+             fileops.Form7),
       form8(loop, core::programVersion()),
       shortcuts(Form1, program),
       NewSkin(program),
@@ -154,6 +156,9 @@ void App::bindCommands() {
   for (const char* handler : {"Command13_Click", "Makefile_Click"})
     bind(handler, [this] { fileops.editor.Command13_Click(); });
   bind("ValCopyMove_Click", [this] { fileops.ValCopyMove_Click(); });
+  // Rename
+  bind("Command14_Click", [this] { rename.Command14_Click(); });
+  bind("RenFileFolder_Click", [this] { rename.RenFileFolder_Click(); });
   // The system and the program itself
   bind("Dos_Click", [this] { shortcuts.Dos_Click(); });
   bind("Readme_Click", [this] { shortcuts.Readme_Click(); });
@@ -235,6 +240,9 @@ void App::bindHooks() {
   drops.dropFiles = [this](panels::Panel& panel, const std::vector<std::string>& files, bool move) {
     return fileops.dropFiles(panel, files, move);
   };
+  rename.openItem = [this](const std::string& path) {
+    program.files().folderExists(path) ? opener.OpenItemPath(path) : opener.open(path);
+  };
   drives.drivesChanged = [this] { navigation.leaveVanished(); };
   start.enter = [this](panels::Panel& panel) { navigation.enter(panel); };
   frmTip.keepChoice = [this] {
@@ -242,8 +250,8 @@ void App::bindHooks() {
     Form1.Menu["TipStart"].Checked = frmTip.LoadTip.Value == 0;
     program.settings.save(core::setting::Tip_State, program.init.Tip_State);
   };
-  for (controls::Form* dialog : std::initializer_list<controls::Form*>{&dialogs.Form11, &dialogs.Form12,
-                                                                       &dialogs.Form13, &frmTip, &Form35, &form8})
+  for (controls::Form* dialog : std::initializer_list<controls::Form*>{
+           &dialogs.Form11, &dialogs.Form12, &dialogs.Form13, &frmTip, &Form35, &form8, &rename.Form14})
     NewSkin.addDialog(*dialog);
   for (controls::Form* dialog : fileops.dialogs())
     NewSkin.addDialog(*dialog);

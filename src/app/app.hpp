@@ -22,6 +22,7 @@
 #include "panels/selection.hpp"
 #include "panels/tree_window.hpp"
 #include "panels/view_choices.hpp"
+#include "rename/rename.hpp"
 #include "tools/about.hpp"
 #include "tools/system_shortcuts.hpp"
 
@@ -60,6 +61,7 @@ class App {
   panels::TreeWindow trees;
   panels::Form35 Form35;
   fileops::FileOps fileops;
+  rename::Rename rename;
   tools::form8 form8;
   tools::SystemShortcuts shortcuts;
   appearance::NewSkin NewSkin;

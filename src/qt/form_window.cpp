@@ -104,13 +104,15 @@ void FormWindow::joinControls() {
 
 void FormWindow::update(const std::vector<controls::Control*>& changed) {
   const QScopedValueRollback reporting(updating_, true);
-  if (form_.takeChanged()) updateForm();
+  const bool formChanged = form_.takeChanged();
+  if (formChanged) updateForm();
   for (const controls::Control* control : changed)
     updateControl(*control);
   updateMenu(changed);
   updateGroups();
   updateNames();
   updateFocus();
+  if (formChanged) updatePlace();
 }
 
 // How a control looks may depend on its twin.
@@ -126,12 +128,18 @@ void FormWindow::updateForm() {
   widget_->setWindowTitle(toQt(form_.Caption.get()));
   widget_->setAccessibleName(widget_->windowTitle());
   updateSkin();
-  if (placedByProgram() && widget_->isVisible()) place(nullptr);
   const auto wanted = form_.WindowState.get();
   Qt::WindowStates states = widget_->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
   if (wanted == controls::WindowState::Minimized) states |= Qt::WindowMinimized;
   if (wanted == controls::WindowState::Maximized) states |= Qt::WindowMaximized;
   if (states != widget_->windowState()) widget_->setWindowState(states);
+}
+
+// Behind the controls: what has come or gone among them decides how small the window can be.
+void FormWindow::updatePlace() {
+  if (!placedByProgram() || !widget_->isVisible()) return;
+  if (QLayout* layout = widget_->layout()) layout->activate();
+  place(nullptr);
 }
 
 void FormWindow::updateSkin() {

@@ -60,6 +60,7 @@ class FormWindow : public QObject, private Host {
   void joinControls();
   void updateControl(const controls::Control& control);
   void updateForm();
+  void updatePlace();
   void updateMenu(const std::vector<controls::Control*>& changed);
   void updateGroups();
   void updateNames();

@@ -1,0 +1,89 @@
+#include "rename/masked_rename.hpp"
+
+#include "rename/attribute_question.hpp"
+
+#include <unordered_set>
+
+namespace varnholt::rename {
+
+using platform::Attributes;
+
+// --- Preview -------------------------------------------------------------------------------------------------------
+
+void MaskedRename::preview(const std::vector<Item>& items) {
+  if (!dialog_.readMask()) return;
+  dialog_.ListView1.clear();
+  paths_.clear();
+  if (fillPreview(items)) return;
+  context_.program.dialogs.alert("Problem !, - More File To Same Value !\rPreview Exits !");
+}
+
+// False when two files come to one name.
+bool MaskedRename::fillPreview(const std::vector<Item>& items) {
+  std::vector<char> isThere(items.size());
+  context_.program.loop.runBlocking([&] {
+    const auto& files = context_.files();
+    for (std::size_t at = 0; at < items.size(); ++at)
+      isThere[at] = items[at].isFolder ? files.folderExists(items[at].path()) : files.fileExists(items[at].path());
+  });
+  std::unordered_set<std::string> names;
+  bool allDiffer = true;
+  for (std::size_t at = 0; at < items.size(); ++at) {
+    if (!isThere[at]) continue;
+    const Item& item = items[at];
+    dialog_.Stringsum(item.name, !item.isFolder);
+    dialog_.ListView1.add(item.name).setSubItem(1, dialog_.NewName);
+    paths_.push_back(item.path());
+    if (!dialog_.NewName.empty() && !names.insert(item.folder + dialog_.NewName).second) allDiffer = false;
+  }
+  return allDiffer;
+}
+
+std::string MaskedRename::previewPath(controls::ListItem row) const {
+  return row.id() < paths_.size() ? paths_[row.id()] : std::string();
+}
+
+// --- Execute All ---------------------------------------------------------------------------------------------------
+
+bool MaskedRename::execute(const std::vector<Item>& items) {
+  if (!dialog_.readMask()) return false;
+  if (!context_.program.dialogs.AskRetry("Execute File Rename ?  [ No Undo Available ]\r( If Any Files To Rename ! )"))
+    return false;
+  const std::vector<Renaming> renamings = newNames(items);
+  // What exists under a new name refuses its own renaming, and the others go on.
+  context_.program.loop.runBlocking([&] {
+    for (const Renaming& each : renamings)
+      (void)context_.files().moveFile(each.from, each.to);
+  });
+  return true;
+}
+
+// Nothing for what is gone, and for what is no file.
+std::vector<std::optional<Attributes>> MaskedRename::attributesOf(const std::vector<Item>& items) const {
+  std::vector<std::optional<Attributes>> all(items.size());
+  context_.program.loop.runBlocking([&] {
+    for (std::size_t at = 0; at < items.size(); ++at) {
+      if (items[at].isFolder) continue;
+      const auto attributes = context_.files().attributes(items[at].path());
+      if (attributes && !(*attributes & platform::attribute::Folder)) all[at] = *attributes;
+    }
+  });
+  return all;
+}
+
+// A file that the user leaves out has taken its number all the same, as in the preview.
+std::vector<MaskedRename::Renaming> MaskedRename::newNames(const std::vector<Item>& items) {
+  const auto attributes = attributesOf(items);
+  std::vector<Renaming> renamings;
+  for (std::size_t at = 0; at < items.size(); ++at) {
+    if (!attributes[at]) continue;
+    const Item& item = items[at];
+    dialog_.Stringsum_real(item.name, true);
+    if (!mayRename(context_.program.dialogs, item.name, *attributes[at])) continue;
+    if (dialog_.NewName.empty() || dialog_.NewName == item.name) continue;
+    renamings.push_back({item.path(), item.folder + dialog_.NewName});
+  }
+  return renamings;
+}
+
+}  // namespace varnholt::rename
