@@ -62,7 +62,6 @@ TEST(MaskedName, AddsAndCuts) {
            {"Report.txt", inLetters(adds("A"), Letters::Upper), "AREPORT.TXT"},
            {"Report.TXT", inLetters(adds("A"), Letters::Lower), "areport.txt"},
            {"Report.txt", cuts(""), "Report.txt"},
-           {"aaXXbb.txt", cuts("aXb"), "aXb.txt"},      // one left that is none by itself
            {"aabb.txt", cuts("ab"), ".txt"},            // the second comes about by the first
            {"Report.txt", cuts("Report."), "txt"},      // the point belongs to the name
            {"Report.txt", cuts(".txt"), "Report.txt"},  // the extension does not
@@ -140,7 +139,7 @@ TEST(NextCounter, GoesOnByOne) {
            {"99999999999999999999", "100000000000000000000", "100000000000000000000"},
        }) {
     EXPECT_EQ(nextCounter(each.counter, Points), each.point) << each.counter;
-    if (each.counter != ".5") EXPECT_EQ(nextCounter(each.counter, Commas), each.comma) << each.counter;
+    EXPECT_EQ(nextCounter(each.counter, Commas), each.comma) << each.counter;
   }
 }
 
