@@ -1,5 +1,6 @@
 #include "rename/masked_rename.hpp"
 
+#include "core/item_text.hpp"
 #include "rename/attribute_question.hpp"
 
 #include <unordered_set>
@@ -32,7 +33,8 @@ bool MaskedRename::fillPreview(const std::vector<Item>& items) {
     if (!isThere[at]) continue;
     const Item& item = items[at];
     dialog_.Stringsum(item.name, !item.isFolder);
-    dialog_.ListView1.add(item.name).setSubItem(1, dialog_.NewName);
+    dialog_.ListView1.add(item.name, item.isFolder ? core::FolderClass : core::FileClass)
+        .setSubItem(1, dialog_.NewName);
     paths_.push_back(item.path());
     if (!dialog_.NewName.empty() && !names.insert(item.folder + dialog_.NewName).second) allDiffer = false;
   }

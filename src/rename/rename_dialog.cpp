@@ -1,5 +1,7 @@
 #include "rename/rename_dialog.hpp"
 
+#include "core/text_character.hpp"
+#include "panels/listing.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
 #include "rename/picture.hpp"
@@ -11,7 +13,8 @@ constexpr controls::Twips MaskOnWidth = 7000, MaskOffWidth = 2820;
 constexpr const char* MaskOn = "Mask On";
 constexpr const char* MaskOff = "Mask Off";
 constexpr const char* NoItems = "No Items In View";
-constexpr controls::Twips NameColumn = 3600;
+constexpr controls::Twips NameColumn = 3000;
+constexpr std::size_t LongName = 50, LongNameKept = 46;
 
 void dress(controls::Button& button, std::string caption, std::string toolTip, std::string icon = {}) {
   button.Caption = std::move(caption);
@@ -98,6 +101,7 @@ void rename::Form14::dressMaskPart() {
   ListView1.AccessibleName = "Preview";
   ListView1.ToolTipText = "Names before and after. A double click opens the item.";
   ListView1.MultiSelect = false;
+  ListView1.ImageList = panels::panelImageList();
   ListView1.setSorted(false);
   Command8.Click = [this] { Command8_Click(); };
   Check2.Click = [this] { Check2_Click(); };
@@ -130,7 +134,8 @@ void rename::Form14::reset(Caller caller) {
 void rename::Form14::showItem(const std::string& folder, const std::string& name, std::size_t count) {
   Folder = folder;
   Item = name;
-  Label1.Caption = name;
+  Label1.Caption = core::shortened(name, LongName, LongNameKept);
+  Label1.ToolTipText = name;
   Label2.Caption = std::to_string(Index + 1) + " / " + std::to_string(count);
   Text1.Text = name;
   showPicture();
