@@ -6,6 +6,7 @@
 #include "app/app.hpp"
 #include "idle_loop.hpp"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -64,13 +65,14 @@ class MaskingLoop : public bench::IdleLoop {
   Clock::time_point from_ = Clock::now();
 };
 
-// The floor: the same renames, each in its one call.
+// The floor: the same renames in the same order, each in its one call.
 int plain(const std::string& folder) {
   std::vector<std::pair<std::string, std::string>> renames;
   for (const auto& entry : fs::directory_iterator(folder)) {
     const std::string name = entry.path().filename();
     renames.emplace_back(folder + "/" + name, folder + "/" + (Text + name));
   }
+  std::ranges::sort(renames);
   const auto from = Clock::now();
   for (const auto& [old, now] : renames)
     if (::renameat2(AT_FDCWD, old.c_str(), AT_FDCWD, now.c_str(), RENAME_NOREPLACE) != 0) return 1;

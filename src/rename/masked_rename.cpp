@@ -2,12 +2,12 @@
 
 #include "core/item_text.hpp"
 #include "rename/attribute_question.hpp"
+#include "rename/file_facts.hpp"
 
+#include <span>
 #include <unordered_set>
 
 namespace varnholt::rename {
-
-using platform::Attributes;
 
 // --- Preview -------------------------------------------------------------------------------------------------------
 
@@ -47,43 +47,47 @@ std::string MaskedRename::previewPath(controls::ListItem row) const {
 
 // --- Execute All ---------------------------------------------------------------------------------------------------
 
+namespace {
+
+// The quick call hands off what it cannot do. What exists under a new name refuses its own renaming, and the others go
+// on.
+void renameAll(platform::FileSystem& files, const std::string& folder, std::span<const platform::NewName> names) {
+  while (!names.empty()) {
+    names = names.subspan(files.renameFiles(folder, names));
+    if (names.empty()) return;
+    (void)files.moveFile(folder + names.front().from, folder + names.front().to);
+    names = names.subspan(1);
+  }
+}
+
+}  // namespace
+
 bool MaskedRename::execute(const std::vector<Item>& items) {
   if (!dialog_.readMask()) return false;
   if (!context_.program.dialogs.AskRetry("Execute File Rename ?  [ No Undo Available ]\r( If Any Files To Rename ! )"))
     return false;
-  const std::vector<Renaming> renamings = newNames(items);
-  // What exists under a new name refuses its own renaming, and the others go on.
+  const std::vector<Renamings> renamings = newNames(items);
   context_.program.loop.runBlocking([&] {
-    for (const Renaming& each : renamings)
-      (void)context_.files().moveFile(each.from, each.to);
+    for (const Renamings& each : renamings)
+      renameAll(context_.files(), each.folder, each.names);
   });
   return true;
 }
 
-// Nothing for what is gone, and for what is no file.
-std::vector<std::optional<Attributes>> MaskedRename::attributesOf(const std::vector<Item>& items) const {
-  std::vector<std::optional<Attributes>> all(items.size());
-  context_.program.loop.runBlocking([&] {
-    for (std::size_t at = 0; at < items.size(); ++at) {
-      if (items[at].isFolder) continue;
-      const auto attributes = context_.files().attributes(items[at].path());
-      if (attributes && !(*attributes & platform::attribute::Folder)) all[at] = *attributes;
-    }
-  });
-  return all;
-}
-
 // A file that the user leaves out has taken its number all the same, as in the preview.
-std::vector<MaskedRename::Renaming> MaskedRename::newNames(const std::vector<Item>& items) {
-  const auto attributes = attributesOf(items);
-  std::vector<Renaming> renamings;
+std::vector<MaskedRename::Renamings> MaskedRename::newNames(const std::vector<Item>& items) {
+  const std::size_t rows = context_.form.activePanel() ? context_.form.activePanel()->list.count() : 0;
+  std::vector<std::optional<platform::Attributes>> attributes;
+  context_.program.loop.runBlocking([&] { attributes = fileAttributes(context_.files(), items, rows); });
+  std::vector<Renamings> renamings;
   for (std::size_t at = 0; at < items.size(); ++at) {
     if (!attributes[at]) continue;
     const Item& item = items[at];
     dialog_.Stringsum_real(item.name, true);
     if (!mayRename(context_.program.dialogs, item.name, *attributes[at])) continue;
     if (dialog_.NewName.empty() || dialog_.NewName == item.name) continue;
-    renamings.push_back({item.path(), item.folder + dialog_.NewName});
+    if (renamings.empty() || renamings.back().folder != item.folder) renamings.push_back({item.folder, {}});
+    renamings.back().names.push_back({item.name, dialog_.NewName});
   }
   return renamings;
 }

@@ -4,8 +4,6 @@
 #include "rename/item.hpp"
 #include "rename/rename_dialog.hpp"
 
-#include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,12 +22,13 @@ class MaskedRename {
   std::string previewPath(controls::ListItem row) const;
 
  private:
-  struct Renaming {
-    std::string from, to;
+  /// Files of one folder.
+  struct Renamings {
+    std::string folder;
+    std::vector<platform::NewName> names;
   };
   bool fillPreview(const std::vector<Item>& items);
-  std::vector<std::optional<platform::Attributes>> attributesOf(const std::vector<Item>& items) const;
-  std::vector<Renaming> newNames(const std::vector<Item>& items);
+  std::vector<Renamings> newNames(const std::vector<Item>& items);
 
   fileops::Context context_;
   Form14& dialog_;

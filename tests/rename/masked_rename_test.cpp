@@ -228,6 +228,31 @@ TEST_F(MaskedRenameTest, TwoFilesToOneNameLoseNothing) {
   EXPECT_EQ(contents("Xa.txt"), "Xa.txt");
 }
 
+TEST_F(MaskedRenameTest, OfManyFilesOnlyThoseThatAreRefusedStay) {
+  constexpr int Count = 300;
+  const auto numbered = [](int number) { return std::to_string(1000 + number) + ".txt"; };
+  for (int number = 0; number < Count; ++number)
+    make({numbered(number)});
+  protect(numbered(7), platform::attribute::System);
+  Names rows;
+  for (int number = 0; number < Count; ++number)
+    rows.push_back(std::to_string(1000 + number));
+  select(rows);
+  masked([&] {
+    type(dialog().Text2, "new_");
+    rig.write("C:\\Pics\\new_1100.txt", "was here before");
+    rig.makeFolder("C:\\Pics\\new_1200.txt");
+    asks(Question, true);
+    asks("Current File:  1007.txt\r Are marked:  System\rAre you Sure ?", true);
+    dialog().Command6.press();
+  });
+  for (int number = 0; number < Count; ++number) {
+    const bool refused = number == 100 || number == 200;
+    EXPECT_EQ(contents(refused ? numbered(number) : "new_" + numbered(number)), numbered(number)) << number;
+  }
+  EXPECT_EQ(contents("new_1100.txt"), "was here before");
+}
+
 TEST_F(MaskedRenameTest, NamesChangeInCaseOnly) {
   make({"ærø.txt", "b.txt"});
   select({"ærø", "b"});
