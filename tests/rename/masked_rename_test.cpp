@@ -234,6 +234,7 @@ TEST_F(MaskedRenameTest, OfManyFilesOnlyThoseThatAreRefusedStay) {
   for (int number = 0; number < Count; ++number)
     make({numbered(number)});
   protect(numbered(7), platform::attribute::System);
+  rig.form().Menu["HidSysfiles"].Checked = true;
   Names rows;
   for (int number = 0; number < Count; ++number)
     rows.push_back(std::to_string(1000 + number));
