@@ -225,6 +225,7 @@ void FormWindow::place(const QWidget* caller) {
   QRect wanted;
   if (placedByProgram()) {
     wanted = QRect(pixels(form_.Left), pixels(form_.Top), pixels(form_.Width), pixels(form_.Height));
+    wanted.setSize(wanted.size().expandedTo(widget_->minimumSize()));
   } else {
     if (qobject_cast<QDialog*>(widget_.data())) widget_->adjustSize();
     wanted = QRect(QPoint(), widget_->size());

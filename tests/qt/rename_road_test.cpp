@@ -3,6 +3,7 @@
 
 #include <QCheckBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QToolButton>
 
 namespace varnholt::test {
@@ -78,6 +79,7 @@ TEST_F(DrawnRename, TheMaskMakesTheWindowLargerAndSmallerAgain) {
     press("Command5");
     EXPECT_GT(dialog->height(), narrow.height());
     EXPECT_GE(dialog->width(), 7000 / 15);
+    EXPECT_TRUE(dialog->screen()->availableGeometry().contains(dialog->geometry())) << "all of it is on the screen";
     EXPECT_EQ(dialog->focusWidget(), field("Text2"));
     press("Command5");
     EXPECT_LE(dialog->height(), narrow.height() + 8);
