@@ -44,13 +44,6 @@ struct Row {
 };
 
 constexpr Row Forms[] = {
-    {"Form1", build<Ui::Form1, QMainWindow>},  {"Form3", build<Ui::Form3, SkinDialog>},
-    {"Form4", build<Ui::Form4, SkinDialog>},   {"Form5", build<Ui::Form5, SkinDialog>},
-    {"Form7", build<Ui::Form7, SkinDialog>},   {"form8", build<Ui::form8, SkinDialog>},
-    {"Form9", build<Ui::Form9, QMainWindow>},  {"Form10", build<Ui::Form10, SkinDialog>},
-    {"Form11", build<Ui::Form11, SkinDialog>}, {"Form12", build<Ui::Form12, SkinDialog>},
-    {"Form13", build<Ui::Form13, SkinDialog>}, {"Form32", build<Ui::Form32, SkinDialog>},
-    {"Form35", build<Ui::Form35, SkinDialog>}, {"frmSplash", buildSplash},
     {"Form1", build<Ui::Form1, QMainWindow>},
     {"Form3", build<Ui::Form3, SkinDialog>},
     {"Form4", build<Ui::Form4, SkinDialog>},
@@ -62,6 +55,7 @@ constexpr Row Forms[] = {
     {"Form11", build<Ui::Form11, SkinDialog>},
     {"Form12", build<Ui::Form12, SkinDialog>},
     {"Form13", build<Ui::Form13, SkinDialog>},
+    {"Form32", build<Ui::Form32, SkinDialog>},
     {"Form14", build<Ui::Form14, SkinDialog>},
     {"Form35", build<Ui::Form35, SkinDialog>},
     {"frmSplash", buildSplash},
