@@ -4,7 +4,7 @@
 import os
 import sys
 
-from driver import expect, run, wait
+from driver import Atspi, expect, run, wait
 
 COUNT = 200
 
@@ -58,7 +58,9 @@ def button(program, dialog, name):
 
 def fill(program, dialog, name, text):
     field = wait(name, lambda: program.find("text", name, dialog))
+    wait(name + " to be usable", lambda: field.get_state_set().contains(Atspi.StateType.SENSITIVE))
     field.get_component_iface().grab_focus()
+    wait(name + " to have the keyboard", lambda: field.get_state_set().contains(Atspi.StateType.FOCUSED))
     program.keys("ctrl+a", *(("space" if letter == " " else letter) for letter in text))
     wait(f"{text} in its field", lambda: field.get_text_iface().get_text(0, -1) == text)
 
