@@ -37,6 +37,8 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       fileops({Form1, program, dispatcher, listing, navigation, selection, trees, Form35}),
       filters({Form1, program, dispatcher, listing, selection, choices}),
       presets({Form1, program, navigation}),
+      rename({Form1, program, dispatcher, listing, navigation, selection, trees, Form35}, fileops.policy,
+             fileops.Form7),
       form8(loop, core::programVersion()),
       shortcuts(Form1, program),
       NewSkin(program),
@@ -164,6 +166,9 @@ void App::bindCommands() {
   bind("Command12_Click", [this] { presets.Command12_Click(); });
   bind("presetsetup_Click", [this] { dispatcher.perform("Command12_Click"); });
   bind("DynPresets_Click", [this] { presets.DynPresets_Click(); });
+  // Rename
+  bind("Command14_Click", [this] { rename.Command14_Click(); });
+  bind("RenFileFolder_Click", [this] { rename.RenFileFolder_Click(); });
   // The system and the program itself
   bind("Dos_Click", [this] { shortcuts.Dos_Click(); });
   bind("Readme_Click", [this] { shortcuts.Readme_Click(); });
@@ -245,6 +250,9 @@ void App::bindHooks() {
   drops.dropFiles = [this](panels::Panel& panel, const std::vector<std::string>& files, bool move) {
     return fileops.dropFiles(panel, files, move);
   };
+  rename.openItem = [this](const std::string& path) {
+    program.files().folderExists(path) ? opener.OpenItemPath(path) : opener.open(path);
+  };
   drives.drivesChanged = [this] { navigation.leaveVanished(); };
   start.enter = [this](panels::Panel& panel) { navigation.enter(panel); };
   frmTip.keepChoice = [this] {
@@ -252,8 +260,8 @@ void App::bindHooks() {
     Form1.Menu["TipStart"].Checked = frmTip.LoadTip.Value == 0;
     program.settings.save(core::setting::Tip_State, program.init.Tip_State);
   };
-  for (controls::Form* dialog : std::initializer_list<controls::Form*>{&dialogs.Form11, &dialogs.Form12,
-                                                                       &dialogs.Form13, &frmTip, &Form35, &form8})
+  for (controls::Form* dialog : std::initializer_list<controls::Form*>{
+           &dialogs.Form11, &dialogs.Form12, &dialogs.Form13, &frmTip, &Form35, &form8, &rename.Form14})
     NewSkin.addDialog(*dialog);
   for (const auto& dialogs : {fileops.dialogs(), filters.dialogs(), presets.dialogs()})
     for (controls::Form* dialog : dialogs)

@@ -24,6 +24,7 @@
 #include "panels/tree_window.hpp"
 #include "panels/view_choices.hpp"
 #include "places/presets.hpp"
+#include "rename/rename.hpp"
 #include "tools/about.hpp"
 #include "tools/system_shortcuts.hpp"
 
@@ -64,6 +65,7 @@ class App {
   fileops::FileOps fileops;
   filters::Filters filters;
   places::Presets presets;
+  rename::Rename rename;
   tools::form8 form8;
   tools::SystemShortcuts shortcuts;
   appearance::NewSkin NewSkin;

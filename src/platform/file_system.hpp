@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -72,6 +73,11 @@ struct TreeSize {
 /// What a batch call did with the first of its files, in their order: the bytes of each, or why it failed. Files behind
 /// these were not touched.
 using BatchResults = std::vector<Result<std::uint64_t>>;
+
+/// A file of a folder and the name that it gets there.
+struct NewName {
+  std::string from, to;
+};
 
 /// The file system object. All paths in program form, with or without closing backslash. No call throws, none
 /// blocks on a pipe or device. Case is the volume's own: paths are used exactly, except by resolve().
@@ -159,6 +165,9 @@ class FileSystem {
   virtual BatchResults deleteFiles(const std::string& /*folder*/, const std::vector<std::string>& /*names*/) {
     return {};
   }
+  /// Gives files of one folder new names there, and tells how many of the first have them. That each is a file is the
+  /// caller's word.
+  virtual std::size_t renameFiles(const std::string& /*folder*/, std::span<const NewName> /*names*/) { return 0; }
   /// Makes one folder; its parent must exist. AlreadyThere when anything has the name.
   virtual Result<void> createFolder(const std::string& path) = 0;
   /// Sets the settable bits to exactly those given; the others stay. On a volume without extended attributes

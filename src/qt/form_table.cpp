@@ -7,6 +7,7 @@
 #include "ui_form11.h"
 #include "ui_form12.h"
 #include "ui_form13.h"
+#include "ui_form14.h"
 #include "ui_form20.h"
 #include "ui_form21.h"
 #include "ui_form24.h"
@@ -49,19 +50,27 @@ struct Row {
 };
 
 constexpr Row Forms[] = {
-    {"Form1", build<Ui::Form1, QMainWindow>},  {"Form3", build<Ui::Form3, SkinDialog>},
-    {"Form4", build<Ui::Form4, SkinDialog>},   {"Form5", build<Ui::Form5, SkinDialog>},
+    {"Form1", build<Ui::Form1, QMainWindow>},
+    {"Form3", build<Ui::Form3, SkinDialog>},
+    {"Form4", build<Ui::Form4, SkinDialog>},
+    {"Form5", build<Ui::Form5, SkinDialog>},
     {"Form6", build<Ui::Form6, SkinDialog>},
-    {"Form7", build<Ui::Form7, SkinDialog>},   {"form8", build<Ui::form8, SkinDialog>},
-    {"Form9", build<Ui::Form9, QMainWindow>},  {"Form10", build<Ui::Form10, SkinDialog>},
-    {"Form11", build<Ui::Form11, SkinDialog>}, {"Form12", build<Ui::Form12, SkinDialog>},
-    {"Form13", build<Ui::Form13, SkinDialog>}, {"Form32", build<Ui::Form32, SkinDialog>},
+    {"Form7", build<Ui::Form7, SkinDialog>},
+    {"form8", build<Ui::form8, SkinDialog>},
+    {"Form9", build<Ui::Form9, QMainWindow>},
+    {"Form10", build<Ui::Form10, SkinDialog>},
+    {"Form11", build<Ui::Form11, SkinDialog>},
+    {"Form12", build<Ui::Form12, SkinDialog>},
+    {"Form13", build<Ui::Form13, SkinDialog>},
+    {"Form32", build<Ui::Form32, SkinDialog>},
+    {"Form14", build<Ui::Form14, SkinDialog>},
     {"Form20", build<Ui::Form20, SkinDialog>},
     {"Form21", build<Ui::Form21, SkinDialog>},
     {"Form24", build<Ui::Form24, SkinDialog>},
     {"Form25", build<Ui::Form25, SkinDialog>},
     {"Form34", build<Ui::Form34, SkinDialog>},
-    {"Form35", build<Ui::Form35, SkinDialog>}, {"frmSplash", buildSplash},
+    {"Form35", build<Ui::Form35, SkinDialog>},
+    {"frmSplash", buildSplash},
     {"frmTip", build<Ui::frmTip, SkinDialog>},
 };
 

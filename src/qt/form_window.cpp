@@ -104,13 +104,18 @@ void FormWindow::joinControls() {
 
 void FormWindow::update(const std::vector<controls::Control*>& changed) {
   const QScopedValueRollback reporting(updating_, true);
-  if (form_.takeChanged()) updateForm();
+  const bool formChanged = form_.takeChanged();
+  // Controls that come up may make the window larger, which would be noted as its place.
+  const bool moves = formChanged && placedByProgram() && widget_->isVisible();
+  const QRect wanted = wantedPlace();
+  if (formChanged) updateForm();
   for (const controls::Control* control : changed)
     updateControl(*control);
   updateMenu(changed);
   updateGroups();
   updateNames();
   updateFocus();
+  if (moves) updatePlace(wanted);
 }
 
 // How a control looks may depend on its twin.
@@ -126,12 +131,17 @@ void FormWindow::updateForm() {
   widget_->setWindowTitle(toQt(form_.Caption.get()));
   widget_->setAccessibleName(widget_->windowTitle());
   updateSkin();
-  if (placedByProgram() && widget_->isVisible()) place(nullptr);
   const auto wanted = form_.WindowState.get();
   Qt::WindowStates states = widget_->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
   if (wanted == controls::WindowState::Minimized) states |= Qt::WindowMinimized;
   if (wanted == controls::WindowState::Maximized) states |= Qt::WindowMaximized;
   if (states != widget_->windowState()) widget_->setWindowState(states);
+}
+
+// Behind the controls: what has come or gone among them decides how small the window can be.
+void FormWindow::updatePlace(const QRect& wanted) {
+  if (QLayout* layout = widget_->layout()) layout->activate();
+  putAt(wanted, widget_->screen()->availableGeometry());
 }
 
 void FormWindow::updateSkin() {
@@ -207,8 +217,11 @@ void FormWindow::hide() {
 
 bool FormWindow::placedByProgram() const {
   if (form_.Width <= 0 || form_.Height <= 0) return false;
-  const QRect wanted(pixels(form_.Left), pixels(form_.Top), pixels(form_.Width), pixels(form_.Height));
-  return wanted != noted_;
+  return wantedPlace() != noted_;
+}
+
+QRect FormWindow::wantedPlace() const {
+  return {pixels(form_.Left), pixels(form_.Top), pixels(form_.Width), pixels(form_.Height)};
 }
 
 void FormWindow::place(const QWidget* caller) {
@@ -216,12 +229,17 @@ void FormWindow::place(const QWidget* caller) {
   const QRect room = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
   QRect wanted;
   if (placedByProgram()) {
-    wanted = QRect(pixels(form_.Left), pixels(form_.Top), pixels(form_.Width), pixels(form_.Height));
+    wanted = wantedPlace();
   } else {
     if (qobject_cast<QDialog*>(widget_.data())) widget_->adjustSize();
     wanted = QRect(QPoint(), widget_->size());
     wanted.moveCenter(caller ? caller->frameGeometry().center() : room.center());
   }
+  putAt(wanted, room);
+}
+
+void FormWindow::putAt(QRect wanted, const QRect& room) {
+  wanted.setSize(wanted.size().expandedTo(widget_->minimumSize()));
   const QRect fitted = fittedToScreen(wanted, room);
   widget_->resize(fitted.size());
   widget_->move(fitted.topLeft());

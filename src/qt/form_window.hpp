@@ -60,13 +60,16 @@ class FormWindow : public QObject, private Host {
   void joinControls();
   void updateControl(const controls::Control& control);
   void updateForm();
+  void updatePlace(const QRect& wanted);
   void updateMenu(const std::vector<controls::Control*>& changed);
   void updateGroups();
   void updateNames();
   void updateFocus();
   void updateSkin();
   void place(const QWidget* caller);
+  void putAt(QRect wanted, const QRect& room);
   bool placedByProgram() const;
+  QRect wantedPlace() const;
   void noteGeometry();
   QWidget* firstFocus() const;
   void showDefaultButton();

@@ -50,7 +50,7 @@ TEST_F(OverwriteTest, TheQuestionComparesBothFiles) {
       .reads("Label2", "Date L.m: 06-05-12  12:00   Size: 1,234   Version: NA")
       .reads("Label3", "Target FileName:     C:\\To\\a.txt")
       .reads("Label4", "Date L.m: 06-05-10  12:00   Size: 9   Version: NA")
-      .run([&](controls::Form&) { EXPECT_FALSE(ops().Form7.Command4.Enabled); })
+      .run([&](controls::Form&) { EXPECT_TRUE(ops().Form7.Command4.Enabled); })
       .press("Command1");
   rig.command("Command1_Click");
 

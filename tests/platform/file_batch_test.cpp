@@ -88,6 +88,16 @@ TEST_F(FileBatch, LinksFoldersPipesAndLargeFilesAreNoPlainCase) {
   EXPECT_EQ(temp.files.copyFiles(from, all, to, 6).size(), 2u);
 }
 
+TEST_F(FileBatch, NewNamesAreGivenUpToTheFirstThatIsTaken) {
+  const std::vector<NewName> names{{"a", "A"}, {"b", "two words"}, {"c", "d"}, {"e", "f"}};
+  EXPECT_EQ(temp.files.renameFiles(from, names), 2u);
+  EXPECT_EQ(temp.names("from"), (Names{"A", "c", "d", "e", "two words"}));
+  EXPECT_EQ(temp.read("from/d"), "from/d");
+  for (const char* name : {"", ".", "..", "..\\x", "../x", "to\\x"})
+    EXPECT_EQ(temp.files.renameFiles(from, std::vector<NewName>{{"e", name}}), 0u) << name;
+  EXPECT_EQ(temp.files.renameFiles(temp.path("gone"), names), 0u);
+}
+
 TEST_F(FileBatch, ProtectedFilesAreNotDeleted) {
   for (const Attributes attributes : {1u, 2u, 4u, 0u, 33u}) {
     ASSERT_TRUE(temp.files.setAttributes(temp.path("from/c"), attributes));

@@ -227,12 +227,17 @@ Result<void> PosixFileSystem::deleteFolder(const std::string& path, bool force, 
 
 namespace {
 
+/// What leads elsewhere is no name of an entry.
+bool isOneName(const std::string& name) {
+  return !name.empty() && name != "." && name != ".." && name.find_first_of("\\/") == std::string::npos;
+}
+
 /// As far as each is one name: what leads elsewhere is no plain case.
 std::vector<std::string> systemNames(const std::vector<std::string>& names) {
   std::vector<std::string> system;
   system.reserve(names.size());
   for (const std::string& name : names) {
-    if (name.empty() || name == "." || name == ".." || name.find_first_of("\\/") != std::string::npos) break;
+    if (!isOneName(name)) break;
     system.push_back(PathMap::nameToSystem(name));
   }
   return system;
@@ -255,6 +260,17 @@ BatchResults PosixFileSystem::moveFiles(const std::string& folder, const std::ve
 BatchResults PosixFileSystem::deleteFiles(const std::string& folder, const std::vector<std::string>& names) {
   const auto system = map_.toSystem(folder);
   return system ? deleteBatch(*system, systemNames(names)) : BatchResults();
+}
+
+std::size_t PosixFileSystem::renameFiles(const std::string& folder, std::span<const NewName> names) {
+  const auto system = map_.toSystem(folder);
+  std::vector<NewName> systemNames;
+  systemNames.reserve(names.size());
+  for (const NewName& each : names) {
+    if (!isOneName(each.from) || !isOneName(each.to)) break;
+    systemNames.push_back({PathMap::nameToSystem(each.from), PathMap::nameToSystem(each.to)});
+  }
+  return system ? renameBatch(*system, systemNames) : 0;
 }
 
 Result<void> PosixFileSystem::createFolder(const std::string& path) {

@@ -42,6 +42,7 @@ class PosixFileSystem final : public FileSystem {
   BatchResults moveFiles(const std::string& folder, const std::vector<std::string>& names,
                          const std::string& to) override;
   BatchResults deleteFiles(const std::string& folder, const std::vector<std::string>& names) override;
+  std::size_t renameFiles(const std::string& folder, std::span<const NewName> names) override;
   Result<void> createFolder(const std::string& path) override;
   Result<void> setAttributes(const std::string& path, Attributes attributes) override;
   Result<void> setModified(const std::string& path, const Date& date) override;

@@ -1,0 +1,39 @@
+#include "rename/picture.hpp"
+
+#include "platform/paths.hpp"
+#include "platform/text_fold.hpp"
+
+#include <algorithm>
+
+namespace varnholt::rename {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::string_view Extensions[] = {"bmp", "gif", "jpg", "jpeg", "png", "ico", "cur", "svg"};
+
+// The first bytes: BMP, GIF 87a and 89a, JPEG, PNG, ICO and CUR.
+constexpr std::string_view Beginnings[] = {"BM"sv,
+                                           "GIF87a"sv,
+                                           "GIF89a"sv,
+                                           "\xFF\xD8\xFF"sv,
+                                           "\x89PNG\r\n\x1A\n"sv,
+                                           "\x00\x00\x01\x00"sv,
+                                           "\x00\x00\x02\x00"sv};
+
+// An SVG file is XML, whose root may stand behind a declaration and comments.
+constexpr std::size_t RootWithin = 4096;
+
+}  // namespace
+
+bool hasPictureName(std::string_view name) {
+  const std::string extension = platform::foldCase(platform::paths::extension(name));
+  return std::ranges::find(Extensions, extension) != std::end(Extensions);
+}
+
+bool isPicture(std::string_view bytes) {
+  if (std::ranges::any_of(Beginnings, [&](std::string_view each) { return bytes.starts_with(each); })) return true;
+  return bytes.substr(0, RootWithin).find("<svg") != std::string_view::npos;
+}
+
+}  // namespace varnholt::rename

@@ -1,0 +1,166 @@
+#include "rename/rename.hpp"
+
+#include "platform/paths.hpp"
+
+namespace varnholt::rename {
+
+namespace paths = platform::paths;
+
+Rename::Rename(const fileops::Context& context, fileops::OverwritePolicy& policy, fileops::Form7& form7)
+    : Form14(context.program), context_(context), single_(context, policy, form7, Form14), masked_(context, Form14) {
+  bindDialog();
+  policy.renameTarget = [this](const std::string& folder, const std::string& name) { renameTarget(folder, name); };
+  // A name that is in the way of a new one is not renamed in its turn.
+  policy.copyDialogVisible = [this, visible = policy.copyDialogVisible] {
+    return !Form14.Visible && visible && visible();
+  };
+}
+
+void Rename::bindDialog() {
+  Form14.Command11.Click = [this] { Command11_Click(); };
+  Form14.Command2.Click = [this] { Form14.Hide(); };
+  Form14.Command6.Click = [this] { Command6_Click(); };
+  Form14.Command7.Click = [this] { masked_.preview(items_); };
+  Form14.Command9.Click = [this] { open(Form14.Folder + Form14.Item); };
+  Form14.ListView1.DblClick = [this] {
+    if (const auto row = Form14.ListView1.SelectedItem()) open(masked_.previewPath(*row));
+  };
+  for (controls::Button* arrow : {&Form14.Image1, &Form14.Image2})
+    arrow->Click = [this] { step(-1); };
+  for (controls::Button* arrow : {&Form14.Image10, &Form14.Image11})
+    arrow->Click = [this] { step(+1); };
+  Form14.KeyDown = [this](controls::KeyEvent& key) { previewKey(key); };
+}
+
+// --- Hand-over -----------------------------------------------------------------------------------------------------
+
+void Rename::Command14_Click() {
+  auto& form = context_.form;
+  if (!context_.dispatcher.panelPreCheck()) return;
+  context_.listing.FocusView();
+  context_.selection.ViewClickCopy(*form.activePanel());
+  form.setMode("RenameMode");
+  form.CurrentItem = form.filecollect.empty() ? std::string() : form.filecollect.items().front();
+  context_.dispatcher.Fileident();
+  if (form.CurrentItem.empty()) {
+    context_.selection.ClickPane();
+    context_.selection.nonselect();
+    return close();
+  }
+  ViewIdent();
+  context_.dispatcher.RenameColor();
+  show(Caller::Panel);
+  close();
+}
+
+void Rename::RenFileFolder_Click() {
+  Command14_Click();
+  context_.dispatcher.busy = false;
+}
+
+void Rename::ViewIdent() {
+  items_.clear();
+  const std::string folder = context_.form.activePanel()->path();
+  for (const std::string& item : context_.form.filecollect.items())
+    items_.push_back(SplitFolderItem(item, folder));
+}
+
+std::optional<std::string> Rename::renameOne(Caller caller, const std::string& path) {
+  auto& form = context_.form;
+  const std::string mode = form.mode(), item = form.CurrentItem;
+  const int pointer = std::exchange(context_.pointer(), controls::pointer::Default);
+  form.setMode("RenameMode");
+  items_ = {{paths::parent(path), std::string(paths::fileName(path))}};
+  show(caller);
+  context_.pointer() = pointer;
+  form.CurrentItem = item;
+  form.setMode(mode);
+  return renamedTo_;
+}
+
+void Rename::renameTarget(const std::string& folder, const std::string& name) {
+  if (!renameOne(Caller::RenameTarget, folder + name)) context_.form.RenameCancelled = true;
+}
+
+// --- The dialog ----------------------------------------------------------------------------------------------------
+
+void Rename::show(Caller caller) {
+  renamedTo_.reset();
+  single_.askAgain();
+  Form14.reset(caller);
+  showItem();
+  Form14.Text1.SetFocus();
+  Form14.ShowModal();
+}
+
+// The return from the dialog, whatever its outcome; also when it was never shown.
+void Rename::close() {
+  context_.selection.resetcollect();
+  context_.dispatcher.resetval();
+  context_.listing.ColorReset();
+  context_.listing.FocusView();
+  context_.selection.ResetView();
+  context_.dispatcher.commandDone();
+}
+
+void Rename::showItem() {
+  const Item& item = items_[Form14.Index];
+  context_.form.CurrentItem = item.name;
+  Form14.showItem(item.folder, item.name, items_.size());
+}
+
+void Rename::step(int by) {
+  const auto to = static_cast<std::ptrdiff_t>(Form14.Index) + by;
+  if (to < 0 || to >= static_cast<std::ptrdiff_t>(items_.size())) return;
+  Form14.Index = static_cast<std::size_t>(to);
+  showItem();
+}
+
+void Rename::Command11_Click() {
+  Form14.Invalid = false;
+  Form14.CheckNewName();
+  if (Form14.Invalid) return;
+  Item& item = items_[Form14.Index];
+  const std::string newName = Form14.Text1.Text;
+  const auto outcome = single_.rename(item, newName);
+  if (outcome == SingleRename::Outcome::Stays) return Form14.Text1.SetFocus();
+  if (outcome == SingleRename::Outcome::Renamed) {
+    item.name = newName;
+    renamedTo_ = newName;
+    VerifyS(item);
+  }
+  if (Form14.Index + 1 == items_.size()) return Form14.Hide();
+  step(+1);
+  Form14.Text1.SetFocus();
+}
+
+void Rename::Command6_Click() {
+  if (!masked_.execute(items_)) return;
+  Form14.Hide();
+  context_.listing.ViewRenew();
+}
+
+void Rename::VerifyS(const Item& item) {
+  context_.navigation.leaveVanished();
+  context_.listing.ViewUpdateAll(item.folder);
+  if (item.isFolder) context_.trees.redraw();
+}
+
+void Rename::open(const std::string& path) {
+  const auto& files = context_.files();
+  if (!files.fileExists(path) && !files.folderExists(path)) {
+    context_.program.dialogs.alert("File/Folder Path NOT Valid !");
+    return;
+  }
+  if (openItem) openItem(path);
+}
+
+// The keys of the arrows, where no list needs them.
+void Rename::previewKey(controls::KeyEvent& key) {
+  if (Form14.ListView1.hasFocus() || !Form14.Image1.Visible) return;
+  if (key.code != controls::key::PageUp && key.code != controls::key::PageDown) return;
+  step(key.code == controls::key::PageUp ? -1 : +1);
+  key.handled = true;
+}
+
+}  // namespace varnholt::rename

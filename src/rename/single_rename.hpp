@@ -1,0 +1,42 @@
+#pragma once
+
+#include "fileops/context.hpp"
+#include "fileops/overwrite_policy.hpp"
+#include "rename/item.hpp"
+#include "rename/rename_dialog.hpp"
+
+#include <string>
+
+namespace varnholt::rename {
+
+/// Gives one item its new name, with the questions that come before.
+class SingleRename {
+ public:
+  SingleRename(const fileops::Context& context, fileops::OverwritePolicy& policy, fileops::Form7& form7, Form14& dialog)
+      : context_(context), policy_(policy), form7_(form7), dialog_(dialog) {}
+
+  enum class Outcome {
+    Renamed,
+    Left,   ///< it keeps its name, and the next one is in turn
+    Stays,  ///< it was refused, and may be given another name
+  };
+  Outcome rename(const Item& item, const std::string& newName);
+  /// Asks about every file that is in the way again.
+  void askAgain() { replaceAll_ = false; }
+
+ private:
+  Outcome folder(const Item& item, const std::string& to);
+  Outcome file(const Item& item, const std::string& to);
+  Outcome replace(const Item& item, const std::string& to);
+  bool mayReplace(const Item& item, const std::string& to);
+  fileops::Overwrite ask(const Item& item, const std::string& to);
+  bool run(const std::function<platform::Result<void>()>& call);
+
+  fileops::Context context_;
+  fileops::OverwritePolicy& policy_;
+  fileops::Form7& form7_;
+  Form14& dialog_;
+  bool replaceAll_ = false;
+};
+
+}  // namespace varnholt::rename

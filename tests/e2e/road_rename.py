@@ -1,0 +1,77 @@
+#!/usr/bin/python3
+"""Two hundred pictures get new names and numbers at once; then one file gets a name of its own."""
+
+import os
+import sys
+
+from driver import Atspi, expect, run, wait
+
+COUNT = 200
+
+
+def road(program):
+    for number in range(COUNT):
+        program.file(f"Pictures/IMG_{number:04}.JPG", number + 1)
+    program.start(tip=True)
+    program.click_row(1, "\\ Pictures", 2)
+    wait("the pictures", lambda: len(program.rows(1)) == COUNT)
+
+    program.click_row(1, "IMG_0000")
+    program.keys("shift+End")
+    wait("all selected", lambda: program.status_has(f"{COUNT}  Item(s) Selected"))
+    program.keys("alt+f", "r")
+    dialog = wait("the rename dialog", lambda: opened(program, "Rename Item(s)"))
+    button(program, dialog, "Mask Off")
+    wait("the mask", lambda: program.find("check box", "Change Original Name", dialog))
+    program.keys("alt+a")
+    fill(program, dialog, "New base name", "Coast")
+    fill(program, dialog, "Start of the counter", "1")
+    fill(program, dialog, "New extension", "jpg")
+    button(program, dialog, "Preview")
+    wait("the preview", lambda: preview_rows(program, dialog) == COUNT)
+    expect("the preview changes nothing", len(names(program)) == COUNT and "IMG_0000.JPG" in names(program))
+    program.keys("alt+e")
+    button(program, wait("the question", lambda: opened(program, "Alert !")), "Execute")
+    wait("the dialog to go", lambda: not program.dialogs())
+    wait("the new names", lambda: "Coast1" in program.rows(1) and "Coast200" in program.rows(1))
+    expect("all files are there", names(program) == {f"Coast{number}.jpg" for number in range(1, COUNT + 1)})
+    sizes = [os.path.getsize(f"{program.home}/Pictures/Coast{number}.jpg") for number in range(1, COUNT + 1)]
+    expect("the numbers follow the old order", sizes == list(range(1, COUNT + 1)))
+
+    program.click_row(1, "Coast1")
+    program.keys("alt+f", "r")
+    wait("the rename dialog", lambda: opened(program, "Rename Item(s)"))
+    program.keys("ctrl+a", "S", "u", "n", "Return")
+    wait("the single name", lambda: "Sun" in program.rows(1))
+    wait("the dialog to go", lambda: not program.dialogs())
+    program.keys("alt+F4")
+    program.await_end()
+
+
+def opened(program, title):
+    return next((each for each in program.dialogs() if each.get_name() == title), None)
+
+
+def button(program, dialog, name):
+    program.press(wait(name, lambda: program.find("push button", name, dialog)))
+
+
+def fill(program, dialog, name, text):
+    field = wait(name, lambda: program.find("text", name, dialog))
+    wait(name + " to be usable", lambda: field.get_state_set().contains(Atspi.StateType.SENSITIVE))
+    field.get_component_iface().grab_focus()
+    wait(name + " to have the keyboard", lambda: field.get_state_set().contains(Atspi.StateType.FOCUSED))
+    program.keys("ctrl+a", *(("space" if letter == " " else letter) for letter in text))
+    wait(f"{text} in its field", lambda: field.get_text_iface().get_text(0, -1) == text)
+
+
+def preview_rows(program, dialog):
+    table = program.find("tree", "Preview", dialog)
+    return table and table.get_table_iface().get_n_rows()
+
+
+def names(program):
+    return set(os.listdir(program.home + "/Pictures"))
+
+
+sys.exit(run(road))

@@ -1,0 +1,196 @@
+// How new names come about: the rule, its counter, and what fields refuse.
+#include "rename/field_rule.hpp"
+#include "rename/mask.hpp"
+#include "rename/picture.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace varnholt::rename {
+namespace {
+
+const platform::RegionalFormats Points{",", ".", false};
+const platform::RegionalFormats Commas{".", ",", false};
+
+Mask adds(std::string text, std::string extension = "*") {
+  Mask mask;
+  mask.text = std::move(text);
+  mask.extension = std::move(extension);
+  return mask;
+}
+
+Mask cuts(std::string text, std::string extension = "*") {
+  Mask mask = adds(std::move(text), std::move(extension));
+  mask.cuts = true;
+  return mask;
+}
+
+Mask counts(std::string base, std::string extension = "*") {
+  Mask mask;
+  mask.newBase = true;
+  mask.base = std::move(base);
+  mask.extension = std::move(extension);
+  return mask;
+}
+
+Mask inLetters(Mask mask, Letters letters) {
+  mask.letters = letters;
+  return mask;
+}
+
+std::string nameBy(const Mask& mask, const std::string& name) {
+  std::string counter = "1";
+  return maskedName(mask, name, counter, Points);
+}
+
+// --- Names ---------------------------------------------------------------------------------------------------------
+
+TEST(MaskedName, AddsAndCuts) {
+  struct Case {
+    std::string name;
+    Mask mask;
+    std::string expected;
+  };
+  for (const Case& each : std::vector<Case>{
+           {"Report.txt", adds("Old_"), "Old_Report.txt"},
+           {"aXbXc.txt", cuts("X"), "abc.txt"},
+           {"aXXb.txt", cuts("X"), "ab.txt"},
+           {"aXb.txt", cuts("x"), "aXb.txt"},
+           {"Report.txt", adds("", "bak"), "Report.bak"},
+           {"Report.txt", inLetters(adds("A"), Letters::Upper), "AREPORT.TXT"},
+           {"Report.TXT", inLetters(adds("A"), Letters::Lower), "areport.txt"},
+           {"Report.txt", cuts(""), "Report.txt"},
+           {"aabb.txt", cuts("ab"), ".txt"},            // the second comes about by the first
+           {"Report.txt", cuts("Report."), "txt"},      // the point belongs to the name
+           {"Report.txt", cuts(".txt"), "Report.txt"},  // the extension does not
+           {"archive.tar.gz", adds("", "xz"), "archive.tar.xz"},
+           {"Report.txt", adds("", ""), "Report."},
+           {"README", adds("my "), "my README"},
+           {"README", adds("", "txt"), "READMEtxt"},
+           {"README", cuts("README"), ""},
+           {"ends.", adds("", "txt"), "ends.txt"},
+           {".profile", adds("x"), "x.profile"},
+           {".profile", adds("", "bak"), ".bak"},
+       })
+    EXPECT_EQ(nameBy(each.mask, each.name), each.expected) << each.name;
+}
+
+TEST(MaskedName, CountsCharactersAndNotBytes) {
+  EXPECT_EQ(nameBy(cuts("ø"), "smørbrød.æøå"), "smrbrd.æøå");
+  EXPECT_EQ(nameBy(adds("Ærø "), "øl.æå"), "Ærø øl.æå");
+  EXPECT_EQ(nameBy(inLetters(adds("Æ"), Letters::Lower), "ØL.ÉTÉ"), "æøl.été");
+  EXPECT_EQ(nameBy(inLetters(adds("æ"), Letters::Upper), "øl.été"), "ÆØL.ÉTÉ");
+  EXPECT_EQ(nameBy(inLetters(adds("x"), Letters::Upper), "a\xFF.b"), "XA\xFF.B") << "bytes of no character stay";
+}
+
+TEST(MaskedName, ANewBaseTakesACounter) {
+  struct Case {
+    Mask mask;
+    std::string name, start;
+    std::vector<std::string> expected;
+  };
+  for (const Case& each : std::vector<Case>{
+           {counts("Pic"), "Report.txt", "7", {"Pic7.txt", "Pic8.txt", "Pic9.txt"}},
+           {counts("Pic"), "Report.txt", "007", {"Pic007.txt", "Pic8.txt"}},
+           {counts("Pic"), "Report.txt", "0", {"Pic0.txt", "Pic1.txt"}},
+           {counts("Pic"), "Report.txt", "1.5", {"Pic1.5.txt", "Pic2.5.txt", "Pic3.5.txt"}},
+           {counts("Pic"), "README", "1", {"Pic1.", "Pic2."}},
+           {counts("Pic", ""), "Report.txt", "1", {"Pic1."}},
+           {counts("Pic", "jpg"), "README", "1", {"Pic1.jpg"}},
+           {counts(""), "Report.txt", "9", {"9.txt", "10.txt"}},
+           {inLetters(counts("Pic", "Jpg"), Letters::Upper), "a.txt", "1", {"PIC1.JPG"}},
+           {inLetters(counts("Pic", "Jpg"), Letters::Lower), "a.txt", "1", {"pic1.jpg"}},
+       }) {
+    std::string counter = each.start;
+    for (const std::string& expected : each.expected)
+      EXPECT_EQ(maskedName(each.mask, each.name, counter, Points), expected) << "from " << each.start;
+  }
+}
+
+TEST(MaskedName, TheCounterStandsStillWithoutANewBase) {
+  std::string counter = "007";
+  maskedName(adds("x"), "a.txt", counter, Points);
+  EXPECT_EQ(counter, "007");
+}
+
+// --- Counters ------------------------------------------------------------------------------------------------------
+
+TEST(NextCounter, GoesOnByOne) {
+  struct Case {
+    std::string counter, point, comma;
+  };
+  for (const Case& each : std::vector<Case>{
+           {"0", "1", "1"},
+           {"9", "10", "10"},
+           {"0099", "100", "100"},
+           {"1.5", "2.5", "16"},  // the other sign parts groups
+           {"1,5", "16", "2,5"},
+           {"1.50", "2.5", "151"},
+           {"2.0", "3", "21"},
+           {"-1", "0", "0"},
+           {"-10", "-9", "-9"},
+           {"-0.25", "0.75", "-24"},
+           {"-1.25", "-0.25", "-124"},
+           {"+4", "5", "5"},
+           {" 4 ", "5", "5"},
+           {".5", "1.5", "1"},
+           {"99999999999999999999", "100000000000000000000", "100000000000000000000"},
+       }) {
+    EXPECT_EQ(nextCounter(each.counter, Points), each.point) << each.counter;
+    EXPECT_EQ(nextCounter(each.counter, Commas), each.comma) << each.counter;
+  }
+}
+
+TEST(NextCounter, ReadsTheSignsOfTheRegion) {
+  for (const char* number : {"0", "12", "-3", "+3", "1.5", ".5", "5.", "1,000", " 7 ", "007"})
+    EXPECT_TRUE(isNumeric(number, Points)) << number;
+  for (const char* other : {"", " ", "a", "7a", "1.5.2", "-", ".", ",5", "--1", "1 2", "1.5,0", "ø"})
+    EXPECT_FALSE(isNumeric(other, Points)) << other;
+  EXPECT_TRUE(isNumeric("1.000,5", Commas));
+  EXPECT_FALSE(isNumeric("1,000.5", Commas));
+  const platform::RegionalFormats narrow{"\u202F", ",", false};
+  EXPECT_EQ(nextCounter("1\u202F000,5", narrow), "1001,5");
+}
+
+// --- Fields --------------------------------------------------------------------------------------------------------
+
+TEST(FieldRules, RefuseTheirCharacters) {
+  struct Case {
+    const char* name;
+    const FieldRule& rule;
+    std::string refused, message;
+  };
+  for (const Case& each : std::vector<Case>{
+           {"base", BaseChars, "\\/<>\":|", "InValid Mask Pattern !, "},
+           {"text", AddChars, "\\/<>\":|*?", "InValid Chr. Pattern !, "},
+           {"extension", ExtChars, "\\/<>\":|.?", "InValid Chr. Pattern !, "},
+           {"new name", NewNameChars, "\\/<>\":|*?", "InValid NewName !, "},
+       }) {
+    EXPECT_EQ(each.rule.message, each.message);
+    for (char c = ' '; c <= '~'; ++c) {
+      if (c == '*' && &each.rule == &ExtChars) continue;
+      EXPECT_EQ(each.rule.allows(std::string("a") + c), each.refused.find(c) == std::string::npos)
+          << each.name << ": " << c;
+    }
+    EXPECT_FALSE(each.rule.allows("a¤")) << each.name;
+    EXPECT_TRUE(each.rule.allows("Smørrebrød 日本 \xA4")) << each.name;
+    EXPECT_TRUE(each.rule.allows("")) << each.name;
+  }
+  EXPECT_TRUE(ExtChars.allows(" * "));
+  EXPECT_FALSE(ExtChars.allows("*x"));
+  EXPECT_FALSE(ExtChars.allows("**"));
+}
+
+TEST(Pictures, AreKnownByNameAndFirstBytes) {
+  EXPECT_TRUE(hasPictureName("coast.JPG"));
+  EXPECT_FALSE(hasPictureName("letter.txt"));
+  EXPECT_TRUE(isPicture("\xFF\xD8\xFF\xE0 the rest"));
+  EXPECT_TRUE(isPicture("<?xml version='1.0'?><!-- drawn --><svg/>"));
+  EXPECT_FALSE(isPicture("picture"));
+  EXPECT_FALSE(isPicture(""));
+}
+
+}  // namespace
+}  // namespace varnholt::rename

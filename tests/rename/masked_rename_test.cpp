@@ -1,0 +1,298 @@
+// The mask on all selected files at once: its fields, the preview, Execute All.
+#include "rename_test.hpp"
+
+namespace varnholt::rename {
+namespace {
+
+using Names = std::vector<std::string>;
+
+constexpr const char* Question = "Execute File Rename ?  [ No Undo Available ]\r( If Any Files To Rename ! )";
+
+class MaskedRenameTest : public RenameTest {
+ protected:
+  /// Opens the dialog with the mask on, does these things, and cancels what is still open.
+  void masked(const Action& inDialog) {
+    rename([&] {
+      dialog().Command5.press();
+      inDialog();
+      dialog().Command2.press();
+    });
+  }
+  void newBase(const std::string& base, const std::string& start) {
+    dialog().Check2.toggleFromUser();
+    type(dialog().Text3, base);
+    type(dialog().Text5, start);
+  }
+  void executes(bool agrees = true) {
+    asks(Question, agrees);
+    dialog().Command6.press();
+    EXPECT_EQ(dialog().Visible, !agrees);
+  }
+};
+
+// --- The dialog ----------------------------------------------------------------------------------------------------
+
+TEST_F(MaskedRenameTest, TheMaskTurnsOnAndOff) {
+  make({"a.txt"});
+  select({"a"});
+  rename([&] {
+    EXPECT_EQ(dialog().Command5.Caption.get(), "Mask Off");
+    EXPECT_EQ(dialog().Width, 2820.0);
+    EXPECT_FALSE(dialog().ListView1.Visible || dialog().Text2.Visible || dialog().Command6.Visible);
+    dialog().Command5.press();
+    EXPECT_EQ(dialog().Command5.Caption.get(), "Mask On");
+    EXPECT_EQ(dialog().Width, 7000.0);
+    EXPECT_TRUE(dialog().ListView1.Visible && dialog().Text2.Visible && dialog().Command6.Visible);
+    EXPECT_TRUE(dialog().Text2.hasFocus());
+    EXPECT_EQ(preview(), Names{"No Items In View > "});
+    expectAlert("File/Folder Path NOT Valid !");
+    dialog().ListView1.pressFromUser(0, {});
+    dialog().ListView1.doubleClickFromUser(0);
+    dialog().Command5.press();
+    EXPECT_EQ(dialog().Width, 2820.0);
+    EXPECT_TRUE(dialog().Text1.hasFocus());
+    EXPECT_FALSE(dialog().Text2.Visible);
+    dialog().Command2.press();
+  });
+}
+
+TEST_F(MaskedRenameTest, TheFieldsFollowTheBoxes) {
+  make({"a.txt"});
+  select({"a"});
+  masked([&] {
+    auto& form = dialog();
+    EXPECT_EQ(form.Label3.Caption.get(), "Exp. Filename:");
+    EXPECT_FALSE(form.Text5.Visible || form.Label5.Visible || form.Text3.Enabled);
+    type(form.Text2, "x");
+    form.Check2.toggleFromUser();
+    EXPECT_EQ(form.Label3.Caption.get(), "Change FileName:");
+    EXPECT_EQ(form.Text2.Text.get(), "");
+    EXPECT_FALSE(form.Text2.Enabled);
+    EXPECT_TRUE(form.Text5.Visible && form.Label5.Visible && form.Text3.Enabled);
+    form.Check2.toggleFromUser();
+    EXPECT_TRUE(form.Text2.Enabled);
+    form.Check3.toggleFromUser();
+    form.Check1.toggleFromUser();
+    EXPECT_TRUE(form.Check1.Value == 1 && form.Check3.Value == 0);
+    form.Check3.toggleFromUser();
+    EXPECT_TRUE(form.Check1.Value == 0 && form.Check3.Value == 1);
+    form.Command8.press();
+    EXPECT_EQ(form.Command8.Caption.get(), "-");
+    form.Command8.press();
+    EXPECT_EQ(form.Command8.Caption.get(), "+");
+  });
+  select({"a"});
+  rename([&] {
+    EXPECT_EQ(dialog().Command5.Caption.get(), "Mask Off") << "each opening begins anew";
+    EXPECT_EQ(dialog().Check3.Value, 0);
+    EXPECT_EQ(dialog().Text4.Text.get(), "*");
+    dialog().Command2.press();
+  });
+}
+
+TEST_F(MaskedRenameTest, TheCounterTakesNumbersOnly) {
+  make({"a.txt"});
+  select({"a"});
+  masked([&] {
+    newBase("Pic", "12");
+    expectAlert("Input Not Numeric !");
+    type(dialog().Text5, "12x");
+    EXPECT_EQ(dialog().Text5.Text.get(), "0");
+    type(dialog().Text5, "");
+    dialog().Command7.press();
+    EXPECT_EQ(preview(), Names{"a.txt > Pic0.txt"});
+  });
+}
+
+// --- Preview -------------------------------------------------------------------------------------------------------
+
+TEST_F(MaskedRenameTest, ThePreviewShowsTheNewNamesAndChangesNothing) {
+  make({"a.txt", "b.txt", "c.txt"});
+  rig.makeFolder("C:\\Pics\\Coast");
+  rig.makeFolder("C:\\Pics\\Dunes");
+  select({"\\ Coast", "\\ Dunes", "a", "b", "c"});
+  masked([&] {
+    newBase("Pic", "007");
+    ASSERT_TRUE(files().deleteFile("C:\\Pics\\b.txt", false));
+    for (int again = 0; again < 2; ++again) {
+      dialog().Command7.press();
+      EXPECT_EQ(preview(), (Names{"Coast > ", "Dunes > ", "a.txt > Pic007.txt", "c.txt > Pic8.txt"}));
+    }
+  });
+  EXPECT_TRUE(exists("a.txt") && exists("c.txt"));
+}
+
+TEST_F(MaskedRenameTest, ThePreviewKeepsTheOrderOfThePanel) {
+  make({"a.txt", "b.txt", "c.txt"});
+  select({"c", "a", "b"});
+  masked([&] {
+    newBase("z", "1");
+    dialog().Command7.press();
+    EXPECT_EQ(preview(), (Names{"a.txt > z1.txt", "b.txt > z2.txt", "c.txt > z3.txt"}));
+  });
+}
+
+TEST_F(MaskedRenameTest, ARowOfThePreviewOpens) {
+  make({"a.txt", "b.txt"});
+  std::vector<std::string> opened;
+  rig.app().rename.openItem = [&](const std::string& path) { opened.push_back(path); };
+  select({"a", "b"});
+  masked([&] {
+    dialog().Command7.press();
+    dialog().ListView1.pressFromUser(1, {});
+    dialog().ListView1.doubleClickFromUser(1);
+  });
+  EXPECT_EQ(opened, Names{"C:\\Pics\\b.txt"});
+}
+
+TEST_F(MaskedRenameTest, NamesThatMeetAreTold) {
+  make({"aX.txt", "Xa.txt", "b.txt"});
+  select({"aX", "Xa", "b"});
+  masked([&] {
+    type(dialog().Text2, "X");
+    dialog().Command8.press();
+    expectAlert("Problem !, - More File To Same Value !\rPreview Exits !");
+    dialog().Command7.press();
+    EXPECT_EQ(preview(), (Names{"aX.txt > a.txt", "b.txt > b.txt", "Xa.txt > a.txt"}));
+  });
+}
+
+TEST_F(MaskedRenameTest, FieldsThatAreRefusedStopPreviewAndRun) {
+  make({"a.txt"});
+  struct Case {
+    controls::TextBox Form14::*field;
+    std::string typed, message;
+  };
+  for (const Case& each : std::vector<Case>{{&Form14::Text3, "a?:b", "InValid Mask Pattern !, a?:b"},
+                                            {&Form14::Text2, "a*", "InValid Chr. Pattern !, a*"},
+                                            {&Form14::Text4, ".bak", "InValid Chr. Pattern !, .bak"}}) {
+    for (const bool runs : {false, true}) {
+      select({"a"});
+      masked([&] {
+        if (each.field == &Form14::Text3) dialog().Check2.toggleFromUser();
+        controls::TextBox& field = dialog().*each.field;
+        type(field, each.typed);
+        expectAlert(each.message);
+        runs ? dialog().Command6.press() : dialog().Command7.press();
+        EXPECT_EQ(field.Text.get(), "");
+        EXPECT_TRUE(dialog().Invalid);
+        EXPECT_TRUE(field.hasFocus());
+      });
+    }
+  }
+  EXPECT_TRUE(exists("a.txt"));
+}
+
+// --- Execute All ---------------------------------------------------------------------------------------------------
+
+TEST_F(MaskedRenameTest, AllFilesGetTheirNamesAtOnce) {
+  make({"a.txt", "b.txt", "c.TXT"});
+  rig.makeFolder("C:\\Pics\\Coast");
+  select({"\\ Coast", "a", "b", "c"});
+  masked([&] {
+    newBase("Pic", "9");
+    executes(false);
+    EXPECT_TRUE(exists("a.txt"));
+    executes();
+  });
+  EXPECT_EQ(contents("Pic9.txt"), "a.txt");
+  EXPECT_EQ(contents("Pic10.txt"), "b.txt");
+  EXPECT_EQ(contents("Pic11.TXT"), "c.TXT");
+  EXPECT_TRUE(exists("Coast"));
+  EXPECT_EQ(rig.names(left()), (Names{"\\ Coast| ", "Pic10|txt", "Pic11|TXT", "Pic9|txt"}));
+  EXPECT_FALSE(rig.app().dispatcher.busy);
+}
+
+TEST_F(MaskedRenameTest, ANewNameThatIsAnothersOldNameLosesNothing) {
+  make({"1.txt", "2.txt", "3.txt"});
+  select({"1", "2", "3"});
+  masked([&] {
+    newBase("", "2");
+    executes();
+  });
+  // The first two find their new names taken, the third does not.
+  EXPECT_EQ(contents("1.txt"), "1.txt");
+  EXPECT_EQ(contents("2.txt"), "2.txt");
+  EXPECT_EQ(contents("4.txt"), "3.txt");
+}
+
+TEST_F(MaskedRenameTest, TwoFilesToOneNameLoseNothing) {
+  make({"aX.txt", "Xa.txt"});
+  select({"aX", "Xa"});
+  masked([&] {
+    type(dialog().Text2, "X");
+    dialog().Command8.press();
+    executes();
+  });
+  EXPECT_EQ(contents("a.txt"), "aX.txt");
+  EXPECT_EQ(contents("Xa.txt"), "Xa.txt");
+}
+
+TEST_F(MaskedRenameTest, OfManyFilesOnlyThoseThatAreRefusedStay) {
+  constexpr int Count = 300;
+  const auto numbered = [](int number) { return std::to_string(1000 + number) + ".txt"; };
+  for (int number = 0; number < Count; ++number)
+    make({numbered(number)});
+  protect(numbered(7), platform::attribute::System);
+  rig.form().Menu["HidSysfiles"].Checked = true;
+  Names rows;
+  for (int number = 0; number < Count; ++number)
+    rows.push_back(std::to_string(1000 + number));
+  select(rows);
+  masked([&] {
+    type(dialog().Text2, "new_");
+    rig.write("C:\\Pics\\new_1100.txt", "was here before");
+    rig.makeFolder("C:\\Pics\\new_1200.txt");
+    asks(Question, true);
+    asks("Current File:  1007.txt\r Are marked:  System\rAre you Sure ?", true);
+    dialog().Command6.press();
+  });
+  for (int number = 0; number < Count; ++number) {
+    const bool refused = number == 100 || number == 200;
+    EXPECT_EQ(contents(refused ? numbered(number) : "new_" + numbered(number)), numbered(number)) << number;
+  }
+  EXPECT_EQ(contents("new_1100.txt"), "was here before");
+}
+
+TEST_F(MaskedRenameTest, NamesChangeInCaseOnly) {
+  make({"ærø.txt", "b.txt"});
+  select({"ærø", "b"});
+  masked([&] {
+    dialog().Check1.toggleFromUser();
+    executes();
+  });
+  EXPECT_TRUE(exists("ÆRØ.TXT") && exists("B.TXT"));
+  EXPECT_FALSE(exists("ærø.txt") || exists("b.txt"));
+}
+
+TEST_F(MaskedRenameTest, AFileThatIsLeftOutHasTakenItsNumber) {
+  make({"a.txt", "b.txt", "c.txt"});
+  protect("a.txt", platform::attribute::ReadOnly);
+  protect("b.txt", platform::attribute::ReadOnly);
+  select({"a", "b", "c"});
+  masked([&] {
+    newBase("Pic", "1");
+    asks(Question, true);
+    asks("Current File:  a.txt\r Are marked:  Readonly\rAre you Sure ?", true);
+    asks("Current File:  b.txt\r Are marked:  Readonly\rAre you Sure ?", false);
+    dialog().Command6.press();
+  });
+  EXPECT_EQ(contents("Pic1.txt"), "a.txt");
+  EXPECT_EQ(contents("b.txt"), "b.txt");
+  EXPECT_EQ(contents("Pic3.txt"), "c.txt");
+}
+
+TEST_F(MaskedRenameTest, ANameThatIsCutAwayStays) {
+  make({"README", "README2"});
+  select({"README", "README2"});
+  masked([&] {
+    type(dialog().Text2, "README");
+    dialog().Command8.press();
+    executes();
+  });
+  EXPECT_EQ(contents("README"), "README");
+  EXPECT_EQ(contents("2"), "README2");
+}
+
+}  // namespace
+}  // namespace varnholt::rename

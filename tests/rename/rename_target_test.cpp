@@ -1,0 +1,93 @@
+// Renaming for others: the target of a copy, a favourite, a bookmark.
+#include "rename_test.hpp"
+
+namespace varnholt::rename {
+namespace {
+
+class RenameForOthersTest : public RenameTest {
+ protected:
+  void inTheWay(const std::vector<std::string>& names) {
+    make(names);
+    for (const std::string& name : names)
+      rig.write("C:\\Other\\" + name, "old " + name);
+  }
+  void copies(const Action& inRename) {
+    rig.loop.whenShows("Form3").press("Command11");
+    rig.loop.whenShows("Form7").press("Command4");
+    rig.loop.whenShows("Form14").run([inRename](controls::Form&) { inRename(); });
+  }
+  std::string other(const std::string& name) { return rig.read("C:\\Other\\" + name); }
+};
+
+TEST_F(RenameForOthersTest, ATargetGoesOutOfTheWayOfACopy) {
+  inTheWay({"a.txt", "b.txt", "c.txt"});
+  select({"a", "b", "c"});
+  copies([&] {
+    EXPECT_EQ(dialog().Caption.get(), "Rename Target File");
+    EXPECT_EQ(dialog().Text1.Text.get(), "c.txt");
+    EXPECT_FALSE(dialog().Image1.Visible || dialog().Command5.Enabled);
+    EXPECT_EQ(rig.form().mode(), "RenameMode");
+    next("kept.txt");
+    EXPECT_FALSE(dialog().Visible);
+    EXPECT_EQ(rig.form().mode(), "RenameMode");
+  });
+  // The running copy goes on as it was.
+  rig.loop.whenShows("Form7").reads("Label1", "Source FileName:     b.txt").press("Command11");
+  rig.loop.whenShows("Form7").reads("Label1", "Source FileName:     a.txt").press("Command1");
+  rig.command("Command1_Click");
+  EXPECT_EQ(other("kept.txt"), "old c.txt");
+  EXPECT_EQ(other("c.txt"), "c.txt");
+  EXPECT_EQ(other("b.txt"), "b.txt");
+  EXPECT_EQ(other("a.txt"), "old a.txt");
+  EXPECT_EQ(rig.form().mode(), "CopyMode");
+}
+
+TEST_F(RenameForOthersTest, ACancelledOneLeavesBothFiles) {
+  inTheWay({"a.txt", "b.txt"});
+  for (const bool byBox : {false, true}) {
+    select({"a", "b"});
+    copies([&] { byBox ? dialog().closeFromUser() : dialog().Command2.press(); });
+    rig.loop.whenShows("Form7").reads("Label1", "Source FileName:     a.txt").press("Command1");
+    rig.command("Command1_Click");
+    EXPECT_EQ(other("b.txt"), "old b.txt");
+    EXPECT_EQ(contents("b.txt"), "b.txt");
+  }
+}
+
+TEST_F(RenameForOthersTest, ANameThatIsTakenTooIsAskedAboutWithoutEnd) {
+  inTheWay({"a.txt", "b.txt"});
+  rig.write("C:\\Other\\kept.txt", "older");
+  select({"a", "b"});
+  copies([&] {
+    rig.loop.whenShows("Form7")
+        .reads("Label3", "With File:     kept.txt")
+        .run([&](controls::Form&) { EXPECT_FALSE(rig.app().fileops.Form7.Command4.Enabled); })
+        .press("Command6");
+    rig.loop.whenShows("Form7").reads("Label1", "Source FileName:     a.txt").press("Command1");
+    next("kept.txt");
+  });
+  rig.command("Command1_Click");
+  EXPECT_EQ(other("kept.txt"), "old b.txt");
+  EXPECT_EQ(other("b.txt"), "b.txt");
+  EXPECT_EQ(other("a.txt"), "old a.txt") << "\"All\" was said of the rename, not of the copy";
+}
+
+TEST_F(RenameForOthersTest, FavouritesAndBookmarksHaveTheirCaption) {
+  rig.write("C:\\Other\\site.url");
+  make({"a.txt"});
+  select({"a"});
+  rig.form().CurrentItem = "a.txt";
+  rig.loop.whenShows("Form14").reads("Caption", "Rename Favorit To : *.Url").run([&](controls::Form&) {
+    next("page.url");
+  });
+  EXPECT_EQ(rig.app().rename.renameOne(Caller::Favourite, "C:\\Other\\site.url"), "page.url");
+  EXPECT_TRUE(rig.exists("C:\\Other\\page.url"));
+  rig.loop.whenShows("Form14").reads("Caption", "Rename Bookmark To : *.Bmk").press("Command2");
+  EXPECT_EQ(rig.app().rename.renameOne(Caller::Bookmark, "C:\\Other\\page.url"), std::nullopt);
+  EXPECT_EQ(rig.form().CurrentItem, "a.txt");
+  EXPECT_EQ(rig.form().filecollect.items().size(), 1u) << "the selection of the panel stays";
+  EXPECT_FALSE(rig.app().dispatcher.busy);
+}
+
+}  // namespace
+}  // namespace varnholt::rename

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "support/app_rig.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace varnholt::rename {
+
+/// The left panel active on a folder of its own, "C:\Pics\", the right one on "C:\Other\".
+class RenameTest : public testing::Test {
+ protected:
+  static constexpr controls::Modifiers Ctrl{false, true, false};
+  using Action = std::function<void()>;
+
+  void SetUp() override { begin(); }
+  void begin() {
+    rig.makeFolder("C:\\Pics");
+    rig.makeFolder("C:\\Other");
+    rig.startLeft();
+  }
+
+  void make(const std::vector<std::string>& names) {
+    for (const std::string& name : names)
+      rig.write("C:\\Pics\\" + name, name);
+  }
+  void protect(const std::string& name, platform::Attributes attributes) {
+    ASSERT_TRUE(files().setAttributes("C:\\Pics\\" + name, attributes));
+  }
+  /// Lists the folders anew and selects these rows of the left panel.
+  void select(const std::vector<std::string>& rows) {
+    ASSERT_TRUE(rig.app().navigation.goTo(left(), "C:\\Pics"));
+    ASSERT_TRUE(rig.app().navigation.goTo(rig.form().Panel2, "C:\\Other"));
+    left().list.SetFocus();
+    bool first = true;
+    for (const std::string& row : rows)
+      rig.click(left(), row, std::exchange(first, false) ? controls::Modifiers{} : Ctrl);
+  }
+  /// Chooses Rename, and does these things in the dialog.
+  void rename(const Action& inDialog) {
+    rig.loop.whenShows("Form14").run([inDialog](controls::Form&) { inDialog(); });
+    rig.command("Command14_Click");
+  }
+  void type(controls::TextBox& field, const std::string& text) { field.typeFromUser(text); }
+  /// A new name for the item in hand, and on.
+  void next(const std::string& name) {
+    type(dialog().Text1, name);
+    dialog().Command11.press();
+  }
+  void expectAlert(const std::string& text) {
+    rig.loop.whenShows("Form12").reads("Label1", text + "\r").press("Command11");
+  }
+  test::ScriptedLoop::Step& asks(const std::string& text, bool yes) {
+    return rig.loop.whenShows("Form11").reads("Label1", text).press(yes ? "Command11" : "Command1");
+  }
+  /// The preview's rows, "before > after".
+  std::vector<std::string> preview() {
+    std::vector<std::string> rows;
+    for (std::uint32_t row = 0; row < dialog().ListView1.count(); ++row)
+      rows.push_back(dialog().ListView1.cell(row, 0) + " > " + dialog().ListView1.cell(row, 1));
+    return rows;
+  }
+  bool exists(const std::string& name) { return rig.exists("C:\\Pics\\" + name); }
+  std::string contents(const std::string& name) { return rig.read("C:\\Pics\\" + name); }
+
+  Form14& dialog() { return rig.app().rename.Form14; }
+  panels::Panel& left() { return rig.form().Panel1; }
+  platform::FileSystem& files() { return rig.platform->files; }
+
+  test::AppRig rig;
+};
+
+}  // namespace varnholt::rename

@@ -1,0 +1,413 @@
+// One item after the other: stepping, questions, and what is refused.
+#include "rename_test.hpp"
+
+#include "platform/forwarding_file_system.hpp"
+#include "platform/paths.hpp"
+
+namespace varnholt::rename {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class SingleRenameTest : public RenameTest {};
+
+// --- Hand-over -----------------------------------------------------------------------------------------------------
+
+TEST_F(SingleRenameTest, TheSelectedFileGetsTheNewName) {
+  make({"a.txt"});
+  select({"a"});
+  rename([&] {
+    EXPECT_EQ(dialog().Caption.get(), "Rename Item(s)");
+    EXPECT_EQ(dialog().Text1.Text.get(), "a.txt");
+    EXPECT_TRUE(dialog().Text1.hasFocus());
+    EXPECT_EQ(rig.form().mode(), "RenameMode");
+    EXPECT_EQ(left().list.foreColor(left().list.selectedIds().at(0)), panels::mark_color::Rename);
+    for (const auto* arrow : {&dialog().Image1, &dialog().Image2, &dialog().Image10, &dialog().Image11})
+      EXPECT_FALSE(arrow->Visible) << arrow->name();
+    next("b.txt");
+    EXPECT_FALSE(dialog().Visible);
+  });
+  EXPECT_EQ(contents("b.txt"), "a.txt");
+  EXPECT_EQ(rig.names(left()), Names{"b|txt"});
+  EXPECT_FALSE(rig.app().dispatcher.busy);
+  EXPECT_TRUE(rig.form().filecollect.empty());
+  EXPECT_EQ(left().list.selectedCount(), 0u);
+  EXPECT_TRUE(left().list.hasFocus());
+}
+
+TEST_F(SingleRenameTest, WithNothingSelectedNothingOpens) {
+  make({"a.txt"});
+  ASSERT_TRUE(rig.app().navigation.goTo(left(), "C:\\Pics"));
+  left().list.selectNone();
+  for (const char* handler : {"Command14_Click", "RenFileFolder_Click"}) {
+    rig.loop.whenShows("Form13").reads("Label1", " No Items selected. ! ").closes();
+    rig.command(handler);
+    EXPECT_FALSE(rig.app().dispatcher.busy);
+  }
+}
+
+TEST_F(SingleRenameTest, TheMenuEntryIsTheSameCommand) {
+  make({"a.txt"});
+  select({"a"});
+  rig.loop.whenShows("Form14").run([&](controls::Form&) { next("b.txt"); });
+  rig.menu("RenFileFolder").choose();
+  EXPECT_TRUE(exists("b.txt"));
+}
+
+// --- Stepping ------------------------------------------------------------------------------------------------------
+
+TEST_F(SingleRenameTest, ItemsComeOneAfterTheOther) {
+  make({"a.txt", "b.txt", "c.txt"});
+  select({"a", "b", "c"});
+  rename([&] {
+    EXPECT_TRUE(dialog().Image1.Visible && dialog().Image10.Visible);
+    EXPECT_EQ(dialog().Label2.Caption.get(), "1 / 3");
+    next("first.txt");
+    EXPECT_EQ(rig.names(left()), (Names{"b|txt", "c|txt", "first|txt"})) << "the panel shows it at once";
+    EXPECT_EQ(dialog().Text1.Text.get(), "b.txt");
+    next("b.txt");
+    EXPECT_EQ(dialog().Text1.Text.get(), "c.txt");
+    next("third.txt");
+  });
+  EXPECT_TRUE(exists("first.txt") && exists("b.txt") && exists("third.txt"));
+}
+
+TEST_F(SingleRenameTest, ArrowsStepWithoutRenaming) {
+  make({"a.txt", "b.txt"});
+  select({"a", "b"});
+  rename([&] {
+    const auto shown = [&] { return dialog().Text1.Text.get(); };
+    dialog().Image1.press();
+    EXPECT_EQ(shown(), "a.txt") << "there is none before the first";
+    type(dialog().Text1, "x.txt");
+    dialog().Image10.press();
+    EXPECT_EQ(shown(), "b.txt");
+    dialog().Image11.Visible = true;
+    dialog().Image11.press();
+    EXPECT_EQ(shown(), "b.txt") << "there is none behind the last";
+    controls::KeyEvent up{controls::key::PageUp, {}};
+    dialog().KeyDown(up);
+    EXPECT_TRUE(up.handled);
+    EXPECT_EQ(shown(), "a.txt");
+    next("first.txt");
+    dialog().Image1.press();
+    EXPECT_EQ(shown(), "first.txt") << "under its new name";
+    dialog().Command2.press();
+    EXPECT_FALSE(dialog().Visible);
+  });
+  EXPECT_TRUE(exists("first.txt") && exists("b.txt"));
+  EXPECT_FALSE(exists("x.txt"));
+}
+
+TEST_F(SingleRenameTest, ButtonsChangeTheNameInTheField) {
+  make({"Ærø.TXT"});
+  select({"Ærø"});
+  rename([&] {
+    const auto name = [&] { return dialog().Text1.Text.get(); };
+    dialog().Command3.press();
+    EXPECT_EQ(name(), "ærø.txt");
+    dialog().Command4.press();
+    EXPECT_EQ(name(), "ÆRØ.TXT");
+    dialog().Command1.press();
+    EXPECT_EQ(name(), "Ærø.TXT");
+    dialog().Command3.press();
+    dialog().Command11.press();
+  });
+  EXPECT_TRUE(exists("ærø.txt"));
+  EXPECT_FALSE(exists("Ærø.TXT"));
+}
+
+TEST_F(SingleRenameTest, ANameThatCannotStandIsRefusedAndTheItemStays) {
+  make({"a.txt"});
+  select({"a"});
+  rename([&] {
+    for (const char* name : {"a/b", "a\\b", "a:b", "what?", "a*"}) {
+      expectAlert(std::string("InValid NewName !, ") + name);
+      next(name);
+      EXPECT_EQ(dialog().Text1.Text.get(), name) << "to be mended";
+    }
+    next("");
+  });
+  EXPECT_EQ(contents("a.txt"), "a.txt");
+}
+
+TEST_F(SingleRenameTest, CancelAndTheCloseBoxLeaveTheRest) {
+  make({"a.txt", "b.txt"});
+  for (const bool byBox : {false, true}) {
+    select({"a", "b"});
+    rename([&] { byBox ? dialog().closeFromUser() : dialog().Command2.press(); });
+    EXPECT_TRUE(exists("a.txt") && exists("b.txt"));
+    EXPECT_FALSE(rig.app().dispatcher.busy);
+  }
+}
+
+TEST_F(SingleRenameTest, WhatIsGoneIsSteppedOver) {
+  make({"a.txt", "b.txt"});
+  select({"a", "b"});
+  rename([&] {
+    ASSERT_TRUE(files().deleteFile("C:\\Pics\\a.txt", false));
+    expectAlert("File/Folder Path NOT Valid !");
+    dialog().Command9.press();
+    next("x.txt");
+    next("y.txt");
+  });
+  EXPECT_FALSE(exists("x.txt"));
+  EXPECT_TRUE(exists("y.txt"));
+}
+
+TEST_F(SingleRenameTest, AnItemIsOpenedByItsKind) {
+  auto& shell = rig.useRecordingShell();
+  begin();
+  make({"a.unheard-of"});
+  rig.makeFolder("C:\\Pics\\Coast");
+  select({"\\ Coast", "a"});
+  rename([&] {
+    dialog().Command9.press();
+    EXPECT_EQ(shell.started.size(), 1u) << "the folder";
+    dialog().Image10.press();
+    expectAlert("File Extension NOT registrated !\rMake one from Controlpanel ,Tools, FolderOptions.");
+    dialog().Command9.press();
+    dialog().Command2.press();
+  });
+}
+
+TEST_F(SingleRenameTest, APictureIsShown) {
+  rig.write("C:\\Pics\\a.png", "\x89PNG\r\n\x1A\n and so on");
+  rig.write("C:\\Pics\\b.png", "no picture");
+  make({"c.txt"});
+  select({"a", "b", "c"});
+  rename([&] {
+    EXPECT_TRUE(dialog().Image3.Visible);
+    EXPECT_TRUE(dialog().Image2.Visible && dialog().Image11.Visible);
+    EXPECT_TRUE(dialog().Image3.PictureData->starts_with("\x89PNG"));
+    dialog().Image11.press();
+    EXPECT_FALSE(dialog().Image3.Visible || dialog().Image11.Visible);
+    dialog().Image10.press();
+    EXPECT_FALSE(dialog().Image3.Visible);
+    dialog().Command2.press();
+  });
+}
+
+// --- Folders -------------------------------------------------------------------------------------------------------
+
+TEST_F(SingleRenameTest, AFolderIsRenamedWithWhatItHolds) {
+  rig.write("C:\\Pics\\Coast\\a.txt", "a");
+  select({"\\ Coast"});
+  rename([&] { next("Shore"); });
+  EXPECT_EQ(contents("Shore\\a.txt"), "a");
+  select({"\\ Shore"});
+  rename([&] { next("SHORE"); });
+  EXPECT_EQ(contents("SHORE\\a.txt"), "a");
+  EXPECT_FALSE(exists("Shore"));
+}
+
+TEST_F(SingleRenameTest, AFolderTakesNoOthersName) {
+  rig.write("C:\\Pics\\Coast\\a.txt", "a");
+  rig.makeFolder("C:\\Pics\\Empty");
+  rig.makeFolder("C:\\Pics\\coast");
+  select({"\\ Coast"});
+  rename([&] {
+    for (const char* taken : {"Empty", "coast"}) {
+      expectAlert("Folder already Exist , - Cannot Rename !");
+      next(taken);
+    }
+    next("Shore");
+  });
+  EXPECT_EQ(contents("Shore\\a.txt"), "a");
+  EXPECT_TRUE(exists("Empty") && exists("coast"));
+}
+
+TEST_F(SingleRenameTest, AnOpenFolderKeepsItsName) {
+  rig.makeFolder("C:\\Pics\\Coast");
+  select({"\\ Coast"});
+  ASSERT_TRUE(rig.app().navigation.goTo(rig.form().Panel2, "C:\\Pics\\Coast"));
+  left().list.SetFocus();
+  rename([&] {
+    expectAlert("Folder already Open, - Cannot Rename !");
+    next("Shore");
+    dialog().Command2.press();
+  });
+  EXPECT_TRUE(exists("Coast"));
+}
+
+TEST_F(SingleRenameTest, APanelInsideARenamedFolderGoesToWhatIsLeft) {
+  rig.makeFolder("C:\\Pics\\Coast\\Raw");
+  select({"\\ Coast"});
+  ASSERT_TRUE(rig.app().navigation.goTo(rig.form().Panel2, "C:\\Pics\\Coast\\Raw"));
+  left().list.SetFocus();
+  rename([&] { next("Shore"); });
+  EXPECT_EQ(rig.form().Panel2.path(), "C:\\Pics\\");
+  EXPECT_EQ(rig.names(left()), Names{"\\ Shore| "});
+}
+
+// --- Attributes ----------------------------------------------------------------------------------------------------
+
+TEST_F(SingleRenameTest, ProtectedFilesAreAskedAbout) {
+  struct Case {
+    platform::Attributes attributes;
+    std::string words;  // empty: no question
+  };
+  for (const Case& each :
+       {Case{1, "Readonly"}, Case{2, "Hidden"}, Case{3, "Readonly and Hidden"}, Case{4, "System"}, Case{6, "Hidden"},
+        Case{7, "Readonly,Hidden,System"}, Case{33, "Archive and Readonly"}, Case{35, "Archive,Readonly,Hidden"},
+        Case{36, "Archive and System"}, Case{37, "Cannot Identify Attributes !"}, Case{38, "Archive,Hidden,System"},
+        Case{39, "Archive,Readonly,Hidden,System"}, Case{32, ""}, Case{34, ""}, Case{0, ""}, Case{5, ""}}) {
+    for (const bool agrees : {false, true}) {
+      make({"a.txt"});
+      protect("a.txt", each.attributes);
+      rig.form().Menu["HidSysfiles"].Checked = true;
+      select({"a"});
+      rename([&] {
+        if (!each.words.empty()) asks("Current File:  a.txt\r Are marked:  " + each.words + "\rAre you Sure ?", agrees);
+        next("b.txt");
+      });
+      const bool renamed = agrees || each.words.empty();
+      EXPECT_EQ(exists("b.txt"), renamed) << each.attributes;
+      EXPECT_EQ(exists("a.txt"), !renamed) << each.attributes;
+      ASSERT_TRUE(files().deleteFile(renamed ? "C:\\Pics\\b.txt" : "C:\\Pics\\a.txt", true));
+    }
+  }
+}
+
+// --- A file in the way ---------------------------------------------------------------------------------------------
+
+TEST_F(SingleRenameTest, AFileInTheWayIsAskedAbout) {
+  struct Case {
+    const char* button;
+    bool replaces;
+  };
+  for (const Case& each : {Case{"Command11", true}, Case{"Command6", true}, Case{"Command2", false},
+                           Case{"Command3", false}, Case{"Command1", false}}) {
+    make({"a.txt", "b.txt"});
+    select({"a"});
+    rig.form().OverwritePrompt = true;
+    rename([&] {
+      rig.loop.whenShows("Form7")
+          .reads("Label1", "OverWrite File:     a.txt")
+          .reads("Label3", "With File:     b.txt")
+          .run([&](controls::Form&) {
+            EXPECT_FALSE(dialog().Command11.Enabled || dialog().Command2.Enabled);
+            EXPECT_FALSE(rig.app().fileops.Form7.Command4.Enabled);
+          })
+          .press(each.button);
+      next("b.txt");
+    });
+    EXPECT_TRUE(dialog().Command11.Enabled && dialog().Command2.Enabled);
+    EXPECT_EQ(contents("b.txt"), each.replaces ? "a.txt" : "b.txt") << each.button;
+    EXPECT_EQ(exists("a.txt"), !each.replaces) << each.button;
+    EXPECT_TRUE(rig.form().OverwritePrompt) << "an operation asks by itself";
+  }
+}
+
+TEST_F(SingleRenameTest, AllHoldsForTheRestOfTheDialogOnly) {
+  make({"a.txt", "b.txt", "c.txt", "x.txt", "y.txt", "z.txt"});
+  select({"a", "b"});
+  rename([&] {
+    rig.loop.whenShows("Form7").press("Command6");
+    next("x.txt");
+    next("y.txt");
+  });
+  EXPECT_EQ(contents("x.txt"), "a.txt");
+  EXPECT_EQ(contents("y.txt"), "b.txt");
+  select({"c"});
+  rename([&] {
+    rig.loop.whenShows("Form7").press("Command1");
+    next("z.txt");
+  });
+  EXPECT_EQ(contents("z.txt"), "z.txt");
+}
+
+TEST_F(SingleRenameTest, AProtectedFileInTheWayLosesNothing) {
+  make({"a.txt", "b.txt"});
+  protect("b.txt", platform::attribute::ReadOnly);
+  select({"a"});
+  rename([&] {
+    rig.loop.whenShows("Form7").press("Command11");
+    next("b.txt");
+  });
+  EXPECT_EQ(contents("a.txt"), "a.txt");
+  EXPECT_EQ(contents("b.txt"), "b.txt");
+}
+
+TEST_F(SingleRenameTest, AFolderInTheWayOfAFileStays) {
+  make({"a.txt"});
+  rig.makeFolder("C:\\Pics\\b");
+  select({"a"});
+  rename([&] { next("b"); });
+  EXPECT_TRUE(exists("a.txt") && exists("b"));
+}
+
+TEST_F(SingleRenameTest, ASecondNameOfTheSameFileIsNotLost) {
+  make({"a.txt"});
+  std::filesystem::create_hard_link(rig.systemPath("C:\\Pics\\a.txt"), rig.systemPath("C:\\Pics\\b.txt"));
+  select({"a"});
+  rename([&] {
+    rig.loop.whenShows("Form7").reads("Label1", "With Filename:     a.txt").press("Command11");
+    next("b.txt");
+  });
+  EXPECT_EQ(contents("b.txt"), "a.txt");
+  EXPECT_EQ(contents("a.txt"), "a.txt");
+}
+
+// --- Where case is not told apart ----------------------------------------------------------------------------------
+
+/// A volume on which every spelling leads to the file, as on a memory stick.
+class CaselessFileSystem : public platform::ForwardingFileSystem {
+ public:
+  using ForwardingFileSystem::ForwardingFileSystem;
+  bool fileExists(const std::string& path) const override { return base_.fileExists(onDisk(path)); }
+  bool folderExists(const std::string& path) const override { return base_.folderExists(onDisk(path)); }
+  bool sameEntry(const std::string& a, const std::string& b) const override {
+    return base_.sameEntry(onDisk(a), onDisk(b));
+  }
+  platform::Result<platform::EntryInfo> info(const std::string& path) const override {
+    return base_.info(onDisk(path));
+  }
+  platform::Result<void> copyFile(const std::string& from, const std::string& to, bool,
+                                  const platform::Progress&) override {
+    ADD_FAILURE() << "copied " << from << " to " << to;
+    return {};
+  }
+  platform::Result<void> deleteFile(const std::string& path, bool) override {
+    ADD_FAILURE() << "deleted " << path;
+    return {};
+  }
+
+ private:
+  std::string onDisk(const std::string& path) const { return base_.resolve(path).valueOr(path); }
+};
+
+class CaselessRenameTest : public RenameTest {
+ protected:
+  void SetUp() override {
+    rig.useFiles([](platform::FileSystem& real) { return std::make_unique<CaselessFileSystem>(real); });
+    begin();
+  }
+};
+
+TEST_F(CaselessRenameTest, ANameInOtherCaseIsAskedAboutAndGiven) {
+  for (const char* button : {"Command11", "Command6"}) {
+    make({"read.me"});
+    select({"read"});
+    rename([&] {
+      rig.loop.whenShows("Form7")
+          .reads("Label1", "With Filename:     read.me")
+          .reads("Label3", "As New File:        READ.me")
+          .press(button);
+      next("READ.me");
+    });
+    EXPECT_EQ(rig.names(left()), Names{"READ|me"});
+    EXPECT_EQ(contents("READ.me"), "read.me");
+    std::filesystem::remove(rig.systemPath("C:\\Pics\\READ.me"));
+  }
+}
+
+TEST_F(CaselessRenameTest, AFolderInOtherCaseIsRenamed) {
+  rig.write("C:\\Pics\\Coast\\a.txt", "a");
+  select({"\\ Coast"});
+  rename([&] { next("COAST"); });
+  EXPECT_EQ(contents("COAST\\a.txt"), "a");
+}
+
+}  // namespace
+}  // namespace varnholt::rename
