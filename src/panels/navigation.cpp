@@ -279,8 +279,7 @@ void Navigation::memfolder() {
   if (!panel) return;
   const std::string folder = program_.settings.get(core::setting::viewStorepath);
   if (!goTo(*panel, folder)) {
-    const std::string name = folder.empty() ? "Location" : paths::withoutClosing(folder);
-    program_.dialogs.alert(name + " has Changed and NOT Valid !");
+    program_.dialogs.alert("Location has Changed and NOT Valid !");
     return;
   }
   if (ClickPane) ClickPane();
