@@ -150,11 +150,13 @@ class Program:
         return wait("the dialog " + title, lambda: self.top(title))
 
     def top(self, title):
-        # Only the dialog on top is the active window: one that is in its way has to show first.
-        for each in self.dialogs():
-            if each.get_name().startswith(title) and each.get_state_set().contains(Atspi.StateType.ACTIVE):
-                return each
-        return None
+        # Only the dialog on top is the active window: one that is in its way has to show first. The window manager is
+        # asked, for the accessibility tree may hear late of a dialog that is shown again.
+        asked = subprocess.run(["xdotool", "getactivewindow", "getwindowname"], capture_output=True, text=True, check=False)
+        active = asked.stdout.rstrip("\n")
+        if not active.startswith(title):
+            return None
+        return next((each for each in self.dialogs() if each.get_name() == active), None)
 
     @staticmethod
     def named(root, name, role="push button"):
