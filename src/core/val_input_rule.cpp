@@ -8,8 +8,6 @@ std::optional<char> firstRefusedCharacter(std::string_view name) {
   return name[at];
 }
 
-std::string refusedCharacterText(char refused) {
-  return std::string("[ ") + refused + "InValid Chr. In Filename !, ";
-}
+std::string refusedCharacterText(char refused) { return std::string("[ ") + refused + "InValid Chr. In Filename !, "; }
 
 }  // namespace varnholt::core
