@@ -9,7 +9,8 @@ namespace varnholt::platform {
 struct Date {
   std::int64_t seconds = 0;
   std::int32_t nanoseconds = 0;
-  auto operator<=>(const Date&) const = default;
+  // The check takes the zero of a rewritten comparison for a pointer.
+  auto operator<=>(const Date&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 /// A moment taken apart in local time. month 1 to 12, day 1 to 31, weekday 0 (Sunday) to 6.
