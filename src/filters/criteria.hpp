@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace varnholt::filters {
@@ -57,7 +58,10 @@ class FilterTest {
   /// The moments between which a date lies, both excluded.
   struct Span {
     platform::Date after, before;
-    bool holds(const platform::Date& date) const { return after < date && date < before; }
+    bool holds(const platform::Date& date) const { return isBefore(after, date) && isBefore(date, before); }
+    static bool isBefore(const platform::Date& a, const platform::Date& b) {
+      return std::pair(a.seconds, a.nanoseconds) < std::pair(b.seconds, b.nanoseconds);
+    }
   };
 
   std::vector<std::string> patterns_;  ///< in lower case

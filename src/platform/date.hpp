@@ -9,8 +9,7 @@ namespace varnholt::platform {
 struct Date {
   std::int64_t seconds = 0;
   std::int32_t nanoseconds = 0;
-  // The check takes the zero of a rewritten comparison for a pointer.
-  auto operator<=>(const Date&) const = default;  // NOLINT(modernize-use-nullptr)
+  auto operator<=>(const Date&) const = default;
 };
 
 /// A moment taken apart in local time. month 1 to 12, day 1 to 31, weekday 0 (Sunday) to 6.
