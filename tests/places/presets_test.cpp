@@ -363,7 +363,7 @@ TEST_F(PresetsTest, SortingIsSwitchedOnAndOff) {
 
 // --- The stored folder ---------------------------------------------------------------------------------------------
 
-TEST_F(PresetsTest, TheStoredFolderIsNamedWhenItIsGone) {
+TEST_F(PresetsTest, TheStoredFolderComesBackUntilItIsGone) {
   show("C:\\Work\\Drafts", "D:\\Backup");
   rig.loop.whenShows("Form13").reads("Label1", " Location Stored In Memory ! ").closes();
   rig.menu("store").choose();
@@ -372,7 +372,7 @@ TEST_F(PresetsTest, TheStoredFolderIsNamedWhenItIsGone) {
   EXPECT_EQ(left().path(), "C:\\Work\\Drafts\\");
   show("C:\\Photos", "D:\\Backup");
   std::filesystem::remove_all(rig.systemPath("C:\\Work\\Drafts"));
-  rig.loop.whenShows("Form12").reads("Label1", "C:\\Work\\Drafts has Changed and NOT Valid !\r").press("Command11");
+  rig.loop.whenShows("Form12").reads("Label1", "Location has Changed and NOT Valid !\r").press("Command11");
   rig.command("viewlastexit_Click");
   EXPECT_EQ(left().path(), "C:\\Photos\\");
 }
