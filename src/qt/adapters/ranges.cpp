@@ -1,10 +1,12 @@
 // The controls that show or set a number in a range, and the month.
 #include "controls/standard.hpp"
 #include "qt/adapters/adapter.hpp"
+#include "qt/theme.hpp"
 
 #include <QCalendarWidget>
 #include <QProgressBar>
 #include <QSlider>
+#include <QTextCharFormat>
 
 #include <algorithm>
 
@@ -51,6 +53,11 @@ class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
  public:
   MonthViewAdapter(Host& host, controls::MonthView& control, QCalendarWidget& widget) : Joined(host, control, widget) {
     drawn.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    // The toolkit's own red of the weekends is hard to read on dark.
+    QTextCharFormat weekend;
+    weekend.setForeground(theme::readable(Qt::red, drawn.palette().color(QPalette::Base)));
+    for (const auto day : {Qt::Saturday, Qt::Sunday})
+      drawn.setWeekdayTextFormat(day, weekend);
     connect(&drawn, &QCalendarWidget::clicked, this, &MonthViewAdapter::pick);
     connect(&drawn, &QCalendarWidget::activated, this, &MonthViewAdapter::pick);
   }
