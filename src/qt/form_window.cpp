@@ -208,6 +208,17 @@ void FormWindow::show(bool modal, const QWidget* caller) {
   showDefaultButton();
   widget_->show();
   if (modal) widget_->activateWindow();
+  keepKeyboard();
+}
+
+// A dialog that went and comes again before the window system has told of the first is still its window with the
+// keyboard: nothing more would be told, and the widgets, which took its going for the end of that, would stay deaf.
+void FormWindow::keepKeyboard() {
+  if (QGuiApplication::focusWindow() != widget_->windowHandle() || widget_->isActiveWindow()) return;
+  QT_WARNING_PUSH
+  QT_WARNING_DISABLE_DEPRECATED
+  QApplication::setActiveWindow(widget_);
+  QT_WARNING_POP
 }
 
 void FormWindow::hide() {

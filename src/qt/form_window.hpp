@@ -73,6 +73,7 @@ class FormWindow : public QObject, private Host {
   void noteGeometry();
   QWidget* firstFocus() const;
   void showDefaultButton();
+  void keepKeyboard();
   bool keyPress(const QKeyEvent& event);
   bool pressButton(const std::string& name);
   void report(const controls::Event<>& event);
