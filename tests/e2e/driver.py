@@ -1,5 +1,6 @@
 """Drives the built program from outside: finds its controls in the accessibility tree, types keys, clicks the mouse."""
 
+import contextlib
 import os
 import shutil
 import signal
@@ -99,6 +100,15 @@ class Program:
     def kill(self):
         self.process.send_signal(signal.SIGKILL)
         self.process.wait()
+
+    @contextlib.contextmanager
+    def held(self):
+        """Stands still meanwhile; keys typed then are found afterwards."""
+        self.process.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self.process.send_signal(signal.SIGCONT)
 
     def await_end(self):
         try:
@@ -242,6 +252,12 @@ class Program:
     @staticmethod
     def keys(*keys):
         subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], check=True)
+
+    @classmethod
+    def type_over(cls, text):
+        """Replaces what stands in the field that has the keyboard."""
+        names = {" ": "space", ".": "period"}
+        cls.keys("ctrl+a", *(names.get(letter, letter) for letter in text))
 
 
 def run(road):

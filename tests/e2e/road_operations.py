@@ -3,16 +3,17 @@
 
 import os
 import shutil
-import stat
+import subprocess
 import sys
 
-from driver import Atspi, expect, run, wait
+from driver import expect, run, wait
 from trees import ATTRIBUTE, below, differences, picture
 
 OLD, NEW = 1_500_000_000, 1_700_000_000
 ODD_NAME = "two  blanks üñ back\\slash.txt"
 ODD_ROW = "two  blanks üñ back\uf05cslash"  # a backslash in a name has a stand-in, as it would part folders
-MANY = 3000
+MANY = 12_000
+ATTEMPTS = 5  # the program may be done before it can be held
 
 
 class Road:
@@ -27,10 +28,7 @@ class Road:
     def fill(self):
         """Both folders anew: everything in Work, and in Target one older and one newer file of the same names."""
         for folder in (self.work, self.target):
-            if os.path.isdir(folder):
-                for name in os.listdir(folder):
-                    path = os.path.join(folder, name)
-                    shutil.rmtree(path) if os.path.isdir(path) else os.remove(path)
+            self.empty(folder)
         self.file("Work/alpha.txt", "alpha", NEW, 0)
         self.file("Work/beta.txt", "beta" * 5000, NEW)
         self.file("Work/" + ODD_NAME, "odd", OLD)
@@ -39,6 +37,12 @@ class Road:
         self.file("Target/alpha.txt", "old alpha", OLD, 0x20)
         self.file("Target/beta.txt", "newer beta", NEW + 60)
         self.file("Target/Garden/oak.txt", "oak", OLD)
+
+    @staticmethod
+    def empty(folder):
+        for name in os.listdir(folder) if os.path.isdir(folder) else ():
+            path = os.path.join(folder, name)
+            shutil.rmtree(path) if os.path.isdir(path) else os.remove(path)
 
     def file(self, name, text, date, attributes=None, mode=0o644):
         path = os.path.join(self.program.home, name)
@@ -106,9 +110,7 @@ class Road:
 
 def copy_to_free_place(road):
     road.fill()
-    for name in os.listdir(road.target):
-        path = os.path.join(road.target, name)
-        shutil.rmtree(path) if os.path.isdir(path) else os.remove(path)
+    road.empty(road.target)
     work, _ = road.pictures()
     road.start("Copy", "Copy Item(s)", "Return", "\\ Garden", "beta", ODD_ROW)
     road.ended()
@@ -125,25 +127,27 @@ def overwrite_answers(road):
         ("cancel by Esc", (("beta.txt", "Escape"),), ()),
         ("all", (("beta.txt", "alt+a"),), ("alpha.txt", "beta.txt")),
         ("all older", (("beta.txt", "alt+o"),), ("alpha.txt",)),
-        ("rename is offered", (("beta.txt", "alt+r"), ), ()),
+        ("the target renamed", (("beta.txt", "alt+r"), ("alpha.txt", "alt+s")), ("beta.txt",)),
     )
     for step, answers, replaced in cases:
         road.fill()
         work, target = road.pictures()
         road.start("Copy", "Copy Item(s)", "alt+o", "alpha", "beta")
+        wanted = {**target, **{name: work[name] for name in replaced}}
         for name, key in answers:
-            if key == "alt+r":
-                rename_is_offered(road)
-                key = "alt+c"
             road.overwrite(name, key)
+            if key == "alt+r":
+                wanted["kept.txt"] = target[name]
+                give_name(road, name, "kept.txt")
         road.ended()
-        road.expect(step, work, {**target, **{name: work[name] for name in replaced}})
+        road.expect(step, work, wanted)
 
 
-def rename_is_offered(road):
-    dialog = road.program.dialog("Overwrite Warning !")
-    button = road.program.named(dialog, "Rename Target")
-    expect("Rename Target is enabled", button and button.get_state_set().contains(Atspi.StateType.ENABLED))
+def give_name(road, name, wanted):
+    dialog = road.program.dialog("Rename Target File")
+    wait(f"the name {name}", lambda: road.program.field(dialog, "New name") == name)
+    road.program.type_over(wanted)
+    road.program.keys("Return")
 
 
 def merge_folders(road):
@@ -248,6 +252,74 @@ def browse(road):
     wait("the right panel on the shelf", lambda: program.rows(2) == [ODD_ROW])
 
 
+def stop(road):
+    """A stop in the middle leaves every item whole, and none gone from both folders."""
+    for command in ("Copy", "Move", "Delete"):
+        for _ in range(ATTEMPTS):
+            items = fill_with_many(road)
+            open_for_all(road, command)
+            stopped = stop_in_the_middle(road, command)
+            road.ended()
+            expect_whole(command, stopped, items, *road.pictures())
+            if stopped:
+                break
+        expect(f"{command} was stopped in the middle", stopped)
+
+
+def fill_with_many(road):
+    road.empty(road.work)
+    road.empty(road.target)
+    for number in range(MANY):
+        road.file(f"Work/{number}.txt", f"file {number}", OLD + number)
+    return picture(road.work)
+
+
+def open_for_all(road, command):
+    program = road.program
+    program.click(program.list(1))
+    program.keys("F4")
+    wait("the panel read anew", lambda: program.list(1).get_table_iface().get_n_rows() == MANY)
+    program.keys("Home", "shift+End")
+    wait("the selection", lambda: program.status_has(f"{MANY}  Item(s) Selected"))
+    program.command(command)
+    program.dialog(command + " Item(s)")
+
+
+def stop_in_the_middle(road, command):
+    """The program is held when its first effect is seen, and finds the key when it goes on. False: it was done before."""
+    program = road.program
+    window = subprocess.check_output(["xdotool", "getactivewindow"], text=True).strip()
+    changed = road.target if command != "Delete" else road.work
+    before = os.stat(changed).st_mtime_ns
+    program.keys("Return")
+    if command == "Delete":
+        question = program.dialog("Alert !")
+        expect("the question counts the items", program.says(question, f"Direct deleting {MANY} File(s)/Folder(s) ?"))
+        program.click(program.named(question, "Execute"))
+    while os.stat(changed).st_mtime_ns == before:
+        pass
+    with program.held():
+        subprocess.run(["xdotool", "key", "--window", window, "alt+s"], check=True)
+    aborted = f"{command} Process Aborted. !"
+    wait("an end", lambda: not program.dialogs() or program.says(program.top("Alert"), aborted))
+    if not program.dialogs():
+        return False
+    road.answer("Alert", aborted, "Return", "Ok")
+    return True
+
+
+def expect_whole(command, stopped, items, work, target):
+    handled = len(target) if command != "Delete" else len(items) - len(work)
+    expect(f"{command}, stopped: {stopped}, has handled {handled}", 0 < handled < MANY if stopped else handled == MANY)
+    left = items if command == "Copy" else {name: items[name] for name in items if name not in target}
+    arrived = {name: items[name] for name in target}
+    for folder, seen, wanted in (("Work", work, left), ("Target", target, arrived)):
+        if command == "Delete" and folder == "Work":
+            wanted = {name: items[name] for name in work}
+        words = differences(seen, wanted)
+        expect(f"after a stopped {command}, in {folder}: {words}", not words)
+
+
 def road(program):
     steps = Road(program)
     steps.fill()
@@ -256,7 +328,7 @@ def road(program):
     wait("Target", lambda: "alpha" in program.rows(2))
     program.click_row(1, "\\ Work", 2)
     wait("Work", lambda: ODD_ROW in program.rows(1))
-    for step in (copy_to_free_place, overwrite_answers, merge_folders, protected_target, move, delete, browse):
+    for step in (copy_to_free_place, overwrite_answers, merge_folders, protected_target, move, delete, stop, browse):
         print(step.__name__, flush=True)
         step(steps)
     program.keys("alt+F4")

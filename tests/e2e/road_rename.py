@@ -42,7 +42,8 @@ def road(program):
     wait("one selected", lambda: program.status_has("1  Item(s) Selected"))
     program.keys("alt+f", "r")
     wait("the rename dialog", lambda: opened(program, "Rename Item(s)"))
-    program.keys("ctrl+a", "S", "u", "n", "Return")
+    program.type_over("Sun")
+    program.keys("Return")
     wait("the single name", lambda: "Sun" in program.rows(1))
     wait("the dialog to go", lambda: not program.dialogs())
     program.keys("alt+F4")
@@ -62,7 +63,7 @@ def fill(program, dialog, name, text):
     wait(name + " to be usable", lambda: field.get_state_set().contains(Atspi.StateType.SENSITIVE))
     field.get_component_iface().grab_focus()
     wait(name + " to have the keyboard", lambda: field.get_state_set().contains(Atspi.StateType.FOCUSED))
-    program.keys("ctrl+a", *(("space" if letter == " " else letter) for letter in text))
+    program.type_over(text)
     wait(f"{text} in its field", lambda: field.get_text_iface().get_text(0, -1) == text)
 
 
