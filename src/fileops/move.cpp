@@ -67,19 +67,24 @@ Operation::Item Move::folder() {
     return refused();
   }
   showItem("Processing... " + item);
-  if (!stays_) {
-    alert("Cannot Move Folder to Another Drive !\rUse Delete after Copy Instead !");
-    return Item::PassedOver;
-  }
+  if (!stays_) return isAnotherDrive();
   if (context_.files().folderExists(target)) {
     alert("Folder Exist on Target, - Cannot Move!");
     return Item::PassedOver;
   }
   form.BytesDone += static_cast<double>(context_.folderBytes(item));
-  succeeded_ = runLong([&] { return context_.files().moveFolder(item, target); }).ok();
+  const auto moved = runLong([&] { return context_.files().moveFolder(item, target); });
+  // A volume mounted below a folder has no drive letter to tell it by.
+  if (!moved && moved.error().code == platform::ErrorCode::NotSupported) return isAnotherDrive();
+  succeeded_ = moved.ok();
   PogressCal(form, dialog_);
   RefreshTreeNeeded_ = true;
   return Item::Done;
+}
+
+Operation::Item Move::isAnotherDrive() {
+  alert("Cannot Move Folder to Another Drive !\rUse Delete after Copy Instead !");
+  return Item::PassedOver;
 }
 
 void Move::ended(bool /*normally*/) { form5_.MoveRunning = false; }

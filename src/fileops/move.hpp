@@ -24,6 +24,8 @@ class Move : public TargetOperation {
   void ended(bool normally) override;
 
  private:
+  Item isAnotherDrive();
+
   Form5& form5_;
   bool stays_ = false;        ///< source and target are on one drive
   bool toItsFolder_ = false;  ///< source and target are one folder, by whatever drives

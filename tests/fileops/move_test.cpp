@@ -1,4 +1,5 @@
 #include "operation_test.hpp"
+#include "support/own_mounts.hpp"
 
 namespace varnholt::fileops {
 namespace {
@@ -78,6 +79,20 @@ TEST_F(MoveTest, RefusalsOfFolders) {
   EXPECT_TRUE(rig.exists("C:\\From\\Data"));
   EXPECT_EQ(rig.read("D:\\To\\y"), "y");
   EXPECT_FALSE(rig.exists("C:\\From\\y"));
+}
+
+TEST_F(MoveTest, AFolderStaysOnItsVolumeUnderOneLetterToo) {
+  const auto mounted = test::ScopedMount::memory(rig.systemPath("C:\\To"));
+  if (!mounted) GTEST_SKIP() << "no mounts are permitted here";
+  rig.write("C:\\From\\Data\\x", "x");
+  rig.write("C:\\From\\y", "y");
+  select({"\\ Data", "y"});
+  starts("Form5");
+  alerts("Cannot Move Folder to Another Drive !\rUse Delete after Copy Instead !");
+  rig.command("Command3_Click");
+  EXPECT_EQ(rig.names(left()), std::vector<std::string>{"\\ Data| "});
+  EXPECT_EQ(rig.read("C:\\From\\Data\\x"), "x");
+  EXPECT_EQ(rig.names(right()), std::vector<std::string>{"y|"});
 }
 
 TEST_F(MoveTest, StopLeavesTheItemInHandAlone) {
