@@ -1,14 +1,17 @@
 // The controls that show or set a number in a range, and the month.
 #include "controls/standard.hpp"
 #include "qt/adapters/adapter.hpp"
+#include "qt/icons.hpp"
 #include "qt/theme.hpp"
 
 #include <QCalendarWidget>
 #include <QProgressBar>
 #include <QSlider>
 #include <QTextCharFormat>
+#include <QToolButton>
 
 #include <algorithm>
+#include <utility>
 
 namespace varnholt::qt {
 namespace {
@@ -58,6 +61,9 @@ class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
     weekend.setForeground(theme::readable(Qt::red, drawn.palette().color(QPalette::Base)));
     for (const auto day : {Qt::Saturday, Qt::Sunday})
       drawn.setWeekdayTextFormat(day, weekend);
+    // The names by which the toolkit calls its own parts.
+    for (const auto& [part, icon] : {std::pair{"qt_calendar_prevmonth", "back"}, {"qt_calendar_nextmonth", "forward"}})
+      if (auto* button = drawn.findChild<QToolButton*>(QLatin1String(part))) button->setIcon(iconNamed(icon));
     connect(&drawn, &QCalendarWidget::clicked, this, &MonthViewAdapter::pick);
     connect(&drawn, &QCalendarWidget::activated, this, &MonthViewAdapter::pick);
   }
