@@ -70,6 +70,18 @@ bool markHolds(std::string_view mark, std::uint32_t code) {
   return firstCharacter(mark).code == code;
 }
 
+/// A byte of the pattern that is a whole character and stands for itself.
+bool isPlain(char mark) {
+  return static_cast<unsigned char>(mark) < 0x80 && mark != '*' && mark != '?' && mark != '#' && mark != '[';
+}
+
+/// Where a star that ends at `text[at]` can end next, given what the pattern goes on with. npos: nowhere.
+size_t nextEnd(std::string_view pattern, std::string_view text, size_t at) {
+  if (at == text.size()) return std::string_view::npos;
+  if (isPlain(pattern.front())) return text.find(pattern.front(), at + 1);
+  return at + firstCharacter(text.substr(at)).bytes;
+}
+
 }  // namespace
 
 bool wildcardMatch(std::string_view pattern, std::string_view text) {
@@ -80,10 +92,17 @@ bool wildcardMatch(std::string_view pattern, std::string_view text) {
     if (p == pattern.size() && t == text.size()) return true;
     if (p < pattern.size() && pattern[p] == '*') {
       afterStar = ++p;
+      if (p == pattern.size()) return true;
       starText = t;
       continue;
     }
-    if (p < pattern.size()) {
+    if (p < pattern.size() && isPlain(pattern[p])) {
+      if (t < text.size() && text[t] == pattern[p]) {
+        ++p;
+        ++t;
+        continue;
+      }
+    } else if (p < pattern.size()) {
       const std::string_view mark = pattern.substr(p, markSize(pattern.substr(p)));
       const bool isEmpty = mark == "[]";
       const TextCharacter character =
@@ -95,9 +114,9 @@ bool wildcardMatch(std::string_view pattern, std::string_view text) {
       }
     }
     // The last star takes one character more; an earlier one need not, since the last can take all that it would.
-    if (afterStar == none || starText == text.size()) return false;
-    starText += firstCharacter(text.substr(starText)).bytes;
-    t = starText;
+    if (afterStar == none) return false;
+    t = starText = nextEnd(pattern.substr(afterStar), text, starText);
+    if (t == none) return false;
     p = afterStar;
   }
 }
