@@ -35,6 +35,12 @@ TextCharacter firstCharacter(std::string_view text) {
   return {code, lead.bytes};
 }
 
+std::string_view trimmed(std::string_view text) {
+  const auto from = text.find_first_not_of(' ');
+  if (from == std::string_view::npos) return {};
+  return text.substr(from, text.find_last_not_of(' ') - from + 1);
+}
+
 size_t characterCount(std::string_view text) {
   size_t count = 0;
   for (; !text.empty(); ++count)

@@ -16,6 +16,9 @@ struct TextCharacter {
 /// every text can be walked and no two texts look alike.
 TextCharacter firstCharacter(std::string_view text);
 
+/// Without the blanks around it.
+std::string_view trimmed(std::string_view text);
+
 size_t characterCount(std::string_view text);
 /// The last `count` characters, or all of it.
 std::string_view lastCharacters(std::string_view text, size_t count);

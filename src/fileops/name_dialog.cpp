@@ -1,19 +1,11 @@
 #include "fileops/name_dialog.hpp"
 
+#include "core/text_character.hpp"
 #include "core/val_input_rule.hpp"
 
 #include <utility>
 
 namespace varnholt::fileops {
-namespace {
-
-std::string trimmed(const std::string& text) {
-  const auto from = text.find_first_not_of(' ');
-  if (from == std::string::npos) return {};
-  return text.substr(from, text.find_last_not_of(' ') - from + 1);
-}
-
-}  // namespace
 
 fileops::Form32::Form32(core::MessageDialogs& dialogs) : Form(dialogs.loop(), "Form32"), dialogs_(dialogs) {
   Caption = "Make File";
@@ -47,7 +39,7 @@ std::optional<std::string> fileops::Form32::ask(NameQuestion question) {
 }
 
 void fileops::Form32::Command11_Click() {
-  const std::string name = trimmed(Text1.Text);
+  const std::string name(core::trimmed(Text1.Text.get()));
   if (name.empty() || name == question_.emptyAnswer) {
     Text1.Text = question_.emptyAnswer;
     Text1.SetFocus();

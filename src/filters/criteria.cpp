@@ -1,5 +1,6 @@
 #include "filters/criteria.hpp"
 
+#include "core/text_character.hpp"
 #include "core/wildcard.hpp"
 #include "platform/text_fold.hpp"
 
@@ -24,17 +25,11 @@ platform::Date platform::Entry::*dateOf(std::string_view DateSystem) {
 
 }  // namespace
 
-std::string trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
-}
-
 std::vector<std::string> stringdiv(std::string_view list) {
   std::vector<std::string> patterns;
   while (!list.empty()) {
     const auto comma = std::min(list.find(','), list.size());
-    if (auto pattern = trimmed(list.substr(0, comma)); !pattern.empty()) patterns.push_back(std::move(pattern));
+    if (const auto pattern = core::trimmed(list.substr(0, comma)); !pattern.empty()) patterns.emplace_back(pattern);
     list.remove_prefix(std::min(comma + 1, list.size()));
   }
   return patterns;

@@ -38,8 +38,6 @@ platform::Attributes attsettings(bool readOnly, bool system, bool hidden);
 /// A number in the regional form, without thousands signs; nothing for any other text.
 std::optional<double> readNumber(std::string_view text, const platform::RegionalFormats& regional);
 
-std::string trimmed(std::string_view text);
-
 /// The test of one run of a filter. All that does not change from file to file is worked out when it is made.
 class FilterTest {
  public:

@@ -1,6 +1,7 @@
 #include "filters/filter_dialogs.hpp"
 
 #include "core/item_text.hpp"
+#include "core/text_character.hpp"
 #include "filters/date_dialog.hpp"
 
 #include <utility>
@@ -124,14 +125,14 @@ std::optional<Criteria> FilterForm::criteria() {
   Criteria asked;
   const auto& regional = program_.platform.regional;
   asked.sizeOn = Check4.Value != 0;
-  asked.lowerText = trimmed(Text3.Text.get());
-  asked.upperText = trimmed(Text1.Text.get());
+  asked.lowerText = core::trimmed(Text3.Text.get());
+  asked.upperText = core::trimmed(Text1.Text.get());
   asked.lower = readNumber(asked.lowerText, regional);
   asked.upper = readNumber(asked.upperText, regional);
   if (asked.sizeOn && !sizesAgree(asked)) return {};
   if (!attributeText().empty()) asked.attributes = attsettings(Check1.Value, Check2.Value, Check3.Value);
   if (datesOn()) asked.dates = dates;
-  asked.pattern = trimmed(Text2.Text.get());
+  asked.pattern = core::trimmed(Text2.Text.get());
   return asked;
 }
 

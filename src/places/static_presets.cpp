@@ -1,18 +1,13 @@
 #include "places/static_presets.hpp"
 
 #include "core/item_text.hpp"
+#include "core/text_character.hpp"
 #include "platform/text_fold.hpp"
 
 namespace varnholt::places {
 namespace {
 
 constexpr const char* Title = "Static Preset View";
-
-std::string trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
-}
 
 }  // namespace
 
@@ -51,14 +46,14 @@ std::optional<places::Form21::Preset> places::Form21::ask() {
 }
 
 void places::Form21::Command11_Click() {
-  const std::string name = platform::upperCase(trimmed(Text1.Text.get()));
+  const std::string name = platform::upperCase(core::trimmed(Text1.Text.get()));
   if (isTaken && isTaken(name)) {
     program_.dialogs.alert("\rPresetName already exist !");
     Text1.Text = "";
     Text1.SetFocus();
     return;
   }
-  taken_ = Preset{name, core::properCase(trimmed(Text2.Text.get()))};
+  taken_ = Preset{name, core::properCase(core::trimmed(Text2.Text.get()))};
   UnloadForm();
 }
 

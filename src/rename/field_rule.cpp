@@ -1,7 +1,6 @@
 #include "rename/field_rule.hpp"
 
 #include "core/text_character.hpp"
-#include "rename/mask.hpp"
 
 namespace varnholt::rename {
 namespace {
@@ -11,7 +10,7 @@ constexpr std::uint32_t LastCodePoint = 0x10FFFF;
 }  // namespace
 
 bool FieldRule::allows(std::string_view field) const {
-  field = trimmed(field);
+  field = core::trimmed(field);
   if (loneAsterisk && field.size() > 1 && field.find('*') != std::string_view::npos) return false;
   while (!field.empty()) {
     const auto character = core::firstCharacter(field);

@@ -1,5 +1,6 @@
 #include "rename/mask.hpp"
 
+#include "core/text_character.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
 
@@ -41,7 +42,7 @@ bool take(std::string_view& text, std::string_view sign) {
 }
 
 std::optional<Decimal> parse(std::string_view text, const platform::RegionalFormats& regional) {
-  text = trimmed(text);
+  text = core::trimmed(text);
   Decimal number;
   number.negative = take(text, "-");
   if (!number.negative) take(text, "+");
@@ -118,12 +119,6 @@ std::string nextCounter(std::string_view counter, const platform::RegionalFormat
 }
 
 // --- Names ---------------------------------------------------------------------------------------------------------
-
-std::string_view trimmed(std::string_view text) {
-  const auto from = text.find_first_not_of(' ');
-  if (from == std::string_view::npos) return {};
-  return text.substr(from, text.find_last_not_of(' ') - from + 1);
-}
 
 std::string CutText(std::string name, std::string_view text) {
   if (text.empty()) return name;

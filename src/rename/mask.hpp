@@ -35,7 +35,4 @@ bool isNumeric(std::string_view text, const platform::RegionalFormats& regional)
 /// What is no number counts as 0.
 std::string nextCounter(std::string_view counter, const platform::RegionalFormats& regional);
 
-/// Without the blanks around it.
-std::string_view trimmed(std::string_view text);
-
 }  // namespace varnholt::rename

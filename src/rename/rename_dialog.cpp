@@ -200,7 +200,7 @@ void rename::Form14::Check2_Click() {
   showMask(maskOn());
 }
 
-void rename::Form14::readCounter() { counter_ = trimmed(Text5.Text.get()).empty() ? "0" : Text5.Text.get(); }
+void rename::Form14::readCounter() { counter_ = core::trimmed(Text5.Text.get()).empty() ? "0" : Text5.Text.get(); }
 
 void rename::Form14::Text5_Change() {
   readCounter();
@@ -232,7 +232,7 @@ bool rename::Form14::readMask() {
 }
 
 Mask rename::Form14::mask() const {
-  const auto text = [](const controls::TextBox& field) { return std::string(trimmed(field.Text.get())); };
+  const auto text = [](const controls::TextBox& field) { return std::string(core::trimmed(field.Text.get())); };
   Mask mask;
   mask.newBase = Check2.Value != 0;
   mask.base = text(Text3);
