@@ -99,12 +99,6 @@ TEST_F(DrawnChart, AClickOnAPointArrivesOnceAndElsewhereNever) {
   }
 }
 
-TEST_F(DrawnChart, ABarThatIsTooLowToSeeIsHitByItsColumn) {
-  show(controls::Chart::Type::Bar, {{"large", 1e9}, {"empty", 0}});
-  click({view.middleOf(1).x(), view.plot().center().y()});
-  EXPECT_EQ(chosen, std::vector<int>{1});
-}
-
 TEST_F(DrawnChart, KeysWalkThePoints) {
   show(controls::Chart::Type::Bar, {{"a", 1}, {"b", 2}, {"c", 3}});
   for (const auto key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_End, Qt::Key_Right, Qt::Key_Left, Qt::Key_Home}) {
@@ -132,16 +126,6 @@ TEST_F(DrawnChart, AssistiveTechnologyHearsTheTitleAndTheNumbers) {
   EXPECT_EQ(view.accessibleDescription(), QStringLiteral("Pie: Used 75.0%, Available 25.0%"));
   chart.Title = "";
   EXPECT_EQ(joined->accessibleName(), QStringLiteral("Chart"));
-}
-
-TEST_F(DrawnChart, ItsOwnColoursAreToldFromTheGroundAndFromTheirNeighbours) {
-  show(controls::Chart::Type::Pie, Values(12, {"file", 1}));
-  const QColor ground = QColor::fromRgb(qt::theme::ListBase);
-  for (int point = 0; point < 12; ++point) {
-    EXPECT_GE(qt::theme::contrast(view.colorOf(point), ground), 3.0) << point;
-    EXPECT_NE(view.colorOf(point), view.colorOf((point + 1) % 12)) << point;
-  }
-  EXPECT_GE(qt::theme::contrast(QColor::fromRgb(qt::theme::DimText), ground), 4.5);
 }
 
 TEST_F(DrawnChart, NumbersThatCannotBeDrawnAreNothing) {
