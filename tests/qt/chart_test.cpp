@@ -1,6 +1,5 @@
 #include "controls/standard.hpp"
-#include "drawn.hpp"
-#include "qt/adapters/adapter.hpp"
+#include "joined.hpp"
 #include "qt/theme.hpp"
 #include "qt/widgets/chart_view.hpp"
 
@@ -17,23 +16,24 @@ struct ChartForm : controls::Form {
 
 constexpr controls::Color Red = 0x0000FF, Green = 0x00FF00;
 
-class DrawnChart : public testing::Test, protected qt::Host {
+class DrawnChart : public Joined {
  protected:
   DrawnChart() {
-    joined = qt::join(*this, chart, view);
+    join(chart, view);
     view.resize(480, 260);
     view.show();
     chart.PointSelected = [this](int point) { chosen.push_back(point); };
   }
   using Values = std::vector<controls::Chart::Value>;
 
-  QImage draw() {
-    joined->update();
+  QImage drawn() {
+    draw();
     return view.grab().toImage().convertToFormat(QImage::Format_RGB32);
   }
   void show(controls::Chart::Type type, Values values) {
     chart.ChartType = type;
     chart.Values = std::move(values);
+    chart.SelectedPoint = -1;
     draw();
   }
   int pixels(const QImage& image, const QColor& color) const {
@@ -46,26 +46,18 @@ class DrawnChart : public testing::Test, protected qt::Host {
   }
   void click(const QPoint& at) { QTest::mouseClick(&view, Qt::LeftButton, {}, at); }
 
-  qt::QtMessageLoop loop;
   ChartForm form{loop};
   controls::Chart& chart = form.Chart1;
   qt::ChartView view;
-  std::unique_ptr<qt::Adapter> joined;
-  qt::Pictures read;
   std::vector<int> chosen;
-
- private:
-  void fromUser(std::function<void()> act) override { act(); }
-  bool previewKey(controls::KeyEvent&) override { return false; }
-  void focusTaken(controls::Control&) override {}
-  qt::Pictures& pictures() override { return read; }
-  qt::DragAndDrop& dragAndDrop() override { return loop.dragAndDrop(); }
-  void afterDrop(std::function<void()> act) override { act(); }
 };
 
+constexpr auto Pie = controls::Chart::Type::Pie;
+constexpr auto Bar = controls::Chart::Type::Bar;
+
 TEST_F(DrawnChart, SlicesAreAsLargeAsTheirNumbersInTheColoursGiven) {
-  show(controls::Chart::Type::Pie, {{"Used", 3e11, Red}, {"Available", 1e11, Green}});
-  const QImage image = draw();
+  show(Pie, {{"Used", 3e11, Red}, {"Available", 1e11, Green}});
+  const QImage image = drawn();
   const double red = pixels(image, Qt::red), green = pixels(image, QColor(0, 255, 0));
   EXPECT_NEAR(red / (red + green), 0.75, 0.02);
   const QPoint middle = view.plot().center(), near(4, 4);
@@ -74,8 +66,8 @@ TEST_F(DrawnChart, SlicesAreAsLargeAsTheirNumbersInTheColoursGiven) {
 }
 
 TEST_F(DrawnChart, BarsAreAsHighAsTheirNumbers) {
-  show(controls::Chart::Type::Bar, {{"a", 10, Red}, {"b", 40, Red}, {"c", 20, Red}});
-  const QImage image = draw();
+  show(Bar, {{"a", 10, Red}, {"b", 40, Red}, {"c", 20, Red}});
+  const QImage image = drawn();
   const auto height = [&](int point) {
     int count = 0;
     for (int y = view.plot().top(); y <= view.plot().bottom(); ++y)
@@ -88,7 +80,7 @@ TEST_F(DrawnChart, BarsAreAsHighAsTheirNumbers) {
 }
 
 TEST_F(DrawnChart, AClickOnAPointArrivesOnceAndElsewhereNever) {
-  for (const auto type : {controls::Chart::Type::Pie, controls::Chart::Type::Bar}) {
+  for (const auto type : {Pie, Bar}) {
     show(type, {{"a", 10}, {"b", 40}, {"c", 20}});
     for (const int point : {1, 2, 0}) {
       click(view.middleOf(point));
@@ -100,7 +92,7 @@ TEST_F(DrawnChart, AClickOnAPointArrivesOnceAndElsewhereNever) {
 }
 
 TEST_F(DrawnChart, KeysWalkThePoints) {
-  show(controls::Chart::Type::Bar, {{"a", 1}, {"b", 2}, {"c", 3}});
+  show(Bar, {{"a", 1}, {"b", 2}, {"c", 3}});
   for (const auto key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_End, Qt::Key_Right, Qt::Key_Left, Qt::Key_Home}) {
     QTest::keyClick(&view, key);
     draw();
@@ -109,38 +101,37 @@ TEST_F(DrawnChart, KeysWalkThePoints) {
 }
 
 TEST_F(DrawnChart, APointThatTheProgramSelectsStandsApartAndFiresNothing) {
-  for (const auto type : {controls::Chart::Type::Pie, controls::Chart::Type::Bar}) {
-    chart.SelectedPoint = -1;
+  for (const auto type : {Pie, Bar}) {
     show(type, {{"a", 10, Red}, {"b", 40, Green}});
-    const QImage before = draw();
+    const QImage before = drawn();
     chart.SelectedPoint = 1;
-    EXPECT_NE(draw(), before);
+    EXPECT_NE(drawn(), before);
   }
   EXPECT_TRUE(chosen.empty());
 }
 
 TEST_F(DrawnChart, AssistiveTechnologyHearsTheTitleAndTheNumbers) {
   chart.Title = "Disk usage";
-  show(controls::Chart::Type::Pie, {{"Used", 3, Red}, {"Available", 1, Green}});
-  EXPECT_EQ(joined->accessibleName(), QStringLiteral("Disk usage"));
+  show(Pie, {{"Used", 3, Red}, {"Available", 1, Green}});
+  EXPECT_EQ(joined.front()->accessibleName(), QStringLiteral("Disk usage"));
   EXPECT_EQ(view.accessibleDescription(), QStringLiteral("Pie: Used 75.0%, Available 25.0%"));
   chart.Title = "";
-  EXPECT_EQ(joined->accessibleName(), QStringLiteral("Chart"));
+  EXPECT_EQ(joined.front()->accessibleName(), QStringLiteral("Chart"));
 }
 
 TEST_F(DrawnChart, NumbersThatCannotBeDrawnAreNothing) {
   const double nan = std::numeric_limits<double>::quiet_NaN(), infinite = std::numeric_limits<double>::infinity();
-  for (const auto type : {controls::Chart::Type::Pie, controls::Chart::Type::Bar}) {
+  for (const auto type : {Pie, Bar}) {
     for (const Values& values :
          {Values{}, Values{{"zero", 0}}, Values{{"less", -5}, {"none", nan}, {"all", infinite}}}) {
       show(type, values);
       click(view.plot().center());
       QTest::keyClick(&view, Qt::Key_Right);
-      EXPECT_GT(pixels(draw(), QColor::fromRgb(qt::theme::ListBase)), 100);
+      EXPECT_GT(pixels(drawn(), QColor::fromRgb(qt::theme::ListBase)), 100);
     }
     show(type, {{"less", -5, Red}, {"real", 5, Green}});
-    EXPECT_EQ(pixels(draw(), Qt::red), 0);
-    EXPECT_GT(pixels(draw(), QColor(0, 255, 0)), 100);
+    EXPECT_EQ(pixels(drawn(), Qt::red), 0);
+    EXPECT_GT(pixels(drawn(), QColor(0, 255, 0)), 100);
     chosen.clear();
   }
 }
@@ -148,12 +139,11 @@ TEST_F(DrawnChart, NumbersThatCannotBeDrawnAreNothing) {
 TEST_F(DrawnChart, AsManyPointsAsAFolderHasFilesAreDrawnAndHit) {
   Values values(100'000, {"small", 1, Green});
   values[50'000] = {"large", 1e6, Red};
-  for (const auto type : {controls::Chart::Type::Pie, controls::Chart::Type::Bar}) {
-    chart.SelectedPoint = -1;
+  for (const auto type : {Pie, Bar}) {
     show(type, values);
-    EXPECT_GT(pixels(draw(), Qt::red), 50) << "a high one among many is seen";
-    if (type == controls::Chart::Type::Pie) {
-      EXPECT_GT(pixels(draw(), QColor(0, 255, 0)), 50);
+    EXPECT_GT(pixels(drawn(), Qt::red), 50) << "a high one among many is seen";
+    if (type == Pie) {
+      EXPECT_GT(pixels(drawn(), QColor(0, 255, 0)), 50);
     }
     click(view.middleOf(50'000));
     ASSERT_FALSE(chosen.empty());
