@@ -28,11 +28,6 @@ TEST_F(SettingsTest, NoTwoKeysOfTheVocabularyAreOneInTheStore) {
   }
 }
 
-TEST_F(SettingsTest, SpellingsOfOneKeyAreOneKey) {
-  (void)rig.platform->settings.save("KELVARTON", "filefilter", "Filedata", "*.txt");
-  EXPECT_EQ(settings.get(setting::FileData), "*.txt");
-}
-
 TEST_F(SettingsTest, NumbersAreSinglePrecisionTextsInTheRegionalForm) {
   struct Row {
     const char* text;

@@ -70,16 +70,10 @@ TEST_F(EnvironmentTest, MakesTheWindowsFolderOnceAndLeavesItToTheUser) {
   EXPECT_FALSE(folder.has("data/Windows/system32/cmd.exe"));
   // Nothing of the making is left beside it.
   EXPECT_EQ(std::distance(fs::directory_iterator(folder / "data"), fs::directory_iterator()), 1);
-}
-
-TEST_F(EnvironmentTest, HasNoWindowsFolderWhereItCannotBeMade) {
-  const auto windowsAt = [&](const std::string& target, const std::string& shipped) {
-    return PosixEnvironment(map, WindowsFolder(folder / target, folder / shipped), "", "").windowsFolder();
-  };
-  folder.write("data/file", "x");
-  EXPECT_EQ(windowsAt("data/W", "no assets"), "");
-  EXPECT_EQ(windowsAt("data/file", "assets/windows"), "");
-  EXPECT_EQ(windowsAt("data/file/W", "assets/windows"), "");
+  for (const char* cannotBe : {"data/Windows/explorer.exe", "data/Windows/explorer.exe/W"}) {
+    const WindowsFolder windows(folder / cannotBe, folder / "assets/windows");
+    EXPECT_EQ(PosixEnvironment(map, windows, "", "").windowsFolder(), "") << cannotBe;
+  }
 }
 
 TEST_F(EnvironmentTest, DoesNotUseATemporaryFolderOfSomebodyElse) {
