@@ -26,8 +26,8 @@ class DrawnChart : public Joined {
   }
   using Values = std::vector<controls::Chart::Value>;
 
-  QImage drawn() {
-    draw();
+  QImage draw() {
+    Joined::draw();
     return view.grab().toImage().convertToFormat(QImage::Format_RGB32);
   }
   void show(controls::Chart::Type type, Values values) {
@@ -57,7 +57,7 @@ constexpr auto Bar = controls::Chart::Type::Bar;
 
 TEST_F(DrawnChart, SlicesAreAsLargeAsTheirNumbersInTheColoursGiven) {
   show(Pie, {{"Used", 3e11, Red}, {"Available", 1e11, Green}});
-  const QImage image = drawn();
+  const QImage image = draw();
   const double red = pixels(image, Qt::red), green = pixels(image, QColor(0, 255, 0));
   EXPECT_NEAR(red / (red + green), 0.75, 0.02);
   const QPoint middle = view.plot().center(), near(4, 4);
@@ -67,7 +67,7 @@ TEST_F(DrawnChart, SlicesAreAsLargeAsTheirNumbersInTheColoursGiven) {
 
 TEST_F(DrawnChart, BarsAreAsHighAsTheirNumbers) {
   show(Bar, {{"a", 10, Red}, {"b", 40, Red}, {"c", 20, Red}});
-  const QImage image = drawn();
+  const QImage image = draw();
   const auto height = [&](int point) {
     int count = 0;
     for (int y = view.plot().top(); y <= view.plot().bottom(); ++y)
@@ -103,9 +103,9 @@ TEST_F(DrawnChart, KeysWalkThePoints) {
 TEST_F(DrawnChart, APointThatTheProgramSelectsStandsApartAndFiresNothing) {
   for (const auto type : {Pie, Bar}) {
     show(type, {{"a", 10, Red}, {"b", 40, Green}});
-    const QImage before = drawn();
+    const QImage before = draw();
     chart.SelectedPoint = 1;
-    EXPECT_NE(drawn(), before);
+    EXPECT_NE(draw(), before);
   }
   EXPECT_TRUE(chosen.empty());
 }
@@ -127,11 +127,11 @@ TEST_F(DrawnChart, NumbersThatCannotBeDrawnAreNothing) {
       show(type, values);
       click(view.plot().center());
       QTest::keyClick(&view, Qt::Key_Right);
-      EXPECT_GT(pixels(drawn(), QColor::fromRgb(qt::theme::ListBase)), 100);
+      EXPECT_GT(pixels(draw(), QColor::fromRgb(qt::theme::ListBase)), 100);
     }
     show(type, {{"less", -5, Red}, {"real", 5, Green}});
-    EXPECT_EQ(pixels(drawn(), Qt::red), 0);
-    EXPECT_GT(pixels(drawn(), QColor(0, 255, 0)), 100);
+    EXPECT_EQ(pixels(draw(), Qt::red), 0);
+    EXPECT_GT(pixels(draw(), QColor(0, 255, 0)), 100);
     chosen.clear();
   }
 }
@@ -141,9 +141,9 @@ TEST_F(DrawnChart, AsManyPointsAsAFolderHasFilesAreDrawnAndHit) {
   values[50'000] = {"large", 1e6, Red};
   for (const auto type : {Pie, Bar}) {
     show(type, values);
-    EXPECT_GT(pixels(drawn(), Qt::red), 50) << "a high one among many is seen";
+    EXPECT_GT(pixels(draw(), Qt::red), 50) << "a high one among many is seen";
     if (type == Pie) {
-      EXPECT_GT(pixels(drawn(), QColor(0, 255, 0)), 50);
+      EXPECT_GT(pixels(draw(), QColor(0, 255, 0)), 50);
     }
     click(view.middleOf(50'000));
     ASSERT_FALSE(chosen.empty());

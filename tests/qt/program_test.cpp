@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QPushButton>
+#include <QToolButton>
 
 namespace varnholt::test {
 namespace {
