@@ -21,6 +21,16 @@ TEST_F(DrawnProgram, TheTipOpensOnTheMainWindowAndItsBoxIsKept) {
   EXPECT_TRUE(waitFor([&] { return shown && !app.frmTip.Visible; }));
 }
 
+TEST_F(DrawnProgram, APanelThatGetsTheKeyboardIsTheActiveOne) {
+  start();
+  for (const char* name : {"ListView2", "ListView1"}) {
+    list(name)->setFocus(Qt::TabFocusReason);
+    loop.flush();
+    const QString head = list(name)->model()->headerData(0, Qt::Horizontal).toString();
+    EXPECT_TRUE(head.contains(QStringLiteral("[Me Active]"))) << name;
+  }
+}
+
 TEST_F(DrawnProgram, AnotherDriveIsChosenInItsList) {
   start();
   auto* drives = usable<QComboBox>(window, "Drive2");
