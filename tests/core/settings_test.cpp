@@ -49,19 +49,6 @@ TEST_F(SettingsTest, TheClockFollowsTheRegionUntilTheUserChooses) {
   EXPECT_EQ(LoadInitSettings(settings, true).DateTimeFormat, "0");
 }
 
-TEST_F(SettingsTest, TheStateSurvivesTheStoreWhole) {
-  InitState state = LoadInitSettings(settings, false);
-  EXPECT_EQ(state.VDTViewState, "Default.Pro");
-  state.VDTViewState = "Work.Pro";
-  state.MainViewState = "2";
-  state.Skintype = "7";
-  Settings::Batch batch;
-  StoreInitSettings(state, batch);
-  settings.save(batch);
-  const InitState again = LoadInitSettings(settings, false);
-  EXPECT_EQ(again.VDTViewState + again.MainViewState + again.Skintype, "Work.Pro27");
-}
-
 TEST_F(SettingsTest, RegistryWrappersGiveFallbacksAndNeverErrors) {
   using platform::RegistryRoot;
   RegistryAccess registry(rig.platform->registry, rig.app().dialogs);

@@ -116,7 +116,7 @@ TEST(SetAttributes, VolumeWithoutExtendedAttributesKeepsReadOnly) {
 TEST(SetModified, AnyDate) {
   TempFolder temp;
   temp.file("a").folder("f");
-  for (const Date& date : {Date{-86400, 500}, Date{0, 0}, Date{4102444800, 999999999}}) {
+  for (const Date& date : {Date{-86400, 500}, Date{4102444800, 999999999}}) {
     ASSERT_TRUE(temp.files.setModified(temp.path("a"), date));
     EXPECT_EQ(temp.files.info(temp.path("a"))->modified, date);
   }
