@@ -1,5 +1,4 @@
 #include "platform/posix/program_resources.hpp"
-#include "support/temp_folder.hpp"
 #include "support/windows_program.hpp"
 
 #include <gtest/gtest.h>
@@ -54,15 +53,6 @@ TEST(VersionResource, ALyingSizeMakesNobodyReadGigabytes) {
             }),
             "0.1.0.2");
   EXPECT_LE(asked, 65536u);
-}
-
-TEST(FileVersion, OfFiles) {
-  test::TempFolder temp;
-  temp.file("a.exe", windowsProgram(true, 0x00010002, 0x00030004)).file("a.txt", "text").folder("f");
-  EXPECT_EQ(temp.files.fileVersion(temp.path("a.exe")).valueOr("?"), "1.2.3.4");
-  EXPECT_EQ(temp.files.fileVersion(temp.path("a.txt")).valueOr("?"), "");
-  EXPECT_EQ(test::codeOf(temp.files.fileVersion(temp.path("f"))), ErrorCode::IsAFolder);
-  EXPECT_EQ(test::codeOf(temp.files.fileVersion(temp.path("none"))), ErrorCode::NotFound);
 }
 
 }  // namespace

@@ -12,18 +12,11 @@
 #include <unistd.h>
 
 namespace varnholt::test {
-namespace {
 
-using platform::posix::parseDriveVariable;
 namespace fs = std::filesystem;
 
-std::vector<platform::posix::DriveMapping> drivesOver(const std::string& folder) {
-  return parseDriveVariable("C=" + folder + ";E=" + folder + ";Z=/");
-}
-
-}  // namespace
-
-TempFolder::TempFolder() : map(drivesOver(scratch.path())), files(map) {}
+TempFolder::TempFolder()
+    : map(platform::posix::parseDriveVariable("C=" + scratch.path() + ";E=" + scratch.path() + ";Z=/")), files(map) {}
 
 /// Folders that a test locked must not outlive it.
 TempFolder::~TempFolder() {
