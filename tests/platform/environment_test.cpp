@@ -70,9 +70,12 @@ TEST_F(EnvironmentTest, MakesTheWindowsFolderOnceAndLeavesItToTheUser) {
   EXPECT_FALSE(folder.has("data/Windows/system32/cmd.exe"));
   // Nothing of the making is left beside it.
   EXPECT_EQ(std::distance(fs::directory_iterator(folder / "data"), fs::directory_iterator()), 1);
-  for (const char* cannotBe : {"data/Windows/explorer.exe", "data/Windows/explorer.exe/W"}) {
-    const WindowsFolder windows(folder / cannotBe, folder / "assets/windows");
-    EXPECT_EQ(PosixEnvironment(map, windows, "", "").windowsFolder(), "") << cannotBe;
+  const std::pair<const char*, const char*> cannotBe[] = {{"data/Windows/explorer.exe", "assets/windows"},
+                                                          {"data/Windows/explorer.exe/W", "assets/windows"},
+                                                          {"W", "none"}};
+  for (const auto& [place, shipped] : cannotBe) {
+    const WindowsFolder windows(folder / place, folder / shipped);
+    EXPECT_EQ(PosixEnvironment(map, windows, "", "").windowsFolder(), "") << place;
   }
 }
 
