@@ -1,60 +1,34 @@
 #include "support/app_rig.hpp"
+#include "support/windows_program.hpp"
 
 #include <gtest/gtest.h>
 
 namespace varnholt::app {
 namespace {
 
-void put(std::string& bytes, std::size_t at, std::uint32_t value, int count = 4) {
-  if (bytes.size() < at + static_cast<std::size_t>(count)) bytes.resize(at + static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i)
-    bytes[at + static_cast<std::size_t>(i)] = static_cast<char>(value >> (8 * i) & 0xFF);
-}
-
-// One folder of resources at `at` with one entry.
-void putFolder(std::string& bytes, std::size_t at, std::uint32_t id, std::uint32_t target) {
-  put(bytes, at + 14, 1, 2);
-  put(bytes, at + 16, id);
-  put(bytes, at + 20, target);
-}
-
 /// A Windows program that holds nothing but one icon, 16 pixels wide, with the picture bytes given.
 std::string programWithIcon(const std::string& picture) {
-  constexpr std::size_t header = 64, sections = header + 24 + 224, resources = 512;
+  using test::put, test::putEntry, test::programSection, test::programAddress;
+  constexpr std::size_t group = 300, icon = 400;
   constexpr std::uint32_t sub = 0x80000000;
-  std::string bytes = "MZ";
-  put(bytes, 0x3C, header);
-  put(bytes, header, 0x4550);
-  put(bytes, header + 6, 1, 2);
-  put(bytes, header + 20, 224, 2);
-  put(bytes, header + 24, 0x10B, 2);
-  put(bytes, header + 24 + 92, 16);
-  put(bytes, header + 24 + 96 + 16, 0x1000);  // the resource folders' address
-  put(bytes, sections + 12, 0x1000);
-  put(bytes, sections + 16, 2048);
-  put(bytes, sections + 20, resources);
-  // Type folder with two entries: icon (3) and icon group (14).
-  put(bytes, resources + 14, 2, 2);
-  put(bytes, resources + 16, 3);
-  put(bytes, resources + 20, 64 | sub);
-  put(bytes, resources + 24, 14);
-  put(bytes, resources + 28, 160 | sub);
-  putFolder(bytes, resources + 64, 7, 96 | sub);
-  putFolder(bytes, resources + 96, 1033, 128);
-  put(bytes, resources + 128, 0x1000 + 400);
-  put(bytes, resources + 132, static_cast<std::uint32_t>(picture.size()));
-  putFolder(bytes, resources + 160, 1, 192 | sub);
-  putFolder(bytes, resources + 192, 1033, 224);
-  put(bytes, resources + 224, 0x1000 + 300);
-  put(bytes, resources + 228, 20);
-  const std::size_t group = resources + 300;
-  put(bytes, group + 2, 1, 2);
-  put(bytes, group + 4, 1, 2);
-  put(bytes, group + 6, 0x1010, 2);
-  put(bytes, group + 14, static_cast<std::uint32_t>(picture.size()));
-  put(bytes, group + 18, 7, 2);
-  bytes.resize(resources + 400);
-  return bytes + picture + std::string(64, '\0');
+  const auto size = static_cast<std::uint32_t>(picture.size());
+  std::string bytes = test::emptyProgram(false, 1024);
+  putEntry(bytes, programSection, 3, 64 | sub);  // icons
+  putEntry(bytes, programSection + 64, 7, 96 | sub);
+  putEntry(bytes, programSection + 96, 1033, 128);
+  put(bytes, programSection + 128, programAddress + icon, 4);
+  put(bytes, programSection + 132, size, 4);
+  putEntry(bytes, programSection, 14, 160 | sub, 1);  // groups of icons
+  putEntry(bytes, programSection + 160, 1, 192 | sub);
+  putEntry(bytes, programSection + 192, 1033, 224);
+  put(bytes, programSection + 224, programAddress + group, 4);
+  put(bytes, programSection + 228, 20, 4);
+  put(bytes, programSection + group + 2, 1, 2);
+  put(bytes, programSection + group + 4, 1, 2);
+  put(bytes, programSection + group + 6, 0x1010, 2);
+  put(bytes, programSection + group + 14, size, 4);
+  put(bytes, programSection + group + 18, 7, 2);
+  return bytes.replace(programSection + icon, picture.size(), picture);
 }
 
 class IconsTest : public testing::Test {
@@ -106,20 +80,15 @@ TEST_F(IconsTest, WhatFailsFallsBackOnTheSystemLibraryAndThenOnTheDesktop) {
 
 TEST_F(IconsTest, ATruncatedOrLyingProgramIsNoIconAndNoCrash) {
   const std::string whole = programWithIcon("PICTURE");
-  for (std::size_t size = 0; size < whole.size(); size += 7) {
+  for (std::size_t size = 0; size < test::programSection + 400; size += 7) {
     rig.write("C:\\cut.exe", whole.substr(0, size));
-    shown("C:\\cut.exe");
+    EXPECT_FALSE(shown("C:\\cut.exe").PictureData->ends_with("PICTURE")) << size;
   }
-  std::uint32_t seed = 1;
-  for (int round = 0; round < 300; ++round) {
-    std::string lying = whole;
-    for (int change = 0; change < 4; ++change) {
-      seed = seed * 1664525 + 1013904223;
-      lying[(seed >> 8) % lying.size()] = static_cast<char>(seed >> 24);
-    }
-    rig.write("C:\\lying.exe", lying);
-    EXPECT_LT(shown("C:\\lying.exe").PictureData->size(), 65u << 20);
-  }
+  std::string lying = whole;
+  test::put(lying, test::programSection + 304, 0xFFFF, 2);      // so many icons
+  test::put(lying, test::programSection + 132, 0xFFFFFFFF, 4);  // of so many bytes
+  rig.write("C:\\lying.exe", lying);
+  EXPECT_LT(shown("C:\\lying.exe").PictureData->size(), 65u << 20);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 
 namespace varnholt::core {
 namespace {
@@ -16,8 +17,7 @@ const platform::RegionalFormats english{};
 TEST(ItemText, MarksFolders) {
   EXPECT_EQ(makeFolderItem("C:\\Photos"), "|Fold|C:\\Photos");
   EXPECT_TRUE(isFolderItem("|Fold|"));
-  EXPECT_TRUE(isFolderItem("|Fold|C:\\no such folder"));
-  for (const char* file : {"", "a.txt", "C:\\a", "|Fold", "|fold|x", " |Fold|x"}) {
+  for (const char* file : {"", "C:\\a", "|Fold", "|fold|x", " |Fold|x"}) {
     EXPECT_FALSE(isFolderItem(file)) << file;
     EXPECT_EQ(itemPath(file), file);
   }
@@ -42,8 +42,6 @@ TEST(Rows, NameFoldersAndFiles) {
   EXPECT_EQ(folderRowText("My Pictures"), "\\ My Pictures");
   EXPECT_EQ(folderRowName("\\ My Pictures"), "My Pictures");
   EXPECT_EQ(folderRowName("\\"), "");
-  EXPECT_EQ(rowFileName("archive.tar", "gz"), "archive.tar.gz");
-  EXPECT_EQ(rowFileName("Makefile", ""), "Makefile");
   EXPECT_EQ(rowCompareText("archive.tar", "gz"), "archive.tar.gz");
   EXPECT_EQ(rowCompareText("Makefile", ""), "Makefile.");
 }
@@ -63,17 +61,17 @@ TEST(Rows, SplitNamesSoThatTheyCanBePutTogetherAgain) {
 }
 
 TEST(Rows, ShowTheClassOfTheirAttributes) {
-  for (platform::Attributes value = 0; value <= 5000; ++value) {
-    const bool readOnly = value == 1 || value == 33;
-    const bool hidden = (value >= 2 && value <= 7 && value != 5) || (value >= 34 && value <= 39 && value != 37);
-    EXPECT_EQ(itemClass(value), readOnly ? 9 : hidden ? 8 : 7) << value;
-  }
+  const std::map<platform::Attributes, ItemClass> classes{{1, ReadOnlyClass}, {33, ReadOnlyClass}, {2, HiddenClass},
+                                                          {3, HiddenClass},   {4, HiddenClass},    {6, HiddenClass},
+                                                          {7, HiddenClass},   {34, HiddenClass},   {35, HiddenClass},
+                                                          {36, HiddenClass},  {38, HiddenClass},   {39, HiddenClass}};
+  for (platform::Attributes value = 0; value <= 64; ++value)
+    EXPECT_EQ(itemClass(value), classes.contains(value) ? classes.at(value) : FileClass) << value;
 }
 
 TEST(Rows, SortByTheirHiddenKeys) {
-  const std::uint64_t sizes[] = {1, 9, 10, 999, 1000, 999'999, 1'000'000, 123'456'789, 999'999'999'999};
   std::vector<std::string> keys;
-  for (const std::uint64_t size : sizes)
+  for (const std::uint64_t size : {1ull, 9ull, 10ull, 999ull, 1000ull, 1'000'000ull, 999'999'999'999ull})
     keys.push_back(sizeKey(size, english));
   EXPECT_TRUE(std::is_sorted(keys.begin(), keys.end()));
   EXPECT_EQ(keys[4], "000,000,001,000");
@@ -83,15 +81,9 @@ TEST(Rows, SortByTheirHiddenKeys) {
 }
 
 TEST(Rows, CountDaysFromTheEndOf1899) {
-  const std::pair<platform::CalendarTime, std::int64_t> cases[] = {{{1899, 12, 30}, 0},
-                                                                   {{1899, 12, 31, 23, 59, 59}, 1},
-                                                                   {{1900, 3, 1}, 61},
-                                                                   {{1970, 1, 1}, 25569},
-                                                                   {{2007, 3, 9, 23, 59, 59}, 39150},
-                                                                   {{2000, 2, 29}, 36585},
-                                                                   {{2100, 12, 31}, 73415},
-                                                                   {{1899, 12, 29}, -1},
-                                                                   {{1600, 1, 1}, -109571}};
+  const std::pair<platform::CalendarTime, std::int64_t> cases[] = {
+      {{1899, 12, 30}, 0},     {{1900, 3, 1}, 61},   {{2007, 3, 9, 23, 59, 59}, 39150},
+      {{2100, 12, 31}, 73415}, {{1899, 12, 29}, -1}, {{1600, 1, 1}, -109571}};
   for (const auto& [time, days] : cases)
     EXPECT_EQ(dayNumber(time), days) << time.year;
   EXPECT_EQ(dateKey({2007, 3, 9, 23, 59, 59}), "000000000039150");
@@ -102,7 +94,6 @@ TEST(Rows, ShowDatesByTheClockFormat) {
   const platform::CalendarTime time{2007, 3, 9, 14, 5, 7, 5};
   EXPECT_EQ(panelRowDate("1", time), "03-09-07  02:05  PM");
   EXPECT_EQ(panelRowDate("0", time), "09-03-07  14:05");
-  EXPECT_EQ(panelRowDate("", time), "09-03-07  14:05");
   EXPECT_EQ(propertiesDate("1", time), "03-09-07  02:05 PM");
   EXPECT_EQ(propertiesDate("0", time), "09-03-07  14:05");
   EXPECT_EQ(treeDate("1", time), "03-09-07 02:05 PM");
@@ -114,7 +105,6 @@ TEST(Rows, ShowDatesByTheClockFormat) {
 }
 
 TEST(Properties, TellSizesInWords) {
-  EXPECT_EQ(bytesText(0, english), "0  Bytes");
   EXPECT_EQ(bytesText(1234, english), "1,234  Bytes");
   EXPECT_EQ(folderSizeText(0, english), "Emty Folder!");
   EXPECT_EQ(folderSizeText(1, english), "1  Bytes");
@@ -122,13 +112,8 @@ TEST(Properties, TellSizesInWords) {
 
 TEST(Properties, WriteTypesInProperCase) {
   const std::pair<const char*, const char*> cases[] = {
-      {"PNG image", "Png Image"},
-      {"plain text document", "Plain Text Document"},
-      {"C:\\MY files\\x", "C:\\my Files\\x"},
-      {"élan ÉTÉ", "Élan Été"},
-      {"  two  BLANKS ", "  Two  Blanks "},
-      {"don't", "Don't"},
-      {"", ""},
+      {"PNG image", "Png Image"}, {"C:\\MY files\\x", "C:\\my Files\\x"},
+      {"élan ÉTÉ", "Élan Été"},   {"  two  BLANKS ", "  Two  Blanks "},
       {"\xFFX y", "\xFFx Y"},
   };
   for (const auto& [text, proper] : cases)
@@ -138,7 +123,6 @@ TEST(Properties, WriteTypesInProperCase) {
 TEST(AttributeWords, AreThoseOfTheTable) {
   const std::tuple<platform::Attributes, const char*, const char*> cases[] = {
       {0, "No Attributes", "No Attributes !"},
-      {5, "Cannot Identify Attributes !", "Cannot Identify Attributes !"},
       {6, "Hidden", "Hidden"},
       {23, "Folder  [Special]", ""},
       {38, "Archive,Hidden,System", "Archive,Hidden and System"},
@@ -146,26 +130,16 @@ TEST(AttributeWords, AreThoseOfTheTable) {
       {48, "Folder  [ReadOnly]", "Folder(48), Read-Only"},
       {128, "Compressed File", "Compressed File"},
       {129, "Cannot Identify Attributes !", "Cannot Identify Attributes !"},
-      {2047, "Cannot Identify Attributes !", "Cannot Identify Attributes !"},
+      // Compressed items have words of their own or those of the rest.
+      {2082, "Compressed,ArchiveReady,Index service", "Compressed,ArchiveReady,Index service"},
+      {2049, "Readonly", "Readonly"},
+      {2064, "Folder  [Normal]", "Folder(16), Normal"},
+      {2053, "Cannot Identify Attributes !", "Cannot Identify Attributes !"},
   };
   for (const auto& [value, statusBar, properties] : cases) {
     EXPECT_EQ(fileatrib(value), statusBar) << value;
     EXPECT_EQ(propertiesAttributes(value), properties) << value;
   }
-}
-
-TEST(AttributeWords, OfCompressedItemsAreTheirOwnOrThoseOfTheRest) {
-  // Values with words of their own keep them.
-  EXPECT_EQ(fileatrib(2048), "Compressed File and Index service !");
-  EXPECT_EQ(fileatrib(2080), "NorMal,- with Advanced Attributes");
-  EXPECT_EQ(fileatrib(2081), "Compressed File");
-  EXPECT_EQ(fileatrib(2082), "Compressed,ArchiveReady,Index service");
-  EXPECT_EQ(fileatrib(2083), "Ro,Hid,Comp,Arc.Ready,Index service");
-  EXPECT_EQ(fileatrib(2049), "Readonly");
-  EXPECT_EQ(fileatrib(2064), "Folder  [Normal]");
-  EXPECT_EQ(propertiesAttributes(2064), "Folder(16), Normal");
-  EXPECT_EQ(fileatrib(2053), "Cannot Identify Attributes !");
-  EXPECT_EQ(fileatrib(4294967295u), "Cannot Identify Attributes !");
 }
 
 TEST(ValInputRule, FindsTheFirstCharacterThatMayNotStandInAName) {

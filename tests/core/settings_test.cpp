@@ -28,11 +28,6 @@ TEST_F(SettingsTest, NoTwoKeysOfTheVocabularyAreOneInTheStore) {
   }
 }
 
-TEST_F(SettingsTest, SpellingsOfOneKeyAreOneKey) {
-  (void)rig.platform->settings.save("KELVARTON", "filefilter", "Filedata", "*.txt");
-  EXPECT_EQ(settings.get(setting::FileData), "*.txt");
-}
-
 TEST_F(SettingsTest, NumbersAreSinglePrecisionTextsInTheRegionalForm) {
   struct Row {
     const char* text;
@@ -52,19 +47,6 @@ TEST_F(SettingsTest, TheClockFollowsTheRegionUntilTheUserChooses) {
   EXPECT_EQ(LoadInitSettings(settings, false).DateTimeFormat, "0");
   settings.save(setting::DateTimeFormat, "0");
   EXPECT_EQ(LoadInitSettings(settings, true).DateTimeFormat, "0");
-}
-
-TEST_F(SettingsTest, TheStateSurvivesTheStoreWhole) {
-  InitState state = LoadInitSettings(settings, false);
-  EXPECT_EQ(state.VDTViewState, "Default.Pro");
-  state.VDTViewState = "Work.Pro";
-  state.MainViewState = "2";
-  state.Skintype = "7";
-  Settings::Batch batch;
-  StoreInitSettings(state, batch);
-  settings.save(batch);
-  const InitState again = LoadInitSettings(settings, false);
-  EXPECT_EQ(again.VDTViewState + again.MainViewState + again.Skintype, "Work.Pro27");
 }
 
 TEST_F(SettingsTest, RegistryWrappersGiveFallbacksAndNeverErrors) {

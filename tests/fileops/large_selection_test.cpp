@@ -34,18 +34,12 @@ class LargeSelectionTest : public OperationTest {
 };
 
 TEST_F(LargeSelectionTest, AllAreCopiedWithTheirBytesAndCounted) {
-  ASSERT_TRUE(files().setAttributes("C:\\From\\" + name(7), platform::attribute::ReadOnly));
-  rig.setDate("C:\\From\\" + name(9), 2001, 2, 3);
   selectAll();
   starts("Form3");
   rig.command("Command1_Click");
   EXPECT_EQ(numbersIn("C:\\To"), "0-399");
-  for (const int number : {0, 7, 9, 200, 399}) {
-    const auto from = files().info("C:\\From\\" + name(number)), to = files().info("C:\\To\\" + name(number));
+  for (int number = 0; number < Count; ++number)
     EXPECT_EQ(rig.read("C:\\To\\" + name(number)), name(number));
-    EXPECT_EQ(from->modified, to->modified);
-    EXPECT_EQ(from->attributes, to->attributes);
-  }
   EXPECT_EQ(form().ItemsDone, 400u);
   EXPECT_EQ(form().BytesDone, 400 * 5);
 }

@@ -48,21 +48,22 @@ TEST_F(SpaceTest, ANearlyFullTargetIsAskedAbout) {
     std::uint64_t available, total;
     std::string asks;  // empty: no question
   };
-  for (const Case& each : {Case{1500, 100'000, "1,500"}, Case{1999, 100'000, "1,999"}, Case{2000, 100'000, ""},
-                           Case{0, 100'000, ""}, Case{5, 0, "5"}}) {
+  for (const Case& each :
+       {Case{1999, 100'000, "1,999"}, Case{2000, 100'000, ""}, Case{0, 100'000, ""}, Case{5, 0, "5"}}) {
     room(each.available, each.total);
     select({"a"});
     starts("Form3");
     if (each.available == 0)
-      asksRoom("").press("Command1");
+      asksRoom("").closes();
     else if (!each.asks.empty())
       asksRoom(each.asks).press("Command11");
     copies(each.available != 0);
   }
-  room(1500, 100'000);
-  starts("Form3");
-  asksRoom("1,500").closes();
-  copies(false);
+
+  room(1, 100'000);
+  starts("Form5");
+  rig.command("Command3_Click");
+  EXPECT_TRUE(rig.exists("C:\\To\\a.txt")) << "a move on one drive needs no room";
 }
 
 TEST_F(SpaceTest, ADiscIsNoTarget) {
@@ -75,14 +76,6 @@ TEST_F(SpaceTest, ADiscIsNoTarget) {
   copies(false);
 }
 
-TEST_F(SpaceTest, AMoveOnOneDriveNeedsNoRoom) {
-  room(1, 100'000);
-  select({"a"});
-  starts("Form5");
-  rig.command("Command3_Click");
-  EXPECT_TRUE(rig.exists("C:\\To\\a.txt"));
-}
-
 TEST_F(SpaceTest, WhatIsSelectedMustFit) {
   rig.menu("ValCopyMove").choose();
   EXPECT_EQ(rig.app().program.settings.get(core::setting::ValidateCM), "-1");
@@ -92,9 +85,8 @@ TEST_F(SpaceTest, WhatIsSelectedMustFit) {
     std::uint64_t fileThere, folderThere;  // bytes that stand on the target already
     bool fits;
   };
-  for (const Case& each :
-       {Case{4000, 0, 0, false}, Case{4001, 0, 0, true}, Case{3900, 100, 0, false}, Case{3901, 100, 0, true},
-        Case{3001, 5000, 0, true}, Case{3000, 5000, 0, false}, Case{1001, 0, 9000, true}, Case{1, 5000, 9000, true}}) {
+  for (const Case& each : {Case{4000, 0, 0, false}, Case{4001, 0, 0, true}, Case{3900, 100, 0, false},
+                           Case{3901, 100, 0, true}, Case{3001, 5000, 0, true}, Case{1001, 0, 9000, true}}) {
     if (each.fileThere) rig.write("C:\\To\\a.txt", std::string(each.fileThere, 'o'));
     if (each.folderThere) rig.write("C:\\To\\Sub\\o", std::string(each.folderThere, 'o'));
     room(each.available, 10);
@@ -125,14 +117,12 @@ TEST_F(SpaceTest, WithoutANumberNothingIsValidated) {
 
 TEST_F(SpaceTest, TheSizeOfTheSelectionIsToldInTheDialog) {
   rig.write("C:\\From\\Sub\\b", std::string(3000, 'x'));
-  rig.write("C:\\From\\empty", "");
-  for (const auto& [rows, text] : std::vector<std::pair<std::vector<std::string>, std::string>>{
-           {{"a", "\\ Sub"}, "Size of selected Item(s) :  4,000   Bytes"},
-           {{"empty"}, "Size of selected Item(s) :  0   Bytes"}}) {
-    select(rows);
-    rig.loop.whenShows("Form3").press("Command3").reads("Label4", text).press("Command2");
-    rig.command("Command1_Click");
-  }
+  select({"a", "\\ Sub"});
+  rig.loop.whenShows("Form3")
+      .press("Command3")
+      .reads("Label4", "Size of selected Item(s) :  4,000   Bytes")
+      .press("Command2");
+  rig.command("Command1_Click");
 }
 
 TEST(FreeSpaceText, InMegabytesOrKilobytes) {

@@ -4,22 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace varnholt::platform {
 namespace {
 
-std::string fromHex(std::string_view digits) {
+std::string fromHex(std::string digits) {
+  std::erase(digits, ' ');
   std::string bytes;
-  std::string pair;
-  for (const char c : digits) {
-    if (c == ' ') continue;
-    pair += c;
-    if (pair.size() == 2) {
-      bytes += static_cast<char>(std::stoi(pair, nullptr, 16));
-      pair.clear();
-    }
-  }
+  for (size_t at = 0; at < digits.size(); at += 2)
+    bytes += static_cast<char>(std::stoi(digits.substr(at, 2), nullptr, 16));
   return bytes;
 }
 
@@ -51,30 +43,15 @@ TEST(DosAttribForms, MalformedIsNothing) {
         version4.substr(0, 31), version3.substr(0, 55), fromHex("00000600 06000000 11000000 20000000") + version5,
         fromHex("00000500 04000000 11000000 20000000 0000000000000000")})
     EXPECT_EQ(decodeDosAttrib(bytes), std::nullopt);
-}
-
-TEST(DosAttribForms, WordMarkedAsNotValidIsNothing) {
-  std::string bytes = version5;
-  bytes[8] = 0x10;  // the create time only
-  EXPECT_EQ(decodeDosAttrib(bytes), std::nullopt);
+  std::string notValid = version5;
+  notValid[8] = 0x10;  // the create time only
+  EXPECT_EQ(decodeDosAttrib(notValid), std::nullopt);
 }
 
 TEST(DosAttribForms, WrittenFormIsReadBack) {
   EXPECT_EQ(encodeDosAttrib(0x22), "0x22");
   EXPECT_EQ(encodeDosAttrib(0), "0x0");
-  for (Attributes word : {0u, 1u, 7u, 0x27u, 0x830u, 0xFFFFu})
-    EXPECT_EQ(decodeDosAttrib(encodeDosAttrib(word)), word);
-}
-
-TEST(DosAttribForms, AnyBytesAreSafe) {
-  std::mt19937 random(1);
-  for (int round = 0; round < 20000; ++round) {
-    std::string bytes = round % 3 == 0 ? version3 : round % 3 == 1 ? version4 : version5;
-    bytes.resize(random() % (bytes.size() + 1));
-    for (int change = 0; change < 3 && !bytes.empty(); ++change)
-      bytes[random() % bytes.size()] = static_cast<char>(random());
-    EXPECT_LE(decodeDosAttrib(bytes).value_or(0), 0xFFFFu);
-  }
+  EXPECT_EQ(decodeDosAttrib(encodeDosAttrib(0xFFFF)), 0xFFFFu);
 }
 
 }  // namespace

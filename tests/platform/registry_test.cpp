@@ -32,13 +32,6 @@ TEST_F(RegistryTest, KeepsEachTypeOfValueFromOneStartToTheNext) {
   }
 }
 
-TEST_F(RegistryTest, ReplacesAValueAndItsType) {
-  ASSERT_TRUE(registry.createKey(Root::LocalMachine, "K"));
-  ASSERT_TRUE(registry.set(Root::LocalMachine, "K", "Mtu", std::string("1500")));
-  ASSERT_TRUE(registry.set(Root::LocalMachine, "k", "MTU", std::uint32_t{1400}));
-  EXPECT_EQ(*registry.get(Root::LocalMachine, "K", "Mtu"), RegistryValue(std::uint32_t{1400}));
-}
-
 TEST_F(RegistryTest, FindsKeysInAnyCaseAndWithOuterBackslashes) {
   ASSERT_TRUE(registry.createKey(Root::LocalMachine, "SYSTEM\\Services\\Tcpip\\Parameters"));
   for (const char* path : {"SYSTEM\\Services\\Tcpip\\Parameters", "system\\services\\TCPIP\\parameters",
@@ -57,31 +50,9 @@ TEST_F(RegistryTest, DoesNotMakeAKeyToSetAValue) {
   EXPECT_EQ(registry.get(Root::CurrentUser, "Missing", "Name").error().code, ErrorCode::NotFound);
 }
 
-TEST_F(RegistryTest, KeepsValuesWhenAKeyIsMadeAgain) {
-  ASSERT_TRUE(registry.createKey(Root::ClassesRoot, ".jpg"));
-  ASSERT_TRUE(registry.set(Root::ClassesRoot, ".jpg", "", std::string("picture")));
-  ASSERT_TRUE(registry.createKey(Root::ClassesRoot, ".JPG"));
-  EXPECT_EQ(*registry.get(Root::ClassesRoot, ".jpg", ""), RegistryValue(std::string("picture")));
-}
-
 TEST_F(RegistryTest, HoldsValuesInARootItself) {
   ASSERT_TRUE(registry.set(Root::Users, "", "Name", std::string("v")));
   EXPECT_EQ(*registry.get(Root::Users, "\\", "name"), RegistryValue(std::string("v")));
-}
-
-TEST_F(RegistryTest, SetsADamagedFileAside) {
-  folder.write("other.db", "no database at all");
-  SqliteRegistry other(folder / "other.db");
-  EXPECT_EQ(other.database().setAside().value_or(""), folder / "other.db.damaged-1");
-  EXPECT_TRUE(other.createKey(Root::CurrentUser, "Works"));
-}
-
-TEST(RegistryFile, InAMissingFolderGivesErrors) {
-  SqliteRegistry registry("/nonexistent/folder/registry.db");
-  EXPECT_FALSE(registry.createKey(Root::CurrentUser, "K"));
-  EXPECT_FALSE(registry.keyExists(Root::CurrentUser, "K"));
-  EXPECT_FALSE(registry.get(Root::CurrentUser, "K", ""));
-  EXPECT_FALSE(registry.set(Root::CurrentUser, "K", "", std::string("v")));
 }
 
 }  // namespace

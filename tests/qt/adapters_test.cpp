@@ -1,8 +1,6 @@
 // Each kind of control both ways: what the program sets is shown and fires nothing, what the user does arrives once.
 #include "controls/tree_view.hpp"
-#include "drawn.hpp"
-#include "qt/adapters/adapter.hpp"
-#include "qt/pictures.hpp"
+#include "joined.hpp"
 #include "qt/widgets/picture_view.hpp"
 #include "qt/widgets/status_strip.hpp"
 
@@ -41,38 +39,24 @@ struct Everything : controls::Form {
   controls::PictureBox Picture1{*this, "Picture1"};
 };
 
-class Adapters : public testing::Test, protected qt::Host {
+class Adapters : public Joined {
  protected:
   Adapters() {
+    const std::pair<controls::Control&, QWidget&> pairs[] = {
+        {form.Label1, label},     {form.Text1, line},     {form.Text2, lines},      {form.Command1, button},
+        {form.Check1, check},     {form.Combo1, combo},   {form.TreeView1, tree},   {form.StatusBar1, status},
+        {form.ProgressBar1, bar}, {form.Slider1, slider}, {form.MonthView1, month}, {form.Rich1, rich},
+        {form.Picture1, picture}};
     auto* rows = new QVBoxLayout(&window);
-    for (QWidget* widget : std::initializer_list<QWidget*>{&label, &line, &lines, &button, &check, &combo, &tree,
-                                                           &status, &bar, &slider, &month, &rich, &picture})
-      rows->addWidget(widget);
-    join(form.Label1, label);
-    join(form.Text1, line);
-    join(form.Text2, lines);
-    join(form.Command1, button);
-    join(form.Check1, check);
-    join(form.Combo1, combo);
-    join(form.TreeView1, tree);
-    join(form.StatusBar1, status);
-    join(form.ProgressBar1, bar);
-    join(form.Slider1, slider);
-    join(form.MonthView1, month);
-    join(form.Rich1, rich);
-    join(form.Picture1, picture);
+    for (const auto& [control, widget] : pairs) {
+      rows->addWidget(&widget);
+      join(control, widget);
+    }
     picture.setMinimumSize(60, 60);
     window.show();
   }
 
-  void draw() {
-    for (const auto& adapter : joined)
-      adapter->update();
-  }
-
-  qt::QtMessageLoop loop;
   Everything form{loop};
-  qt::Pictures read;
   QWidget window;
   QLabel label;
   QLineEdit line;
@@ -87,19 +71,6 @@ class Adapters : public testing::Test, protected qt::Host {
   QCalendarWidget month;
   QTextEdit rich;
   qt::PictureView picture;
-  std::vector<std::unique_ptr<qt::Adapter>> joined;
-
- private:
-  void join(controls::Control& control, QWidget& widget) {
-    joined.push_back(qt::join(*this, control, widget));
-    ASSERT_TRUE(joined.back()) << control.name();
-  }
-  void fromUser(std::function<void()> act) override { act(); }
-  bool previewKey(controls::KeyEvent&) override { return false; }
-  void focusTaken(controls::Control& control) override { form.focusMoved(&control); }
-  qt::Pictures& pictures() override { return read; }
-  qt::DragAndDrop& dragAndDrop() override { return loop.dragAndDrop(); }
-  void afterDrop(std::function<void()> act) override { act(); }
 };
 
 TEST_F(Adapters, WhatTheProgramSetsIsShownAndFiresNothing) {
@@ -141,27 +112,21 @@ TEST_F(Adapters, WhatTheProgramSetsIsShownAndFiresNothing) {
   EXPECT_EQ(fired, 0);
 }
 
-TEST_F(Adapters, WhatTheUserTypesArrives) {
+TEST_F(Adapters, WhatTheUserTypesArrivesUnlessItIsLocked) {
   int changes = 0;
   form.Text1.Change = form.Text2.Change = form.Rich1.Change = [&] { ++changes; };
   draw();
-  QTest::keyClicks(&line, QStringLiteral("ab"));
-  QTest::keyClicks(&lines, QStringLiteral("cd"));
-  QTest::keyClicks(&rich, QStringLiteral("ef"));
-  EXPECT_EQ(form.Text1.Text.get() + form.Text2.Text.get() + form.Rich1.Text.get(), "abcdef");
+  const auto types = [this](const QString& text) {
+    for (QWidget* widget : std::initializer_list<QWidget*>{&line, &lines, &rich})
+      QTest::keyClicks(widget, text);
+    return form.Text1.Text.get() + "/" + form.Text2.Text.get() + "/" + form.Rich1.Text.get();
+  };
+  EXPECT_EQ(types(QStringLiteral("ab")), "ab/ab/ab");
   EXPECT_EQ(changes, 6);
-}
-
-TEST_F(Adapters, LockedTextIsReadAlone) {
-  form.Text1.Text = "stays";
-  form.Text1.Locked = true;
-  form.Text2.Locked = true;
+  form.Text1.Locked = form.Text2.Locked = true;
   draw();
-  QTest::keyClicks(&line, QStringLiteral("x"));
-  QTest::keyClicks(&lines, QStringLiteral("x"));
-  EXPECT_EQ(form.Text1.Text.get(), "stays");
-  EXPECT_EQ(line.text(), QStringLiteral("stays"));
-  EXPECT_EQ(form.Text2.Text.get(), "");
+  EXPECT_EQ(types(QStringLiteral("c")), "ab/ab/abc");
+  EXPECT_EQ(line.text(), QStringLiteral("ab"));
 }
 
 TEST_F(Adapters, TheCursorStaysWhereTheUserTypes) {
@@ -188,61 +153,39 @@ TEST_F(Adapters, ButtonsArePressedByMouseAndKeyboardUnlessDisabled) {
   EXPECT_EQ(presses, 2);
 }
 
-TEST_F(Adapters, ACheckBoxTogglesOnceAClick) {
-  int clicks = 0;
-  form.Check1.Click = [&] { ++clicks; };
-  form.Check1.Caption = "Do Not Show Tip at Startup";
-  draw();
-  QTest::mouseClick(&check, Qt::LeftButton, {}, QPoint(8, check.height() / 2));
-  draw();
-  EXPECT_EQ(form.Check1.Value.get(), 1);
-  EXPECT_TRUE(check.isChecked());
-  EXPECT_EQ(clicks, 1);
-}
-
-TEST_F(Adapters, AChoiceInAComboBoxArrives) {
+TEST_F(Adapters, WhatTheUserClicksArrivesOnce) {
   std::string events;
-  form.Combo1.Change = [&] { events += "change "; };
-  form.Combo1.Click = [&] { events += "click "; };
+  const auto note = [&](const char* event) { return [&events, event] { events += std::string(event) + " "; }; };
+  form.Check1.Click = note("checked");
+  form.Combo1.Change = note("changed");
+  form.Combo1.Click = note("chosen");
+  form.Slider1.Change = note("slid");
+  form.MonthView1.DateClick = note("day");
+  form.Label1.Click = note("label");
+  form.Label1.DblClick = note("double");
+  form.Picture1.Click = note("picture");
+  form.Check1.Caption = "Do Not Show Tip at Startup";
   form.Combo1.Items = std::vector<controls::ComboBox::Item>{{"C:", ""}, {"D:", ""}};
   form.Combo1.choose(0);
-  draw();
-  QTest::keyClick(&combo, Qt::Key_Down);
-  EXPECT_EQ(form.Combo1.ListIndex.get(), 1);
-  EXPECT_EQ(form.Combo1.Text.get(), "D:");
-  EXPECT_EQ(events, "change click ");
-}
-
-TEST_F(Adapters, AnEditableComboBoxTakesTyping) {
-  int changes = 0;
-  form.Combo1.Change = [&] { ++changes; };
-  form.Combo1.Items = std::vector<controls::ComboBox::Item>{{"*.txt", ""}};
-  form.Combo1.Editable = true;
-  form.Combo1.choose(0);
-  draw();
-  combo.lineEdit()->selectAll();
-  QTest::keyClicks(combo.lineEdit(), QStringLiteral("*.c"));
-  draw();
-  EXPECT_EQ(form.Combo1.Text.get(), "*.c");
-  EXPECT_EQ(combo.currentText(), QStringLiteral("*.c"));
-  EXPECT_EQ(form.Combo1.ListIndex.get(), -1);
-  EXPECT_EQ(changes, 3);
-}
-
-TEST_F(Adapters, SlidersAndMonthsTellTheUsersChoice) {
-  int slides = 0, days = 0;
-  form.Slider1.Change = [&] { ++slides; };
-  form.MonthView1.DateClick = [&] { ++days; };
   form.Slider1.Max = 20;
   form.Slider1.Value = 5;
   form.MonthView1.Value = controls::MonthView::Day{2024, 3, 15};
   draw();
+  QTest::mouseClick(&check, Qt::LeftButton, {}, QPoint(8, check.height() / 2));
+  QTest::keyClick(&combo, Qt::Key_Down);
   QTest::keyClick(&slider, Qt::Key_Right);
-  EXPECT_EQ(form.Slider1.Value.get(), 6);
-  EXPECT_EQ(slides, 1);
   Q_EMIT month.clicked(QDate(2024, 3, 20));
+  QTest::mouseClick(&label, Qt::LeftButton);
+  QTest::mouseDClick(&label, Qt::LeftButton);
+  QTest::mouseClick(&picture, Qt::LeftButton);
+  QTest::mouseClick(&picture, Qt::RightButton);
+  EXPECT_EQ(events, "checked changed chosen slid day label double picture ");
+  draw();
+  EXPECT_EQ(form.Check1.Value.get(), 1);
+  EXPECT_TRUE(check.isChecked());
+  EXPECT_EQ(form.Combo1.Text.get(), "D:");
+  EXPECT_EQ(form.Slider1.Value.get(), 6);
   EXPECT_EQ(form.MonthView1.Value.get(), (controls::MonthView::Day{2024, 3, 20}));
-  EXPECT_EQ(days, 1);
 }
 
 TEST_F(Adapters, ATreeShowsItsNodesAndTellsClicksOnce) {
@@ -333,19 +276,6 @@ TEST_F(Adapters, ATreeThatHasChangedMeanwhileTellsNothingOfNodesThatAreGone) {
   EXPECT_EQ(tree.topLevelItemCount(), 0);
 }
 
-TEST_F(Adapters, LabelsAndPicturesAreClicked) {
-  std::string events;
-  form.Label1.Click = [&] { events += "label "; };
-  form.Label1.DblClick = [&] { events += "double "; };
-  form.Picture1.Click = [&] { events += "picture "; };
-  draw();
-  QTest::mouseClick(&label, Qt::LeftButton);
-  QTest::mouseDClick(&label, Qt::LeftButton);
-  QTest::mouseClick(&picture, Qt::LeftButton);
-  QTest::mouseClick(&picture, Qt::RightButton);
-  EXPECT_EQ(events, "label double picture ");
-}
-
 TEST_F(Adapters, PicturesAreReadByProgramPathAndFitted) {
   QImage red(40, 20, QImage::Format_RGB32);
   red.fill(Qt::red);
@@ -407,13 +337,6 @@ TEST_F(Adapters, FocusGoesBothWays) {
   button.setFocus(Qt::TabFocusReason);
   EXPECT_EQ(events, "+text -text +button ");
   EXPECT_TRUE(form.Command1.hasFocus());
-}
-
-TEST_F(Adapters, AWidgetOfAnotherKindIsNotJoined) {
-  QLabel wrong;
-  EXPECT_FALSE(qt::join(*this, form.Text1, wrong));
-  EXPECT_FALSE(qt::join(*this, form.Command1, check));
-  EXPECT_FALSE(qt::join(*this, form.TreeView1, wrong));
 }
 
 TEST(StatusStrip, TheRestStaysWhereItIsWhenATextGetsShorter) {

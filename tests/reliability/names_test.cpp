@@ -26,14 +26,14 @@ class Everything : public ReliabilityTest {
     user.starts("Form3");
     user.copies();
     EXPECT_EQ(difference(before, world.tree("C:/From")), "");
-    EXPECT_EQ(difference(before, withLinkDates(before, "C:/To")), "");
+    EXPECT_EQ(difference(before, world.tree("C:/To")), "");
 
     user.open("C:\\To", "C:\\Moved");
     user.markAll();
     user.starts("Form5");
     user.moves();
     EXPECT_EQ(difference({}, world.tree("C:/To")), "");
-    EXPECT_EQ(difference(before, withLinkDates(before, "C:/Moved")), "");
+    EXPECT_EQ(difference(before, world.tree("C:/Moved")), "");
 
     user.open("C:\\Moved", "C:\\To");
     user.markAll();
@@ -47,58 +47,30 @@ class Everything : public ReliabilityTest {
   }
 
   bool hasTree = false;
-
- private:
-  TreeSnapshot withLinkDates(const TreeSnapshot& before, const char* folder) {
-    TreeSnapshot tree = world.tree(folder);
-    for (auto& [name, facts] : tree)
-      if (S_ISLNK(facts.mode) && before.contains(name)) facts.modified = before.at(name).modified;
-    return tree;
-  }
 };
 
 TEST_F(Everything, NamesOfEveryKind) {
   hasTree = true;
   const std::string names[] = {
       "bytes\xff\xfe\x80that are no UTF-8",
-      "cut \xc3",
       "r\xc3\xa9sum\xc3\xa9.txt",
       "re\xcc\x81sume\xcc\x81.txt",  // the same to the eye
-      "new\nline",
-      "tab\tand\rreturn",
-      "\x01\x02\x1b[31m",
-      "trailing blank ",
-      " leading blank",
-      "   ",
+      "new\nline\x01\x1b[31m",
+      " blanks ",
       "trailing point.",
-      "points...",
       "...",
-      ".hidden",
       "back\\slash",
-      "C:\\From\\a",
       "\\ looks like a folder",
       "|Fold|",
-      "|Fold|x",
       "a:b*c?d\"e<f>g|h",
-      "CON",
-      "nul.txt",
-      "-rf",
-      "~",
-      "$HOME",
       "%windir%",
-      "&x",
-      "a.b.c.d",
+      "-rf $HOME & ~",
       "upper",
       "UPPER",
-      "Upper",
       "\xef\x81\x9c",  // what stands for a backslash inside the program
       "\xef\x80\x9b",  // and its escape
       "\xef\x80\x9b\xef\x81\x9c\\",
-      "\xe2\x80\xae"
-      "txt.exe",
       std::string(255, 'x'),
-      std::string(127, '\xc3').substr(0, 126),
-      std::string(251, 'e') + ".txt",
   };
   for (const std::string& name : names) {
     // What begins with a point is hidden, and in the panel only when asked for.
@@ -115,27 +87,17 @@ TEST_F(Everything, TenThousandFilesInAFolder) {
   copyMoveAndDelete();
 }
 
-TEST_F(Everything, TwoHundredLevels) {
-  hasTree = true;
-  std::string path = "C:/From";
-  for (int level = 0; level < 200; ++level) {
-    path += "/" + std::to_string(level);
-    world.file(path + "/file", std::to_string(level));
-  }
-  copyMoveAndDelete();
-}
-
-TEST_F(Everything, PathsLongerThanTheSystemTakes) {
+TEST_F(Everything, TreesDeeperThanAPathCanBeLong) {
   hasTree = true;
   int at = ::open(world.system("C:/From").c_str(), O_RDONLY | O_DIRECTORY);
-  const std::string name(250, 'n');
-  for (int level = 0; level < 30; ++level) {  // 7,500 bytes
+  const std::string name(50, 'n');
+  for (int level = 0; level < 200; ++level) {  // 10,200 bytes
     ASSERT_EQ(::mkdirat(at, name.c_str(), 0755), 0);
     const int below = ::openat(at, name.c_str(), O_RDONLY | O_DIRECTORY);
     ASSERT_GE(below, 0);
     ::close(std::exchange(at, below));
     const int file = ::openat(at, "file", O_WRONLY | O_CREAT, 0644);
-    ASSERT_EQ(::write(file, name.data(), static_cast<size_t>(level)), level);
+    ASSERT_EQ(::write(file, name.data(), static_cast<size_t>(level % 50)), level % 50);
     ::close(file);
   }
   ::close(at);

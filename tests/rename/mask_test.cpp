@@ -21,17 +21,16 @@ Mask adds(std::string text, std::string extension = "*") {
   return mask;
 }
 
-Mask cuts(std::string text, std::string extension = "*") {
-  Mask mask = adds(std::move(text), std::move(extension));
+Mask cuts(std::string text) {
+  Mask mask = adds(std::move(text));
   mask.cuts = true;
   return mask;
 }
 
 Mask counts(std::string base, std::string extension = "*") {
-  Mask mask;
+  Mask mask = adds("", std::move(extension));
   mask.newBase = true;
   mask.base = std::move(base);
-  mask.extension = std::move(extension);
   return mask;
 }
 
@@ -55,31 +54,22 @@ TEST(MaskedName, AddsAndCuts) {
   };
   for (const Case& each : std::vector<Case>{
            {"Report.txt", adds("Old_"), "Old_Report.txt"},
-           {"aXbXc.txt", cuts("X"), "abc.txt"},
-           {"aXXb.txt", cuts("X"), "ab.txt"},
            {"aXb.txt", cuts("x"), "aXb.txt"},
            {"Report.txt", adds("", "bak"), "Report.bak"},
-           {"Report.txt", inLetters(adds("A"), Letters::Upper), "AREPORT.TXT"},
-           {"Report.TXT", inLetters(adds("A"), Letters::Lower), "areport.txt"},
            {"Report.txt", cuts(""), "Report.txt"},
            {"aabb.txt", cuts("ab"), ".txt"},            // the second comes about by the first
            {"Report.txt", cuts("Report."), "txt"},      // the point belongs to the name
            {"Report.txt", cuts(".txt"), "Report.txt"},  // the extension does not
-           {"archive.tar.gz", adds("", "xz"), "archive.tar.xz"},
            {"Report.txt", adds("", ""), "Report."},
-           {"README", adds("my "), "my README"},
            {"README", adds("", "txt"), "READMEtxt"},
-           {"README", cuts("README"), ""},
            {"ends.", adds("", "txt"), "ends.txt"},
            {".profile", adds("x"), "x.profile"},
-           {".profile", adds("", "bak"), ".bak"},
        })
     EXPECT_EQ(nameBy(each.mask, each.name), each.expected) << each.name;
 }
 
 TEST(MaskedName, CountsCharactersAndNotBytes) {
   EXPECT_EQ(nameBy(cuts("ø"), "smørbrød.æøå"), "smrbrd.æøå");
-  EXPECT_EQ(nameBy(adds("Ærø "), "øl.æå"), "Ærø øl.æå");
   EXPECT_EQ(nameBy(inLetters(adds("Æ"), Letters::Lower), "ØL.ÉTÉ"), "æøl.été");
   EXPECT_EQ(nameBy(inLetters(adds("æ"), Letters::Upper), "øl.été"), "ÆØL.ÉTÉ");
   EXPECT_EQ(nameBy(inLetters(adds("x"), Letters::Upper), "a\xFF.b"), "XA\xFF.B") << "bytes of no character stay";
@@ -92,27 +82,19 @@ TEST(MaskedName, ANewBaseTakesACounter) {
     std::vector<std::string> expected;
   };
   for (const Case& each : std::vector<Case>{
-           {counts("Pic"), "Report.txt", "7", {"Pic7.txt", "Pic8.txt", "Pic9.txt"}},
            {counts("Pic"), "Report.txt", "007", {"Pic007.txt", "Pic8.txt"}},
-           {counts("Pic"), "Report.txt", "0", {"Pic0.txt", "Pic1.txt"}},
-           {counts("Pic"), "Report.txt", "1.5", {"Pic1.5.txt", "Pic2.5.txt", "Pic3.5.txt"}},
            {counts("Pic"), "README", "1", {"Pic1.", "Pic2."}},
            {counts("Pic", ""), "Report.txt", "1", {"Pic1."}},
-           {counts("Pic", "jpg"), "README", "1", {"Pic1.jpg"}},
            {counts(""), "Report.txt", "9", {"9.txt", "10.txt"}},
            {inLetters(counts("Pic", "Jpg"), Letters::Upper), "a.txt", "1", {"PIC1.JPG"}},
-           {inLetters(counts("Pic", "Jpg"), Letters::Lower), "a.txt", "1", {"pic1.jpg"}},
        }) {
     std::string counter = each.start;
     for (const std::string& expected : each.expected)
       EXPECT_EQ(maskedName(each.mask, each.name, counter, Points), expected) << "from " << each.start;
   }
-}
-
-TEST(MaskedName, TheCounterStandsStillWithoutANewBase) {
   std::string counter = "007";
   maskedName(adds("x"), "a.txt", counter, Points);
-  EXPECT_EQ(counter, "007");
+  EXPECT_EQ(counter, "007") << "without a new base it stands still";
 }
 
 // --- Counters ------------------------------------------------------------------------------------------------------
@@ -122,7 +104,6 @@ TEST(NextCounter, GoesOnByOne) {
     std::string counter, point, comma;
   };
   for (const Case& each : std::vector<Case>{
-           {"0", "1", "1"},
            {"9", "10", "10"},
            {"0099", "100", "100"},
            {"1.5", "2.5", "16"},  // the other sign parts groups
@@ -130,7 +111,6 @@ TEST(NextCounter, GoesOnByOne) {
            {"1.50", "2.5", "151"},
            {"2.0", "3", "21"},
            {"-1", "0", "0"},
-           {"-10", "-9", "-9"},
            {"-0.25", "0.75", "-24"},
            {"-1.25", "-0.25", "-124"},
            {"+4", "5", "5"},

@@ -1,5 +1,6 @@
 #include "support/kill_at.hpp"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdint>
 #include <gtest/gtest.h>
@@ -33,45 +34,25 @@ bool wasKilled(pid_t child) {
   return ::waitpid(child, &status, 0) == child && WIFSIGNALED(status);
 }
 
-/// Calls that put something on the disk or take it away. Opening counts where it may make a file.
-bool changes(const __ptrace_syscall_info& call) {
-  switch (call.entry.nr) {
-  case SYS_openat:
-    return (call.entry.args[2] & O_CREAT) != 0;
+/// Calls that put something on the disk or take it away.
+constexpr std::uint64_t changingCalls[] = {
 #ifdef SYS_open
-  case SYS_open:
-    return (call.entry.args[1] & O_CREAT) != 0;
-  case SYS_rename:
-  case SYS_link:
-  case SYS_unlink:
-  case SYS_symlink:
-  case SYS_mkdir:
-  case SYS_rmdir:
-  case SYS_chmod:
+    SYS_rename,      SYS_link,     SYS_unlink,          SYS_symlink,   SYS_mkdir,     SYS_rmdir,    SYS_chmod,
 #endif
 #ifdef SYS_renameat
-  case SYS_renameat:
+    SYS_renameat,
 #endif
-  case SYS_write:
-  case SYS_pwrite64:
-  case SYS_copy_file_range:
-  case SYS_ftruncate:
-  case SYS_renameat2:
-  case SYS_linkat:
-  case SYS_unlinkat:
-  case SYS_symlinkat:
-  case SYS_mkdirat:
-  case SYS_fchmod:
-  case SYS_fchmodat:
-  case SYS_utimensat:
-  case SYS_setxattr:
-  case SYS_fsetxattr:
-  case SYS_removexattr:
-  case SYS_fsync:
-    return true;
-  default:
-    return false;
-  }
+    SYS_write,       SYS_pwrite64, SYS_copy_file_range, SYS_ftruncate, SYS_renameat2, SYS_linkat,   SYS_unlinkat,
+    SYS_symlinkat,   SYS_mkdirat,  SYS_fchmod,          SYS_fchmodat,  SYS_utimensat, SYS_setxattr, SYS_fsetxattr,
+    SYS_removexattr, SYS_fsync};
+
+/// Opening counts where it may make a file.
+bool changes(const __ptrace_syscall_info& call) {
+  if (call.entry.nr == SYS_openat) return (call.entry.args[2] & O_CREAT) != 0;
+#ifdef SYS_open
+  if (call.entry.nr == SYS_open) return (call.entry.args[1] & O_CREAT) != 0;
+#endif
+  return std::ranges::find(changingCalls, call.entry.nr) != std::end(changingCalls);
 }
 
 /// Follows a stopped child and its threads from call to call.

@@ -14,13 +14,12 @@ bool enterOwnMounts() {
 }
 
 ScopedMount ScopedMount::memory(const std::string& folder, const std::string& options) {
-  const bool mounted = enterOwnMounts() && ::mount("none", folder.c_str(), "tmpfs", 0, options.c_str()) == 0;
-  return ScopedMount(mounted ? folder : std::string());
+  return ScopedMount(folder, enterOwnMounts() && ::mount("none", folder.c_str(), "tmpfs", 0, options.c_str()) == 0);
 }
 
 ScopedMount ScopedMount::bind(const std::string& source, const std::string& folder) {
-  const bool mounted = enterOwnMounts() && ::mount(source.c_str(), folder.c_str(), nullptr, MS_BIND, nullptr) == 0;
-  return ScopedMount(mounted ? folder : std::string());
+  return ScopedMount(folder,
+                     enterOwnMounts() && ::mount(source.c_str(), folder.c_str(), nullptr, MS_BIND, nullptr) == 0);
 }
 
 ScopedMount::ScopedMount(ScopedMount&& other) noexcept : folder_(std::exchange(other.folder_, {})) {}

@@ -25,7 +25,7 @@ class ScopedMount {
   bool makeReadOnly() const;
 
  private:
-  explicit ScopedMount(std::string folder) : folder_(std::move(folder)) {}
+  ScopedMount(const std::string& folder, bool mounted) : folder_(mounted ? folder : std::string()) {}
   std::string folder_;
 };
 

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -61,28 +62,18 @@ class ScratchFolder {
 class ScopedVariable {
  public:
   ScopedVariable(const char* name, const char* value) : name_(name) {
-    if (const char* old = std::getenv(name)) {
-      old_ = old;
-      wasSet_ = true;
-    }
-    if (value)
-      ::setenv(name, value, 1);
-    else
-      ::unsetenv(name);
+    if (const char* old = std::getenv(name)) old_ = old;
+    set(value);
   }
-  ~ScopedVariable() {
-    if (wasSet_)
-      ::setenv(name_, old_.c_str(), 1);
-    else
-      ::unsetenv(name_);
-  }
+  ~ScopedVariable() { set(old_ ? old_->c_str() : nullptr); }
   ScopedVariable(const ScopedVariable&) = delete;
   ScopedVariable& operator=(const ScopedVariable&) = delete;
 
  private:
+  void set(const char* value) const { value ? ::setenv(name_, value, 1) : ::unsetenv(name_); }
+
   const char* name_;
-  std::string old_;
-  bool wasSet_ = false;
+  std::optional<std::string> old_;
 };
 
 }  // namespace varnholt::test

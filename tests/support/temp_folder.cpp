@@ -1,29 +1,22 @@
 #include "support/temp_folder.hpp"
 
+#include "support/kill_at.hpp"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <iostream>
 
 #include <fcntl.h>
 #include <grp.h>
-#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 namespace varnholt::test {
-namespace {
 
-using platform::posix::parseDriveVariable;
 namespace fs = std::filesystem;
 
-std::vector<platform::posix::DriveMapping> drivesOver(const std::string& folder) {
-  return parseDriveVariable("C=" + folder + ";E=" + folder + ";Z=/");
-}
-
-}  // namespace
-
-TempFolder::TempFolder() : map(drivesOver(scratch.path())), files(map) {}
+TempFolder::TempFolder()
+    : map(platform::posix::parseDriveVariable("C=" + scratch.path() + ";E=" + scratch.path() + ";Z=/")), files(map) {}
 
 /// Folders that a test locked must not outlive it.
 TempFolder::~TempFolder() {
@@ -97,17 +90,11 @@ std::vector<std::string> TempFolder::names(std::string_view folder) const {
 }
 
 bool heldAsOrdinaryUser(const std::function<void()>& checks) {
-  std::cout.flush();
-  const pid_t child = ::fork();
-  if (child == 0) {
+  return heldInChild([&] {
     constexpr uid_t nobody = 65534;
-    if (::getuid() == 0 && (::setgroups(0, nullptr) != 0 || ::setgid(nobody) != 0 || ::setuid(nobody) != 0)) ::_exit(2);
+    ASSERT_TRUE(::getuid() != 0 || (::setgroups(0, nullptr) == 0 && ::setgid(nobody) == 0 && ::setuid(nobody) == 0));
     checks();
-    std::cout.flush();
-    ::_exit(::testing::Test::HasFailure() ? 1 : 0);
-  }
-  int status = 0;
-  return child > 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  });
 }
 
 }  // namespace varnholt::test

@@ -43,7 +43,7 @@ EntryFacts factsAt(int folder, const char* name) {
   return facts;
 }
 
-void readInto(TreeSnapshot& all, int folder, const std::string& prefix, bool folderDates) {
+void readInto(TreeSnapshot& all, int folder, const std::string& prefix) {
   std::vector<std::string> names;
   DirentBatch batch;
   while (batch.read(folder) > 0)
@@ -54,9 +54,9 @@ void readInto(TreeSnapshot& all, int folder, const std::string& prefix, bool fol
   for (const std::string& name : names) {
     EntryFacts facts = factsAt(folder, name.c_str());
     if (facts.isFolder()) {
-      if (!folderDates) facts.modified = {};
+      facts.modified = {};
       const UniqueFd below(::openat(folder, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-      if (below) readInto(all, below.get(), prefix + name + "/", folderDates);
+      if (below) readInto(all, below.get(), prefix + name + "/");
     }
     all.emplace(prefix + name, std::move(facts));
   }
@@ -77,10 +77,10 @@ std::ostream& operator<<(std::ostream& out, const EntryFacts& facts) {
              << facts.modified.tv_sec << '.' << facts.modified.tv_nsec;
 }
 
-TreeSnapshot snapshot(const std::string& folder, bool folderDates) {
+TreeSnapshot snapshot(const std::string& folder) {
   TreeSnapshot all;
   const UniqueFd root(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (root) readInto(all, root.get(), "", folderDates);
+  if (root) readInto(all, root.get(), "");
   return all;
 }
 

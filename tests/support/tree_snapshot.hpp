@@ -23,9 +23,9 @@ std::ostream& operator<<(std::ostream& out, const EntryFacts& facts);
 /// The entries of a tree by their path in it; works on trees deeper than a path can be long.
 using TreeSnapshot = std::map<std::string, EntryFacts>;
 
-/// Reads a tree of the system as it stands; the root itself is left out. Folders' dates only when asked for: those of
-/// the folders that an operation works in change.
-TreeSnapshot snapshot(const std::string& folder, bool folderDates = false);
+/// Reads a tree of the system as it stands, without the root itself and without the dates of folders: those of the
+/// folders that an operation works in change.
+TreeSnapshot snapshot(const std::string& folder);
 /// Of one entry, which need not exist: then the mode is 0.
 EntryFacts factsOf(const std::string& path);
 

@@ -12,12 +12,21 @@ inline void put(std::string& bytes, size_t at, std::uint32_t value, size_t count
     bytes[at + i] = static_cast<char>(value >> (8 * i));
 }
 
-/// A Windows program with one section that holds nothing but a version resource. PE32+ when `wide`. `high` and `low`
-/// are the two halves of its file version, two numbers of 16 bits each.
-inline std::string windowsProgram(bool wide, std::uint32_t high, std::uint32_t low) {
-  constexpr size_t header = 0x80, optional = header + 24, section = 0x400, address = 0x1000;
-  const size_t optionalSize = wide ? 240 : 224;
-  std::string bytes(section + 0x200, '\0');
+/// An entry of a folder of resources that begins at `folder`, and the number of its entries.
+inline void putEntry(std::string& bytes, size_t folder, std::uint32_t id, std::uint32_t target, size_t entry = 0) {
+  put(bytes, folder + 14, static_cast<std::uint32_t>(entry + 1), 2);
+  put(bytes, folder + 16 + entry * 8, id, 4);
+  put(bytes, folder + 20 + entry * 8, target, 4);
+}
+
+/// Where the one section of the programs made here begins in the file and in memory; it holds the resources.
+constexpr size_t programSection = 0x400, programAddress = 0x1000;
+
+/// A Windows program with a section of so many bytes, all of them 0. PE32+ when `wide`.
+inline std::string emptyProgram(bool wide, std::uint32_t sectionBytes) {
+  constexpr size_t header = 0x80, optional = header + 24;
+  const size_t optionalSize = wide ? 240 : 224, table = optional + optionalSize;
+  std::string bytes(programSection + sectionBytes, '\0');
   put(bytes, 0, 0x5A4D, 2);
   put(bytes, 0x3C, header, 4);
   put(bytes, header, 0x4550, 4);
@@ -25,21 +34,23 @@ inline std::string windowsProgram(bool wide, std::uint32_t high, std::uint32_t l
   put(bytes, header + 20, static_cast<std::uint32_t>(optionalSize), 2);
   put(bytes, optional, wide ? 0x20B : 0x10B, 2);
   put(bytes, optional + (wide ? 108 : 92), 16, 4);
-  put(bytes, optional + (wide ? 112 : 96) + 16, address, 4);
-  const size_t table = optional + optionalSize;
-  put(bytes, table + 12, address, 4);
-  put(bytes, table + 16, 0x200, 4);
-  put(bytes, table + 20, section, 4);
-  const std::uint32_t entries[][2] = {{16, 0x80000018}, {1, 0x80000030}, {1033, 0x48}};
-  for (size_t level = 0; level < 3; ++level) {
-    const size_t folder = section + level * 0x18;
-    put(bytes, folder + 14, 1, 2);
-    put(bytes, folder + 16, entries[level][0], 4);
-    put(bytes, folder + 20, entries[level][1], 4);
-  }
-  put(bytes, section + 0x48, address + 0x60, 4);
-  put(bytes, section + 0x4C, 92, 4);
-  const size_t resource = section + 0x60;
+  put(bytes, optional + (wide ? 112 : 96) + 16, programAddress, 4);
+  put(bytes, table + 12, programAddress, 4);
+  put(bytes, table + 16, sectionBytes, 4);
+  put(bytes, table + 20, programSection, 4);
+  return bytes;
+}
+
+/// A Windows program with nothing but a version resource. `high` and `low` are the two halves of its file version, two
+/// numbers of 16 bits each.
+inline std::string windowsProgram(bool wide, std::uint32_t high, std::uint32_t low) {
+  std::string bytes = emptyProgram(wide, 0x200);
+  putEntry(bytes, programSection, 16, 0x80000018);
+  putEntry(bytes, programSection + 0x18, 1, 0x80000030);
+  putEntry(bytes, programSection + 0x30, 1033, 0x48);
+  put(bytes, programSection + 0x48, programAddress + 0x60, 4);
+  put(bytes, programSection + 0x4C, 92, 4);
+  const size_t resource = programSection + 0x60;
   put(bytes, resource, 92, 2);
   put(bytes, resource + 2, 52, 2);
   put(bytes, resource + 40, 0xFEEF04BD, 4);
