@@ -6,7 +6,6 @@
 #include <bit>
 #include <cstring>
 #include <future>
-#include <numeric>
 #include <string_view>
 
 namespace varnholt::controls {
@@ -30,25 +29,35 @@ void sortOnTwoCores(std::vector<Item>& items, Less less) {
   std::inplace_merge(items.begin(), middle, items.end(), less);
 }
 
-std::vector<std::uint32_t> sortedByNumber(const std::vector<std::int64_t>& keys, bool descending) {
-  std::vector<std::uint32_t> rows(keys.size());
-  std::iota(rows.begin(), rows.end(), 0u);
-  sortOnTwoCores(rows, [&](std::uint32_t a, std::uint32_t b) {
-    if (keys[a] != keys[b]) return descending ? keys[a] > keys[b] : keys[a] < keys[b];
-    return a < b;
+// In both sorts a row goes by its place in the list before, so that equal rows compare by where they stood.
+
+struct NumberedPlace {
+  std::int64_t key;
+  std::uint32_t place;
+};
+
+std::vector<std::uint32_t> placesByNumber(const std::vector<std::int64_t>& keys, bool descending,
+                                          const std::vector<std::uint32_t>& before) {
+  std::vector<NumberedPlace> places(before.size());
+  for (std::uint32_t place = 0; place < places.size(); ++place)
+    places[place] = {keys[before[place]], place};
+  sortOnTwoCores(places, [&](const NumberedPlace& a, const NumberedPlace& b) {
+    if (a.key != b.key) return descending ? a.key > b.key : a.key < b.key;
+    return a.place < b.place;
   });
-  return rows;
+  std::vector<std::uint32_t> sorted(places.size());
+  std::ranges::transform(places, sorted.begin(), &NumberedPlace::place);
+  return sorted;
 }
 
-/// The order keys of all rows, one behind the other.
+/// The order keys of all rows by their places, one behind the other.
 class TextKeys {
  public:
-  TextKeys(const RowSource& source, int column) {
-    const std::uint32_t count = source.rowCount();
-    starts_.reserve(count + 1);
-    bytes_.reserve(count * std::size_t{16});
+  TextKeys(const RowSource& source, int column, const std::vector<std::uint32_t>& before) {
+    starts_.reserve(before.size() + 1);
+    bytes_.reserve(before.size() * std::size_t{16});
     std::string text;
-    for (std::uint32_t row = 0; row < count; ++row) {
+    for (const std::uint32_t row : before) {
       starts_.push_back(bytes_.size());
       text.clear();
       source.appendSortText(row, column, text);
@@ -57,16 +66,16 @@ class TextKeys {
     starts_.push_back(bytes_.size());
   }
 
-  std::string_view key(std::uint32_t row) const {
-    return std::string_view(bytes_).substr(starts_[row], starts_[row + 1] - starts_[row]);
+  std::string_view key(std::uint32_t place) const {
+    return std::string_view(bytes_).substr(starts_[place], starts_[place + 1] - starts_[place]);
   }
 
   /// Length of the beginning that all keys share.
   std::size_t sharedLength() const {
     if (starts_.size() < 2) return 0;
     std::string_view shared = key(0);
-    for (std::uint32_t row = 1; row + 1 < starts_.size() && !shared.empty(); ++row) {
-      const std::string_view other = key(row);
+    for (std::uint32_t place = 1; place + 1 < starts_.size() && !shared.empty(); ++place) {
+      const std::string_view other = key(place);
       const auto differs = std::mismatch(shared.begin(), shared.end(), other.begin(), other.end()).first;
       shared = shared.substr(0, static_cast<std::size_t>(differs - shared.begin()));
     }
@@ -86,30 +95,37 @@ std::uint64_t leadingBytes(std::string_view text) {
   return bytes;
 }
 
-struct LedRow {
+struct LedPlace {
   std::uint64_t leading;
-  std::uint32_t row;
+  std::uint32_t place;
 };
+
+std::vector<std::uint32_t> placesByText(const TextKeys& keys, bool descending, std::size_t count) {
+  const std::size_t shared = keys.sharedLength();
+  std::vector<LedPlace> led(count);
+  for (std::uint32_t place = 0; place < led.size(); ++place)
+    led[place] = {leadingBytes(keys.key(place).substr(shared)), place};
+  sortOnTwoCores(led, [&](const LedPlace& a, const LedPlace& b) {
+    if (a.leading != b.leading) return descending ? a.leading > b.leading : a.leading < b.leading;
+    const int order = keys.key(a.place).compare(keys.key(b.place));
+    if (order != 0) return descending ? order > 0 : order < 0;
+    return a.place < b.place;
+  });
+  std::vector<std::uint32_t> sorted(led.size());
+  std::ranges::transform(led, sorted.begin(), &LedPlace::place);
+  return sorted;
+}
 
 }  // namespace
 
-std::vector<std::uint32_t> sortedRows(const RowSource& source, int column, bool descending) {
+std::vector<std::uint32_t> sortedRows(const RowSource& source, int column, bool descending,
+                                      const std::vector<std::uint32_t>& before) {
   std::vector<std::int64_t> numbers;
-  if (source.numericKeys(column, numbers)) return sortedByNumber(numbers, descending);
-
-  const TextKeys keys(source, column);
-  const std::size_t shared = keys.sharedLength();
-  std::vector<LedRow> led(source.rowCount());
-  for (std::uint32_t row = 0; row < led.size(); ++row)
-    led[row] = {leadingBytes(keys.key(row).substr(shared)), row};
-  sortOnTwoCores(led, [&](const LedRow& a, const LedRow& b) {
-    if (a.leading != b.leading) return descending ? a.leading > b.leading : a.leading < b.leading;
-    const int order = keys.key(a.row).compare(keys.key(b.row));
-    if (order != 0) return descending ? order > 0 : order < 0;
-    return a.row < b.row;
-  });
-  std::vector<std::uint32_t> rows(led.size());
-  std::ranges::transform(led, rows.begin(), &LedRow::row);
+  std::vector<std::uint32_t> rows = source.numericKeys(column, numbers)
+                                        ? placesByNumber(numbers, descending, before)
+                                        : placesByText({source, column, before}, descending, before.size());
+  for (std::uint32_t& place : rows)
+    place = before[place];
   return rows;
 }
 
