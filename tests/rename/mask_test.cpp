@@ -72,7 +72,7 @@ TEST(MaskedName, AddsAndCuts) {
            {"README", cuts("README"), ""},
            {"ends.", adds("", "txt"), "ends.txt"},
            {".profile", adds("x"), "x.profile"},
-           {".profile", adds("", "bak"), ".bak"},
+           {".profile", adds("", "bak"), ".profilebak"},
        })
     EXPECT_EQ(nameBy(each.mask, each.name), each.expected) << each.name;
 }
