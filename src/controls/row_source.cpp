@@ -29,35 +29,48 @@ void sortOnTwoCores(std::vector<Item>& items, Less less) {
   std::inplace_merge(items.begin(), middle, items.end(), less);
 }
 
-// In both sorts a row goes by its place in the list before, so that equal rows compare by where they stood.
-
-struct NumberedPlace {
-  std::int64_t key;
-  std::uint32_t place;
+/// A row with the beginning of what it is sorted by, and its place in the list before: equal rows go by that.
+template <class Key>
+struct KeyedRow {
+  Key key;
+  std::uint32_t row, place;
 };
 
-std::vector<std::uint32_t> placesByNumber(const std::vector<std::int64_t>& keys, bool descending,
+template <class Key, class KeyOf>
+std::vector<KeyedRow<Key>> keyedRows(const std::vector<std::uint32_t>& before, KeyOf keyOf) {
+  std::vector<KeyedRow<Key>> rows(before.size());
+  for (std::uint32_t place = 0; place < rows.size(); ++place)
+    rows[place] = {keyOf(before[place]), before[place], place};
+  return rows;
+}
+
+template <class Key>
+std::vector<std::uint32_t> rowsOf(const std::vector<KeyedRow<Key>>& sorted) {
+  std::vector<std::uint32_t> rows(sorted.size());
+  std::ranges::transform(sorted, rows.begin(), &KeyedRow<Key>::row);
+  return rows;
+}
+
+std::vector<std::uint32_t> sortedByNumber(const std::vector<std::int64_t>& keys, bool descending,
                                           const std::vector<std::uint32_t>& before) {
-  std::vector<NumberedPlace> places(before.size());
-  for (std::uint32_t place = 0; place < places.size(); ++place)
-    places[place] = {keys[before[place]], place};
-  sortOnTwoCores(places, [&](const NumberedPlace& a, const NumberedPlace& b) {
+  using Row = KeyedRow<std::int64_t>;
+  auto rows = keyedRows<std::int64_t>(before, [&](std::uint32_t row) { return keys[row]; });
+  sortOnTwoCores(rows, [&](const Row& a, const Row& b) {
     if (a.key != b.key) return descending ? a.key > b.key : a.key < b.key;
     return a.place < b.place;
   });
-  std::vector<std::uint32_t> sorted(places.size());
-  std::ranges::transform(places, sorted.begin(), &NumberedPlace::place);
-  return sorted;
+  return rowsOf(rows);
 }
 
-/// The order keys of all rows by their places, one behind the other.
+/// The order keys of all rows, one behind the other.
 class TextKeys {
  public:
-  TextKeys(const RowSource& source, int column, const std::vector<std::uint32_t>& before) {
-    starts_.reserve(before.size() + 1);
-    bytes_.reserve(before.size() * std::size_t{16});
+  TextKeys(const RowSource& source, int column) {
+    const std::uint32_t count = source.rowCount();
+    starts_.reserve(count + 1);
+    bytes_.reserve(count * std::size_t{16});
     std::string text;
-    for (const std::uint32_t row : before) {
+    for (std::uint32_t row = 0; row < count; ++row) {
       starts_.push_back(bytes_.size());
       text.clear();
       source.appendSortText(row, column, text);
@@ -66,16 +79,16 @@ class TextKeys {
     starts_.push_back(bytes_.size());
   }
 
-  std::string_view key(std::uint32_t place) const {
-    return std::string_view(bytes_).substr(starts_[place], starts_[place + 1] - starts_[place]);
+  std::string_view key(std::uint32_t row) const {
+    return std::string_view(bytes_).substr(starts_[row], starts_[row + 1] - starts_[row]);
   }
 
   /// Length of the beginning that all keys share.
   std::size_t sharedLength() const {
     if (starts_.size() < 2) return 0;
     std::string_view shared = key(0);
-    for (std::uint32_t place = 1; place + 1 < starts_.size() && !shared.empty(); ++place) {
-      const std::string_view other = key(place);
+    for (std::uint32_t row = 1; row + 1 < starts_.size() && !shared.empty(); ++row) {
+      const std::string_view other = key(row);
       const auto differs = std::mismatch(shared.begin(), shared.end(), other.begin(), other.end()).first;
       shared = shared.substr(0, static_cast<std::size_t>(differs - shared.begin()));
     }
@@ -95,25 +108,19 @@ std::uint64_t leadingBytes(std::string_view text) {
   return bytes;
 }
 
-struct LedPlace {
-  std::uint64_t leading;
-  std::uint32_t place;
-};
-
-std::vector<std::uint32_t> placesByText(const TextKeys& keys, bool descending, std::size_t count) {
+std::vector<std::uint32_t> sortedByText(const TextKeys& keys, bool descending,
+                                        const std::vector<std::uint32_t>& before) {
+  using Row = KeyedRow<std::uint64_t>;
   const std::size_t shared = keys.sharedLength();
-  std::vector<LedPlace> led(count);
-  for (std::uint32_t place = 0; place < led.size(); ++place)
-    led[place] = {leadingBytes(keys.key(place).substr(shared)), place};
-  sortOnTwoCores(led, [&](const LedPlace& a, const LedPlace& b) {
-    if (a.leading != b.leading) return descending ? a.leading > b.leading : a.leading < b.leading;
-    const int order = keys.key(a.place).compare(keys.key(b.place));
+  auto rows =
+      keyedRows<std::uint64_t>(before, [&](std::uint32_t row) { return leadingBytes(keys.key(row).substr(shared)); });
+  sortOnTwoCores(rows, [&](const Row& a, const Row& b) {
+    if (a.key != b.key) return descending ? a.key > b.key : a.key < b.key;
+    const int order = keys.key(a.row).compare(keys.key(b.row));
     if (order != 0) return descending ? order > 0 : order < 0;
     return a.place < b.place;
   });
-  std::vector<std::uint32_t> sorted(led.size());
-  std::ranges::transform(led, sorted.begin(), &LedPlace::place);
-  return sorted;
+  return rowsOf(rows);
 }
 
 }  // namespace
@@ -121,12 +128,8 @@ std::vector<std::uint32_t> placesByText(const TextKeys& keys, bool descending, s
 std::vector<std::uint32_t> sortedRows(const RowSource& source, int column, bool descending,
                                       const std::vector<std::uint32_t>& before) {
   std::vector<std::int64_t> numbers;
-  std::vector<std::uint32_t> rows = source.numericKeys(column, numbers)
-                                        ? placesByNumber(numbers, descending, before)
-                                        : placesByText({source, column, before}, descending, before.size());
-  for (std::uint32_t& place : rows)
-    place = before[place];
-  return rows;
+  if (source.numericKeys(column, numbers)) return sortedByNumber(numbers, descending, before);
+  return sortedByText({source, column}, descending, before);
 }
 
 }  // namespace varnholt::controls
