@@ -31,7 +31,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       icons(program),
       dispatcher(Form1, program),
       keys({Form1, program, listing, navigation, selection}),
-      drops(Form1, dispatcher, selection),
+      drops(Form1, dispatcher, navigation, selection),
       trees(Form9, Form1, program),
       Form35(program),
       fileops({Form1, program, dispatcher, listing, navigation, selection, trees, Form35}),
@@ -123,6 +123,15 @@ void App::bindCommands() {
   bind("Command19_Click", [this] { navigation.parentFolder(Form1.Panel2); });
   bind("Command6_Click", [this] { navigation.rootFolder(Form1.Panel1); });
   bind("Command7_Click", [this] { navigation.rootFolder(Form1.Panel2); });
+  const auto bindActive = [this, bind](const char* handler, void (panels::Navigation::*go)(panels::Panel&)) {
+    bind(handler, [this, go] {
+      if (panels::Panel* panel = Form1.activePanel()) (navigation.*go)(*panel);
+    });
+  };
+  bindActive("BrowseBack_Click", &panels::Navigation::Browseback);
+  bindActive("BrowseForward_Click", &panels::Navigation::Browseforward);
+  bindActive("ParentWithHistory_Click", &panels::Navigation::Prevfolder);
+  bind("OtherPanel_Click", [this] { keys.OtherPanel_Click(); });
   bind("rootreset_Click", [this] { navigation.rootreset_Click(); });
   bind("ResetHomeDrive_Click", [this] { navigation.ResetHomeDrive_Click(); });
   bind("store_Click", [this] { navigation.store_Click(); });
@@ -130,6 +139,8 @@ void App::bindCommands() {
   bind("savefolder_his_Click", [this] { navigation.savefolder_his_Click(); });
   bind("ClearHis_Click", [this] { navigation.ClearHis_Click(); });
   // Selecting
+  bind("OpenSelected_Click", [this] { keys.OpenSelected_Click(); });
+  bind("MarkItem_Click", [this] { keys.MarkItem_Click(); });
   bind("selectall_Click", [this] { selection.selectall_Click(); });
   bind("Inversel_Click", [this] { selection.Inversel_Click(); });
   bind("Selsize_Click", [this] { selection.Selsize_Click(); });
@@ -198,18 +209,27 @@ void App::drawButtons() {
 
 void App::bindPanel(panels::Panel& panel) {
   controls::ListView& list = panel.list;
-  list.GotFocus = [this, &panel] { activePanel.GotFocus(panel); };
+  list.GotFocus = [this, &panel] { activated(panel); };
   // The key itself may have gone down while the keyboard was elsewhere.
   list.MouseDown = [this](const controls::MouseEvent& mouse) { Form1.CtrlHeld = mouse.modifiers.ctrl; };
   list.Click = [this, &panel] { selection.Click(panel); };
-  list.ItemClick = [this, &panel](controls::ListItem item) { selection.ItemClick(panel, item); };
+  list.KeySelect = [this, &panel](bool builds) { selection.KeySelect(panel, builds); };
   list.DblClick = [this, &panel] { keys.DblClick(panel); };
   list.ColumnClick = [this, &panel](int number) { listing.ColumnClick(panel, number); };
   list.KeyDown = [this, &panel](controls::KeyEvent& event) { keys.KeyDown(panel, event); };
   list.KeyUp = [this, &panel](controls::KeyEvent& event) { keys.KeyUp(panel, event); };
+  list.PopupEntries = [this] { return panels::selectionMenu(Form1.Menu); };
+  list.OLEDropFolder = [this, &panel](controls::ListItem item) { return drops.folderOf(panel, item); };
   list.OLEStartDrag = [this, &panel] { return drops.draggedFiles(panel); };
   list.OLEDragDrop = [this, &panel](controls::DropEvent& event) { drops.OLEDragDrop(panel, event); };
   panel.controls.Drive.Change = [this, &panel] { navigation.DriveChange(panel); };
+}
+
+void App::activated(panels::Panel& panel) {
+  const bool another = Form1.activePanel() != &panel;
+  activePanel.GotFocus(panel);
+  navigation.showPlace();
+  if (another) selection.showItem(panel);
 }
 
 void App::bindMainWindow() {
@@ -233,6 +253,7 @@ void App::bindButtonDrops() {
 
 void App::bindHooks() {
   listing.resetcollect = [this] { selection.resetcollect(); };
+  listing.itemChanged = [this](panels::Panel& panel) { selection.showItem(panel); };
   choices.ResetAll = [this] { selection.ResetAll(); };
   state.FocusView = [this] { listing.FocusView(); };
   navigation.ClickPane = [this] { selection.ClickPane(); };

@@ -19,6 +19,7 @@
 #include "panels/main_window_start.hpp"
 #include "panels/navigation.hpp"
 #include "panels/panel_keys.hpp"
+#include "panels/panel_shortcuts.hpp"
 #include "panels/program_state.hpp"
 #include "panels/selection.hpp"
 #include "panels/tree_window.hpp"
@@ -74,6 +75,8 @@ class App {
  private:
   void bindCommands();
   void bindPanel(panels::Panel& panel);
+  /// The keyboard has come to the panel's list.
+  void activated(panels::Panel& panel);
   void bindMainWindow();
   void bindButtonDrops();
   void bindHooks();

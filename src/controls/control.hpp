@@ -38,6 +38,7 @@ struct DropEvent {
   Modifiers modifiers;
   const class Control* source = nullptr;  ///< the list of ours in which the drag began; null: another program
   bool accepted = false;                  ///< set by a handler that takes the files
+  std::string folder{};                   ///< of the row that they were dropped onto; empty: onto no such row
 };
 
 /// Colours are blue-green-red numbers (0xBBGGRR), as they are stored.

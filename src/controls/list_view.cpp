@@ -78,6 +78,7 @@ void ListView::setRows(std::shared_ptr<const RowSource> source) {
 }
 
 void ListView::rowsChanged() {
+  order_.clear();
   marks_.assign(count(), 0);
   colors_.clear();
   selectedCount_ = 0;
@@ -112,12 +113,12 @@ void ListView::setSortOrder(controls::SortOrder order) {
 void ListView::ensureSorted() const {
   if (!needsSort_) return;
   needsSort_ = false;
-  if (sorted_) {
-    order_ = sortedRows(*source_, sortKey_, sortOrder_ == controls::SortOrder::Descending);
-  } else {
-    order_.resize(count());
-    std::iota(order_.begin(), order_.end(), 0u);
-  }
+  if (!sorted_) order_.clear();
+  // Rows that came since the last sort stand behind the others.
+  const std::size_t known = order_.size();
+  order_.resize(count());
+  std::iota(order_.begin() + static_cast<std::ptrdiff_t>(known), order_.end(), static_cast<std::uint32_t>(known));
+  if (sorted_) order_ = sortedRows(*source_, sortKey_, sortOrder_ == controls::SortOrder::Descending, order_);
   position_.resize(order_.size());
   for (std::uint32_t row = 0; row < order_.size(); ++row)
     position_[order_[row]] = row;
@@ -150,6 +151,14 @@ void ListView::selectNone() {
   for (auto& marks : marks_)
     marks &= static_cast<std::uint8_t>(~SelectedMark);
   selectedCount_ = 0;
+  markChanged();
+}
+
+void ListView::ghostSelected(bool othersKeep) {
+  for (auto& marks : marks_) {
+    if (marks & SelectedMark) marks |= GhostedMark;
+    if (!(marks & SelectedMark) && !othersKeep) marks = 0;
+  }
   markChanged();
 }
 

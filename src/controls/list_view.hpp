@@ -14,6 +14,7 @@
 namespace varnholt::controls {
 
 class ListView;
+class MenuItem;
 
 /// One row of a list view, by identity: it stays the same row when the list is sorted, and ends with a clear.
 class ListItem {
@@ -71,10 +72,17 @@ class ListView : public Control {
   Property<std::map<int, std::string>> ImageList{*this};
 
   Event<ListItem> ItemClick;
+  /// Keys or the right button have changed what is selected or which row is in focus, as the left button does with a
+  /// Click. True: by adding to or taking from a selection; false: by moving to a row.
+  Event<bool> KeySelect;
   Event<int> ColumnClick;  ///< number of the column, from 1
 
   /// Gives the program paths that a drag of the selected rows carries; empty function or list: no drag.
   std::function<std::vector<std::string>()> OLEStartDrag;
+  /// The folder that files dropped onto the row itself are meant for, program path; empty function or text: none.
+  std::function<std::string(ListItem)> OLEDropFolder;
+  /// The entries that the menu key and the right button show; null: a separator. Empty function: no menu.
+  std::function<std::vector<MenuItem*>()> PopupEntries;
 
   // --- Rows ------------------------------------------------------------------------------------------------------
   std::uint32_t count() const;
@@ -108,6 +116,8 @@ class ListView : public Control {
   void setForeColor(std::uint32_t id, Color color);
   void selectNone();
   void clearGhosted();
+  /// Ghosts the selected rows; the others lose the mark unless they are to keep it.
+  void ghostSelected(bool othersKeep);
   void clearColors();
   std::uint32_t selectedCount() const { return selectedCount_; }
   /// Selected rows' ids in list order.
@@ -125,6 +135,9 @@ class ListView : public Control {
   /// a selected row waits for the release, so that a drag takes the whole selection.
   void pressFromUser(std::optional<std::uint32_t> row, const MouseEvent& mouse);
   void releaseFromUser(const MouseEvent& mouse);
+  /// Selects the row in focus, or takes it from the selection, and steps to the next one. A row that is all there is of
+  /// the selection was only come to, and stays selected.
+  void markFromUser();
   void doubleClickFromUser(std::optional<std::uint32_t> row);
   /// A drag has begun with the press: the release selects nothing.
   void dragFromUser() { pendingPlainPress_ = false; }
@@ -153,6 +166,7 @@ class ListView : public Control {
   void selectOnly(std::uint32_t row);
   void selectRange(std::uint32_t from, std::uint32_t to, bool keepOthers);
   void moveFocusTo(std::uint32_t row, const Modifiers& modifiers);
+  void toggleFocused(const Modifiers& modifiers);
   std::optional<std::uint32_t> keyTarget(int code, std::uint32_t page) const;
   void rowClicked(std::uint32_t row) { ItemClick(item(row)); }
 

@@ -62,7 +62,7 @@ void ListView::releaseFromUser(const MouseEvent& mouse) {
   if (pendingPlainPress_ && pressedId_) selectOnly(rowOf(*pressedId_));
   pendingPlainPress_ = false;
   if (pressedId_) rowClicked(rowOf(*pressedId_));
-  if (mouse.button == MouseButton::Left) Click();
+  mouse.button == MouseButton::Left ? Click() : KeySelect(false);
   MouseUp(mouse);
 }
 
@@ -114,6 +114,26 @@ void ListView::moveFocusTo(std::uint32_t row, const Modifiers& modifiers) {
   }
   ensureVisible(row);
   rowClicked(row);
+  KeySelect(MultiSelect && (modifiers.shift || modifiers.ctrl));
+}
+
+void ListView::toggleFocused(const Modifiers& modifiers) {
+  const std::uint32_t id = *focusedId_;
+  setSelected(id, MultiSelect && modifiers.ctrl ? !isSelected(id) : true);
+  anchorId_ = id;
+  rowClicked(rowOf(id));
+  KeySelect(true);
+}
+
+void ListView::markFromUser() {
+  if (!MultiSelect || count() == 0) return;
+  const std::uint32_t row = focusedRow().value_or(0), next = std::min(row + 1, count() - 1);
+  const std::uint32_t id = idAt(row);
+  setSelected(id, !isSelected(id) || selectedCount() == 1);
+  focusRow(next);
+  ensureVisible(next);
+  rowClicked(next);
+  KeySelect(true);
 }
 
 void ListView::keyFromUser(KeyEvent& event, std::uint32_t page) {
@@ -124,13 +144,13 @@ void ListView::keyFromUser(KeyEvent& event, std::uint32_t page) {
     moveFocusTo(*target, event.modifiers);
     return;
   }
-  const auto now = focusedRow();
-  if (event.code != key::Space || !now) return;
-  event.handled = true;
-  const std::uint32_t id = idAt(*now);
-  setSelected(id, MultiSelect && event.modifiers.ctrl ? !isSelected(id) : true);
-  anchorId_ = id;
-  rowClicked(*now);
+  if (event.code == key::Insert) {
+    event.handled = true;
+    markFromUser();
+  } else if (event.code == key::Space && focusedId_) {
+    event.handled = true;
+    toggleFocused(event.modifiers);
+  }
 }
 
 void ListView::seekFromUser(const std::string& text) {

@@ -18,6 +18,8 @@ class MenuItem : public Control {
   Property<std::string> Caption{*this};  ///< "&" marks the mnemonic; "-" draws a separator
   Property<bool> Checked{*this, false};
   Property<std::string> Shortcut{*this};  ///< "Ctrl+N"; empty: none
+  /// Keys that choose it while a panel has the keyboard ("F8", "Del"): shown here, handled there.
+  Property<std::vector<std::string>> PanelKeys{*this};
   Property<std::string> Icon{*this};
   /// Drawn at the right end of the menu bar.
   Property<bool> RightAligned{*this, false};

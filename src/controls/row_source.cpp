@@ -6,7 +6,6 @@
 #include <bit>
 #include <cstring>
 #include <future>
-#include <numeric>
 #include <string_view>
 
 namespace varnholt::controls {
@@ -30,14 +29,37 @@ void sortOnTwoCores(std::vector<Item>& items, Less less) {
   std::inplace_merge(items.begin(), middle, items.end(), less);
 }
 
-std::vector<std::uint32_t> sortedByNumber(const std::vector<std::int64_t>& keys, bool descending) {
-  std::vector<std::uint32_t> rows(keys.size());
-  std::iota(rows.begin(), rows.end(), 0u);
-  sortOnTwoCores(rows, [&](std::uint32_t a, std::uint32_t b) {
-    if (keys[a] != keys[b]) return descending ? keys[a] > keys[b] : keys[a] < keys[b];
-    return a < b;
-  });
+/// A row with the beginning of what it is sorted by, and its place in the list before: equal rows go by that.
+template <class Key>
+struct KeyedRow {
+  Key key;
+  std::uint32_t row, place;
+};
+
+template <class Key, class KeyOf>
+std::vector<KeyedRow<Key>> keyedRows(const std::vector<std::uint32_t>& before, KeyOf keyOf) {
+  std::vector<KeyedRow<Key>> rows(before.size());
+  for (std::uint32_t place = 0; place < rows.size(); ++place)
+    rows[place] = {keyOf(before[place]), before[place], place};
   return rows;
+}
+
+template <class Key>
+std::vector<std::uint32_t> rowsOf(const std::vector<KeyedRow<Key>>& sorted) {
+  std::vector<std::uint32_t> rows(sorted.size());
+  std::ranges::transform(sorted, rows.begin(), &KeyedRow<Key>::row);
+  return rows;
+}
+
+std::vector<std::uint32_t> sortedByNumber(const std::vector<std::int64_t>& keys, bool descending,
+                                          const std::vector<std::uint32_t>& before) {
+  using Row = KeyedRow<std::int64_t>;
+  auto rows = keyedRows<std::int64_t>(before, [&](std::uint32_t row) { return keys[row]; });
+  sortOnTwoCores(rows, [&](const Row& a, const Row& b) {
+    if (a.key != b.key) return descending ? a.key > b.key : a.key < b.key;
+    return a.place < b.place;
+  });
+  return rowsOf(rows);
 }
 
 /// The order keys of all rows, one behind the other.
@@ -86,31 +108,28 @@ std::uint64_t leadingBytes(std::string_view text) {
   return bytes;
 }
 
-struct LedRow {
-  std::uint64_t leading;
-  std::uint32_t row;
-};
+std::vector<std::uint32_t> sortedByText(const TextKeys& keys, bool descending,
+                                        const std::vector<std::uint32_t>& before) {
+  using Row = KeyedRow<std::uint64_t>;
+  const std::size_t shared = keys.sharedLength();
+  auto rows =
+      keyedRows<std::uint64_t>(before, [&](std::uint32_t row) { return leadingBytes(keys.key(row).substr(shared)); });
+  sortOnTwoCores(rows, [&](const Row& a, const Row& b) {
+    if (a.key != b.key) return descending ? a.key > b.key : a.key < b.key;
+    const int order = keys.key(a.row).compare(keys.key(b.row));
+    if (order != 0) return descending ? order > 0 : order < 0;
+    return a.place < b.place;
+  });
+  return rowsOf(rows);
+}
 
 }  // namespace
 
-std::vector<std::uint32_t> sortedRows(const RowSource& source, int column, bool descending) {
+std::vector<std::uint32_t> sortedRows(const RowSource& source, int column, bool descending,
+                                      const std::vector<std::uint32_t>& before) {
   std::vector<std::int64_t> numbers;
-  if (source.numericKeys(column, numbers)) return sortedByNumber(numbers, descending);
-
-  const TextKeys keys(source, column);
-  const std::size_t shared = keys.sharedLength();
-  std::vector<LedRow> led(source.rowCount());
-  for (std::uint32_t row = 0; row < led.size(); ++row)
-    led[row] = {leadingBytes(keys.key(row).substr(shared)), row};
-  sortOnTwoCores(led, [&](const LedRow& a, const LedRow& b) {
-    if (a.leading != b.leading) return descending ? a.leading > b.leading : a.leading < b.leading;
-    const int order = keys.key(a.row).compare(keys.key(b.row));
-    if (order != 0) return descending ? order > 0 : order < 0;
-    return a.row < b.row;
-  });
-  std::vector<std::uint32_t> rows(led.size());
-  std::ranges::transform(led, rows.begin(), &LedRow::row);
-  return rows;
+  if (source.numericKeys(column, numbers)) return sortedByNumber(numbers, descending, before);
+  return sortedByText({source, column}, descending, before);
 }
 
 }  // namespace varnholt::controls

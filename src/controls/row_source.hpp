@@ -28,8 +28,9 @@ class RowSource {
   virtual void appendSortText(std::uint32_t row, int column, std::string& text) const { text += cell(row, column); }
 };
 
-/// The rows in the order of a column's texts, folded (text_order.hpp); rows of equal text keep their order in both
-/// directions.
-std::vector<std::uint32_t> sortedRows(const RowSource& source, int column, bool descending);
+/// The rows of `before`, which holds each once, in the order of a column's texts, folded (text_order.hpp); rows of
+/// equal text keep the order of `before` in both directions.
+std::vector<std::uint32_t> sortedRows(const RowSource& source, int column, bool descending,
+                                      const std::vector<std::uint32_t>& before);
 
 }  // namespace varnholt::controls

@@ -58,4 +58,9 @@ void TreeView::clickFromUser(TreeNode& node) {
   NodeClick(node);
 }
 
+void TreeView::moveFromUser(TreeNode& node) {
+  select(&node);
+  NodeMove(node);
+}
+
 }  // namespace varnholt::controls

@@ -39,6 +39,7 @@ class TreeView : public Control {
   unsigned version() const { return version_; }
 
   Event<TreeNode&> NodeClick;
+  Event<TreeNode&> NodeMove;  ///< keys have come to the node
   Event<TreeNode&> Expand;
   Event<TreeNode&> Collapse;
 
@@ -46,6 +47,8 @@ class TreeView : public Control {
   void expandFromUser(TreeNode& node, bool expanded);
   /// The user clicks a node.
   void clickFromUser(TreeNode& node);
+  /// The user comes to a node by the keyboard.
+  void moveFromUser(TreeNode& node);
 
  private:
   std::vector<std::unique_ptr<TreeNode>> roots_;

@@ -14,6 +14,7 @@ class Delete : public Operation {
   std::string_view modeWord() const override { return "DeleteMode"; }
   bool mayOpen() override;
   std::string folderShown() const override { return context_.form.activePanel()->path(); }
+  void markRows() override { context_.dispatcher.deletecolor(); }
   Begin mayBegin() override;
   Turn turn() const override { return Turn::BeforeTaking; }
   Item file() override;

@@ -75,7 +75,7 @@ void Operation::handOver(const std::vector<std::string>* items) {
   }
   if (!mayOpen()) return;
   fillDialog();
-  if (!items) context_.dispatcher.copycolor();
+  if (!items) markRows();
   opening();
   executed_ = false;
   dialog_.ShowModal();

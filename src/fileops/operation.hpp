@@ -49,6 +49,8 @@ class Operation {
   /// Tests in front of the dialog; they tell the user themselves.
   virtual bool mayOpen() { return true; }
   virtual std::string folderShown() const { return context_.form.TargetPath; }
+  /// Marks the rows that it will take.
+  virtual void markRows() { context_.dispatcher.copycolor(); }
   virtual void opening() {}
   virtual void closed(bool /*executed*/) {}
   /// Questions and space tests in front of the loop. Closed: the dialog has hidden, and no ending follows.

@@ -32,7 +32,9 @@ panels::Form35::Form35(core::Program& program) : Form(program.loop, "Form35"), p
   cancelButton = "Command3";
   Load = [this] { Form_Load(); };
   TreeView1.NodeClick = [this](controls::TreeNode& node) { TreeView1_NodeClick(node); };
+  TreeView1.NodeMove = [this](controls::TreeNode& node) { TreeView1_NodeMove(node); };
   TreeView1.Expand = [this](controls::TreeNode& node) { TreeView1_Expand(node); };
+  TreeView1.KeyDown = [this](controls::KeyEvent& event) { TreeView1_KeyDown(event); };
   Check1.Click = [this] { showCaption(); };
   Check2.Click = [this] { showCaption(); };
   Command1.Click = [this] { Command1_Click(); };
@@ -55,6 +57,7 @@ void panels::Form35::Form_Load() {
   controls::TreeNode& computer = TreeView1.add(nullptr, "My Computer", "root", "computer");
   StatusBar1.setPanel(1, "Testing Drives For Ready Condition, - Please wait...");
   program_.loop.giveTurn();
+  program_.platform.drives.refresh();
   for (const char letter : program_.platform.drives.letters()) {
     platform::Result<platform::DriveInfo> info = platform::Error{};
     program_.loop.runBlocking([&] { info = program_.platform.drives.info(letter); });
@@ -94,6 +97,19 @@ void panels::Form35::TreeView1_NodeClick(controls::TreeNode& node) {
   scan(node);
   Caption = Title;
   scanning_ = false;
+}
+
+// Keys choose what they pass; reading a drive that is only passed would be a long wait.
+void panels::Form35::TreeView1_NodeMove(controls::TreeNode& node) {
+  if (!scanning_) Text1.Text = folderOf(node);
+}
+
+// Enter opens a node; on one that is open, or has nothing below it, it stands for the Ok button as elsewhere.
+void panels::Form35::TreeView1_KeyDown(controls::KeyEvent& event) {
+  controls::TreeNode* node = TreeView1.selected();
+  if (event.code != controls::key::Enter || !node || node->Expanded || node->children.empty()) return;
+  event.handled = true;
+  TreeView1.expandFromUser(*node, true);
 }
 
 // A node that is opened by its arrow is read, and not chosen.

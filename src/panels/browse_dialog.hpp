@@ -29,6 +29,8 @@ class Form35 : public controls::Form {
  private:
   void Form_Load();
   void TreeView1_NodeClick(controls::TreeNode& node);
+  void TreeView1_NodeMove(controls::TreeNode& node);
+  void TreeView1_KeyDown(controls::KeyEvent& event);
   void TreeView1_Expand(controls::TreeNode& node);
   /// Reads the folders of a node that was not read before, and opens it.
   void scan(controls::TreeNode& node);

@@ -10,15 +10,32 @@ std::vector<std::string> Drops::draggedFiles(Panel& panel) {
   return files;
 }
 
+std::string Drops::folderOf(Panel& panel, controls::ListItem item) const {
+  return panel.isFolder(item) ? panel.itemPath(item) : std::string();
+}
+
+// Copy and move go into the folder of the panel that is not their source, so that one shows the folder meanwhile.
 void Drops::OLEDragDrop(Panel& panel, controls::DropEvent& event) {
-  if (dispatcher_.busy || event.files.empty() || event.source == &panel.list) return;
-  if (event.source == &form_.otherPanel(panel).list) {
-    event.accepted = true;
-    form_.otherPanel(panel).list.SetFocus();
-    DragDropClick(event.modifiers.shift ? "Command3_Click" : "Command1_Click");
+  const bool within = event.source == &panel.list;
+  if (dispatcher_.busy || event.files.empty() || (within && event.folder.empty())) return;
+  Panel& target = within ? form_.otherPanel(panel) : panel;
+  if (event.folder.empty()) {
+    event.accepted = take(target, event);
     return;
   }
-  event.accepted = dropFiles && dropFiles(panel, event.files, event.modifiers.shift);
+  const std::string before = target.path();
+  if (!navigation_.visit(target, event.folder)) return;
+  const std::string shown = target.path();
+  event.accepted = take(target, event);
+  if (target.path() == shown) navigation_.visit(target, before);
+}
+
+bool Drops::take(Panel& panel, controls::DropEvent& event) {
+  Panel& source = form_.otherPanel(panel);
+  if (event.source != &source.list) return dropFiles && dropFiles(panel, event.files, event.modifiers.shift);
+  source.list.SetFocus();
+  DragDropClick(event.modifiers.shift ? "Command3_Click" : "Command1_Click");
+  return true;
 }
 
 void Drops::buttonDrop(const std::string& handler, controls::DropEvent& event) {

@@ -88,6 +88,7 @@ void Listing::pbar_beregning(std::size_t counter, std::size_t total) {
 void Listing::ViewClearItems(Panel& panel) {
   panel.clearItems();
   filedir(panel);
+  if (itemChanged) itemChanged(panel);
 }
 
 void Listing::ViewRenew() {
@@ -135,6 +136,7 @@ void Listing::keepCurrentItem(Panel& panel) {
   again->setSelected(true);
   again->EnsureVisible();
   panel.list.focusRow(again->row());
+  if (itemChanged) itemChanged(panel);
 }
 
 // --- Sorting -------------------------------------------------------------------------------------------------------

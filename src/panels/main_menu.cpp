@@ -1,6 +1,7 @@
 #include "panels/main_menu.hpp"
 
 #include "panels/panel_commands.hpp"
+#include "panels/panel_shortcuts.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -57,6 +58,7 @@ void MainMenu::addEntry(const Command& command) {
   controls::MenuItem& item = make(entryName(command), parent);
   item.Caption = command.menuText;
   item.Shortcut = command.shortcut;
+  item.PanelKeys = keysOf(item.name());
   item.Icon = command.icon;
   item.Enabled = static_cast<bool>(command.run);
   item.ToolTipText = command.run ? command.toolTip : command.toolTip + std::string(NotYetBuilt);

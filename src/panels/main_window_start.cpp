@@ -58,7 +58,7 @@ void MainWindowStart::startFolders() {
   auto& form = p_.form;
   const std::string systemDrive = p_.program.platform.environment.variable("SystemDrive");
   if (!systemDrive.empty()) {
-    form.InitFolder = paths::withClosing(systemDrive);
+    form.InitFolder = paths::withClosing(existingDrive(systemDrive));
     form.Panel1.setPath(form.InitFolder);
     form.Panel2.setPath(form.InitFolder);
   } else {
@@ -69,6 +69,15 @@ void MainWindowStart::startFolders() {
     form.InitFolder = form.Panel2.path();
   }
   p_.drives.ViewDriveSelection();
+}
+
+std::string MainWindowStart::existingDrive(const std::string& drive) {
+  const auto& items = p_.form.Drive1.Items.get();
+  const std::string letter = paths::driveOf(drive);
+  if (items.empty() || (!letter.empty() && p_.drives.has(letter.front()))) return drive;
+  const std::string first = paths::driveOf(items.front().text);
+  p_.program.dialogs.alert("Drive " + drive + " Not Found !\rBoth Views Start On Drive " + first);
+  return first;
 }
 
 void MainWindowStart::setColumns() {

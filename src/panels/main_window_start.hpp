@@ -43,6 +43,8 @@ class MainWindowStart {
 
  private:
   void startFolders();
+  /// The drive, or the first there is, which is told.
+  std::string existingDrive(const std::string& drive);
   void setColumns();
   void applyCommands();
   void colorMenuState();

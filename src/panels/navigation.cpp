@@ -5,6 +5,8 @@
 #include "core/text_file.hpp"
 #include "platform/paths.hpp"
 
+#include <algorithm>
+
 namespace varnholt::panels {
 
 namespace paths = platform::paths;
@@ -25,18 +27,31 @@ void Navigation::list(Panel& panel) {
 
 void Navigation::noteFolder(Panel& panel) {
   histories_.noteLastFolder(panel.path());
+  showPlace();
   if (folderChanged) folderChanged();
 }
 
-void Navigation::showTitle(const Panel& panel) { form_.Caption = "Varnholt -  " + paths::withoutClosing(panel.path()); }
+void Navigation::showPlace() {
+  const Panel* panel = form_.activePanel();
+  if (!panel) return;
+  form_.Caption = "Varnholt -  " + paths::withoutClosing(panel->path());
+  const auto& folders = form_.ImageCombo1.Items.get();
+  const auto shown = std::ranges::find_if(
+      folders, [&](const controls::ComboBox::Item& each) { return paths::sameFolder(each.text, panel->path()); });
+  form_.ImageCombo1.choose(shown == folders.end() ? -1 : static_cast<int>(shown - folders.begin()));
+}
 
 void Navigation::selectFolderRow(Panel& panel, const std::string& folder) {
   auto item = panel.findByCompareText(core::rowCompareText(core::folderRowText(paths::fileName(folder)), " "));
-  if (!item) return;
+  if (item) selectRow(panel, *item);
+}
+
+void Navigation::selectRow(Panel& panel, controls::ListItem item) {
   panel.list.selectNone();
-  item->setSelected(true);
-  panel.list.focusRow(item->row());
-  item->EnsureVisible();
+  item.setSelected(true);
+  panel.list.focusRow(item.row());
+  item.EnsureVisible();
+  if (listing_.itemChanged) listing_.itemChanged(panel);
 }
 
 // --- The stacks of places ------------------------------------------------------------------------------------------
@@ -85,7 +100,6 @@ void Navigation::Browseback(Panel& panel) {
     fstack_push(panel);
   }
   browseButtons(panel);
-  showTitle(panel);
   listing_.FocusView();
 }
 
@@ -98,7 +112,6 @@ void Navigation::Browseforward(Panel& panel) {
     selectFolderRow(panel, left);
   }
   browseButtons(panel);
-  showTitle(panel);
   listing_.FocusView();
 }
 
@@ -121,7 +134,6 @@ void Navigation::moveUp(Panel& panel, const std::string& target) {
   enter(panel);
   selectFolderRow(panel, left);
   browseButtons(panel);
-  showTitle(panel);
 }
 
 void Navigation::parentFolder(Panel& panel) {
@@ -145,7 +157,15 @@ bool Navigation::goTo(Panel& panel, const std::string& folder) {
   ViewDriveSelection();
   Folderhis_store(panel);
   browseButtons(panel);
-  showTitle(panel);
+  return true;
+}
+
+bool Navigation::visit(Panel& panel, const std::string& folder) {
+  if (!exists(folder)) return false;
+  panel.setPath(folder);
+  listing_.ViewClearItems(panel);
+  panel.showPath();
+  showPlace();
   return true;
 }
 
@@ -157,12 +177,8 @@ bool Navigation::GoToDirection(const std::string& target) {
   if (program_.files().folderExists(*path)) return goTo(*panel, *path);
   if (!goTo(*panel, paths::parent(*path))) return false;
   const auto name = paths::fileName(*path);
-  if (auto item = panel->findByCompareText(core::rowCompareText(paths::baseName(name), paths::extension(name)))) {
-    panel->list.selectNone();
-    item->setSelected(true);
-    panel->list.focusRow(item->row());
-    item->EnsureVisible();
-  }
+  if (auto item = panel->findByCompareText(core::rowCompareText(paths::baseName(name), paths::extension(name))))
+    selectRow(*panel, *item);
   return true;
 }
 
@@ -179,7 +195,6 @@ void Navigation::enterFolder(Panel& panel, controls::ListItem item) {
   list(panel);
   Folderhis_store(panel);
   browseButtons(panel);
-  showTitle(panel);
   if (panel.list.count() > 0) panel.list.focusRow(0);
   if (ClickPane) ClickPane();
   if (form_.seams.TreedisplayItem) form_.seams.TreedisplayItem();
@@ -258,7 +273,6 @@ void Navigation::DriveChange(Panel& panel) {
     form_.statusLine("");
     browseButtons(panel);
     Folderhis_store(panel);
-    showTitle(panel);
     panel.list.SetFocus();
     active_.showDrive(panel);
   }
@@ -304,7 +318,7 @@ void Navigation::Folderhis_store(const Panel& panel) {
   combo.Clear();
   for (const auto& folder : histories_.folders.entries())
     combo.AddItem(paths::withoutClosing(folder), "folder");
-  combo.choose(static_cast<int>(combo.Items->size()) - 1);
+  showPlace();
 }
 
 void Navigation::savefolder_his_Click() {

@@ -41,6 +41,8 @@ class Navigation {
   /// folder, and the panel stays.
   bool GoToDirection(const std::string& target);
   bool goTo(Panel& panel, const std::string& folder);
+  /// Shows a folder for a while: no history hears of it. False: there is no such folder, and the panel stays.
+  bool visit(Panel& panel, const std::string& folder);
   /// A panel whose folder is gone goes to the nearest one above that is there, or home.
   void leaveVanished();
   /// Into the folder of a row.
@@ -65,8 +67,8 @@ class Navigation {
   void savefolder_his_Click();
   void ClearHis_Click();
 
-  /// The window's title names the panel's folder.
-  void showTitle(const Panel& panel);
+  /// The window's title and the history box name the active panel's folder.
+  void showPlace();
 
   /// The click routine of the active panel.
   std::function<void()> ClickPane;
@@ -77,6 +79,8 @@ class Navigation {
   void list(Panel& panel);
   void noteFolder(Panel& panel);
   void selectFolderRow(Panel& panel, const std::string& folder);
+  /// Selects the row alone, and gives it the focus.
+  void selectRow(Panel& panel, controls::ListItem item);
   /// The panel goes to a folder above or before its own, and selects the row of the one it has left.
   void moveUp(Panel& panel, const std::string& target);
   void browseButtons(Panel& panel);

@@ -67,8 +67,22 @@ Rows commandRowButtons() {
   };
 }
 
+Rows fileRows() {
+  return {
+      {.handler = "OpenSelected_Click",
+       .toolTip = "Enter the folder in focus, or open the file with its program",
+       .icon = "open",
+       .heading = "File",
+       .menuText = "Open Selected &Item"},
+  };
+}
+
 Rows selectRows() {
   return {
+      {.handler = "MarkItem_Click",
+       .toolTip = "Select the item in focus, or take it from the selection, and step to the next one",
+       .heading = "Select",
+       .menuText = "Mark And Step &Down"},
       {.handler = "selectall_Click",
        .toolTip = "Select All Items in Current View",
        .icon = "select-all",
@@ -215,6 +229,26 @@ Rows dateRows() {
 
 Rows goRows() {
   return {
+      {.handler = "BrowseBack_Click",
+       .toolTip = "The active panel goes back to where it was before",
+       .icon = "back",
+       .heading = "Go",
+       .menuText = "Browse Bac&k"},
+      {.handler = "BrowseForward_Click",
+       .toolTip = "The active panel goes forward again",
+       .icon = "forward",
+       .heading = "Go",
+       .menuText = "Browse For&ward"},
+      {.handler = "ParentWithHistory_Click",
+       .toolTip = "Return to Parent Folder With History",
+       .icon = "parent-history",
+       .heading = "Go",
+       .menuText = "&Parent Folder With History"},
+      {.handler = "OtherPanel_Click",
+       .toolTip = "Make the other panel the active one",
+       .heading = "Go",
+       .menuText = "&Other Panel"},
+      {.handler = "-16", .heading = "Go", .menuText = "-"},
       {.handler = "rootreset_Click",
        .toolTip = "Both panels go to the root folder of their drive",
        .icon = "root",
@@ -460,8 +494,8 @@ Rows helpRows() {
 
 std::vector<Command> panelCommands() {
   Rows all;
-  for (const auto rows : {navigationButtons, commandRowButtons, selectRows, filterLines, viewRows, dateRows, goRows,
-                          toolRows, skinRows, listLookRows, positionRows, lastCommandRows, startRows, helpRows})
+  for (const auto rows : {navigationButtons, commandRowButtons, fileRows, selectRows, filterLines, viewRows, dateRows,
+                          goRows, toolRows, skinRows, listLookRows, positionRows, lastCommandRows, startRows, helpRows})
     std::ranges::move(rows(), std::back_inserter(all));
   return all;
 }

@@ -1,6 +1,7 @@
 #include "panels/panel_keys.hpp"
 
 #include "core/item_text.hpp"
+#include "panels/panel_shortcuts.hpp"
 #include "platform/paths.hpp"
 
 namespace varnholt::panels {
@@ -25,6 +26,11 @@ std::string properCaseParts(std::string_view path) {
 }  // namespace
 
 void PanelKeys::KeyDown(Panel& panel, controls::KeyEvent& event) {
+  if (const PanelShortcut* shortcut = panelShortcut(event)) {
+    event.handled = true;
+    p_.form.Menu[std::string(shortcut->entry)].choose();
+    return;
+  }
   const auto item = panel.list.SelectedItem();
   switch (event.code) {
   case key::Esc:
@@ -75,7 +81,6 @@ void PanelKeys::escape() {
 bool PanelKeys::spaceLeavesFolder(Panel& panel) {
   if (!p_.form.Menu.checked("RLC")) return false;
   p_.navigation.parentFolder(panel);
-  p_.navigation.showTitle(panel);
   return true;
 }
 
@@ -88,6 +93,18 @@ void PanelKeys::DblClick(Panel& panel) {
     return;
   }
   if (openFile) openFile(panel.itemPath(*item));
+}
+
+void PanelKeys::OpenSelected_Click() {
+  if (Panel* panel = p_.form.activePanel()) DblClick(*panel);
+}
+
+void PanelKeys::MarkItem_Click() {
+  if (Panel* panel = p_.form.activePanel()) panel->list.markFromUser();
+}
+
+void PanelKeys::OtherPanel_Click() {
+  if (Panel* panel = p_.form.activePanel()) p_.form.otherPanel(*panel).list.SetFocus();
 }
 
 // --- The command line ----------------------------------------------------------------------------------------------

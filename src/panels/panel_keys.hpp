@@ -28,6 +28,13 @@ class PanelKeys {
   /// `ListView1_DblClick`, `ListView2_DblClick`: into a folder, or open the file.
   void DblClick(Panel& panel);
 
+  /// Opens the active panel's item in focus as a double click does.
+  void OpenSelected_Click();
+  /// Selects the active panel's item in focus, or takes it from the selection, and steps to the next.
+  void MarkItem_Click();
+  /// The other panel becomes the active one.
+  void OtherPanel_Click();
+
   /// Shows the command line with the active panel's item (`CmdLine_Click`).
   void commandline();
   void Text3_KeyDown(controls::KeyEvent& event);

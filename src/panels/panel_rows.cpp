@@ -102,7 +102,8 @@ void PanelRows::appendSortText(std::uint32_t row, int column, std::string& text)
     return;
   }
   if (isFolder(row)) {
-    text += "\\ ";
+    // No name holds this character, and none comes before it: folders lead.
+    text += '\0';
     text += entry(row).name;
     return;
   }

@@ -12,6 +12,13 @@ namespace paths = platform::paths;
 // --- Clicks --------------------------------------------------------------------------------------------------------
 
 void Selection::Click(Panel& panel) {
+  active_.showFreeSpace(panel);
+  follow(panel, Keeping::All);
+}
+
+void Selection::KeySelect(Panel& panel, bool builds) { follow(panel, builds ? Keeping::NewOnes : Keeping::None); }
+
+void Selection::follow(Panel& panel, Keeping keeping) {
   form_.Menu["Filefilter"].Visible = false;
   form_.filterMark = false;
   if (!form_.Menu.checked("Viewuser")) form_.Menu["Viewfilter"].Visible = true;
@@ -19,40 +26,47 @@ void Selection::Click(Panel& panel) {
     listing_.resetv1v2();
     form_.cutLook = false;
   }
-  active_.showFreeSpace(panel);
   form_.setMode("SelectMode");
   active_.UpdateClock();
 
-  if (!form_.CtrlHeld) panel.list.clearGhosted();
   const auto focused = panel.list.SelectedItem();
   if (focused) currentItem(panel, *focused);
-
   resetcollect();
   if (panel.list.MultiSelect) {
-    collectSelected(panel);
+    collectSelected(panel, keeping);
   } else if (focused) {
     collect(panel, *focused);
   }
+  panel.list.ghostSelected(form_.CtrlHeld);
   if (form_.Menu.checked("Psi")) showCount(panel.list.selectedCount());
   if (form_.seams.TreedisplayItem) form_.seams.TreedisplayItem();
   if (form_.seams.ShartCal) form_.seams.ShartCal();
 }
 
-void Selection::ItemClick(Panel& panel, controls::ListItem item) {
-  fileatrib(panel, item);
-  if (form_.Menu.checked("Psi")) showCount(panel.list.selectedCount());
-}
-
 void Selection::currentItem(Panel& panel, controls::ListItem item) {
   const bool folder = panel.isFolder(item);
   form_.CurrentItem = folder ? panel.itemPath(item) : panel.fileName(item);
-  form_.Command2.Enabled =
-      !folder && form_.commands.find("Command2_Click") && form_.commands.find("Command2_Click")->run;
-  form_.Menu["EditFile"].Enabled = form_.Command2.Enabled.get();
-  if (form_.seams.fileItemChosen) form_.seams.fileItemChosen(!folder);
-  fileatrib(panel, item);
+  chooseItem(panel, item);
   if (form_.seams.Viewpicv) form_.seams.Viewpicv(panel.side);
   if (form_.seams.LineCompare) form_.seams.LineCompare(!folder);
+}
+
+void Selection::chooseItem(Panel& panel, std::optional<controls::ListItem> item) {
+  const Command* edit = form_.commands.find("Command2_Click");
+  const bool folder = item && panel.isFolder(*item);
+  form_.Command2.Enabled = !folder && edit && edit->run;
+  form_.Menu["EditFile"].Enabled = form_.Command2.Enabled.get();
+  if (item && form_.seams.fileItemChosen) form_.seams.fileItemChosen(!folder);
+  item ? fileatrib(panel, *item) : form_.statusLine("");
+}
+
+void Selection::showItem(Panel& panel) {
+  if (form_.activePanel() != &panel) return;
+  chooseItem(panel, panel.list.SelectedItem());
+  form_.StatusBar1.setPanel(status::SizeReport, "");
+  const auto count = panel.list.selectedCount();
+  form_.StatusBar1.setPanel(status::SelectedCount, "");
+  if (count > 0 && form_.Menu.checked("Psi")) showCount(count);
 }
 
 void Selection::fileatrib(Panel& panel, controls::ListItem item) {
@@ -61,18 +75,27 @@ void Selection::fileatrib(Panel& panel, controls::ListItem item) {
 }
 
 void Selection::collect(Panel& panel, controls::ListItem item) {
-  if (form_.Menu.checked("selhis") && form_.panelRecall(panel.side).push(panel.fileName(item)))
-    form_.statusLine("Recall Bufffer Full ! - Auto Pop out in progress, (Apply Reset to increase speed !)");
+  keepForRecall(panel, item);
   form_.filecollect.push(panel.itemText(item));
 }
 
-void Selection::collectSelected(Panel& panel) {
-  auto& lastSet = lastSet_[panel.side == Side::Left ? 0 : 1];
-  if (panel.list.selectedCount() > 0) lastSet.clear();
+void Selection::keepForRecall(Panel& panel, controls::ListItem item) {
+  if (form_.Menu.checked("selhis") && form_.panelRecall(panel.side).push(panel.fileName(item)))
+    form_.statusLine("Recall Bufffer Full ! - Auto Pop out in progress, (Apply Reset to increase speed !)");
+}
+
+// A row is new to the Recall unless it bears the mark of a selection that was kept.
+void Selection::collectSelected(Panel& panel, Keeping keeping) {
+  const int side = panel.side == Side::Left ? 0 : 1;
+  const bool walked = std::exchange(walked_[side], keeping == Keeping::None);
+  const bool setsLast = keeping != Keeping::None && panel.list.selectedCount() > 0;
+  if (setsLast) lastSet_[side].clear();
   for (const std::uint32_t id : panel.list.selectedIds()) {
-    panel.list.setGhosted(id, true);
-    collect(panel, {panel.list, id});
-    lastSet.push_back(panel.fileName({panel.list, id}));
+    const controls::ListItem item(panel.list, id);
+    const bool isNew = walked || !item.Ghosted();
+    if (keeping == Keeping::All || (keeping == Keeping::NewOnes && isNew)) keepForRecall(panel, item);
+    form_.filecollect.push(panel.itemText(item));
+    if (setsLast) lastSet_[side].push_back(panel.fileName(item));
   }
 }
 

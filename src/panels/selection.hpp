@@ -6,6 +6,7 @@
 #include "panels/listing.hpp"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -23,9 +24,12 @@ class Selection {
   void ListView1_Click() { Click(form_.Panel1); }
   void ListView2_Click() { Click(form_.Panel2); }
   void Click(Panel& panel);
-  /// A row was clicked or reached by a key: its words and the count of selected rows, which keys change without a
-  /// click.
-  void ItemClick(Panel& panel, controls::ListItem item);
+  /// Keys or the right button have done what a click does; `builds`: they added to a selection or took from it. A row
+  /// that keys only pass is not kept for the Recall, or a walk through a folder would push all else out of it.
+  void KeySelect(Panel& panel, bool builds);
+  /// The status bar and the commands follow the item in hand of the panel, or that there is none. Nothing while the
+  /// other panel is the active one.
+  void showItem(Panel& panel);
   /// The click routine of the active panel.
   void ClickPane();
   /// The words of the item's attributes in the status line.
@@ -71,8 +75,15 @@ class Selection {
     std::uint64_t bytes = 0;
     bool exact = true;
   };
+  /// Which of the selected rows are kept for the Recall.
+  enum class Keeping { All, NewOnes, None };
+  /// What clicks and keys have in common: item in hand, marks and collected items follow what is selected.
+  void follow(Panel& panel, Keeping keeping);
   void currentItem(Panel& panel, controls::ListItem item);
-  void collectSelected(Panel& panel);
+  void collectSelected(Panel& panel, Keeping keeping);
+  void keepForRecall(Panel& panel, controls::ListItem item);
+  /// What the status bar and the commands make of the item in hand; empty: there is none.
+  void chooseItem(Panel& panel, std::optional<controls::ListItem> item);
   void addSize(Panel& panel, controls::ListItem item, Sum& sum);
   Sum sizeOfSelected(Panel& panel);
   void report(std::uint64_t count, const Sum& sum);
@@ -85,7 +96,9 @@ class Selection {
   core::Program& program_;
   Listing& listing_;
   ActivePanel& active_;
-  std::vector<std::string> lastSet_[2];  ///< names that the last click had selected, a side each
+  // A side each.
+  std::vector<std::string> lastSet_[2];  ///< names that were selected last by other than walking
+  bool walked_[2] = {};                  ///< keys have walked to the selected row, and it is not kept yet
 };
 
 }  // namespace varnholt::panels

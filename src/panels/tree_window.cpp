@@ -46,7 +46,7 @@ bool addFolders(core::Program& program, controls::TreeView& tree, controls::Tree
   std::size_t done = 0;
   for (const auto& entry : folders) {
     controls::TreeNode& child = tree.add(&node, std::string(entry.name), {}, "folder");
-    tree.add(&child, "", std::string(UnreadLevel));
+    if (!entry.isLink) tree.add(&child, "", std::string(UnreadLevel));
     if (each) each(++done, folders.size());
   }
   return true;
@@ -63,6 +63,7 @@ TreeWindow::TreeWindow(Form9& form9, Form1& form, core::Program& program)
   for (Panel* panel : {&form_.Panel1, &form_.Panel2}) {
     controls::TreeView& view = tree(*panel);
     view.NodeClick = [this, panel](controls::TreeNode& node) { NodeClick(*panel, node); };
+    view.NodeMove = view.NodeClick;
     view.DblClick = [this, panel] { DblClick(*panel); };
     // Who has no mouse goes there with Enter, as in the lists.
     view.KeyDown = [this, panel](controls::KeyEvent& event) {
@@ -117,6 +118,7 @@ void TreeWindow::build(Panel& panel) {
     controls::TreeNode* child = childNamed(*node, below.substr(0, end));
     if (!child) break;
     node = child;
+    if (!isUnread(*node)) break;
     buildLevel(panel, *node);
     view.setExpanded(*node, true);
     below = end == std::string::npos ? std::string() : below.substr(end + 1);

@@ -68,7 +68,8 @@ class TreeWindow {
 /// A tree node whose level was not read yet has one child of this key, so that it can be opened.
 inline constexpr std::string_view UnreadLevel = "unread";
 
-/// Puts the folders below `folder` under the node, each with an unread level of its own when it has folders.
+/// Puts the folders below `folder` under the node, each with an unread level of its own. A tree does not go through
+/// links, which may lead round in a circle: the node of one has no level below it.
 /// `each` is told how many of how many are done. False: the folder cannot be read.
 bool addFolders(core::Program& program, controls::TreeView& tree, controls::TreeNode& node, const std::string& folder,
                 const std::function<void(std::size_t, std::size_t)>& each = {});

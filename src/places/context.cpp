@@ -10,7 +10,6 @@ bool goToPair(const Context& context, const FolderPair& pair) {
   context.navigation.goTo(context.form.Panel1, pair.left);
   context.navigation.goTo(context.form.Panel2, pair.right);
   context.navigation.ViewDriveSelection();
-  if (const panels::Panel* active = context.form.activePanel()) context.navigation.showTitle(*active);
   return true;
 }
 

@@ -9,6 +9,12 @@ bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 
 bool hasDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':' && isLetter(path[0]); }
 
+// Where the extension begins. A point that leads or ends the name begins none.
+size_t extensionPoint(std::string_view name) {
+  const size_t point = name.rfind('.');
+  return point == 0 || point == name.size() - 1 ? std::string_view::npos : point;
+}
+
 std::string_view trimClosing(std::string_view path) {
   while (!path.empty() && path.back() == '\\')
     path.remove_suffix(1);
@@ -56,14 +62,11 @@ std::string parent(std::string_view path) {
 }
 
 std::string_view extension(std::string_view name) {
-  const size_t point = name.rfind('.');
+  const size_t point = extensionPoint(name);
   return point == std::string_view::npos ? std::string_view() : name.substr(point + 1);
 }
 
-std::string_view baseName(std::string_view name) {
-  const size_t point = name.rfind('.');
-  return point == std::string_view::npos || point + 1 == name.size() ? name : name.substr(0, point);
-}
+std::string_view baseName(std::string_view name) { return name.substr(0, extensionPoint(name)); }
 
 bool sameFolder(std::string_view a, std::string_view b) { return foldCase(trimClosing(a)) == foldCase(trimClosing(b)); }
 

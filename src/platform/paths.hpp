@@ -28,11 +28,11 @@ std::string_view fileName(std::string_view path);
 /// The folder that holds the path, with closing backslash; a root is its own parent.
 std::string parent(std::string_view path);
 
-/// Text behind the last point of the name, without the point. ".profile" gives "profile"; a name without a point
-/// or ending in one gives the empty text.
+/// Text behind the last point of the name, without the point. Empty for a name without a point, for one that ends in
+/// its last point, and for one that begins with its only point: ".profile" is whole, ".tar.gz" gives "gz".
 std::string_view extension(std::string_view name);
 
-/// The name less its extension and the point before it; a name ending in a point keeps the point.
+/// The name less its extension and the point before it; the whole name where there is no extension.
 std::string_view baseName(std::string_view name);
 
 /// True when both texts name one folder: closing backslash and letter case do not count.

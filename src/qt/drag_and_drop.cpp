@@ -45,7 +45,7 @@ std::string systemPathOf(const QByteArray& uri) {
 
 // What hangs at the pointer: the one name, or how many there are.
 QPixmap picture(const std::vector<std::string>& files, const QWidget& from) {
-  const QString text = files.size() == 1 ? toQt(platform::paths::fileName(files.front()))
+  const QString text = files.size() == 1 ? toShown(platform::paths::fileName(files.front()))
                                          : QStringLiteral("%1  Item(s)").arg(files.size());
   const QFontMetrics metrics = from.fontMetrics();
   const QString shown = metrics.elidedText(text, Qt::ElideMiddle, theme::scaled(240));

@@ -44,6 +44,13 @@ std::unique_ptr<QWidget> buildSplash() {
   return top;
 }
 
+// Stands above the main window, whichever of the two is the active one.
+std::unique_ptr<QWidget> buildTreeWindow() {
+  auto top = build<Ui::Form9, QMainWindow>();
+  top->setWindowFlag(Qt::Tool);
+  return top;
+}
+
 struct Row {
   const char* name;
   std::unique_ptr<QWidget> (*build)();
@@ -57,7 +64,7 @@ constexpr Row Forms[] = {
     {"Form6", build<Ui::Form6, SkinDialog>},
     {"Form7", build<Ui::Form7, SkinDialog>},
     {"form8", build<Ui::form8, SkinDialog>},
-    {"Form9", build<Ui::Form9, QMainWindow>},
+    {"Form9", buildTreeWindow},
     {"Form10", build<Ui::Form10, SkinDialog>},
     {"Form11", build<Ui::Form11, SkinDialog>},
     {"Form12", build<Ui::Form12, SkinDialog>},

@@ -128,7 +128,7 @@ void FormWindow::updateControl(const controls::Control& control) {
 }
 
 void FormWindow::updateForm() {
-  widget_->setWindowTitle(toQt(form_.Caption.get()));
+  widget_->setWindowTitle(toShown(form_.Caption.get()));
   widget_->setAccessibleName(widget_->windowTitle());
   updateSkin();
   const auto wanted = form_.WindowState.get();
@@ -226,10 +226,9 @@ void FormWindow::hide() {
   widget_->hide();
 }
 
-bool FormWindow::placedByProgram() const {
-  if (form_.Width <= 0 || form_.Height <= 0) return false;
-  return wantedPlace() != noted_;
-}
+bool FormWindow::hasPlace() const { return form_.Width > 0 && form_.Height > 0; }
+
+bool FormWindow::placedByProgram() const { return hasPlace() && wantedPlace() != noted_; }
 
 QRect FormWindow::wantedPlace() const {
   return {pixels(form_.Left), pixels(form_.Top), pixels(form_.Width), pixels(form_.Height)};
@@ -239,7 +238,8 @@ void FormWindow::place(const QWidget* caller) {
   const QScreen* screen = caller ? caller->screen() : QGuiApplication::primaryScreen();
   const QRect room = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
   QRect wanted;
-  if (placedByProgram()) {
+  // A dialog stands on its caller each time anew, any other window where it stood.
+  if (widget_->isModal() ? placedByProgram() : hasPlace()) {
     wanted = wantedPlace();
   } else {
     if (qobject_cast<QDialog*>(widget_.data())) widget_->adjustSize();
@@ -288,6 +288,10 @@ void FormWindow::fromUser(std::function<void()> act) {
   loop_.later([alive = alive_, act = std::move(act)] {
     if (*alive) act();
   });
+}
+
+void FormWindow::popUp(const std::vector<controls::MenuItem*>& entries, const QPoint& at) {
+  if (menu_) menu_->popUp(entries, at);
 }
 
 void FormWindow::afterDrop(std::function<void()> act) {

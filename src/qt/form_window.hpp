@@ -55,6 +55,7 @@ class FormWindow : public QObject, private Host {
   void focusTaken(controls::Control& control) override;
   Pictures& pictures() override { return loop_.pictures(); }
   DragAndDrop& dragAndDrop() override { return loop_.dragAndDrop(); }
+  void popUp(const std::vector<controls::MenuItem*>& entries, const QPoint& at) override;
   void afterDrop(std::function<void()> act) override;
 
   void joinControls();
@@ -68,6 +69,8 @@ class FormWindow : public QObject, private Host {
   void updateSkin();
   void place(const QWidget* caller);
   void putAt(QRect wanted, const QRect& room);
+  bool hasPlace() const;
+  /// The program has given the form another place than the one its window was last at.
   bool placedByProgram() const;
   QRect wantedPlace() const;
   void noteGeometry();

@@ -34,23 +34,19 @@ constexpr KeyCode Codes[] = {
     {Qt::Key_Delete, controls::key::Delete},
     {Qt::Key_Pause, 19},
     {Qt::Key_CapsLock, 20},
-    {Qt::Key_Menu, 93},
+    {Qt::Key_Menu, controls::key::Menu},
+    {Qt::Key_Asterisk, controls::key::Multiply},
+    {Qt::Key_Plus, controls::key::Add},
+    {Qt::Key_Minus, controls::key::Subtract},
     {Qt::Key_NumLock, 144},
     {Qt::Key_ScrollLock, 145},
 };
 
-constexpr int NumpadDigit0 = 96, NumpadMultiply = 106, NumpadPlus = 107, NumpadMinus = 109, NumpadPoint = 110,
-              NumpadDivide = 111;
+constexpr int NumpadDigit0 = 96, NumpadPoint = 110, NumpadDivide = 111;
 
 int numpadCode(int key) {
   if (key >= Qt::Key_0 && key <= Qt::Key_9) return NumpadDigit0 + key - Qt::Key_0;
   switch (key) {
-  case Qt::Key_Asterisk:
-    return NumpadMultiply;
-  case Qt::Key_Plus:
-    return NumpadPlus;
-  case Qt::Key_Minus:
-    return NumpadMinus;
   case Qt::Key_Period:
   case Qt::Key_Comma:
     return NumpadPoint;

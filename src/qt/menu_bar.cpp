@@ -8,6 +8,7 @@
 #include <QMenu>
 
 #include <algorithm>
+#include <array>
 
 namespace varnholt::qt {
 
@@ -27,6 +28,9 @@ void MenuBar::rebuild(const std::vector<controls::Control*>& controls) {
   for (const auto& [item, button] : rightButtons_)
     delete button;
   rightButtons_.clear();
+  for (const auto& [item, shortcut] : shortcuts_)
+    delete shortcut;
+  shortcuts_.clear();
   for (controls::Control* control : controls) {
     if (control->kind() != controls::Kind::MenuItem) continue;
     auto& item = static_cast<controls::MenuItem&>(*control);
@@ -107,6 +111,41 @@ bool MenuBar::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
+// Keys of the panels are shown as the steps of one sequence that never acts here: a text that has the keyboard would
+// lose them to the menu. The entry's own shortcut stands among them, and acts by itself.
+void MenuBar::updateKeys(const controls::MenuItem& item, QAction& action) {
+  const QKeySequence own = QKeySequence::fromString(toQt(item.Shortcut.get()), QKeySequence::PortableText);
+  if (item.PanelKeys->empty()) return action.setShortcut(own);
+  std::array<QKeyCombination, 4> steps;
+  steps.fill(QKeyCombination::fromCombined(0));
+  auto step = steps.begin();
+  for (const std::string& key : item.PanelKeys.get())
+    *step++ = QKeySequence::fromString(toQt(key), QKeySequence::PortableText)[0];
+  if (!own.isEmpty()) *step = own[0];
+  action.setShortcutContext(Qt::WidgetShortcut);
+  action.setShortcut(QKeySequence(steps[0], steps[1], steps[2], steps[3]));
+  if (own.isEmpty()) return;
+  QShortcut*& shortcut = shortcuts_[&item];
+  if (!shortcut) shortcut = new QShortcut(own, &bar_, &action, &QAction::trigger);
+  shortcut->setEnabled(item.Enabled && item.Visible);
+}
+
+void MenuBar::popUp(const std::vector<controls::MenuItem*>& entries, const QPoint& at) {
+  auto* menu = new QMenu(&bar_);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setToolTipsVisible(true);
+  for (const controls::MenuItem* entry : entries) {
+    const auto action = actions_.find(entry);
+    if (!entry) {
+      menu->addSeparator();
+    } else if (action != actions_.end()) {
+      action->second->setShortcutVisibleInContextMenu(true);
+      menu->addAction(action->second);
+    }
+  }
+  menu->popup(at);
+}
+
 void MenuBar::update(const controls::MenuItem& item) {
   const auto found = actions_.find(&item);
   if (found == actions_.end()) return;
@@ -117,7 +156,7 @@ void MenuBar::update(const controls::MenuItem& item) {
   action.setToolTip(plainToolTip(item.ToolTipText.get()));
   action.setEnabled(item.Enabled);
   action.setVisible(item.Visible);
-  action.setShortcut(QKeySequence::fromString(toQt(item.Shortcut.get()), QKeySequence::PortableText));
+  updateKeys(item, action);
   action.setIcon(iconNamed(item.Icon.get()));
   placeRightEnd();
   if (action.menu()) return;

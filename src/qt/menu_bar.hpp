@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QMenuBar>
 #include <QPointer>
+#include <QShortcut>
 #include <QToolButton>
 
 #include <map>
@@ -22,6 +23,8 @@ class MenuBar : public QObject {
   bool has(const controls::MenuItem& item) const { return actions_.contains(&item); }
   void rebuild(const std::vector<controls::Control*>& controls);
   void update(const controls::MenuItem& item);
+  /// Shows a menu of these entries, null for a separator, at a place on the screen.
+  void popUp(const std::vector<controls::MenuItem*>& entries, const QPoint& at);
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -29,11 +32,13 @@ class MenuBar : public QObject {
   void choose(controls::MenuItem& item);
   void showAtRightEnd(const controls::MenuItem& item, QAction& action);
   void placeRightEnd();
+  void updateKeys(const controls::MenuItem& item, QAction& action);
 
   Host& host_;
   QMenuBar& bar_;
   std::map<const controls::MenuItem*, QAction*> actions_;
-  QWidget& rightEnd_;  ///< child of the bar
+  std::map<const controls::MenuItem*, QShortcut*> shortcuts_;  ///< of entries that show keys of the panels
+  QWidget& rightEnd_;                                          ///< child of the bar
   std::map<const controls::MenuItem*, QToolButton*> rightButtons_;
 };
 

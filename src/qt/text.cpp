@@ -7,6 +7,8 @@ namespace varnholt::qt {
 namespace {
 
 constexpr char16_t FirstByteMark = 0xDC80, LastByteMark = 0xDCFF;
+// What a backslash inside a name travels as, and what stands before one of these that is itself in the name.
+constexpr QChar BackslashStandIn(0xF05C), EscapeMark(0xF01B);
 
 // Length of the valid UTF-8 sequence at the start of `text`; 0 when there is none.
 qsizetype sequenceLength(std::string_view text) {
@@ -58,8 +60,15 @@ std::string fromQt(const QString& text) {
   return out + QStringView(text).mid(from).toUtf8().toStdString();
 }
 
+QString toShown(std::string_view text) {
+  QString shown = toQt(text);
+  for (qsizetype at = shown.indexOf(BackslashStandIn); at >= 0; at = shown.indexOf(BackslashStandIn, at + 1))
+    if (at == 0 || shown[at - 1] != EscapeMark) shown[at] = QLatin1Char('\\');
+  return shown;
+}
+
 QString linesToQt(std::string_view text) {
-  QString lines = toQt(text);
+  QString lines = toShown(text);
   lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
   lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
   return lines;

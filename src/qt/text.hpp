@@ -13,7 +13,10 @@ namespace varnholt::qt {
 QString toQt(std::string_view text);
 std::string fromQt(const QString& text);
 
-/// The same with carriage returns as line breaks, for texts that only are shown.
+/// For texts that are only shown: the stand-in of a backslash inside a name is the backslash that the disk has.
+QString toShown(std::string_view text);
+
+/// The same with carriage returns as line breaks.
 QString linesToQt(std::string_view text);
 
 /// A caption without the "&" of its mnemonic.

@@ -1,6 +1,7 @@
 // The folder tree that copy, move and zip take a target from.
 #include "support/app_rig.hpp"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -94,6 +95,29 @@ TEST_F(BrowseForFolder, AClickReadsTheFoldersOnceAndChoosesTheNode) {
   EXPECT_EQ(form().browse("Copy Item(s)"), "C:\\Photos\\2024\\");
   const std::string path = "Folder Path", scanning = "Scanning Folders, - Please Wait...";
   EXPECT_EQ(captions, (std::vector<std::string>{path, scanning, path, scanning, path, path, scanning}));
+}
+
+TEST_F(BrowseForFolder, DrivesBearTheNamesThatTheyHaveWhenItOpens) {
+  rig.drives->renamed = "Card 7";
+  rig.loop.whenShows("Form35")
+      .run([&](controls::Form&) { EXPECT_EQ(drive("D").Text, "Card 7 (D:)"); })
+      .press("Command3");
+  form().browse("Copy Item(s)");
+}
+
+TEST_F(BrowseForFolder, ALinkToAFolderHasNothingBelowIt) {
+  std::filesystem::create_directory_symlink("..", rig.systemPath("C:\\Photos\\round"));
+  rig.loop.whenShows("Form35")
+      .run([&](controls::Form&) {
+        click(drive("C"));
+        controls::TreeNode& photos = child(drive("C"), "Photos");
+        click(photos);
+        click(child(photos, "round"));
+        EXPECT_TRUE(child(photos, "round").children.empty());
+        EXPECT_EQ(form().Text1.Text.get(), "C:\\Photos\\round") << "it can be chosen";
+      })
+      .press("Command3");
+  form().browse("Copy Item(s)");
 }
 
 TEST_F(BrowseForFolder, ANodeOpenedByItsArrowIsReadAndNotChosen) {

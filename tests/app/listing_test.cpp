@@ -2,6 +2,7 @@
 
 #include "platform/forwarding_file_system.hpp"
 
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -111,7 +112,7 @@ TEST_F(ListingTest, EveryColumnSortsBothWaysTheFirstClickDescending) {
                             {2, "b A 10 c \\ Art \\ zoo "}, {2, "\\ Art \\ zoo 10 c A b "},
                             {3, "c A b 10 \\ Art \\ zoo "}, {3, "\\ Art \\ zoo 10 b A c "},
                             {4, "b 10 c A \\ Art \\ zoo "}, {4, "\\ Art \\ zoo A 10 c b "},
-                            {3, "c A b 10 \\ Art \\ zoo "}, {2, "\\ Art \\ zoo 10 c A b "}};
+                            {3, "c A b 10 \\ Art \\ zoo "}, {2, "\\ Art \\ zoo c 10 A b "}};
     for (const auto& row : rows) {
       panel.list.headerFromUser(row.column);
       EXPECT_EQ(order(), row.order) << "column " << row.column;
@@ -124,6 +125,43 @@ TEST_F(ListingTest, EveryColumnSortsBothWaysTheFirstClickDescending) {
     panel.list.headerFromUser(4);
     EXPECT_EQ(panel.list.ColumnHeaders.get()[3].Icon, 12);
   }
+}
+
+TEST_F(ListingTest, RowsThatAreAlikeInAColumnKeepTheOrderOfTheListBefore) {
+  for (const char* name : {"C:\\k1.t", "C:\\k2.t", "C:\\k3.t", "C:\\x.a", "C:\\x.b", "C:\\x.c"}) {
+    rig.write(name);
+    rig.setDate(name, 2020, 1, 1);
+  }
+  rig.startLeft();
+  constexpr int Name = 1, Ext = 2, Size = 3, Date = 4;
+  const SortRow clicks[] = {
+      {Name, "x|a x|b x|c k3|t k2|t k1|t "}, {Size, "x|a x|b x|c k3|t k2|t k1|t "},
+      {Date, "x|a x|b x|c k3|t k2|t k1|t "}, {Date, "x|a x|b x|c k3|t k2|t k1|t "},
+      {Size, "x|a x|b x|c k3|t k2|t k1|t "}, {Ext, "x|a x|b x|c k3|t k2|t k1|t "},
+      {Ext, "k3|t k2|t k1|t x|c x|b x|a "},  {Name, "k1|t k2|t k3|t x|c x|b x|a "},
+      {Name, "x|c x|b x|a k3|t k2|t k1|t "},
+  };
+  for (const auto& click : clicks) {
+    left().list.headerFromUser(click.column);
+    std::string order;
+    for (const auto& name : rig.names(left()))
+      order += name + " ";
+    EXPECT_EQ(order, click.order) << "column " << click.column;
+  }
+}
+
+TEST_F(ListingTest, FoldersLeadWhateverSignAFileBeginsWith) {
+  rig.makeFolder("C:\\zoo");
+  rig.makeFolder("C:\\.hidden");
+  for (const char* name : {"C:\\!a", "C:\\#b", "C:\\(c", "C:\\[d", "C:\\.e", "C:\\1"})
+    rig.write(name);
+  rig.startLeft();
+  rig.menu("HidSysfiles").choose();
+  Names rows = {"\\ .hidden| ", "\\ zoo| ", "!a|", "#b|", "(c|", ".e|", "[d|", "1|"};
+  EXPECT_EQ(rig.names(left()), rows);
+  left().list.headerFromUser(1);
+  std::ranges::reverse(rows);
+  EXPECT_EQ(rig.names(left()), rows);
 }
 
 TEST_F(ListingTest, HiddenFilesAndProgramsOnlyAreChoices) {

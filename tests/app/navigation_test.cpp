@@ -105,6 +105,37 @@ TEST_F(NavigationTest, ParentsWithAndWithoutHistory) {
   EXPECT_EQ(left().path() + right().path(), "C:\\C:\\");
 }
 
+TEST_F(NavigationTest, TheTitleAndTheHistoryBoxNameTheActivePanelsFolder) {
+  const auto title = [&] { return form().Caption.get() + " | " + form().ImageCombo1.Text.get(); };
+  go("D:\\data");
+  form().Command6.press();
+  EXPECT_EQ(title(), "Varnholt -  D:\\ | ") << "no history holds this folder";
+  ASSERT_TRUE(navigation().goTo(right(), "C:\\one"));
+  EXPECT_EQ(title(), "Varnholt -  D:\\ | ") << "the other panel has moved";
+  right().list.pressFromUser({}, {});
+  EXPECT_EQ(title(), "Varnholt -  C:\\one | C:\\one") << "a click below the rows";
+  rig.command("ResetHomeDrive_Click");
+  EXPECT_EQ(title(), "Varnholt -  C:\\ | ");
+}
+
+TEST_F(NavigationTest, TheStatusBarSpeaksOfTheItemInHand) {
+  const auto said = [&] {
+    return form().StatusBar1.panel(panels::status::Line) + "/" + form().StatusBar1.panel(panels::status::SelectedCount);
+  };
+  rig.doubleClick(left(), "\\ one");
+  rig.click(left(), "letter");
+  EXPECT_EQ(said(), "Archive/1  Item(s) Selected");
+  right().list.SetFocus();
+  EXPECT_EQ(said(), "/") << "nothing is in hand there";
+  left().list.SetFocus();
+  EXPECT_EQ(said(), "Archive/1  Item(s) Selected");
+  rig.key(left(), key::Left);
+  EXPECT_EQ(said(), "Folder  [Normal]/1  Item(s) Selected");
+  EXPECT_FALSE(form().Command2.Enabled);
+  go("C:\\two");
+  EXPECT_EQ(said(), "/");
+}
+
 TEST_F(NavigationTest, AnotherDriveShowsItsRootOrItsLastFolder) {
   go("D:\\data");
   go("C:\\one");
@@ -218,6 +249,53 @@ TEST_F(NavigationTest, KeysOfAPanelOnBothSides) {
     rig.menu("PreFolder").choose();
     EXPECT_EQ(rig.form().panelRecall(panel->side).empty(), false);
   }
+}
+
+struct CommandKey {
+  int code;
+  controls::Modifiers modifiers;
+  const char* dialog;
+};
+
+TEST_F(NavigationTest, KeysOpenTheDialogsOfTheirCommands) {
+  rig.write("C:\\a.txt");
+  rig.menu("refrechview").choose();
+  const CommandKey keys[] = {{key::F5, {}, "Form3"},       {key::F6, {}, "Form5"},      {key::F8, {}, "Form4"},
+                             {key::Delete, {}, "Form4"},   {key::F6, {true}, "Form14"}, {key::Add, {}, "Form6"},
+                             {key::Subtract, {}, "Form6"}, {key::Add, {true}, "Form6"}};
+  for (const auto& [code, modifiers, dialog] : keys) {
+    rig.click(left(), "a");
+    rig.loop.whenShows(dialog).closes();
+    rig.key(left(), code, modifiers);
+    rig.loop.expectAllReached();
+  }
+  rig.key(left(), key::F7);
+  rig.key(left(), key::Back, {false, false, true});
+}
+
+TEST_F(NavigationTest, KeysWalkAndSelectWithoutTheMouse) {
+  const auto at = [&] { return left().path() + (form().View1Active() ? " left" : " right"); };
+  const auto press = [&](int code, controls::Modifiers modifiers = {}) { rig.key(left(), code, modifiers); };
+  constexpr controls::Modifiers Alt{false, false, true};
+  rig.click(left(), "\\ one");
+  press(key::F3);
+  EXPECT_EQ(at(), "C:\\one\\ left");
+  press(key::Left, Alt);
+  EXPECT_EQ(at(), "C:\\ left");
+  press(key::Right, Alt);
+  EXPECT_EQ(at(), "C:\\one\\ left");
+  press(key::Back);
+  EXPECT_EQ(at(), "C:\\ left");
+  rig.menu("IncludeFolder").choose();
+  press(key::Insert);
+  press(key::Insert);
+  EXPECT_EQ(left().list.selectedCount(), 2u);
+  press('A', {false, true, false});
+  EXPECT_EQ(left().list.selectedCount(), 3u);
+  press(key::Multiply, {true, false, false});
+  EXPECT_EQ(left().list.selectedCount(), 0u);
+  press(key::Tab);
+  EXPECT_EQ(at(), "C:\\ right");
 }
 
 TEST_F(NavigationTest, EscClearsTheViewUnlessAPictureIsOpen) {

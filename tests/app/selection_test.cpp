@@ -60,13 +60,30 @@ TEST_F(SelectionTest, ARangeWithShiftIsCollectedInListOrder) {
   EXPECT_EQ(collected(), (Names{"|Fold|C:\\Folder", "a.txt", "b.txt"}));
 }
 
-TEST_F(SelectionTest, KeysThatSelectAreCountedToo) {
+TEST_F(SelectionTest, KeysSelectAsClicksDo) {
   rig.click(left(), "a");
   rig.key(left(), controls::key::Down, Shift);
   EXPECT_EQ(statusPanel(status::SelectedCount), "2  Item(s) Selected");
+  EXPECT_EQ(collected(), (Names{"a.txt", "b.txt"}));
   rig.key(left(), controls::key::Home);
   EXPECT_EQ(statusPanel(status::SelectedCount), "1  Item(s) Selected");
   EXPECT_EQ(statusPanel(status::Line), "Folder  [Normal]");
+  EXPECT_FALSE(form().Command2.Enabled || rig.menu("EditFile").Enabled) << "a folder is in hand";
+  rig.key(left(), controls::key::Down);
+  EXPECT_TRUE(form().Command2.Enabled && rig.menu("EditFile").Enabled);
+  EXPECT_EQ(form().CurrentItem, "a.txt");
+  rig.menu("Inversel").choose();
+  EXPECT_EQ(selected(left()), (Names{"b.txt", "empty"})) << "rows that keys have left bear no mark";
+}
+
+TEST_F(SelectionTest, ReCallKnowsWhatKeysHaveSelectedAndNotWhatTheyHavePassed) {
+  rig.key(left(), controls::key::Home);
+  rig.key(left(), controls::key::Down);
+  rig.key(left(), controls::key::Down, Shift);
+  rig.app().listing.View1ClearItems();
+  form().Command16.press();
+  EXPECT_EQ(selected(left()), (Names{"a.txt", "b.txt"}));
+  EXPECT_EQ(form().panelRecall(panels::Side::Left).names().size(), 2u);
 }
 
 TEST_F(SelectionTest, SelectAllLeavesFoldersOutUnlessTheyAreIncluded) {
@@ -122,6 +139,7 @@ TEST_F(SelectionTest, TheLastSetAloneComesBackToo) {
   rig.click(left(), "a");
   rig.click(left(), "b");
   rig.click(left(), "empty", Ctrl);
+  rig.key(left(), controls::key::Up);
   rig.app().listing.View1ClearItems();
   rig.menu("Recallprevius").choose();
   EXPECT_EQ(selected(left()), (Names{"b.txt", "empty"}));
@@ -145,7 +163,6 @@ TEST_F(SelectionTest, AFullRecallDropsTheOldestAndSaysSo) {
   rig.app().selection.ResetRecall_Click();
   rig.key(left(), controls::key::Home);
   rig.key(left(), controls::key::End, Shift);
-  rig.app().selection.ListView1_Click();
   EXPECT_EQ(form().panelRecall(panels::Side::Left).names().size(), 2000u);
   EXPECT_EQ(form().panelRecall(panels::Side::Left).names().front(), "10001");
   EXPECT_EQ(statusPanel(status::Line),

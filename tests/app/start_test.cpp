@@ -96,6 +96,21 @@ TEST_F(StartTest, OtherVariablesThatNameNoFolderAreToldOnly) {
   EXPECT_NE(rig.app().program.folders.temp, "");
 }
 
+TEST_F(StartTest, WithoutItsDriveBothPanelsStartOnTheFirstThatThereIs) {
+  rig.write("D:\\photo.jpg");
+  rig.drives->away = {'C'};
+  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  rig.loop.whenShows("Form12")
+      .reads("Label1", "Drive C: Not Found !\rBoth Views Start On Drive D:\r")
+      .press("Command11");
+  ASSERT_TRUE(rig.app().Main());
+  for (const panels::Panel* panel : {&rig.form().Panel1, &rig.form().Panel2}) {
+    EXPECT_EQ(rig.names(*panel), std::vector<std::string>{"photo|jpg"});
+    EXPECT_EQ(panel->controls.Drive.Text.get(), "D:");
+  }
+  EXPECT_EQ(rig.form().InitFolder, "D:\\");
+}
+
 TEST_F(StartTest, TheLogIsWrittenOnceAndNeverAgain) {
   ASSERT_TRUE(rig.start());
   const std::string log = readProgramFile(core::program_file::Log);

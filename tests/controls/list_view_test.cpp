@@ -141,6 +141,16 @@ TEST_F(ListViewTest, KeysMoveExtendAndToggle) {
   }
 }
 
+TEST_F(ListViewTest, InsertMarksAndStepsDown) {
+  fill({"a", "b", "c"});
+  key(key::Down);
+  for (const char* marked : {"a", "a b", "a b c", "a b"}) {
+    key(key::Insert);
+    EXPECT_EQ(selected(), marked);
+  }
+  EXPECT_EQ(list.focusedRow(), 2u) << "the last row stays";
+}
+
 TEST_F(ListViewTest, AHandlerCanTakeAKeyForItself) {
   fill({"a", "b"});
   list.focusRow(0);

@@ -49,7 +49,7 @@ TEST(Rows, NameFoldersAndFiles) {
 TEST(Rows, SplitNamesSoThatTheyCanBePutTogetherAgain) {
   const std::tuple<const char*, const char*, const char*> cases[] = {{"a.b.txt", "a.b", "txt"},
                                                                      {"Makefile", "Makefile", ""},
-                                                                     {".profile", "", "profile"},
+                                                                     {".profile", ".profile", ""},
                                                                      {"ends.", "ends.", ""},
                                                                      {"", "", ""}};
   for (const auto& [name, base, extension] : cases) {

@@ -29,6 +29,9 @@ TEST_F(DeleteTest, TheDialogTellsWhereItDeletes) {
       .reads("Text2", "a.txt")
       .reads("Text3", "C:\\From\\")
       .reads("Text1", "Delete 1 selected File(s) / Folder(s)")
+      .run([&](controls::Form&) {
+        EXPECT_EQ(left().list.item(rig.rowOf(left(), "a")).ForeColor(), panels::mark_color::Delete);
+      })
       .press("Command3")
       .reads("Label4", "Size of selected Item(s) :  1   Bytes")
       .press("Command2");

@@ -1,5 +1,6 @@
 #include "app/all_commands.hpp"
 #include "panels/form1.hpp"
+#include "panels/panel_shortcuts.hpp"
 #include "support/scripted_loop.hpp"
 
 #include <gtest/gtest.h>
@@ -96,6 +97,19 @@ TEST(CommandRows, NoShortcutHasTwoMeanings) {
                                                  {"F12", "Picview"},
                                                  {"F4", "refrechview"}};
   EXPECT_EQ(seen, given);
+}
+
+TEST(CommandRows, KeysOfThePanelsLeadToEntriesOfTheMenusAndToNoOtherKeysShortcut) {
+  Window window;
+  std::set<std::string> shortcuts, shown;
+  for (const Command& row : app::allCommands())
+    shortcuts.insert(row.shortcut);
+  for (const auto& row : panels::panelShortcuts()) {
+    ASSERT_TRUE(window.form.Menu.has(std::string(row.entry))) << row.entry;
+    EXPECT_FALSE(window.form.Menu[std::string(row.entry)].PanelKeys->empty());
+    EXPECT_FALSE(shortcuts.contains(std::string(row.shown))) << row.shown;
+    EXPECT_TRUE(shown.emplace(row.shown).second) << row.shown;
+  }
 }
 
 TEST(CommandRows, LastCommandNumbersLeadToTheirHandlers) {

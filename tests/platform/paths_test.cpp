@@ -52,7 +52,8 @@ struct ExtensionCase {
 TEST(Paths, ExtensionIsBehindTheLastPoint) {
   for (const auto& [name, base, extension] : {ExtensionCase{"a.txt", "a", "txt"},
                                               {"a.tar.gz", "a.tar", "gz"},
-                                              {".profile", "", "profile"},
+                                              {".profile", ".profile", ""},
+                                              {".tar.gz", ".tar", "gz"},
                                               {"README", "README", ""},
                                               {"name.", "name.", ""},
                                               {"", "", ""}}) {

@@ -252,16 +252,18 @@ TEST_F(Adapters, ATreeStaysWhereItIsScrolledToWhenItGrows) {
 
 TEST_F(Adapters, ATreeThatGetsTheKeyboardClicksNothing) {
   form.TreeView1.add(nullptr, "My Computer");
-  int clicks = 0;
+  int clicks = 0, moves = 0;
   form.TreeView1.NodeClick = [&](controls::TreeNode&) { ++clicks; };
+  form.TreeView1.NodeMove = [&](controls::TreeNode&) { ++moves; };
   draw();
   window.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   tree.setFocus(Qt::TabFocusReason);
-  EXPECT_EQ(clicks, 0);
+  EXPECT_EQ(moves, 0);
   draw();
   QTest::keyClick(&tree, Qt::Key_Down);
-  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(moves, 1);
+  EXPECT_EQ(clicks, 0);
 }
 
 TEST_F(Adapters, ATreeThatHasChangedMeanwhileTellsNothingOfNodesThatAreGone) {

@@ -60,14 +60,20 @@ TEST_F(DrawnBrowse, ClicksChooseAndEnterTakes) {
 TEST_F(DrawnBrowse, TheKeyboardWalksAndOpens) {
   start();
   const auto taken = browse([&] {
-    for (const auto key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Down}) {
-      QTest::keyClick(tree, key);
-      loop.flush();
-    }
-    EXPECT_EQ(chosen(), "C:\\Photos") << "the click on C: has opened it";
-    QTest::keyClick(tree, Qt::Key_Return);
+    const auto press = [&](std::initializer_list<Qt::Key> keys) {
+      for (const auto key : keys) {
+        QTest::keyClick(tree, key);
+        loop.flush();
+      }
+    };
+    press({Qt::Key_Home, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up});
+    EXPECT_EQ(chosen(), "C:\\");
+    EXPECT_FALSE(tree->currentItem()->isExpanded()) << "keys that pass a drive do not read it";
+    press({Qt::Key_Right, Qt::Key_Down, Qt::Key_Return, Qt::Key_Down});
+    EXPECT_EQ(chosen(), "C:\\Photos\\2024");
+    press({Qt::Key_Return, Qt::Key_Return});
   });
-  EXPECT_EQ(taken, "C:\\Photos\\");
+  EXPECT_EQ(taken, "C:\\Photos\\2024\\");
 }
 
 TEST_F(DrawnBrowse, EscAndTheCancelButtonTakeNothing) {

@@ -24,9 +24,11 @@ struct Drag {
   Qt::KeyboardModifiers modifiers = {};
   Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
   Qt::DropAction reported = Qt::IgnoreAction;  ///< what the other program is told
+  std::optional<QPoint> onto = {};             ///< empty: below the rows
 
+  QPoint placeIn(const QWidget& widget) const { return onto.value_or(QPoint(9, widget.height() - 9)); }
   bool enter(QWidget& widget) const {
-    QDragEnterEvent event({9, 9}, actions, &data, Qt::LeftButton, modifiers);
+    QDragEnterEvent event(placeIn(widget), actions, &data, Qt::LeftButton, modifiers);
     QCoreApplication::sendEvent(&widget, &event);
     return event.isAccepted();
   }
@@ -36,7 +38,7 @@ struct Drag {
   }
   bool drop(QWidget& widget) {
     if (!enter(widget)) return false;
-    QDropEvent event({9, 9}, actions, &data, Qt::LeftButton, modifiers);
+    QDropEvent event(placeIn(widget), actions, &data, Qt::LeftButton, modifiers);
     QCoreApplication::sendEvent(&widget, &event);
     reported = event.dropAction();
     return event.isAccepted();
@@ -104,15 +106,17 @@ class DrawnCopies : public DrawnDrops {
     QTest::keyClick(drives, Qt::Key_Down);
     ASSERT_EQ(pathShown("Text2"), "D:\\");
   }
-  /// Presses the dialog's execute button once it is there.
+  /// Presses the dialog's execute button once it is there, and reads its target.
   void executeWhenAsked(controls::Form& dialog) {
     execute = [this, &dialog] {
       if (!dialog.Visible) return loop.later(execute);
+      target = app.fileops.Form3.Text3.Text;
       QTest::mouseClick(usable<QPushButton>(windowOf(loop, dialog), "Command11"), Qt::LeftButton);
     };
     loop.later(execute);
   }
   std::function<void()> execute;
+  std::string target;
 };
 
 // --- Out of a panel --------------------------------------------------------------------------------------------------
@@ -238,6 +242,32 @@ TEST_F(DrawnCopies, AFileDraggedToTheOtherPanelIsThereAfterwards) {
   EXPECT_EQ(rig.read("D:\\letter.txt"), "Dear all");
   EXPECT_TRUE(rig.exists("C:\\letter.txt"));
   EXPECT_EQ(rows("ListView2").size(), 2u) << "the panel shows it";
+}
+
+TEST_F(DrawnCopies, ADropOntoAFoldersRowGoesIntoThatFolder) {
+  rig.makeFolder("D:\\box");
+  app.listing.ViewRenew();
+  struct {
+    const char *list, *row, *target;
+  } const cases[] = {{"ListView2", "box", "D:\\box\\"}, {"ListView1", "Photos", "C:\\Photos\\"}};
+  for (const auto& [name, row, folder] : cases) {
+    auto& over = *list(name)->viewport();
+    pull("letter", [&](const QMimeData& data) {
+      Drag drag{data, {}, Qt::CopyAction};
+      drag.onto = middleOf(list(name), row);
+      EXPECT_TRUE(drag.enter(over));
+      const auto marks = list(name)->findChildren<qt::DropMark*>();
+      ASSERT_EQ(marks.size(), 1);
+      EXPECT_LT(marks.front()->height(), 60) << "around the row alone";
+      EXPECT_TRUE(drag.drop(over));
+    });
+    executeWhenAsked(app.fileops.Form3);
+    const std::string file = std::string(folder) + "letter.txt";
+    EXPECT_TRUE(waitFor([&] { return rig.exists(file) && !app.fileops.Form3.Visible && !app.dispatcher.busy; }));
+    EXPECT_EQ(target, folder);
+    EXPECT_EQ(pathShown("Text2"), "D:\\") << "the panel is where it was";
+  }
+  EXPECT_FALSE(rig.exists("D:\\letter.txt"));
 }
 
 TEST_F(DrawnCopies, AFileOfAnotherProgramIsMovedWithShift) {

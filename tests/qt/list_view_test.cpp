@@ -1,4 +1,5 @@
 #include "drawn.hpp"
+#include "panels/dispatcher.hpp"
 #include "panels/form1.hpp"
 #include "qt/theme.hpp"
 #include "qt/widgets/list_view_widget.hpp"
@@ -79,18 +80,6 @@ using Rows = std::vector<std::uint32_t>;
 
 // --- Mouse ---------------------------------------------------------------------------------------------------------
 
-TEST_F(DrawnList, ClicksSelectAsUsersExpect) {
-  click(3);
-  EXPECT_EQ(selected(), Rows{3});
-  click(6, Qt::ShiftModifier);
-  EXPECT_EQ(selected(), (Rows{3, 4, 5, 6}));
-  click(9, Qt::ControlModifier);
-  click(4, Qt::ControlModifier);
-  EXPECT_EQ(selected(), (Rows{3, 5, 6, 9}));
-  click(5);
-  EXPECT_EQ(selected(), Rows{5});
-}
-
 TEST_F(DrawnList, AClickBesideTheColumnsMeansItsRowAndOneBelowTheRowsNone) {
   show(4);
   const QPoint beside(widget->viewport()->width() - 4, middleOf(2).y());
@@ -124,34 +113,17 @@ TEST_F(DrawnList, ColumnHeadersAreNumberedFromOneAndWidthsComeBack) {
   EXPECT_EQ(list.ColumnHeaders->at(0).Width, 150 * 15);
 }
 
-// --- Keyboard ------------------------------------------------------------------------------------------------------
-
-struct KeyCase {
-  const char* what;
-  Qt::Key key;
-  Qt::KeyboardModifiers modifiers;
-  std::uint32_t focused;
-  Rows selected;
-};
-
-TEST_F(DrawnList, KeysMoveAndSelect) {
-  const std::initializer_list<KeyCase> steps = {
-      {"down", Qt::Key_Down, {}, 6, {6}},
-      {"up", Qt::Key_Up, {}, 5, {5}},
-      {"shift extends", Qt::Key_Down, Qt::ShiftModifier, 6, {5, 6}},
-      {"shift shrinks", Qt::Key_Up, Qt::ShiftModifier, 5, {5}},
-      {"ctrl only moves", Qt::Key_Down, Qt::ControlModifier, 6, {5}},
-      {"ctrl+space adds", Qt::Key_Space, Qt::ControlModifier, 6, {5, 6}},
-      {"end", Qt::Key_End, {}, 19, {19}},
-      {"home", Qt::Key_Home, {}, 0, {0}},
-  };
-  click(5);
-  for (const auto& [what, pressed, modifiers, focused, rows] : steps) {
-    key(pressed, modifiers);
-    EXPECT_EQ(list.focusedRow(), focused) << what;
-    EXPECT_EQ(selected(), rows) << what;
-  }
+TEST_F(DrawnList, TwoQuickClicksOnAHeadAreTwo) {
+  int clicks = 0;
+  list.ColumnClick = [&](int) { ++clicks; };
+  auto* header = widget->listHeader();
+  const QPoint at(20, header->height() / 2);
+  QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, at);
+  QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, at);
+  EXPECT_EQ(clicks, 2);
 }
+
+// --- Keyboard ------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawnList, APageIsWhatFitsAndTheRowIsScrolledTo) {
   show(1000);
@@ -256,6 +228,24 @@ TEST_F(DrawnList, SelectedAndMarkedRowsAreToldApartAlsoTogether) {
   EXPECT_EQ(pixel(2, 1), ghost);
   EXPECT_EQ(pixel(3, middle), selection);
   EXPECT_EQ(pixel(3, 1), ghost);
+}
+
+TEST_F(DrawnList, RowsToCopyAndRowsToDeleteAreToldApartAlsoWhenTheyAreSelected) {
+  namespace mark = panels::mark_color;
+  std::vector<QColor> texts;
+  for (const auto color : {mark::Copy, mark::Delete}) {
+    list.setSelected(2, true);
+    list.setForeColor(2, color);
+    loop.flush();
+    const int x = widget->listHeader()->sectionViewportPosition(2) - 2;
+    const QColor ground = pixel(2, x);
+    EXPECT_NE(ground, pixel(1, x)) << "it is still selected";
+    EXPECT_EQ(pixel(2, 4), qt::theme::colorOf(color)) << "the bar at its beginning";
+    texts.push_back(qt::theme::readable(qt::theme::colorOf(color), ground));
+    EXPECT_GE(qt::theme::contrast(texts.back(), ground), 4.5);
+  }
+  EXPECT_GT(texts[0].green() - texts[0].red(), 150) << "green";
+  EXPECT_GT(texts[1].red() - texts[1].green(), 100) << "red";
 }
 
 TEST_F(DrawnList, AssistiveTechnologyHearsTheMarksAndTheRowInFocus) {

@@ -18,6 +18,13 @@ TEST(Text, WholeCharactersNextToBrokenOnesStayReadable) {
   EXPECT_TRUE(toQt("Größe \xFF").startsWith(QStringLiteral("Größe ")));
 }
 
+TEST(Text, ABackslashInANameIsDrawnAsOne) {
+  EXPECT_EQ(toShown("a\xEF\x81\x9C"
+                    "b.txt"),
+            QStringLiteral("a\\b.txt"));
+  EXPECT_EQ(toShown("\xEF\x80\x9B\xEF\x81\x9C"), QStringLiteral("\uF01B\uF05C")) << "that sign itself";
+}
+
 TEST(Text, CarriageReturnsBreakLines) { EXPECT_EQ(linesToQt("a\rb\r\nc"), QStringLiteral("a\nb\nc")); }
 
 TEST(Text, MnemonicsAreTakenOutAndDoubledOnesStay) {
@@ -48,7 +55,8 @@ TEST(Input, KeysHaveTheNumbersThatHandlersKnow) {
                                                                           {Qt::Key_F12, {}, 123},
                                                                           {Qt::Key_5, Qt::KeypadModifier, 101},
                                                                           {Qt::Key_Plus, Qt::KeypadModifier, 107},
-                                                                          {Qt::Key_Plus, {}, 0}})
+                                                                          {Qt::Key_Plus, {}, 107},
+                                                                          {Qt::Key_Slash, {}, 0}})
     EXPECT_EQ(keyOf(QKeyEvent(QEvent::KeyPress, qt, modifiers)).code, code) << qt;
 }
 

@@ -64,6 +64,7 @@ TEST(MaskedName, AddsAndCuts) {
            {"README", adds("", "txt"), "READMEtxt"},
            {"ends.", adds("", "txt"), "ends.txt"},
            {".profile", adds("x"), "x.profile"},
+           {".profile", adds("", "bak"), ".profilebak"},
        })
     EXPECT_EQ(nameBy(each.mask, each.name), each.expected) << each.name;
 }

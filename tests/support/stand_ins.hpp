@@ -16,6 +16,8 @@ class RemovableDrives : public platform::Drives {
   explicit RemovableDrives(platform::Drives& real) : real_(real) {}
 
   std::vector<char> away;
+  /// The name that each drive bears from the next refresh on.
+  std::string renamed;
 
   std::vector<char> letters() const override {
     auto all = real_.letters();
@@ -25,14 +27,20 @@ class RemovableDrives : public platform::Drives {
   platform::Result<platform::DriveInfo> info(char letter) const override {
     if (isAway(letter))
       return platform::Error{platform::ErrorCode::InvalidPath, std::string(1, letter), "no such drive"};
-    return real_.info(letter);
+    auto info = real_.info(letter);
+    if (info && !name_.empty()) info->label = name_;
+    return info;
   }
-  void refresh() override { real_.refresh(); }
+  void refresh() override {
+    real_.refresh();
+    name_ = renamed;
+  }
 
  private:
   bool isAway(char letter) const { return std::ranges::find(away, letter) != away.end(); }
 
   platform::Drives& real_;
+  std::string name_;
 };
 
 /// Starts nothing, and notes what was to be started and where.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/form.hpp"
+#include "controls/menu.hpp"
 #include "qt/adapters/drop_target.hpp"
 #include "qt/emphasis.hpp"
 
@@ -31,6 +32,9 @@ class Host {
   virtual void focusTaken(controls::Control& control) = 0;
   virtual Pictures& pictures() = 0;
   virtual DragAndDrop& dragAndDrop() = 0;
+  /// Shows a menu of these entries of the main menu, null for a separator, at a place on the screen. A window without a
+  /// menu shows none.
+  virtual void popUp(const std::vector<controls::MenuItem*>& /*entries*/, const QPoint& /*at*/) {}
   /// Runs what a drop asks for, once the drag is over: a dialog opened inside of it would hold up the other program.
   virtual void afterDrop(std::function<void()> act) = 0;
 };
@@ -74,6 +78,8 @@ class Adapter : public QObject {
   /// Active while it is accented, dimmed while its twin is.
   Emphasis emphasis() const;
 
+  /// Lets drops mean places in the widget.
+  void setDropPlaces(DropTarget::Places places) { drops_.setPlaces(std::move(places)); }
   /// Watches mouse and keys of a part that gets them instead of the widget itself.
   void watch(QWidget& part);
   bool updating() const { return updating_; }

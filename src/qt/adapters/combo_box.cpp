@@ -54,7 +54,7 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
     items_ = self.Items.get();
     drawn.clear();
     for (const auto& [text, icon] : items_)
-      drawn.addItem(iconNamed(icon), toQt(text));
+      drawn.addItem(iconNamed(icon), toShown(text));
   }
 
   std::vector<controls::ComboBox::Item> items_;

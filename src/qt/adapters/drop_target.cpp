@@ -20,10 +20,15 @@ void DropTarget::update() {
 }
 
 // A source that allows only a move would delete its files on our word, before anything is known to have arrived.
-bool DropTarget::takes(const QDropEvent& event) const {
+bool DropTarget::takes(const QDropEvent& event, const Place& place) const {
   const QWidget* modal = QApplication::activeModalWidget();
   const bool reachable = !modal || modal == widget_.window();
-  return over_ && over_->source != &control_ && reachable && event.possibleActions().testFlag(Qt::CopyAction);
+  const bool elsewhere = over_ && (over_->source != &control_ || !place.folder.empty());
+  return elsewhere && reachable && event.possibleActions().testFlag(Qt::CopyAction);
+}
+
+DropTarget::Place DropTarget::placeOf(const QDropEvent& event) const {
+  return over_ && places_ ? places_(event.position().toPoint(), over_->source) : Place{};
 }
 
 bool DropTarget::enter(QDropEvent& event) {
@@ -38,13 +43,16 @@ bool DropTarget::move(QDropEvent& event) {
     if (files) event.ignore();
     return files;
   }
-  if (!takes(event)) {
+  const Place place = placeOf(event);
+  if (!takes(event, place)) {
+    delete mark_;
     event.ignore();
     return true;
   }
   event.setDropAction(Qt::CopyAction);
   event.accept();
   if (!mark_) mark_ = new DropMark(&widget_);
+  mark_->setGeometry(place.folder.empty() ? widget_.rect() : place.area);
   return true;
 }
 
@@ -57,10 +65,12 @@ bool DropTarget::leave() {
 bool DropTarget::drop(QDropEvent& event) {
   const bool ours = move(event);
   std::optional<DragAndDrop::Load> load;
-  if (takes(event)) load = std::move(over_);
+  Place place = placeOf(event);
+  if (takes(event, place)) load = std::move(over_);
   leave();
   if (!load) return ours;
-  controls::DropEvent drop{std::move(load->files), modifiersOf(event.modifiers()), load->source, false};
+  controls::DropEvent drop{std::move(load->files), modifiersOf(event.modifiers()), load->source, false,
+                           std::move(place.folder)};
   host_.afterDrop([this, drop = std::move(drop)]() mutable { control_.OLEDragDrop(drop); });
   return true;
 }

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 
 class QDropEvent;
@@ -19,7 +20,16 @@ class Host;
 /// gives true when the widget itself must not see it.
 class DropTarget {
  public:
+  /// A part of the widget that stands for a folder of its own.
+  struct Place {
+    QRect area;
+    std::string folder;  ///< program path; empty: no such part
+  };
+  /// The part at a position, for what is dragged from a list of ours, or from elsewhere (null).
+  using Places = std::function<Place(const QPoint& at, const controls::Control* source)>;
+
   DropTarget(Host& host, controls::Control& control, QWidget& widget);
+  void setPlaces(Places places) { places_ = std::move(places); }
 
   /// The handler may have come or gone.
   void update();
@@ -29,7 +39,8 @@ class DropTarget {
   bool drop(QDropEvent& event);
 
  private:
-  bool takes(const QDropEvent& event) const;
+  bool takes(const QDropEvent& event, const Place& place) const;
+  Place placeOf(const QDropEvent& event) const;
 
   Host& host_;
   controls::Control& control_;
@@ -37,6 +48,7 @@ class DropTarget {
   bool designedDrops_;
   std::optional<DragAndDrop::Load> over_;  ///< what is being dragged over the control
   QPointer<DropMark> mark_;
+  Places places_;
 };
 
 }  // namespace varnholt::qt

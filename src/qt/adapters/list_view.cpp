@@ -33,8 +33,11 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
   ListViewAdapter(Host& host, controls::ListView& control, ListViewWidget& widget) : Joined(host, control, widget) {
     drawn.setList(self);
     ListHeader* header = drawn.listHeader();
-    connect(header, &QHeaderView::sectionClicked, this,
-            [this](int column) { this->host().fromUser([this, column] { self.headerFromUser(column + 1); }); });
+    // The toolkit takes the second of two quick clicks for a double click alone.
+    for (const auto clicked : {&QHeaderView::sectionClicked, &QHeaderView::sectionDoubleClicked})
+      connect(header, clicked, this,
+              [this](int column) { this->host().fromUser([this, column] { self.headerFromUser(column + 1); }); });
+    setDropPlaces([this](const QPoint& at, const controls::Control* source) { return dropPlace(at, source); });
     connect(header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
       if (!updating() && width > 0) self.widthFromUser(column, width / theme::fontScale() * controls::TwipsPerPixel);
     });
@@ -65,7 +68,12 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
 
   bool keyDown(controls::KeyEvent& key, const QKeyEvent& event) override {
     const auto now = std::chrono::steady_clock::now();
-    const bool typesOn = key.code == controls::key::Space && typed_.goesOn(now);
+    const bool typesOn = alsoWrites(key.code) && typed_.goesOn(now);
+    if (isMenuKey(key)) {
+      typed_.forget();
+      host().fromUser([this] { popUp(drawn.belowFocusedRow()); });
+      return true;
+    }
     if (!typesOn) self.keyFromUser(key, drawn.page());
     if (abandoned()) return true;
     if (key.handled) {
@@ -111,6 +119,7 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
       self.MouseUp(mouseOf(event));
     } else {
       self.releaseFromUser(mouseOf(event));
+      if (!abandoned() && event.button() == Qt::RightButton) popUp(event.globalPosition().toPoint());
     }
     return true;
   }
@@ -122,6 +131,30 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
   }
 
  private:
+  // Keys with a meaning of their own that belong to a name once one is being typed.
+  static bool alsoWrites(int code) {
+    return code == controls::key::Space || code == controls::key::Add || code == controls::key::Subtract ||
+           code == controls::key::Multiply;
+  }
+  static bool isMenuKey(const controls::KeyEvent& key) {
+    return key.code == controls::key::Menu || (key.code == controls::key::F10 && key.modifiers.shift);
+  }
+
+  void popUp(const QPoint& at) {
+    if (self.PopupEntries) host().popUp(self.PopupEntries(), at);
+  }
+
+  // A row that is dragged itself is no place for the others.
+  DropTarget::Place dropPlace(const QPoint& at, const controls::Control* source) {
+    const auto row = self.OLEDropFolder ? drawn.rowAt(at.y()) : std::nullopt;
+    if (!row) return {};
+    const controls::ListItem item = self.item(*row);
+    if (source == &self && item.Selected()) return {};
+    std::string folder = self.OLEDropFolder(item);
+    if (folder.empty()) return {};
+    return {drawn.placeOfRow(*row), std::move(folder)};
+  }
+
   // The drag takes the release of the button for itself, so the list is told of it afterwards.
   void drag(const controls::MouseEvent& mouse) {
     auto files = self.OLEStartDrag ? self.OLEStartDrag() : std::vector<std::string>();

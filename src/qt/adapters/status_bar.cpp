@@ -16,7 +16,7 @@ class StatusBarAdapter : public Joined<controls::StatusBar, StatusStrip> {
   void updateOwn() override {
     QStringList texts;
     for (int number = 1; number <= self.panelCount(); ++number)
-      texts += toQt(self.panel(number));
+      texts += toShown(self.panel(number));
     drawn.setTexts(texts);
   }
 };

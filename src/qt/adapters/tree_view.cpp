@@ -25,7 +25,9 @@ class TreeViewAdapter : public Joined<controls::TreeView, QTreeWidget> {
     // A press on another node has been told when the current node changed; the click tells a press on the same one.
     // A tree that gets the keyboard makes its first node the current one by itself, without selecting it.
     connect(&drawn, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
-      if (item && item->isSelected()) clicked(told_ = item);
+      if (!item || !item->isSelected()) return;
+      if (!pressed_) return moved(item);
+      clicked(told_ = item);
     });
     connect(&drawn, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
       if (std::exchange(told_, nullptr) != item) clicked(item);
@@ -37,7 +39,13 @@ class TreeViewAdapter : public Joined<controls::TreeView, QTreeWidget> {
 
   bool mousePress(const QMouseEvent& event) override {
     told_ = nullptr;
+    pressed_ = true;
     return Joined::mousePress(event);
+  }
+
+  bool mouseRelease(const QMouseEvent& event) override {
+    pressed_ = false;
+    return Joined::mouseRelease(event);
   }
 
   void updateOwn() override {
@@ -67,7 +75,7 @@ class TreeViewAdapter : public Joined<controls::TreeView, QTreeWidget> {
   }
 
   void addNode(controls::TreeNode& node, QTreeWidgetItem* parent) {
-    auto* item = new QTreeWidgetItem(parent, {toQt(node.Text)});
+    auto* item = new QTreeWidgetItem(parent, {toShown(node.Text)});
     item->setIcon(0, iconNamed(node.Icon));
     item->setData(0, Qt::UserRole, QVariant::fromValue(static_cast<void*>(&node)));
     items_[&node] = item;
@@ -93,9 +101,14 @@ class TreeViewAdapter : public Joined<controls::TreeView, QTreeWidget> {
     withNode(item, [this](controls::TreeNode& node) { self.clickFromUser(node); });
   }
 
+  void moved(const QTreeWidgetItem* item) {
+    withNode(item, [this](controls::TreeNode& node) { self.moveFromUser(node); });
+  }
+
   std::map<controls::TreeNode*, QTreeWidgetItem*> items_;
   std::optional<unsigned> drawnVersion_;
   QTreeWidgetItem* told_ = nullptr;
+  bool pressed_ = false;                           ///< a mouse button is down on the tree
   const controls::TreeNode* shownNode_ = nullptr;  ///< selected when last drawn; may be gone
 };
 

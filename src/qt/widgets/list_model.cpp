@@ -43,7 +43,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::SizeHintRole) return QSize(0, rowHeight_);
   if (!index.isValid() || !hasRow(index.row())) return {};
   const auto row = static_cast<std::uint32_t>(index.row());
-  if (role == Qt::DisplayRole) return toQt(list_->cell(row, index.column()));
+  if (role == Qt::DisplayRole) return toShown(list_->cell(row, index.column()));
   if (role != Qt::AccessibleDescriptionRole || index.column() != 0) return {};
   const std::uint32_t id = list_->idAt(row);
   QStringList marks;

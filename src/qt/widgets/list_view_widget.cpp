@@ -14,7 +14,9 @@
 namespace varnholt::qt {
 namespace {
 
-constexpr int Padding = 6, RowPadding = 3, GhostBar = 3;
+constexpr int Padding = 6, RowPadding = 3, GhostBar = 3, MarkBar = 3;
+// A selected row is that much darker while it has a mark, so that red stays red where it can be read.
+constexpr int MarkedDarker = 160;
 // The cut look: an icon that is half there.
 constexpr double GhostedOpacity = 0.45;
 
@@ -24,7 +26,7 @@ constexpr double GhostedOpacity = 0.45;
 struct ListViewWidget::RowLook {
   std::uint32_t row = 0, id = 0;
   bool selected = false, ghosted = false, focused = false;
-  QColor background, text;
+  QColor background, text, mark;  ///< mark: the colour of the function that will take the row; invalid: none
 };
 
 ListViewWidget::ListViewWidget(QWidget* parent) : QTreeView(parent), header_(new ListHeader(this)) {
@@ -100,6 +102,19 @@ void ListViewWidget::scrollToRow(std::uint32_t row) {
   if (model_) scrollTo(model_->index(static_cast<int>(row), 0), QAbstractItemView::EnsureVisible);
 }
 
+QRect ListViewWidget::placeOfRow(std::uint32_t row) const {
+  const QRect cell = visualRect(model_->index(static_cast<int>(row), 0));
+  const QRect line(0, cell.top(), viewport()->width(), cell.height());
+  return line.translated(viewport()->pos());
+}
+
+QPoint ListViewWidget::belowFocusedRow() const {
+  const auto row = list_ && model_ ? list_->focusedRow() : std::nullopt;
+  if (!row) return viewport()->mapToGlobal(QPoint());
+  const QPoint below = placeOfRow(*row).bottomLeft() + QPoint(Padding + iconSide(), 0);
+  return mapToGlobal(QPoint(below.x(), std::clamp(below.y(), 0, height())));
+}
+
 void ListViewWidget::showFocusedRow() {
   if (!list_ || !model_) return;
   const auto row = list_->focusedRow();
@@ -116,8 +131,10 @@ ListViewWidget::RowLook ListViewWidget::lookOf(std::uint32_t row) const {
   look.focused = hasFocus() && list_->focusedRow() == row;
   look.background = look.selected ? colors_.selection : row % 2 ? colors_.stripe : colors_.base;
   const controls::Color own = list_->foreColor(look.id);
+  if (own != controls::NoColor) look.mark = theme::colorOf(own);
+  if (look.mark.isValid() && look.selected) look.background = colors_.selection.darker(MarkedDarker);
   const QColor plain = look.selected ? colors_.selectionText : colors_.text;
-  look.text = theme::readable(own == controls::NoColor ? plain : theme::colorOf(own), look.background);
+  look.text = theme::readable(look.mark.isValid() ? look.mark : plain, look.background);
   if (!isEnabled()) look.text = QColor::fromRgb(theme::DisabledText);
   return look;
 }
@@ -138,6 +155,7 @@ void ListViewWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& opti
   }
   if (list_->GridLines) drawGridLines(*painter, line);
   if (look.ghosted) painter->fillRect(line.left(), line.top(), GhostBar, line.height(), QColor::fromRgb(theme::Ghost));
+  if (look.mark.isValid()) painter->fillRect(line.left() + GhostBar, line.top(), MarkBar, line.height(), look.mark);
   if (!look.focused) return;
   painter->setPen(QColor::fromRgb(theme::Accent));
   painter->setBrush(Qt::NoBrush);
@@ -155,7 +173,7 @@ void ListViewWidget::drawCell(QPainter& painter, const QRect& cell, const RowLoo
   const auto at = static_cast<std::size_t>(column);
   const bool right = at < headers.size() && headers[at].alignRight;
   painter.setPen(look.text);
-  const QString text = toQt(list_->cell(look.row, column));
+  const QString text = toShown(list_->cell(look.row, column));
   painter.drawText(area,
                    static_cast<int>(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft)) | Qt::TextSingleLine,
                    fontMetrics().elidedText(text, Qt::ElideRight, area.width()));

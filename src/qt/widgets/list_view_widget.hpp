@@ -53,6 +53,10 @@ class ListViewWidget : public QTreeView {
   /// Whole rows that fit.
   std::uint32_t page() const;
   void scrollToRow(std::uint32_t row);
+  /// Where the row is in this widget.
+  QRect placeOfRow(std::uint32_t row) const;
+  /// The place on the screen for a menu of the row in focus; without one, the corner of the rows.
+  QPoint belowFocusedRow() const;
   /// Tells assistive technology, and draws, which row the keyboard is on.
   void showFocusedRow();
 

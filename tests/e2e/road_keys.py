@@ -1,0 +1,48 @@
+#!/usr/bin/python3
+"""A selection is made, turned round, copied and deleted by the keyboard alone; a text keeps the keys for itself."""
+
+import os
+import sys
+
+from driver import expect, run, wait
+
+
+def road(program):
+    for name in ("f.txt", "g.txt", "h.txt", "Sub/old.txt"):
+        program.file(name)
+    program.start(tip=True)
+
+    program.click_row(1, "f")
+    program.keys("Down", "asterisk")
+    wait("f and h by Inverse", lambda: program.status_has("2 Item(s) ,  In 200 Bytes"))
+
+    program.keys("Tab", "Home", "F3")
+    wait("the right panel in the folder", lambda: program.rows(2) == ["old"])
+    expect("the title names it", program.title() == "Varnholt -  C:\\Sub")
+    program.keys("Tab")
+    wait("the left panel's title", lambda: program.title() == "Varnholt -  C:\\")
+    program.keys("F5")
+    program.dialog("Copy Item(s)")
+    program.keys("Return")
+    wait("the copies", lambda: program.rows(2) == ["f", "h", "old"])
+
+    program.keys("Tab", "Home", "Insert", "Insert")
+    wait("two marked", lambda: program.status_has("2  Item(s) Selected"))
+    program.keys("Menu", "d")  # the menu of the selection has the keyboard at once
+    program.dialog("Delete Item(s)")
+    program.keys("Return")
+    program.click(program.named(program.dialog("Alert !"), "Execute"))
+    wait("the rest", lambda: program.rows(2) == ["old"])
+
+    program.keys("Home", "ctrl+Return", "End", "asterisk", "minus", "BackSpace", "F8")
+    wait("a line with the keys in it", lambda: line(program).endswith("old.txt*"))
+    expect("nothing was deleted", os.path.exists(program.home + "/Sub/old.txt") and not program.dialogs())
+    program.keys("Escape", "BackSpace")
+    wait("the parent folder", lambda: "g" in program.rows(2))
+
+
+def line(program):
+    return program.field(program.window(), "Command line")
+
+
+sys.exit(run(road))
