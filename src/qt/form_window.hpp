@@ -67,6 +67,8 @@ class FormWindow : public QObject, private Host {
   void updateFocus();
   void updateSkin();
   void place(const QWidget* caller);
+  void updateLayout();
+  QSize comfortableSize(const QSize& room) const;
   void putAt(QRect wanted, const QRect& room);
   bool placedByProgram() const;
   QRect wantedPlace() const;
