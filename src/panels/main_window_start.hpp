@@ -45,7 +45,6 @@ class MainWindowStart {
   void startFolders();
   void setColumns();
   void applyCommands();
-  void colorMenuState();
 
   Parts p_;
   bool activated_ = false;

@@ -136,7 +136,7 @@ TEST_F(DrawnChart, AssistiveTechnologyHearsTheTitleAndTheNumbers) {
 
 TEST_F(DrawnChart, ItsOwnColoursAreToldFromTheGroundAndFromTheirNeighbours) {
   show(controls::Chart::Type::Pie, Values(12, {"file", 1}));
-  const QColor ground = QColor::fromRgb(qt::theme::ListBase);
+  const QColor ground = qt::theme::listBase();
   for (int point = 0; point < 12; ++point) {
     EXPECT_GE(qt::theme::contrast(view.colorOf(point), ground), 3.0) << point;
     EXPECT_NE(view.colorOf(point), view.colorOf((point + 1) % 12)) << point;
@@ -152,7 +152,7 @@ TEST_F(DrawnChart, NumbersThatCannotBeDrawnAreNothing) {
       show(type, values);
       click(view.plot().center());
       QTest::keyClick(&view, Qt::Key_Right);
-      EXPECT_GT(pixels(draw(), QColor::fromRgb(qt::theme::ListBase)), 100);
+      EXPECT_GT(pixels(draw(), qt::theme::listBase()), 100);
     }
     show(type, {{"less", -5, Red}, {"real", 5, Green}});
     EXPECT_EQ(pixels(draw(), Qt::red), 0);
