@@ -41,7 +41,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
              fileops.Form7),
       form8(loop, core::programVersion()),
       shortcuts(Form1, program),
-      NewSkin(program),
+      NewSkin(program, looks),
       start({Form1, program, listing, activePanel, looks, choices, state, histories, drives, frmTip}) {
   Form1.commands.add(allCommands());
   bindCommands();
@@ -67,7 +67,7 @@ bool App::Main() {
   NewSkin.applyInitState();
   Form1.WindowState = controls::WindowState::Minimized;
   Form1.Show();
-  Form1.WindowState = controls::WindowState::Normal;
+  Form1.WindowState = state.storedWindowState();
   Form9.WindowState = controls::WindowState::Normal;
   return true;
 }

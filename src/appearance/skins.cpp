@@ -9,16 +9,19 @@ namespace {
 
 struct Skin {
   const char *name, *small, *large;
+  controls::Color accent, surface, active,
+      inactive;  // blue-green-red; the last two are the grounds of the panels' lists
 };
 constexpr Skin Skins[NewSkin::Count] = {
-    {"Blue", "\\Blue\\mainblue800.jpg", "\\Blue\\mainblue2500.jpg"},
-    {"Green", "\\Green\\maingreen800.jpg", "\\Green\\maingreen2500.jpg"},
-    {"Brown", "\\Brown\\mainbrown800.jpg", "\\Brown\\mainbrown2500.jpg"},
-    {"Metal", "\\Metal\\mainmetal800.jpg", "\\Metal\\mainmetal2500.jpg"},
-    {"User", "\\User\\mainuser800.jpg", "\\User\\mainuser2500.jpg"},
-    {"Plastic", "\\Plastic\\mainplastic800.jpg", "\\Plastic\\mainplastic2500.jpg"},
-    {"Black", "\\Black\\mainblack800.jpg", "\\Black\\mainblack2500.jpg"},
-    {"Violet", "\\Violet\\mainviolet800.jpg", "\\Violet\\mainViolet2500.jpg"},
+    {"Blue", "\\Blue\\mainblue800.jpg", "\\Blue\\mainblue2500.jpg", 0xD59B5B, 0x372F2A, 0x2E1E14, 0x241A14},
+    {"Green", "\\Green\\maingreen800.jpg", "\\Green\\maingreen2500.jpg", 0x82C470, 0x2D332A, 0x1F2713, 0x1A1F14},
+    {"Brown", "\\Brown\\mainbrown800.jpg", "\\Brown\\mainbrown2500.jpg", 0x66A6DE, 0x2A3036, 0x15202D, 0x151B22},
+    {"Metal", "\\Metal\\mainmetal800.jpg", "\\Metal\\mainmetal2500.jpg", 0xCDC08F, 0x4A433D, 0x332D28, 0x2A2622},
+    {"User", "\\User\\mainuser800.jpg", "\\User\\mainuser2500.jpg", 0xB4BE58, 0x35312A, 0x2A2713, 0x221F14},
+    {"Plastic", "\\Plastic\\mainplastic800.jpg", "\\Plastic\\mainplastic2500.jpg", 0xA67FEE, 0x39383B, 0x252426,
+     0x1D1C1E},
+    {"Black", "\\Black\\mainblack800.jpg", "\\Black\\mainblack2500.jpg", 0xD6D0CA, 0x1A1817, 0x0B0A0A, 0x121111},
+    {"Violet", "\\Violet\\mainviolet800.jpg", "\\Violet\\mainViolet2500.jpg", 0xE592B4, 0x382B2F, 0x2F1B20, 0x251820},
 };
 
 }  // namespace
@@ -35,6 +38,7 @@ void NewSkin::applyInitState() {
   int number = 0;
   std::from_chars(text.data(), text.data() + text.size(), number);
   if (number < 0) number = 0;
+  wear(0);  // a number that loads no skin leaves the colours of the first
   if (number < Count) load(number);
 }
 
@@ -52,7 +56,14 @@ void NewSkin::load(int number) {
   program_.init.Skintype = std::to_string(number);
   small_ = small;
   large_ = large;
+  wear(number);
   dressAll();
+}
+
+void NewSkin::wear(int number) {
+  const Skin& skin = Skins[number];
+  program_.loop.screen().Dress = {skin.accent, skin.surface, skin.inactive};
+  looks_.takeGrounds(skin.active, skin.inactive);
 }
 
 void NewSkin::dressAll() {

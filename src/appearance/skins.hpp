@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/program.hpp"
+#include "panels/list_looks.hpp"
 
 #include <string>
 #include <vector>
@@ -8,10 +9,11 @@
 namespace varnholt::appearance {
 
 /// The module `NewSkin`: eight background pictures for the windows, a small one for dialogs and a large one for the two
-/// main windows. Number 4 is the user's own.
+/// main windows, each with the accent of the windows and the grounds of the lists that go with it. Number 4 is the
+/// user's own.
 class NewSkin {
  public:
-  explicit NewSkin(core::Program& program) : program_(program) {}
+  NewSkin(core::Program& program, panels::ListLooks& looks) : program_(program), looks_(looks) {}
 
   /// Loads the skin of the start-up state: a number below 0 or none at all counts as 0, one above 7 loads none.
   void applyInitState();
@@ -27,9 +29,11 @@ class NewSkin {
 
  private:
   void dressAll();
+  void wear(int number);
   std::string picture(int number, bool large) const;
 
   core::Program& program_;
+  panels::ListLooks& looks_;
   std::vector<controls::Form*> dialogs_, mainWindows_;
   std::string small_, large_;
 };

@@ -46,10 +46,11 @@ using Color = std::uint32_t;
 /// Draws with whatever colour the theme gives.
 inline constexpr Color NoColor = 0xFFFFFFFF;
 
-/// A control of a form. It is a member of its form and lives as long; its name is unique in the form.
+/// A control of a form. It is a member of its form and leaves it when it ends; its name is unique in the form.
 class Control : public Changing {
  public:
   Control(Form& form, std::string name, Kind kind);
+  ~Control() override;
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
 

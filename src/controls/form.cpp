@@ -11,6 +11,8 @@ Control::Control(Form& form, std::string name, Kind kind) : form_(form), name_(s
   form_.noteChanged(*this);
 }
 
+Control::~Control() { form_.remove(*this); }
+
 void Control::markChanged() {
   if (std::exchange(changed_, true)) return;
   form_.noteChanged(*this);
@@ -70,6 +72,13 @@ void Form::focusMoved(Control* control) {
   Control* before = std::exchange(focused_, control);
   if (before) before->LostFocus();
   if (control && focused_ == control) control->GotFocus();
+}
+
+void Form::remove(Control& control) {
+  std::erase(controls_, &control);
+  std::erase(changedControls_, &control);
+  if (focused_ == &control) focused_ = nullptr;
+  markChanged();
 }
 
 void Form::markChanged() {

@@ -72,6 +72,7 @@ class Form : public Changing {
  private:
   friend class Control;
   void add(Control& control) { controls_.push_back(&control); }
+  void remove(Control& control);
   void noteChanged(Control& control);
   void ensureLoaded();
 

@@ -15,6 +15,11 @@ class MenuItem : public Control {
       : Control(form, std::move(name), Kind::MenuItem), parent_(parent) {
     if (parent) parent->children_.push_back(this);
   }
+  ~MenuItem() override {
+    for (MenuItem* child : children_)
+      child->parent_ = nullptr;
+    if (parent_) std::erase(parent_->children_, this);
+  }
   Property<std::string> Caption{*this};  ///< "&" marks the mnemonic; "-" draws a separator
   Property<bool> Checked{*this, false};
   Property<std::string> Shortcut{*this};  ///< "Ctrl+N"; empty: none

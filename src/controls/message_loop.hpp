@@ -19,8 +19,17 @@ struct MessageBox {
   MessageButtons buttons = MessageButtons::Ok;
 };
 
+/// The colours that windows are drawn in; NoColor: the theme's own.
+struct Dress {
+  Color accent = NoColor;
+  Color surface = NoColor;  ///< what controls stand on
+  Color ground = NoColor;   ///< rows of lists that have no colour of their own
+  bool operator==(const Dress&) const = default;
+};
+
 /// The screen as one window sees it.
 struct Screen {
+  controls::Dress Dress;  ///< of all windows, from the next turn in which one of them changes
   Twips width = 0, height = 0;
   int MousePointer = pointer::Default;  ///< of all windows, while not the default
 };

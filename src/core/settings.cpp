@@ -7,19 +7,19 @@
 namespace varnholt::core {
 namespace setting {
 namespace {
-constexpr std::array All{AutoPosition,  DateSystem,    DateTimeFormat, FolderHistory,
-                         GetColorMenu,  GetColorState, LastCommand,    LastCommandNumber,
-                         LockCommand,   MainViewState, SelectFolders,  Skintype,
-                         SysHidShow,    Tip_State,     ValidateCM,     VDT_State,
-                         VDTViewState,  WinStart,      Left,           Top,
-                         Width,         Hight,         Leftf9,         Topf9,
-                         Widthf9,       Hightf9,       W1Col1,         W1Col2,
-                         W1Col3,        W1Col4,        W2Col1,         W2Col2,
-                         W2Col3,        W2Col4,        W3Col1,         W3Col2,
-                         FileData,      ViewData,      ViewCheck,      Viewfrom,
-                         Viewto,        DateCheck,     datefrom,       dateto,
-                         SCRData,       Modem,         view1path,      view2path,
-                         viewStorepath, viewpath};
+constexpr std::array All{AutoPosition, DateSystem,    DateTimeFormat, FolderHistory,
+                         GetColorMenu, GetColorState, LastCommand,    LastCommandNumber,
+                         LockCommand,  MainViewState, SelectFolders,  Skintype,
+                         SysHidShow,   Tip_State,     ValidateCM,     VDT_State,
+                         VDTViewState, WinStart,      Left,           Top,
+                         Width,        Hight,         Maximized,      Leftf9,
+                         Topf9,        Widthf9,       Hightf9,        W1Col1,
+                         W1Col2,       W1Col3,        W1Col4,         W2Col1,
+                         W2Col2,       W2Col3,        W2Col4,         W3Col1,
+                         W3Col2,       FileData,      ViewData,       ViewCheck,
+                         Viewfrom,     Viewto,        DateCheck,      datefrom,
+                         dateto,       SCRData,       Modem,          view1path,
+                         view2path,    viewStorepath, viewpath};
 }
 std::span<const SettingKey> all() { return All; }
 }  // namespace setting

@@ -49,6 +49,7 @@ inline constexpr K Left{M, "Position", "Left", "", "of the main window, twips"};
 inline constexpr K Top{M, "Position", "Top", "", "of the main window, twips"};
 inline constexpr K Width{M, "Position", "Width", "", "of the main window, twips"};
 inline constexpr K Hight{M, "Position", "Hight", "", "of the main window, twips"};
+inline constexpr K Maximized{M, "Position", "Maximized", "", "1: the main window fills the screen"};
 inline constexpr K Leftf9{M, "Position", "Leftf9", "", "of the tree window, twips"};
 inline constexpr K Topf9{M, "Position", "Topf9", "", "of the tree window, twips"};
 inline constexpr K Widthf9{M, "Position", "Widthf9", "", "of the tree window, twips"};

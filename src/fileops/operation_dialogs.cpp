@@ -18,7 +18,7 @@ OperationForm::OperationForm(controls::MessageLoop& loop, OperationWords given)
   summary.ToolTipText = "What is selected";
   Text3.ToolTipText = "The folder in question";
   Label4.AccessibleName = "Size of what is selected";
-  Label5.AccessibleName = "Progress";
+  Label5.AccessibleName = "Progress in words";
   Command11.Caption = words.button;
   Command11.ToolTipText = words.buttonTip;
   Command1.Caption = "&Stop";

@@ -9,7 +9,10 @@ void CommandTable::add(std::vector<Command> commands) { std::ranges::move(comman
 
 bool CommandTable::bind(std::string_view handler, std::function<void()> run) {
   auto found = std::ranges::find(commands_, handler, &Command::handler);
-  if (found == commands_.end()) return false;
+  if (found == commands_.end()) {
+    unknown_.emplace(handler);
+    return false;
+  }
   found->run = std::move(run);
   return true;
 }

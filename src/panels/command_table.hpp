@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,13 +37,16 @@ class CommandTable {
  public:
   void add(Command command) { commands_.push_back(std::move(command)); }
   void add(std::vector<Command> commands);
-  /// Hangs the handler on a row; false when there is no such row.
+  /// Hangs the handler on a row; false when there is no such row, which is a bug and noted for the tests.
   bool bind(std::string_view handler, std::function<void()> run);
   const Command* find(std::string_view handler) const;
   const std::vector<Command>& commands() const { return commands_; }
+  /// Handlers that were to be hung on rows that are not there.
+  const std::set<std::string>& unknown() const { return unknown_; }
 
  private:
   std::vector<Command> commands_;
+  std::set<std::string> unknown_;
 };
 
 /// Said after the tool tip of a command that has no handler yet.

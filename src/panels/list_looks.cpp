@@ -5,16 +5,15 @@
 namespace varnholt::panels {
 namespace {
 
-/// A colour set of the lists: its menu entry, its line image, and the surfaces of the active and of the other list.
+/// A colour set of the lists: its menu entry and its line image.
 struct ColorSet {
   const char* menu;
   std::string_view image;
-  controls::Color active, inactive;  // blue-green-red
 };
 constexpr ColorSet Sets[] = {
-    {"BlueBlack", core::program_file::Line34, 0x2E1E14, 0x241A14},
-    {"BrownBlack", core::program_file::Line34db, 0x14202C, 0x161C22},
-    {"GrayBlack", core::program_file::Line34dg, 0x282624, 0x201E1D},
+    {"BlueBlack", core::program_file::Line34},
+    {"BrownBlack", core::program_file::Line34db},
+    {"GrayBlack", core::program_file::Line34dg},
 };
 constexpr int Tile = 5;
 
@@ -30,10 +29,14 @@ bool ListLooks::allLineImagesExist() const {
   return true;
 }
 
+void ListLooks::takeGrounds(controls::Color active, controls::Color inactive) {
+  active_.activeColor = active;
+  active_.inactiveColor = inactive;
+  form_.ListView3.BackColor = inactive;
+  apply();
+}
+
 void ListLooks::takeSet(int number) {
-  active_.activeColor = Sets[number].active;
-  active_.inactiveColor = Sets[number].inactive;
-  form_.ListView3.BackColor = Sets[number].inactive;
   if (program_.files().fileExists(lineImage(number))) linePicture_ = lineImage(number);
   program_.init.GetColorMenu = std::to_string(number);
 }
@@ -64,6 +67,16 @@ void ListLooks::apply() {
   }
   for (Panel* panel : {&form_.Panel1, &form_.Panel2})
     panel->list.BackColor = panel == form_.activePanel() ? active_.activeColor : active_.inactiveColor;
+  colorMenuState();
+}
+
+void ListLooks::colorMenuState() {
+  auto& menu = form_.Menu;
+  if (!menu.has("ColorMenu")) return;
+  const bool shifted = menu["ShiftColors"].Checked || menu["ShiftColorOther"].Checked;
+  menu["ColorMenu"].Enabled = shifted;
+  menu["ColorMenu"].ToolTipText =
+      shifted ? "Colors of the shifted lines" : "Colors of shifted lines: switch Shift Colors on first (Options)";
 }
 
 void ListLooks::GridLines_Click() {
@@ -88,6 +101,7 @@ void ListLooks::ShiftColorOther_Click() {
   auto& entry = form_.Menu["ShiftColorOther"];
   entry.Checked = !entry.Checked;
   program_.init.GetColorState = entry.Checked ? "1" : "0";
+  colorMenuState();
 }
 
 void ListLooks::chooseSet(int number) {

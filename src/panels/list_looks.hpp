@@ -26,8 +26,13 @@ class ListLooks {
 
   /// Takes colour set, shift and grid from the start-up state. A missing line image is told, and start-up goes on.
   void applyInitState();
+  /// The grounds of the active and of the other lists, where no line image covers them.
+  void takeGrounds(controls::Color active, controls::Color inactive);
   /// Grid and line image to the three lists of the main window.
   void apply();
+
+  /// The menu of the line colours is there for lists whose lines are shifted, and says so while there are none.
+  void colorMenuState();
 
   void GridLines_Click();
   void ShiftColors_Click();

@@ -88,6 +88,7 @@ void MainMenu::build(const CommandTable& commands) {
 controls::MenuItem& MainMenu::operator[](const std::string& name) {
   const auto found = byName_.find(name);
   if (found != byName_.end()) return *found->second;
+  unknown_.insert(name);
   controls::MenuItem& item = make(name, nullptr);
   item.Visible = false;
   return item;

@@ -5,6 +5,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 
 namespace varnholt::panels {
@@ -15,13 +16,17 @@ class MainMenu {
  public:
   explicit MainMenu(controls::Form& form) : form_(form) {}
   void build(const CommandTable& commands);
-  /// The entry of that name. Asking for one that the table does not have is a bug: it gets a hidden entry of its own.
+  /// The entry of that name. Asking for one that the table does not have is a bug: it gets a hidden entry of its own,
+  /// and is noted for the tests.
   controls::MenuItem& operator[](const std::string& name);
   bool has(const std::string& name) const { return byName_.contains(name); }
   bool checked(const std::string& name) const {
     const auto found = byName_.find(name);
+    if (found == byName_.end()) unknown_.insert(name);
     return found != byName_.end() && found->second->Checked;
   }
+  /// Names that were asked for and that no row of the table has.
+  const std::set<std::string>& unknown() const { return unknown_; }
 
  private:
   controls::MenuItem* heading(const std::string& path);
@@ -32,6 +37,7 @@ class MainMenu {
 
   controls::Form& form_;
   std::map<std::string, std::unique_ptr<controls::MenuItem>> byName_;
+  mutable std::set<std::string> unknown_;
   int separators_ = 0;
   bool hasLine_ = false;
 };

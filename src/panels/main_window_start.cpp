@@ -51,7 +51,7 @@ void MainWindowStart::Form_Load() {
 
   ApplyInitState();
   LoadHistoryFiles();
-  colorMenuState();
+  looks.colorMenuState();
 }
 
 void MainWindowStart::startFolders() {
@@ -128,12 +128,6 @@ void MainWindowStart::applyCommands() {
   menu["RLC"].Checked = !preFolder;
   menu["LockOnLast"].Enabled = !preFolder;
   if (p_.program.init.LockCommand == "1") menu["LockOnLast"].Checked = true;
-}
-
-void MainWindowStart::colorMenuState() {
-  auto& menu = p_.form.Menu;
-  if (!menu.has("ColorMenu")) return;
-  menu["ColorMenu"].Enabled = menu["ShiftColors"].Checked || menu["ShiftColorOther"].Checked;
 }
 
 // --- History files -------------------------------------------------------------------------------------------------

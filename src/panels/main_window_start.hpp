@@ -47,7 +47,6 @@ class MainWindowStart {
   std::string existingDrive(const std::string& drive);
   void setColumns();
   void applyCommands();
-  void colorMenuState();
 
   Parts p_;
   bool activated_ = false;

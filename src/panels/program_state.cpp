@@ -57,7 +57,13 @@ void ProgramState::Program_pos_Click() {
   for (const auto& positions : {mainWindow(form_), treeWindow(Form9_)})
     for (const auto& [key, value] : positions)
       batch.add(key, value.get());
+  batch.add(setting::Maximized, flag(form_.WindowState == controls::WindowState::Maximized));
   program_.settings.save(batch);
+}
+
+controls::WindowState ProgramState::storedWindowState() const {
+  const bool maximized = program_.settings.get(setting::Maximized) == "1";
+  return maximized ? controls::WindowState::Maximized : controls::WindowState::Normal;
 }
 
 void ProgramState::RestorePositions() {

@@ -22,6 +22,8 @@ class ProgramState {
   /// Both windows' positions from the store; a bad or missing number leaves its value alone.
   void RestorePositions();
   void restoreTreeWindow();
+  /// As the main window was when its position was stored: maximized or normal.
+  controls::WindowState storedWindowState() const;
   void SavColumnH_Click();
   void ResetCol_Click();
   /// Widths from the store: all ten, or none.

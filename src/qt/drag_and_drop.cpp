@@ -52,7 +52,7 @@ QPixmap picture(const std::vector<std::string>& files, const QWidget& from) {
   const QSize size(metrics.horizontalAdvance(shown) + 16, metrics.height() + 8);
   QPixmap drawn(size * from.devicePixelRatioF());
   drawn.setDevicePixelRatio(from.devicePixelRatioF());
-  drawn.fill(QColor::fromRgb(theme::Selection));
+  drawn.fill(theme::selection());
   QPainter painter(&drawn);
   painter.setFont(from.font());
   painter.setPen(Qt::white);

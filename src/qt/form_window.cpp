@@ -106,7 +106,8 @@ void FormWindow::update(const std::vector<controls::Control*>& changed) {
   const QScopedValueRollback reporting(updating_, true);
   const bool formChanged = form_.takeChanged();
   // Controls that come up may make the window larger, which would be noted as its place.
-  const bool moves = formChanged && placedByProgram() && widget_->isVisible();
+  const bool free = form_.WindowState == controls::WindowState::Normal;
+  const bool moves = formChanged && free && placedByProgram() && widget_->isVisible();
   const QRect wanted = wantedPlace();
   if (formChanged) updateForm();
   for (const controls::Control* control : changed)
@@ -140,7 +141,7 @@ void FormWindow::updateForm() {
 
 // Behind the controls: what has come or gone among them decides how small the window can be.
 void FormWindow::updatePlace(const QRect& wanted) {
-  if (QLayout* layout = widget_->layout()) layout->activate();
+  updateLayout();
   putAt(wanted, widget_->screen()->availableGeometry());
 }
 
@@ -155,11 +156,10 @@ void FormWindow::updateSkin() {
 
 void FormWindow::updateMenu(const std::vector<controls::Control*>& changed) {
   if (!menu_) return;
+  if (!menu_->isComplete()) return menu_->rebuild();
   for (const controls::Control* control : changed) {
     if (control->kind() != controls::Kind::MenuItem) continue;
-    const auto& item = static_cast<const controls::MenuItem&>(*control);
-    if (!menu_->has(item)) return menu_->rebuild(form_.controls());
-    menu_->update(item);
+    menu_->update(static_cast<const controls::MenuItem&>(*control));
   }
 }
 
@@ -174,16 +174,11 @@ void FormWindow::updateGroups() {
   }
 }
 
-// Assistive technology finds controls by name alone, so a name stands once in a window.
+// A name may depend on other controls: a field is called what its label says.
 void FormWindow::updateNames() {
-  std::map<QString, int> uses;
-  for (const controls::Control* control : form_.controls()) {
-    const auto adapter = adapters_.find(control);
-    if (adapter == adapters_.end()) continue;
-    QString name = adapter->second->accessibleName();
-    if (const int use = ++uses[name]; use > 1) name += QStringLiteral(" (%1)").arg(use);
-    QWidget& widget = adapter->second->widget();
-    if (widget.accessibleName() != name) widget.setAccessibleName(name);
+  for (const auto& [control, adapter] : adapters_) {
+    const QString name = adapter->accessibleName();
+    if (adapter->widget().accessibleName() != name) adapter->widget().setAccessibleName(name);
   }
 }
 
@@ -242,11 +237,32 @@ void FormWindow::place(const QWidget* caller) {
   if (widget_->isModal() ? placedByProgram() : hasPlace()) {
     wanted = wantedPlace();
   } else {
-    if (qobject_cast<QDialog*>(widget_.data())) widget_->adjustSize();
+    updateLayout();
+    if (qobject_cast<QDialog*>(widget_.data())) widget_->resize(comfortableSize(room.size()));
     wanted = QRect(QPoint(), widget_->size());
     wanted.moveCenter(caller ? caller->frameGeometry().center() : room.center());
   }
   putAt(wanted, room);
+}
+
+// A window that is hidden keeps the sizes that its contents had, and would come as large as it was needed before.
+void FormWindow::updateLayout() {
+  QList<QWidget*> holders = widget_->findChildren<QWidget*>();
+  std::reverse(holders.begin(), holders.end());  // a parent goes by its children
+  holders += widget_.data();
+  for (QWidget* each : holders) {
+    if (!each->layout()) continue;
+    each->layout()->invalidate();
+    each->layout()->activate();
+    each->updateGeometry();
+  }
+}
+
+QSize FormWindow::comfortableSize(const QSize& room) const {
+  QSize size = widget_->sizeHint().boundedTo(room);
+  const QLayout* layout = widget_->layout();
+  if (layout && layout->hasHeightForWidth()) size.setHeight(layout->totalHeightForWidth(size.width()));
+  return size;
 }
 
 void FormWindow::putAt(QRect wanted, const QRect& room) {

@@ -68,6 +68,8 @@ class FormWindow : public QObject, private Host {
   void updateFocus();
   void updateSkin();
   void place(const QWidget* caller);
+  void updateLayout();
+  QSize comfortableSize(const QSize& room) const;
   void putAt(QRect wanted, const QRect& room);
   bool hasPlace() const;
   /// The program has given the form another place than the one its window was last at.

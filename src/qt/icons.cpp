@@ -38,7 +38,12 @@ class SvgIconEngine : public QIconEngine {
 
   // `size` is in device pixels.
   QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal) override {
-    const QString key = QStringLiteral("icon/%1/%2x%3/%4").arg(name_).arg(size.width()).arg(size.height()).arg(mode);
+    const QString key = QStringLiteral("icon/%1/%2x%3/%4/%5")
+                            .arg(name_)
+                            .arg(size.width())
+                            .arg(size.height())
+                            .arg(mode)
+                            .arg(theme::accent().rgb());
     QPixmap drawn;
     if (QPixmapCache::find(key, &drawn)) return drawn;
     drawn = QPixmap(size);
@@ -66,7 +71,7 @@ class SvgIconEngine : public QIconEngine {
       drawSquare(painter, area, stroke);
       return;
     }
-    const QColor accent = QColor::fromRgb(disabled ? theme::DisabledText : theme::Accent);
+    const QColor accent = disabled ? QColor::fromRgb(theme::DisabledText) : theme::accent();
     QSvgRenderer(recoloured(file.readAll(), stroke, accent)).render(&painter, area);
   }
 

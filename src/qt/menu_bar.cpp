@@ -13,15 +13,29 @@
 namespace varnholt::qt {
 
 MenuBar::MenuBar(Host& host, QMenuBar& bar, const std::vector<controls::Control*>& controls)
-    : host_(host), bar_(bar), rightEnd_(*new QWidget(&bar)) {
-  auto* row = new QHBoxLayout(&rightEnd_);
+    : host_(host), controls_(controls), bar_(bar), rightEnd_(new QWidget(bar.window())) {
+  auto* row = new QHBoxLayout(rightEnd_);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
   bar_.installEventFilter(this);
-  rebuild(controls);
+  rebuild();
 }
 
-void MenuBar::rebuild(const std::vector<controls::Control*>& controls) {
+bool MenuBar::isThere(const controls::MenuItem& item) const {
+  return std::ranges::find(controls_, &item) != controls_.end();
+}
+
+bool MenuBar::isComplete() const {
+  std::size_t entries = 0;
+  for (const controls::Control* control : controls_) {
+    if (control->kind() != controls::Kind::MenuItem) continue;
+    if (!actions_.contains(static_cast<const controls::MenuItem*>(control))) return false;
+    ++entries;
+  }
+  return entries == actions_.size();
+}
+
+void MenuBar::rebuild() {
   bar_.clear();
   qDeleteAll(bar_.findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly));
   actions_.clear();
@@ -31,7 +45,7 @@ void MenuBar::rebuild(const std::vector<controls::Control*>& controls) {
   for (const auto& [item, shortcut] : shortcuts_)
     delete shortcut;
   shortcuts_.clear();
-  for (controls::Control* control : controls) {
+  for (controls::Control* control : controls_) {
     if (control->kind() != controls::Kind::MenuItem) continue;
     auto& item = static_cast<controls::MenuItem&>(*control);
     if (!item.parent()) add(item, bar_);
@@ -65,6 +79,7 @@ void MenuBar::add(controls::MenuItem& item, QWidget& parent) {
 // The toolkit has flipped the check mark by itself; the handler may have decided otherwise.
 void MenuBar::choose(controls::MenuItem& item) {
   host_.fromUser([this, &item] {
+    if (!isThere(item)) return;
     QPointer<MenuBar> alive(this);
     item.choose();
     if (alive) update(item);
@@ -73,7 +88,7 @@ void MenuBar::choose(controls::MenuItem& item) {
 
 // A line of text rather than a menu: it is read even while there is nothing to choose behind it.
 void MenuBar::showAtRightEnd(const controls::MenuItem& item, QAction& action) {
-  auto* button = new QToolButton(&rightEnd_);
+  auto* button = new QToolButton(rightEnd_);
   button->setObjectName(toQt(item.name()));
   button->setAutoRaise(true);
   button->setToolButtonStyle(Qt::ToolButtonTextOnly);
@@ -84,7 +99,7 @@ void MenuBar::showAtRightEnd(const controls::MenuItem& item, QAction& action) {
   button->setPalette(colors);
   if (action.menu()) button->setMenu(action.menu());
   connect(button, &QToolButton::clicked, &action, &QAction::trigger);
-  rightEnd_.layout()->addWidget(button);
+  rightEnd_->layout()->addWidget(button);
   rightButtons_[&item] = button;
 }
 
@@ -94,16 +109,20 @@ void MenuBar::placeRightEnd() {
   for (QAction* heading : bar_.actions())
     if (heading->isVisible()) room = std::min(room, bar_.width() - bar_.actionGeometry(heading).right() - theme::Gap);
   for (const auto& [item, button] : rightButtons_) {
+    if (!isThere(*item)) continue;
     const QString line = toQt(item->Caption.get()), tip = plainToolTip(item->ToolTipText.get());
     const int frame = 2 * theme::Gap;
     const QString fitting = button->fontMetrics().elidedText(line, Qt::ElideRight, room - frame);
     button->setText(fitting);
+    button->setAccessibleName(line);
     button->setToolTip(fitting == line ? tip : plainToolTip(item->Caption.get()));
     button->setEnabled(item->Enabled);
     button->setVisible(item->Visible);
   }
-  const int width = std::min(rightEnd_.sizeHint().width(), room);
-  rightEnd_.setGeometry(bar_.width() - width, 0, width, bar_.height());
+  const int width = std::min(rightEnd_->sizeHint().width(), room);
+  rightEnd_->setGeometry(
+      QRect(bar_.mapTo(bar_.window(), QPoint(bar_.width() - width, 0)), QSize(width, bar_.height())));
+  rightEnd_->raise();
 }
 
 bool MenuBar::eventFilter(QObject* watched, QEvent* event) {

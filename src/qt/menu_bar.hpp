@@ -14,14 +14,15 @@
 
 namespace varnholt::qt {
 
-/// The menu bar of a main window, made from the form's menu entries. Entries that come later rebuild it.
+/// The menu bar of a main window, made from the form's menu entries. It is rebuilt when entries come or go later.
+/// `controls` are the form's, and are read again then.
 class MenuBar : public QObject {
  public:
   MenuBar(Host& host, QMenuBar& bar, const std::vector<controls::Control*>& controls);
 
-  /// Whether the entry is drawn already.
-  bool has(const controls::MenuItem& item) const { return actions_.contains(&item); }
-  void rebuild(const std::vector<controls::Control*>& controls);
+  /// Whether the form's entries are those that are drawn.
+  bool isComplete() const;
+  void rebuild();
   void update(const controls::MenuItem& item);
   /// Shows a menu of these entries, null for a separator, at a place on the screen.
   void popUp(const std::vector<controls::MenuItem*>& entries, const QPoint& at);
@@ -33,12 +34,16 @@ class MenuBar : public QObject {
   void showAtRightEnd(const controls::MenuItem& item, QAction& action);
   void placeRightEnd();
   void updateKeys(const controls::MenuItem& item, QAction& action);
+  /// An entry that its form has removed is drawn until the next turn.
+  bool isThere(const controls::MenuItem& item) const;
 
   Host& host_;
+  const std::vector<controls::Control*>& controls_;
   QMenuBar& bar_;
   std::map<const controls::MenuItem*, QAction*> actions_;
   std::map<const controls::MenuItem*, QShortcut*> shortcuts_;  ///< of entries that show keys of the panels
-  QWidget& rightEnd_;                                          ///< child of the bar
+  /// Stands over the bar and is its sibling: below a menu bar assistive technology sees menus alone.
+  QPointer<QWidget> rightEnd_;
   std::map<const controls::MenuItem*, QToolButton*> rightButtons_;
 };
 

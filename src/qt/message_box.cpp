@@ -3,6 +3,7 @@
 #include "qt/icons.hpp"
 #include "qt/text.hpp"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QStyle>
 #include <QWindow>
@@ -62,6 +63,12 @@ MessageAnswer answerOf(int button, MessageButtons buttons) {
   }
 }
 
+void tell(QMessageBox& drawn, const QString& text) {
+  const QFontMetrics metrics = drawn.fontMetrics();
+  drawn.setText(breakable(text, metrics, metrics.averageCharWidth() * UsualLine));
+  if (auto* label = drawn.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) label->setAccessibleName(text);
+}
+
 void standOn(QMessageBox& drawn, const QWidget* caller) {
   drawn.winId();
   if (!caller) return;
@@ -80,7 +87,7 @@ MessageAnswer showMessageBox(const controls::MessageBox& box, const QWidget* cal
   drawn.setObjectName(QStringLiteral("MessageBox"));
   drawn.setTextFormat(Qt::PlainText);
   drawn.setWindowTitle(toQt(box.title));
-  drawn.setText(linesToQt(box.text));
+  tell(drawn, linesToQt(box.text));
   const int side = drawn.style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
   if (const char* icon = iconOf(box.icon); *icon) drawn.setIconPixmap(iconNamed(icon).pixmap(side, side));
   addButtons(drawn, box);

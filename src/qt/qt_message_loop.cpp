@@ -2,6 +2,7 @@
 
 #include "qt/input.hpp"
 #include "qt/message_box.hpp"
+#include "qt/theme.hpp"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -94,8 +95,22 @@ void QtMessageLoop::detach(controls::Form& form) {
   forms_.erase(&form);
 }
 
+// A skin's colours reach everything that is drawn, also what has not changed.
+void QtMessageLoop::dress() {
+  const controls::Dress& dress = screen_.Dress;
+  theme::Tint tint;
+  for (const auto& [color, part] :
+       {std::pair{dress.accent, &tint.accent}, {dress.surface, &tint.surface}, {dress.ground, &tint.ground}})
+    if (color != controls::NoColor) *part = theme::colorOf(color);
+  if (!theme::wear(tint)) return;
+  theme::applyPalette();
+  for (auto& [form, entry] : forms_)
+    if (entry.window) entry.window->update(form->controls());
+}
+
 void QtMessageLoop::flush() {
   drawTimer_.stop();
+  dress();
   std::vector<controls::Form*> dirty;
   for (auto& [form, entry] : forms_)
     if (std::exchange(entry.dirty, false)) dirty.push_back(form);

@@ -74,6 +74,7 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
   bool isBlocked() const override { return blocked_ > 0; }
   Pictures& pictures() override { return pictures_; }
 
+  void dress();
   void drawForm(controls::Form& form);
   void showOrHide(controls::Form& form, Entry& entry, bool modal);
   void endHiddenModals();

@@ -1,6 +1,8 @@
 #include "qt/text.hpp"
 
+#include <QRegularExpression>
 #include <QStringDecoder>
+#include <QTextBoundaryFinder>
 #include <QTextDocument>
 
 namespace varnholt::qt {
@@ -40,6 +42,46 @@ bool isByteMark(const QString& text, qsizetype at) {
   return unit >= FirstByteMark && unit <= LastByteMark && (at == 0 || !text[at - 1].isHighSurrogate());
 }
 
+// Invisible: a line may end here, and may not.
+constexpr QChar Break(0x200B), Glue(0x2060);
+
+// `text` with a mark at each boundary of that kind inside of it.
+QString marked(const QString& text, QTextBoundaryFinder::BoundaryType kind, QChar mark) {
+  QString out;
+  QTextBoundaryFinder finder(kind, text);
+  qsizetype from = 0;
+  while (finder.toNextBoundary() > 0 && finder.position() < text.size()) {
+    out += QStringView(text).mid(from, finder.position() - from);
+    out += mark;
+    from = finder.position();
+  }
+  return out.append(QStringView(text).mid(from));
+}
+
+// Words that are wider than a line may end anywhere.
+QString withLongWordsBroken(const QString& text, const QFontMetrics& metrics, int width) {
+  QStringList words = text.split(QLatin1Char(' '));
+  for (QString& word : words)
+    if (metrics.horizontalAdvance(word) > width) word = marked(word, QTextBoundaryFinder::Grapheme, Break);
+  return words.join(QLatin1Char(' '));
+}
+
+// A part of a path keeps together while a line holds it.
+QString pathPart(QString part, const QFontMetrics& metrics, int width) {
+  if (metrics.horizontalAdvance(part) > width) return withLongWordsBroken(part, metrics, width);
+  part.replace(QLatin1Char(' '), QChar::Nbsp);
+  return marked(part, QTextBoundaryFinder::Line, Glue);
+}
+
+QString breakablePath(const QString& path, const QFontMetrics& metrics, int width) {
+  constexpr qsizetype DriveLength = 3;
+  const QString drive = path.first(DriveLength);
+  QStringList parts = path.sliced(DriveLength).split(QLatin1Char('\\'));
+  for (QString& part : parts)
+    part = pathPart(part, metrics, width);
+  return drive.first(2) + Glue + drive.last(1) + Glue + parts.join(QLatin1String("\\") + Break);
+}
+
 }  // namespace
 
 QString toQt(std::string_view text) {
@@ -72,6 +114,18 @@ QString linesToQt(std::string_view text) {
   lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
   lines.replace(QLatin1Char('\r'), QLatin1Char('\n'));
   return lines;
+}
+
+QString breakable(const QString& text, const QFontMetrics& metrics, int width) {
+  static const QRegularExpression Path(QStringLiteral(R"([A-Za-z]:\\.*)"));
+  QStringList lines = text.split(QLatin1Char('\n'));
+  for (QString& line : lines) {
+    const auto path = Path.match(line);
+    const qsizetype from = path.hasMatch() ? path.capturedStart() : line.size();
+    const QString before = withLongWordsBroken(line.first(from), metrics, width);
+    line = before + (path.hasMatch() ? breakablePath(path.captured(), metrics, width) : QString());
+  }
+  return lines.join(QLatin1Char('\n'));
 }
 
 QString withoutMnemonic(const QString& caption) {

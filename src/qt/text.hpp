@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFontMetrics>
 #include <QString>
 
 #include <string>
@@ -18,6 +19,13 @@ QString toShown(std::string_view text);
 
 /// The same with carriage returns as line breaks.
 QString linesToQt(std::string_view text);
+
+/// A text that is told, so that lines of `width` pixels hold all of it: paths break behind their backslashes, never
+/// behind a drive, and inside a part only where that is wider than a line. The marks that this takes are invisible;
+/// what assistive technology reads is the text itself.
+QString breakable(const QString& text, const QFontMetrics& metrics, int width);
+/// Characters of the lines that a text is usually broken in.
+inline constexpr int UsualLine = 64;
 
 /// A caption without the "&" of its mnemonic.
 QString withoutMnemonic(const QString& caption);

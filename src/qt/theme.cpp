@@ -12,7 +12,9 @@
 namespace varnholt::qt::theme {
 namespace {
 
-constexpr double ReadableContrast = 4.5;
+constexpr double ReadableContrast = 4.5, SelectionContrast = 5, OutlineContrast = 3;
+// A large area of an accent that is livelier than this would outshine the texts.
+constexpr double CalmSaturation = 0.6;
 // Size of the font for which the forms were drawn, in points: the toolkit's own default.
 constexpr double DesignedPointSize = 9;
 constexpr int SmallestButton = 84;
@@ -31,34 +33,87 @@ QColor blend(const QColor& from, const QColor& to, double share) {
                           mixed(from.blueF(), to.blueF()));
 }
 
+// The colours were chosen on this one; what stands on another surface is as much lighter or darker there.
+const Tint Designed;
+Tint worn;
+
+// `color`, which was chosen beside `from`, beside `to`: the difference in lightness stays, the hue is the other's.
+QColor moved(QRgb color, const QColor& from, const QColor& to) {
+  const QColor designed = QColor::fromRgb(color);
+  const float saturation = designed.hslSaturationF() * to.hslSaturationF() / from.hslSaturationF();
+  const float lightness = designed.lightnessF() + to.lightnessF() - from.lightnessF();
+  if (from == to) return designed;
+  const QColor there =
+      QColor::fromHslF(std::max(0.0F, to.hslHueF()), std::min(1.0F, saturation), std::clamp(lightness, 0.0F, 1.0F));
+  return QColor::fromRgb(there.rgb());
+}
+
+QColor onSurface(QRgb color) { return moved(color, Designed.surface, worn.surface); }
+QColor onGround(QRgb color) { return moved(color, Designed.ground, worn.ground); }
+
+// The accent as a background of white text.
+QColor behindWhite(double share, float lightness) {
+  QColor color = QColor::fromHslF(
+      std::max(0.0F, worn.accent.hslHueF()),
+      static_cast<float>(std::min<double>(worn.accent.hslSaturationF(), CalmSaturation) * share), lightness);
+  while (contrast(color, Qt::white) < SelectionContrast)
+    color = color.darker(105);
+  return QColor::fromRgb(color.rgb());
+}
+
 }  // namespace
+
+bool wear(const Tint& tint) {
+  if (worn == tint) return false;
+  worn = tint;
+  return true;
+}
+
+QColor accent() { return worn.accent; }
+QColor surface() { return worn.surface; }
+QColor listBase() { return worn.ground; }
+QColor field() { return onSurface(0xFF1B1F26); }
+QColor headerBase() { return onSurface(0xFF232933); }
+QColor outline() { return onSurface(0xFF4A525E); }
+QColor fieldOutline() {
+  QColor color = onSurface(0xFF6B7482);
+  while (contrast(color, surface()) < OutlineContrast)
+    color = color.lighter(103);
+  return color;
+}
+QColor gridLine() { return onGround(0xFF2A313B); }
+QColor selection() { return behindWhite(0.9, 0.39F); }
+QColor dimSelection() { return behindWhite(0.32, 0.28F); }
+QColor tickMark() { return worn.accent.lighter(125); }
 
 QPalette palette() {
   QPalette colors;
-  const auto all = [&](QPalette::ColorRole role, QRgb color) { colors.setColor(role, QColor::fromRgb(color)); };
-  all(QPalette::Window, Surface);
-  all(QPalette::WindowText, Text);
-  all(QPalette::Base, Field);
-  all(QPalette::AlternateBase, 0xFF20252D);
-  all(QPalette::Text, Text);
-  all(QPalette::Button, 0xFF39404A);
-  all(QPalette::ButtonText, 0xFFE8EAED);
-  all(QPalette::BrightText, 0xFFFFFFFF);
-  all(QPalette::Light, 0xFF4A525E);
-  all(QPalette::Midlight, 0xFF414853);
-  all(QPalette::Mid, 0xFF21252B);
-  all(QPalette::Dark, 0xFF171A1F);
-  all(QPalette::Shadow, 0xFF0C0E11);
-  all(QPalette::Highlight, Selection);
-  all(QPalette::HighlightedText, 0xFFFFFFFF);
-  all(QPalette::Link, 0xFF7DB7E8);
-  all(QPalette::LinkVisited, 0xFFB7A5E0);
-  all(QPalette::ToolTipBase, 0xFF3A414C);
-  all(QPalette::ToolTipText, 0xFFF0F0F0);
-  all(QPalette::PlaceholderText, 0xFF9AA3AE);
+  const auto all = [&](QPalette::ColorRole role, const QColor& color) { colors.setColor(role, color); };
+  all(QPalette::Window, surface());
+  all(QPalette::WindowText, QColor::fromRgb(Text));
+  all(QPalette::Base, field());
+  all(QPalette::AlternateBase, onSurface(0xFF20252D));
+  all(QPalette::Text, QColor::fromRgb(Text));
+  all(QPalette::Button, onSurface(0xFF39404A));
+  all(QPalette::ButtonText, QColor::fromRgb(0xFFE8EAED));
+  all(QPalette::BrightText, QColor::fromRgb(0xFFFFFFFF));
+  all(QPalette::Light, onSurface(0xFF4A525E));
+  all(QPalette::Midlight, onSurface(0xFF414853));
+  all(QPalette::Mid, onSurface(0xFF21252B));
+  all(QPalette::Dark, onSurface(0xFF171A1F));
+  all(QPalette::Shadow, onSurface(0xFF0C0E11));
+  all(QPalette::Highlight, selection());
+  all(QPalette::HighlightedText, QColor::fromRgb(0xFFFFFFFF));
+  all(QPalette::Link, QColor::fromRgb(0xFF7DB7E8));
+  all(QPalette::LinkVisited, QColor::fromRgb(0xFFB7A5E0));
+  all(QPalette::ToolTipBase, onSurface(0xFF3A414C));
+  all(QPalette::ToolTipText, QColor::fromRgb(0xFFF0F0F0));
+  all(QPalette::PlaceholderText, QColor::fromRgb(0xFF9AA3AE));
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
     colors.setColor(QPalette::Disabled, role, QColor::fromRgb(DisabledText));
-  colors.setColor(QPalette::Disabled, QPalette::Highlight, QColor::fromRgb(Outline));
+  colors.setColor(QPalette::Disabled, QPalette::Highlight, outline());
+  // A field that takes nothing is no hollow to type into.
+  colors.setColor(QPalette::Disabled, QPalette::Base, surface());
   return colors;
 }
 
@@ -120,7 +175,8 @@ namespace {
 void drawOutlined(QPainter& painter, const QRect& area, const QStyleOption& option, const QBrush& inside) {
   const bool focused = option.state.testFlag(QStyle::State_HasFocus);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QColor::fromRgb(focused ? Accent : FieldOutline));
+  const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+  painter.setPen(!enabled ? outline() : focused ? accent() : fieldOutline());
   painter.setBrush(inside);
   painter.drawRoundedRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
 }
@@ -129,7 +185,7 @@ void drawTick(QPainter& painter, const QRectF& box, bool enabled) {
   const auto at = [&](double x, double y) {
     return QPointF(box.left() + box.width() * x, box.top() + box.height() * y);
   };
-  painter.setPen(QPen(QColor::fromRgb(enabled ? TickMark : DisabledText), box.width() / 7));
+  painter.setPen(QPen(enabled ? tickMark() : QColor::fromRgb(DisabledText), box.width() / 7));
   painter.drawPolyline(QPolygonF{at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.28)});
 }
 
@@ -162,6 +218,10 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
 
 void apply() {
   QApplication::setStyle(new Style);
+  applyPalette();
+}
+
+void applyPalette() {
   QApplication::setPalette(palette());
   QToolTip::setPalette(palette());
 }

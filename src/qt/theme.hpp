@@ -6,28 +6,40 @@
 #include <QPalette>
 #include <QProxyStyle>
 
-/// The one visual language of all windows: a dark surface, dark lists, one accent colour.
+/// The one visual language of all windows: a dark surface, dark lists, one accent colour, in the tint of the skin.
 namespace varnholt::qt::theme {
 
 /// Between a window's edge and what is in it, and between controls, in pixels.
 inline constexpr int Margin = 12, Gap = 8;
 
-inline constexpr QRgb Surface = 0xFF2A2F37;     ///< what controls stand on
-inline constexpr QRgb Field = 0xFF1B1F26;       ///< text boxes and trees
-inline constexpr QRgb ListBase = 0xFF11161F;    ///< rows of a list without a picture
-inline constexpr QRgb HeaderBase = 0xFF232933;  ///< column headers
 inline constexpr QRgb Text = 0xFFE0E0E0;
 inline constexpr QRgb DimText = 0xFFA9B1BC;  ///< the panel that is not active; still 4.5:1 on every list
 inline constexpr QRgb DisabledText = 0xFF8A929E;
-inline constexpr QRgb Accent = 0xFF5B9BD5;
-inline constexpr QRgb Selection = 0xFF2F6399;     ///< background of a selected row
-inline constexpr QRgb DimSelection = 0xFF3B4656;  ///< the same in the panel that is not active
-inline constexpr QRgb Outline = 0xFF4A525E;
-inline constexpr QRgb FieldOutline = 0xFF6B7482;  ///< of fields and boxes, 3:1 on a surface
-inline constexpr QRgb TickMark = 0xFF8CC2F2;
-inline constexpr QRgb GridLine = 0xFF2A313B;
 /// Rows that carry the program's own mark (Ghosted).
 inline constexpr QRgb Ghost = 0xFFF0A33A;
+
+/// What a skin changes. All other colours of surfaces and lists follow these three.
+struct Tint {
+  QColor accent{0x5B, 0x9B, 0xD5};
+  QColor surface{0x2A, 0x2F, 0x37};  ///< what controls stand on
+  QColor ground{0x11, 0x16, 0x1F};   ///< rows of a list without a picture or colour of its own
+  bool operator==(const Tint&) const = default;
+};
+
+/// Takes the tint for everything that is drawn from here on; true: it is another than before.
+bool wear(const Tint& tint);
+
+QColor accent();
+QColor surface();
+QColor field();         ///< text boxes and trees
+QColor listBase();      ///< rows of a list without a picture
+QColor headerBase();    ///< column headers
+QColor selection();     ///< background of a selected row
+QColor dimSelection();  ///< the same in the panel that is not active
+QColor outline();
+QColor fieldOutline();  ///< of fields and boxes, 3:1 on a surface
+QColor tickMark();
+QColor gridLine();
 
 QPalette palette();
 
@@ -59,5 +71,7 @@ class Style : public QProxyStyle {
 
 /// Style and palette of the application.
 void apply();
+/// The palette alone, after another tint was taken.
+void applyPalette();
 
 }  // namespace varnholt::qt::theme

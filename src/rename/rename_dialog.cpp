@@ -98,7 +98,7 @@ void rename::Form14::dressMaskPart() {
   Label5.Caption = "Integer:";
   Label6.Caption = "New Ext:";
   ListView1.ColumnHeaders = {{"Before Rename:", NameColumn}, {"After Rename:", NameColumn}};
-  ListView1.AccessibleName = "Preview";
+  ListView1.AccessibleName = "Old and new names";
   ListView1.ToolTipText = "Names before and after. A double click opens the item.";
   ListView1.MultiSelect = false;
   ListView1.ImageList = panels::panelImageList();

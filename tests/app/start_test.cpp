@@ -150,12 +150,14 @@ TEST_F(StartTest, WhatTheUserChoseIsThereAtTheNextStart) {
   for (const char* entry :
        {"HidSysfiles", "DateCreate", "DateTime12", "GridLines", "ShiftColors", "BrownBlack", "RLC", "IncludeFolder"})
     rig.menu(entry).choose();
+  EXPECT_TRUE(rig.menu("ColorMenu").Enabled) << "as soon as lines are shifted";
   rig.menu("LockOnLast").choose();
   rig.form().Panel1.list.widthFromUser(0, 1234);
   rig.menu("SavColumnH").choose();
   rig.menu("Auto_Save").choose();
   rig.form().Left = 300;
   rig.form().Width = 9000.5;
+  rig.form().WindowState = controls::WindowState::Maximized;
   rig.app().Form9.Top = 450;
   closeWindow();
   EXPECT_TRUE(rig.loop.quitAsked);
@@ -173,6 +175,7 @@ TEST_F(StartTest, WhatTheUserChoseIsThereAtTheNextStart) {
   EXPECT_TRUE(rig.form().ListView1.Picture->ends_with("\\line34db.jpg"));
   EXPECT_EQ(rig.form().Left, 300.0);
   EXPECT_EQ(rig.form().Width, 9000.5);
+  EXPECT_TRUE(rig.form().WindowState == controls::WindowState::Maximized);
   EXPECT_EQ(rig.app().Form9.Top, 450.0);
   EXPECT_EQ(setting(core::setting::MainViewState), "3");
   EXPECT_EQ(setting(core::setting::view1path), "C:\\");

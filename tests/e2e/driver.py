@@ -202,11 +202,15 @@ class Program:
         return self.find("tree", "Files, left panel" if number == 1 else "Files, right panel")
 
     def rows(self, number):
-        """Texts of the first column."""
+        """Texts of the first column. What is spoken is the whole name, of which the second column shows the end."""
         table = self.list(number)
         columns = table.get_table_iface().get_n_columns()
         count = table.get_table_iface().get_n_rows()
-        return [table.get_child_at_index((row + 1) * columns).get_name() for row in range(count)]
+        texts = []
+        for first in range(columns, (count + 1) * columns, columns):
+            name, extension, size = (table.get_child_at_index(first + at).get_name() for at in range(3))
+            texts.append("\\ " + name if size == "< Folder >" else name.removesuffix("." + extension))
+        return texts
 
     def status(self):
         for node in below(self.window()):
@@ -244,6 +248,12 @@ class Program:
         box = node.get_extents(Atspi.CoordType.SCREEN)
         subprocess.run(["xdotool", "mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2), "click", "1"],
                        check=True)
+
+    @staticmethod
+    def extents(node):
+        """Left, top, width and height on the screen."""
+        box = node.get_extents(Atspi.CoordType.SCREEN)
+        return box.x, box.y, box.width, box.height
 
     def command(self, name):
         """A button of the main window."""

@@ -13,6 +13,7 @@ OLD, NEW = 1_500_000_000, 1_700_000_000
 ODD_NAME = "two  blanks üñ back\\slash.txt"
 ODD_ROW = "two  blanks üñ back\\slash"
 MANY = 12_000
+SCREEN_WIDTH = 1280
 ATTEMPTS = 5  # the program may be done before it can be held
 
 
@@ -141,6 +142,27 @@ def overwrite_answers(road):
                 give_name(road, name, "kept.txt")
         road.ended()
         road.expect(step, work, wanted)
+
+
+def question_about_a_long_name(road):
+    """A name as long as names get: the question stays on the screen, and is small again for the next name."""
+    road.fill()
+    name = "n" * 251 + ".txt"  # handled first, being selected last
+    for folder, date in (("Work/", NEW), ("Target/", OLD)):
+        road.file(folder + name, "long", date)
+    road.start("Copy", "Copy Item(s)", "alt+o", "beta", "n" * 251)
+    sizes = []
+    for file in (name, "beta.txt"):
+        dialog = road.program.dialog("Overwrite Warning !")
+        wait("the question about " + file, lambda file=file: road.program.says(dialog, "Source FileName: " + file))
+        place = road.program.extents(dialog)
+        caller = road.program.extents(next(each for each in road.program.dialogs() if each != dialog))
+        expect(f"the question on the screen, not at {place}", place[0] >= 0 and place[0] + place[2] <= SCREEN_WIDTH)
+        expect(f"the question at {place} over {caller}", abs(2 * place[0] + place[2] - 2 * caller[0] - caller[2]) <= 2)
+        sizes.append(place[3])
+        road.overwrite(file, "alt+s")
+    expect(f"a lower question for a short name: {sizes}", sizes[1] < sizes[0])
+    road.ended()
 
 
 def give_name(road, name, wanted):
@@ -328,7 +350,7 @@ def road(program):
     wait("Target", lambda: "alpha" in program.rows(2))
     program.click_row(1, "\\ Work", 2)
     wait("Work", lambda: ODD_ROW in program.rows(1))
-    for step in (copy_to_free_place, overwrite_answers, merge_folders, protected_target, move, delete, stop, browse):
+    for step in (copy_to_free_place, overwrite_answers, question_about_a_long_name, merge_folders, protected_target, move, delete, stop, browse):
         print(step.__name__, flush=True)
         step(steps)
     program.keys("alt+F4")

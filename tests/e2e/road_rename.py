@@ -68,7 +68,7 @@ def fill(program, dialog, name, text):
 
 
 def preview_rows(program, dialog):
-    table = program.find("tree", "Preview", dialog)
+    table = program.find("tree", "Old and new names", dialog)
     return table and table.get_table_iface().get_n_rows()
 
 

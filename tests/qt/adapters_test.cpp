@@ -4,6 +4,7 @@
 #include "qt/widgets/picture_view.hpp"
 #include "qt/widgets/status_strip.hpp"
 
+#include <QAccessible>
 #include <QBuffer>
 #include <QCalendarWidget>
 #include <QCheckBox>
@@ -129,6 +130,24 @@ TEST_F(Adapters, WhatTheUserTypesArrivesUnlessItIsLocked) {
   EXPECT_EQ(line.text(), QStringLiteral("ab"));
 }
 
+TEST_F(Adapters, WhatAssistiveTechnologyTypesArrivesUnlessTheTextIsLocked) {
+  form.Combo1.Editable = true;
+  form.Combo1.Items = std::vector<controls::ComboBox::Item>{{"*.txt", ""}};
+  draw();
+  const auto setText = [](QWidget& widget) {
+    QAccessible::queryAccessibleInterface(&widget)->setText(QAccessible::Value, QStringLiteral("*.odt"));
+  };
+  for (QWidget* widget : std::initializer_list<QWidget*>{&line, combo.lineEdit()})
+    setText(*widget);
+  EXPECT_EQ(form.Text1.Text.get(), "*.odt");
+  EXPECT_EQ(form.Combo1.Text.get(), "*.odt");
+  form.Text1.Text = "stays";
+  form.Text1.Locked = true;
+  draw();
+  setText(line);
+  EXPECT_EQ(line.text(), QStringLiteral("stays"));
+}
+
 TEST_F(Adapters, TheCursorStaysWhereTheUserTypes) {
   form.Text1.Text = "abd";
   draw();
@@ -147,10 +166,15 @@ TEST_F(Adapters, ButtonsArePressedByMouseAndKeyboardUnlessDisabled) {
   QTest::mouseClick(&button, Qt::LeftButton);
   QTest::keyClick(&button, Qt::Key_Space);
   EXPECT_EQ(presses, 2);
+  form.Command1.Caption = "&Stop";
+  draw();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  QTest::keyClick(&window, Qt::Key_S, Qt::AltModifier);
+  EXPECT_EQ(presses, 3) << "at once, not when the button has been shown pressed";
   form.Command1.Enabled = false;
   draw();
   QTest::mouseClick(&button, Qt::LeftButton);
-  EXPECT_EQ(presses, 2);
+  EXPECT_EQ(presses, 3);
 }
 
 TEST_F(Adapters, WhatTheUserClicksArrivesOnce) {

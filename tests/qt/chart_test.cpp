@@ -119,6 +119,16 @@ TEST_F(DrawnChart, AssistiveTechnologyHearsTheTitleAndTheNumbers) {
   EXPECT_EQ(joined.front()->accessibleName(), QStringLiteral("Chart"));
 }
 
+TEST_F(DrawnChart, ItsOwnColoursAreToldFromTheGroundAndFromTheirNeighbours) {
+  show(Pie, Values(12, {"file", 1}));
+  const QColor ground = qt::theme::listBase();
+  for (int point = 0; point < 12; ++point) {
+    EXPECT_GE(qt::theme::contrast(view.colorOf(point), ground), 3.0) << point;
+    EXPECT_NE(view.colorOf(point), view.colorOf((point + 1) % 12)) << point;
+  }
+  EXPECT_GE(qt::theme::contrast(QColor::fromRgb(qt::theme::DimText), ground), 4.5);
+}
+
 TEST_F(DrawnChart, NumbersThatCannotBeDrawnAreNothing) {
   const double nan = std::numeric_limits<double>::quiet_NaN(), infinite = std::numeric_limits<double>::infinity();
   for (const auto type : {Pie, Bar}) {
@@ -127,7 +137,7 @@ TEST_F(DrawnChart, NumbersThatCannotBeDrawnAreNothing) {
       show(type, values);
       click(view.plot().center());
       QTest::keyClick(&view, Qt::Key_Right);
-      EXPECT_GT(pixels(draw(), QColor::fromRgb(qt::theme::ListBase)), 100);
+      EXPECT_GT(pixels(draw(), qt::theme::listBase()), 100);
     }
     show(type, {{"less", -5, Red}, {"real", 5, Green}});
     EXPECT_EQ(pixels(draw(), Qt::red), 0);

@@ -220,7 +220,7 @@ TEST_F(DrawnList, SelectedAndMarkedRowsAreToldApartAlsoTogether) {
   list.setSelected(3, true);
   list.setGhosted(3, true);
   loop.flush();
-  const QColor selection = QColor::fromRgb(qt::theme::Selection), ghost = QColor::fromRgb(qt::theme::Ghost);
+  const QColor selection = qt::theme::selection(), ghost = QColor::fromRgb(qt::theme::Ghost);
   const int middle = widget->listHeader()->sectionSize(0) - 2;
   EXPECT_EQ(pixel(1, middle), selection);
   EXPECT_NE(pixel(1, 1), ghost);
@@ -263,8 +263,8 @@ TEST_F(DrawnList, TheActivePanelIsAccentedAndTheOtherDimmed) {
   loop.flush();
   auto* other = usable<qt::ListViewWidget>(widget->window(), "ListView2");
   const QImage active = widget->listHeader()->grab().toImage(), dimmed = other->listHeader()->grab().toImage();
-  EXPECT_EQ(active.pixelColor(5, active.height() - 2), QColor::fromRgb(qt::theme::Accent));
-  EXPECT_NE(dimmed.pixelColor(5, dimmed.height() - 2), QColor::fromRgb(qt::theme::Accent));
+  EXPECT_EQ(active.pixelColor(5, active.height() - 2), qt::theme::accent());
+  EXPECT_NE(dimmed.pixelColor(5, dimmed.height() - 2), qt::theme::accent());
   EXPECT_LT(other->colors().text.lightness(), widget->colors().text.lightness());
 }
 

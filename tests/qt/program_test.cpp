@@ -1,14 +1,18 @@
 // The whole program through its real windows, from the start.
 #include "drawn_program.hpp"
+#include "qt/theme.hpp"
 
+#include <QAccessible>
 #include <QAction>
 #include <QComboBox>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QWindow>
 
 #include <map>
+#include <set>
 
 namespace varnholt::test {
 namespace {
@@ -120,6 +124,94 @@ TEST_F(DrawnProgram, TheTreeWindowStandsAtItsStoredPlaceAboveTheMainWindowEachTi
   }
   EXPECT_EQ(trees->windowType(), Qt::Tool);
   EXPECT_EQ(trees->windowHandle()->transientParent(), window->windowHandle());
+}
+
+void expectReadable(const std::string& where, const QColor& text, const QColor& ground) {
+  EXPECT_GE(qt::theme::contrast(text, ground), 4.5)
+      << where << ": " << qPrintable(text.name() + QLatin1Char(' ') + ground.name());
+}
+
+TEST_F(DrawnProgram, EverySkinHasAnAccentAndAGroundOfItsOwnOnWhichAllTextsCanBeRead) {
+  using P = QPalette;
+  start();
+  std::set<QRgb> accents, grounds;
+  for (int skin = 0; skin < appearance::NewSkin::Count; ++skin) {
+    const std::string name = appearance::NewSkin::nameOf(skin);
+    app.NewSkin.load(skin);
+    loop.flush();
+    for (const auto& [text, ground] : {std::pair{P::WindowText, P::Window},
+                                       {P::Text, P::Base},
+                                       {P::ButtonText, P::Button},
+                                       {P::HighlightedText, P::Highlight},
+                                       {P::ToolTipText, P::ToolTipBase}})
+      expectReadable(name, QApplication::palette().color(text), QApplication::palette().color(ground));
+    for (const QColor& ground : {qt::theme::headerBase(), qt::theme::surface(), qt::theme::field()})
+      expectReadable(name, QColor::fromRgb(qt::theme::DimText), ground);
+    EXPECT_GE(qt::theme::contrast(qt::theme::fieldOutline(), qt::theme::surface()), 3) << name;
+    accents.insert(qt::theme::accent().rgb());
+    grounds.insert(list("ListView1")->colors().base.rgb());
+    for (int look = 0; look < 4; ++look) {  // without line images, and with each of the three
+      app.Form1.Menu["ShiftColors"].Checked = look > 0;
+      const char* sets[] = {"BlueBlack", "BlueBlack", "BrownBlack", "GrayBlack"};
+      app.Form1.Menu[sets[look]].Checked = false;
+      app.Form1.Menu[sets[look]].choose();
+      app.looks.apply();
+      loop.flush();
+      for (const char* panel : {"ListView1", "ListView2"}) {
+        const qt::ListColors& colors = list(panel)->colors();
+        for (const QColor& row : {colors.base, colors.stripe})
+          expectReadable(name + panel + sets[look], colors.text, row);
+        expectReadable(name + panel, colors.selectionText, colors.selection);
+      }
+    }
+    app.Form1.Menu["ShiftColors"].Checked = false;
+    app.looks.apply();
+  }
+  EXPECT_EQ(accents.size(), 8u);
+  EXPECT_EQ(grounds.size(), 8u);
+  app.NewSkin.load(0);
+  loop.flush();
+}
+
+// The names of what assistive technology finds below a widget.
+QStringList spokenBelow(QAccessibleInterface& node) {
+  QStringList names{node.text(QAccessible::Name)};
+  for (int at = 0; at < node.childCount(); ++at)
+    if (QAccessibleInterface* child = node.child(at)) names += spokenBelow(*child);
+  return names;
+}
+
+TEST_F(DrawnProgram, AssistiveTechnologyReadsWholeNamesTheFilterLineAndTheHeadsOfAnEmptyList) {
+  rig.makeFolder("D:\\Empty");
+  start();
+  const QStringList spoken = spokenBelow(*QAccessible::queryAccessibleInterface(window));
+  EXPECT_TRUE(spoken.contains(QStringLiteral("letter.txt")));
+  EXPECT_TRUE(spoken.contains(QStringLiteral("Photos")));
+  EXPECT_TRUE(spoken.contains(qt::toQt(app.Form1.Menu["Viewfilter"].Caption.get())));
+  app.navigation.goTo(app.Form1.Panel1, "D:\\Empty");
+  EXPECT_EQ(rows("ListView1").size(), 0u);
+  EXPECT_TRUE(
+      spokenBelow(*QAccessible::queryAccessibleInterface(list("ListView1"))).contains(QStringLiteral("ByteSize:")));
+}
+
+TEST_F(DrawnProgram, OnASmallScreenSizesAndDatesAreSeenAndTheListKeepsItsRows) {
+  start();
+  const std::vector<controls::ColumnHeader> kept = app.Form1.ListView1.ColumnHeaders;
+  const auto* button = usable<QToolButton>(window, "Command1");
+  for (const auto& [size, captions] : {std::pair{QSize(1280, 800), true},
+                                       {QSize(800, 600), true},
+                                       {QSize(666, 500), true},
+                                       {QSize(640, 400), false},
+                                       {QSize(1280, 800), true}}) {
+    window->resize(size);
+    const std::string where = std::to_string(size.width());
+    EXPECT_TRUE(waitFor([&] { return window->size() == size && list("ListView1")->page() >= 8; })) << where;
+    EXPECT_EQ(list("ListView1")->horizontalScrollBar()->maximum(), 0) << where;
+    const auto* status = usable<QWidget>(window, "StatusBar1");
+    EXPECT_GE(status->width(), std::min(status->sizeHint().width(), size.width() - 60)) << "an idle bar takes no room";
+    EXPECT_EQ(button->toolButtonStyle() == Qt::ToolButtonTextUnderIcon, captions) << where;
+  }
+  EXPECT_EQ(app.Form1.ListView1.ColumnHeaders.get(), kept);
 }
 
 TEST_F(DrawnProgram, TheCloseBoxEndsTheProgram) {

@@ -2,7 +2,11 @@
 #include "qt/text.hpp"
 #include "qt/theme.hpp"
 
+#include <QTextLayout>
+
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace varnholt::qt {
 namespace {
@@ -60,23 +64,44 @@ TEST(Input, KeysHaveTheNumbersThatHandlersKnow) {
     EXPECT_EQ(keyOf(QKeyEvent(QEvent::KeyPress, qt, modifiers)).code, code) << qt;
 }
 
-TEST(Theme, EveryTextCanBeReadOnEverySurface) {
-  for (const QRgb surface : {theme::Surface, theme::Field, theme::ListBase, theme::HeaderBase})
-    for (const QRgb text : {theme::Text, theme::DimText})
-      EXPECT_GE(theme::contrast(QColor::fromRgb(text), QColor::fromRgb(surface)), 4.5) << std::hex << text << surface;
-  for (const QRgb selection : {theme::Selection, theme::DimSelection})
-    EXPECT_GE(theme::contrast(Qt::white, QColor::fromRgb(selection)), 4.5);
+/// The lines in which a label of that width, in characters, shows a text.
+QStringList linesOf(const std::string& text, int characters) {
+  const QFont font(QStringLiteral("monospace"));
+  const int width = QFontMetrics(font).horizontalAdvance(QLatin1Char('n')) * characters + 1;
+  QTextLayout layout(breakable(toQt(text), QFontMetrics(font), width), font);
+  QStringList lines;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width);
+    QString shown = layout.text().mid(line.textStart(), line.textLength());
+    EXPECT_LE(line.naturalTextWidth(), width) << qPrintable(shown);
+    for (const QChar mark : {QChar(0x200B), QChar(0x2060)})
+      shown.remove(mark);
+    lines += shown.replace(QChar::Nbsp, QLatin1Char(' ')).trimmed();
+  }
+  layout.endLayout();
+  return lines;
+}
+
+TEST(Texts, PathsBreakBehindBackslashesNeverBehindADriveAndInsideAPartOnlyWhenALineIsTooShort) {
+  const std::tuple<const char*, int, QStringList> rows[] = {
+      {"Settings moved to T:\\settings.db.damaged-1", 24, {"Settings moved to", "T:\\settings.db.damaged-1"}},
+      {"C:\\My photos\\Coast, week 2\\a.jpg", 20, {"C:\\My photos\\", "Coast, week 2\\a.jpg"}},
+      {"C:\\nnnnnnnnnnnnnnnnnn\\b", 10, {"C:\\nnnnnnn", "nnnnnnnnnn", "n\\b"}},
+      {"Name: nnnnnnnnnnnnnnn ?", 10, {"Name: nnnn", "nnnnnnnnnn", "n ?"}},
+      {"two words", 10, {"two words"}},
+  };
+  for (const auto& [text, width, lines] : rows)
+    EXPECT_EQ(linesOf(text, width), lines) << text << ": " << qPrintable(linesOf(text, width).join(QLatin1Char('|')));
 }
 
 TEST(Theme, MarksOfRowsAreLightenedUntilTheyCanBeRead) {
   const controls::Color marks[] = {0x00FF00, 0x00FFFF, 0x0000FF, 0xFFFF00, 0x0080FF};  // blue-green-red
   for (const controls::Color mark : marks)
-    for (const QRgb surface : {theme::ListBase, theme::Selection})
-      EXPECT_GE(
-          theme::contrast(theme::readable(theme::colorOf(mark), QColor::fromRgb(surface)), QColor::fromRgb(surface)),
-          4.5);
+    for (const QColor& surface : {theme::listBase(), theme::selection()})
+      EXPECT_GE(theme::contrast(theme::readable(theme::colorOf(mark), surface), surface), 4.5);
   EXPECT_EQ(theme::colorOf(0x0000FF), QColor(255, 0, 0));
-  EXPECT_EQ(theme::readable(QColor(0, 255, 0), QColor::fromRgb(theme::ListBase)), QColor(0, 255, 0));
+  EXPECT_EQ(theme::readable(QColor(0, 255, 0), theme::listBase()), QColor(0, 255, 0));
 }
 
 }  // namespace

@@ -19,7 +19,12 @@ void AppRig::build() {
   restart();
 }
 
-AppRig::~AppRig() = default;
+// Whatever a test does: the program names no command and no menu entry that its tables do not have.
+AppRig::~AppRig() {
+  for (const auto* unknown : {&form().commands.unknown(), &form().Menu.unknown()})
+    for (const auto& name : *unknown)
+      ADD_FAILURE() << "no row of the command table has " << name;
+}
 
 void AppRig::restart() {
   app_.reset();

@@ -51,7 +51,7 @@ class Adapter : public QObject {
   void update();
   /// The control that the form pairs with this one; null: none.
   const controls::Control* twin() const;
-  /// What assistive technology calls the control, before the window makes it unique. Never empty.
+  /// What assistive technology calls the control. Never empty.
   virtual QString accessibleName() const;
 
   /// The control goes away: asks and tells it nothing more.

@@ -6,9 +6,20 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QPushButton>
+#include <QShortcutEvent>
+#include <QToolButton>
 
 namespace varnholt::qt {
 namespace {
+
+/// The key of the caption's mnemonic. The toolkit would show the button pressed for a tenth of a second before it acts,
+/// in which a copy that is to be stopped goes on by files. True: done.
+bool clickedByMnemonic(QAbstractButton& button, const QObject* watched, const QEvent& event) {
+  if (watched != &button || event.type() != QEvent::Shortcut) return false;
+  if (static_cast<const QShortcutEvent&>(event).isAmbiguous()) return false;
+  button.click();
+  return true;
+}
 
 class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
  public:
@@ -16,6 +27,10 @@ class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
     // The form says which button Enter and Esc stand for.
     if (auto* push = qobject_cast<QPushButton*>(&drawn)) push->setAutoDefault(false);
     connect(&drawn, &QAbstractButton::clicked, this, [this] { this->host().fromUser([this] { self.press(); }); });
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    return clickedByMnemonic(drawn, watched, *event) || Joined::eventFilter(watched, event);
   }
 
  protected:
@@ -27,6 +42,8 @@ class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
     if (caption != drawn.text()) drawn.setText(caption);
     if (self.Icon.get() != icon_) drawn.setIcon(iconNamed(icon_ = self.Icon.get()));
     if (drawn.font().underline() == self.FontUnderline) return;
+    // A tool button that shows its icon alone has no caption to underline: it is framed as well.
+    if (auto* tool = qobject_cast<QToolButton*>(&drawn)) tool->setAutoRaise(!self.FontUnderline);
     QFont font = drawn.font();
     font.setUnderline(self.FontUnderline);
     drawn.setFont(font);
@@ -40,6 +57,10 @@ class CheckBoxAdapter : public Joined<controls::CheckBox, QCheckBox> {
  public:
   CheckBoxAdapter(Host& host, controls::CheckBox& control, QCheckBox& widget) : Joined(host, control, widget) {
     connect(&drawn, &QCheckBox::clicked, this, [this] { this->host().fromUser([this] { self.toggleFromUser(); }); });
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    return clickedByMnemonic(drawn, watched, *event) || Joined::eventFilter(watched, event);
   }
 
  protected:

@@ -45,9 +45,16 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
     drawn.setEditable(editable);
     if (!editable) return;
     drawn.setCompleter(nullptr);
-    connect(drawn.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) {
-      this->host().fromUser([this, typed = fromQt(text)] { self.typeFromUser(typed); });
+    connect(drawn.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { type(text); });
+    // Assistive technology sets the text, which is no edit; a text that comes with a choice is told as that choice.
+    connect(drawn.lineEdit(), &QLineEdit::textChanged, this, [this](const QString& text) {
+      const bool chosen = drawn.currentIndex() >= 0 && drawn.itemText(drawn.currentIndex()) == text;
+      if (!updating() && !chosen && text != toQt(self.Text.get())) type(text);
     });
+  }
+
+  void type(const QString& text) {
+    host().fromUser([this, typed = fromQt(text)] { self.typeFromUser(typed); });
   }
 
   void showItems() {

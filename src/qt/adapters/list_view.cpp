@@ -11,9 +11,12 @@
 
 #include <QApplication>
 #include <QPixmap>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <optional>
 #include <tuple>
 #include <utility>
@@ -28,6 +31,25 @@ std::pair<QColor, QColor> tonesOf(const QPixmap& picture) {
   return {image.pixelColor(0, image.height() / 4), image.pixelColor(0, image.height() * 3 / 4)};
 }
 
+/// Widths of the first column, which holds names, and the shares of their widths that the others keep beside it.
+constexpr int UsefulName = 140, NarrowestName = 76;
+constexpr double ReadableShare = 0.8, NarrowestShare = 0.68;
+
+/// Widths in which the columns fit the room, if they can: the names give way first, down to what is useful; then the
+/// others, which have room around their texts, and so in turn.
+std::vector<int> fittedWidths(std::vector<int> widths, int room) {
+  if (widths.empty()) return widths;
+  const int others = std::accumulate(widths.begin() + 1, widths.end(), 0);
+  double share = 1;
+  for (const auto& [name, least] : {std::pair{UsefulName, ReadableShare}, {NarrowestName, NarrowestShare}}) {
+    widths[0] =
+        std::clamp(room - static_cast<int>(others * share), std::min(widths[0], theme::scaled(name)), widths[0]);
+    if (others > 0) share = std::clamp(double(room - widths[0]) / others, least, share);
+  }
+  std::for_each(widths.begin() + 1, widths.end(), [share](int& width) { width = static_cast<int>(width * share); });
+  return widths;
+}
+
 class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
  public:
   ListViewAdapter(Host& host, controls::ListView& control, ListViewWidget& widget) : Joined(host, control, widget) {
@@ -39,8 +61,15 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
               [this](int column) { this->host().fromUser([this, column] { self.headerFromUser(column + 1); }); });
     setDropPlaces([this](const QPoint& at, const controls::Control* source) { return dropPlace(at, source); });
     connect(header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
-      if (!updating() && width > 0) self.widthFromUser(column, width / theme::fontScale() * controls::TwipsPerPixel);
+      if (updating() || fitting_ || width <= 0) return;
+      self.widthFromUser(column, width / theme::fontScale() * controls::TwipsPerPixel);
+      headers_ = self.ColumnHeaders.get();  // drawn so already
     });
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == drawn.viewport() && event->type() == QEvent::Resize && !abandoned()) fitColumns();
+    return Joined::eventFilter(watched, event);
   }
 
   void abandon() override {
@@ -171,16 +200,31 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
   }
 
   // Widths are kept for the designed font, so that columns hold their texts in a larger one.
+  int drawnWidth(int column) const {
+    const double pixels = headers_[static_cast<std::size_t>(column)].Width / controls::TwipsPerPixel;
+    return static_cast<int>(std::lround(pixels * theme::fontScale()));
+  }
+
   void showColumns() {
     headers_ = self.ColumnHeaders.get();
     QHeaderView& header = *drawn.listHeader();
-    for (int column = 0; column < header.count(); ++column) {
-      const double pixels = headers_[static_cast<std::size_t>(column)].Width / controls::TwipsPerPixel;
-      const int width = static_cast<int>(std::lround(pixels * theme::fontScale()));
-      header.setSectionHidden(column, width <= 0);
-      if (width > 0) header.resizeSection(column, width);
-    }
+    for (int column = 0; column < header.count(); ++column)
+      header.setSectionHidden(column, drawnWidth(column) <= 0);
+    fitColumns();
     header.viewport()->update();
+  }
+
+  // What the user has set stays what is kept, however narrow the window is.
+  void fitColumns() {
+    const QScopedValueRollback fitting(fitting_, true);
+    QHeaderView& header = *drawn.listHeader();
+    const int count = std::min(header.count(), static_cast<int>(headers_.size()));
+    std::vector<int> widths;
+    for (int column = 0; column < count; ++column)
+      widths.push_back(std::max(0, drawnWidth(column)));
+    widths = fittedWidths(std::move(widths), drawn.viewport()->width());
+    for (int column = 0; column < count; ++column)
+      if (const int width = widths[static_cast<std::size_t>(column)]; width > 0) header.resizeSection(column, width);
   }
 
   void readTones() {
@@ -194,16 +238,16 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
   ListColors colorsNow() {
     ListColors colors;
     colors.base = colors.stripe =
-        self.BackColor == controls::NoColor ? QColor::fromRgb(theme::ListBase) : theme::colorOf(self.BackColor);
+        self.BackColor == controls::NoColor ? theme::listBase() : theme::colorOf(self.BackColor);
     readTones();
     if (tones_) std::tie(colors.base, colors.stripe) = *tones_;
     const bool dimmed = emphasis() == Emphasis::Dimmed;
     const QColor text =
         self.ForeColor == controls::NoColor ? QColor::fromRgb(theme::Text) : theme::colorOf(self.ForeColor);
     colors.text = theme::readable(dimmed ? QColor::fromRgb(theme::DimText) : text, colors.base);
-    colors.selection = QColor::fromRgb(dimmed ? theme::DimSelection : theme::Selection);
+    colors.selection = dimmed ? theme::dimSelection() : theme::selection();
     colors.selectionText = Qt::white;
-    colors.grid = QColor::fromRgb(theme::GridLine);
+    colors.grid = theme::gridLine();
     return colors;
   }
 
@@ -213,6 +257,7 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
   controls::TypeAhead typed_;
   std::optional<QPoint> pressedAt_;  ///< where the left button went down on a row, until it is known what it begins
   bool doubleClicked_ = false;
+  bool fitting_ = false;
 };
 
 }  // namespace

@@ -31,6 +31,8 @@ class ProgressBarAdapter : public Joined<controls::ProgressBar, QProgressBar> {
     const double share = range > 0 ? (self.Value - self.Min) / range : 0;
     if (drawn.maximum() != BarSteps) drawn.setRange(0, BarSteps);
     drawn.setValue(static_cast<int>(std::clamp(share, 0.0, 1.0) * BarSteps));
+    // While nothing moves, its room is for the texts beside it.
+    if (const int working = drawn.property("widthAtWork").toInt()) drawn.setMinimumWidth(share > 0 ? working : 0);
   }
 };
 
@@ -56,11 +58,6 @@ class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
  public:
   MonthViewAdapter(Host& host, controls::MonthView& control, QCalendarWidget& widget) : Joined(host, control, widget) {
     drawn.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    // The toolkit's own red of the weekends is hard to read on dark.
-    QTextCharFormat weekend;
-    weekend.setForeground(theme::readable(Qt::red, drawn.palette().color(QPalette::Base)));
-    for (const auto day : {Qt::Saturday, Qt::Sunday})
-      drawn.setWeekdayTextFormat(day, weekend);
     // The names by which the toolkit calls its own parts.
     for (const auto& [part, icon] : {std::pair{"qt_calendar_prevmonth", "back"}, {"qt_calendar_nextmonth", "forward"}})
       if (auto* button = drawn.findChild<QToolButton*>(QLatin1String(part))) button->setIcon(iconNamed(icon));
@@ -73,6 +70,11 @@ class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
   QString ownName() const override { return QStringLiteral("Month"); }
 
   void updateOwn() override {
+    // The toolkit's own red of the weekends is hard to read on dark.
+    QTextCharFormat weekend;
+    weekend.setForeground(theme::readable(Qt::red, theme::field()));
+    for (const auto weekday : {Qt::Saturday, Qt::Sunday})
+      drawn.setWeekdayTextFormat(weekday, weekend);
     const auto& [year, month, day] = self.Value.get();
     drawn.setSelectedDate(QDate(year, month, day));
   }

@@ -14,7 +14,11 @@ constexpr int LongestLine = 32767;  // QLineEdit's own limit
 class LineAdapter : public Joined<controls::TextBox, QLineEdit> {
  public:
   LineAdapter(Host& host, controls::TextBox& control, QLineEdit& widget) : Joined(host, control, widget) {
-    connect(&drawn, &QLineEdit::textEdited, this, [this](const QString& text) {
+    // Any change, not edits alone: assistive technology sets the text, which is no edit, and asks nobody whether it
+    // may.
+    connect(&drawn, &QLineEdit::textChanged, this, [this](const QString& text) {
+      if (updating()) return;
+      if (self.Locked || !self.Enabled) return update();
       this->host().fromUser([this, typed = fromQt(text)] { self.typeFromUser(typed); });
     });
   }

@@ -157,8 +157,8 @@ QPoint ChartView::middleOf(int point) const {
 void ChartView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.fillRect(rect(), QColor::fromRgb(theme::ListBase));
-  painter.setPen(QColor::fromRgb(hasFocus() ? theme::Accent : theme::Outline));
+  painter.fillRect(rect(), theme::listBase());
+  painter.setPen(hasFocus() ? theme::accent() : theme::outline());
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
   painter.setPen(QColor::fromRgb(theme::Text));
   const QRect line(Padding, Padding, width() - 2 * Padding, fontMetrics().height());
@@ -176,7 +176,7 @@ void ChartView::drawSlice(QPainter& painter, double from, double to, const QColo
   painter.setBrush(color);
   // A line around a slice that is hardly wider than the line would be all that is seen of it.
   const bool lined = to - from >= LinedSlice;
-  painter.setPen(apart ? QPen(Qt::white, 2) : QPen(lined ? QColor::fromRgb(theme::ListBase) : color, 1));
+  painter.setPen(apart ? QPen(Qt::white, 2) : QPen(lined ? theme::listBase() : color, 1));
   // From the top, clockwise; the toolkit counts from the right and the other way.
   const int begin = static_cast<int>(std::lround(FullCircle / 4 - from));
   const int span = static_cast<int>(std::lround(from - to));
@@ -190,7 +190,7 @@ void ChartView::drawSlice(QPainter& painter, double from, double to, const QColo
 void ChartView::drawPie(QPainter& painter) const {
   if (total() <= 0) {
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QColor::fromRgb(theme::Outline));
+    painter.setPen(theme::outline());
     painter.drawEllipse(pieBox());
   }
   const bool apart = total() > 0 && selected_ >= 0 && selected_ < count() && number(selected_) > 0;
@@ -233,7 +233,7 @@ void ChartView::drawScale(QPainter& painter) const {
   const QRect area = plot();
   for (int line = 0; line <= ScaleLines; ++line) {
     const int y = area.bottom() - area.height() * line / ScaleLines;
-    painter.setPen(QColor::fromRgb(theme::GridLine));
+    painter.setPen(theme::gridLine());
     painter.drawLine(area.left(), y, area.right(), y);
     painter.setPen(QColor::fromRgb(theme::DimText));
     painter.drawText(QRect(0, y - fontMetrics().height() / 2, area.left() - Padding, fontMetrics().height()),

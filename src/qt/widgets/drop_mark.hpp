@@ -21,7 +21,7 @@ class DropMark : public QWidget {
   void paintEvent(QPaintEvent*) override {
     constexpr int Line = 3;
     QPainter painter(this);
-    painter.setPen(QPen(QColor::fromRgb(theme::Accent), Line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.setPen(QPen(theme::accent(), Line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(rect().adjusted(Line / 2, Line / 2, -Line / 2 - 1, -Line / 2 - 1));
   }
 };

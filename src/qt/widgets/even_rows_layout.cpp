@@ -1,12 +1,18 @@
 #include "qt/widgets/even_rows_layout.hpp"
 
 #include "qt/theme.hpp"
+#include "qt/widgets/list_view_widget.hpp"
 
 #include <QChildEvent>
+#include <QToolButton>
 
 #include <algorithm>
 
 namespace varnholt::qt {
+namespace {
+// A list of fewer rows is of little use.
+constexpr int FewestRows = 8;
+}  // namespace
 
 EvenRowsLayout::~EvenRowsLayout() = default;
 
@@ -94,6 +100,37 @@ EvenRows::EvenRows(QWidget* parent) : QWidget(parent) {
 void EvenRows::childEvent(QChildEvent* event) {
   QWidget::childEvent(event);
   if (event->added() && event->child()->isWidgetType()) layout()->addWidget(static_cast<QWidget*>(event->child()));
+}
+
+void EvenRows::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!list_) list_ = window()->findChild<ListViewWidget*>(property("list").toString());
+  if (!list_) return;
+  list_->viewport()->installEventFilter(this);
+  makeRoom();
+}
+
+void EvenRows::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  makeRoom();
+}
+
+bool EvenRows::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::Resize) makeRoom();
+  return false;
+}
+
+// What the rows and the list have together stays the same, whichever of them takes more of it.
+void EvenRows::makeRoom() {
+  if (!list_ || !isVisible()) return;
+  const int together = list_->viewport()->height() + height();
+  showCaptions(true);
+  showCaptions(together - heightForWidth(width()) >= FewestRows * list_->rowHeight());
+}
+
+void EvenRows::showCaptions(bool show) {
+  for (auto* button : findChildren<QToolButton*>(QString(), Qt::FindDirectChildrenOnly))
+    button->setToolButtonStyle(show ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
 }
 
 }  // namespace varnholt::qt

@@ -8,6 +8,8 @@
 
 namespace varnholt::qt {
 
+class ListViewWidget;
+
 /// Buttons of equal size in as many even rows as the width asks for: a row that would not fit is split in two rows of
 /// the same length rather than leaving one button alone.
 class EvenRowsLayout : public QLayout {
@@ -40,14 +42,24 @@ class EvenRowsLayout : public QLayout {
   std::vector<std::unique_ptr<QLayoutItem>> items_;
 };
 
-/// Holds the children that a form gives it in even rows, in the order of their creation.
+/// Holds the tool buttons that a form gives it in even rows, in the order of their creation. Where the list named by
+/// the dynamic property "list" would keep fewer than eight rows, the captions go, and the icons stand in one row.
 class EvenRows : public QWidget {
   Q_OBJECT
  public:
   explicit EvenRows(QWidget* parent = nullptr);
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  protected:
   void childEvent(QChildEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void makeRoom();
+  void showCaptions(bool show);
+
+  ListViewWidget* list_ = nullptr;
 };
 
 }  // namespace varnholt::qt

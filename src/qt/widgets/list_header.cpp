@@ -27,19 +27,19 @@ QSize ListHeader::sizeHint() const {
 
 void ListHeader::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
-  painter.fillRect(viewport()->rect(), QColor::fromRgb(theme::HeaderBase));
+  painter.fillRect(viewport()->rect(), theme::headerBase());
   painter.end();
   QHeaderView::paintEvent(event);
   painter.begin(viewport());
   const QRect line(0, height() - AccentLine, viewport()->width(), AccentLine);
   const bool active = emphasis_ == Emphasis::Active;
-  painter.fillRect(line, QColor::fromRgb(active ? theme::Accent : theme::HeaderBase));
+  painter.fillRect(line, active ? theme::accent() : theme::headerBase());
 }
 
 void ListHeader::paintSection(QPainter* painter, const QRect& section, int logicalIndex) const {
   const QAbstractItemModel* headings = model();
   QRect area = section.adjusted(Padding, 0, -Padding, -AccentLine);
-  painter->setPen(QColor::fromRgb(theme::Outline));
+  painter->setPen(theme::outline());
   painter->drawLine(section.right(), section.top() + 4, section.right(), section.bottom() - AccentLine - 4);
 
   const auto icon = qvariant_cast<QIcon>(headings->headerData(logicalIndex, Qt::Horizontal, Qt::DecorationRole));

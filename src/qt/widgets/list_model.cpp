@@ -44,8 +44,10 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !hasRow(index.row())) return {};
   const auto row = static_cast<std::uint32_t>(index.row());
   if (role == Qt::DisplayRole) return toShown(list_->cell(row, index.column()));
-  if (role != Qt::AccessibleDescriptionRole || index.column() != 0) return {};
+  if (index.column() != 0) return {};
   const std::uint32_t id = list_->idAt(row);
+  if (role == Qt::AccessibleTextRole) return toShown(list_->source().seekText(id));
+  if (role != Qt::AccessibleDescriptionRole) return {};
   QStringList marks;
   if (list_->isSelected(id)) marks += QStringLiteral("selected");
   if (list_->isGhosted(id)) marks += QStringLiteral("marked");

@@ -42,8 +42,8 @@ ListViewWidget::ListViewWidget(QWidget* parent) : QTreeView(parent), header_(new
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
   setFrameShape(QFrame::NoFrame);
-  setColors({QColor::fromRgb(theme::ListBase), QColor::fromRgb(theme::ListBase), QColor::fromRgb(theme::Text),
-             QColor::fromRgb(theme::Selection), Qt::white, QColor::fromRgb(theme::Outline)});
+  setColors({theme::listBase(), theme::listBase(), QColor::fromRgb(theme::Text), theme::selection(), Qt::white,
+             theme::outline()});
 }
 
 void ListViewWidget::setList(controls::ListView& list) {
@@ -69,11 +69,13 @@ void ListViewWidget::setColors(const ListColors& colors) {
   viewport()->update();
 }
 
+int ListViewWidget::rowHeight() const { return std::max(fontMetrics().height(), iconSide()) + 2 * RowPadding; }
+
 int ListViewWidget::iconSide() const { return theme::scaled(16); }
 
 void ListViewWidget::applyRowHeight() {
   if (!model_) return;
-  model_->setRowHeight(std::max(fontMetrics().height(), iconSide()) + 2 * RowPadding);
+  model_->setRowHeight(rowHeight());
   scheduleDelayedItemsLayout();
 }
 
@@ -94,8 +96,7 @@ std::optional<std::uint32_t> ListViewWidget::rowAt(int y) const {
 }
 
 std::uint32_t ListViewWidget::page() const {
-  const int height = std::max(1, rowHeight(model_ ? model_->index(0, 0) : QModelIndex()));
-  return static_cast<std::uint32_t>(std::max(1, viewport()->height() / height));
+  return static_cast<std::uint32_t>(std::max(1, viewport()->height() / rowHeight()));
 }
 
 void ListViewWidget::scrollToRow(std::uint32_t row) {
@@ -157,7 +158,7 @@ void ListViewWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& opti
   if (look.ghosted) painter->fillRect(line.left(), line.top(), GhostBar, line.height(), QColor::fromRgb(theme::Ghost));
   if (look.mark.isValid()) painter->fillRect(line.left() + GhostBar, line.top(), MarkBar, line.height(), look.mark);
   if (!look.focused) return;
-  painter->setPen(QColor::fromRgb(theme::Accent));
+  painter->setPen(theme::accent());
   painter->setBrush(Qt::NoBrush);
   painter->drawRect(line.adjusted(0, 0, -1, -1));
 }
@@ -209,7 +210,7 @@ void ListViewWidget::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
   if (!model_ || colors_.stripe == colors_.base) return;
   const int rows = model_->rowCount();
-  const int height = rows > 0 ? rowHeight(model_->index(0, 0)) : fontMetrics().height() + 2 * RowPadding;
+  const int height = rowHeight();
   const QRect last = rows > 0 ? visualRect(model_->index(rows - 1, 0)) : QRect();
   if (rows > 0 && !last.isValid()) return;
   QPainter painter(viewport());

@@ -50,6 +50,8 @@ class ListViewWidget : public QTreeView {
 
   /// The row at a height of the viewport; none below the last row.
   std::optional<std::uint32_t> rowAt(int y) const;
+  /// Height of a row, in pixels.
+  int rowHeight() const;
   /// Whole rows that fit.
   std::uint32_t page() const;
   void scrollToRow(std::uint32_t row);

@@ -61,7 +61,7 @@ void StatusStrip::paintEvent(QPaintEvent*) {
     const QRect section(left, 0, width, height());
     const QRect inner = section.adjusted(padding(), 0, -padding(), 0);
     if (left > 0 && width > 0) {
-      painter.setPen(QColor::fromRgb(theme::Outline));
+      painter.setPen(theme::outline());
       painter.drawLine(left, 4, left, height() - 5);
     }
     painter.setPen(palette().color(QPalette::WindowText));

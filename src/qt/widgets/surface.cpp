@@ -78,7 +78,7 @@ void Surface::setActive(bool active) {
 void Surface::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QColor::fromRgb(active_ ? theme::Accent : theme::Outline));
+  painter.setPen(active_ ? theme::accent() : theme::outline());
   painter.setBrush(palette().window());
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), CornerRadius, CornerRadius);
 }
