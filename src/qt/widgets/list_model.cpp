@@ -44,12 +44,18 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !hasRow(index.row())) return {};
   const auto row = static_cast<std::uint32_t>(index.row());
   if (role == Qt::DisplayRole) return toQt(list_->cell(row, index.column()));
+  if (role == Qt::ToolTipRole) return plainToolTip(rowToolTip(row));
   if (role != Qt::AccessibleDescriptionRole || index.column() != 0) return {};
   const std::uint32_t id = list_->idAt(row);
   QStringList marks;
   if (list_->isSelected(id)) marks += QStringLiteral("selected");
   if (list_->isGhosted(id)) marks += QStringLiteral("marked");
+  if (const std::string tip = rowToolTip(row); !tip.empty()) marks += toQt(tip);
   return marks.join(QLatin1String(", "));
+}
+
+std::string ListModel::rowToolTip(std::uint32_t row) const {
+  return list_->rowToolTip ? list_->rowToolTip(list_->item(row)) : std::string();
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {
