@@ -4,6 +4,9 @@
 #include "core/program_files.hpp"
 #include "core/text_file.hpp"
 #include "platform/paths.hpp"
+#include "platform/text_fold.hpp"
+
+#include <algorithm>
 
 namespace varnholt::panels {
 
@@ -292,10 +295,26 @@ void Navigation::Presetfolder() {
     program_.dialogs.alert("Location has Changed and NOT Valid !");
     return;
   }
+  goToPair(left, right);
+  listing_.viewrefresh();
+}
+
+void Navigation::goToPair(const std::string& left, const std::string& right) {
   goTo(form_.Panel1, left);
   goTo(form_.Panel2, right);
   ViewDriveSelection();
-  listing_.viewrefresh();
+  const Panel* active = form_.activePanel();
+  if (!active) return;
+  showTitle(*active);
+  showInHistory(*active);
+}
+
+void Navigation::showInHistory(const Panel& panel) {
+  const std::string folder = platform::foldCase(paths::withoutClosing(panel.path()));
+  const auto& items = form_.ImageCombo1.Items.get();
+  const auto found =
+      std::ranges::find_if(items, [&](const auto& item) { return platform::foldCase(item.text) == folder; });
+  if (found != items.end()) form_.ImageCombo1.choose(static_cast<int>(found - items.begin()));
 }
 
 void Navigation::Folderhis_store(const Panel& panel) {

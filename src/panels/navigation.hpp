@@ -41,6 +41,8 @@ class Navigation {
   /// folder, and the panel stays.
   bool GoToDirection(const std::string& target);
   bool goTo(Panel& panel, const std::string& folder);
+  /// Both panels go to folders that are there; title and history box are the active one's.
+  void goToPair(const std::string& left, const std::string& right);
   /// A panel whose folder is gone goes to the nearest one above that is there, or home.
   void leaveVanished();
   /// Into the folder of a row.
@@ -75,6 +77,7 @@ class Navigation {
 
  private:
   void list(Panel& panel);
+  void showInHistory(const Panel& panel);
   void noteFolder(Panel& panel);
   void selectFolderRow(Panel& panel, const std::string& folder);
   /// The panel goes to a folder above or before its own, and selects the row of the one it has left.

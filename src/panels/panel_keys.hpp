@@ -28,6 +28,11 @@ class PanelKeys {
   /// `ListView1_DblClick`, `ListView2_DblClick`: into a folder, or open the file.
   void DblClick(Panel& panel);
 
+  /// Keys in a panel's path line: Enter goes to the folder that was typed, or to a file's and selects it; Esc gives up.
+  void pathKey(Panel& panel, controls::KeyEvent& event);
+  /// The keyboard leaves the path line: it shows again where the panel is.
+  void leavePath(Panel& panel) { panel.showPath(); }
+
   /// Shows the command line with the active panel's item (`CmdLine_Click`).
   void commandline();
   void Text3_KeyDown(controls::KeyEvent& event);
@@ -40,6 +45,7 @@ class PanelKeys {
 
  private:
   void escape();
+  void goToTyped(Panel& panel);
   bool spaceLeavesFolder(Panel& panel);
   void runLine();
 

@@ -75,13 +75,20 @@ void MenuBar::showAtRightEnd(const controls::MenuItem& item, QAction& action) {
   button->setToolButtonStyle(Qt::ToolButtonTextOnly);
   button->setPopupMode(QToolButton::InstantPopup);
   button->setFocusPolicy(Qt::NoFocus);
-  QPalette colors = button->palette();
-  colors.setColor(QPalette::Disabled, QPalette::ButtonText, QColor::fromRgb(theme::DimText));
-  button->setPalette(colors);
   if (action.menu()) button->setMenu(action.menu());
   connect(button, &QToolButton::clicked, &action, &QAction::trigger);
   rightEnd_.layout()->addWidget(button);
   rightButtons_[&item] = button;
+}
+
+void MenuBar::showAccent(const controls::MenuItem& item, QToolButton& button) {
+  const QColor color = QColor::fromRgb(item.Accented ? theme::Accent : theme::DimText);
+  QPalette colors = button.palette();
+  colors.setColor(QPalette::Disabled, QPalette::ButtonText, color);
+  button.setPalette(colors);
+  QFont font = bar_.font();
+  font.setBold(item.Accented);
+  button.setFont(font);
 }
 
 // Right of the headings. A line that does not fit there is cut with an ellipsis and whole in its tool tip.
@@ -95,6 +102,7 @@ void MenuBar::placeRightEnd() {
     const QString fitting = button->fontMetrics().elidedText(line, Qt::ElideRight, room - frame);
     button->setText(fitting);
     button->setToolTip(fitting == line ? tip : plainToolTip(item->Caption.get()));
+    showAccent(*item, *button);
     button->setEnabled(item->Enabled);
     button->setVisible(item->Visible);
   }

@@ -29,6 +29,8 @@ class MenuBar : public QObject {
   void choose(controls::MenuItem& item);
   void showAtRightEnd(const controls::MenuItem& item, QAction& action);
   void placeRightEnd();
+  /// What stands out is bold and in the colour of the active one.
+  void showAccent(const controls::MenuItem& item, QToolButton& button);
 
   Host& host_;
   QMenuBar& bar_;

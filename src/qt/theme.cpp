@@ -59,6 +59,8 @@ QPalette palette() {
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
     colors.setColor(QPalette::Disabled, role, QColor::fromRgb(DisabledText));
   colors.setColor(QPalette::Disabled, QPalette::Highlight, QColor::fromRgb(Outline));
+  // A field that takes nothing is no hole in its surface.
+  colors.setColor(QPalette::Disabled, QPalette::Base, QColor::fromRgb(Surface));
   return colors;
 }
 
