@@ -29,7 +29,7 @@ std::string markPair(const Context& context, controls::ListItem row, const Folde
   };
   std::string tip = line("Left:  ", pair.left) + "\r" + line("Right:  ", pair.right);
   row.setSmallIcon(allThere ? ValidIcon : BrokenIcon);
-  row.setForeColor(allThere ? controls::NoColor : panels::mark_color::Delete);
+  row.setForeColor(allThere ? controls::NoColor : panels::mark_color::Trouble);
   return tip;
 }
 

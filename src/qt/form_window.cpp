@@ -108,7 +108,10 @@ void FormWindow::update(const std::vector<controls::Control*>& changed) {
   // Controls that come up may make the window larger, which would be noted as its place.
   const bool moves = formChanged && placedByProgram() && widget_->isVisible();
   const QRect wanted = wantedPlace();
-  if (formChanged) updateForm();
+  if (formChanged) {
+    updateForm();
+    showDefaultButton();
+  }
   for (const controls::Control* control : changed)
     updateControl(*control);
   updateMenu(changed);

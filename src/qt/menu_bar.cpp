@@ -82,9 +82,10 @@ void MenuBar::showAtRightEnd(const controls::MenuItem& item, QAction& action) {
 }
 
 void MenuBar::showAccent(const controls::MenuItem& item, QToolButton& button) {
-  const QColor color = QColor::fromRgb(item.Accented ? theme::Accent : theme::DimText);
+  const auto color = [&](QRgb plain) { return QColor::fromRgb(item.Accented ? theme::Accent : plain); };
   QPalette colors = button.palette();
-  colors.setColor(QPalette::Disabled, QPalette::ButtonText, color);
+  colors.setColor(QPalette::ButtonText, color(theme::Text));
+  colors.setColor(QPalette::Disabled, QPalette::ButtonText, color(theme::DimText));
   button.setPalette(colors);
   QFont font = bar_.font();
   font.setBold(item.Accented);

@@ -93,7 +93,7 @@ void MaskedRename::markPreview(const std::vector<Kept>& kept) {
   for (const Kept& each : kept) {
     reasons_[each.place] = lineOf(each.name, each.reason);
     controls::ListItem row(dialog_.ListView1, static_cast<std::uint32_t>(each.place));
-    row.setForeColor(panels::mark_color::Delete);
+    row.setForeColor(panels::mark_color::Trouble);
     row.setSmallIcon(Form14::KeptIcon);
   }
   dialog_.showKept(kept.size(), kept.empty() ? std::string() : reasons_[kept.front().place]);

@@ -95,6 +95,7 @@ TEST_F(DrawnRename, AllFilesAreRenamedBehindTheirPreview) {
     QTest::keyClicks(field("Text3"), QStringLiteral("Coast-"));
     field("Text5")->selectAll();
     QTest::keyClicks(field("Text5"), QStringLiteral("9"));
+    EXPECT_TRUE(usable<QPushButton>(dialog, "Command7")->isDefault());
     QTest::keyClick(field("Text5"), Qt::Key_Return);
     settle();
     EXPECT_EQ(app.rename.Form14.Index, 0u) << "Enter in a field of the mask leaves the item in hand alone";

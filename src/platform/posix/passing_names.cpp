@@ -181,7 +181,11 @@ void PassingNames::keepNotesIn(const std::string& folder) { notesFolder() = fold
 
 std::string PassingNames::nameFor(const std::string& name) {
   constexpr std::size_t longest = 200;
-  return name.substr(0, longest) + ".renaming" + temporaryName();
+  constexpr unsigned char followMask = 0xC0, follows = 0x80;  // a byte of UTF-8 that goes on a character
+  std::size_t end = std::min(name.size(), longest);
+  while (end > 0 && end < name.size() && (static_cast<unsigned char>(name[end]) & followMask) == follows)
+    --end;
+  return name.substr(0, end) + ".renaming" + temporaryName();
 }
 
 std::vector<int> PassingNames::run(int folder, const std::string& path, const std::vector<Passage>& passages) {
