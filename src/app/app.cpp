@@ -223,6 +223,8 @@ void App::bindPanel(panels::Panel& panel) {
   list.OLEStartDrag = [this, &panel] { return drops.draggedFiles(panel); };
   list.OLEDragDrop = [this, &panel](controls::DropEvent& event) { drops.OLEDragDrop(panel, event); };
   panel.controls.Drive.Change = [this, &panel] { navigation.DriveChange(panel); };
+  panel.controls.Text.KeyDown = [this, &panel](controls::KeyEvent& event) { keys.pathKey(panel, event); };
+  panel.controls.Text.LostFocus = [this, &panel] { keys.leavePath(panel); };
 }
 
 void App::activated(panels::Panel& panel) {

@@ -16,6 +16,7 @@ class ListView::OwnRows : public RowSource {
   }
   int icon(std::uint32_t row) const override { return rows_[row].icon; }
   void add(std::string text, int icon) { rows_.push_back({{std::move(text)}, icon}); }
+  void setIcon(std::uint32_t row, int icon) { rows_[row].icon = icon; }
   void set(std::uint32_t row, int column, std::string text) {
     auto& texts = rows_[row].texts;
     const auto at = static_cast<std::size_t>(column);
@@ -222,6 +223,11 @@ void ListItem::setSubItem(int column, std::string text) {
   if (!view_->own_) return;
   view_->own_->set(id_, column, std::move(text));
   view_->unsorted();
+}
+void ListItem::setSmallIcon(int icon) {
+  if (!view_->own_) return;
+  view_->own_->setIcon(id_, icon);
+  view_->markChanged();
 }
 std::uint32_t ListItem::row() const { return view_->rowOf(id_); }
 void ListItem::EnsureVisible() { view_->ensureVisible(row()); }

@@ -23,6 +23,8 @@ class ListItem {
   std::string Text() const;
   std::string SubItems(int column) const;
   int SmallIcon() const;
+  /// Only for rows that were added one by one.
+  void setSmallIcon(int icon);
   bool Selected() const;
   void setSelected(bool on);
   /// The program's own mark, drawn as the cut look. It outlives a re-selection.
@@ -77,6 +79,8 @@ class ListView : public Control {
   Event<bool> KeySelect;
   Event<int> ColumnClick;  ///< number of the column, from 1
 
+  /// What there is to say of a single row: its tool tip, and how assistive technology describes it. Empty: nothing.
+  std::function<std::string(ListItem)> rowToolTip;
   /// Gives the program paths that a drag of the selected rows carries; empty function or list: no drag.
   std::function<std::vector<std::string>()> OLEStartDrag;
   /// The folder that files dropped onto the row itself are meant for, program path; empty function or text: none.

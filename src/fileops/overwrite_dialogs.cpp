@@ -42,6 +42,8 @@ fileops::Form7::Form7(controls::MessageLoop& loop) : Form(loop, "Form7") {
   Label2.AccessibleName = "Date, size and version of the source";
   Label3.AccessibleName = "Name of the target";
   Label4.AccessibleName = "Date, size and version of the target";
+  Label6.AccessibleName = "What the rename does to both files";
+  Label6.Visible = false;
   Label5.Caption = "With Last Modified Attribute.";
   dress(Command11, "Over&Write", "OverWrite existing file");
   dress(Command1, "&Skip Current", "Only Current File is Skipped !");

@@ -26,6 +26,7 @@ class Form7 : public controls::Form {
 
   controls::Label Label1{*this, "Label1"}, Label2{*this, "Label2"};  ///< source: name, facts
   controls::Label Label3{*this, "Label3"}, Label4{*this, "Label4"};  ///< target: name, facts
+  controls::Label Label6{*this, "Label6"};                           ///< what a rename does to both, in plain words
   controls::Label Label5{*this, "Label5"};                           ///< what "older" and the version check go by
   controls::Button Command11{*this, "Command11"}, Command1{*this, "Command1"}, Command2{*this, "Command2"};
   controls::Button Command3{*this, "Command3"}, Command6{*this, "Command6"}, Command4{*this, "Command4"};

@@ -76,6 +76,7 @@ void OverwritePolicy::copywarning(const std::string& name) {
   form7_.Label2.Caption = factsLine(from);
   form7_.Label3.Caption = "Target FileName:     " + core::shortened(target, LongTarget + 1, LongTarget);
   form7_.Label4.Caption = factsLine(to);
+  form7_.Label6.Visible = false;
   ask();
 }
 
@@ -95,6 +96,11 @@ Overwrite OverwritePolicy::RenameWarning(const std::string& from, const std::str
   form7_.Label2.Caption = line(from);
   form7_.Label3.Caption = (caseOnly ? "As New File:        " : "With File:     ") + std::string(paths::fileName(to));
   form7_.Label4.Caption = line(to);
+  const std::string oldName(paths::fileName(from)), newName(paths::fileName(to));
+  form7_.Label6.Caption = caseOnly
+                              ? "Both names lead to one file, so that nothing is lost."
+                              : "What is in \"" + newName + "\" now will be lost. \"" + oldName + "\" takes its name.";
+  form7_.Label6.Visible = true;
   ask();
   return form7_.OverwriteAnswer;
 }

@@ -51,6 +51,7 @@ filters::Form24::Form24(core::Program& program) : Form(program.loop, "Form24"), 
   Caption = "Date (Regional Format) Filtering";
   Check1.Caption = "Date filtering";
   Check1.ToolTipText = "Click to select date filtering on/off.";
+  Label1.Caption = "Files dated between, not including, these two days:";
   MonthView1.ToolTipText = "The first day; files of this day itself do not pass.";
   MonthView1.AccessibleName = "First day";
   MonthView2.ToolTipText = "The last day; files of this day itself do not pass.";

@@ -16,6 +16,7 @@ class Form24 : public controls::Form {
   explicit Form24(core::Program& program);
 
   controls::CheckBox Check1{*this, "Check1"};
+  controls::Label Label1{*this, "Label1"};  ///< how the days count
   controls::MonthView MonthView1{*this, "MonthView1"}, MonthView2{*this, "MonthView2"};
   controls::Label Label5{*this, "Label5"}, Label6{*this, "Label6"};
   controls::Button Command11{*this, "Command11"}, Command2{*this, "Command2"};

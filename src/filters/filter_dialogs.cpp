@@ -130,7 +130,7 @@ std::optional<Criteria> FilterForm::criteria() {
   asked.lower = readNumber(asked.lowerText, regional);
   asked.upper = readNumber(asked.upperText, regional);
   if (asked.sizeOn && !sizesAgree(asked)) return {};
-  if (!attributeText().empty()) asked.attributes = attsettings(Check1.Value, Check2.Value, Check3.Value);
+  if (!attributeText().empty()) asked.attributes = attsettings(counts(Check1), counts(Check2), counts(Check3));
   if (datesOn()) asked.dates = dates;
   asked.pattern = core::trimmed(Text2.Text.get());
   return asked;
@@ -146,12 +146,14 @@ bool FilterForm::Viewpattern(const Criteria& criteria) {
   return false;
 }
 
+// A box that is grey is out of the user's reach, and so is what it would ask for.
+bool FilterForm::counts(const controls::CheckBox& box) { return box.Value && box.Enabled; }
+
 std::string FilterForm::attributeText() const {
-  if (!Check1.Value && !Check2.Value && !Check3.Value) return {};
   std::string text;
   for (const auto& [box, word] : {std::pair{&Check1, "RO"}, std::pair{&Check2, "SYS"}, std::pair{&Check3, "HID"}})
-    if (box->Value) text += (text.empty() ? "" : " ") + std::string(word);
-  return " [" + text + "]";
+    if (counts(*box)) text += (text.empty() ? "" : " ") + std::string(word);
+  return text.empty() ? text : " [" + text + "]";
 }
 
 std::string FilterForm::line(const Criteria& criteria) const {

@@ -65,6 +65,7 @@ class FilterForm : public controls::Form {
   void Command3_Click();
   void showSizes(bool on);
   bool sizesAgree(const Criteria& criteria);
+  static bool counts(const controls::CheckBox& box);
 
   core::Program& program_;
 };

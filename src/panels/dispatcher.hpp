@@ -12,6 +12,7 @@ namespace varnholt::panels {
 namespace mark_color {
 inline constexpr controls::Color Copy = 0x00FF00, Move = 0x00FFFF, Delete = 0x0000FF, Rename = 0xFFFF00;
 inline constexpr controls::Color Selection = 0x0080FF;  ///< selected by a filter
+inline constexpr controls::Color Trouble = 0x7A8CF2;    ///< what cannot be done, or is gone
 }  // namespace mark_color
 
 /// Where buttons, menu entries, keys and drops lead to their handlers, and what is remembered of the last one.

@@ -36,6 +36,12 @@ bool replaceMark(std::string& text, std::string_view mark, const std::string& va
 }  // namespace
 
 void FileOpener::open(const std::string& path) {
+  bool there = false;
+  program_.loop.runBlocking([&] { there = program_.files().fileExists(path) || program_.files().folderExists(path); });
+  if (!there) {
+    program_.dialogs.alert("File/Folder Path NOT Valid !");
+    return;
+  }
   const std::string extension = platform::foldCase(paths::extension(paths::fileName(path)));
   if (const auto own = ownTypes.find(extension); own != ownTypes.end()) {
     own->second(path);

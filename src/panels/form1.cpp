@@ -4,8 +4,6 @@ namespace varnholt::panels {
 
 Form1::Form1(controls::MessageLoop& loop) : Form(loop, "Form1") {
   Caption = "Varnholt";
-  Text1.Locked = true;
-  Text2.Locked = true;
   ListView3.Visible = false;
   Picture1.Visible = false;
   Picture2.Visible = false;

@@ -46,7 +46,9 @@ void Listing::filedir(Panel& panel) {
   platform::Result<platform::ListingPtr> listing = platform::Error{};
   program_.loop.runBlocking([&] { listing = program_.files().list(panel.path()); });
   if (listing) {
-    panel.show(std::make_shared<PanelRows>(*listing, fileTest(), rowFormat(panel)));
+    panel.hidesFiles = false;
+    panel.show(std::make_shared<PanelRows>(*listing, fileTest(panel.hidesFiles), rowFormat(panel)));
+    form_.Menu["Viewfilter"].Accented = form_.Panel1.hidesFiles || form_.Panel2.hidesFiles;
     panel.list.ensureSorted();
     pbar_beregning((*listing)->files().size(), (*listing)->files().size());
   }
@@ -57,15 +59,16 @@ void Listing::filedir(Panel& panel) {
 }
 
 // The menu is asked once a listing, and not once a file.
-FileTest Listing::fileTest() const {
+FileTest Listing::fileTest(bool& hidesFiles) const {
   const bool hiddenToo = form_.Menu.checked("HidSysfiles"), programsOnly = form_.Menu.checked("ViewProg");
   FileTest passes;
   if (form_.Menu.checked("Viewuser") && form_.seams.viewFilter) passes = form_.seams.viewFilter();
-  if (hiddenToo && !programsOnly) return passes;
-  return [hiddenToo, programsOnly, passes = std::move(passes)](const platform::Entry& file) {
+  if (hiddenToo && !programsOnly && !passes) return {};
+  return [hiddenToo, programsOnly, passes = std::move(passes), &hidesFiles](const platform::Entry& file) {
     if (!hiddenToo && core::itemClass(file.attributes) == core::HiddenClass) return false;
-    if (programsOnly && !isProgram(file)) return false;
-    return !passes || passes(file);
+    const bool shown = programsOnly ? isProgram(file) : !passes || passes(file);
+    hidesFiles = hidesFiles || !shown;
+    return shown;
   };
 }
 

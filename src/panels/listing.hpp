@@ -57,7 +57,8 @@ class Listing {
 
  private:
   /// The test of which files the panels show, for one listing; empty when they show all.
-  FileTest fileTest() const;
+  /// The test also notes when the chosen view leaves a file out.
+  FileTest fileTest(bool& hidesFiles) const;
   RowFormat rowFormat(const Panel& panel) const;
   void keepCurrentItem(Panel& panel);
   void pbar_beregning(std::size_t counter, std::size_t total);

@@ -306,10 +306,14 @@ void Navigation::Presetfolder() {
     program_.dialogs.alert("Location has Changed and NOT Valid !");
     return;
   }
+  goToPair(left, right);
+  listing_.viewrefresh();
+}
+
+void Navigation::goToPair(const std::string& left, const std::string& right) {
   goTo(form_.Panel1, left);
   goTo(form_.Panel2, right);
   ViewDriveSelection();
-  listing_.viewrefresh();
 }
 
 void Navigation::Folderhis_store(const Panel& panel) {

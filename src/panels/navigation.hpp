@@ -43,6 +43,8 @@ class Navigation {
   bool goTo(Panel& panel, const std::string& folder);
   /// Shows a folder for a while: no history hears of it. False: there is no such folder, and the panel stays.
   bool visit(Panel& panel, const std::string& folder);
+  /// Both panels go to folders that are there; title and history box are the active one's.
+  void goToPair(const std::string& left, const std::string& right);
   /// A panel whose folder is gone goes to the nearest one above that is there, or home.
   void leaveVanished();
   /// Into the folder of a row.

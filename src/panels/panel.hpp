@@ -43,6 +43,8 @@ class Panel {
   /// The rows of the last listing; null while the list is empty of one.
   std::shared_ptr<const PanelRows> rows;
   void show(std::shared_ptr<const PanelRows> newRows);
+  /// The last listing has files that the chosen view (programs, or the user's filter) leaves out.
+  bool hidesFiles = false;
   void clearItems();
 
   bool isFolder(controls::ListItem item) const { return rows && rows->isFolder(item.id()); }

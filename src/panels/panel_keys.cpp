@@ -1,6 +1,7 @@
 #include "panels/panel_keys.hpp"
 
 #include "core/item_text.hpp"
+#include "core/text_character.hpp"
 #include "panels/panel_shortcuts.hpp"
 #include "platform/paths.hpp"
 
@@ -105,6 +106,28 @@ void PanelKeys::MarkItem_Click() {
 
 void PanelKeys::OtherPanel_Click() {
   if (Panel* panel = p_.form.activePanel()) p_.form.otherPanel(*panel).list.SetFocus();
+}
+
+// --- The path lines ------------------------------------------------------------------------------------------------
+
+void PanelKeys::pathKey(Panel& panel, controls::KeyEvent& event) {
+  if (event.code != key::Enter && event.code != key::Esc) return;
+  event.handled = true;
+  if (event.code == key::Enter) return goToTyped(panel);
+  panel.showPath();
+  panel.list.SetFocus();
+}
+
+void PanelKeys::goToTyped(Panel& panel) {
+  if (busy && busy()) return;
+  std::string typed(core::trimmed(panel.controls.Text.Text.get()));
+  if (typed.size() == 2 && typed.back() == ':') typed += '\\';
+  // The list takes the keyboard first, since it is the active panel that goes; what was typed waits meanwhile.
+  panel.list.SetFocus();
+  if (p_.navigation.GoToDirection(typed)) return;
+  p_.program.dialogs.alert("File/Folder Path NOT Valid !");
+  panel.controls.Text.Text = typed;
+  panel.controls.Text.SetFocus();
 }
 
 // --- The command line ----------------------------------------------------------------------------------------------

@@ -34,6 +34,10 @@ class PanelKeys {
   void MarkItem_Click();
   /// The other panel becomes the active one.
   void OtherPanel_Click();
+  /// Keys in a panel's path line: Enter goes to the folder that was typed, or to a file's and selects it; Esc gives up.
+  void pathKey(Panel& panel, controls::KeyEvent& event);
+  /// The keyboard leaves the path line: it shows again where the panel is.
+  void leavePath(Panel& panel) { panel.showPath(); }
 
   /// Shows the command line with the active panel's item (`CmdLine_Click`).
   void commandline();
@@ -47,6 +51,7 @@ class PanelKeys {
 
  private:
   void escape();
+  void goToTyped(Panel& panel);
   bool spaceLeavesFolder(Panel& panel);
   void runLine();
 

@@ -21,7 +21,7 @@ void Selection::KeySelect(Panel& panel, bool builds) { follow(panel, builds ? Ke
 void Selection::follow(Panel& panel, Keeping keeping) {
   form_.Menu["Filefilter"].Visible = false;
   form_.filterMark = false;
-  if (!form_.Menu.checked("Viewuser")) form_.Menu["Viewfilter"].Visible = true;
+  form_.Menu["Viewfilter"].Visible = true;
   if (form_.cutLook) {
     listing_.resetv1v2();
     form_.cutLook = false;
@@ -143,7 +143,7 @@ void Selection::showCount(std::uint64_t count) {
 void Selection::report(std::uint64_t count, const Sum& sum) {
   form_.StatusBar1.setPanel(status::SizeReport,
                             std::to_string(count) + (sum.exact ? " Item(s) ,  In " : " Item(s) ,  In ~ ") +
-                                core::format("###,###", sum.bytes, program_.platform.regional) + " Bytes");
+                                core::format("###,##0", sum.bytes, program_.platform.regional) + " Bytes");
 }
 
 void Selection::addSize(Panel& panel, controls::ListItem item, Sum& sum) {

@@ -1,6 +1,7 @@
 #include "panels/tree_window.hpp"
 
 #include "core/item_text.hpp"
+#include "core/text_character.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
 
@@ -9,7 +10,7 @@ namespace {
 
 namespace paths = platform::paths;
 
-// Longer names are shown by their tail.
+// Names of more characters are shown by their tail.
 constexpr std::size_t LongItem = 60;
 
 controls::TreeNode* childNamed(controls::TreeNode& node, std::string_view name) {
@@ -172,7 +173,7 @@ void TreeWindow::TreedisplayItem() {
   const auto item = panel ? panel->list.SelectedItem() : std::nullopt;
   if (!item || !panel->rows) return;
   std::string line = panel->fileName(*item);
-  if (line.size() > LongItem) line = "...\\" + line.substr(line.size() - LongItem);
+  if (core::characterCount(line) > LongItem) line = "...\\" + std::string(core::lastCharacters(line, LongItem));
   const auto& entry = panel->rows->entry(item->id());
   if (entry.hasDates)
     line += "  " + core::treeDate(program_.init.DateTimeFormat, program_.platform.clock.local(entry.modified));

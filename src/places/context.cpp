@@ -7,9 +7,7 @@ bool goToPair(const Context& context, const FolderPair& pair) {
     context.program.dialogs.alert("Preset has changed and NOT Valid !");
     return false;
   }
-  context.navigation.goTo(context.form.Panel1, pair.left);
-  context.navigation.goTo(context.form.Panel2, pair.right);
-  context.navigation.ViewDriveSelection();
+  context.navigation.goToPair(pair.left, pair.right);
   return true;
 }
 

@@ -22,6 +22,9 @@ places::Form34::Form34(const Context& context) : Form(context.program.loop, "For
   defaultButton = "Command1";
   cancelButton = "Command3";
   Activate = [this] { Form_Activate(); };
+  ListView1.rowToolTip = [this](controls::ListItem row) {
+    return row.id() < tips_.size() ? tips_[row.id()] : std::string();
+  };
   ListView1.ItemClick = [this](controls::ListItem) { showFocused(); };
   ListView1.DblClick = [this] { Command1_Click(); };
   ListView1.KeyDown = [this](controls::KeyEvent& event) {
@@ -72,9 +75,11 @@ void places::Form34::Form_Activate() {
   const auto focused = ListView1.SelectedItem();
   const std::uint32_t focusedId = focused ? focused->id() : 0;
   ListView1.clear();
+  tips_.clear();
   for (const FolderPair& pair : pairs) {
-    const bool valid = context_.folderExists(pair.left) && context_.folderExists(pair.right);
-    ListView1.add(pair.left, valid ? ValidIcon : BrokenIcon).setSubItem(1, pair.right);
+    controls::ListItem row = ListView1.add(pair.left, ValidIcon);
+    row.setSubItem(1, pair.right);
+    tips_.push_back(markPair(context_, row, pair));
   }
   if (!pairs.empty()) {
     controls::ListItem item(ListView1, focusedId);
@@ -92,6 +97,7 @@ void places::Form34::showFocused() {
 
 void places::Form34::Command11_Click() {
   ListView1.clear();
+  tips_.clear();
   showFocused();
 }
 

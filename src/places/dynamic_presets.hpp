@@ -5,6 +5,8 @@
 #include "places/context.hpp"
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace varnholt::places {
 
@@ -37,6 +39,7 @@ class Form34 : public controls::Form {
   void showSortIcon(int column);
 
   Context context_;
+  std::vector<std::string> tips_;  ///< of the rows
 };
 
 }  // namespace varnholt::places

@@ -2,6 +2,8 @@
 
 #include "core/item_text.hpp"
 #include "core/text_character.hpp"
+#include "panels/dispatcher.hpp"
+#include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
 
 namespace varnholt::places {
@@ -16,6 +18,19 @@ std::map<int, std::string> presetIcons() {
           {BrokenIcon, "bookmark-broken"},
           {SortedDownIcon, "sort-down"},
           {SortedUpIcon, "sort-up"}};
+}
+
+std::string markPair(const Context& context, controls::ListItem row, const FolderPair& pair) {
+  bool allThere = true;
+  const auto line = [&](const char* label, const std::string& folder) {
+    const bool isThere = context.folderExists(folder);
+    allThere = allThere && isThere;
+    return label + platform::paths::withoutClosing(folder) + (isThere ? "" : "  (gone)");
+  };
+  std::string tip = line("Left:  ", pair.left) + "\r" + line("Right:  ", pair.right);
+  row.setSmallIcon(allThere ? ValidIcon : BrokenIcon);
+  row.setForeColor(allThere ? controls::NoColor : panels::mark_color::Trouble);
+  return tip;
 }
 
 // --- Form21 --------------------------------------------------------------------------------------------------------
@@ -48,7 +63,8 @@ std::optional<places::Form21::Preset> places::Form21::ask() {
 void places::Form21::Command11_Click() {
   const std::string name = platform::upperCase(core::trimmed(Text1.Text.get()));
   if (isTaken && isTaken(name)) {
-    program_.dialogs.alert("\rPresetName already exist !");
+    const std::string reason = PresetStore::isReserved(name) ? "\r" + name + " is kept by the program itself." : "";
+    program_.dialogs.alert("\rPresetName already exist !" + reason);
     Text1.Text = "";
     Text1.SetFocus();
     return;
@@ -74,6 +90,9 @@ places::Form20::Form20(const Context& context, places::Form21& Form21)
     for (std::uint32_t row = 0; row < ListView1.count(); ++row)
       if (ListView1.cell(row, 0) == name) return true;
     return false;
+  };
+  ListView1.rowToolTip = [this](controls::ListItem row) {
+    return row.id() < tips_.size() ? tips_[row.id()] : std::string();
   };
   ListView1.ItemClick = [this](controls::ListItem) { ListView1_Click(); };
   ListView1.DblClick = [this] { activate(); };
@@ -131,9 +150,10 @@ void places::Form20::showNames() {
 }
 
 void places::Form20::addRow(const std::string& name, const std::string& text) {
-  const FolderPair folders = store_.folders(name);
-  const bool valid = context_.folderExists(folders.left) && context_.folderExists(folders.right);
-  ListView1.add(name, valid ? ValidIcon : BrokenIcon).setSubItem(1, text);
+  controls::ListItem row = ListView1.add(name, ValidIcon);
+  row.setSubItem(1, text);
+  tips_.resize(row.id());
+  tips_.push_back(markPair(context_, row, store_.folders(name)));
 }
 
 void places::Form20::ListView1_Click() {

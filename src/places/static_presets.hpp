@@ -7,11 +7,14 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace varnholt::places {
 
 /// Columns of the lists of presets, and the icons that say whether both folders of a row are there.
 std::map<int, std::string> presetIcons();
+/// Icon and colour of a row say whether both folders of its pair are there. Gives the row's tool tip, with the folders.
+std::string markPair(const Context& context, controls::ListItem row, const FolderPair& pair);
 inline constexpr int ValidIcon = 1, BrokenIcon = 2, SortedDownIcon = 3, SortedUpIcon = 4;
 
 /// "New Preset": name and description of one.
@@ -70,6 +73,7 @@ class Form20 : public controls::Form {
   Context context_;
   places::Form21& Form21_;
   PresetStore store_;
+  std::vector<std::string> tips_;  ///< of the rows
 };
 
 }  // namespace varnholt::places

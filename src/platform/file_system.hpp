@@ -79,6 +79,12 @@ struct NewName {
   std::string from, to;
 };
 
+/// A file that keeps its name, by its number among those that were to be renamed, and why.
+struct NotRenamed {
+  std::size_t index = 0;
+  Error error;
+};
+
 /// The file system object. All paths in program form, with or without closing backslash. No call throws, none
 /// blocks on a pipe or device. Case is the volume's own: paths are used exactly, except by resolve().
 class FileSystem {
@@ -141,6 +147,17 @@ class FileSystem {
   /// Moves one file; AlreadyThere when the target exists in another spelling than the source's own. To another
   /// volume it is a copy, synced, and then a delete; when the delete fails the copy is taken away again.
   virtual Result<void> moveFile(const std::string& from, const std::string& to, const Progress& progress = {}) = 0;
+  /// Gives a file the name of another one of its volume, which goes, in one step; other names of the file stay its own.
+  /// ReadOnlyTarget, SameEntry and alike as copyFile tells them; SameEntry too for a link that leads to the other one.
+  /// NotSupported to another volume. On failure both stand.
+  virtual Result<void> renameOver(const std::string& from, const std::string& to) = 0;
+  /// Gives files of one folder new names there, as if all at once: a new name may still be the old one of another, also
+  /// in a ring. Nothing is replaced: AlreadyThere. A file that is refused keeps its name, and the others go on. That
+  /// each is a file is the caller's word. What a killed run left under a passing name, the next start of the program
+  /// puts right or tells (Platform::startNotices).
+  virtual std::vector<NotRenamed> renameFiles(const std::string& folder, std::span<const NewName> names) = 0;
+  /// What renameFiles would refuse, as far as it can be seen without trying. Changes nothing.
+  virtual std::vector<NotRenamed> checkRenames(const std::string& folder, std::span<const NewName> names) const = 0;
   /// Moves a folder within one volume; NotSupported to another one, AlreadyThere, IntoItself.
   virtual Result<void> moveFolder(const std::string& from, const std::string& to) = 0;
   /// Deletes a file or link (never what the link names). Without `force` a read-only file is AccessDenied.
@@ -165,9 +182,6 @@ class FileSystem {
   virtual BatchResults deleteFiles(const std::string& /*folder*/, const std::vector<std::string>& /*names*/) {
     return {};
   }
-  /// Gives files of one folder new names there, and tells how many of the first have them. That each is a file is the
-  /// caller's word.
-  virtual std::size_t renameFiles(const std::string& /*folder*/, std::span<const NewName> /*names*/) { return 0; }
   /// Makes one folder; its parent must exist. AlreadyThere when anything has the name.
   virtual Result<void> createFolder(const std::string& path) = 0;
   /// Sets the settable bits to exactly those given; the others stay. On a volume without extended attributes

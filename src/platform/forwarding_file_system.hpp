@@ -46,6 +46,15 @@ class ForwardingFileSystem : public FileSystem {
   Result<void> moveFile(const std::string& from, const std::string& to, const Progress& progress = {}) override {
     return base_.moveFile(from, to, progress);
   }
+  Result<void> renameOver(const std::string& from, const std::string& to) override {
+    return base_.renameOver(from, to);
+  }
+  std::vector<NotRenamed> renameFiles(const std::string& folder, std::span<const NewName> names) override {
+    return base_.renameFiles(folder, names);
+  }
+  std::vector<NotRenamed> checkRenames(const std::string& folder, std::span<const NewName> names) const override {
+    return base_.checkRenames(folder, names);
+  }
   Result<void> moveFolder(const std::string& from, const std::string& to) override {
     return base_.moveFolder(from, to);
   }

@@ -109,7 +109,10 @@ void FormWindow::update(const std::vector<controls::Control*>& changed) {
   const bool free = form_.WindowState == controls::WindowState::Normal;
   const bool moves = formChanged && free && placedByProgram() && widget_->isVisible();
   const QRect wanted = wantedPlace();
-  if (formChanged) updateForm();
+  if (formChanged) {
+    updateForm();
+    showDefaultButton();
+  }
   for (const controls::Control* control : changed)
     updateControl(*control);
   updateMenu(changed);

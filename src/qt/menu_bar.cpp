@@ -94,13 +94,21 @@ void MenuBar::showAtRightEnd(const controls::MenuItem& item, QAction& action) {
   button->setToolButtonStyle(Qt::ToolButtonTextOnly);
   button->setPopupMode(QToolButton::InstantPopup);
   button->setFocusPolicy(Qt::NoFocus);
-  QPalette colors = button->palette();
-  colors.setColor(QPalette::Disabled, QPalette::ButtonText, QColor::fromRgb(theme::DimText));
-  button->setPalette(colors);
   if (action.menu()) button->setMenu(action.menu());
   connect(button, &QToolButton::clicked, &action, &QAction::trigger);
   rightEnd_->layout()->addWidget(button);
   rightButtons_[&item] = button;
+}
+
+void MenuBar::showAccent(const controls::MenuItem& item, QToolButton& button) {
+  const auto color = [&](QRgb plain) { return item.Accented ? theme::accent() : QColor::fromRgb(plain); };
+  QPalette colors = button.palette();
+  colors.setColor(QPalette::ButtonText, color(theme::Text));
+  colors.setColor(QPalette::Disabled, QPalette::ButtonText, color(theme::DimText));
+  button.setPalette(colors);
+  QFont font = bar_.font();
+  font.setBold(item.Accented);
+  button.setFont(font);
 }
 
 // Right of the headings. A line that does not fit there is cut with an ellipsis and whole in its tool tip.
@@ -112,6 +120,7 @@ void MenuBar::placeRightEnd() {
     if (!isThere(*item)) continue;
     const QString line = toQt(item->Caption.get()), tip = plainToolTip(item->ToolTipText.get());
     const int frame = 2 * theme::Gap;
+    showAccent(*item, *button);
     const QString fitting = button->fontMetrics().elidedText(line, Qt::ElideRight, room - frame);
     button->setText(fitting);
     button->setAccessibleName(line);
@@ -126,7 +135,8 @@ void MenuBar::placeRightEnd() {
 }
 
 bool MenuBar::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Resize || event->type() == QEvent::Show) placeRightEnd();
+  const auto type = event->type();
+  if (type == QEvent::Resize || type == QEvent::Show || type == QEvent::PaletteChange) placeRightEnd();
   return QObject::eventFilter(watched, event);
 }
 

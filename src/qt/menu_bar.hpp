@@ -36,6 +36,8 @@ class MenuBar : public QObject {
   void updateKeys(const controls::MenuItem& item, QAction& action);
   /// An entry that its form has removed is drawn until the next turn.
   bool isThere(const controls::MenuItem& item) const;
+  /// What stands out is bold and in the colour of the active one.
+  void showAccent(const controls::MenuItem& item, QToolButton& button);
 
   Host& host_;
   const std::vector<controls::Control*>& controls_;

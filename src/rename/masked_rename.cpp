@@ -1,13 +1,53 @@
 #include "rename/masked_rename.hpp"
 
+#include "core/error_words.hpp"
 #include "core/item_text.hpp"
+#include "core/text_character.hpp"
+#include "panels/dispatcher.hpp"
 #include "rename/attribute_question.hpp"
 #include "rename/file_facts.hpp"
 
-#include <span>
+#include <algorithm>
 #include <unordered_set>
 
 namespace varnholt::rename {
+namespace {
+
+constexpr std::size_t LongName = 50, LongNameKept = 46;
+
+std::string lineOf(const std::string& name, const std::string& reason) {
+  return core::shortened(name, LongName, LongNameKept) + ":  " + reason;
+}
+
+}  // namespace
+
+MaskedRename::MaskedRename(const fileops::Context& context, Form14& dialog) : context_(context), dialog_(dialog) {
+  dialog_.ListView1.rowToolTip = [this](controls::ListItem row) {
+    return row.id() < reasons_.size() ? reasons_[row.id()] : std::string();
+  };
+}
+
+void MaskedRename::take(const Item& item, std::size_t place, std::vector<Renamings>& renamings,
+                        std::vector<Kept>& kept) const {
+  if (dialog_.NewName == item.name) return;
+  if (dialog_.NewName.empty()) return kept.push_back({place, item.name, "nothing is left of its name"});
+  if (renamings.empty() || renamings.back().folder != item.folder) renamings.push_back({item.folder, {}, {}});
+  renamings.back().names.push_back({item.name, dialog_.NewName});
+  renamings.back().places.push_back(place);
+}
+
+template <class RunBatch>
+void MaskedRename::run(const std::vector<Renamings>& renamings, std::vector<Kept>& kept, const RunBatch& batch) const {
+  context_.program.loop.runBlocking([&] {
+    for (const Renamings& each : renamings)
+      for (const platform::NotRenamed& refused : batch(each)) {
+        const auto& [from, to] = each.names[refused.index];
+        const std::string reason = core::reasonOf(refused.error, core::shortened(to, LongName, LongNameKept));
+        kept.push_back({each.places[refused.index], from, reason});
+      }
+  });
+  std::ranges::sort(kept, {}, &Kept::place);
+}
 
 // --- Preview -------------------------------------------------------------------------------------------------------
 
@@ -15,12 +55,18 @@ void MaskedRename::preview(const std::vector<Item>& items) {
   if (!dialog_.readMask()) return;
   dialog_.ListView1.clear();
   paths_.clear();
-  if (fillPreview(items)) return;
-  context_.program.dialogs.alert("Problem !, - More File To Same Value !\rPreview Exits !");
+  std::vector<Renamings> renamings;
+  std::vector<Kept> kept;
+  const bool allDiffer = fillPreview(items, renamings, kept);
+  run(renamings, kept,
+      [this](const Renamings& each) { return context_.files().checkRenames(each.folder, each.names); });
+  markPreview(kept);
+  if (!allDiffer) context_.program.dialogs.alert("Problem !, - More File To Same Value !\rPreview Exits !");
 }
 
 // False when two files come to one name.
-bool MaskedRename::fillPreview(const std::vector<Item>& items) {
+bool MaskedRename::fillPreview(const std::vector<Item>& items, std::vector<Renamings>& renamings,
+                               std::vector<Kept>& kept) {
   std::vector<char> isThere(items.size());
   context_.program.loop.runBlocking([&] {
     const auto& files = context_.files();
@@ -37,8 +83,20 @@ bool MaskedRename::fillPreview(const std::vector<Item>& items) {
         .setSubItem(1, dialog_.NewName);
     paths_.push_back(item.path());
     if (!dialog_.NewName.empty() && !names.insert(item.folder + dialog_.NewName).second) allDiffer = false;
+    if (!item.isFolder) take(item, paths_.size() - 1, renamings, kept);
   }
   return allDiffer;
+}
+
+void MaskedRename::markPreview(const std::vector<Kept>& kept) {
+  reasons_.assign(paths_.size(), {});
+  for (const Kept& each : kept) {
+    reasons_[each.place] = lineOf(each.name, each.reason);
+    controls::ListItem row(dialog_.ListView1, static_cast<std::uint32_t>(each.place));
+    row.setForeColor(panels::mark_color::Trouble);
+    row.setSmallIcon(Form14::KeptIcon);
+  }
+  dialog_.showKept(kept.size(), kept.empty() ? std::string() : reasons_[kept.front().place]);
 }
 
 std::string MaskedRename::previewPath(controls::ListItem row) const {
@@ -47,31 +105,24 @@ std::string MaskedRename::previewPath(controls::ListItem row) const {
 
 // --- Execute All ---------------------------------------------------------------------------------------------------
 
-namespace {
-
-// The quick call hands off what it cannot do. What exists under a new name refuses its own renaming, and the others go
-// on.
-void renameAll(platform::FileSystem& files, const std::string& folder, std::span<const platform::NewName> names) {
-  while (!names.empty()) {
-    names = names.subspan(files.renameFiles(folder, names));
-    if (names.empty()) return;
-    (void)files.moveFile(folder + names.front().from, folder + names.front().to);
-    names = names.subspan(1);
-  }
-}
-
-}  // namespace
-
 bool MaskedRename::execute(const std::vector<Item>& items) {
   if (!dialog_.readMask()) return false;
   if (!context_.program.dialogs.AskRetry("Execute File Rename ?  [ No Undo Available ]\r( If Any Files To Rename ! )"))
     return false;
+  kept_.clear();
   const std::vector<Renamings> renamings = newNames(items);
-  context_.program.loop.runBlocking([&] {
-    for (const Renamings& each : renamings)
-      renameAll(context_.files(), each.folder, each.names);
-  });
+  run(renamings, kept_,
+      [this](const Renamings& each) { return context_.files().renameFiles(each.folder, each.names); });
   return true;
+}
+
+void MaskedRename::tellKept() {
+  if (kept_.empty()) return;
+  std::vector<std::string> lines;
+  for (const Kept& each : kept_)
+    lines.push_back(lineOf(each.name, each.reason));
+  context_.program.dialogs.alert(
+      core::leftOutText(std::to_string(kept_.size()) + " Item(s) Keep Their Names !", lines));
 }
 
 // A file that the user leaves out has taken its number all the same, as in the preview.
@@ -81,13 +132,13 @@ std::vector<MaskedRename::Renamings> MaskedRename::newNames(const std::vector<It
   context_.program.loop.runBlocking([&] { attributes = fileAttributes(context_.files(), items, rows); });
   std::vector<Renamings> renamings;
   for (std::size_t at = 0; at < items.size(); ++at) {
-    if (!attributes[at]) continue;
     const Item& item = items[at];
+    if (!attributes[at]) {
+      if (!item.isFolder) kept_.push_back({at, item.name, core::reasonOf({platform::ErrorCode::NotFound, {}, {}}, {})});
+      continue;
+    }
     dialog_.Stringsum_real(item.name, true);
-    if (!mayRename(context_.program.dialogs, item.name, *attributes[at])) continue;
-    if (dialog_.NewName.empty() || dialog_.NewName == item.name) continue;
-    if (renamings.empty() || renamings.back().folder != item.folder) renamings.push_back({item.folder, {}});
-    renamings.back().names.push_back({item.name, dialog_.NewName});
+    if (mayRename(context_.program.dialogs, item.name, *attributes[at])) take(item, at, renamings, kept_);
   }
   return renamings;
 }

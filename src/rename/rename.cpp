@@ -138,6 +138,7 @@ void Rename::Command6_Click() {
   if (!masked_.execute(items_)) return;
   Form14.Hide();
   context_.listing.ViewRenew();
+  masked_.tellKept();
 }
 
 void Rename::VerifyS(const Item& item) {
@@ -155,8 +156,13 @@ void Rename::open(const std::string& path) {
   if (openItem) openItem(path);
 }
 
-// The keys of the arrows, where no list needs them.
+// Enter in the upper field renames also while the mask makes the preview what Enter stands for. The keys of the arrows
+// act where no list needs them.
 void Rename::previewKey(controls::KeyEvent& key) {
+  if (key.code == controls::key::Enter && Form14.Text1.hasFocus()) {
+    key.handled = true;
+    return Form14.Command11.press();
+  }
   if (Form14.ListView1.hasFocus() || !Form14.Image1.Visible) return;
   if (key.code != controls::key::PageUp && key.code != controls::key::PageDown) return;
   step(key.code == controls::key::PageUp ? -1 : +1);

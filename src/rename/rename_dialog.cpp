@@ -101,7 +101,10 @@ void rename::Form14::dressMaskPart() {
   ListView1.AccessibleName = "Old and new names";
   ListView1.ToolTipText = "Names before and after. A double click opens the item.";
   ListView1.MultiSelect = false;
-  ListView1.ImageList = panels::panelImageList();
+  auto icons = panels::panelImageList();
+  icons.emplace(KeptIcon, "warning");
+  ListView1.ImageList = std::move(icons);
+  Label7.AccessibleName = "Names that could not be given";
   ListView1.setSorted(false);
   Command8.Click = [this] { Command8_Click(); };
   Check2.Click = [this] { Check2_Click(); };
@@ -125,6 +128,7 @@ void rename::Form14::reset(Caller caller) {
   Index = 0;
   Check2_Click();
   ListView1.clear();
+  showKept(0, {});
   Command5.Enabled = caller == Caller::Panel;
   // The window comes up in its designed size, wherever its caller stands.
   Height = narrowHeight_ = 0;
@@ -173,6 +177,8 @@ void rename::Form14::Command5_Click() {
 void rename::Form14::setMask(bool on) {
   Command5.Caption = on ? MaskOn : MaskOff;
   showMask(on);
+  // Enter in a field of the mask must not rename the item in hand, which has nothing to do with it.
+  defaultButton = on ? "Command7" : "Command11";
   Width = on ? MaskOnWidth : MaskOffWidth;
   if (!on) Height = narrowHeight_;
 }
@@ -180,7 +186,7 @@ void rename::Form14::setMask(bool on) {
 void rename::Form14::showMask(bool on) {
   for (controls::Control* each :
        std::initializer_list<controls::Control*>{&Check2, &Label3, &Text3, &Command8, &Label4, &Text2, &Label6, &Text4,
-                                                 &Check3, &Check1, &ListView1, &Command7, &Command6})
+                                                 &Check3, &Check1, &ListView1, &Label7, &Command7, &Command6})
     each->Visible = on;
   const bool counts = on && Check2.Value != 0;
   Label5.Visible = counts;
@@ -208,6 +214,12 @@ void rename::Form14::Text5_Change() {
   counter_ = "0";
   Text5.Text = "0";
   program_.dialogs.alert("Input Not Numeric !");
+}
+
+void rename::Form14::showKept(std::size_t count, const std::string& first) {
+  Label7.Caption = count == 0   ? std::string()
+                   : count == 1 ? first
+                                : std::to_string(count) + " Item(s) would keep their names.  " + first;
 }
 
 // --- The mask at work ----------------------------------------------------------------------------------------------

@@ -47,6 +47,7 @@ class Form14 : public controls::Form {
   controls::TextBox Text4{*this, "Text4"};                                    ///< the extension
   controls::CheckBox Check3{*this, "Check3"}, Check1{*this, "Check1"};        ///< lower case, upper case
   controls::ListView ListView1{*this, "ListView1"};                           ///< the preview
+  controls::Label Label7{*this, "Label7"};                                    ///< what the preview could not give
   controls::Button Command7{*this, "Command7"}, Command6{*this, "Command6"};  ///< preview, execute all
 
   // --- State -----------------------------------------------------------------------------------------------------
@@ -61,6 +62,10 @@ class Form14 : public controls::Form {
   /// Puts an item in hand, number `Index` of `count`.
   void showItem(const std::string& folder, const std::string& name, std::size_t count);
   bool maskOn() const;
+  /// Says under the preview how many items would keep their names, and why the first of them would.
+  void showKept(std::size_t count, const std::string& first);
+  /// The icon of such a row.
+  static constexpr int KeptIcon = 90;
 
   // --- The mask at work --------------------------------------------------------------------------------------------
   /// Reads the counter and tests the fields; false: one was refused, and the user was told.

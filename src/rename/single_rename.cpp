@@ -1,5 +1,7 @@
 #include "rename/single_rename.hpp"
 
+#include "core/error_words.hpp"
+#include "platform/paths.hpp"
 #include "rename/attribute_question.hpp"
 
 namespace varnholt::rename {
@@ -13,10 +15,14 @@ Outcome SingleRename::rename(const Item& item, const std::string& newName) {
   return item.isFolder ? folder(item, to) : file(item, to);
 }
 
-bool SingleRename::run(const std::function<platform::Result<void>()>& call) {
+Outcome SingleRename::run(const Item& item, const std::string& to,
+                          const std::function<platform::Result<void>()>& call) {
   platform::Result<void> result;
   context_.program.loop.runBlocking([&] { result = call(); });
-  return result.ok();
+  if (result) return Outcome::Renamed;
+  const std::string newName(platform::paths::fileName(to));
+  context_.program.dialogs.alert(item.name + ",  - Cannot Rename !\r" + core::reasonOf(result.error(), newName));
+  return Outcome::Left;
 }
 
 // --- Folders -------------------------------------------------------------------------------------------------------
@@ -35,7 +41,7 @@ Outcome SingleRename::folder(const Item& item, const std::string& to) {
       dialogs.alert("Folder already Open, - Cannot Rename !");
       return Outcome::Stays;
     }
-  return run([&] { return files.moveFolder(from, to); }) ? Outcome::Renamed : Outcome::Left;
+  return run(item, to, [&] { return files.moveFolder(from, to); });
 }
 
 // --- Files ---------------------------------------------------------------------------------------------------------
@@ -45,19 +51,12 @@ Outcome SingleRename::file(const Item& item, const std::string& to) {
   const auto attributes = files.attributes(item.path());
   if (!attributes || !mayRename(context_.program.dialogs, item.name, *attributes)) return Outcome::Left;
   if (files.fileExists(to)) return replace(item, to);
-  return run([&] { return files.moveFile(item.path(), to); }) ? Outcome::Renamed : Outcome::Left;
+  return run(item, to, [&] { return files.moveFile(item.path(), to); });
 }
 
 Outcome SingleRename::replace(const Item& item, const std::string& to) {
-  auto& files = context_.files();
-  const std::string from = item.path();
   if (!mayReplace(item, to)) return Outcome::Left;
-  // One file under both names: copying it over itself and deleting it would lose it.
-  const bool isItself = files.sameEntry(from, to);
-  const bool done = isItself ? run([&] { return files.moveFile(from, to); })
-                             : run([&] { return files.copyFile(from, to, true); }) &&
-                                   run([&] { return files.deleteFile(from, true); });
-  return done ? Outcome::Renamed : Outcome::Left;
+  return run(item, to, [&] { return context_.files().renameOver(item.path(), to); });
 }
 
 bool SingleRename::mayReplace(const Item& item, const std::string& to) {

@@ -30,7 +30,8 @@ class SingleRename {
   Outcome replace(const Item& item, const std::string& to);
   bool mayReplace(const Item& item, const std::string& to);
   fileops::Overwrite ask(const Item& item, const std::string& to);
-  bool run(const std::function<platform::Result<void>()>& call);
+  /// Runs the rename itself, and tells why it failed.
+  Outcome run(const Item& item, const std::string& to, const std::function<platform::Result<void>()>& call);
 
   fileops::Context context_;
   fileops::OverwritePolicy& policy_;

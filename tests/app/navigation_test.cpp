@@ -405,6 +405,39 @@ TEST_F(OpeningTest, AnOpenerThatFailsEndsInTheAlternateMethod) {
             "[Default]\r\nBASEURL=file://C:\\a.xyz\r\n[InternetShortcut]\r\nURL=file:///C:\\a.xyz\r\n");
 }
 
+TEST_F(NavigationTest, APathTypedIntoAPathLineGoesThere) {
+  rig.write("D:\\Deep\\b.txt");
+  const auto types = [&](const std::string& path, int key) {
+    form().Text2.SetFocus();
+    form().Text2.typeFromUser(path);
+    controls::KeyEvent event{key, {}, false};
+    form().Text2.KeyDown(event);
+  };
+  for (const auto& [typed, folder] :
+       {std::pair{"d:", "D:\\"}, {" d:\\DEEP ", "D:\\Deep\\"}, {"D:\\Deep\\b.txt", "D:\\Deep\\"}}) {
+    types(typed, controls::key::Enter);
+    EXPECT_EQ(right().path(), folder) << typed;
+    EXPECT_TRUE(right().list.hasFocus() && form().View2Active());
+  }
+  EXPECT_EQ(right().list.selectedCount(), 1u) << "the file of the path";
+  rig.loop.whenShows("Form12").reads("Label1", "File/Folder Path NOT Valid !\r").press("Command11");
+  types("D:\\no such", controls::key::Enter);
+  EXPECT_EQ(form().Text2.Text.get(), "D:\\no such");
+  EXPECT_TRUE(form().Text2.hasFocus());
+  types("D:\\no such", controls::key::Esc);
+  EXPECT_EQ(form().Text2.Text.get(), "D:\\Deep");
+  EXPECT_EQ(left().path(), "C:\\");
+}
+
+TEST_F(OpeningTest, AFileThatIsGoneIsToldToBeGone) {
+  registerType("xyz", "C:\\gone.exe %1");
+  rig.write("C:\\a.xyz");
+  rig.menu("refrechview").choose();
+  std::filesystem::remove(rig.systemPath("C:\\a.xyz"));
+  rig.loop.whenShows("Form12").reads("Label1", "File/Folder Path NOT Valid !\r").press("Command11");
+  rig.doubleClick(left(), "a");
+}
+
 TEST_F(NavigationTest, ADriveThatGoesAwayTakesItsPanelHome) {
   ASSERT_TRUE(rig.app().navigation.goTo(right(), "D:\\"));
   const auto shown = [&] {

@@ -86,6 +86,21 @@ TEST_F(SelectionTest, ReCallKnowsWhatKeysHaveSelectedAndNotWhatTheyHavePassed) {
   EXPECT_EQ(form().panelRecall(panels::Side::Left).names().size(), 2u);
 }
 
+TEST_F(SelectionTest, ALongNameIsCutBetweenItsCharactersInTheTreeWindow) {
+  std::string base = "a";
+  for (int count = 0; count < 55; ++count)
+    base += "ø";
+  rig.write("C:\\" + base + ".txt");
+  rig.write("C:\\b" + base + ".txt");
+  rig.menu("refrechview").choose();
+  rig.menu("Treeon").choose();
+  for (const auto& [row, shown] : {std::pair(base, base), std::pair("b" + base, "...\\" + base)}) {
+    rig.click(left(), row);
+    const std::string line = rig.app().Form9.StatusBar1.panel(panels::tree_status::Item);
+    EXPECT_TRUE(line.starts_with(shown + ".txt  ")) << line;
+  }
+}
+
 TEST_F(SelectionTest, SelectAllLeavesFoldersOutUnlessTheyAreIncluded) {
   rig.menu("selectall").choose();
   EXPECT_EQ(selected(left()), (Names{"a.txt", "b.txt", "empty"}));
@@ -105,6 +120,11 @@ TEST_F(SelectionTest, InverseTurnsTheSelectionRound) {
   EXPECT_EQ(statusPanel(status::SizeReport), "2 Item(s) ,  In 234 Bytes");
   rig.menu("Inversel").choose();
   EXPECT_EQ(selected(left()), Names{"a.txt"});
+  rig.click(left(), "b", Ctrl);
+  rig.menu("Inversel").choose();
+  EXPECT_EQ(selected(left()), Names{"empty"});
+  EXPECT_EQ(statusPanel(status::SizeReport), "1 Item(s) ,  In 0 Bytes") << "a sum of zero is a number too";
+  rig.click(left(), "a");
   rig.menu("IncludeFolder").choose();
   rig.menu("Inversel").choose();
   EXPECT_EQ(selected(left()), (Names{"Folder", "b.txt", "empty"}));

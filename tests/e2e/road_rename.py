@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Two hundred pictures get new names and numbers at once; then one file gets a name of its own."""
+"""Two hundred pictures get new names and numbers at once, and others that are still their own old ones; then one file
+gets a name of its own."""
 
 import os
 import sys
@@ -17,26 +18,22 @@ def road(program):
     wait("the pictures", lambda: len(program.rows(1)) == COUNT)
 
     program.click_row(1, "IMG_0000")
-    program.keys("shift+End")
-    wait("all selected", lambda: program.status_has(f"{COUNT}  Item(s) Selected"))
-    program.keys("alt+f", "r")
-    dialog = wait("the rename dialog", lambda: opened(program, "Rename Item(s)"))
-    button(program, dialog, "Mask Off")
-    wait("the mask", lambda: program.find("check box", "Change Original Name", dialog))
-    program.keys("alt+a")
-    fill(program, dialog, "New base name", "Coast")
-    fill(program, dialog, "Start of the counter", "1")
+    dialog = mask(program, "1")
     fill(program, dialog, "New extension", "jpg")
     button(program, dialog, "Preview")
     wait("the preview", lambda: preview_rows(program, dialog) == COUNT)
     expect("the preview changes nothing", len(names(program)) == COUNT and "IMG_0000.JPG" in names(program))
-    program.keys("alt+e")
-    button(program, wait("the question", lambda: opened(program, "Alert !")), "Execute")
-    wait("the dialog to go", lambda: not program.dialogs())
+    execute(program)
     wait("the new names", lambda: "Coast1" in program.rows(1) and "Coast200" in program.rows(1))
     expect("all files are there", names(program) == {f"Coast{number}.jpg" for number in range(1, COUNT + 1)})
-    sizes = [os.path.getsize(f"{program.home}/Pictures/Coast{number}.jpg") for number in range(1, COUNT + 1)]
-    expect("the numbers follow the old order", sizes == list(range(1, COUNT + 1)))
+    expect("the numbers follow the old order", sizes(program, 1) == list(range(1, COUNT + 1)))
+
+    program.keys("Home")
+    mask(program, "2")
+    execute(program)
+    wait("the numbers from two", lambda: "Coast201" in program.rows(1) and "Coast1" not in program.rows(1))
+    # The list has them by the letters of their names: 1, 10, 100, 101 ... 11, 110.
+    expect("no file is lost or left out", sizes(program, 2) == sorted(range(1, COUNT + 1), key=str))
 
     program.keys("Home")
     wait("one selected", lambda: program.status_has("1  Item(s) Selected"))
@@ -48,6 +45,30 @@ def road(program):
     wait("the dialog to go", lambda: not program.dialogs())
     program.keys("alt+F4")
     program.await_end()
+
+
+def mask(program, start):
+    """Opens the dialog for all rows from the focused one, with a new base and numbers."""
+    program.keys("shift+End")
+    wait("all selected", lambda: program.status_has(f"{COUNT}  Item(s) Selected"))
+    program.keys("alt+f", "r")
+    dialog = wait("the rename dialog", lambda: opened(program, "Rename Item(s)"))
+    button(program, dialog, "Mask Off")
+    wait("the mask", lambda: program.find("check box", "Change Original Name", dialog))
+    program.keys("alt+a")
+    fill(program, dialog, "New base name", "Coast")
+    fill(program, dialog, "Start of the counter", start)
+    return dialog
+
+
+def execute(program):
+    program.keys("alt+e")
+    button(program, wait("the question", lambda: opened(program, "Alert !")), "Execute")
+    wait("the dialog to go", lambda: not program.dialogs())
+
+
+def sizes(program, start):
+    return [os.path.getsize(f"{program.home}/Pictures/Coast{number}.jpg") for number in range(start, start + COUNT)]
 
 
 def opened(program, title):

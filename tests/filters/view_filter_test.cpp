@@ -21,6 +21,7 @@ TEST_F(ViewFilterTest, BothPanelsShowWhatMatchesAndEveryFolder) {
   EXPECT_EQ(rig.names(left()), (Names{"\\ Sub| ", "a|txt", "b|doc"}));
   EXPECT_EQ(rig.names(right()), rig.names(left()));
   EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter: *.txt,*.doc");
+  EXPECT_TRUE(rig.menu("Viewfilter").Accented) << "a picture and a file without a point are hidden";
   EXPECT_TRUE(rig.menu("Viewuser").Checked);
   EXPECT_FALSE(rig.menu("Viewall").Checked);
   EXPECT_TRUE(left().list.hasFocus());
@@ -36,6 +37,7 @@ TEST_F(ViewFilterTest, TheOtherChoicesSwitchItOff) {
   EXPECT_EQ(files(left()), (Names{"a.txt", "b.doc", "c.jpg"})) << "a name without a point has none to match";
   rig.menu("Viewall").choose();
   EXPECT_EQ(files(left()).size(), 4u);
+  EXPECT_FALSE(rig.menu("Viewfilter").Accented);
   EXPECT_FALSE(rig.menu("Viewuser").Checked);
   EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*) - Excl. Hidden and System Files.");
   rig.menu("ViewProg").choose();
@@ -122,8 +124,22 @@ TEST_F(ViewFilterTest, OneOfTheTwoLinesShows) {
   EXPECT_TRUE(rig.menu("Viewfilter").Visible);
   EXPECT_FALSE(rig.menu("Filefilter").Visible);
   EXPECT_EQ(left().list.selectedCount(), 0u);
+  fileFilter([](Form6& dialog) { type(dialog.Text2, "*.doc"); });
+  EXPECT_FALSE(rig.menu("Viewfilter").Visible);
   rig.click(left(), "b");
-  EXPECT_TRUE(rig.menu("Viewfilter").Visible);
+  EXPECT_TRUE(rig.menu("Viewfilter").Visible) << "files are hidden still";
+}
+
+TEST_F(ViewFilterTest, AGreyBoxDoesNotCount) {
+  attributes("C:\\a.txt", 33);
+  rig.startLeft();
+  viewFilter([&](Form25& dialog) {
+    type(dialog.Text2, "*.txt,*.doc");
+    set(dialog.Check1, true);
+    dialog.enableAttributes(false);
+  });
+  EXPECT_EQ(files(left()), (Names{"a.txt", "b.doc"}));
+  EXPECT_EQ(rig.menu("Viewfilter").ToolTipText.get(), "The files that both panels show");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "support/faulty_file_system.hpp"
 
 #include "core/program_files.hpp"
+#include "platform/text_fold.hpp"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -119,7 +120,9 @@ TEST_F(PresetsTest, ANameIsTakenOnce) {
           EXPECT_TRUE(presets().Form21.Text1.hasFocus());
         })
         .press("Command3");
-    rig.loop.whenShows("Form12").reads("Label1", "\rPresetName already exist !\r").press("Command11");
+    const std::string name = platform::upperCase(taken);
+    const std::string reason = name.starts_with("HOME") ? "" : name + " is kept by the program itself.\r";
+    rig.loop.whenShows("Form12").reads("Label1", "\rPresetName already exist !\r" + reason).press("Command11");
     rig.command("Command12_Click");
   }
   EXPECT_EQ(kept(), "HOME\r\n");
@@ -202,6 +205,9 @@ TEST_F(PresetsTest, APresetWithAVanishedFolderSaysSoAndMovesNothing) {
   inStatic([&](Form20& dialog) {
     EXPECT_EQ(dialog.ListView1.item(0).SmallIcon(), BrokenIcon);
     EXPECT_EQ(dialog.ListView1.item(1).SmallIcon(), ValidIcon);
+    EXPECT_NE(dialog.ListView1.item(0).ForeColor(), dialog.ListView1.item(1).ForeColor());
+    EXPECT_EQ(dialog.ListView1.rowToolTip(dialog.ListView1.item(0)),
+              "Left:  C:\\Work\\Drafts  (gone)\rRight:  D:\\Backup");
     dialog.ListView1.doubleClickFromUser(0);
     EXPECT_TRUE(dialog.Visible);
     EXPECT_EQ(dialog.ListView1.count(), 2u);
@@ -219,6 +225,8 @@ TEST_F(PresetsTest, LastExitReturnsToTheFoldersOfTheLastRun) {
   inStatic([](Form20& dialog) { dialog.Command11.press(); });
   rig.command("Command12_Click");
   EXPECT_EQ(paths(), "C:\\Work\\ D:\\Backup\\");
+  EXPECT_EQ(rig.form().Caption.get(), "Varnholt -  C:\\Work") << "the left panel is the active one";
+  EXPECT_EQ(rig.form().ImageCombo1.Text.get(), "C:\\Work");
   EXPECT_EQ(rows(presets().Form34.ListView1), (Pairs{"C:\\|C:\\", "C:\\Work|D:\\Backup"}));
 }
 

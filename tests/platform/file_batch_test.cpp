@@ -88,14 +88,44 @@ TEST_F(FileBatch, LinksFoldersPipesAndLargeFilesAreNoPlainCase) {
   EXPECT_EQ(temp.files.copyFiles(from, all, to, 6).size(), 2u);
 }
 
-TEST_F(FileBatch, NewNamesAreGivenUpToTheFirstThatIsTaken) {
-  const std::vector<NewName> names{{"a", "A"}, {"b", "two words"}, {"c", "d"}, {"e", "f"}};
-  EXPECT_EQ(temp.files.renameFiles(from, names), 2u);
-  EXPECT_EQ(temp.names("from"), (Names{"A", "c", "d", "e", "two words"}));
-  EXPECT_EQ(temp.read("from/d"), "from/d");
-  for (const char* name : {"", ".", "..", "..\\x", "../x", "to\\x"})
-    EXPECT_EQ(temp.files.renameFiles(from, std::vector<NewName>{{"e", name}}), 0u) << name;
-  EXPECT_EQ(temp.files.renameFiles(temp.path("gone"), names), 0u);
+// --- New names -------------------------------------------------------------------------------------------------------
+
+/// The numbers of those that keep their names, and why.
+std::vector<std::pair<std::size_t, ErrorCode>> kept(const std::vector<NotRenamed>& refused) {
+  std::vector<std::pair<std::size_t, ErrorCode>> all;
+  for (const NotRenamed& each : refused)
+    all.emplace_back(each.index, each.error.code);
+  return all;
+}
+
+TEST_F(FileBatch, NamesAreGivenAsIfAllAtOnce) {
+  // A chain, a ring of three, a name that stays taken with one that waits for it, two for one name, no names at all.
+  for (const char* name : {"1", "2", "r", "s", "t", "stays", "w", "x", "y", "z", "long"})
+    temp.file(std::string("from/") + name, name);
+  const std::vector<NewName> names{{"1", "2"},     {"2", "3"}, {"r", "s"}, {"s", "t"}, {"t", "r"},
+                                   {"w", "stays"}, {"x", "w"}, {"y", "n"}, {"z", "n"}, {"long", std::string(300, 'n')},
+                                   {"a", "../x"},  {"b", ".."}};
+  using enum ErrorCode;
+  const std::vector<std::pair<std::size_t, ErrorCode>> refused{{5, AlreadyThere}, {6, AlreadyThere}, {8, AlreadyThere},
+                                                               {9, InvalidPath},  {10, InvalidPath}, {11, InvalidPath}};
+  const auto before = temp.names("from");
+  EXPECT_EQ(kept(temp.files.checkRenames(from, names)), refused) << "told before";
+  EXPECT_EQ(temp.names("from"), before);
+  EXPECT_EQ(kept(temp.files.renameFiles(from, names)), refused);
+  for (const auto& [name, bytes] : {std::pair{"2", "1"},
+                                    {"3", "2"},
+                                    {"s", "r"},
+                                    {"t", "s"},
+                                    {"r", "t"},
+                                    {"n", "y"},
+                                    {"stays", "stays"},
+                                    {"w", "w"},
+                                    {"x", "x"},
+                                    {"z", "z"},
+                                    {"long", "long"}})
+    EXPECT_EQ(temp.read(std::string("from/") + name), bytes) << name;
+  EXPECT_FALSE(temp.has("from/1"));
+  EXPECT_EQ(temp.files.renameFiles(temp.path("gone"), names).size(), names.size());
 }
 
 TEST_F(FileBatch, ProtectedFilesAreNotDeleted) {

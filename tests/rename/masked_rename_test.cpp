@@ -157,6 +157,25 @@ TEST_F(MaskedRenameTest, NamesThatMeetAreTold) {
   });
 }
 
+TEST_F(MaskedRenameTest, NamesThatCannotBeGivenAreMarkedBefore) {
+  make({"a.txt", "b.txt", "Pic1.txt"});
+  select({"a", "b"});
+  masked([&] {
+    newBase("Pic", "1");
+    dialog().Command7.press();
+    auto& list = dialog().ListView1;
+    EXPECT_EQ(preview(), (Names{"a.txt > Pic1.txt", "b.txt > Pic2.txt"}));
+    EXPECT_EQ(list.item(0).SmallIcon(), Form14::KeptIcon);
+    EXPECT_NE(list.item(1).SmallIcon(), Form14::KeptIcon);
+    EXPECT_EQ(list.rowToolTip(list.item(0)), "a.txt:  \"Pic1.txt\" is taken");
+    EXPECT_EQ(list.rowToolTip(list.item(1)), "");
+    EXPECT_EQ(dialog().Label7.Caption.get(), "a.txt:  \"Pic1.txt\" is taken");
+    type(dialog().Text5, "2");
+    dialog().Command7.press();
+    EXPECT_EQ(dialog().Label7.Caption.get(), "");
+  });
+}
+
 TEST_F(MaskedRenameTest, FieldsThatAreRefusedStopPreviewAndRun) {
   make({"a.txt"});
   struct Case {
@@ -203,29 +222,47 @@ TEST_F(MaskedRenameTest, AllFilesGetTheirNamesAtOnce) {
   EXPECT_FALSE(rig.app().dispatcher.busy);
 }
 
-TEST_F(MaskedRenameTest, ANewNameThatIsAnothersOldNameLosesNothing) {
-  make({"1.txt", "2.txt", "3.txt"});
-  select({"1", "2", "3"});
-  masked([&] {
-    newBase("", "2");
-    executes();
-  });
-  // The first two find their new names taken, the third does not.
-  EXPECT_EQ(contents("1.txt"), "1.txt");
-  EXPECT_EQ(contents("2.txt"), "2.txt");
-  EXPECT_EQ(contents("4.txt"), "3.txt");
+TEST_F(MaskedRenameTest, NamesThatChangeHandsAreAllGiven) {
+  struct Case {
+    controls::SortOrder order;
+    std::string start;
+    Names after;  ///< what 1 to 4 hold then
+  };
+  // One more for each, and in a descending list a ring of three.
+  for (const Case& each : {Case{controls::SortOrder::Ascending, "2", {"", "1.txt", "2.txt", "3.txt"}},
+                           Case{controls::SortOrder::Descending, "1", {"3.txt", "2.txt", "1.txt", ""}}}) {
+    make({"1.txt", "2.txt", "3.txt"});
+    left().list.setSortOrder(each.order);
+    select({"1", "2", "3"});
+    masked([&] {
+      newBase("", each.start);
+      executes();
+    });
+    for (std::size_t at = 0; at < each.after.size(); ++at)
+      EXPECT_EQ(contents(std::to_string(at + 1) + ".txt"), each.after[at]) << each.start;
+    std::filesystem::remove(rig.systemPath("C:\\Pics\\4.txt"));
+  }
 }
 
-TEST_F(MaskedRenameTest, TwoFilesToOneNameLoseNothing) {
-  make({"aX.txt", "Xa.txt"});
-  select({"aX", "Xa"});
+TEST_F(MaskedRenameTest, FilesThatKeepTheirNamesAreTold) {
+  const std::string long_(250, 'n');
+  make({"aX.txt", "Xa.txt", long_ + ".txt", "bX.txt", "gone.txt"});
+  select({"aX", "Xa", long_, "bX", "gone"});
   masked([&] {
     type(dialog().Text2, "X");
     dialog().Command8.press();
-    executes();
+    type(dialog().Text4, "longer");
+    make({"b.longer"});
+    ASSERT_TRUE(files().deleteFile("C:\\Pics\\gone.txt", false));
+    asks(Question, true);
+    expectAlert(
+        "4 Item(s) Keep Their Names !\r\rbX.txt:  \"b.longer\" is taken\rgone.txt:  it is not there any more\r..." +
+        long_.substr(0, 42) + ".txt:  file name too long\rXa.txt:  \"a.longer\" is taken");
+    dialog().Command6.press();
   });
-  EXPECT_EQ(contents("a.txt"), "aX.txt");
+  EXPECT_EQ(contents("a.longer"), "aX.txt");
   EXPECT_EQ(contents("Xa.txt"), "Xa.txt");
+  EXPECT_EQ(contents("b.longer"), "b.longer");
 }
 
 TEST_F(MaskedRenameTest, OfManyFilesOnlyThoseThatAreRefusedStay) {
@@ -245,6 +282,8 @@ TEST_F(MaskedRenameTest, OfManyFilesOnlyThoseThatAreRefusedStay) {
     rig.makeFolder("C:\\Pics\\new_1200.txt");
     asks(Question, true);
     asks("Current File:  1007.txt\r Are marked:  System\rAre you Sure ?", true);
+    expectAlert(
+        "2 Item(s) Keep Their Names !\r\r1100.txt:  \"new_1100.txt\" is taken\r1200.txt:  \"new_1200.txt\" is taken");
     dialog().Command6.press();
   });
   for (int number = 0; number < Count; ++number) {
@@ -288,7 +327,9 @@ TEST_F(MaskedRenameTest, ANameThatIsCutAwayStays) {
   masked([&] {
     type(dialog().Text2, "README");
     dialog().Command8.press();
-    executes();
+    asks(Question, true);
+    expectAlert("1 Item(s) Keep Their Names !\r\rREADME:  nothing is left of its name");
+    dialog().Command6.press();
   });
   EXPECT_EQ(contents("README"), "README");
   EXPECT_EQ(contents("2"), "README2");

@@ -285,6 +285,7 @@ TEST_F(SingleRenameTest, AFileInTheWayIsAskedAbout) {
       rig.loop.whenShows("Form7")
           .reads("Label1", "OverWrite File:     a.txt")
           .reads("Label3", "With File:     b.txt")
+          .reads("Label6", "What is in \"b.txt\" now will be lost. \"a.txt\" takes its name.")
           .run([&](controls::Form&) {
             EXPECT_FALSE(dialog().Command11.Enabled || dialog().Command2.Enabled);
             EXPECT_FALSE(rig.app().fileops.Form7.Command4.Enabled);
@@ -317,12 +318,38 @@ TEST_F(SingleRenameTest, AllHoldsForTheRestOfTheDialogOnly) {
   EXPECT_EQ(contents("z.txt"), "z.txt");
 }
 
+TEST_F(SingleRenameTest, AFileThatReplacesAnotherIsNotCopied) {
+  make({"a.txt", "b.txt"});
+  std::filesystem::create_hard_link(rig.systemPath("C:\\Pics\\a.txt"), rig.systemPath("C:\\Other\\second.txt"));
+  select({"a"});
+  rename([&] {
+    rig.loop.whenShows("Form7").press("Command11");
+    next("b.txt");
+  });
+  EXPECT_FALSE(exists("a.txt"));
+  EXPECT_TRUE(files().sameEntry("C:\\Pics\\b.txt", "C:\\Other\\second.txt"));
+}
+
+TEST_F(SingleRenameTest, ALinkDoesNotReplaceTheFileItLeadsTo) {
+  make({"b.txt"});
+  std::filesystem::create_symlink("b.txt", rig.systemPath("C:\\Pics\\a.txt"));
+  select({"a"});
+  rename([&] {
+    rig.loop.whenShows("Form7").press("Command11");
+    expectAlert("a.txt,  - Cannot Rename !\r\"b.txt\" is the same file");
+    next("b.txt");
+  });
+  EXPECT_EQ(contents("b.txt"), "b.txt");
+  EXPECT_TRUE(exists("a.txt"));
+}
+
 TEST_F(SingleRenameTest, AProtectedFileInTheWayLosesNothing) {
   make({"a.txt", "b.txt"});
   protect("b.txt", platform::attribute::ReadOnly);
   select({"a"});
   rename([&] {
     rig.loop.whenShows("Form7").press("Command11");
+    expectAlert("a.txt,  - Cannot Rename !\r\"b.txt\" is read-only, hidden or system");
     next("b.txt");
   });
   EXPECT_EQ(contents("a.txt"), "a.txt");
@@ -333,7 +360,10 @@ TEST_F(SingleRenameTest, AFolderInTheWayOfAFileStays) {
   make({"a.txt"});
   rig.makeFolder("C:\\Pics\\b");
   select({"a"});
-  rename([&] { next("b"); });
+  rename([&] {
+    expectAlert("a.txt,  - Cannot Rename !\r\"b\" is taken");
+    next("b");
+  });
   EXPECT_TRUE(exists("a.txt") && exists("b"));
 }
 
@@ -343,6 +373,7 @@ TEST_F(SingleRenameTest, ASecondNameOfTheSameFileIsNotLost) {
   select({"a"});
   rename([&] {
     rig.loop.whenShows("Form7").reads("Label1", "With Filename:     a.txt").press("Command11");
+    expectAlert("a.txt,  - Cannot Rename !\r\"b.txt\" is the same file");
     next("b.txt");
   });
   EXPECT_EQ(contents("b.txt"), "a.txt");

@@ -134,13 +134,4 @@ BatchResults deleteBatch(const std::string& folder, const Names& names) {
   });
 }
 
-std::size_t renameBatch(const std::string& folder, std::span<const NewName> names) {
-  const UniqueFd open = openFolder(folder);
-  std::size_t done = 0;
-  while (open && done < names.size() &&
-         ::renameat2(open.get(), names[done].from.c_str(), open.get(), names[done].to.c_str(), RENAME_NOREPLACE) == 0)
-    ++done;
-  return done;
-}
-
 }  // namespace varnholt::platform::posix

@@ -7,11 +7,10 @@
 
 namespace varnholt::platform::posix {
 
-/// FileSystem::copyFiles, moveFiles, deleteFiles and renameFiles on system paths and names.
+/// FileSystem::copyFiles, moveFiles and deleteFiles on system paths and names.
 BatchResults copyBatch(const std::string& from, const std::vector<std::string>& names, const std::string& to,
                        std::uint64_t limit);
 BatchResults moveBatch(const std::string& from, const std::vector<std::string>& names, const std::string& to);
 BatchResults deleteBatch(const std::string& folder, const std::vector<std::string>& names);
-std::size_t renameBatch(const std::string& folder, std::span<const NewName> names);
 
 }  // namespace varnholt::platform::posix

@@ -15,8 +15,10 @@
 #include "platform/posix/path_resolve.hpp"
 #include "platform/posix/posix_error.hpp"
 #include "platform/posix/program_resources.hpp"
+#include "platform/posix/rename_batch.hpp"
 #include "platform/posix/walk_size.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -209,6 +211,11 @@ Result<void> PosixFileSystem::moveFile(const std::string& from, const std::strin
   return ends ? told(moveFileTo(ends->first, ends->second, progress)) : ends.error();
 }
 
+Result<void> PosixFileSystem::renameOver(const std::string& from, const std::string& to) {
+  const auto ends = sourceAndTarget(from, to);
+  return ends ? told(renameOverTo(ends->first, ends->second)) : ends.error();
+}
+
 Result<void> PosixFileSystem::moveFolder(const std::string& from, const std::string& to) {
   if (auto allowed = changeable(from); !allowed) return allowed.error();
   const auto ends = sourceAndTarget(from, to);
@@ -262,15 +269,34 @@ BatchResults PosixFileSystem::deleteFiles(const std::string& folder, const std::
   return system ? deleteBatch(*system, systemNames(names)) : BatchResults();
 }
 
-std::size_t PosixFileSystem::renameFiles(const std::string& folder, std::span<const NewName> names) {
+std::vector<NotRenamed> PosixFileSystem::withSystemNames(RenameBatch batch, const std::string& folder,
+                                                         std::span<const NewName> names) const {
   const auto system = map_.toSystem(folder);
+  std::vector<NotRenamed> refused;
   std::vector<NewName> systemNames;
-  systemNames.reserve(names.size());
-  for (const NewName& each : names) {
-    if (!isOneName(each.from) || !isOneName(each.to)) break;
-    systemNames.push_back({PathMap::nameToSystem(each.from), PathMap::nameToSystem(each.to)});
+  std::vector<std::size_t> numbers;
+  for (std::size_t at = 0; at < names.size(); ++at) {
+    const auto& [from, to] = names[at];
+    if (!system || !isOneName(from) || !isOneName(to)) {
+      refused.push_back({at, system ? refusal(ErrorCode::InvalidPath, folder, "no name of a file") : system.error()});
+      continue;
+    }
+    systemNames.push_back({PathMap::nameToSystem(from), PathMap::nameToSystem(to)});
+    numbers.push_back(at);
   }
-  return system ? renameBatch(*system, systemNames) : 0;
+  if (systemNames.empty()) return refused;
+  for (NotRenamed& each : batch(*system, systemNames))
+    refused.push_back({numbers[each.index], told(std::move(each.error))});
+  std::ranges::sort(refused, {}, &NotRenamed::index);
+  return refused;
+}
+
+std::vector<NotRenamed> PosixFileSystem::renameFiles(const std::string& folder, std::span<const NewName> names) {
+  return withSystemNames(renameBatch, folder, names);
+}
+
+std::vector<NotRenamed> PosixFileSystem::checkRenames(const std::string& folder, std::span<const NewName> names) const {
+  return withSystemNames(checkBatch, folder, names);
 }
 
 Result<void> PosixFileSystem::createFolder(const std::string& path) {

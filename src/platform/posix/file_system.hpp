@@ -34,6 +34,9 @@ class PosixFileSystem final : public FileSystem {
   Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
                           const Progress& progress = {}) override;
   Result<void> moveFile(const std::string& from, const std::string& to, const Progress& progress = {}) override;
+  Result<void> renameOver(const std::string& from, const std::string& to) override;
+  std::vector<NotRenamed> renameFiles(const std::string& folder, std::span<const NewName> names) override;
+  std::vector<NotRenamed> checkRenames(const std::string& folder, std::span<const NewName> names) const override;
   Result<void> moveFolder(const std::string& from, const std::string& to) override;
   Result<void> deleteFile(const std::string& path, bool force) override;
   Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {}) override;
@@ -42,12 +45,15 @@ class PosixFileSystem final : public FileSystem {
   BatchResults moveFiles(const std::string& folder, const std::vector<std::string>& names,
                          const std::string& to) override;
   BatchResults deleteFiles(const std::string& folder, const std::vector<std::string>& names) override;
-  std::size_t renameFiles(const std::string& folder, std::span<const NewName> names) override;
   Result<void> createFolder(const std::string& path) override;
   Result<void> setAttributes(const std::string& path, Attributes attributes) override;
   Result<void> setModified(const std::string& path, const Date& date) override;
 
  private:
+  using RenameBatch = std::vector<NotRenamed> (*)(const std::string& folder, std::span<const NewName> names);
+  /// Runs a batch call with system names; what is no name of an entry is refused here.
+  std::vector<NotRenamed> withSystemNames(RenameBatch batch, const std::string& folder,
+                                          std::span<const NewName> names) const;
   /// The path of an error back in program form.
   Error told(Error error) const;
   template <class T>

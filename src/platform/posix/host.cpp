@@ -4,6 +4,7 @@
 #include "platform/posix/environment.hpp"
 #include "platform/posix/file_system.hpp"
 #include "platform/posix/file_types.hpp"
+#include "platform/posix/passing_names.hpp"
 #include "platform/posix/path_map.hpp"
 #include "platform/posix/program_folder.hpp"
 #include "platform/posix/regional.hpp"
@@ -11,6 +12,11 @@
 #include "platform/posix/settings_store.hpp"
 #include "platform/posix/shell.hpp"
 #include "platform/posix/system_facts.hpp"
+
+#include <chrono>
+#include <future>
+#include <thread>
+#include <utility>
 
 namespace varnholt::platform::posix {
 namespace {
@@ -47,6 +53,20 @@ void addNotice(const SqliteDatabase& database, const std::string& subject, const
     notices.push_back("The " + subject + " file is damaged and cannot be set aside. What it should hold is not kept.");
 }
 
+std::string strandedText(const Stranded& file, const PathMap& map) {
+  return "A rename was interrupted. " + map.toProgram(file.path).valueOr(file.path) + " is the file \"" +
+         PathMap::nameToProgram(file.wanted) + "\".";
+}
+
+/// A volume that does not answer must not hold up the start: its files are put right when it does.
+std::vector<Stranded> finishPassagesInTime(const std::string& notesFolder) {
+  constexpr auto patience = std::chrono::milliseconds(500);
+  std::packaged_task<std::vector<Stranded>()> work([notesFolder] { return finishPassages(notesFolder); });
+  auto stranded = work.get_future();
+  std::thread(std::move(work)).detach();
+  return stranded.wait_for(patience) == std::future_status::ready ? stranded.get() : std::vector<Stranded>();
+}
+
 class PosixHost final : public PlatformHost {
  public:
   explicit PosixHost(const HostFolders& given)
@@ -78,6 +98,10 @@ class PosixHost final : public PlatformHost {
                   [this](const std::string& path) { return map_.toProgram(path).valueOr({}); }} {
     addNotice(settings_.database(), "settings", map_, platform_.startNotices);
     addNotice(registry_.database(), "registry", map_, platform_.startNotices);
+    if (folders_.program.empty()) return;
+    PassingNames::keepNotesIn(folders_.program);
+    for (const Stranded& each : finishPassagesInTime(folders_.program))
+      platform_.startNotices.push_back(strandedText(each, map_));
   }
 
   Platform& platform() override { return platform_; }

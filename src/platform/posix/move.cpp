@@ -3,7 +3,9 @@
 #include "platform/posix/copy_file.hpp"
 #include "platform/posix/copy_tree.hpp"
 #include "platform/posix/dirents.hpp"
+#include "platform/posix/entry_facts.hpp"
 #include "platform/posix/leftovers.hpp"
+#include "platform/posix/passing_names.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/posix_error.hpp"
 #include "platform/posix/temp_file.hpp"
@@ -59,28 +61,17 @@ bool isOtherSpelling(const Move& move) {
          foldCase(move.from.name) == foldCase(move.to.name) && !folderHolds(move.to.folder.get(), move.to.name);
 }
 
-/// A name for the time between two renames. It is no temporary name: should the program be killed there, this is the
-/// user's file, and it must tell what it was.
-std::string nameBetween(const std::string& name) {
-  constexpr size_t longest = 200;
-  return name.substr(0, longest) + ".renaming" + temporaryName();
-}
-
 /// In two steps: for a kernel that finds the new spelling to be the same entry a rename does nothing.
-int respell(const Move& move) {
-  const int folder = move.from.folder.get();
-  const std::string between = nameBetween(move.to.name);
-  if (const int error = renameNoReplace(folder, move.from.name.c_str(), folder, between.c_str())) return error;
-  const int error = renameNoReplace(folder, between.c_str(), folder, move.to.name.c_str());
-  if (error) (void)renameNoReplace(folder, between.c_str(), folder, move.from.name.c_str());
-  return error;
+int respell(const Move& move, const std::string& to) {
+  const Passage passage{PassingNames::nameFor(move.to.name), move.to.name, {move.from.name}};
+  return PassingNames::run(move.from.folder.get(), folderOf(to), {passage}).front();
 }
 
 /// What is decided before anything is renamed: done (true), refused, or to be renamed (false).
 Result<bool> judge(const Move& move, const std::string& to) {
   if (!move.targetExists) return false;
   if (isOtherSpelling(move)) {
-    const int error = respell(move);
+    const int error = respell(move, to);
     return error ? Result<bool>(systemError(error, to)) : Result<bool>(true);
   }
   if (sameInode(move.source, move.target)) {
@@ -93,6 +84,37 @@ Result<bool> judge(const Move& move, const std::string& to) {
 
 int rename(const Move& move) {
   return renameNoReplace(move.from.folder.get(), move.from.name.c_str(), move.to.folder.get(), move.to.name.c_str());
+}
+
+/// A link that leads to what it would replace would lead to itself then, with nothing behind it.
+bool leadsToTarget(const Move& move) {
+  struct stat a {
+  }, b{};
+  return S_ISLNK(move.source.st_mode) && ::fstatat(move.from.folder.get(), move.from.name.c_str(), &a, 0) == 0 &&
+         ::fstatat(move.to.folder.get(), move.to.name.c_str(), &b, 0) == 0 && sameInode(a, b);
+}
+
+/// Whether the target may go for the source.
+Result<void> judgeOver(const Move& move, const std::string& from, const std::string& to) {
+  if (S_ISDIR(move.source.st_mode)) return systemError(EISDIR, from);
+  if (!move.targetExists) return {};
+  if (S_ISDIR(move.target.st_mode)) return systemError(EISDIR, to);
+  if (sameInode(move.source, move.target) || leadsToTarget(move))
+    return refusal(ErrorCode::SameEntry, to, "source and target are one file");
+  if (!S_ISREG(move.target.st_mode) && !S_ISLNK(move.target.st_mode))
+    return refusal(ErrorCode::NotRegular, to, "the target is a pipe, socket or device");
+  AttributeStore store = AttributeStore::ofDescriptor(move.to.folder.get());
+  if (refusesOverwrite(move.to.folder.get(), move.to.name.c_str(), store))
+    return refusal(ErrorCode::ReadOnlyTarget, to, "the target is read-only, hidden or system");
+  return {};
+}
+
+/// The old target must not go while the bytes of what takes its name are in memory alone.
+int syncSource(const Move& move) {
+  if (!S_ISREG(move.source.st_mode)) return 0;
+  const UniqueFd file(::openat(move.from.folder.get(), move.from.name.c_str(),
+                               O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  return !file || ::fsync(file.get()) == 0 || errno == EINVAL || errno == EROFS ? 0 : errno;
 }
 
 /// What became of the source while it was copied.
@@ -144,6 +166,17 @@ Result<void> moveFileTo(const std::string& from, const std::string& to, const Pr
   const int error = rename(*move);
   if (error == EXDEV) return moveAcross(*move, from, to, progress);
   return error ? Result<void>(systemError(error, error == EEXIST ? to : from)) : Result<void>();
+}
+
+Result<void> renameOverTo(const std::string& from, const std::string& to) {
+  const auto move = openMove(from, to);
+  if (!move) return move.error();
+  if (move->targetExists && isOtherSpelling(*move)) return moveFileTo(from, to, {});
+  if (auto judged = judgeOver(*move, from, to); !judged) return judged;
+  if (const int error = syncSource(*move)) return systemError(error, from);
+  const int failed =
+      ::renameat(move->from.folder.get(), move->from.name.c_str(), move->to.folder.get(), move->to.name.c_str());
+  return failed ? Result<void>(systemError(errno, from)) : Result<void>();
 }
 
 Result<void> moveFolderTo(const std::string& from, const std::string& to) {

@@ -26,6 +26,7 @@ class ListModel : public QAbstractTableModel {
 
  private:
   bool hasRow(int row) const;
+  std::string rowToolTip(std::uint32_t row) const;
 
   controls::ListView* list_;
   int rows_ = 0, columns_ = 0, rowHeight_ = 20;

@@ -1,0 +1,219 @@
+#include "platform/posix/passing_names.hpp"
+
+#include "platform/posix/dirents.hpp"
+#include "platform/posix/file_contents.hpp"
+#include "platform/posix/temp_file.hpp"
+#include "platform/posix/unique_fd.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace varnholt::platform::posix {
+namespace {
+
+constexpr std::string_view NotePrefix = "Renaming";
+constexpr std::uint64_t LongestNote = 64u << 20;
+
+std::string& notesFolder() {
+  static std::string folder;
+  return folder;
+}
+
+bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
+
+int renameIn(int folder, const std::string& from, const std::string& to) {
+  return renameNoReplace(folder, from.c_str(), folder, to.c_str());
+}
+
+bool isThere(int folder, const std::string& name) {
+  struct stat facts {};
+  return ::fstatat(folder, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+UniqueFd openFolder(const std::string& path) {
+  return UniqueFd(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
+}
+
+// --- The note --------------------------------------------------------------------------------------------------------
+
+// Names may hold any byte but the zero, so that one ends each; an empty one ends a passage.
+void append(std::string& note, const std::string& field) { note.append(field).push_back('\0'); }
+
+std::string noteText(const std::string& folder, const std::vector<Passage>& passages) {
+  std::string note;
+  append(note, folder);
+  for (const Passage& each : passages) {
+    append(note, each.passing);
+    append(note, each.wanted);
+    for (const std::string& place : each.places)
+      append(note, place);
+    append(note, {});
+  }
+  return note;
+}
+
+struct Note {
+  std::string folder;
+  std::vector<Passage> passages;
+};
+
+std::string takeField(std::string_view& note) {
+  const auto end = std::min(note.find('\0'), note.size());
+  std::string field(note.substr(0, end));
+  note.remove_prefix(std::min(end + 1, note.size()));
+  return field;
+}
+
+// What is cut short was never acted upon.
+Note readNote(std::string_view text) {
+  Note note{takeField(text), {}};
+  while (!text.empty()) {
+    Passage passage{takeField(text), takeField(text), {}};
+    for (std::string place = takeField(text); !place.empty(); place = takeField(text))
+      passage.places.push_back(std::move(place));
+    if (!passage.places.empty()) note.passages.push_back(std::move(passage));
+  }
+  return note;
+}
+
+/// A note on the disk, held by this process as long as it is at work.
+class HeldNote {
+ public:
+  /// Gives 0 or errno.
+  int write(const std::string& text) {
+    folder_ = openFolder(notesFolder());
+    if (!folder_) return errno;
+    name_ = std::string(NotePrefix) + temporaryName();
+    note_ = UniqueFd(::openat(folder_.get(), name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (!note_) return errno;
+    // A start of another copy of the program may have found it empty and cleared it away.
+    if (!holdTemporary(folder_.get(), name_.c_str(), note_.get())) return EAGAIN;
+    const ssize_t written = ::pwrite(note_.get(), text.data(), text.size(), 0);
+    if (written != static_cast<ssize_t>(text.size())) return written < 0 ? errno : ENOSPC;
+    return ::fsync(note_.get()) == 0 && ::fsync(folder_.get()) == 0 ? 0 : errno;
+  }
+  HeldNote() = default;
+  HeldNote(const HeldNote&) = delete;
+  HeldNote& operator=(const HeldNote&) = delete;
+  ~HeldNote() {
+    if (note_) ::unlinkat(folder_.get(), name_.c_str(), 0);
+  }
+
+ private:
+  UniqueFd folder_, note_;
+  std::string name_;
+};
+
+// --- The passages ----------------------------------------------------------------------------------------------------
+
+using Steps = std::vector<std::pair<std::string, std::string>>;
+
+Steps stepsOf(const Passage& passage) {
+  Steps steps{{passage.places.front(), passage.passing}};
+  for (std::size_t at = 1; at < passage.places.size(); ++at)
+    steps.emplace_back(passage.places[at], passage.places[at - 1]);
+  steps.emplace_back(passage.passing, passage.wanted);
+  return steps;
+}
+
+int runSteps(int folder, const Steps& steps) {
+  for (std::size_t at = 0; at < steps.size(); ++at) {
+    const int error = renameIn(folder, steps[at].first, steps[at].second);
+    if (!error) continue;
+    while (at-- > 0)
+      (void)renameIn(folder, steps[at].second, steps[at].first);
+    return error;
+  }
+  return 0;
+}
+
+/// Where links take the place of a rename, a kill between the two calls leaves the file under both names.
+bool dropSecondName(int folder, const Passage& passage) {
+  struct stat facts {
+  }, other{};
+  if (::fstatat(folder, passage.passing.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0) return false;
+  std::vector<std::string> names = passage.places;
+  names.push_back(passage.wanted);
+  const bool second = std::ranges::any_of(names, [&](const std::string& name) {
+    return ::fstatat(folder, name.c_str(), &other, AT_SYMLINK_NOFOLLOW) == 0 && sameInode(facts, other);
+  });
+  return second && ::unlinkat(folder, passage.passing.c_str(), 0) == 0;
+}
+
+/// True when no file stands under the passing name any more. The place that is free tells how far the run came; when
+/// there is more than one, somebody else has been at work, and only the file itself is looked after.
+bool finish(int folder, const Passage& passage) {
+  if (!isThere(folder, passage.passing) || dropSecondName(folder, passage)) return true;
+  std::vector<std::size_t> free;
+  for (std::size_t at = 0; at < passage.places.size(); ++at)
+    if (!isThere(folder, passage.places[at])) free.push_back(at);
+  if (free.size() == 1)
+    for (std::size_t at = free.front() + 1; at < passage.places.size(); ++at)
+      if (renameIn(folder, passage.places[at], passage.places[at - 1])) break;
+  return !renameIn(folder, passage.passing, passage.wanted) ||
+         !renameIn(folder, passage.passing, passage.places.front());
+}
+
+void finishNote(int notes, const std::string& name, std::vector<Stranded>& stranded) {
+  const UniqueFd held(::openat(notes, name.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+  if (!held || ::flock(held.get(), LOCK_EX | LOCK_NB) != 0 || !holdTemporary(notes, name.c_str(), held.get())) return;
+  const auto text = readWholeFile("/proc/self/fd/" + std::to_string(held.get()), LongestNote);
+  if (!text) return;
+  const Note note = readNote(*text);
+  const UniqueFd folder = openFolder(note.folder);
+  for (const Passage& each : note.passages)
+    if (!folder || !finish(folder.get(), each)) stranded.push_back({note.folder + '/' + each.passing, each.wanted});
+  if (folder) (void)::fsync(folder.get());
+  ::unlinkat(notes, name.c_str(), 0);
+}
+
+}  // namespace
+
+void PassingNames::keepNotesIn(const std::string& folder) { notesFolder() = folder; }
+
+std::string PassingNames::nameFor(const std::string& name) {
+  constexpr std::size_t longest = 200;
+  constexpr unsigned char followMask = 0xC0, follows = 0x80;  // a byte of UTF-8 that goes on a character
+  std::size_t end = std::min(name.size(), longest);
+  while (end > 0 && end < name.size() && (static_cast<unsigned char>(name[end]) & followMask) == follows)
+    --end;
+  return name.substr(0, end) + ".renaming" + temporaryName();
+}
+
+std::vector<int> PassingNames::run(int folder, const std::string& path, const std::vector<Passage>& passages) {
+  HeldNote note;
+  if (const int error = note.write(noteText(path, passages))) return std::vector<int>(passages.size(), error);
+  std::vector<int> errors;
+  errors.reserve(passages.size());
+  for (const Passage& each : passages)
+    errors.push_back(runSteps(folder, stepsOf(each)));
+  // The note must not be gone from the disk before the passing names are.
+  (void)::fsync(folder);
+  return errors;
+}
+
+std::vector<Stranded> finishPassages(const std::string& notesFolder) {
+  std::vector<Stranded> stranded;
+  const UniqueFd notes = openFolder(notesFolder);
+  std::vector<std::string> names;
+  DirentBatch batch;
+  while (notes && batch.read(notes.get()) > 0)
+    batch.forEach([&](const char* name, unsigned char) {
+      const std::string_view text(name);
+      if (text.starts_with(NotePrefix) && isTemporaryName(text.substr(NotePrefix.size()))) names.emplace_back(name);
+      return true;
+    });
+  for (const std::string& name : names)
+    finishNote(notes.get(), name, stranded);
+  return stranded;
+}
+
+}  // namespace varnholt::platform::posix
