@@ -46,6 +46,7 @@ class MainWindowStart {
   void setColumns();
   void applyCommands();
   void colorMenuState();
+  void showFolderHistory();
 
   Parts p_;
   bool activated_ = false;

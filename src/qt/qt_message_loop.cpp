@@ -5,11 +5,13 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QMessageBox>
 #include <QPointer>
 #include <QScreen>
 #include <QSemaphore>
 
 #include <algorithm>
+#include <chrono>
 
 namespace varnholt::qt {
 namespace {
@@ -18,6 +20,9 @@ constexpr int FrameMilliseconds = 16;
 // A call that ends within this time is simply waited for: nobody sees a window that stands still for two frames, and
 // thousands of short calls cost no event loop each.
 constexpr int ShortCallMilliseconds = 30;
+constexpr std::chrono::milliseconds QueuedInput{500};
+// How long a call may go on behind the close box.
+constexpr std::chrono::milliseconds Patience{2000};
 
 const QWidget* callerWindow() {
   if (const QWidget* modal = QApplication::activeModalWidget()) return modal;
@@ -151,7 +156,9 @@ void QtMessageLoop::updatePointer() {
 
 void QtMessageLoop::giveTurn() {
   if (!sinceDrawn_.isValid() || sinceDrawn_.elapsed() >= FrameMilliseconds) flush();
+  ++turns_;
   QCoreApplication::processEvents();
+  --turns_;
 }
 
 bool QtMessageLoop::isModal(const controls::Form& form) const {
@@ -183,18 +190,64 @@ void QtMessageLoop::runModal(controls::Form& form) {
   if (caller && caller->isVisible() && !quitting_) caller->activateWindow();
 }
 
+void QtMessageLoop::runBeside(std::function<void()> call, std::function<void()> done) {
+  aside_.run(std::move(call), [this, done = std::move(done)] { later(done); });
+}
+
+// The close box waits like all input. When the call goes on as if nobody had asked, its drive does not answer, and the
+// user leaves without it. Behind the close box of a dialog he may have meant less than that.
+void QtMessageLoop::leaveUnlessItReturns(InputHold& hold, unsigned call) {
+  if (!leave_ || leaving_) return;
+  leaving_ = true;
+  QTimer::singleShot(Patience, this, [this, &hold, call] {
+    if (isRunning(call) && (!QApplication::activeModalWidget() || mayLeave(hold, call))) leave_();
+    leaving_ = false;
+  });
+}
+
+bool QtMessageLoop::mayLeave(InputHold& hold, unsigned call) {
+  QMessageBox box(QMessageBox::Warning, QStringLiteral("Alert !"),
+                  QStringLiteral("A drive does not answer.\n\nEnd Varnholt without waiting for it ?"),
+                  QMessageBox::Yes | QMessageBox::No, QApplication::activeModalWidget());
+  box.setDefaultButton(QMessageBox::No);
+  QTimer returned;
+  connect(&returned, &QTimer::timeout, &box, [this, &box, call] {
+    if (!isRunning(call)) box.reject();
+  });
+  returned.start(FrameMilliseconds);
+  hold.except(&box);
+  const bool leaves = box.exec() == QMessageBox::Yes;
+  hold.except(nullptr);
+  return leaves && isRunning(call);
+}
+
 void QtMessageLoop::runBlocking(const std::function<void()>& call) {
+  // Somebody works on although a call does not return: the state is stored in front of the end.
+  if (blocked_ > 0) return call();
   QSemaphore done;
   QEventLoop loop;
+  const unsigned number = ++calls_;
+  running_ = number;
   ++blocked_;
   helper_.run(call, [&] {
+    running_ = 0;
     QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     done.release();
   });
   if (!done.tryAcquire(1, ShortCallMilliseconds)) {
     flush();
-    const InputHold hold;
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    InputHold hold;
+    hold.closing = [&] { leaveUnlessItReturns(hold, number); };
+    // The window system's input waits best in its own queue; but there the close box of a call that takes long is never
+    // seen.
+    QEventLoop::ProcessEventsFlags events = QEventLoop::ExcludeUserInputEvents;
+    QTimer::singleShot(QueuedInput, &loop, [&] {
+      events = QEventLoop::AllEvents;
+      loop.quit();
+    });
+    do
+      loop.exec(events);
+    while (isRunning(number) && !quitting_);
     done.acquire();
   }
   if (--blocked_ == 0 && !laterCalls_.empty()) laterTimer_.start(0);
