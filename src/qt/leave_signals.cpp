@@ -40,8 +40,12 @@ LeaveSignals::LeaveSignals() {
   struct sigaction action {};
   action.sa_handler = tell;
   action.sa_flags = SA_RESTART;
-  for (const int signal : Signals)
-    ::sigaction(signal, &action, nullptr);
+  for (const int signal : Signals) {
+    struct sigaction before {};
+    // Whoever started the program with a signal ignored wants it to outlive that.
+    if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)
+      ::sigaction(signal, &action, nullptr);
+  }
 }
 
 LeaveSignals::~LeaveSignals() {

@@ -5,7 +5,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
-#include <QMessageBox>
+#include <QDialog>
 #include <QPointer>
 #include <QScreen>
 #include <QSemaphore>
@@ -206,19 +206,19 @@ void QtMessageLoop::leaveUnlessItReturns(InputHold& hold, unsigned call) {
 }
 
 bool QtMessageLoop::mayLeave(InputHold& hold, unsigned call) {
-  QMessageBox box(QMessageBox::Warning, QStringLiteral("Alert !"),
-                  QStringLiteral("A drive does not answer.\n\nEnd Varnholt without waiting for it ?"),
-                  QMessageBox::Yes | QMessageBox::No, QApplication::activeModalWidget());
-  box.setDefaultButton(QMessageBox::No);
   QTimer returned;
-  connect(&returned, &QTimer::timeout, &box, [this, &box, call] {
-    if (!isRunning(call)) box.reject();
-  });
-  returned.start(FrameMilliseconds);
-  hold.except(&box);
-  const bool leaves = box.exec() == QMessageBox::Yes;
+  const auto opening = [&](QDialog& question) {
+    connect(&returned, &QTimer::timeout, &question, [this, &question, call] {
+      if (!isRunning(call)) question.reject();
+    });
+    returned.start(FrameMilliseconds);
+    hold.except(&question);
+  };
+  const auto answer = showMessageBox({"Alert !", "A drive does not answer.\r\rEnd Varnholt without waiting for it ?",
+                                      controls::MessageIcon::Exclamation, controls::MessageButtons::YesNo},
+                                     QApplication::activeModalWidget(), opening);
   hold.except(nullptr);
-  return leaves && isRunning(call);
+  return answer == controls::MessageAnswer::Yes && isRunning(call);
 }
 
 void QtMessageLoop::runBlocking(const std::function<void()>& call) {
