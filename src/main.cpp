@@ -1,28 +1,50 @@
 #include "app/app.hpp"
+#include "app/arguments.hpp"
+#include "core/diagnostic_log.hpp"
+#include "platform/crash_report.hpp"
 #include "qt/run_program.hpp"
+
+#include <cstdio>
 
 using namespace varnholt;
 
 namespace {
 
 /// The running program on this system.
-struct Running {
+class Running : public qt::RunningProgram {
+ public:
   explicit Running(controls::MessageLoop& loop) : app(loop, host->platform()) {}
+  void storeState() override { app.state.StoreProgramState(); }
+  void leave() override { app.state.Form_QueryUnload(); }
+
   std::unique_ptr<platform::PlatformHost> host = platform::makePlatformHost();
   app::App app;
 };
 
-std::shared_ptr<void> start(qt::QtMessageLoop& loop) {
-  auto running = std::make_shared<Running>(loop);
-  loop.setPictureReader([&files = running->host->platform().files](const std::string& path) {
+std::unique_ptr<qt::RunningProgram> start(qt::QtMessageLoop& loop, const std::vector<std::string>& arguments) {
+  platform::noteDoing("the start");
+  auto running = std::make_unique<Running>(loop);
+  auto& system = running->host->platform();
+  platform::reportCrashes(system.toSystem(system.programFolder), core::programVersion());
+  loop.setPictureReader([&files = system.files](const std::string& path) {
     const auto bytes = files.readFile(path);
     return bytes ? std::optional(*bytes) : std::nullopt;
   });
-  loop.dragAndDrop().setPaths({running->host->platform().toSystem, running->host->platform().toProgram});
-  if (!running->app.Main()) loop.quit();
+  loop.dragAndDrop().setPaths({system.toSystem, system.toProgram});
+  if (running->app.Main())
+    running->app.openFolders(app::foldersNamed(arguments));
+  else
+    loop.quit();
+  platform::noteDoing("nothing, behind the start");
   return running;
 }
 
 }  // namespace
 
-int main(int argc, char** argv) { return qt::runProgram(argc, argv, start); }
+int main(int argc, char** argv) {
+  if (const auto answer = app::answerWithoutWindow({argv + 1, argv + argc})) {
+    std::fputs(answer->text.c_str(), answer->exitCode == 0 ? stdout : stderr);
+    return answer->exitCode;
+  }
+  return qt::runProgram(argc, argv, start);
+}

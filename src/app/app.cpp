@@ -3,6 +3,10 @@
 #include "app/all_commands.hpp"
 #include "core/diagnostic_log.hpp"
 #include "core/program_files.hpp"
+#include "platform/paths.hpp"
+
+#include <algorithm>
+#include <iterator>
 
 namespace varnholt::app {
 namespace {
@@ -69,7 +73,21 @@ bool App::Main() {
   Form1.Show();
   Form1.WindowState = state.storedWindowState();
   Form9.WindowState = controls::WindowState::Normal;
+  program.loop.runBeside(program.platform.clearLeftovers, [] {});
   return true;
+}
+
+void App::openFolders(const std::vector<std::string>& folders) {
+  panels::Panel* const targets[] = {&Form1.Panel1, &Form1.Panel2};
+  for (std::size_t at = 0; at < std::min(folders.size(), std::size(targets)); ++at) {
+    const std::string& named = folders[at];
+    const std::string path = named.starts_with('/') ? program.platform.toProgram(named) : named;
+    const auto there = program.files().resolve(path);
+    const bool isFile = there && program.files().fileExists(*there);
+    if (!there || !navigation.goTo(*targets[at], isFile ? platform::paths::parent(*there) : *there))
+      dialogs.alert("Folder Not Found !\r" + (path.empty() ? named : path));
+  }
+  listing.FocusView();
 }
 
 void App::tellStartNotices() {

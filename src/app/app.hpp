@@ -40,6 +40,9 @@ class App {
   /// Brings the program up: screen, settings, environment, splash, skin, main window. False: it cannot go on, the user
   /// was told, and nothing is shown.
   bool Main();
+  /// Shows folders in the panels, the first left, the second right: paths of the system or of the program; a file
+  /// stands for its folder. What cannot be shown is told.
+  void openFolders(const std::vector<std::string>& folders);
 
   panels::Form1 Form1;
   panels::Form9 Form9;

@@ -46,6 +46,9 @@ class MessageLoop {
   /// Runs one long call of the platform to its end. It may run on a helper thread while windows keep painting and
   /// input waits; the call must touch nothing but the platform and its own variables.
   virtual void runBlocking(const std::function<void()>& call) = 0;
+  /// Runs a call of the platform beside the window, which goes on: nobody waits for it, not even the program's end, so
+  /// it may ask a drive that does not answer. `done` runs at a later turn. The call owns what it touches.
+  virtual void runBeside(std::function<void()> call, std::function<void()> done) = 0;
   virtual MessageAnswer show(const MessageBox& box) = 0;
   /// Ends the loop that main() runs, once the running handlers have returned.
   virtual void quit() = 0;

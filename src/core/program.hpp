@@ -5,6 +5,7 @@
 #include "core/message_dialogs.hpp"
 #include "core/registry_access.hpp"
 #include "core/settings.hpp"
+#include "core/waited_files.hpp"
 #include "platform/platform.hpp"
 
 namespace varnholt::core {
@@ -19,7 +20,15 @@ struct Program {
   InitState init{};
   EnvironmentFolders folders{};
 
-  platform::FileSystem& files() const { return platform.files; }
+  platform::FileSystem& files() const { return waitedFiles; }
+  /// Starts a command as Shell::start does; its folder may lie on a drive that does not answer.
+  platform::Result<std::int64_t> start(const std::string& command, const std::string& folder = {}) const {
+    platform::Result<std::int64_t> started = platform::Error{};
+    loop.runBlocking([&] { started = platform.shell.start(command, folder); });
+    return started;
+  }
+
+  mutable WaitedFiles waitedFiles{platform.files, loop};
 };
 
 }  // namespace varnholt::core

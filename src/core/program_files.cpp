@@ -1,11 +1,83 @@
 #include "core/program_files.hpp"
 
+#include "core/text_file.hpp"
+#include "platform/paths.hpp"
+#include "platform/text_fold.hpp"
+
+#include <algorithm>
+
 namespace varnholt::core::program_file {
 namespace {
 
-constexpr std::string_view DataFolders[] = {VDT_Projects, Favorites, Bookmarks, Collections, Notes, Tmp, SwapTmp};
-constexpr std::string_view DataFiles[] = {DirHis,          FileHis, CompHis_L,  CompHis_R, OpenHis,   MostUsed,
-                                          FolderSearchHis, GetQF,   GetFolders, TempUrl,   PresetIni, Log};
+namespace paths = platform::paths;
+
+/// A folder of the layout and the extension of the files that the program writes there; a work folder has none, since
+/// what lies in it is the user's.
+struct DataFolder {
+  std::string_view literal, extension;
+};
+constexpr DataFolder DataFolders[] = {{VDT_Projects, "pro"}, {Favorites, "url"}, {Bookmarks, "bmk"},
+                                      {Collections, "col"},  {Notes, "rtf"},     {Tmp, ""},
+                                      {SwapTmp, ""}};
+
+using Lines = std::vector<std::string>;
+
+bool isLog(const Lines& lines) { return !lines.empty() && lines.front().starts_with("[VnVersion]"); }
+bool isCrashReport(const Lines& lines) { return !lines.empty() && lines.front().starts_with("[Version]"); }
+bool isShortcut(const Lines& lines) { return !lines.empty() && lines.front() == "[Default]"; }
+bool isListOfPaths(const Lines& lines) {
+  return std::ranges::all_of(lines, [](const std::string& line) { return !paths::driveOf(line).empty(); });
+}
+
+/// A file of the layout and how one of the program's own is told from a user's that has its name.
+struct DataFile {
+  std::string_view literal;
+  bool (*isOurs)(const Lines& lines);
+};
+constexpr DataFile DataFiles[] = {{DirHis, isListOfPaths},
+                                  {FileHis, isListOfPaths},
+                                  {CompHis_L, isListOfPaths},
+                                  {CompHis_R, isListOfPaths},
+                                  {GetFolders, isListOfPaths},
+                                  {TempUrl, isShortcut},
+                                  {Log, isLog},
+                                  {Crash, isCrashReport}};
+
+/// Removes what the program has written and notes what stays.
+class Removal {
+ public:
+  explicit Removal(platform::FileSystem& files) : files_(files) {}
+
+  void file(const std::string& path, bool isOurs) {
+    if (!isOurs || !files_.deleteFile(path, true)) kept.push_back(path);
+  }
+
+  /// The folder itself goes when nothing stays in it.
+  void folder(const std::string& path, std::string_view extension) {
+    const auto listing = files_.list(path);
+    if (!listing) return kept.push_back(path);
+    const std::size_t before = kept.size();
+    for (const auto& entry : (*listing)->folders()) {
+      const std::string below = paths::join(path, entry.name);
+      entry.isLink || extension.empty() ? kept.push_back(below) : folder(below, extension);
+    }
+    for (const auto& entry : (*listing)->files())
+      if (entry.name != OwnMark.substr(1)) file(paths::join(path, entry.name), isOurs(entry, extension));
+    if (kept.size() != before) return;
+    (void)files_.deleteFile(path + std::string(OwnMark), true);
+    (void)files_.deleteFolder(path, true);
+  }
+
+  std::vector<std::string> kept;
+
+ private:
+  static bool isOurs(const platform::Entry& entry, std::string_view extension) {
+    return !extension.empty() && !entry.isLink && entry.kind == platform::EntryKind::File &&
+           platform::foldCase(paths::extension(entry.name)) == extension;
+  }
+
+  platform::FileSystem& files_;
+};
 
 }  // namespace
 
@@ -14,15 +86,26 @@ std::string path(const platform::Platform& platform, std::string_view literal) {
 }
 
 void makeFolders(const platform::Platform& platform) {
-  for (const auto folder : DataFolders)
-    if (!platform.files.folderExists(path(platform, folder))) (void)platform.files.createFolder(path(platform, folder));
+  for (const auto& [literal, extension] : DataFolders) {
+    const std::string folder = path(platform, literal);
+    if (platform.files.folderExists(folder) || !platform.files.createFolder(folder)) continue;
+    (void)writeLines(platform.files, folder + std::string(OwnMark), {"Varnholt has made this folder."});
+  }
 }
 
-void deleteUserData(const platform::Platform& platform) {
-  for (const auto file : DataFiles)
-    (void)platform.files.deleteFile(path(platform, file), true);
-  for (const auto folder : DataFolders)
-    (void)platform.files.deleteFolder(path(platform, folder), true);
+std::vector<std::string> deleteUserData(const platform::Platform& platform) {
+  Removal removal(platform.files);
+  for (const auto& [literal, isOurs] : DataFiles) {
+    const std::string file = path(platform, literal);
+    if (platform.files.fileExists(file)) removal.file(file, isOurs(readLines(platform.files, file)));
+  }
+  for (const auto& [literal, extension] : DataFolders) {
+    const std::string folder = path(platform, literal);
+    if (!platform.files.folderExists(folder)) continue;
+    const bool isOwn = platform.ownsProgramFolder || platform.files.fileExists(folder + std::string(OwnMark));
+    isOwn ? removal.folder(folder, extension) : removal.kept.push_back(folder);
+  }
+  return removal.kept;
 }
 
 }  // namespace varnholt::core::program_file

@@ -13,7 +13,7 @@ std::string systemTool(const Program& program, const std::string& relative) {
 }
 
 void startTool(const Program& program, const std::string& command, const std::string& folder) {
-  const auto started = program.platform.shell.start(command, folder);
+  const auto started = program.start(command, folder);
   if (!started) program.dialogs.alert(started.error().text);
 }
 

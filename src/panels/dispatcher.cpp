@@ -2,6 +2,7 @@
 
 #include "core/item_text.hpp"
 #include "core/program_files.hpp"
+#include "platform/crash_report.hpp"
 #include "platform/paths.hpp"
 
 #include <algorithm>
@@ -13,10 +14,12 @@ namespace paths = platform::paths;
 void Dispatcher::bind(const std::string& handler, std::function<void()> run) {
   const Command* row = form_.commands.find(handler);
   const int number = row ? row->number : 0;
-  form_.commands.bind(handler, [this, number, run = std::move(run)] {
+  form_.commands.bind(handler, [this, number, handler, run = std::move(run)] {
     if (busy) return;
     if (number != 0) saveLastCommand(number);
+    platform::noteDoing(handler);
     run();
+    platform::noteDoing("nothing, behind " + handler);
   });
 }
 

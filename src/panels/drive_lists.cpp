@@ -3,6 +3,7 @@
 #include "platform/paths.hpp"
 
 #include <algorithm>
+#include <memory>
 
 namespace varnholt::panels {
 namespace {
@@ -30,16 +31,35 @@ const char* driveIcon(platform::DriveType type) {
 
 void DriveLists::fill() {
   letters_ = program_.platform.drives.letters();
-  std::vector<controls::ComboBox::Item> items;
-  for (const char letter : letters_) {
-    platform::Result<platform::DriveInfo> info = platform::Error{};
-    program_.loop.runBlocking([&] { info = program_.platform.drives.info(letter); });
-    const std::string label = info && !info->label.empty() ? " [" + info->label + "]" : "";
-    items.push_back(
-        {std::string(1, letter) + ':' + label, driveIcon(info ? info->type : platform::DriveType::Unknown)});
-  }
+  items_.clear();
+  for (const char letter : letters_)
+    items_.push_back({std::string(1, letter) + ':', driveIcon(platform::DriveType::Unknown)});
+  show();
+  for (const char letter : letters_)
+    describe(letter);
+}
+
+void DriveLists::show() {
   for (Panel* panel : {&form_.Panel1, &form_.Panel2})
-    panel->controls.Drive.Items = items;
+    panel->controls.Drive.Items = items_;
+}
+
+// Each drive is asked by itself, so that one that does not answer keeps no other's name away.
+void DriveLists::describe(char letter) {
+  auto info = std::make_shared<platform::Result<platform::DriveInfo>>(platform::Error{});
+  program_.loop.runBeside(
+      [info, letter, &drives = program_.platform.drives] { *info = drives.info(letter); },
+      [this, info, letter] {
+        const auto place = std::ranges::find(letters_, letter);
+        if (!*info || place == letters_.end()) return;
+        auto& item = items_[static_cast<std::size_t>(place - letters_.begin())];
+        const std::string label = (*info)->label.empty() ? "" : " [" + (*info)->label + "]";
+        const controls::ComboBox::Item told{item.text.substr(0, 2) + label, driveIcon((*info)->type)};
+        if (item == told) return;
+        item = told;
+        show();
+        ViewDriveSelection();
+      });
 }
 
 void DriveLists::refresh() {

@@ -14,7 +14,7 @@ class DriveLists {
  public:
   DriveLists(Form1& form, core::Program& program) : form_(form), program_(program) {}
 
-  /// Fills both lists with the drives that there are.
+  /// Fills both lists with the drives that there are. Names and icons follow as the drives answer.
   void fill();
   /// Looks whether volumes have come or gone, and fills the lists again if so.
   void refresh();
@@ -27,9 +27,13 @@ class DriveLists {
   std::function<void()> drivesChanged;
 
  private:
+  void show();
+  void describe(char letter);
+
   Form1& form_;
   core::Program& program_;
   std::vector<char> letters_;
+  std::vector<controls::ComboBox::Item> items_;
 };
 
 }  // namespace varnholt::panels

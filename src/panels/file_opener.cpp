@@ -56,7 +56,7 @@ void FileOpener::open(const std::string& path) {
     program_.dialogs.alert("File Extension NOT registrated !\rMake one from Controlpanel ,Tools, FolderOptions.");
     return;
   }
-  if (program_.platform.shell.start(PathChange(command, path), paths::parent(path))) {
+  if (program_.start(PathChange(command, path), paths::parent(path))) {
     Filehis_store(path);
     return;
   }
@@ -87,8 +87,7 @@ bool FileOpener::startExplorer(const std::string& argument) {
     program_.dialogs.alert("Cannot Find Explorer.exe, - Function Exits");
     return false;
   }
-  return program_.platform.shell.start(platform::quoteArgument(explorer) + ' ' + platform::quoteArgument(argument))
-      .ok();
+  return program_.start(platform::quoteArgument(explorer) + ' ' + platform::quoteArgument(argument)).ok();
 }
 
 void FileOpener::OpenItemPath(const std::string& path) {

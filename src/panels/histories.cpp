@@ -6,6 +6,8 @@
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
+#include <map>
+#include <memory>
 
 namespace varnholt::panels {
 namespace {
@@ -15,10 +17,6 @@ namespace paths = platform::paths;
 
 std::vector<std::string> read(const core::Program& program, std::string_view literal) {
   return core::readLines(program.files(), file::path(program.platform, literal));
-}
-
-void write(const core::Program& program, std::string_view literal, const std::vector<std::string>& lines) {
-  (void)core::writeLines(program.files(), file::path(program.platform, literal), lines);
 }
 
 }  // namespace
@@ -33,6 +31,10 @@ bool History::add(const std::string& text) {
   entries_.push_back(text);
   if (entries_.size() > limit_) entries_.erase(entries_.begin());
   return true;
+}
+
+void History::remove(const std::string& text) {
+  std::erase_if(entries_, [&](const std::string& each) { return each == text; });
 }
 
 void History::assign(std::vector<std::string> entries) {
@@ -55,21 +57,43 @@ std::string Histories::lastFolder(std::string_view drive) const {
 }
 
 void Histories::load(const core::Program& program) {
-  std::vector<std::string> existing;
-  for (const auto& line : read(program, file::DirHis))
-    if (program.files().folderExists(line)) existing.push_back(paths::withClosing(line));
-  folders.assign(std::move(existing));
-  files.assign(read(program, file::FileHis));
+  std::vector<std::string> known = foldersFile_.load(program);
+  for (std::string& line : known)
+    line = paths::withClosing(line);
+  folders.assign(std::move(known));
+  files.assign(filesFile_.load(program));
   compareRight.assign(read(program, file::CompHis_R));
   compareLeft.assign(read(program, file::CompHis_L));
-  for (const auto& line : read(program, file::GetFolders))
+  for (const auto& line : lastFoldersFile_.load(program))
     noteLastFolder(line);
 }
 
-void Histories::store(const core::Program& program) const {
-  write(program, file::DirHis, folders.entries());
-  write(program, file::FileHis, files.entries());
-  write(program, file::GetFolders, lastFolders);
+void Histories::forgetVanished(const core::Program& program, std::function<void()> changed) {
+  std::map<std::string, std::vector<std::string>> byDrive;
+  for (const auto& folder : folders.entries())
+    byDrive[paths::driveOf(folder)].push_back(folder);
+  for (auto& [drive, asked] : byDrive) {
+    auto gone = std::make_shared<std::vector<std::string>>(std::move(asked));
+    program.loop.runBeside(
+        [gone, &disk = program.platform.files] {
+          std::erase_if(*gone, [&](const std::string& folder) { return disk.folderExists(folder); });
+        },
+        [this, gone, changed] {
+          for (const auto& folder : *gone)
+            folders.remove(folder);
+          if (!gone->empty()) changed();
+        });
+  }
+}
+
+platform::Result<void> Histories::storeFolders(const core::Program& program) {
+  return foldersFile_.store(program, folders.entries(), folders.limit());
+}
+
+void Histories::store(const core::Program& program) {
+  (void)storeFolders(program);
+  (void)filesFile_.store(program, files.entries(), files.limit());
+  (void)lastFoldersFile_.store(program, lastFolders, lastFolders.size(), paths::driveOf);
 }
 
 }  // namespace varnholt::panels

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "core/program.hpp"
+#include "core/program_files.hpp"
+#include "core/shared_lines.hpp"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,8 +20,10 @@ class History {
   bool add(const std::string& text);
   void assign(std::vector<std::string> entries);
   void clear() { entries_.clear(); }
+  std::size_t limit() const { return limit_; }
   const std::vector<std::string>& entries() const { return entries_; }
   bool contains(const std::string& text) const;
+  void remove(const std::string& text);
 
  private:
   std::size_t limit_;
@@ -37,10 +42,19 @@ struct Histories {
   /// The last folder of a drive ("C:"); empty when it has none.
   std::string lastFolder(std::string_view drive) const;
 
-  /// Reads the files that are there; folders that are gone are left out of the folder history.
+  /// Reads the files that are there.
   void load(const core::Program& program);
+  /// Takes folders that are gone out of the folder history, as the drives answer; one that does not keeps its folders.
+  /// `changed` is called after each that took some out.
+  void forgetVanished(const core::Program& program, std::function<void()> changed);
   /// Writes the three files that are saved at exit.
-  void store(const core::Program& program) const;
+  void store(const core::Program& program);
+  /// Writes `DirHis.Dat` alone.
+  platform::Result<void> storeFolders(const core::Program& program);
+
+ private:
+  core::SharedLines foldersFile_{core::program_file::DirHis}, filesFile_{core::program_file::FileHis},
+      lastFoldersFile_{core::program_file::GetFolders};
 };
 
 }  // namespace varnholt::panels

@@ -132,18 +132,25 @@ void MainWindowStart::applyCommands() {
 
 // --- History files -------------------------------------------------------------------------------------------------
 
+void MainWindowStart::showFolderHistory() {
+  auto& combo = p_.form.ImageCombo1;
+  const std::string shown = combo.Text;
+  combo.Clear();
+  for (const auto& folder : p_.histories.folders.entries()) {
+    combo.AddItem(paths::withoutClosing(folder), "folder");
+    if (combo.Items->back().text == shown) combo.choose(static_cast<int>(combo.Items->size()) - 1);
+  }
+  if (!combo.Items->empty()) return;
+  combo.AddItem(paths::withoutClosing(p_.form.Panel2.path()), "folder");
+  combo.choose(0);
+}
+
 void MainWindowStart::LoadHistoryFiles() {
   p_.looks.colors = {};
   core::LoadEnvironmentFolders(p_.program.platform, p_.program.dialogs, p_.program.folders);
   p_.histories.load(p_.program);
-  auto& combo = p_.form.ImageCombo1;
-  combo.Clear();
-  for (const auto& folder : p_.histories.folders.entries())
-    combo.AddItem(paths::withoutClosing(folder), "folder");
-  if (combo.Items->empty()) {
-    combo.AddItem(paths::withoutClosing(p_.form.Panel2.path()), "folder");
-    combo.choose(0);
-  }
+  showFolderHistory();
+  p_.histories.forgetVanished(p_.program, [this] { showFolderHistory(); });
   if (p_.form.seams.loadStores) p_.form.seams.loadStores();
 
   const std::string system = paths::join(p_.program.folders.windir, "system32");

@@ -47,6 +47,7 @@ class MainWindowStart {
   std::string existingDrive(const std::string& drive);
   void setColumns();
   void applyCommands();
+  void showFolderHistory();
 
   Parts p_;
   bool activated_ = false;

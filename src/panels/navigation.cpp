@@ -1,8 +1,6 @@
 #include "panels/navigation.hpp"
 
 #include "core/item_text.hpp"
-#include "core/program_files.hpp"
-#include "core/text_file.hpp"
 #include "platform/paths.hpp"
 
 #include <algorithm>
@@ -330,8 +328,7 @@ void Navigation::savefolder_his_Click() {
     program_.dialogs.inform("No Folder History To Store !");
     return;
   }
-  const std::string file = core::program_file::path(program_.platform, core::program_file::DirHis);
-  if (const auto written = core::writeLines(program_.files(), file, histories_.folders.entries()); !written) {
+  if (const auto written = histories_.storeFolders(program_); !written) {
     program_.dialogs.alert("Folder History Not Stored !, - " + written.error().text);
     return;
   }

@@ -166,14 +166,14 @@ void PanelKeys::runLine() {
     command = platform::quoteArgument(*path);
     if (p_.program.files().folderExists(*path))
       command = platform::quoteArgument(paths::join(p_.program.folders.windir, "explorer.exe")) + ' ' + command;
-    else if (openFile && !p_.program.platform.shell.start(command)) {
+    else if (openFile && !p_.program.start(command)) {
       openFile(*path);
       return;
     } else {
       return;
     }
   }
-  if (const auto started = p_.program.platform.shell.start(command); !started)
+  if (const auto started = p_.program.start(command); !started)
     p_.program.dialogs.alert("Cannot Start Command Line !, - " + started.error().text);
 }
 

@@ -3,6 +3,8 @@
 #include "core/program_files.hpp"
 #include "core/temp_folders.hpp"
 
+#include <algorithm>
+
 namespace varnholt::panels {
 namespace {
 
@@ -165,6 +167,17 @@ void ProgramState::ReturnDefault_Click() {
   Command10_Click();
 }
 
+// A text of its own, which stays until it is read: the one behind it goes away by itself.
+void ProgramState::tellKept(const std::vector<std::string>& kept) {
+  constexpr std::size_t MostTold = 10;
+  if (kept.empty()) return;
+  std::string text = "These were not made by Varnholt, or hold your files, and stay:";
+  for (std::size_t at = 0; at < std::min(kept.size(), MostTold); ++at)
+    text += "\r" + kept[at];
+  if (kept.size() > MostTold) text += "\rand " + std::to_string(kept.size() - MostTold) + " more";
+  program_.dialogs.alert(text);
+}
+
 void ProgramState::Peruninstall_Click() {
   const bool sure = program_.dialogs.AskRetry("Warning: Are you About to Prepare for Uninstall. !\r"
                                               "All Program related settings/data will be deleted !\r"
@@ -179,7 +192,7 @@ void ProgramState::Peruninstall_Click() {
   }
   (void)program_.platform.settings.removeApplication(core::MainApplication);
   (void)program_.platform.settings.removeApplication(core::PresetsApplication);
-  core::program_file::deleteUserData(program_.platform);
+  tellKept(core::program_file::deleteUserData(program_.platform));
   program_.dialogs.inform("System Cleaned before Uninstall !");
   end();
 }

@@ -6,6 +6,8 @@
 #include "panels/tree_window.hpp"
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace varnholt::panels {
 
@@ -40,6 +42,7 @@ class ProgramState {
 
  private:
   void collectFromMenus();
+  void tellKept(const std::vector<std::string>& kept);
   void end();
 
   Form1& form_;

@@ -12,8 +12,9 @@ namespace varnholt::platform {
 class FileTypes {
  public:
   virtual ~FileTypes() = default;
-  /// The open command of a file name's type with its file mark written "%1" (`gimp "%1"`). The extension may come
-  /// with or without its point. NotFound: no program is registered.
+  /// The open command of a file name's type with its file mark written "%1": `paint "%1"` from the registry, or
+  /// `"desktop:org.gimp.desktop" "%1"` for an entry of the desktop, which the shell has the desktop's library launch.
+  /// The extension may come with or without its point. NotFound: no program is registered.
   virtual Result<std::string> openCommand(std::string_view extension) const = 0;
   /// A type's description in words ("PNG image"); the empty text when unknown.
   virtual std::string description(std::string_view extension) const = 0;

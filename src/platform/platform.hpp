@@ -35,6 +35,12 @@ struct Platform {
   std::vector<std::string> startNotices;  ///< what the user must hear: a damaged settings file set aside, and alike
   /// Paths as other programs know them, for what is handed to them or comes from them. Empty text: no such path.
   std::function<std::string(const std::string&)> toSystem = {}, toProgram = {};
+  /// Runs the call while no other running copy of the program runs one; waits for that two seconds at most.
+  std::function<void(const std::function<void()>& call)> alone = [](const auto& call) { call(); };
+  /// Clears away what killed copies of the program left where they worked. Asks drives, so that it may not return.
+  std::function<void()> clearLeftovers = [] {};
+  /// False in portable use, where the user keeps files of his own beside the program.
+  bool ownsProgramFolder = true;
 };
 
 /// Owns one implementation of each interface and hands them out.

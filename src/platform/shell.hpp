@@ -20,7 +20,8 @@ inline std::string quoteArgument(std::string_view text) {
 /// Starts external programs. The first word or quoted part of a command names the program; arguments that are
 /// drive-letter paths (also inside quotes) are handed over as system paths, everything else as it is. Blanks separate
 /// outside quotes, and a doubled quote inside quotes is one quote; a backslash escapes nothing, since folders end in
-/// one. Nothing passes through a command interpreter.
+/// one. Nothing passes through a command interpreter. A program written `desktop:NAME` is the desktop entry of that
+/// name, launched as its author has written it, with the arguments as its files.
 class Shell {
  public:
   virtual ~Shell() = default;

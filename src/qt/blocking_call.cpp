@@ -1,8 +1,13 @@
 #include "qt/blocking_call.hpp"
 
 #include <QCoreApplication>
-#include <QEvent>
+#include <QDropEvent>
 #include <QPointer>
+#include <QWidget>
+#include <QWindow>
+
+#include <chrono>
+#include <system_error>
 
 namespace varnholt::qt {
 namespace {
@@ -22,9 +27,6 @@ bool isInput(QEvent::Type type) {
   case QEvent::TouchBegin:
   case QEvent::TouchUpdate:
   case QEvent::TouchEnd:
-  case QEvent::DragEnter:
-  case QEvent::DragMove:
-  case QEvent::Drop:
   case QEvent::Close:
     return true;
   default:
@@ -32,10 +34,19 @@ bool isInput(QEvent::Type type) {
   }
 }
 
-// What comes again by itself, or makes no sense later.
-bool isForgotten(QEvent::Type type) {
-  return type == QEvent::MouseMove || type == QEvent::ShortcutOverride || type == QEvent::DragMove;
+bool isDrag(QEvent::Type type) { return type == QEvent::DragEnter || type == QEvent::DragMove || type == QEvent::Drop; }
+
+void refuse(QObject& receiver, QDropEvent& drag) {
+  drag.setDropAction(Qt::IgnoreAction);
+  drag.ignore();
+  if (drag.type() != QEvent::Drop) return;
+  // What took the drag in before must not wait for its drop any more.
+  QDragLeaveEvent leave;
+  QCoreApplication::sendEvent(&receiver, &leave);
 }
+
+// What comes again by itself, or makes no sense later.
+bool isForgotten(QEvent::Type type) { return type == QEvent::MouseMove || type == QEvent::ShortcutOverride; }
 
 }  // namespace
 
@@ -52,11 +63,66 @@ InputHold::~InputHold() {
     if (held.receiver) QCoreApplication::postEvent(held.receiver, held.event.release());
 }
 
+bool InputHold::isExcepted(const QObject* receiver) const {
+  if (!excepted_) return false;
+  if (receiver == excepted_->windowHandle()) return true;
+  const auto* widget = qobject_cast<const QWidget*>(receiver);
+  return widget && widget->window() == excepted_;
+}
+
 bool InputHold::eventFilter(QObject* watched, QEvent* event) {
-  if (!isInput(event->type())) return false;
+  if (isDrag(event->type())) {
+    refuse(*watched, static_cast<QDropEvent&>(*event));
+    return true;
+  }
+  if (!isInput(event->type()) || isExcepted(watched)) return false;
+  if (event->type() == QEvent::Close && closing) closing();
   if (!isForgotten(event->type())) held_.push_back({watched, std::unique_ptr<QEvent>(event->clone())});
   event->setAccepted(true);
   return true;
+}
+
+// --- Aside ---------------------------------------------------------------------------------------------------------
+
+/// Outlives the object for calls that have not returned when it goes.
+struct Aside::Shared {
+  std::mutex mutex;
+  QObject* receiver = nullptr;
+  int running = 0;
+};
+
+Aside::Aside() : shared_(std::make_shared<Shared>()) { shared_->receiver = new QObject; }
+
+Aside::~Aside() {
+  // A call that is about to return uses what goes next.
+  for (int waits = 0; waits < 100 && busy(); ++waits)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  const std::lock_guard lock(shared_->mutex);
+  delete std::exchange(shared_->receiver, nullptr);
+}
+
+bool Aside::busy() const {
+  const std::lock_guard lock(shared_->mutex);
+  return shared_->running > 0;
+}
+
+void Aside::run(std::function<void()> call, std::function<void()> done) {
+  {
+    const std::lock_guard lock(shared_->mutex);
+    ++shared_->running;
+  }
+  const auto work = [shared = shared_, call = std::move(call), done = std::move(done)] {
+    call();
+    const std::lock_guard lock(shared->mutex);
+    --shared->running;
+    if (shared->receiver) QMetaObject::invokeMethod(shared->receiver, done, Qt::QueuedConnection);
+  };
+  try {
+    std::thread(work).detach();
+  } catch (const std::system_error&) {
+    // No thread to be had: rather late than never.
+    work();
+  }
 }
 
 // --- Helper --------------------------------------------------------------------------------------------------------

@@ -12,21 +12,44 @@
 #include <vector>
 
 class QEvent;
+class QWidget;
 
 namespace varnholt::qt {
 
-/// Holds back what the user does while it lives: mouse, keys, touch, drops and the close box wait and reach their
-/// receivers afterwards in their order; mere mouse movement is forgotten. Leaving input to the event loop's own
+/// Holds back what the user does while it lives: mouse, keys, touch and the close box wait and reach their receivers
+/// afterwards in their order; mere mouse movement is forgotten. Drags are refused: their data are gone by then, and the
+/// other program must not hear that its files were taken. Leaving input to the event loop's own
 /// exclusion is not enough: posted events and those of accessibility tools pass it.
 class InputHold : public QObject {
  public:
   InputHold();
   ~InputHold() override;
+  std::function<void()> closing;  ///< called for each close box
+  /// One window takes input all the same.
+  void except(const QWidget* window) { excepted_ = window; }
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Held;
+  bool isExcepted(const QObject* receiver) const;
+
+  const QWidget* excepted_ = nullptr;
   std::vector<Held> held_;
+};
+
+/// Calls that nobody waits for, each on a thread of its own.
+class Aside {
+ public:
+  Aside();
+  ~Aside();
+  /// `done` is called on the thread of this object at a later turn, unless it has gone by then.
+  void run(std::function<void()> call, std::function<void()> done);
+  /// Some have not returned yet.
+  bool busy() const;
+
+ private:
+  struct Shared;
+  std::shared_ptr<Shared> shared_;
 };
 
 /// One helper thread that runs calls in their order. It is started with the first call.

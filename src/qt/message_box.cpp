@@ -81,7 +81,8 @@ void standOn(QMessageBox& drawn, const QWidget* caller) {
 
 }  // namespace
 
-MessageAnswer showMessageBox(const controls::MessageBox& box, const QWidget* caller) {
+MessageAnswer showMessageBox(const controls::MessageBox& box, const QWidget* caller,
+                             const std::function<void(QDialog&)>& opening) {
   // No child of the caller, which may go away while the box is open.
   QMessageBox drawn;
   drawn.setObjectName(QStringLiteral("MessageBox"));
@@ -92,6 +93,7 @@ MessageAnswer showMessageBox(const controls::MessageBox& box, const QWidget* cal
   if (const char* icon = iconOf(box.icon); *icon) drawn.setIconPixmap(iconNamed(icon).pixmap(side, side));
   addButtons(drawn, box);
   standOn(drawn, caller);
+  if (opening) opening(drawn);
   return answerOf(drawn.exec(), box.buttons);
 }
 

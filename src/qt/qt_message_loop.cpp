@@ -6,11 +6,13 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QDialog>
 #include <QPointer>
 #include <QScreen>
 #include <QSemaphore>
 
 #include <algorithm>
+#include <chrono>
 
 namespace varnholt::qt {
 namespace {
@@ -19,6 +21,9 @@ constexpr int FrameMilliseconds = 16;
 // A call that ends within this time is simply waited for: nobody sees a window that stands still for two frames, and
 // thousands of short calls cost no event loop each.
 constexpr int ShortCallMilliseconds = 30;
+constexpr std::chrono::milliseconds QueuedInput{500};
+// How long a call may go on behind the close box.
+constexpr std::chrono::milliseconds Patience{2000};
 
 const QWidget* callerWindow() {
   if (const QWidget* modal = QApplication::activeModalWidget()) return modal;
@@ -166,7 +171,9 @@ void QtMessageLoop::updatePointer() {
 
 void QtMessageLoop::giveTurn() {
   if (!sinceDrawn_.isValid() || sinceDrawn_.elapsed() >= FrameMilliseconds) flush();
+  ++turns_;
   QCoreApplication::processEvents();
+  --turns_;
 }
 
 bool QtMessageLoop::isModal(const controls::Form& form) const {
@@ -198,18 +205,64 @@ void QtMessageLoop::runModal(controls::Form& form) {
   if (caller && caller->isVisible() && !quitting_) caller->activateWindow();
 }
 
+void QtMessageLoop::runBeside(std::function<void()> call, std::function<void()> done) {
+  aside_.run(std::move(call), [this, done = std::move(done)] { later(done); });
+}
+
+// The close box waits like all input. When the call goes on as if nobody had asked, its drive does not answer, and the
+// user leaves without it. Behind the close box of a dialog he may have meant less than that.
+void QtMessageLoop::leaveUnlessItReturns(InputHold& hold, unsigned call) {
+  if (!leave_ || leaving_) return;
+  leaving_ = true;
+  QTimer::singleShot(Patience, this, [this, &hold, call] {
+    if (isRunning(call) && (!QApplication::activeModalWidget() || mayLeave(hold, call))) leave_();
+    leaving_ = false;
+  });
+}
+
+bool QtMessageLoop::mayLeave(InputHold& hold, unsigned call) {
+  QTimer returned;
+  const auto opening = [&](QDialog& question) {
+    connect(&returned, &QTimer::timeout, &question, [this, &question, call] {
+      if (!isRunning(call)) question.reject();
+    });
+    returned.start(FrameMilliseconds);
+    hold.except(&question);
+  };
+  const auto answer = showMessageBox({"Alert !", "A drive does not answer.\r\rEnd Varnholt without waiting for it ?",
+                                      controls::MessageIcon::Exclamation, controls::MessageButtons::YesNo},
+                                     QApplication::activeModalWidget(), opening);
+  hold.except(nullptr);
+  return answer == controls::MessageAnswer::Yes && isRunning(call);
+}
+
 void QtMessageLoop::runBlocking(const std::function<void()>& call) {
+  // Somebody works on although a call does not return: the state is stored in front of the end.
+  if (blocked_ > 0) return call();
   QSemaphore done;
   QEventLoop loop;
+  const unsigned number = ++calls_;
+  running_ = number;
   ++blocked_;
   helper_.run(call, [&] {
+    running_ = 0;
     QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     done.release();
   });
   if (!done.tryAcquire(1, ShortCallMilliseconds)) {
     flush();
-    const InputHold hold;
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    InputHold hold;
+    hold.closing = [&] { leaveUnlessItReturns(hold, number); };
+    // The window system's input waits best in its own queue; but there the close box of a call that takes long is never
+    // seen.
+    QEventLoop::ProcessEventsFlags events = QEventLoop::ExcludeUserInputEvents;
+    QTimer::singleShot(QueuedInput, &loop, [&] {
+      events = QEventLoop::AllEvents;
+      loop.quit();
+    });
+    do
+      loop.exec(events);
+    while (isRunning(number) && !quitting_);
     done.acquire();
   }
   if (--blocked_ == 0 && !laterCalls_.empty()) laterTimer_.start(0);

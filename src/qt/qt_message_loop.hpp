@@ -12,6 +12,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include <atomic>
 #include <deque>
 #include <functional>
 #include <map>
@@ -41,6 +42,13 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
   void giveTurn() override;
   void runModal(controls::Form& form) override;
   void runBlocking(const std::function<void()>& call) override;
+  void runBeside(std::function<void()> call, std::function<void()> done) override;
+  /// What stores the program's state and ends the process when the user leaves and a call does not return.
+  void setLeave(std::function<void()> leave) { leave_ = std::move(leave); }
+  /// True while handlers are at work or a dialog is open.
+  bool isBusy() const { return blocked_ > 0 || turns_ > 0 || !modals_.empty(); }
+  /// Calls beside the window have not returned yet; what they use must not go.
+  bool hasCallsBeside() const { return aside_.busy(); }
   controls::MessageAnswer show(const controls::MessageBox& box) override;
   void quit() override;
   void later(std::function<void()> call) override;
@@ -82,6 +90,9 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
   void tick(controls::Form& form, const controls::Timer& timer);
   void runLaterCalls();
   void updatePointer();
+  bool mayLeave(InputHold& hold, unsigned call);
+  void leaveUnlessItReturns(InputHold& hold, unsigned call);
+  bool isRunning(unsigned call) const { return running_ == call; }
   void readScreen();
   bool isModal(const controls::Form& form) const;
 
@@ -91,10 +102,14 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
   Pictures pictures_;
   DragAndDrop dragAndDrop_;
   Helper helper_;
+  Aside aside_;
+  std::function<void()> leave_;
   QTimer drawTimer_, laterTimer_;
   QElapsedTimer sinceDrawn_;
-  int blocked_ = 0;
-  bool quitting_ = false;
+  int blocked_ = 0, turns_ = 0;
+  unsigned calls_ = 0;                 ///< of runBlocking so far
+  std::atomic<unsigned> running_ = 0;  ///< the number of the one that has not returned, else 0
+  bool quitting_ = false, leaving_ = false;
   std::optional<int> shownPointer_;
 };
 

@@ -1,31 +1,50 @@
 #include "qt/run_program.hpp"
 
 #include "qt/icons.hpp"
+#include "qt/leave_signals.hpp"
 #include "qt/theme.hpp"
 
 #include <QApplication>
 #include <QTimer>
 
 #include <chrono>
+#include <cstdlib>
 
 namespace varnholt::qt {
 namespace {
 constexpr std::chrono::milliseconds IconDelay{150};
 }
 
-int runProgram(int argc, char** argv, const std::function<std::shared_ptr<void>(QtMessageLoop&)>& start) {
+int runProgram(int argc, char** argv, const StartProgram& start) {
   QApplication::setApplicationName(QStringLiteral("varnholt"));
   QGuiApplication::setDesktopFileName(QStringLiteral("varnholt"));
   // Fusion is set below; without a name here the toolkit would first load the desktop's own style.
   QApplication::setStyle(new theme::Style);
+  // The toolkit takes its own arguments out.
   const QApplication application(argc, argv);
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
   theme::apply();
   // Window managers get the icon drawn in four sizes, which takes as long as the first window itself: it comes after.
   QTimer::singleShot(IconDelay, &application, [] { QApplication::setWindowIcon(iconNamed("varnholt")); });
   QtMessageLoop loop;
-  std::shared_ptr<void> program;
-  loop.later([&] { program = start(loop); });
-  return loop.exec();
+  std::unique_ptr<RunningProgram> program;
+  const auto store = [&] {
+    if (program) program->storeState();
+  };
+  // Destructors would wait for what is at work, and a handler on the stack cannot be left in another way.
+  const auto leaveNow = [&] {
+    store();
+    std::_Exit(EXIT_SUCCESS);
+  };
+  loop.setLeave(leaveNow);
+  LeaveSignals signals;
+  signals.store = store;
+  signals.leave = [&] { program && !loop.isBusy() ? program->leave() : leaveNow(); };
+  loop.later([&] { program = start(loop, arguments); });
+  const int code = loop.exec();
+  if (loop.hasCallsBeside()) std::_Exit(code);  // a drive that does not answer holds up a call that uses the program
+  program.reset();
+  return code;
 }
 
 }  // namespace varnholt::qt

@@ -1,8 +1,10 @@
 #include "support/app_rig.hpp"
 
+#include "app/arguments.hpp"
 #include "core/diagnostic_log.hpp"
 #include "core/program_files.hpp"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace varnholt::app {
@@ -10,6 +12,7 @@ namespace {
 
 using controls::MessageAnswer;
 using test::AppRig;
+using Names = std::vector<std::string>;
 using test::ScopedVariable;
 
 class StartTest : public testing::Test {
@@ -212,6 +215,62 @@ TEST_F(StartTest, HistoriesComeBackWithoutWhatIsGone) {
   EXPECT_EQ(readProgramFile(core::program_file::GetFolders), "C:\\\r\n");
 }
 
+TEST_F(StartTest, TwoRunningCopiesLoseNoneOfEachOthersHistory) {
+  const auto write = [&](std::string_view literal, const std::string& text) {
+    ASSERT_TRUE(rig.platform->files.writeFile(programFile(literal), text));
+  };
+  write(core::program_file::FileHis, "C:\\old.txt\r\nC:\\taken out.txt\r\n");
+  write(core::program_file::GetFolders, "C:\\\r\nD:\\was\\\r\n");
+  ASSERT_TRUE(rig.start());
+  AppRig other(rig.scratch.path());
+  ASSERT_TRUE(other.start());
+  rig.app().histories.files.add("C:\\ours.txt");
+  rig.app().histories.files.remove("C:\\taken out.txt");
+  other.app().histories.files.add("C:\\theirs.txt");
+  other.app().histories.files.add("c:\\OURS.txt");
+  other.app().histories.noteLastFolder("D:\\theirs");
+  other.form().closeFromUser();
+  closeWindow();
+  EXPECT_EQ(readProgramFile(core::program_file::FileHis), "C:\\old.txt\r\nC:\\theirs.txt\r\nC:\\ours.txt\r\n");
+  EXPECT_NE(readProgramFile(core::program_file::GetFolders).find("D:\\theirs\\"), std::string::npos);
+}
+
+TEST_F(StartTest, FoldersOfTheCommandLineAreShownLeftAndRight) {
+  rig.write("C:\\Photos\\coast.jpg");
+  rig.makeFolder("D:\\Old");
+  rig.startLeft();
+  rig.app().openFolders({rig.systemPath("C:\\Photos\\coast.jpg"), "D:\\old"});
+  EXPECT_EQ(rig.form().Panel1.path(), "C:\\Photos\\");
+  EXPECT_EQ(rig.form().Panel2.path(), "D:\\Old\\");
+  rig.loop.whenShows("Form12").reads("Label1", "Folder Not Found !\rC:\\gone\r").press("Command11");
+  rig.app().openFolders({rig.systemPath("C:\\gone")});
+  EXPECT_EQ(rig.form().Panel1.path(), "C:\\Photos\\");
+}
+
+TEST(Arguments, AreAnsweredWithoutAWindowOrNameFolders) {
+  using List = std::vector<std::string>;
+  struct Case {
+    List arguments;
+    std::string begins;
+    int code;
+  };
+  for (const auto& [arguments, begins, code] :
+       std::initializer_list<Case>{{{"--help"}, "Usage: varnholt [LEFT [RIGHT]]", 0},
+                                   {{"/tmp", "--version"}, "Varnholt " + core::programVersion() + "\n", 0},
+                                   {{"--nonsense"}, "varnholt: no such option: --nonsense\nUsage", 2},
+                                   {{"a", "b", "c"}, "varnholt: more than two folders", 2}}) {
+    const auto answer = answerWithoutWindow(arguments);
+    ASSERT_TRUE(answer) << begins;
+    EXPECT_TRUE(answer->text.starts_with(begins)) << answer->text;
+    EXPECT_EQ(answer->exitCode, code);
+  }
+  for (const auto& arguments : {List{}, List{"/a"}, List{"/a", "/b"}, List{"-platform", "xcb", "/a", "/b"}})
+    EXPECT_FALSE(answerWithoutWindow(arguments));
+  const std::string here = std::filesystem::current_path();
+  EXPECT_EQ(foldersNamed({"--", "--odd", "c:\\x"}), (List{here + "/--odd", "C:\\x"}));
+  EXPECT_EQ(foldersNamed({"/a/../b", "."}).front(), "/b");
+}
+
 TEST_F(StartTest, WithoutAutoSaveTheHistoriesStayAsTheyAre) {
   ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\n"));
   ASSERT_TRUE(rig.start());
@@ -271,16 +330,56 @@ TEST_F(StartTest, UninstallingNeedsTwoConfirmations) {
       .reads("Label1", "All Personal program data are Lost !\rUninstall program from windows control panel "
                        "afterwards.\rARE YOU QUIT SURE ?")
       .press("Command11");
+  rig.loop.whenShows("Form12")
+      .run([](controls::Form& form) {
+        EXPECT_TRUE(dynamic_cast<core::Form12&>(form).Label1.Caption->ends_with("\\Collections\\mine.txt\r"));
+      })
+      .press("Command11");
   rig.loop.whenShows("Form13")
       .reads("Caption", "Information")
       .reads("Label1", "System Cleaned before Uninstall !")
       .run([&](controls::Form&) { rig.form().Timer2.Tick(); });
+  const std::string mine = programFile(core::program_file::Collections) + "\\mine.txt";
+  ASSERT_TRUE(rig.platform->files.writeFile(mine, "mine"));
   rig.menu("Peruninstall").choose();
   EXPECT_TRUE(rig.loop.quitAsked);
+  EXPECT_TRUE(rig.platform->files.fileExists(mine));
   EXPECT_FALSE(rig.platform->files.folderExists(programFile(core::program_file::Notes)));
   EXPECT_FALSE(rig.platform->files.fileExists(programFile(core::program_file::Log)));
   EXPECT_TRUE(rig.platform->files.fileExists(programFile(core::program_file::Line34)));
   EXPECT_EQ(setting(core::setting::Tip_State), "0") << "the store is empty again";
+}
+
+TEST_F(StartTest, UninstallingLeavesTheUsersOwnFilesAndNamesThem) {
+  // Portable use in a home folder: some of the folders were the user's before the program came.
+  auto portable = *rig.platform;
+  portable.ownsProgramFolder = false;
+  auto& files = portable.files;
+  const auto at = [&](const char* name) { return programFile(name); };
+  const auto write = [&](const char* name, const char* text) { ASSERT_TRUE(files.writeFile(at(name), text)) << name; };
+  ASSERT_TRUE(files.createFolder(at("\\Notes")));
+  core::program_file::makeFolders(portable);
+  ASSERT_TRUE(files.createFolder(at("\\SwapTmp\\half a swap")));
+  ASSERT_TRUE(files.createFolder(at("\\Favorites\\Work")));
+  for (const char* ours : {"\\Bookmarks\\a.Bmk", "\\VDT_Projects\\Default.Pro", "\\Favorites\\Work\\a.url"})
+    write(ours, "x");
+  write("\\FileHis.Dat", "C:\\a.txt\r\n");
+  const Names users = {at("\\Temp.Url"), at("\\Favorites\\list.txt"), at("\\Notes"), at("\\Tmp\\moved once.txt"),
+                       at("\\SwapTmp\\half a swap")};
+  write("\\Temp.Url", "my own address");
+  write("\\Favorites\\list.txt", "mine");
+  write("\\Notes\\diary.txt", "Dear diary");
+  write("\\Notes\\letter.rtf", "written elsewhere");
+  write("\\Tmp\\moved once.txt", "the only copy");
+
+  EXPECT_EQ(core::program_file::deleteUserData(portable), users);
+  for (const auto& kept : users)
+    EXPECT_TRUE(files.fileExists(kept) || files.folderExists(kept)) << kept;
+  for (const char* name : {"\\Notes\\diary.txt", "\\Notes\\letter.rtf"})
+    EXPECT_TRUE(files.fileExists(at(name))) << name;
+  for (const char* gone : {"\\Bookmarks", "\\VDT_Projects", "\\Favorites\\Work", "\\Collections"})
+    EXPECT_FALSE(files.folderExists(at(gone))) << gone;
+  EXPECT_FALSE(files.fileExists(at("\\FileHis.Dat")));
 }
 
 TEST_F(StartTest, LeavingCleansOnlyTheProgramsOwnTemporaryFiles) {

@@ -78,7 +78,7 @@ class Program:
 
     # --- Life --------------------------------------------------------------------------------------------------
 
-    def spawn(self):
+    def spawn(self, *arguments):
         environment = dict(os.environ)
         environment.update(
             VARNHOLT_DRIVES=f"C={self.home};D={self.second};Z=/",
@@ -87,7 +87,7 @@ class Program:
             HOME=self.home,
             LC_ALL="C.UTF-8",
         )
-        self.process = subprocess.Popen([self.executable], env=environment, stderr=subprocess.DEVNULL)
+        self.process = subprocess.Popen([self.executable, *arguments], env=environment, stderr=subprocess.DEVNULL)
 
     def start(self, tip=False):
         self.spawn()

@@ -1,4 +1,5 @@
 #include "operation_test.hpp"
+#include "platform/forwarding_file_system.hpp"
 
 namespace varnholt::fileops {
 namespace {
@@ -20,6 +21,57 @@ class DeleteTest : public OperationTest {
   /// Steps are nested: the dialog stays open while its button works.
   void run() { rig.command("Command4_Click"); }
 };
+
+/// A drive of which every call must be one that windows can wait for.
+class SlowDrive : public platform::ForwardingFileSystem {
+ public:
+  SlowDrive(platform::FileSystem& base, const test::ScriptedLoop& loop) : ForwardingFileSystem(base), loop_(loop) {}
+  platform::Result<platform::EntryInfo> info(const std::string& path) const override {
+    return asked(path), base_.info(path);
+  }
+  bool fileExists(const std::string& path) const override { return asked(path), base_.fileExists(path); }
+  bool folderExists(const std::string& path) const override { return asked(path), base_.folderExists(path); }
+  platform::Result<std::uint64_t> fileSize(const std::string& path) const override {
+    return asked(path), base_.fileSize(path);
+  }
+  platform::Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
+                                  const platform::Progress& progress) override {
+    return asked(to), base_.copyFile(from, to, overwrite, progress);
+  }
+  platform::Result<void> moveFile(const std::string& from, const std::string& to,
+                                  const platform::Progress& progress) override {
+    return asked(from), base_.moveFile(from, to, progress);
+  }
+  platform::Result<void> deleteFile(const std::string& path, bool force) override {
+    return asked(path), base_.deleteFile(path, force);
+  }
+
+ private:
+  void asked(const std::string& path) const { EXPECT_TRUE(loop_.blocked > 0 || !path.starts_with("D:")) << path; }
+  const test::ScriptedLoop& loop_;
+};
+
+TEST_F(DeleteTest, ADriveThatDoesNotAnswerHoldsUpNoWindow) {
+  rig.useFiles([this](platform::FileSystem& real) { return std::make_unique<SlowDrive>(real, rig.loop); });
+  for (const char* file : {"D:\\From\\a.txt", "D:\\From\\b.txt", "D:\\From\\c.txt"})
+    rig.write(file);
+  rig.makeFolder("D:\\To");
+  rig.startLeft();
+  select({"a"}, "D:\\From", "D:\\To");
+  starts("Form3");
+  rig.command("Command1_Click");
+  select({"b"}, "D:\\From", "D:\\To");
+  starts("Form5");
+  rig.command("Command3_Click");
+  select({"c"}, "D:\\From", "D:\\To");
+  starts("Form4");
+  confirms(1);
+  run();
+  starts("Form3");
+  ops().dropFiles(left(), {"D:\\To\\b.txt"}, false);
+  EXPECT_TRUE(rig.exists("D:\\To\\a.txt") && rig.exists("D:\\To\\b.txt") && rig.exists("D:\\From\\b.txt"));
+  EXPECT_FALSE(rig.exists("D:\\From\\c.txt"));
+}
 
 TEST_F(DeleteTest, TheDialogTellsWhereItDeletes) {
   rig.write("C:\\From\\a.txt");

@@ -1,6 +1,7 @@
 #include "platform/posix/file_types.hpp"
 
 #include "platform/posix/registry.hpp"
+#include "platform/posix/shell.hpp"
 
 #include "support/scratch_folder.hpp"
 
@@ -14,34 +15,17 @@
 namespace varnholt::platform::posix {
 namespace {
 
-TEST(ExecLine, BecomesACommandOfOurs) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"gimp %U", "gimp \"%1\""},
-      {"gimp %f", "gimp \"%1\""},
-      {"eog", "eog"},
-      {"viewer --open=%u -x", "viewer \"--open=%1\" -x"},
-      {"app %i -caption %c %k %F", "app -caption \"%1\""},
-      {"app %d %D %n %N %v %m %f", "app \"%1\""},
-      {"\"/opt/my app/run\" %f", "\"/opt/my app/run\" \"%1\""},
-      {"app 100%% %f", "app 100% \"%1\""},
-      {"sh -c \"echo \\\"\\$1\\\"\" %f", "sh -c \"echo \"\"$1\"\"\" \"%1\""},
-      {"app \"\" %f", "app \"\" \"%1\""},
-      {"app %", "app %"},
-      {"", ""},
-      {"app \"not closed", ""},
-  };
-  for (const auto& [exec, command] : cases)
-    EXPECT_EQ(commandFromExec(exec), command) << exec;
-}
-
 // The desktop's databases are read once a process, so each check runs in a child that has its own.
 class DesktopTypes : public testing::Test {
  protected:
   DesktopTypes() {
     folder.write("data/applications/pixel.desktop",
                  "[Desktop Entry]\nType=Application\nName=Pixel\nExec=env PIXEL=1 cat %U\nMimeType=image/png;\n");
+    folder.writeScript(
+        "record.sh", "#!/bin/sh\nfor word; do printf '%s\\n' \"$word\"; done > \"$0.tmp\"\nmv \"$0.tmp\" \"$0.out\"\n");
     folder.write("data/applications/texted.desktop",
-                 "[Desktop Entry]\nType=Application\nName=Texted\nExec=cat %f\nTerminal=true\nMimeType=text/plain;\n");
+                 "[Desktop Entry]\nType=Application\nName=Texted\nExec=" + (folder / "record.sh") +
+                     " --file=%f \"two words\" 100%%\nMimeType=text/plain;\n");
     folder.write("config/mimeapps.list",
                  "[Default Applications]\nimage/png=pixel.desktop\ntext/plain=texted.desktop\n");
   }
@@ -70,14 +54,31 @@ TEST_F(DesktopTypes, AnswerWithTheDesktopsDefaultProgram) {
   if (!hasDatabase()) GTEST_SKIP() << "the shared MIME database is not installed";
   inChild([](const FileTypes& types, Registry&) {
     for (const char* extension : {"png", ".png", "PNG"})
-      EXPECT_EQ(types.openCommand(extension).valueOr("none"), "env PIXEL=1 cat \"%1\"") << extension;
-    EXPECT_EQ(types.openCommand("txt").valueOr("none"), "x-terminal-emulator -e cat \"%1\"");
+      EXPECT_EQ(types.openCommand(extension).valueOr("none"), "\"desktop:pixel.desktop\" \"%1\"") << extension;
     for (const char* extension : {"", ".", "nosuchextension", "a/b", "\xFF"}) {
       const auto command = types.openCommand(extension);
       ASSERT_FALSE(command) << extension;
       EXPECT_EQ(command.error().code, ErrorCode::NotFound);
     }
   });
+}
+
+TEST_F(DesktopTypes, OpenFilesWithTheirPathsWhole) {
+  if (!hasDatabase()) GTEST_SKIP() << "the shared MIME database is not installed";
+  const PathMap map(parseDriveVariable("C=" + folder / "c"));
+  for (const std::string name :
+       {"plain.txt", "two  words.txt", "a \"quote\" and 'another' $HOME.txt", "no utf-8 \xE9%20.txt"}) {
+    folder.write("c/" + name, "x");
+    inChild([&](const FileTypes& types, Registry&) {
+      PosixShell shell(map, {[](const std::string& path) { return path; }, [] { return std::string(); }});
+      std::string command = types.openCommand("txt").valueOr("none");
+      command.replace(command.find("\"%1\""), 4, quoteArgument("C:\\" + name));
+      const auto started = shell.start(command);
+      ASSERT_TRUE(started) << started.error().text;
+      EXPECT_EQ(shell.wait(*started).valueOr(-1), 0);
+    });
+    EXPECT_EQ(folder.read("record.sh.out"), "--file=" + folder / "c/" + name + "\ntwo words\n100%\n");
+  }
 }
 
 TEST_F(DesktopTypes, AnswerFromTheRegistryFirst) {

@@ -91,14 +91,22 @@ TEST_F(HostTest, WithoutAPlaceForItsFilesAnswersWithErrors) {
   EXPECT_EQ(folder.read("home/data"), "a file in the way");
 }
 
-TEST_F(HostTest, CanNameItsFilesOnNarrowDrives) {
+TEST_F(HostTest, AFolderThatNoDriveHoldsIsUsedAndNamedAllTheSame) {
   given.data = folder / "away";
   given.drives = "D=" + folder / "home";
   const auto host = makePlatformHost(given);
-  EXPECT_EQ(host->platform().programFolder, "D:\\.varnholt");
-  EXPECT_EQ(host->platform().environment.windowsFolder(), "D:\\.varnholt\\Windows");
-  EXPECT_EQ(host->platform().environment.variable("temp"), "D:\\.varnholt\\Temp");
-  EXPECT_EQ(host->platform().assetsFolder, "");
+  Platform& platform = host->platform();
+  EXPECT_EQ(platform.programFolder, "Y:\\away");
+  EXPECT_EQ(platform.environment.windowsFolder(), "Y:\\away\\Windows");
+  EXPECT_EQ(platform.environment.variable("temp"), "Y:\\away\\Temp");
+  EXPECT_EQ(platform.assetsFolder, "");
+  EXPECT_TRUE(platform.settings.save("a", "s", "k", "v"));
+  EXPECT_TRUE(platform.files.writeFile("Y:\\away\\list.txt", "x") && folder.has("away/list.txt"));
+  EXPECT_TRUE(platform.files.volume("Y:\\away").ok());
+  platform.drives.refresh();
+  EXPECT_EQ(platform.drives.letters(), std::vector<char>{'D'}) << "it stands in no list of drives";
+  EXPECT_EQ(platform.toSystem("Y:\\away"), folder / "away");
+  EXPECT_TRUE(fs::is_empty(folder / "home")) << "the user is given no folder that he did not ask for";
 }
 
 }  // namespace

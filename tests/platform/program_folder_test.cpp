@@ -1,6 +1,7 @@
 #include "platform/posix/program_folder.hpp"
 
 #include "platform/posix/shipped_files.hpp"
+#include "platform/posix/temp_file.hpp"
 
 #include "support/scratch_folder.hpp"
 
@@ -23,6 +24,13 @@ class ProgramFolderTest : public testing::Test {
   void ship(const std::string& assets) {
     folder.write(assets + "/program/Readme.txt", "shipped");
     folder.write(assets + "/program/Skins/0/Main.jpg", "picture");
+  }
+
+  static pid_t deadProcess() {
+    const pid_t child = ::fork();
+    if (child == 0) ::_exit(0);
+    ::waitpid(child, nullptr, 0);
+    return child;
   }
 
   test::ScratchFolder folder;
@@ -87,20 +95,30 @@ TEST_F(ProgramFolderTest, IsTheUsersWhenTheExecutablesCannotBeWrittenTo) {
   EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
-TEST_F(ProgramFolderTest, CanAlwaysBeNamedByTheProgram) {
-  fs::create_directories(folder / "away");
-  fs::create_directories(folder / "drive");
-  const PathMap narrow(parseDriveVariable("D=" + folder / "drive"));
-  const ProgramFolders found = findProgramFolders(at("away"), narrow);
-  EXPECT_EQ(found.program, folder / "drive/.varnholt");
-  EXPECT_TRUE(fs::is_directory(found.program));
-}
-
 TEST_F(ProgramFolderTest, ThatCannotBeMadeIsTold) {
   folder.write("file", "x");
   HostFolders given = at("p");
   given.data = folder / "file/below";
   EXPECT_EQ(find(given).notices.size(), 1u);
+}
+
+TEST_F(ProgramFolderTest, KeepsNothingOfStartsThatWereCut) {
+  const std::string dead = ".new-" + std::to_string(deadProcess()), temporary = temporaryName();
+  const std::string alive = ".new-" + std::to_string(::getpid());
+  ship("p/assets");
+  for (const std::string& gone : {".Windows" + dead + "/System32/cmd.exe", "." + std::string("Readme.txt") + dead,
+                                  temporary + "/half", "Skins/0/.Main.jpg" + dead})
+    folder.write("p/" + gone, "half");
+  const std::vector<std::string> stays = {".Windows" + alive, ".mine" + dead, ".Windows.new-", "Windows" + dead};
+  for (const std::string& name : stays)
+    folder.write("p/" + name, "mine");
+  find(at("p"));
+  for (const std::string& gone : {".Windows" + dead, ".Readme.txt" + dead, temporary, "Skins/0/.Main.jpg" + dead})
+    EXPECT_FALSE(folder.has("p/" + gone)) << gone;
+  for (const std::string& name : stays)
+    EXPECT_TRUE(folder.has("p/" + name)) << name;
+  ASSERT_TRUE(makeFolderFrom(folder / "p/assets/program", folder / "p/Windows"));
+  EXPECT_EQ(folder.read("p/Windows/Skins/0/Main.jpg"), "picture");
 }
 
 TEST_F(ProgramFolderTest, GetsReadOnlyShippedFilesAsItsOwn) {

@@ -9,6 +9,9 @@
 #include <QPushButton>
 #include <QToolButton>
 
+#include <chrono>
+#include <thread>
+
 namespace varnholt::test {
 namespace {
 
@@ -233,6 +236,27 @@ TEST_F(DrawnDrops, ADialogKeepsDropsFromTheWindowsBehindIt) {
   loop.later(act);
   app.Form35.browse("Copy Item(s)");
   EXPECT_TRUE(Drag{*data}.enter(right()));
+}
+
+TEST_F(DrawnDrops, ADropThatComesWhileALongCallRunsIsRefusedAndItsFilesStayWithTheOtherProgram) {
+  auto data = uris(uriOf("C:\\letter.txt"));
+  ASSERT_TRUE(Drag{*data}.enter(right())) << "it came before the call";
+  const auto dropThere = [&] {
+    EXPECT_FALSE(Drag{*data}.enter(left()));
+    QDropEvent event({9, 9}, Qt::CopyAction | Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    event.setDropAction(Qt::MoveAction);
+    event.accept();
+    QCoreApplication::sendEvent(&right(), &event);
+    EXPECT_FALSE(event.isAccepted());
+    EXPECT_EQ(event.dropAction(), Qt::IgnoreAction) << "the other program must not delete its file";
+    data.reset();
+  };
+  loop.runBlocking([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(40));
+    QMetaObject::invokeMethod(&loop, dropThere, Qt::BlockingQueuedConnection);
+  });
+  EXPECT_EQ(happened(), Ran{}) << "nor may it land afterwards, from data that are gone";
+  EXPECT_EQ(list("ListView2")->findChildren<qt::DropMark*>().size(), 0);
 }
 
 TEST_F(DrawnCopies, AFileDraggedToTheOtherPanelIsThereAfterwards) {

@@ -4,9 +4,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTimer>
 
 #include <atomic>
 #include <future>
@@ -283,6 +285,43 @@ TEST_F(MessageLoop, TimersWaitWhileALongCallRuns) {
   loop.runBlocking([] { std::this_thread::sleep_for(std::chrono::milliseconds(80)); });
   EXPECT_EQ(ticks, before);
   EXPECT_TRUE(waitFor([&] { return ticks > before; }));
+}
+
+TEST_F(MessageLoop, ACallBesideTheWindowHoldsUpNobody) {
+  auto answer = std::make_shared<std::promise<void>>();
+  std::thread::id told;
+  loop.runBeside([answer] { answer->get_future().wait(); }, [&] { told = std::this_thread::get_id(); });
+  bool other = false;
+  loop.runBeside([] {}, [&] { other = true; });
+  EXPECT_TRUE(waitFor([&] { return other; })) << "one that does not answer keeps no other waiting";
+  EXPECT_EQ(told, std::thread::id());
+  EXPECT_TRUE(loop.hasCallsBeside());
+  answer->set_value();
+  EXPECT_TRUE(waitFor([&] { return told == std::this_thread::get_id(); }));
+}
+
+TEST_F(MessageLoop, TheCloseBoxLeavesADriveThatDoesNotAnswer) {
+  std::promise<void> answer;
+  bool stored = false;
+  loop.setLeave([&] {
+    loop.runBlocking([&] { stored = true; });  // storing the state calls the platform, too
+    answer.set_value();
+  });
+  whenShown(dialogs.Form12, [&](QWidget* window) {
+    // A dialog may be closed for less than the end of the program: the user is asked.
+    std::function<void()> answerQuestion = [&] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (!box) return QTimer::singleShot(20, window, answerQuestion);
+      QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
+    };
+    QTimer::singleShot(60, window, [&, window] {
+      QCoreApplication::postEvent(window, new QCloseEvent);
+      answerQuestion();
+    });
+    loop.runBlocking([&] { answer.get_future().wait(); });
+  });
+  dialogs.alert("Deleting");
+  EXPECT_TRUE(stored);
 }
 
 TEST_F(MessageLoop, ShortCallsGiveTheirResults) {

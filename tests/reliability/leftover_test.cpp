@@ -79,6 +79,30 @@ TEST_F(InALargeFile, TheOldTargetStaysAndTheSourceToo) {
   }
 }
 
+// --- The next start ------------------------------------------------------------------------------------------------
+
+TEST_F(ReliabilityTest, AKilledFolderCopyLeavesNothingBehindTheNextStart) {
+  for (int file = 0; file < 40; ++file)
+    world.file("C:/From/tree/" + std::to_string(file), pattern(1 << 20, 1));
+  world.folder("D:/To").file("D:/To/.vnh-mine", "mine");
+  const TreeSnapshot before = world.tree("D:/To");
+  const auto kill = [](std::uint64_t) -> bool { return ::raise(SIGKILL) == 0; };
+  ASSERT_TRUE(KillAt([] {},
+                     [&] {
+                       User user(world, watching(kill));
+                       user.open("C:\\From", "D:\\To");
+                       user.mark({"tree"});
+                       user.starts("Form3");
+                       user.copies();
+                     })
+                  .byItself());
+  ASSERT_NE(difference(before, world.tree("D:/To")), "");
+  ASSERT_TRUE(heldInChild([this] { User next(world); }));
+  EXPECT_EQ(difference(before, world.tree("D:/To")), "");
+  for (const auto& entry : std::filesystem::directory_iterator(world.path() + "/data"))
+    EXPECT_FALSE(entry.path().filename().string().starts_with(".vnh-working-")) << "it is forgotten, too";
+}
+
 // --- The next change -----------------------------------------------------------------------------------------------
 
 /// Files under temporary names of this program that nobody holds.

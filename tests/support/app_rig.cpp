@@ -44,7 +44,7 @@ void AppRig::restart() {
   platform.reset(new platform::Platform{files, *drives, real.environment, real.settings, real.registry, shell,
                                         real.fileTypes, real.system, clock, platform::RegionalFormats{},
                                         real.programFolder, real.assetsFolder, real.startNotices, real.toSystem,
-                                        real.toProgram});
+                                        real.toProgram, real.alone, real.clearLeftovers, real.ownsProgramFolder});
   app_ = std::make_unique<app::App>(loop, *platform);
 }
 

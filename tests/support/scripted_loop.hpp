@@ -45,7 +45,15 @@ class ScriptedLoop : public controls::MessageLoop {
 
   void giveTurn() override;
   void runModal(controls::Form& form) override;
-  void runBlocking(const std::function<void()>& call) override { call(); }
+  void runBlocking(const std::function<void()>& call) override {
+    ++blocked;
+    call();
+    --blocked;
+  }
+  void runBeside(std::function<void()> call, std::function<void()> done) override {
+    call();
+    done();
+  }
   controls::MessageAnswer show(const controls::MessageBox& box) override;
   void quit() override { quitAsked = true; }
   void later(std::function<void()> call) override { pending_.push_back(std::move(call)); }
@@ -56,7 +64,7 @@ class ScriptedLoop : public controls::MessageLoop {
   /// The attached form of that name, null when there is none.
   controls::Form* form(const std::string& name) const;
 
-  int turns = 0;
+  int turns = 0, blocked = 0;
   bool quitAsked = false;
   /// Called at each turn: what the user does while a handler works.
   std::function<void()> onTurn;

@@ -19,6 +19,7 @@ struct DriveMapping {
   std::optional<std::int32_t> serial;
   std::optional<std::uint64_t> totalBytes, freeBytes;
   bool notReady = false;
+  bool hidden = false;  ///< in no list of drives: it only gives paths below its folder a name
 };
 
 /// Where the drive map comes from: the variable, else the file, else home, root and the mounted volumes.

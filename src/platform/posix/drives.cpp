@@ -62,7 +62,7 @@ DriveInfo unreadyDrive(const DriveMapping& drive) {
 std::vector<char> PosixDrives::letters() const {
   std::vector<char> letters;
   for (const DriveMapping& drive : map_.drives())
-    letters.push_back(drive.letter);
+    if (!drive.hidden) letters.push_back(drive.letter);
   return letters;
 }
 

@@ -1,9 +1,9 @@
 // GIO first: one of its types has a member named `signals`, which others define as a word of their own.
-#include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 
 #include "platform/posix/file_types.hpp"
 
+#include "platform/posix/desktop_entry.hpp"
 #include "platform/shell.hpp"
 #include "platform/text_fold.hpp"
 
@@ -35,53 +35,13 @@ Text contentType(std::string_view extension) {
   return type;
 }
 
+/// The entry by its name. What has none is a command that somebody typed into another program.
 std::string desktopCommand(GAppInfo* app) {
-  const char* exec = g_app_info_get_commandline(app);
-  std::string command = exec ? commandFromExec(exec) : std::string();
-  const bool inTerminal =
-      G_IS_DESKTOP_APP_INFO(app) && g_desktop_app_info_get_boolean(G_DESKTOP_APP_INFO(app), "Terminal");
-  return inTerminal && !command.empty() ? "x-terminal-emulator -e " + command : command;
-}
-
-/// One word of an Exec line with its codes replaced. Sets `isFile` when it took the file's mark.
-std::string expandCodes(std::string_view word, bool& isFile) {
-  std::string out;
-  for (size_t i = 0; i < word.size(); ++i) {
-    if (word[i] != '%' || i + 1 == word.size()) {
-      out += word[i];
-      continue;
-    }
-    const char code = word[++i];
-    if (code == '%') out += '%';
-    if (std::string_view("fFuU").find(code) == std::string_view::npos) continue;
-    out += "%1";
-    isFile = true;
-  }
-  return out;
-}
-
-bool needsQuotes(std::string_view word) {
-  return word.empty() || word.find_first_of(" \t\"") != std::string_view::npos;
+  const char* name = g_app_info_get_id(app);
+  return name ? quoteArgument(std::string(DesktopEntry) + name) + " \"%1\"" : std::string();
 }
 
 }  // namespace
-
-std::string commandFromExec(const std::string& exec) {
-  int count = 0;
-  char** parsed = nullptr;
-  if (!g_shell_parse_argv(exec.c_str(), &count, &parsed, nullptr)) return {};
-  const std::unique_ptr<char*, Free> words(parsed);
-  std::string command;
-  for (int i = 0; i < count; ++i) {
-    const std::string_view word = parsed[i];
-    bool isFile = false;
-    const std::string expanded = expandCodes(word, isFile);
-    if (expanded.empty() && !word.empty()) continue;  // a code that stands for nothing here
-    if (!command.empty()) command += ' ';
-    command += isFile || needsQuotes(expanded) ? quoteArgument(expanded) : expanded;
-  }
-  return command;
-}
 
 std::string DesktopFileTypes::registryText(const std::string& path) const {
   const auto value = registry_.get(RegistryRoot::ClassesRoot, path, "");

@@ -27,9 +27,4 @@ class DesktopFileTypes : public FileTypes {
   mutable std::unordered_map<std::string, std::string> icons_;
 };
 
-/// The Exec line of a desktop entry as a command of ours (Desktop Entry Specification 1.5, "The Exec key"): file marks
-/// become "%1" in double quotes, %i %c %k and the deprecated codes go, %% is a percent sign, quoting is ours. Empty
-/// when the line cannot be understood.
-std::string commandFromExec(const std::string& exec);
-
 }  // namespace varnholt::platform::posix

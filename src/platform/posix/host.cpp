@@ -1,5 +1,6 @@
 #include "platform/platform.hpp"
 #include "platform/posix/clock.hpp"
+#include "platform/posix/crash_report.hpp"
 #include "platform/posix/drives.hpp"
 #include "platform/posix/environment.hpp"
 #include "platform/posix/file_system.hpp"
@@ -9,9 +10,11 @@
 #include "platform/posix/program_folder.hpp"
 #include "platform/posix/regional.hpp"
 #include "platform/posix/registry.hpp"
+#include "platform/posix/run_alone.hpp"
 #include "platform/posix/settings_store.hpp"
 #include "platform/posix/shell.hpp"
 #include "platform/posix/system_facts.hpp"
+#include "platform/posix/work_places.hpp"
 
 #include <chrono>
 #include <future>
@@ -95,7 +98,12 @@ class PosixHost final : public PlatformHost {
                   programForm(map_, folders_.assets),
                   folders_.notices,
                   [this](const std::string& path) { return map_.toSystem(path).valueOr({}); },
-                  [this](const std::string& path) { return map_.toProgram(path).valueOr({}); }} {
+                  [this](const std::string& path) { return map_.toProgram(path).valueOr({}); },
+                  [this](const std::function<void()>& call) { runAlone(folders_.program, call); },
+                  [folder = folders_.program] { clearWorkPlaces(folder); },
+                  folders_.isOwn} {
+    noteWorkPlacesIn(folders_.program);
+    addCrashNotice();
     addNotice(settings_.database(), "settings", map_, platform_.startNotices);
     addNotice(registry_.database(), "registry", map_, platform_.startNotices);
     if (folders_.program.empty()) return;
@@ -104,9 +112,18 @@ class PosixHost final : public PlatformHost {
       platform_.startNotices.push_back(strandedText(each, map_));
   }
 
+  ~PosixHost() override { noteWorkPlacesIn({}); }
+
   Platform& platform() override { return platform_; }
 
  private:
+  void addCrashNotice() {
+    if (folders_.program.empty()) return;
+    const std::string file = beside(folders_, CrashFile);
+    std::string notice = takeCrashNotice(folders_.program, map_.toProgram(file).valueOr(file));
+    if (!notice.empty()) platform_.startNotices.push_back(std::move(notice));
+  }
+
   PathMap map_;
   ProgramFolders folders_;
   PosixFileSystem files_;

@@ -6,9 +6,11 @@
 #include "platform/posix/temp_file.hpp"
 #include "platform/posix/tree_walk.hpp"
 #include "platform/posix/unique_fd.hpp"
+#include "platform/posix/work_places.hpp"
 
 #include <array>
 #include <chrono>
+#include <climits>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -108,6 +110,14 @@ std::vector<std::string> temporaryNamesIn(int folder) {
   return names;
 }
 
+/// Where an open folder lies now.
+std::string pathOf(int folder) {
+  std::string path(PATH_MAX, '\0');
+  const auto length = ::readlink(("/proc/self/fd/" + std::to_string(folder)).c_str(), path.data(), path.size());
+  path.resize(length > 0 ? static_cast<size_t>(length) : 0);
+  return path;
+}
+
 }  // namespace
 
 void sweepLeftovers(int folder) {
@@ -115,11 +125,16 @@ void sweepLeftovers(int folder) {
   if (::fstat(folder, &facts) != 0) return;
   const Inode inode(facts.st_dev, facts.st_ino);
   if (!sweeps().isDue(inode)) return;
+  noteWorkPlace(pathOf(folder));
   const auto start = Moment::now();
+  clearLeftovers(folder);
+  sweeps().swept(inode, Moment::now() - start);
+}
+
+void clearLeftovers(int folder) {
   // Opened anew: the caller's descriptor may be of a kind that cannot be read, and has a position of its own.
   const UniqueFd reader(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
   const auto names = reader ? temporaryNamesIn(reader.get()) : std::vector<std::string>();
-  sweeps().swept(inode, Moment::now() - start);
   for (const std::string& name : names) {
     const unsigned char type = entryType(folder, name.c_str());
     if (type == DT_REG || type == DT_DIR) removeIfLeft(folder, name.c_str(), type == DT_DIR);

@@ -9,10 +9,13 @@ namespace varnholt::platform::posix {
 /// name. Failures are passed over: a left-over costs room, no more.
 ///
 /// Asked in front of every change in a folder, so it holds itself to about a hundredth of the time: a large folder that
-/// was read just before is not read again for a while.
+/// was read just before is not read again for a while. Notes the folder as a place of work.
 void sweepLeftovers(int folder);
 
-/// The same for the folder that holds what the path names. Costs no call of the system when it is not due.
+/// The same at once, for a folder in which nothing is about to be made.
+void clearLeftovers(int folder);
+
+/// As sweepLeftovers for the folder that holds what the path names. Costs no call of the system when it is not due.
 void sweepFolderOf(const std::string& systemPath);
 
 }  // namespace varnholt::platform::posix

@@ -61,6 +61,7 @@ PathMap::Table PathMap::table() const {
 }
 
 void PathMap::set(std::vector<DriveMapping> drives) {
+  drives.insert(drives.end(), hidden_.begin(), hidden_.end());
   auto table = std::make_shared<const std::vector<DriveMapping>>(std::move(drives));
   const std::lock_guard lock(mutex_);
   table_ = std::move(table);
@@ -68,10 +69,27 @@ void PathMap::set(std::vector<DriveMapping> drives) {
 
 std::vector<DriveMapping> PathMap::drives() const { return *table(); }
 
+bool PathMap::reach(const std::string& folder) {
+  std::vector<DriveMapping> drives = this->drives();
+  for (char letter = 'Y'; letter >= 'A'; --letter) {
+    if (driveOfLetter(drives, letter)) continue;
+    DriveMapping drive;
+    drive.letter = letter;
+    drive.folder = folder;
+    drive.hidden = true;
+    std::erase_if(drives, [](const DriveMapping& each) { return each.hidden; });
+    hidden_.push_back(std::move(drive));
+    set(std::move(drives));
+    return true;
+  }
+  return false;
+}
+
 void PathMap::reload() {
   if (fixed_) return;
   for (const DriveMapping& drive : *table())
-    if (std::none_of(seen_.begin(), seen_.end(), [&](const auto& each) { return each.letter == drive.letter; }))
+    if (!drive.hidden &&
+        std::none_of(seen_.begin(), seen_.end(), [&](const auto& each) { return each.letter == drive.letter; }))
       seen_.push_back(drive);
   set(sources_.read(seen_));
 }

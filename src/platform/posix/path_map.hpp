@@ -37,8 +37,10 @@ class PathMap {
   static void appendNameToProgram(std::string_view systemName, std::string& out);
   static std::string nameToSystem(std::string_view programName);
 
-  /// The drives by letter.
+  /// The drives by letter, hidden ones last.
   std::vector<DriveMapping> drives() const;
+  /// Gives a folder that no drive holds a hidden drive of its own, from Y down. False when no letter is free.
+  bool reach(const std::string& folder);
   /// Reads the sources again (a volume was mounted or unmounted).
   void reload();
 
@@ -49,6 +51,7 @@ class PathMap {
 
   DriveSources sources_;
   bool fixed_ = false;
+  std::vector<DriveMapping> hidden_;
   std::vector<DriveMapping> seen_;  ///< drives that had a letter before
   mutable std::mutex mutex_;
   Table table_;

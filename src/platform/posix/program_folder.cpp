@@ -51,13 +51,6 @@ std::string preferredFolder(const HostFolders& given, const std::string& executa
   return canWriteIn(executable) && !isInstalled(executable) ? executable : userDataFolder();
 }
 
-/// A folder that the program can name, for when it cannot name the preferred one.
-std::string reachableFolder(const PathMap& map) {
-  for (const DriveMapping& drive : map.drives())
-    if (canWriteIn(drive.folder)) return (fs::path(drive.folder) / ".varnholt").string();
-  return {};
-}
-
 }  // namespace
 
 bool isInstalled(const std::string& executable) {
@@ -66,18 +59,20 @@ bool isInstalled(const std::string& executable) {
   return fs::path(executable).filename() == "bin" && isFolder(parentOf(executable) + "/share/varnholt");
 }
 
-ProgramFolders findProgramFolders(const HostFolders& given, const PathMap& map) {
+ProgramFolders findProgramFolders(const HostFolders& given, PathMap& map) {
   const std::string executable = given.executable.empty() ? ownExecutableFolder() : given.executable;
   ProgramFolders found;
   found.assets = findAssets(given, executable);
   found.program = preferredFolder(given, executable);
-  if (!map.toProgram(found.program)) found.program = reachableFolder(map);
+  if (!map.toProgram(found.program) && !map.reach(parentOf(found.program))) found.program.clear();
+  found.isOwn = found.program != executable;
   std::error_code failed;
   if (!found.program.empty()) fs::create_directories(found.program, failed);
   if (!isFolder(found.program)) {
     found.notices.push_back("The program folder could not be made. Settings and lists are not kept.");
     return found;
   }
+  clearUnfinished(found.program, {"Windows"});
   if (!found.assets.empty() && !copyMissingFiles(found.assets + "/program", found.program))
     found.notices.push_back("Not all files of the program could be copied into its folder.");
   return found;

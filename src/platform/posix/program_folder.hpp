@@ -10,8 +10,9 @@ namespace varnholt::platform::posix {
 
 /// Where the program keeps its files and finds those that came with it. System form, without closing slash.
 struct ProgramFolders {
-  std::string program;  ///< empty when there is none that a drive holds and that can be made
+  std::string program;  ///< empty when it cannot be named or made
   std::string assets;   ///< empty when not found
+  bool isOwn = true;    ///< false when it is the executable's folder, in which the user's files may lie
   std::vector<std::string> notices;
 };
 
@@ -19,9 +20,9 @@ struct ProgramFolders {
 /// without touching any that exist.
 ///
 /// The program folder is the executable's own when it can be written to and the program is not an installed one
-/// (portable use), else $XDG_DATA_HOME/varnholt. One that no drive of the map holds could not be named by the program:
-/// then it is `.varnholt` in the first drive that can be written to.
-ProgramFolders findProgramFolders(const HostFolders& given, const PathMap& map);
+/// (portable use), else $XDG_DATA_HOME/varnholt. One that no drive of the map holds gets a hidden drive of its own, so
+/// that the program can name it.
+ProgramFolders findProgramFolders(const HostFolders& given, PathMap& map);
 
 /// True below /usr, /bin and /sbin, and for a `bin` with `share/varnholt` beside it. As root everything can be
 /// written to, and a program folder among the system's programs would be wrong all the same.

@@ -1,6 +1,7 @@
 #include "platform/posix/shell.hpp"
 
 #include "platform/paths.hpp"
+#include "platform/posix/desktop_entry.hpp"
 #include "platform/posix/shell_spawn.hpp"
 
 #include <cerrno>
@@ -51,6 +52,13 @@ class PosixShell::Children : public std::enable_shared_from_this<Children> {
     }
     watch(number, child);
     return number;
+  }
+
+  /// A program that others started for us, of which nothing more is known.
+  std::int64_t addEnded() {
+    const std::lock_guard lock(mutex_);
+    codes_[++last_] = 0;
+    return last_;
   }
 
   std::optional<int> take(std::int64_t number) {
@@ -154,6 +162,7 @@ Result<std::int64_t> PosixShell::start(const std::string& command, const std::st
     if (!path) return path.error();
     systemFolder = std::move(*path);
   }
+  if (words[0].starts_with(DesktopEntry)) return launchEntry(words);
   auto started = launch(words, systemFolder);
   const bool bareName = words[0].find_first_of("/\\") == std::string::npos;
   if (started || started.error().code != ErrorCode::NotFound || !bareName) return started;
@@ -174,11 +183,23 @@ Result<std::int64_t> PosixShell::startFromWindowsFolder(std::vector<std::string>
   return Error{ErrorCode::NotFound, name, "no such program"};
 }
 
-Result<std::int64_t> PosixShell::launch(const std::vector<std::string>& words, const std::string& systemFolder) const {
+Result<std::int64_t> PosixShell::launchEntry(const std::vector<std::string>& words) const {
+  const auto child =
+      launchDesktopEntry(words[0].substr(DesktopEntry.size()), {words.begin() + 1, words.end()}, {driveVariable()});
+  if (!child) return child.error();
+  return *child > 0 ? children_->add(*child) : children_->addEnded();
+}
+
+/// The drive map for scripts, and for copies of ourselves.
+std::string PosixShell::driveVariable() const {
   std::string drives = "VARNHOLT_DRIVE_MAP=";
   for (const DriveMapping& drive : map_.drives())
     drives.append(1, drive.letter).append("=").append(drive.folder).append("\n");
-  const auto child = spawn({words, systemFolder, {drives}});
+  return drives;
+}
+
+Result<std::int64_t> PosixShell::launch(const std::vector<std::string>& words, const std::string& systemFolder) const {
+  const auto child = spawn({words, systemFolder, {driveVariable()}});
   if (!child) return Error{child.error().code, words[0], child.error().text};
   return children_->add(*child);
 }

@@ -39,6 +39,8 @@ class PosixShell : public Shell {
   std::string translated(const CommandWord& word) const;
   std::string programFile(const std::string& programPath) const;
   Result<std::int64_t> startFromWindowsFolder(std::vector<std::string> words, const std::string& systemFolder) const;
+  Result<std::int64_t> launchEntry(const std::vector<std::string>& words) const;
+  std::string driveVariable() const;
   Result<std::int64_t> launch(const std::vector<std::string>& words, const std::string& systemFolder) const;
 
   const PathMap& map_;

@@ -1,12 +1,18 @@
 #include "platform/posix/shipped_files.hpp"
 
+#include "platform/posix/copy_bytes.hpp"
+#include "platform/posix/leftovers.hpp"
+#include "platform/posix/temp_file.hpp"
 #include "platform/posix/unique_fd.hpp"
 
+#include <algorithm>
 #include <cerrno>
-#include <cstdio>
+#include <charconv>
+#include <csignal>
 #include <filesystem>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace varnholt::platform::posix {
@@ -14,47 +20,63 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A name beside the target that no other process uses.
-fs::path temporaryBeside(const fs::path& target) {
-  return target.parent_path() / ("." + target.filename().string() + ".new-" + std::to_string(::getpid()));
+UniqueFd openFolder(const fs::path& folder) {
+  return UniqueFd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
-/// Gives the built file or folder its name, unless somebody was quicker.
-bool giveName(const fs::path& built, const fs::path& target) {
-  if (::renameat2(AT_FDCWD, built.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0) return true;
-  if (errno == EINVAL || errno == ENOSYS) {
-    // A file system that cannot refuse to replace. Nothing was there when the copy began.
-    std::error_code failed;
-    if (!fs::exists(fs::symlink_status(target, failed))) return std::rename(built.c_str(), target.c_str()) == 0;
-    errno = EEXIST;
-  }
-  return errno == EEXIST;
-}
+class NobodyWaits : public CopyMonitor {
+  bool add(std::uint64_t) override { return true; }
+};
 
-/// Renames and clears away what is left of a copy that was not needed or failed.
-bool finish(bool isBuilt, const fs::path& built, const fs::path& target) {
-  const bool done = isBuilt && giveName(built, target);
-  std::error_code ignored;
-  fs::remove_all(built, ignored);
-  return done;
-}
-
-/// On the disk before it has its name, or a power cut could leave an empty file that no later start replaces.
-bool synced(const fs::path& file) {
-  const UniqueFd fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
-  return fd && ::fsync(fd.get()) == 0;
+/// Shipped files may be read-only where they are installed; the user's copies are the user's. The copy is on the disk
+/// before it has its name, or a power cut could leave an empty file that no later start replaces.
+int fill(TempFile& file, int source, const struct stat& facts) {
+  NobodyWaits monitor;
+  if (const int error = copyBytes(source, file.fd(), facts, monitor)) return error;
+  if (::fchmod(file.fd(), (facts.st_mode & 0777) | S_IWUSR) != 0 || ::fsync(file.fd()) != 0) return errno;
+  return 0;
 }
 
 bool copyFile(const fs::path& source, const fs::path& target) {
-  const fs::path built = temporaryBeside(target);
+  const UniqueFd folder = openFolder(target.parent_path()), from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
+  struct stat facts {};
+  if (!folder || !from || ::fstat(from.get(), &facts) != 0) return false;
+  TempFile file;
+  if (file.create(folder.get(), 0600) != 0 || fill(file, from.get(), facts) != 0) return false;
+  const int error = file.placeNew(target.filename().c_str());
+  return error == 0 || error == EEXIST;  // another start was quicker
+}
+
+/// What an unfinished copy of a file or folder was called by earlier versions: ".NAME.new-PROCESS".
+bool isUnfinished(const std::string& name, const std::vector<std::string>& shipped) {
+  constexpr std::string_view mark = ".new-";
+  const auto at = name.rfind(mark);
+  if (!name.starts_with('.') || at == std::string::npos) return false;
+  const char *from = name.data() + at + mark.size(), *end = name.data() + name.size();
+  pid_t process = 0;
+  const auto number = std::from_chars(from, end, process);
+  if (number.ec != std::errc() || number.ptr != end || process <= 0) return false;
+  return std::ranges::find(shipped, name.substr(1, at - 1)) != shipped.end() && ::kill(process, 0) != 0 &&
+         errno == ESRCH;
+}
+
+std::vector<std::string> namesIn(const fs::path& folder) {
+  std::vector<std::string> names;
   std::error_code failed;
-  const bool isBuilt = fs::copy_file(source, built, fs::copy_options::overwrite_existing, failed);
-  // Shipped files may be read-only where they are installed; the user's copies are the user's.
-  if (isBuilt) fs::permissions(built, fs::perms::owner_write, fs::perm_options::add, failed);
-  return finish(isBuilt && synced(built), built, target);
+  for (fs::directory_iterator entry(folder, failed); !failed && entry != fs::directory_iterator();
+       entry.increment(failed))
+    names.push_back(entry->path().filename());
+  return names;
 }
 
 }  // namespace
+
+void clearUnfinished(const std::string& folder, const std::vector<std::string>& shipped) {
+  if (const UniqueFd open = openFolder(folder)) clearLeftovers(open.get());
+  std::error_code ignored;
+  for (const std::string& name : namesIn(folder))
+    if (isUnfinished(name, shipped)) fs::remove_all(fs::path(folder) / name, ignored);
+}
 
 bool copyMissingFiles(const std::string& source, const std::string& target) {
   std::error_code failed;
@@ -65,19 +87,28 @@ bool copyMissingFiles(const std::string& source, const std::string& target) {
   fs::create_directories(target, failed);
   bool all = fs::is_directory(target, failed);
   if (!all) return false;
-  fs::directory_iterator entry(source, failed);
-  for (; !failed && entry != fs::directory_iterator(); entry.increment(failed))
-    all = copyMissingFiles(entry->path(), fs::path(target) / entry->path().filename()) && all;
-  return all && !failed;
+  const auto names = namesIn(source);
+  clearUnfinished(target, names);
+  for (const std::string& name : names)
+    all = copyMissingFiles(source + "/" + name, target + "/" + name) && all;
+  return all;
 }
 
 bool makeFolderFrom(const std::string& source, const std::string& target) {
   std::error_code failed;
   if (fs::is_directory(target, failed)) return true;
-  if (!fs::is_directory(source, failed)) return false;
-  const fs::path built = temporaryBeside(target);
+  const fs::path parent = fs::path(target).parent_path();
+  const UniqueFd place = openFolder(parent);
+  if (!place || !fs::is_directory(source, failed)) return false;
+  std::string name;
+  UniqueFd held;
+  if (makeTemporaryFolder(place.get(), name, held) != 0) return false;
+  const std::string built = parent / name;
+  const fs::perms permissions = fs::status(source, failed).permissions() | fs::perms::owner_all;
+  if (copyMissingFiles(source, built) && ::fchmod(held.get(), static_cast<mode_t>(permissions)) == 0)
+    (void)renameNoReplace(place.get(), name.c_str(), place.get(), fs::path(target).filename().c_str());
   fs::remove_all(built, failed);
-  return finish(copyMissingFiles(source, built), built, target) && fs::is_directory(target, failed);
+  return fs::is_directory(target, failed);
 }
 
 }  // namespace varnholt::platform::posix

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace varnholt::platform::posix {
 
@@ -10,8 +11,11 @@ namespace varnholt::platform::posix {
 /// file appears whole or not at all. False when something could not be copied; a missing source is nothing to copy.
 bool copyMissingFiles(const std::string& source, const std::string& target);
 
-/// Makes the folder `target` as a copy of `source` in one step: built under another name beside it and renamed. True
-/// when it is there afterwards, also when it was before or another process made it meanwhile.
+/// Clears what starts that were cut have left in a folder: unfinished copies of the files and folders named.
+void clearUnfinished(const std::string& folder, const std::vector<std::string>& shipped);
+
+/// Makes the folder `target` as a copy of `source` in one step: built under a temporary name beside it and renamed.
+/// True when it is there afterwards, also when it was before or another process made it meanwhile.
 bool makeFolderFrom(const std::string& source, const std::string& target);
 
 }  // namespace varnholt::platform::posix

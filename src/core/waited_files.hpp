@@ -1,0 +1,127 @@
+#pragma once
+
+#include "controls/message_loop.hpp"
+#include "platform/file_system.hpp"
+
+#include <optional>
+#include <thread>
+#include <type_traits>
+#include <utility>
+
+namespace varnholt::core {
+
+/// The file system as handlers have it: each call is a long call of the message loop, so that a drive that does not
+/// answer holds up no window, whoever forgot that it might. Calls from other threads, such as the loop's own helper, go
+/// straight on. Make it on the window's thread.
+class WaitedFiles : public platform::FileSystem {
+ public:
+  WaitedFiles(platform::FileSystem& files, controls::MessageLoop& loop) : files_(files), loop_(loop) {}
+
+  platform::Result<platform::ListingPtr> list(const std::string& folder) const override {
+    return waited([&] { return files_.list(folder); });
+  }
+  platform::Result<platform::EntryInfo> info(const std::string& path) const override {
+    return waited([&] { return files_.info(path); });
+  }
+  bool fileExists(const std::string& path) const override {
+    return waited([&] { return files_.fileExists(path); });
+  }
+  bool folderExists(const std::string& path) const override {
+    return waited([&] { return files_.folderExists(path); });
+  }
+  bool sameEntry(const std::string& a, const std::string& b) const override {
+    return waited([&] { return files_.sameEntry(a, b); });
+  }
+  platform::Result<std::string> resolve(const std::string& path) const override {
+    return waited([&] { return files_.resolve(path); });
+  }
+  platform::Result<platform::Attributes> attributes(const std::string& path) const override {
+    return waited([&] { return files_.attributes(path); });
+  }
+  platform::Result<std::uint64_t> fileSize(const std::string& path) const override {
+    return waited([&] { return files_.fileSize(path); });
+  }
+  std::vector<std::uint64_t> fileSizes(const std::string& folder,
+                                       const std::vector<std::string>& names) const override {
+    return waited([&] { return files_.fileSizes(folder, names); });
+  }
+  platform::Result<platform::TreeSize> folderSize(const std::string& folder,
+                                                  const platform::Progress& progress) const override {
+    return waited([&] { return files_.folderSize(folder, progress); });
+  }
+  platform::Result<std::string> fileVersion(const std::string& path) const override {
+    return waited([&] { return files_.fileVersion(path); });
+  }
+  platform::Result<std::string> programIcon(const std::string& path, std::uint32_t index) const override {
+    return waited([&] { return files_.programIcon(path, index); });
+  }
+  platform::Result<platform::DriveInfo> volume(const std::string& path) const override {
+    return waited([&] { return files_.volume(path); });
+  }
+  platform::Result<std::string> readFile(const std::string& path, std::uint64_t limit) const override {
+    return waited([&] { return files_.readFile(path, limit); });
+  }
+  platform::Result<void> writeFile(const std::string& path, std::string_view bytes) override {
+    return waited([&] { return files_.writeFile(path, bytes); });
+  }
+  platform::Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
+                                  const platform::Progress& progress) override {
+    return waited([&] { return files_.copyFile(from, to, overwrite, progress); });
+  }
+  platform::Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
+                                    const platform::Progress& progress) override {
+    return waited([&] { return files_.copyFolder(from, to, overwrite, progress); });
+  }
+  platform::Result<void> moveFile(const std::string& from, const std::string& to,
+                                  const platform::Progress& progress) override {
+    return waited([&] { return files_.moveFile(from, to, progress); });
+  }
+  platform::Result<void> moveFolder(const std::string& from, const std::string& to) override {
+    return waited([&] { return files_.moveFolder(from, to); });
+  }
+  platform::Result<void> deleteFile(const std::string& path, bool force) override {
+    return waited([&] { return files_.deleteFile(path, force); });
+  }
+  platform::Result<void> deleteFolder(const std::string& path, bool force,
+                                      const platform::Progress& progress) override {
+    return waited([&] { return files_.deleteFolder(path, force, progress); });
+  }
+  platform::BatchResults copyFiles(const std::string& folder, const std::vector<std::string>& names,
+                                   const std::string& to, std::uint64_t limit) override {
+    return waited([&] { return files_.copyFiles(folder, names, to, limit); });
+  }
+  platform::BatchResults moveFiles(const std::string& folder, const std::vector<std::string>& names,
+                                   const std::string& to) override {
+    return waited([&] { return files_.moveFiles(folder, names, to); });
+  }
+  platform::BatchResults deleteFiles(const std::string& folder, const std::vector<std::string>& names) override {
+    return waited([&] { return files_.deleteFiles(folder, names); });
+  }
+  std::size_t renameFiles(const std::string& folder, std::span<const platform::NewName> names) override {
+    return waited([&] { return files_.renameFiles(folder, names); });
+  }
+  platform::Result<void> createFolder(const std::string& path) override {
+    return waited([&] { return files_.createFolder(path); });
+  }
+  platform::Result<void> setAttributes(const std::string& path, platform::Attributes attributes) override {
+    return waited([&] { return files_.setAttributes(path, attributes); });
+  }
+  platform::Result<void> setModified(const std::string& path, const platform::Date& date) override {
+    return waited([&] { return files_.setModified(path, date); });
+  }
+
+ private:
+  template <class Call>
+  std::invoke_result_t<const Call&> waited(const Call& call) const {
+    if (std::this_thread::get_id() != window_) return call();
+    std::optional<std::invoke_result_t<const Call&>> result;
+    loop_.runBlocking([&] { result.emplace(call()); });
+    return *std::move(result);
+  }
+
+  platform::FileSystem& files_;
+  controls::MessageLoop& loop_;
+  std::thread::id window_ = std::this_thread::get_id();
+};
+
+}  // namespace varnholt::core
