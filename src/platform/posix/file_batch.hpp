@@ -9,9 +9,10 @@ namespace varnholt::platform::posix {
 
 /// FileSystem::copyFiles, moveFiles, deleteFiles and renameFiles on system paths and names.
 BatchResults copyBatch(const std::string& from, const std::vector<std::string>& names, const std::string& to,
-                       std::uint64_t limit);
-BatchResults moveBatch(const std::string& from, const std::vector<std::string>& names, const std::string& to);
-BatchResults deleteBatch(const std::string& folder, const std::vector<std::string>& names);
+                       std::uint64_t limit, const Progress& progress);
+BatchResults moveBatch(const std::string& from, const std::vector<std::string>& names, const std::string& to,
+                       const Progress& progress);
+BatchResults deleteBatch(const std::string& folder, const std::vector<std::string>& names, const Progress& progress);
 std::size_t renameBatch(const std::string& folder, std::span<const NewName> names);
 
 }  // namespace varnholt::platform::posix
