@@ -11,21 +11,31 @@
 #include <utility>
 #include <vector>
 
+class QAbstractButton;
 class QEvent;
+class QMouseEvent;
 
 namespace varnholt::qt {
 
 /// Holds back what the user does while it lives: mouse, keys, touch, drops and the close box wait and reach their
 /// receivers afterwards in their order; mere mouse movement is forgotten. Leaving input to the event loop's own
 /// exclusion is not enough: posted events and those of accessibility tools pass it.
+///
+/// One button may work all the same: what goes to it passes, and `pressed` is called when it is clicked or the close
+/// box of its window is.
 class InputHold : public QObject {
  public:
-  InputHold();
+  explicit InputHold(QAbstractButton* button = nullptr, std::function<void()> pressed = {});
   ~InputHold() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  bool goesToButton(const QObject* watched, const QEvent& event) const;
+  bool isOnButton(const QMouseEvent& event) const;
+
   struct Held;
+  QAbstractButton* button_;
+  std::function<void()> pressed_;
   std::vector<Held> held_;
 };
 

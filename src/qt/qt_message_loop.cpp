@@ -2,7 +2,9 @@
 
 #include "qt/input.hpp"
 #include "qt/message_box.hpp"
+#include "qt/text.hpp"
 
+#include <QAbstractButton>
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QPointer>
@@ -18,6 +20,7 @@ constexpr int FrameMilliseconds = 16;
 // A call that ends within this time is simply waited for: nobody sees a window that stands still for two frames, and
 // thousands of short calls cost no event loop each.
 constexpr int ShortCallMilliseconds = 30;
+constexpr int MeanwhileMilliseconds = 100;
 
 const QWidget* callerWindow() {
   if (const QWidget* modal = QApplication::activeModalWidget()) return modal;
@@ -183,7 +186,7 @@ void QtMessageLoop::runModal(controls::Form& form) {
   if (caller && caller->isVisible() && !quitting_) caller->activateWindow();
 }
 
-void QtMessageLoop::runBlocking(const std::function<void()>& call) {
+void QtMessageLoop::runBlocking(const std::function<void()>& call, const controls::Meanwhile& meanwhile) {
   QSemaphore done;
   QEventLoop loop;
   ++blocked_;
@@ -193,11 +196,22 @@ void QtMessageLoop::runBlocking(const std::function<void()>& call) {
   });
   if (!done.tryAcquire(1, ShortCallMilliseconds)) {
     flush();
-    const InputHold hold;
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    waitFor(loop, meanwhile);
     done.acquire();
   }
   if (--blocked_ == 0 && !laterCalls_.empty()) laterTimer_.start(0);
+}
+
+void QtMessageLoop::waitFor(QEventLoop& done, const controls::Meanwhile& meanwhile) {
+  FormWindow* window = meanwhile.stop ? windowOf(meanwhile.stop->form()) : nullptr;
+  auto* stop = window ? window->widget().findChild<QAbstractButton*>(toQt(meanwhile.stop->name())) : nullptr;
+  const InputHold hold(stop, [&] { meanwhile.stop->press(); });
+  QTimer ticks;
+  if (meanwhile.tick) {
+    connect(&ticks, &QTimer::timeout, &done, meanwhile.tick);
+    ticks.start(MeanwhileMilliseconds);
+  }
+  done.exec(stop ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
 }
 
 controls::MessageAnswer QtMessageLoop::show(const controls::MessageBox& box) {

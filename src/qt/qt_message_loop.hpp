@@ -40,7 +40,7 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
 
   void giveTurn() override;
   void runModal(controls::Form& form) override;
-  void runBlocking(const std::function<void()>& call) override;
+  void runBlocking(const std::function<void()>& call, const controls::Meanwhile& meanwhile = {}) override;
   controls::MessageAnswer show(const controls::MessageBox& box) override;
   void quit() override;
   void later(std::function<void()> call) override;
@@ -82,6 +82,7 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
   void runLaterCalls();
   void updatePointer();
   void readScreen();
+  void waitFor(QEventLoop& done, const controls::Meanwhile& meanwhile);
   bool isModal(const controls::Form& form) const;
 
   std::map<controls::Form*, Entry> forms_;

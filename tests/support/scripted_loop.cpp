@@ -80,6 +80,12 @@ void ScriptedLoop::giveTurn() {
     calls.front()();
 }
 
+void ScriptedLoop::runBlocking(const std::function<void()>& call, const controls::Meanwhile& meanwhile) {
+  meanwhile_ = meanwhile;
+  call();
+  meanwhile_ = {};
+}
+
 void ScriptedLoop::runModal(controls::Form& form) {
   form.Visible = true;
   form.Activate();
