@@ -4,8 +4,8 @@ namespace varnholt::core::program_file {
 namespace {
 
 constexpr std::string_view DataFolders[] = {VDT_Projects, Favorites, Bookmarks, Collections, Notes, Tmp, SwapTmp};
-constexpr std::string_view DataFiles[] = {DirHis,          FileHis, CompHis_L,  CompHis_R, OpenHis,   MostUsed,
-                                          FolderSearchHis, GetQF,   GetFolders, TempUrl,   PresetIni, Log};
+constexpr std::string_view DataFiles[] = {DirHis, FileHis,    CompHis_L, CompHis_R, OpenHis, MostUsed, FolderSearchHis,
+                                          GetQF,  GetFolders, TempUrl,   PresetIni, Log,     LeftOut};
 
 }  // namespace
 
