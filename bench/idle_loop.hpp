@@ -9,7 +9,7 @@ class IdleLoop : public controls::MessageLoop {
  public:
   void giveTurn() override {}
   void runModal(controls::Form&) override {}
-  void runBlocking(const std::function<void()>& call) override { call(); }
+  void runBlocking(const std::function<void()>& call, const controls::Meanwhile&) override { call(); }
   controls::MessageAnswer show(const controls::MessageBox&) override { return controls::MessageAnswer::Ok; }
   void quit() override {}
   void later(std::function<void()>) override {}

@@ -7,6 +7,8 @@
 
 namespace varnholt::controls {
 
+class Button;
+
 enum class MessageIcon { None, Information, Question, Exclamation, Critical };
 enum class MessageButtons { Ok, OkCancel, YesNo };
 enum class MessageAnswer { Ok, Cancel, Yes, No };
@@ -34,6 +36,14 @@ struct Screen {
   int MousePointer = pointer::Default;  ///< of all windows, while not the default
 };
 
+/// What the user sees and may do while a long call runs.
+struct Meanwhile {
+  /// Called on the loop's thread, several times a second; sets properties and no more.
+  std::function<void()> tick;
+  /// The one button that works, by mouse, keys and assistive technology; the close box of its window stands for it.
+  Button* stop = nullptr;
+};
+
 /// The window message loop. All logic runs on its thread; no call here may come from another.
 class MessageLoop {
  public:
@@ -45,7 +55,7 @@ class MessageLoop {
   virtual void runModal(Form& form) = 0;
   /// Runs one long call of the platform to its end. It may run on a helper thread while windows keep painting and
   /// input waits; the call must touch nothing but the platform and its own variables.
-  virtual void runBlocking(const std::function<void()>& call) = 0;
+  virtual void runBlocking(const std::function<void()>& call, const Meanwhile& meanwhile = {}) = 0;
   /// Runs a call of the platform beside the window, which goes on: nobody waits for it, not even the program's end, so
   /// it may ask a drive that does not answer. `done` runs at a later turn. The call owns what it touches.
   virtual void runBeside(std::function<void()> call, std::function<void()> done) = 0;

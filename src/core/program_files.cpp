@@ -41,7 +41,8 @@ constexpr DataFile DataFiles[] = {{DirHis, isListOfPaths},
                                   {GetFolders, isListOfPaths},
                                   {TempUrl, isShortcut},
                                   {Log, isLog},
-                                  {Crash, isCrashReport}};
+                                  {Crash, isCrashReport},
+                                  {LeftOut, isListOfPaths}};
 
 /// Removes what the program has written and notes what stays.
 class Removal {

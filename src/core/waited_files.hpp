@@ -68,9 +68,13 @@ class WaitedFiles : public platform::FileSystem {
                                   const platform::Progress& progress) override {
     return waited([&] { return files_.copyFile(from, to, overwrite, progress); });
   }
+  platform::Result<void> replaceFile(const std::string& from, const std::string& to,
+                                     const platform::Progress& progress) override {
+    return waited([&] { return files_.replaceFile(from, to, progress); });
+  }
   platform::Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                                    const platform::Progress& progress) override {
-    return waited([&] { return files_.copyFolder(from, to, overwrite, progress); });
+                                    const platform::Progress& progress, platform::LeftOuts* leftOut) override {
+    return waited([&] { return files_.copyFolder(from, to, overwrite, progress, leftOut); });
   }
   platform::Result<void> moveFile(const std::string& from, const std::string& to,
                                   const platform::Progress& progress) override {
@@ -82,23 +86,33 @@ class WaitedFiles : public platform::FileSystem {
   platform::Result<void> deleteFile(const std::string& path, bool force) override {
     return waited([&] { return files_.deleteFile(path, force); });
   }
-  platform::Result<void> deleteFolder(const std::string& path, bool force,
-                                      const platform::Progress& progress) override {
-    return waited([&] { return files_.deleteFolder(path, force, progress); });
+  platform::Result<void> deleteFolder(const std::string& path, bool force, const platform::Progress& progress,
+                                      platform::LeftOuts* leftOut) override {
+    return waited([&] { return files_.deleteFolder(path, force, progress, leftOut); });
   }
   platform::BatchResults copyFiles(const std::string& folder, const std::vector<std::string>& names,
-                                   const std::string& to, std::uint64_t limit) override {
-    return waited([&] { return files_.copyFiles(folder, names, to, limit); });
+                                   const std::string& to, std::uint64_t limit,
+                                   const platform::Progress& progress) override {
+    return waited([&] { return files_.copyFiles(folder, names, to, limit, progress); });
   }
   platform::BatchResults moveFiles(const std::string& folder, const std::vector<std::string>& names,
-                                   const std::string& to) override {
-    return waited([&] { return files_.moveFiles(folder, names, to); });
+                                   const std::string& to, const platform::Progress& progress) override {
+    return waited([&] { return files_.moveFiles(folder, names, to, progress); });
   }
-  platform::BatchResults deleteFiles(const std::string& folder, const std::vector<std::string>& names) override {
-    return waited([&] { return files_.deleteFiles(folder, names); });
+  platform::BatchResults deleteFiles(const std::string& folder, const std::vector<std::string>& names,
+                                     const platform::Progress& progress) override {
+    return waited([&] { return files_.deleteFiles(folder, names, progress); });
   }
-  std::size_t renameFiles(const std::string& folder, std::span<const platform::NewName> names) override {
+  platform::Result<void> renameOver(const std::string& from, const std::string& to) override {
+    return waited([&] { return files_.renameOver(from, to); });
+  }
+  std::vector<platform::NotRenamed> renameFiles(const std::string& folder,
+                                                std::span<const platform::NewName> names) override {
     return waited([&] { return files_.renameFiles(folder, names); });
+  }
+  std::vector<platform::NotRenamed> checkRenames(const std::string& folder,
+                                                 std::span<const platform::NewName> names) const override {
+    return waited([&] { return files_.checkRenames(folder, names); });
   }
   platform::Result<void> createFolder(const std::string& path) override {
     return waited([&] { return files_.createFolder(path); });
@@ -108,6 +122,9 @@ class WaitedFiles : public platform::FileSystem {
   }
   platform::Result<void> setModified(const std::string& path, const platform::Date& date) override {
     return waited([&] { return files_.setModified(path, date); });
+  }
+  platform::Result<void> writeOut(const std::string& path, bool wait, const platform::Progress& progress) override {
+    return waited([&] { return files_.writeOut(path, wait, progress); });
   }
 
  private:

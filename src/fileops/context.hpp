@@ -26,6 +26,8 @@ struct Context {
   int& pointer() const { return program.loop.screen().MousePointer; }
   /// Bytes in a folder, large ones counted while the windows go on painting; a link to one is no more than a link.
   std::uint64_t folderBytes(const std::string& folder) const;
+  /// What it holds, as seen from a long call; nothing when it cannot be read.
+  platform::TreeSize treeSize(const std::string& folder, const platform::Progress& progress = {}) const;
   /// The target of the item in hand, should it have this name.
   std::string target(std::string_view name) const { return form.TargetPath + std::string(name); }
 };

@@ -24,37 +24,43 @@ Operation::Item Copy::file() {
   }
   showItem("Processing... " + form.CurrentItem);
   if (const auto done = doneInBatch()) {
-    succeeded_ = true;
     form.BytesDone += static_cast<double>(*done);
     return Item::Done;
   }
   const std::uint64_t bytes = fileBytes(form.SourcePath);
-  platform::Result<void> copied = copyFile(bytes, false);
-  if (!copied && targetExists(copied.error())) {
-    const Outcome outcome = policy_.decide(leaf_);
-    if (outcome == Outcome::Ends) return Item::EndsLoop;
-    if (outcome == Outcome::Skipped || form.RenameCancelled) return Item::Done;
-    const bool renamed = form7_.OverwriteAnswer == Overwrite::RenameTarget;
-    if (outcome == Outcome::Copy) copied = copyFile(bytes, !renamed);
-  }
-  succeeded_ = copied.ok();
+  const auto copied = copyFile(bytes, Way::ToFreePlace);
+  if (!copied && targetExists(copied.error())) return overExisting(bytes);
+  const Item item = cameOut(copied);
   form.BytesDone += static_cast<double>(bytes);
-  return Item::Done;
+  return item;
+}
+
+Operation::Item Copy::overExisting(std::uint64_t bytes) {
+  const Outcome outcome = policy_.decide(leaf_);
+  if (outcome == Outcome::Ends) return Item::EndsLoop;
+  if (outcome == Outcome::Skipped || context_.form.RenameCancelled) return Item::Done;
+  const bool renamed = form7_.OverwriteAnswer == Overwrite::RenameTarget;
+  const Way way = outcome == Outcome::CopyOverProtected ? Way::OverProtected : renamed ? Way::ToFreePlace : Way::Over;
+  const Item item = outcome == Outcome::CopiedAlready ? Item::Done : cameOut(copyFile(bytes, way));
+  context_.form.BytesDone += static_cast<double>(bytes);
+  return item;
 }
 
 platform::BatchResults Copy::batch(const std::string& folder, const std::vector<std::string>& names,
-                                   const std::string& to) {
-  return context_.files().copyFiles(folder, names, to, LargestOfBatch);
+                                   const std::string& to, const platform::Progress& progress) {
+  return context_.files().copyFiles(folder, names, to, LargestOfBatch, progress);
 }
 
 // A first try finds out in one call whether anything is in the way. Nothing is replaced but what the user was asked
 // about: a target that comes up in between stays.
-platform::Result<void> Copy::copyFile(std::uint64_t bytes, bool overwrite) {
+platform::Result<void> Copy::copyFile(std::uint64_t bytes, Way way) {
   context_.pointer() = Hourglass;
   const std::string source = context_.form.SourcePath, target = context_.target(leaf_);
-  auto copied = run(bytes, [&] { return context_.files().copyFile(source, target, overwrite); });
-  if (!copied && overwrite) policy_.protectAgain();
-  return copied;
+  return runLong({bytes, bytes}, [&, way](const platform::Progress& progress) {
+    auto& files = context_.files();
+    return way == Way::OverProtected ? files.replaceFile(source, target, progress)
+                                     : files.copyFile(source, target, way == Way::Over, progress);
+  });
 }
 
 bool Copy::targetExists(const platform::Error& error) const {
@@ -81,9 +87,14 @@ Operation::Item Copy::folder() {
   if (isThere && !mayMerge(target)) return Item::PassedOver;
   context_.pointer() = Hourglass;
   if (!isThere) RefreshTreeNeeded_ = true;
-  succeeded_ = runLong([&] { return context_.files().copyFolder(item, target, true); }).ok();
-  form.BytesDone += static_cast<double>(context_.folderBytes(item));
-  return Item::Done;
+  const platform::TreeSize size = treeSize(item);
+  if (dialog_.StopFlag) return Item::Stopped;
+  platform::LeftOuts leftOut;
+  const auto copied = runLong({size.bytes, size.bytes}, [&](const platform::Progress& progress) {
+    return context_.files().copyFolder(item, target, true, progress, &leftOut);
+  });
+  form.BytesDone += static_cast<double>(size.bytes);
+  return cameOut(copied, leftOut);
 }
 
 bool Copy::mayMerge(const std::string& target) {

@@ -16,15 +16,17 @@ class Copy : public TargetOperation {
   Turn turn() const override { return Turn::AfterItem; }
   Item file() override;
   Item folder() override;
-  platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names,
-                               const std::string& to) override;
+  platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names, const std::string& to,
+                               const platform::Progress& progress) override;
   void counted() override;
   void refreshPanels() override;
   void ended(bool normally) override;
 
  private:
   void stieq() { alert("Cannot Copy Item to Itself !"); }
-  platform::Result<void> copyFile(std::uint64_t bytes, bool overwrite);
+  Item overExisting(std::uint64_t bytes);
+  enum class Way { ToFreePlace, Over, OverProtected };
+  platform::Result<void> copyFile(std::uint64_t bytes, Way way);
   bool targetExists(const platform::Error& error) const;
   bool mayMerge(const std::string& target);
 

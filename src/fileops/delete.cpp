@@ -41,14 +41,18 @@ Operation::Begin Delete::mayBegin() {
 Operation::Item Delete::folder() {
   auto& form = context_.form;
   const std::string item = form.CurrentItem;
-  const std::uint64_t bytes = context_.folderBytes(item);
-  if (bytes > 0 && !mayDeleteTree()) return Item::Left;
+  const platform::TreeSize size = treeSize(item);
+  if (dialog_.StopFlag) return Item::Stopped;
+  if (size.bytes > 0 && !mayDeleteTree()) return Item::Left;
   showItem("Processing... " + item);
-  form.BytesDone += static_cast<double>(bytes);
-  succeeded_ = runLong([&] { return context_.files().deleteFolder(item, true); }).ok();
   RefreshTreeNeeded_ = true;
+  platform::LeftOuts leftOut;
+  const auto deleted = runLong({size.bytes, size.files + size.folders + 1}, [&](const platform::Progress& progress) {
+    return context_.files().deleteFolder(item, true, progress, &leftOut);
+  });
+  form.BytesDone += static_cast<double>(size.bytes);
   PogressCal(form, dialog_);
-  return Item::Done;
+  return cameOut(deleted, leftOut);
 }
 
 bool Delete::mayDeleteTree() {
@@ -74,7 +78,6 @@ Operation::Item Delete::file() {
   auto& form = context_.form;
   showItem("Processing... " + form.CurrentItem);
   if (const auto done = doneInBatch()) {
-    succeeded_ = true;
     form.BytesDone += static_cast<double>(*done);
     PogressCal(form, dialog_);
     return Item::Done;
@@ -94,15 +97,16 @@ Operation::Item Delete::file() {
   }
   const bool force = form10_.AttrAnswer == AttributeAnswer::ThisItem || form10_.AttrAnswer == AttributeAnswer::All;
   if (form10_.AttrAnswer == AttributeAnswer::ThisItem) form10_.AttrAnswer = AttributeAnswer::None;
+  const std::string file = form.SourcePath;
+  const auto deleted = runLong({}, [&](const platform::Progress&) { return context_.files().deleteFile(file, force); });
   form.BytesDone += facts ? static_cast<double>(facts->size) : 0;
-  succeeded_ = context_.files().deleteFile(form.SourcePath, force).ok();
   PogressCal(form, dialog_);
-  return Item::Done;
+  return cameOut(deleted);
 }
 
 platform::BatchResults Delete::batch(const std::string& folder, const std::vector<std::string>& names,
-                                     const std::string& /*to*/) {
-  return context_.files().deleteFiles(folder, names);
+                                     const std::string& /*to*/, const platform::Progress& progress) {
+  return context_.files().deleteFiles(folder, names, progress);
 }
 
 bool Delete::verify() {
@@ -110,9 +114,9 @@ bool Delete::verify() {
   if (!exists(item)) return true;
   const std::string question = VerifyFolderMode_
                                    ? "Varnholt Was Not Able To Delete Folder:  \r" + context_.form.CurrentItem +
-                                         "  On Target !\rUnknown Reason, But Media Not Accessable/ReadOnly  !"
+                                         "  On Target !Unknown Reason, But Media Not Accessable/ReadOnly  !"
                                    : "Varnholt Was Not Able To Delete File:  \r" + context_.form.CurrentItem +
-                                         "  On Target !\rUnknown Reason, But Media Not Accessable/ReadOnly !";
+                                         "  On Target !Unknown Reason, But Media Not Accessable/ReadOnly !";
   return context_.program.dialogs.AskRetry(question);
 }
 

@@ -19,8 +19,8 @@ class Delete : public Operation {
   Turn turn() const override { return Turn::BeforeTaking; }
   Item file() override;
   Item folder() override;
-  platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names,
-                               const std::string& to) override;
+  platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names, const std::string& to,
+                               const platform::Progress& progress) override;
   /// `VerifyDeleted`: the item is gone, or the user goes on with it there.
   bool verify() override;
   void refreshPanels() override;

@@ -30,7 +30,6 @@ Operation::Item Move::file() {
   const std::string source = form.SourcePath, target = context_.target(leaf_);
   showItem("Processing... " + form.CurrentItem);
   if (const auto done = doneInBatch()) {
-    succeeded_ = true;
     form.BytesDone += static_cast<double>(*done);
     PogressCal(form, dialog_);
     return Item::Done;
@@ -39,20 +38,25 @@ Operation::Item Move::file() {
   // To move a file to where it is would succeed, and is refused all the same.
   const bool isThere = toItsFolder_ && context_.files().fileExists(target);
   platform::Result<void> moved;
-  if (!isThere) moved = run(bytes, [&] { return context_.files().moveFile(source, target); });
+  if (!isThere)
+    moved = runLong({bytes, bytes}, [&](const platform::Progress& progress) {
+      return context_.files().moveFile(source, target, progress);
+    });
+  const Item item = isThere ? Item::Done : cameOut(moved);
+  if (item == Item::Stopped) return item;
   if (isThere || (!moved && context_.files().fileExists(target))) {
+    failure_.reset();
     alert("File Already exist on Target, - Cannot Move!");
-    return Item::Done;
+    return item;
   }
-  succeeded_ = moved.ok();
   form.BytesDone += static_cast<double>(bytes);
   PogressCal(form, dialog_);
-  return Item::Done;
+  return item;
 }
 
 platform::BatchResults Move::batch(const std::string& folder, const std::vector<std::string>& names,
-                                   const std::string& to) {
-  return context_.files().moveFiles(folder, names, to);
+                                   const std::string& to, const platform::Progress& progress) {
+  return context_.files().moveFiles(folder, names, to, progress);
 }
 
 Operation::Item Move::folder() {
@@ -72,14 +76,16 @@ Operation::Item Move::folder() {
     alert("Folder Exist on Target, - Cannot Move!");
     return Item::PassedOver;
   }
-  form.BytesDone += static_cast<double>(context_.folderBytes(item));
-  const auto moved = runLong([&] { return context_.files().moveFolder(item, target); });
+  const platform::TreeSize size = treeSize(item);
+  if (dialog_.StopFlag) return Item::Stopped;
+  const auto moved =
+      runLong({size.bytes, 0}, [&](const platform::Progress&) { return context_.files().moveFolder(item, target); });
   // A volume mounted below a folder has no drive letter to tell it by.
   if (!moved && moved.error().code == platform::ErrorCode::NotSupported) return isAnotherDrive();
-  succeeded_ = moved.ok();
+  form.BytesDone += static_cast<double>(size.bytes);
   PogressCal(form, dialog_);
   RefreshTreeNeeded_ = true;
-  return Item::Done;
+  return cameOut(moved);
 }
 
 Operation::Item Move::isAnotherDrive() {

@@ -18,8 +18,8 @@ class Move : public TargetOperation {
   bool moving() const override { return form5_.MoveRunning; }
   Item file() override;
   Item folder() override;
-  platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names,
-                               const std::string& to) override;
+  platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names, const std::string& to,
+                               const platform::Progress& progress) override;
   void refreshPanels() override;
   void ended(bool normally) override;
 

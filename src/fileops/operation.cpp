@@ -7,6 +7,7 @@
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 
 namespace varnholt::fileops {
@@ -17,9 +18,7 @@ using controls::pointer::Default;
 using controls::pointer::Hourglass;
 
 constexpr std::size_t LongPath = 53, LongPathKept = 47;
-constexpr std::size_t LongItem = 35;
-// What takes so short on any volume that a helper thread would only cost.
-constexpr std::uint64_t ShortCall = 256 * 1024;
+constexpr std::size_t LongItem = 35, LongName = 60;
 // From so many items on files are handled in batches, which grow and shrink so that each takes about as long as the
 // screen shows one picture.
 constexpr std::size_t LargeSelection = 200, FirstBatch = 16, LargestBatch = 512;
@@ -126,7 +125,9 @@ void Operation::Command11_Click() {
   executed_ = answer == Begin::Loop;
   if (answer == Begin::Ending) return end(Ending::Straight);
   begin();
-  end(loop());
+  const Ending ending = loop();
+  if (changed_) changed();
+  end(ending);
 }
 
 void Operation::begin() {
@@ -134,6 +135,7 @@ void Operation::begin() {
   dialog_.showProgress("Processing...");
   dialog_.StopFlag = false;
   RefreshTreeNeeded_ = false;
+  changed_ = false;
   form.OverwritePrompt = true;
   form.RenameCancelled = false;
   form.ItemsDone = 0;
@@ -160,6 +162,7 @@ Operation::Ending Operation::loop() {
     const Item item = VerifyFolderMode_ ? folder() : file();
     if (item == Item::EndsAll) return Ending::Straight;
     if (item == Item::EndsLoop) return Ending::Normal;
+    if (item == Item::Stopped) return Ending::Aborted;
     if (item != Item::PassedOver) {
       ++form.ItemsDone;
       counted();
@@ -177,6 +180,7 @@ void Operation::takeNext() {
   pbar_beregning(form);
   context_.dispatcher.Fileident();
   succeeded_ = false;
+  failure_.reset();
   VerifyFolderMode_ = core::isFolderItem(form.CurrentItem);
   if (VerifyFolderMode_) form.CurrentItem = std::string(core::itemPath(form.CurrentItem));
   leaf_ = std::string(paths::fileName(form.CurrentItem));
@@ -207,6 +211,7 @@ std::optional<std::uint64_t> Operation::doneInBatch() {
   if (batch_.empty()) return {};
   const std::optional<std::uint64_t> bytes = batch_.front();
   batch_.pop_front();
+  if (bytes) (void)cameOut({});
   return bytes;
 }
 
@@ -231,7 +236,10 @@ void Operation::runBatch() {
   const std::vector<std::string> names = nextNames(batchSize_);
   const std::string folder = context_.form.activePanel()->path(), to = context_.form.TargetPath;
   platform::BatchResults results;
-  context_.program.loop.runBlocking([&] { results = batch(folder, names, to); });
+  (void)runLong({}, [&](const platform::Progress& progress) {
+    results = batch(folder, names, to, progress);
+    return platform::Result<void>();
+  });
   for (const auto& result : results)
     batch_.push_back(result ? std::optional(*result) : std::nullopt);
   if (batch_.empty()) batchPause_ = PauseItems;
@@ -261,18 +269,48 @@ void Operation::end(Ending ending) {
   dialog_.StopFlag = false;
   dialog_.setRunning(false);
   context_.form.TmpMode = false;
+  leftOut_.tell();
 }
 
 // --- Shared --------------------------------------------------------------------------------------------------------
 
-platform::Result<void> Operation::run(std::uint64_t bytes, const std::function<platform::Result<void>()>& call) {
-  return bytes < ShortCall ? call() : runLong(call);
+platform::Result<void> Operation::runLong(const Extent& extent, const LongCall& call) {
+  platform::Result<void> result;
+  std::atomic<std::uint64_t> done = 0;
+  const platform::Progress progress = [&](std::uint64_t count) {
+    done = count;
+    return !dialog_.StopFlag;
+  };
+  const auto showShare = [&] {
+    if (extent.whole == 0) return;
+    showShareOfItem(context_.form, dialog_, static_cast<double>(extent.bytes),
+                    static_cast<double>(done) / static_cast<double>(extent.whole));
+  };
+  context_.program.loop.runBlocking([&] { result = call(progress); }, {showShare, &dialog_.Command1});
+  pbar_beregning(context_.form);
+  return result;
 }
 
-platform::Result<void> Operation::runLong(const std::function<platform::Result<void>()>& call) {
-  platform::Result<void> result;
-  context_.program.loop.runBlocking([&] { result = call(); });
-  return result;
+platform::TreeSize Operation::treeSize(const std::string& folder) {
+  platform::TreeSize size;
+  (void)runLong({}, [&](const platform::Progress& progress) {
+    size = context_.treeSize(folder, progress);
+    return platform::Result<void>();
+  });
+  return size;
+}
+
+Operation::Item Operation::cameOut(const platform::Result<void>& result, const platform::LeftOuts& leftOut) {
+  const bool stopped = !result && result.error().code == platform::ErrorCode::Stopped;
+  succeeded_ = result.ok();
+  changed_ = changed_ || result || stopped || !leftOut.empty();
+  leftOut_.add(leftOut);
+  if (!result && !stopped && leftOut.empty()) failure_ = result.error();
+  return stopped ? Item::Stopped : Item::Done;
+}
+
+void Operation::noteFailure() {
+  if (failure_) leftOut_.add(*failure_);
 }
 
 std::uint64_t Operation::fileBytes(const std::string& file) const { return context_.files().fileSize(file).valueOr(0); }
@@ -334,9 +372,31 @@ Operation::Begin TargetOperation::mayBegin() {
 }
 
 bool TargetOperation::verify() {
-  if (exists(context_.target(leaf_))) return true;
-  return context_.program.dialogs.AskRetry("Varnholt Was Not Able To Create File/Folder On Target !\r"
-                                           "Unknown Reason, But Media Not Accessable !");
+  if (exists(context_.target(leaf_))) {
+    noteFailure();
+    return true;
+  }
+  std::string question = "Varnholt Was Not Able To Create File/Folder On Target !\r"
+                         "Unknown Reason, But Media Not Accessable !";
+  if (failure_) question += "\r" + core::shortened(leaf_, LongName + 1, LongName) + " :  " + failure_->text;
+  return context_.program.dialogs.AskRetry(question);
+}
+
+void TargetOperation::changed() {
+  using platform::DriveType;
+  const std::string target = context_.form.TargetPath;
+  bool wait = false;
+  (void)runLong({}, [&](const platform::Progress&) {
+    const auto volume = context_.files().volume(target);
+    wait = volume && (volume->type == DriveType::Removable || volume->type == DriveType::Network);
+    return platform::Result<void>();
+  });
+  wait = wait && !dialog_.StopFlag;
+  if (wait) dialog_.showProgress("Processing...");
+  const auto written = runLong(
+      {}, [&](const platform::Progress& progress) { return context_.files().writeOut(target, wait, progress); });
+  if (written || written.error().code == platform::ErrorCode::Stopped) return;
+  leftOut_.add({written.error().code, target, "not written out to the medium: " + written.error().text});
 }
 
 void TargetOperation::stieqopen() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fileops/context.hpp"
+#include "fileops/left_out_notice.hpp"
 #include "fileops/operation_dialogs.hpp"
 #include "fileops/space.hpp"
 
@@ -39,6 +40,7 @@ class Operation {
     PassedOver,  ///< neither: it was refused
     EndsLoop,    ///< the user ends the loop
     EndsAll,     ///< the operation ends at it
+    Stopped,     ///< given up half way, for the user stopped the operation
   };
   enum class Begin { Loop, Ending, Closed };
   /// Where the loop gives the message loop its turn.
@@ -61,10 +63,12 @@ class Operation {
   virtual Item folder() = 0;
   /// Does the call of the operation for these files of the source folder, as far as they are plain cases.
   virtual platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names,
-                                       const std::string& to) = 0;
+                                       const std::string& to, const platform::Progress& progress) = 0;
   virtual void counted() {}
   /// Looks whether the item came through, where its call did not say so; false ends the loop.
   virtual bool verify() = 0;
+  /// The loop is over and has changed something on the disk.
+  virtual void changed() {}
   virtual void refreshPanels() = 0;
   virtual void ended(bool /*normally*/) {}
 
@@ -75,9 +79,20 @@ class Operation {
 
   // --- What they share -------------------------------------------------------------------------------------------
   void showItem(const std::string& line) { dialog_.item.Text = line; }
-  /// Runs a call that handles so many bytes: a large one while the windows go on painting.
-  platform::Result<void> run(std::uint64_t bytes, const std::function<platform::Result<void>()>& call);
-  platform::Result<void> runLong(const std::function<platform::Result<void>()>& call);
+  /// What a call handles: the bytes that its item adds to `BytesDone`, and what its progress counts up to (0: unknown).
+  struct Extent {
+    std::uint64_t bytes = 0, whole = 0;
+  };
+  /// Runs a call that may take long, while the windows go on painting, the bars move and the stop button works:
+  /// pressed, it ends the call (Stopped).
+  using LongCall = std::function<platform::Result<void>(const platform::Progress&)>;
+  platform::Result<void> runLong(const Extent& extent, const LongCall& call);
+  /// What a folder holds; to be stopped, too.
+  platform::TreeSize treeSize(const std::string& folder);
+  /// How the item in hand came out by its call. What was left out in it is told at the ending.
+  Item cameOut(const platform::Result<void>& result, const platform::LeftOuts& leftOut = {});
+  /// The item is there all the same, so that nobody is asked about it: what failed is told at the ending.
+  void noteFailure();
   std::uint64_t fileBytes(const std::string& file) const;
   bool exists(const std::string& path) const;
   bool driveReady(const panels::Panel& panel);
@@ -85,10 +100,12 @@ class Operation {
 
   Context context_;
   OperationForm& dialog_;
-  std::string leaf_;                ///< name of the item in hand
-  bool VerifyFolderMode_ = false;   ///< the item in hand is a folder
-  bool RefreshTreeNeeded_ = false;  ///< a folder came or went
-  bool succeeded_ = false;          ///< the call for the item in hand says that it is done: nothing to verify
+  std::string leaf_;                        ///< name of the item in hand
+  bool VerifyFolderMode_ = false;           ///< the item in hand is a folder
+  bool RefreshTreeNeeded_ = false;          ///< a folder came or went
+  bool succeeded_ = false;                  ///< the call for the item in hand says that it is done: nothing to verify
+  std::optional<platform::Error> failure_;  ///< why that call failed as a whole
+  LeftOutNotice leftOut_{context_.program};
 
  private:
   void Command2_Click();
@@ -111,6 +128,7 @@ class Operation {
   void runBatch();
 
   bool executed_ = false;
+  bool changed_ = false;      ///< the loop has done something to the disk
   std::string sourceFolder_;  ///< what the active panel showed at the hand-over
   /// Bytes of the files that a batch has done, from the one in hand on; nothing for one that failed in it.
   std::deque<std::optional<std::uint64_t>> batch_;
@@ -127,6 +145,8 @@ class TargetOperation : public Operation {
   Begin mayBegin() override;
   /// `VerifyTarget`: the target is there, or the user goes on without it.
   bool verify() override;
+  /// Has the target's volume written out: beside the window, but waited for where the volume may be pulled out.
+  void changed() override;
   virtual bool moving() const { return false; }
 
   /// `stieqopen`: the item in hand cannot go into itself.

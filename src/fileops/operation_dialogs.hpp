@@ -3,6 +3,7 @@
 #include "controls/message_loop.hpp"
 #include "controls/standard.hpp"
 
+#include <atomic>
 #include <string>
 
 namespace varnholt::fileops {
@@ -32,8 +33,8 @@ class OperationForm : public controls::Form {
   const OperationWords words;
   /// The box with the item in hand, and the one with the summary.
   controls::TextBox &item, &summary;
-  /// The user asked to stop. The loop looks at it once an item.
-  bool StopFlag = false;
+  /// The user asked to stop. The loop looks at it once an item, and long calls look on their own thread.
+  std::atomic<bool> StopFlag = false;
 
   /// True from the start of the loop to its ending: only the stop button works then.
   bool isRunning() const { return running_; }

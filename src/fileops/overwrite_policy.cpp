@@ -123,18 +123,17 @@ bool OverwritePolicy::ConfirmVersion(const std::string& source, const std::strin
 // --- Decisions -----------------------------------------------------------------------------------------------------
 
 Outcome OverwritePolicy::decide(const std::string& name) {
-  unprotected_.reset();
   if (context_.form.OverwritePrompt) copywarning(name);
   const std::string target = context_.target(name);
   switch (form7_.OverwriteAnswer) {
   case Overwrite::ThisOne:
-    return mayReplaceProtected(name, target) ? Outcome::Copy : Outcome::Skipped;
+    return decideThisOne(name, target);
   case Overwrite::All:
-    return confirmAll(target) ? Outcome::Copy : Outcome::CopiedAlready;
+    return ConfirmVersion(context_.form.SourcePath, target) ? Outcome::CopyOverProtected : Outcome::CopiedAlready;
   case Overwrite::AllOlder: {
     const Facts from = factsOf(context_.form.SourcePath), to = factsOf(target);
     if (NotNewer(to.modified, from.modified)) return Outcome::CopiedAlready;
-    return confirmAll(target) ? Outcome::Copy : Outcome::CopiedAlready;
+    return ConfirmVersion(context_.form.SourcePath, target) ? Outcome::CopyOverProtected : Outcome::CopiedAlready;
   }
   case Overwrite::RenameTarget:
     askNewName(name);
@@ -156,36 +155,16 @@ void OverwritePolicy::askNewName(const std::string& name) {
   context_.dispatcher.Fileident();
 }
 
-bool OverwritePolicy::confirmAll(const std::string& target) {
-  if (!ConfirmVersion(context_.form.SourcePath, target)) return false;
-  unprotect(target, context_.files().attributes(target).valueOr(0));
-  return true;
-}
-
-bool OverwritePolicy::mayReplaceProtected(const std::string& name, const std::string& target) {
+Outcome OverwritePolicy::decideThisOne(const std::string& name, const std::string& target) {
   const platform::Attributes attributes = context_.files().attributes(target).valueOr(0);
-  const bool plain = attributes == platform::attribute::Archive || form10_.AttrAnswer == AttributeAnswer::All;
-  if (!plain) {
-    context_.pointer() = Default;
-    form10_.atribtrap(attributes, name);
-    context_.pointer() = Hourglass;
-    if (form10_.AttrAnswer == AttributeAnswer::None) return true;
-    if (form10_.AttrAnswer == AttributeAnswer::Skip || form10_.AttrAnswer == AttributeAnswer::CancelAll) return false;
-  }
-  unprotect(target, attributes);
-  return true;
-}
-
-// A target that stays protected makes the copy fail, which is seen afterwards.
-void OverwritePolicy::unprotect(const std::string& target, platform::Attributes attributes) {
-  if (attributes == platform::attribute::Archive) return;
-  unprotected_ = Unprotected{target, attributes};
-  (void)context_.files().setAttributes(target, platform::attribute::Archive);
-}
-
-void OverwritePolicy::protectAgain() {
-  if (const auto taken = std::exchange(unprotected_, {}))
-    (void)context_.files().setAttributes(taken->target, taken->attributes);
+  if (attributes == platform::attribute::Archive) return Outcome::Copy;
+  if (form10_.AttrAnswer == AttributeAnswer::All) return Outcome::CopyOverProtected;
+  context_.pointer() = Default;
+  form10_.atribtrap(attributes, name);
+  context_.pointer() = Hourglass;
+  if (form10_.AttrAnswer == AttributeAnswer::None) return Outcome::Copy;
+  const bool agreed = form10_.AttrAnswer == AttributeAnswer::ThisItem || form10_.AttrAnswer == AttributeAnswer::All;
+  return agreed ? Outcome::CopyOverProtected : Outcome::Skipped;
 }
 
 }  // namespace varnholt::fileops

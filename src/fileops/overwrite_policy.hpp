@@ -4,7 +4,6 @@
 #include "fileops/overwrite_dialogs.hpp"
 
 #include <functional>
-#include <optional>
 #include <string>
 
 namespace varnholt::fileops {
@@ -15,7 +14,8 @@ bool NotNewer(const platform::Date& first, const platform::Date& second);
 /// What becomes of a file whose target exists.
 enum class Outcome {
   Copy,
-  CopiedAlready,  ///< not copied, but counted as done
+  CopyOverProtected,  ///< whatever attributes the target has
+  CopiedAlready,      ///< not copied, but counted as done
   Skipped,
   Ends,  ///< the user ends the operation
 };
@@ -28,8 +28,6 @@ class OverwritePolicy {
   /// Decides about `SourcePath` and the target of that name. Asks while `OverwritePrompt` is set, else keeps to the
   /// last answer. When it answers Copy, the target may be replaced, unless the rename made its place free.
   Outcome decide(const std::string& name);
-  /// The copy that was decided on did not take place: its target gets back the attributes that were taken off it.
-  void protectAgain();
   /// The comparison of `SourcePath` with its target, and the question.
   void copywarning(const std::string& name);
   /// The same question in front of a rename that would hit a file: `from` gets the name of `to`. When both are one file
@@ -48,20 +46,11 @@ class OverwritePolicy {
   struct Facts;
   Facts factsOf(const std::string& path) const;
   std::string factsLine(const Facts& facts) const;
-  bool mayReplaceProtected(const std::string& name, const std::string& target);
-  void unprotect(const std::string& target, platform::Attributes attributes);
-  bool confirmAll(const std::string& target);
+  Outcome decideThisOne(const std::string& name, const std::string& target);
   void askNewName(const std::string& name);
   void ask();
 
-  /// A target whose attributes were taken off, and what they were.
-  struct Unprotected {
-    std::string target;
-    platform::Attributes attributes = 0;
-  };
-
   Context context_;
-  std::optional<Unprotected> unprotected_;
   Form7& form7_;
   Form10& form10_;
 };

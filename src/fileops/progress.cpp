@@ -1,5 +1,6 @@
 #include "fileops/progress.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 namespace varnholt::fileops {
@@ -20,6 +21,15 @@ void PogressCal(panels::Form1& form, OperationForm& dialog) {
   }
   // The steps in between would be gone before they are drawn.
   bar.Value = bar.Max.get();
+}
+
+void showShareOfItem(panels::Form1& form, OperationForm& dialog, double bytes, double share) {
+  share = std::clamp(share, 0.0, 1.0);
+  dialog.ProgressBar1.Max = std::max(form.BytesDone + bytes, 1.0);
+  dialog.ProgressBar1.Value = bytes > 0 ? form.BytesDone + bytes * share : dialog.ProgressBar1.Max * share;
+  if (form.SelectedCount == 0) return;
+  form.ProgressBar1.Value =
+      (static_cast<double>(form.ItemsDone) + share) / static_cast<double>(form.SelectedCount) * 100;
 }
 
 }  // namespace varnholt::fileops

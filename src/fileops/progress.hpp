@@ -12,4 +12,7 @@ void pbar_beregning(panels::Form1& form);
 /// as no byte is done.
 void PogressCal(panels::Form1& form, OperationForm& dialog);
 
+/// Both bars on the way through an item of so many bytes: between what they show before it and after it.
+void showShareOfItem(panels::Form1& form, OperationForm& dialog, double bytes, double share);
+
 }  // namespace varnholt::fileops

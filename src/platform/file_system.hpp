@@ -62,6 +62,10 @@ struct EntryInfo {
 /// Called on the thread that runs the call, at most every few megabytes or entries. May be empty.
 using Progress = std::function<bool(std::uint64_t bytesDone)>;
 
+/// What a call over a whole tree passed over and left as it was, by path: the source's, or the target's where that was
+/// in the way. One entry for a folder that was left out with all that it holds.
+using LeftOuts = std::vector<Error>;
+
 /// What a tree holds, links counted as entries and not followed, mounted volumes below not entered.
 struct TreeSize {
   std::uint64_t bytes = 0;    ///< sum of the sizes of its regular files
@@ -140,10 +144,18 @@ class FileSystem {
   /// temporary file is left.
   virtual Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
                                 const Progress& progress = {}) = 0;
-  /// Copies a tree, merging into a folder that exists; stops at the first file that fails, and what was copied until
-  /// then stays. IntoItself when `to` lies in `from`. Links are copied as links; special files fail with NotRegular.
+  /// The same over a target that read-only, hidden or system protects: who calls this has the user's word for it. The
+  /// protection goes in the one step that puts the new file into place; until then, and on failure, it stands.
+  virtual Result<void> replaceFile(const std::string& from, const std::string& to, const Progress& progress = {}) = 0;
+  // The calls over a whole tree pass over what they cannot do and go on with the rest. They succeed only when nothing
+  // was left out; else they fail with the first of it, and add all of it to `leftOut`. They give up only where the rest
+  // can but fail too (NoSpace, NotReady), which the last of `leftOut` tells, or when Stopped.
+  /// Copies a tree, merging into a folder that exists, with links as links. Left out are special files, what cannot be
+  /// read, targets that are there without `overwrite`, targets protected as for copyFile, and what vanishes meanwhile.
+  /// IntoItself when `to` lies in `from`. Stopped, a folder that the call has made is taken away again; what was merged
+  /// into one that existed stays.
   virtual Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                                  const Progress& progress = {}) = 0;
+                                  const Progress& progress = {}, LeftOuts* leftOut = nullptr) = 0;
   /// Moves one file; AlreadyThere when the target exists in another spelling than the source's own. To another
   /// volume it is a copy, synced, and then a delete; when the delete fails the copy is taken away again.
   virtual Result<void> moveFile(const std::string& from, const std::string& to, const Progress& progress = {}) = 0;
@@ -162,32 +174,39 @@ class FileSystem {
   virtual Result<void> moveFolder(const std::string& from, const std::string& to) = 0;
   /// Deletes a file or link (never what the link names). Without `force` a read-only file is AccessDenied.
   virtual Result<void> deleteFile(const std::string& path, bool force) = 0;
-  /// Deletes a tree: by folder descriptors, links as entries, other mounted volumes not entered. Without `force` it
-  /// stops at the first read-only file or folder. What was deleted before a failure stays deleted. A link to a
-  /// folder is removed as a link.
-  virtual Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {}) = 0;
+  /// Deletes a tree: by folder descriptors, links as entries, other mounted volumes not entered. Without `force`
+  /// read-only files and folders stay. A folder stays in which something does. A link to a folder is removed as a link.
+  /// `progress` is told entries.
+  virtual Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {},
+                                    LeftOuts* leftOut = nullptr) = 0;
   // The batch calls do what the single calls without overwriting and without force do, for files of one folder, much
   // quicker for many small ones. They end in front of the first name that is no plain case: a regular file, of at most
   // `limit` bytes, with no other attribute than archive where it is to be deleted, and with nothing of its name in the
   // target folder. So does one that fails. The caller goes on with that one by a single call, which tells what is the
-  // matter. An empty answer is always right.
+  // matter. An empty answer is always right. `progress` is told files done, and ends the call in front of the next.
   virtual BatchResults copyFiles(const std::string& /*folder*/, const std::vector<std::string>& /*names*/,
-                                 const std::string& /*to*/, std::uint64_t /*limit*/) {
+                                 const std::string& /*to*/, std::uint64_t /*limit*/, const Progress& = {}) {
     return {};
   }
   virtual BatchResults moveFiles(const std::string& /*folder*/, const std::vector<std::string>& /*names*/,
-                                 const std::string& /*to*/) {
+                                 const std::string& /*to*/, const Progress& = {}) {
     return {};
   }
-  virtual BatchResults deleteFiles(const std::string& /*folder*/, const std::vector<std::string>& /*names*/) {
+  virtual BatchResults deleteFiles(const std::string& /*folder*/, const std::vector<std::string>& /*names*/,
+                                   const Progress& = {}) {
     return {};
   }
   /// Makes one folder; its parent must exist. AlreadyThere when anything has the name.
   virtual Result<void> createFolder(const std::string& path) = 0;
-  /// Sets the settable bits to exactly those given; the others stay. On a volume without extended attributes
+  /// Sets the settable bits to exactly those given; the others stay. NotSupported for a link: what it names is never
+  /// touched. On a volume without extended attributes
   /// read-only is kept in the permission and the rest is NotSupported after that.
   virtual Result<void> setAttributes(const std::string& path, Attributes attributes) = 0;
   virtual Result<void> setModified(const std::string& path, const Date& date) = 0;
+  /// Has the volume of the path write out all that was written to it, so that a power cut finds it. Without `wait` this
+  /// returns at once and the work goes on beside; with it, when all is on the medium, or Stopped, as soon as `progress`
+  /// says so, while the work goes on all the same.
+  virtual Result<void> writeOut(const std::string& path, bool wait, const Progress& progress = {}) = 0;
 };
 
 }  // namespace varnholt::platform

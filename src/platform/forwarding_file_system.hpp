@@ -39,9 +39,12 @@ class ForwardingFileSystem : public FileSystem {
                         const Progress& progress = {}) override {
     return base_.copyFile(from, to, overwrite, progress);
   }
-  Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                          const Progress& progress = {}) override {
-    return base_.copyFolder(from, to, overwrite, progress);
+  Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite, const Progress& progress = {},
+                          LeftOuts* leftOut = nullptr) override {
+    return base_.copyFolder(from, to, overwrite, progress, leftOut);
+  }
+  Result<void> replaceFile(const std::string& from, const std::string& to, const Progress& progress = {}) override {
+    return base_.replaceFile(from, to, progress);
   }
   Result<void> moveFile(const std::string& from, const std::string& to, const Progress& progress = {}) override {
     return base_.moveFile(from, to, progress);
@@ -59,14 +62,18 @@ class ForwardingFileSystem : public FileSystem {
     return base_.moveFolder(from, to);
   }
   Result<void> deleteFile(const std::string& path, bool force) override { return base_.deleteFile(path, force); }
-  Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {}) override {
-    return base_.deleteFolder(path, force, progress);
+  Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {},
+                            LeftOuts* leftOut = nullptr) override {
+    return base_.deleteFolder(path, force, progress, leftOut);
   }
   Result<void> createFolder(const std::string& path) override { return base_.createFolder(path); }
   Result<void> setAttributes(const std::string& path, Attributes attributes) override {
     return base_.setAttributes(path, attributes);
   }
   Result<void> setModified(const std::string& path, const Date& date) override { return base_.setModified(path, date); }
+  Result<void> writeOut(const std::string& path, bool wait, const Progress& progress = {}) override {
+    return base_.writeOut(path, wait, progress);
+  }
 
  protected:
   FileSystem& base_;

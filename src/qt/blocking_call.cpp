@@ -1,7 +1,10 @@
 #include "qt/blocking_call.hpp"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QDropEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QWidget>
 #include <QWindow>
@@ -55,7 +58,11 @@ struct InputHold::Held {
   std::unique_ptr<QEvent> event;
 };
 
-InputHold::InputHold() { QCoreApplication::instance()->installEventFilter(this); }
+InputHold::InputHold(QAbstractButton* button, std::function<void()> pressed)
+    : button_(button), pressed_(std::move(pressed)) {
+  QCoreApplication::instance()->installEventFilter(this);
+  if (button_) connect(button_, &QAbstractButton::clicked, this, [this] { pressed_(); });
+}
 
 InputHold::~InputHold() {
   QCoreApplication::instance()->removeEventFilter(this);
@@ -76,10 +83,44 @@ bool InputHold::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   if (!isInput(event->type()) || isExcepted(watched)) return false;
+  if (button_ && goesToButton(watched, *event)) return false;
   if (event->type() == QEvent::Close && closing) closing();
+  if (button_ && event->type() == QEvent::Close && watched == button_->window()) {
+    pressed_();
+    event->ignore();
+    return true;
+  }
   if (!isForgotten(event->type())) held_.push_back({watched, std::unique_ptr<QEvent>(event->clone())});
   event->setAccepted(true);
   return true;
+}
+
+// Events come to the window of the system first and then to the widget.
+bool InputHold::goesToButton(const QObject* watched, const QEvent& event) const {
+  if (watched == button_) return true;
+  const bool isItsWindow = watched == button_->window()->windowHandle();
+  switch (event.type()) {
+  case QEvent::ShortcutOverride:
+    return true;  // eaten, no shortcut would be looked for
+  case QEvent::Close:
+    return isItsWindow;
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonRelease:
+  case QEvent::MouseButtonDblClick:
+    return isItsWindow && (button_->isDown() || isOnButton(static_cast<const QMouseEvent&>(event)));
+  case QEvent::KeyPress:
+  case QEvent::KeyRelease: {
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    const bool presses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    return presses && button_->hasFocus();
+  }
+  default:
+    return false;
+  }
+}
+
+bool InputHold::isOnButton(const QMouseEvent& event) const {
+  return button_->rect().contains(button_->mapFrom(button_->window(), event.position().toPoint()));
 }
 
 // --- Aside ---------------------------------------------------------------------------------------------------------

@@ -11,7 +11,9 @@
 #include <utility>
 #include <vector>
 
+class QAbstractButton;
 class QEvent;
+class QMouseEvent;
 class QWidget;
 
 namespace varnholt::qt {
@@ -20,9 +22,12 @@ namespace varnholt::qt {
 /// afterwards in their order; mere mouse movement is forgotten. Drags are refused: their data are gone by then, and the
 /// other program must not hear that its files were taken. Leaving input to the event loop's own
 /// exclusion is not enough: posted events and those of accessibility tools pass it.
+///
+/// One button may work all the same: what goes to it passes, and `pressed` is called when it is clicked or the close
+/// box of its window is.
 class InputHold : public QObject {
  public:
-  InputHold();
+  explicit InputHold(QAbstractButton* button = nullptr, std::function<void()> pressed = {});
   ~InputHold() override;
   std::function<void()> closing;  ///< called for each close box
   /// One window takes input all the same.
@@ -30,10 +35,15 @@ class InputHold : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  struct Held;
   bool isExcepted(const QObject* receiver) const;
+  bool goesToButton(const QObject* watched, const QEvent& event) const;
+  bool isOnButton(const QMouseEvent& event) const;
+
+  struct Held;
 
   const QWidget* excepted_ = nullptr;
+  QAbstractButton* button_;
+  std::function<void()> pressed_;
   std::vector<Held> held_;
 };
 

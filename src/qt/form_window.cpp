@@ -236,8 +236,9 @@ void FormWindow::place(const QWidget* caller) {
   const QScreen* screen = caller ? caller->screen() : QGuiApplication::primaryScreen();
   const QRect room = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
   QRect wanted;
-  // A dialog stands on its caller each time anew, any other window where it stood.
-  if (widget_->isModal() ? placedByProgram() : hasPlace()) {
+  // Dialogs stand on their caller each time anew, the other windows where they stood.
+  const bool staysWhereItStood = widget_->windowType() == Qt::Window || widget_->windowType() == Qt::Tool;
+  if (staysWhereItStood ? hasPlace() : placedByProgram()) {
     wanted = wantedPlace();
   } else {
     updateLayout();

@@ -2,8 +2,10 @@
 
 #include "qt/input.hpp"
 #include "qt/message_box.hpp"
+#include "qt/text.hpp"
 #include "qt/theme.hpp"
 
+#include <QAbstractButton>
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDialog>
@@ -24,6 +26,7 @@ constexpr int ShortCallMilliseconds = 30;
 constexpr std::chrono::milliseconds QueuedInput{500};
 // How long a call may go on behind the close box.
 constexpr std::chrono::milliseconds Patience{2000};
+constexpr int MeanwhileMilliseconds = 100;
 
 const QWidget* callerWindow() {
   if (const QWidget* modal = QApplication::activeModalWidget()) return modal;
@@ -236,7 +239,7 @@ bool QtMessageLoop::mayLeave(InputHold& hold, unsigned call) {
   return answer == controls::MessageAnswer::Yes && isRunning(call);
 }
 
-void QtMessageLoop::runBlocking(const std::function<void()>& call) {
+void QtMessageLoop::runBlocking(const std::function<void()>& call, const controls::Meanwhile& meanwhile) {
   // Somebody works on although a call does not return: the state is stored in front of the end.
   if (blocked_ > 0) return call();
   QSemaphore done;
@@ -251,21 +254,33 @@ void QtMessageLoop::runBlocking(const std::function<void()>& call) {
   });
   if (!done.tryAcquire(1, ShortCallMilliseconds)) {
     flush();
-    InputHold hold;
-    hold.closing = [&] { leaveUnlessItReturns(hold, number); };
-    // The window system's input waits best in its own queue; but there the close box of a call that takes long is never
-    // seen.
-    QEventLoop::ProcessEventsFlags events = QEventLoop::ExcludeUserInputEvents;
-    QTimer::singleShot(QueuedInput, &loop, [&] {
-      events = QEventLoop::AllEvents;
-      loop.quit();
-    });
-    do
-      loop.exec(events);
-    while (isRunning(number) && !quitting_);
+    waitFor(number, loop, meanwhile);
     done.acquire();
   }
   if (--blocked_ == 0 && !laterCalls_.empty()) laterTimer_.start(0);
+}
+
+void QtMessageLoop::waitFor(unsigned call, QEventLoop& events, const controls::Meanwhile& meanwhile) {
+  FormWindow* window = meanwhile.stop ? windowOf(meanwhile.stop->form()) : nullptr;
+  auto* stop = window ? window->widget().findChild<QAbstractButton*>(toQt(meanwhile.stop->name())) : nullptr;
+  InputHold hold(stop, [&] { meanwhile.stop->press(); });
+  hold.closing = [&] { leaveUnlessItReturns(hold, call); };
+  QTimer ticks;
+  if (meanwhile.tick) {
+    connect(&ticks, &QTimer::timeout, &events, meanwhile.tick);
+    ticks.start(MeanwhileMilliseconds);
+  }
+  // The window system's input waits best in its own queue; but there the close box of a call that takes long is never
+  // seen.
+  auto flags = stop ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents;
+  if (!stop)
+    QTimer::singleShot(QueuedInput, &events, [&] {
+      flags = QEventLoop::AllEvents;
+      events.quit();
+    });
+  do
+    events.exec(flags);
+  while (isRunning(call) && !quitting_);
 }
 
 controls::MessageAnswer QtMessageLoop::show(const controls::MessageBox& box) {

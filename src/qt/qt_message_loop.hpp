@@ -41,7 +41,7 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
 
   void giveTurn() override;
   void runModal(controls::Form& form) override;
-  void runBlocking(const std::function<void()>& call) override;
+  void runBlocking(const std::function<void()>& call, const controls::Meanwhile& meanwhile = {}) override;
   void runBeside(std::function<void()> call, std::function<void()> done) override;
   /// What stores the program's state and ends the process when the user leaves and a call does not return.
   void setLeave(std::function<void()> leave) { leave_ = std::move(leave); }
@@ -94,6 +94,8 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
   void leaveUnlessItReturns(InputHold& hold, unsigned call);
   bool isRunning(unsigned call) const { return running_ == call; }
   void readScreen();
+  /// Gives the event loop its turns until the call has returned or the program ends.
+  void waitFor(unsigned call, QEventLoop& events, const controls::Meanwhile& meanwhile);
   bool isModal(const controls::Form& form) const;
 
   std::map<controls::Form*, Entry> forms_;

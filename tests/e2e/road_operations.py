@@ -307,6 +307,47 @@ def open_for_all(road, command):
     program.dialog(command + " Item(s)")
 
 
+def left_out(road):
+    """One pipe in a tree costs that pipe alone, and is told; the copy is written out."""
+    road.fill()
+    road.empty(road.target)
+    work, _ = road.pictures()
+    pipe = road.work + "/Garden/Roses/pipe"
+    os.mkfifo(pipe)
+    calls = road.program.home + "/calls"
+    tracer = ["strace", "-f", "-qq", "-e", "trace=syncfs", "-o", calls, "-p", str(road.program.process.pid)]
+    with subprocess.Popen(tracer, stderr=subprocess.DEVNULL) as trace:
+        road.start("Copy", "Copy Item(s)", "Return", "\\ Garden")
+        road.answer("Alert", "1 Item(s) Left Out :", "Return", "Ok")
+        road.ended()
+        traced = trace.poll() is None  # it ends at once where processes may not be traced
+        trace.terminate()
+    os.remove(pipe)
+    road.expect("a copy with a pipe in it", work, below(work, "Garden"))
+    with open(calls, encoding="utf-8") as told:
+        expect("the volume was written out once", not traced or told.read().count("syncfs(") == 1)
+    os.remove(calls)
+
+
+def stop_in_a_big_item(road):
+    """Alt+S ends the copy of a folder with one large file in the middle of that file, and nothing of it stays."""
+    road.fill()
+    big = road.work + "/Garden/big"
+    for _ in range(ATTEMPTS):
+        road.empty(road.target)
+        subprocess.run(["dd", "if=/dev/zero", "of=" + big, "bs=1M", "count=800", "status=none"], check=True)
+        road.choose("\\ Garden")
+        road.program.command("Copy")
+        road.program.dialog("Copy Item(s)")
+        stopped = stop_in_the_middle(road, "Copy")
+        road.ended()
+        if stopped:
+            break
+    expect("the copy was stopped in the middle", stopped)
+    expect(f"nothing of it stays: {os.listdir(road.target)}", not os.listdir(road.target))
+    os.remove(big)
+
+
 def stop_in_the_middle(road, command):
     """The program is held when its first effect is seen, and finds the key when it goes on. False: it was done before."""
     program = road.program
@@ -350,7 +391,8 @@ def road(program):
     wait("Target", lambda: "alpha" in program.rows(2))
     program.click_row(1, "\\ Work", 2)
     wait("Work", lambda: ODD_ROW in program.rows(1))
-    for step in (copy_to_free_place, overwrite_answers, question_about_a_long_name, merge_folders, protected_target, move, delete, stop, browse):
+    for step in (copy_to_free_place, overwrite_answers, question_about_a_long_name, merge_folders, protected_target, move,
+                 delete, left_out, stop, stop_in_a_big_item, browse):
         print(step.__name__, flush=True)
         step(steps)
     program.keys("alt+F4")

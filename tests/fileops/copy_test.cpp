@@ -175,7 +175,7 @@ TEST_F(CopyTest, AnItemThatDoesNotArriveIsAskedAbout) {
     starts("Form3");
     rig.loop.whenShows("Form11")
         .reads("Label1", "Varnholt Was Not Able To Create File/Folder On Target !\r"
-                         "Unknown Reason, But Media Not Accessable !")
+                         "Unknown Reason, But Media Not Accessable !\rb :  No such file or directory")
         .press(goOn ? "Command11" : "Command1");
     rig.command("Command1_Click");
     EXPECT_EQ(rig.exists("C:\\To\\a"), goOn);

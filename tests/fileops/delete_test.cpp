@@ -174,7 +174,7 @@ TEST_F(DeleteTest, WhatCannotBeDeletedIsAskedAbout) {
   rig.write("C:\\From\\five");
   ASSERT_TRUE(files().setAttributes("C:\\From\\five", 5));
   rig.write("C:\\From\\a");
-  const std::string question = "Varnholt Was Not Able To Delete File:  \rfive  On Target !\r"
+  const std::string question = "Varnholt Was Not Able To Delete File:  \rfive  On Target !"
                                "Unknown Reason, But Media Not Accessable/ReadOnly !";
   select({"a", "five"});
   starts("Form4");

@@ -139,8 +139,9 @@ TEST_F(LargeSelectionTest, StopLeavesWhatIsNotCounted) {
 struct FailingOnce : platform::ForwardingFileSystem {
   explicit FailingOnce(platform::FileSystem& real) : ForwardingFileSystem(real), real(real) {}
   platform::BatchResults copyFiles(const std::string& folder, const std::vector<std::string>& names,
-                                   const std::string& to, std::uint64_t limit) override {
-    auto results = real.copyFiles(folder, names, to, limit);
+                                   const std::string& to, std::uint64_t limit,
+                                   const platform::Progress& progress) override {
+    auto results = real.copyFiles(folder, names, to, limit, progress);
     if (results.size() > 2 && !failed) {
       failed = names[1];
       (void)real.deleteFile(to + names[1], true);

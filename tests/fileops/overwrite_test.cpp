@@ -170,9 +170,11 @@ TEST_F(OverwriteTest, ProtectedTargetsAreAskedAboutByTheirAttributes) {
       rig.loop.whenShows("Form10")
           .reads("Label1", "Current File:  a\r Are marked:  " + each.text + "\rPlease use Command Options !")
           .press("Command11");
-    rig.command("Command1_Click");
     // A value that is not listed goes unasked, and then the copy fails.
-    EXPECT_EQ(replaced("a"), !each.text.empty() || each.attributes == 32) << each.attributes;
+    const bool copies = !each.text.empty() || each.attributes == 32;
+    if (!copies) rig.loop.whenShows("Form12").press("Command11");
+    rig.command("Command1_Click");
+    EXPECT_EQ(replaced("a"), copies) << each.attributes;
     ASSERT_TRUE(files().deleteFile("C:\\To\\a", true));
   }
 }
@@ -219,9 +221,30 @@ TEST_F(OverwriteTest, TheTargetIsRenamedOutOfTheWay) {
     select({"a"});
     starts("Form3");
     rig.loop.whenShows("Form7").press("Command4");
+    if (!cancelled) rig.loop.whenShows("Form12").press("Command11");
     rig.command("Command1_Click");
     EXPECT_FALSE(replaced("a"));
     EXPECT_FALSE(form().RenameCancelled);
+  }
+}
+
+// The user overwrote links of a config folder, and the files behind them could be written from then on.
+TEST_F(OverwriteTest, OverwritingALinkLeavesTheFileBehindItAlone) {
+  for (const char* answer : {"Command11", "Command6"}) {
+    pair("a");
+    rig.write("C:\\Behind\\a", "behind");
+    protect("C:\\Behind\\a", platform::attribute::ReadOnly);
+    std::filesystem::remove(rig.systemPath("C:\\To\\a"));
+    std::filesystem::create_symlink("../Behind/a", rig.systemPath("C:\\To\\a"));
+    select({"a"});
+    starts("Form3");
+    rig.loop.whenShows("Form7").press(answer);
+    if (answer == std::string("Command11")) rig.loop.whenShows("Form10").press("Command11");
+    rig.command("Command1_Click");
+    EXPECT_TRUE(replaced("a"));
+    EXPECT_EQ(rig.read("C:\\Behind\\a"), "behind");
+    EXPECT_EQ(files().attributes("C:\\Behind\\a").valueOr(0), platform::attribute::ReadOnly);
+    ASSERT_TRUE(files().deleteFile("C:\\Behind\\a", true));
   }
 }
 

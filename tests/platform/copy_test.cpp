@@ -4,12 +4,35 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <random>
 
 #include <fcntl.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/xattr.h>
 #include <unistd.h>
+
+namespace {
+
+/// What a volume says to changes of modes and times; 0: it makes them.
+int refused = 0;
+
+template <class... Arguments>
+int change(long call, Arguments... arguments) {
+  if (!refused) return static_cast<int>(::syscall(call, arguments...));
+  errno = refused;
+  return -1;
+}
+
+}  // namespace
+
+// In front of the library's own.
+extern "C" int fchmod(int fd, mode_t mode) noexcept { return change(SYS_fchmod, fd, mode); }
+extern "C" int futimens(int fd, const timespec* times) noexcept {
+  return change(SYS_utimensat, fd, static_cast<const char*>(nullptr), times, 0);
+}
 
 namespace varnholt::platform {
 namespace {
@@ -83,6 +106,24 @@ TEST(CopyFile, GuardedTargetIsNotOverwritten) {
   }
 }
 
+TEST(ReplaceFile, ProtectionGoesWithTheOldFileAndIsLeftWhereNothingIsReplaced) {
+  TempFolder temp;
+  temp.file("a", "new").file("locked", "old").mode("locked", 0444).file(".dot", "old");
+  temp.file("behind", "behind").mode("behind", 0444).link("link", "behind");
+  EXPECT_EQ(codeOf(temp.files.replaceFile(temp.path("a"), temp.path("locked"), [](std::uint64_t) { return false; })),
+            ErrorCode::Stopped);
+  EXPECT_EQ(temp.read("locked"), "old");
+  EXPECT_EQ(temp.facts("locked").st_mode & 0777, 0444u);
+  for (const char* target : {"locked", ".dot", "link"}) {
+    ASSERT_TRUE(temp.files.replaceFile(temp.path("a"), temp.path(target))) << target;
+    EXPECT_EQ(temp.read(target), "new");
+    EXPECT_EQ(temp.facts(target).st_mode, temp.facts("a").st_mode) << target;
+  }
+  EXPECT_EQ(temp.read("behind"), "behind");
+  EXPECT_EQ(temp.facts("behind").st_mode & 0777, 0444u);
+  EXPECT_EQ(codeOf(temp.files.replaceFile(temp.path("a"), temp.path("a"))), ErrorCode::SameEntry);
+}
+
 TEST(CopyFile, NeverOntoItself) {
   TempFolder temp;
   temp.file("a", "bytes").link("l", "a").hardLink("h", "a");
@@ -132,6 +173,21 @@ TEST(CopyFile, StoppedLeavesTheOldTarget) {
   EXPECT_GT(seen, 0u);
   EXPECT_EQ(temp.read("b"), "old");
   EXPECT_EQ(temp.names(), (Names{"a", "b"}));
+}
+
+TEST(CopyFile, VolumesThatKeepNoTimesAndModesTakeCopiesAllTheSame) {
+  TempFolder temp;
+  temp.file("a", "new");
+  for (const int error : {ENOTSUP, ENOSYS, EPERM}) {
+    temp.file("b", "old");
+    refused = error;
+    EXPECT_TRUE(temp.files.copyFile(temp.path("a"), temp.path("b"), true)) << error;
+    refused = 0;
+    EXPECT_EQ(temp.read("b"), "new");
+  }
+  refused = EIO;
+  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), temp.path("b"), true)), ErrorCode::Failed);
+  refused = 0;
 }
 
 TEST(CopyFile, FilesThatDoNotTellTheirSize) {
@@ -193,19 +249,43 @@ TEST(CopyFolder, MergesAndKeepsWhatIsThere) {
   EXPECT_EQ(temp.facts("to/f").st_mode & 0777, 0700u) << "a folder that was there keeps its own";
 }
 
-TEST(CopyFolder, StopsAtTheFirstThatFails) {
+TEST(CopyFolder, PassesOverWhatCannotBeCopiedAndTellsAllOfIt) {
   TempFolder temp;
-  temp.file("from/a", "new").file("to/a", "old");
-  const auto there = temp.files.copyFolder(temp.path("from"), temp.path("to"), false);
-  EXPECT_EQ(codeOf(there), ErrorCode::AlreadyThere);
-  EXPECT_EQ(there.error().path, temp.path("to/a"));
-  temp.mode("to/a", 0444);
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), temp.path("to"), true)), ErrorCode::ReadOnlyTarget);
-  EXPECT_EQ(temp.read("to/a"), "old");
-  temp.pipe("from/pipe");
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), temp.path("fresh"), false)), ErrorCode::NotRegular);
-  for (const std::string& name : temp.names())
-    EXPECT_FALSE(name.starts_with(".vnh-")) << name;
+  temp.file("from/a", "new").file("from/f/free", "1").file("from/z", "2").pipe("from/pipe").file("from/taken/b", "3");
+  temp.file("from/locked", "new").file("from/.dot", "new").file("from/f/folder", "new");
+  temp.file("to/a", "old").file("to/locked", "old").mode("to/locked", 0444).file("to/.dot", "old");
+  temp.folder("to/f/folder").file("to/taken", "a file");
+  LeftOuts leftOut;
+  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), temp.path("to"), true, {}, &leftOut)),
+            ErrorCode::NotRegular);
+  std::vector<std::pair<std::string, ErrorCode>> told;
+  for (const Error& each : leftOut)
+    told.emplace_back(each.path, each.code);
+  const decltype(told) expected{{temp.path("from/pipe"), ErrorCode::NotRegular},
+                                {temp.path("to/.dot"), ErrorCode::ReadOnlyTarget},
+                                {temp.path("to/f/folder"), ErrorCode::IsAFolder},
+                                {temp.path("to/locked"), ErrorCode::ReadOnlyTarget},
+                                {temp.path("to/taken"), ErrorCode::AlreadyThere}};
+  EXPECT_EQ(told, expected);
+  EXPECT_EQ(temp.read("to/a") + temp.read("to/f/free") + temp.read("to/z"), "new12");
+  EXPECT_EQ(temp.read("to/locked") + temp.read("to/.dot"), "oldold");
+  leftOut.clear();
+  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), temp.path("to"), false, {}, &leftOut)),
+            ErrorCode::NotRegular);
+  EXPECT_EQ(leftOut.size(), 8u) << "nothing may be replaced";
+}
+
+TEST(CopyFolder, UnreadableFilesAndFoldersAreLeftOut) {
+  TempFolder temp;
+  temp.file("from/a", "1").file("from/secret").file("from/shut/b").mode("from/secret", 0).mode("from/shut", 0);
+  temp.mode("", 0777);
+  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
+    LeftOuts leftOut;
+    EXPECT_FALSE(temp.files.copyFolder(temp.path("from"), temp.path("to"), true, {}, &leftOut));
+    EXPECT_EQ(leftOut.size(), 2u);
+    EXPECT_EQ(temp.names("to"), Names{"a"});
+  }));
+  temp.mode("from/shut", 0700);
 }
 
 TEST(CopyFolder, FileInTheFoldersPlace) {
@@ -264,19 +344,31 @@ TEST(CopyFolder, AFailureLeavesFoldersUsable) {
   EXPECT_EQ(temp.facts("to/f").st_mode & 0777, 0755u) << "what was copied until then stays, and is not locked";
 }
 
-TEST(CopyFolder, StopsWhenAskedAndLeavesWholeFilesOnly) {
-  TempFolder temp;
-  for (int i = 0; i < 40; ++i)
-    temp.file("from/" + std::to_string(i), std::string(2 << 20, 'x'));
-  int calls = 0;
-  const auto stop = [&](std::uint64_t) { return ++calls < 2; };
-  const auto copied = temp.files.copyFolder(temp.path("from"), temp.path("to"), false, stop);
-  if (!copied) {
+TEST(CopyFolder, StoppedTakesItsNewFolderAwayAndNothingOfOthers) {
+  for (const int callsBefore : {0, 1, 2}) {
+    TempFolder temp;
+    for (int i = 0; i < 40; ++i)
+      temp.file("from/" + std::to_string(i % 4) + "/" + std::to_string(i), std::string(2 << 20, 'x'));
+    temp.file("from/own").folder("merged").mode("from/1", 0555);
+    int calls = 0;
+    const auto stop = [&](std::uint64_t) {
+      if (calls == 1 && temp.has("to")) temp.file("to/stranger").file("to/own", "changed");
+      return ++calls <= callsBefore;
+    };
+    const auto copied = temp.files.copyFolder(temp.path("from"), temp.path("to"), false, stop);
+    if (copied) continue;  // it was quicker than the second question
     EXPECT_EQ(copied.error().code, ErrorCode::Stopped);
+    if (temp.has("to")) {
+      EXPECT_EQ(temp.names("to"), (Names{"own", "stranger"}));
+    }
+    calls = 0;
+    (void)temp.files.copyFolder(temp.path("from"), temp.path("merged"), false, stop);
+    for (const std::string& name : temp.names("merged"))
+      for (const std::string& file : name == "own" ? Names{} : temp.names("merged/" + name))
+        EXPECT_EQ(temp.facts("merged/" + name + "/" + file).st_size, 2 << 20) << file;
+    for (const std::string& name : temp.names())
+      EXPECT_FALSE(name.starts_with(".vnh-")) << name;
   }
-  for (const std::string& name : temp.names("to"))
-    EXPECT_EQ(temp.facts("to/" + name).st_size, 2 << 20) << name;
-  EXPECT_EQ(temp.names(), (Names{"from", "to"}));
 }
 
 TEST(CopyFolder, ManyFilesOnAllWorkers) {

@@ -150,5 +150,16 @@ TEST_F(FileBatch, NamesThatLeadElsewhereAndFoldersThatAreGoneGiveNothing) {
   EXPECT_TRUE(temp.files.copyFiles("Q:\\", all, to, NoLimit).empty());
 }
 
+TEST_F(FileBatch, EndsSoonWhenItIsStopped) {
+  Names many;
+  for (int number = 0; number < 2000; ++number)
+    temp.file("from/" + many.emplace_back(std::to_string(number)));
+  const auto stop = [](std::uint64_t) { return false; };
+  EXPECT_LT(temp.files.copyFiles(from, many, to, NoLimit, stop).size(), many.size());
+  EXPECT_LT(temp.files.deleteFiles(from, many, stop).size(), many.size());
+  temp.folder("elsewhere");
+  EXPECT_EQ(temp.files.moveFiles(from, all, temp.path("elsewhere"), stop).size(), 1u);
+}
+
 }  // namespace
 }  // namespace varnholt::platform

@@ -117,6 +117,27 @@ TEST_F(OtherVolume, MoveWhoseSourceCannotGoTakesTheCopyBack) {
   EXPECT_FALSE(temp.has("other/a"));
 }
 
+TEST_F(OtherVolume, AMoveIntoAFolderThatCannotBeReadEndsWhole) {
+  temp.file("a", "1").link("l", "nowhere").folder("other/box").mode("other/box", 0333).mode("", 0777);
+  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
+    for (const char* name : {"a", "l"})
+      EXPECT_TRUE(temp.files.moveFile(temp.path(name), temp.path("other/box/"))) << name;
+  }));
+  EXPECT_EQ(temp.names(), Names{"other"});
+  EXPECT_EQ(temp.names("other/box"), (Names{"a", "l"}));
+}
+
+TEST_F(OtherVolume, ACopyThatFindsNoRoomGivesUpAndSaysSo) {
+  for (int number = 0; number < 50; ++number)
+    temp.file("tree/" + std::to_string(number), std::string(1 << 20, 'y'));
+  LeftOuts leftOut;
+  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("tree"), temp.path("other/tree"), true, {}, &leftOut)),
+            ErrorCode::NoSpace);
+  EXPECT_LT(leftOut.size(), 10u);
+  EXPECT_EQ(leftOut.back().path, temp.path("tree"));
+  EXPECT_EQ(leftOut.back().text, "the rest was not tried: No space left on device");
+}
+
 TEST_F(OtherVolume, MoveFolderIsNotSupported) {
   temp.file("f/a", "1");
   EXPECT_EQ(codeOf(temp.files.moveFolder(temp.path("f"), temp.path("other/f"))), ErrorCode::NotSupported);
@@ -202,13 +223,15 @@ TEST(DeleteFolder, LinkToAFolderIsRemovedAsALink) {
   EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("toFile"), true)), ErrorCode::NotAFolder);
 }
 
-TEST(DeleteFolder, UnforcedStopsAtReadOnly) {
+TEST(DeleteFolder, UnforcedLeavesReadOnlyFilesAndTheFoldersAroundThem) {
   TempFolder temp;
-  temp.file("tree/f/locked").mode("tree/f/locked", 0444).folder("fixed");
-  const auto deleted = temp.files.deleteFolder(temp.path("tree"), false);
-  EXPECT_EQ(codeOf(deleted), ErrorCode::AccessDenied);
-  EXPECT_EQ(deleted.error().path, temp.path("tree/f/locked"));
-  EXPECT_TRUE(temp.has("tree/f/locked"));
+  temp.file("tree/f/locked").mode("tree/f/locked", 0444).file("tree/f/a").file("tree/g/b").folder("fixed");
+  LeftOuts leftOut;
+  EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("tree"), false, {}, &leftOut)), ErrorCode::AccessDenied);
+  ASSERT_EQ(leftOut.size(), 1u);
+  EXPECT_EQ(leftOut.front().path, temp.path("tree/f/locked"));
+  EXPECT_EQ(temp.names("tree"), Names{"f"});
+  EXPECT_EQ(temp.names("tree/f"), Names{"locked"});
   if (temp.store("fixed", "0x11")) {
     EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("fixed"), false)), ErrorCode::AccessDenied);
   }
@@ -301,6 +324,13 @@ TEST(DeleteFolder, StopsWhenAsked) {
             ErrorCode::Stopped);
   EXPECT_TRUE(temp.has("tree"));
   EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("none"), true)), ErrorCode::NotFound);
+}
+
+TEST(WriteOut, WaitsOrGoesOnBeside) {
+  TempFolder temp;
+  EXPECT_TRUE(temp.files.writeOut(temp.path(), true));
+  EXPECT_TRUE(temp.files.writeOut(temp.path(), false));
+  EXPECT_EQ(codeOf(temp.files.writeOut(temp.path("none"), true)), ErrorCode::NotFound);
 }
 
 }  // namespace

@@ -274,6 +274,62 @@ TEST_F(MessageLoop, WindowsKeepPaintingAndInputWaitsWhileALongCallRuns) {
   EXPECT_FALSE(laterRan);
 }
 
+/// A dialog with a button that ends a long call, and one that waits.
+struct Stoppable : core::Form11 {
+  explicit Stoppable(controls::MessageLoop& loop) : Form11(loop) {
+    Command1.Caption = "&Stop";
+    Command11.Caption = "&Execute";
+    Command1.Click = [this] { stopped = true; };
+    Command11.Click = [this] { ++others; };
+    QueryUnload = [](bool& keep) { keep = true; };
+  }
+  std::atomic<bool> stopped = false;
+  int others = 0;
+};
+
+TEST_F(MessageLoop, TheStopButtonAloneWorksWhileALongCallRuns) {
+  using Act = std::function<void(QWidget*)>;
+  const auto key = [](Qt::Key code, Qt::KeyboardModifiers modifiers = {}) {
+    return [=](QWidget* window) { QTest::keyClick(window->windowHandle(), code, modifiers); };
+  };
+  const auto click = [](const char* name) {
+    return [=](QWidget* window) {
+      auto* button = window->findChild<QPushButton*>(name);
+      QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, button->mapTo(window, button->rect().center()));
+    };
+  };
+  const std::initializer_list<std::pair<const char*, Act>> ways{
+      {"its key", key(Qt::Key_S, Qt::AltModifier)},
+      {"a click", click("Command1")},
+      {"Enter on it", key(Qt::Key_Return)},
+      {"Space on it", key(Qt::Key_Space)},
+      {"the close box", [](QWidget* window) { window->close(); }},
+      {"assistive technology", [](QWidget* window) { window->findChild<QPushButton*>("Command1")->click(); }}};
+  for (const auto& [way, act] : ways) {
+    Stoppable dialog(loop);
+    dialog.Show();
+    QWidget* window = windowOf(loop, dialog);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    window->findChild<QPushButton*>("Command1")->setFocus();
+    int ticks = 0;
+    const auto call = [&, act = act] {
+      const auto user = [&] {
+        window->findChild<QPushButton*>("Command11")->click();
+        QTest::keyClick(window->windowHandle(), Qt::Key_E, Qt::AltModifier);
+        act(window);
+      };
+      QMetaObject::invokeMethod(window, user, Qt::QueuedConnection);
+      for (int waited = 0; waited < 400 && (!dialog.stopped || ticks == 0); ++waited)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    };
+    loop.runBlocking(call, {[&] { ++ticks; }, &dialog.Command1});
+    EXPECT_TRUE(dialog.stopped) << way;
+    EXPECT_GT(ticks, 0);
+    EXPECT_EQ(dialog.others, 0) << "a button that must wait";
+    EXPECT_TRUE(waitFor([&] { return dialog.others > 0; })) << way;
+  }
+}
+
 TEST_F(MessageLoop, TimersWaitWhileALongCallRuns) {
   int ticks = 0;
   owner.Timer2.Tick = [&] { ++ticks; };

@@ -55,7 +55,8 @@ TEST_F(Complaint, AnErrorNeverCostsTheSourceOfAMove) {
                                     const platform::Progress& progress) override {
       if (!from.ends_with(name_)) return base_.moveFile(from, to, progress);
       // Far into the file, as a disk that is unplugged does it.
-      return base_.moveFile(from, to, [](std::uint64_t) { return false; });
+      (void)base_.moveFile(from, to, [](std::uint64_t) { return false; });
+      return platform::Error{platform::ErrorCode::Failed, from, "Input/output error"};
     }
 
    private:

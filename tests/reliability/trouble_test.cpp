@@ -43,6 +43,7 @@ TEST_F(Trouble, NoSpaceForAReplacementLeavesTheOldFile) {
       user.answers("Form7", answer);
       const bool asksAttributes = protection == attribute::ReadOnly && answer == std::string("Command11");
       if (asksAttributes) user.answers("Form10", "Command11");
+      user.isTold();
       user.copies();
       expectUnchanged(before);
     }
@@ -66,6 +67,7 @@ TEST_F(Trouble, NoSpaceForANewFileOrTree) {
   user.open("C:\\From", "D:\\To");
   user.mark({"Tree"});
   user.starts("Form3");
+  user.isTold();
   user.copies();
   EXPECT_EQ(difference(source, world.tree("C:/From")), "");
   EXPECT_FALSE(world.has("D:/To/Tree/big")) << "no half file has its name";
@@ -90,6 +92,7 @@ TEST_F(Trouble, AccessDenied) {
     user.starts("Form3");
     user.answers("Form7", "Command6");
     user.answers("Form11", "Command1");
+    user.isTold();
     user.copies();
     // A source that may not be read, and then one that may not go: the copy is taken back.
     for (const char* name : {"secret", "a"}) {
@@ -107,6 +110,7 @@ TEST_F(Trouble, AccessDenied) {
     user.answers("Form11", "Command11");  // a was not deleted; go on
     user.answers("Form11", "Command11");  // Tree is not empty
     user.answers("Form11", "Command11");  // Tree was not deleted
+    user.isTold();
     user.deletes();
   }));
   expectUnchanged(before);
@@ -123,6 +127,7 @@ TEST_F(Trouble, ReadOnlyVolume) {
   user.starts("Form3");
   user.answers("Form11", "Command11");  // b did not arrive; go on
   user.answers("Form7", "Command6");
+  user.isTold();
   user.copies();
   expectUnchanged(before);
 
@@ -293,7 +298,10 @@ TEST_F(Swapped, WhileItIsDeleted) {
     }));
     startsToDelete(user, [] {});
     // The tree stays, when it is the link: it was not asked to be deleted.
-    if (folder == std::string("Tree")) user.answers("Form11", "Command1");
+    if (folder == std::string("Tree")) {
+      user.answers("Form11", "Command1");
+      user.isTold();
+    }
     user.deletes();
     EXPECT_TRUE(done);
     EXPECT_EQ(difference(outside, world.tree("C:/Outside")), "");
@@ -377,6 +385,7 @@ TEST_F(Trouble, OneFileAsSourceAndTarget) {
       user.mark({"a"});
       user.starts("Form3");
       user.answers("Form7", "Command6");
+      user.isTold();
       user.copies();
       expectUnchanged(before);
       user.open("C:\\From", target);

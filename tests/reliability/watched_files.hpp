@@ -9,8 +9,8 @@
 
 namespace varnholt::test {
 
-/// Long calls get a progress function of the test's own, which the program itself does not give: it is called on the
-/// way, and so can make trouble there.
+/// Long calls get a progress function of the test's own in place of the program's: it is called on the way, and so can
+/// make trouble there.
 class WatchedFiles : public platform::ForwardingFileSystem {
  public:
   WatchedFiles(platform::FileSystem& base, platform::Progress progress)
@@ -22,12 +22,17 @@ class WatchedFiles : public platform::ForwardingFileSystem {
   platform::Result<void> moveFile(const std::string& from, const std::string& to, const platform::Progress&) override {
     return base_.moveFile(from, to, progress_);
   }
-  platform::Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                                    const platform::Progress&) override {
-    return base_.copyFolder(from, to, overwrite, progress_);
+  platform::Result<void> replaceFile(const std::string& from, const std::string& to,
+                                     const platform::Progress&) override {
+    return base_.replaceFile(from, to, progress_);
   }
-  platform::Result<void> deleteFolder(const std::string& path, bool force, const platform::Progress&) override {
-    return base_.deleteFolder(path, force, progress_);
+  platform::Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
+                                    const platform::Progress&, platform::LeftOuts* leftOut) override {
+    return base_.copyFolder(from, to, overwrite, progress_, leftOut);
+  }
+  platform::Result<void> deleteFolder(const std::string& path, bool force, const platform::Progress&,
+                                      platform::LeftOuts* leftOut) override {
+    return base_.deleteFolder(path, force, progress_, leftOut);
   }
 
  private:

@@ -46,12 +46,17 @@ class FaultyFileSystem : public platform::ForwardingFileSystem {
     if (auto trouble = troubleWriting(to, source ? source->size : 0)) return *trouble;
     return ForwardingFileSystem::copyFile(from, to, overwrite, progress);
   }
+  platform::Result<void> replaceFile(const std::string& from, const std::string& to,
+                                     const platform::Progress& progress) override {
+    if (auto trouble = troubleWriting(to, 0)) return *trouble;
+    return ForwardingFileSystem::replaceFile(from, to, progress);
+  }
   platform::Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                                    const platform::Progress& progress) override {
+                                    const platform::Progress& progress, platform::LeftOuts* leftOut) override {
     if (vanished(from)) return gone(from);
     const auto source = ForwardingFileSystem::folderSize(from);
     if (auto trouble = troubleWriting(to, source ? source->bytes : 0)) return *trouble;
-    return ForwardingFileSystem::copyFolder(from, to, overwrite, progress);
+    return ForwardingFileSystem::copyFolder(from, to, overwrite, progress, leftOut);
   }
   platform::Result<void> moveFile(const std::string& from, const std::string& to,
                                   const platform::Progress& progress) override {
@@ -66,10 +71,10 @@ class FaultyFileSystem : public platform::ForwardingFileSystem {
     if (auto trouble = troubleChanging(path)) return *trouble;
     return ForwardingFileSystem::deleteFile(path, force);
   }
-  platform::Result<void> deleteFolder(const std::string& path, bool force,
-                                      const platform::Progress& progress) override {
+  platform::Result<void> deleteFolder(const std::string& path, bool force, const platform::Progress& progress,
+                                      platform::LeftOuts* leftOut) override {
     if (auto trouble = troubleChanging(path)) return *trouble;
-    return ForwardingFileSystem::deleteFolder(path, force, progress);
+    return ForwardingFileSystem::deleteFolder(path, force, progress, leftOut);
   }
   platform::Result<void> createFolder(const std::string& path) override {
     if (auto trouble = troubleWriting(path, 0)) return *trouble;

@@ -80,6 +80,15 @@ void ScriptedLoop::giveTurn() {
     calls.front()();
 }
 
+void ScriptedLoop::runBlocking(const std::function<void()>& call, const controls::Meanwhile& meanwhile) {
+  if (blocked > 0) return call();
+  meanwhile_ = meanwhile;
+  ++blocked;
+  call();
+  --blocked;
+  meanwhile_ = {};
+}
+
 void ScriptedLoop::runModal(controls::Form& form) {
   form.Visible = true;
   form.Activate();

@@ -45,15 +45,13 @@ class ScriptedLoop : public controls::MessageLoop {
 
   void giveTurn() override;
   void runModal(controls::Form& form) override;
-  void runBlocking(const std::function<void()>& call) override {
-    ++blocked;
-    call();
-    --blocked;
-  }
+  void runBlocking(const std::function<void()>& call, const controls::Meanwhile& meanwhile) override;
   void runBeside(std::function<void()> call, std::function<void()> done) override {
     call();
     done();
   }
+  /// The tick of the call that is running: what the user is shown meanwhile.
+  void tickMeanwhile() { meanwhile_.tick(); }
   controls::MessageAnswer show(const controls::MessageBox& box) override;
   void quit() override { quitAsked = true; }
   void later(std::function<void()> call) override { pending_.push_back(std::move(call)); }
@@ -75,6 +73,7 @@ class ScriptedLoop : public controls::MessageLoop {
   std::deque<std::unique_ptr<Step>> steps_;
   std::vector<controls::Form*> forms_;
   std::deque<std::function<void()>> pending_;
+  controls::Meanwhile meanwhile_;
 };
 
 }  // namespace varnholt::test

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <memory>
 
 #include <fcntl.h>
@@ -16,8 +17,9 @@ namespace {
 
 /// Below this one read and one write are quicker than any other way.
 constexpr off_t smallFile = 128 * 1024;
-/// Between two looks at the monitor.
-constexpr size_t chunk = 8u << 20;
+/// Between two looks at the monitor: more as long as the volumes are quick, so that slow ones can be stopped soon.
+constexpr size_t firstChunk = 1u << 20, largestChunk = 16u << 20, smallestChunk = 256u << 10;
+constexpr std::chrono::milliseconds longChunk{100};
 constexpr std::uint64_t toTheEnd = ~std::uint64_t{0};
 
 /// A refusal means "copy in another way"; these are real failures.
@@ -49,12 +51,16 @@ int copyThroughMemory(int from, int to, std::uint64_t count, CopyMonitor& monito
 
 /// Both descriptors move on. An answer of 0 at once can be a lie (files of /proc), so it is checked by reading.
 int copyInKernel(int from, int to, std::uint64_t count, CopyMonitor& monitor) {
+  size_t chunk = firstChunk;
   while (count > 0) {
+    const auto begun = std::chrono::steady_clock::now();
     const ssize_t done = ::copy_file_range(from, nullptr, to, nullptr, std::min<std::uint64_t>(chunk, count), 0);
     if (done < 0 && errno == EINTR) continue;
     if (done < 0 && isRealFailure(errno)) return errno;
     if (done <= 0) return copyThroughMemory(from, to, count, monitor);
     count -= static_cast<std::uint64_t>(done);
+    const bool slow = std::chrono::steady_clock::now() - begun > longChunk;
+    chunk = slow ? std::max(chunk / 2, smallestChunk) : std::min(chunk * 2, largestChunk);
     if (!monitor.add(static_cast<std::uint64_t>(done))) return ECANCELED;
   }
   return 0;

@@ -44,18 +44,21 @@ Failed judgeTarget(const struct stat& source, CopySide& to, const char* name, co
   if (!rules.overwrite) return atTarget(EEXIST);
   if (!S_ISREG(target.st_mode) && !S_ISLNK(target.st_mode))
     return refused(ErrorCode::NotRegular, "the target is a pipe, socket or device");
-  if (refusesOverwrite(to.folder, name, to.store))
+  if (!rules.protectedToo && refusesOverwrite(to.folder, name, to.store))
     return refused(ErrorCode::ReadOnlyTarget, "the target is read-only, hidden or system");
   return {};
 }
+
+/// What volumes say that have no modes, times or syncing of their own.
+bool cannotKeep(int error) { return error == EPERM || error == EOPNOTSUPP || error == ENOSYS; }
 
 /// Everything of a file but its bytes and its native attributes. Extended attributes before the mode: a file that may
 /// not be written takes none. Gives 0 or errno.
 int copyFacts(int from, int to, const struct stat& facts) {
   if (const int error = copyExtendedAttributes(from, to)) return error;
-  if (::fchmod(to, facts.st_mode & 07777) != 0 && errno != EPERM && errno != EOPNOTSUPP) return errno;
+  if (::fchmod(to, facts.st_mode & 07777) != 0 && !cannotKeep(errno)) return errno;
   const timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
-  return ::futimens(to, times) == 0 || errno == EPERM ? 0 : errno;
+  return ::futimens(to, times) == 0 || cannotKeep(errno) ? 0 : errno;
 }
 
 /// What a file is copied from and to, looked at and judged.
@@ -69,6 +72,19 @@ struct FileCopy {
   bool replaces = false;
 };
 
+/// Puts a new file on the disk; a large one piece by piece, since nobody can stop a sync. Gives 0, errno, or ECANCELED.
+int writeOut(int fd, off_t size, CopyMonitor& monitor) {
+  constexpr off_t piece = 64 << 20;
+  constexpr unsigned all = SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
+  for (off_t at = 0; size > piece && at < size; at += piece) {
+    // A failure to write is told once, here or by the sync.
+    if (::sync_file_range(fd, at, piece, all) != 0 && (errno == EIO || errno == ENOSPC || errno == EDQUOT))
+      return errno;
+    if (!monitor.add(0)) return ECANCELED;
+  }
+  return ::fsync(fd) == 0 || errno == EINVAL || cannotKeep(errno) ? 0 : errno;
+}
+
 /// Fills a new file. Gives nothing when all is done but its name.
 Failed fill(TempFile& file, int source, const FileCopy& copy, CopyMonitor& monitor) {
   const int created =
@@ -79,8 +95,10 @@ Failed fill(TempFile& file, int source, const FileCopy& copy, CopyMonitor& monit
   if (const int error = copyFacts(source, file.fd(), copy.facts)) return atTarget(error);
   copyNativeAttributes(copy.from, copy.fromName, copy.to.store, file.openPath());
   // The old file goes only when the new one is on the disk.
-  if ((copy.replaces || copy.rules.sync) && ::fsync(file.fd()) != 0) return atTarget(errno);
-  return {};
+  const bool mustLast = copy.replaces || copy.rules.sync;
+  const int error = mustLast ? writeOut(file.fd(), copy.facts.st_size, monitor) : 0;
+  if (error == ECANCELED) return stopped();
+  return error ? atTarget(error) : Failed();
 }
 
 Failed copyIntoPlace(int source, const FileCopy& copy, CopyMonitor& monitor) {
@@ -170,7 +188,23 @@ void copyNativeAttributes(CopySide& from, const char* fromName, AttributeStore& 
   if (stored) (void)to.write(toPath.c_str(), *stored);
 }
 
-Result<void> copyFileTo(const std::string& from, const std::string& to, bool overwrite, bool sync,
+namespace {
+
+/// Puts the name of a new file on the disk. A folder that may be written but not read cannot be synced itself; all of
+/// its volume can. Gives 0 or errno.
+int syncName(int folder, const char* name) {
+  if (::fsync(folder) == 0 || errno == EINVAL || cannotKeep(errno)) return 0;
+  if (errno != EBADF) return errno;
+  const UniqueFd file(::openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  if (file) return ::syncfs(file.get()) == 0 ? 0 : errno;
+  // A link or an unreadable file leads to no descriptor of the volume.
+  ::sync();
+  return 0;
+}
+
+}  // namespace
+
+Result<void> copyFileTo(const std::string& from, const std::string& to, const CopyRules& rules,
                         const Progress& progress) {
   sweepFolderOf(to);
   const auto source = openPlace(from), target = openPlace(to);
@@ -182,13 +216,15 @@ Result<void> copyFileTo(const std::string& from, const std::string& to, bool ove
   CopySide toSide{target->folder.get(), AttributeStore::ofDescriptor(target->folder.get())};
   ProgressMonitor monitor(progress);
   auto failed = copyEntry(fromSide, source->name.c_str(), static_cast<unsigned char>(IFTODT(facts.st_mode)), toSide,
-                          target->name.c_str(), {.overwrite = overwrite, .sync = sync}, monitor);
+                          target->name.c_str(), rules, monitor);
   if (failed) {
     failed->error.path = failed->atTarget ? to : from;
     return failed->error;
   }
-  if (sync && ::fsync(toSide.folder) != 0 && errno != EINVAL) return systemError(errno, to);
-  return {};
+  const int error = rules.sync ? syncName(toSide.folder, target->name.c_str()) : 0;
+  if (!error) return {};
+  ::unlinkat(toSide.folder, target->name.c_str(), 0);
+  return systemError(error, to);
 }
 
 }  // namespace varnholt::platform::posix

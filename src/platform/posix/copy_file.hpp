@@ -24,6 +24,7 @@ struct CopyRules {
   bool freshFolder = false;
   bool targetIsFree = false;  ///< nothing had the target's name when it was looked at, and nothing may be replaced
   bool sync = false;          ///< the bytes must be on the disk before this returns
+  bool protectedToo = false;  ///< with overwrite: a target with read-only, hidden or system is replaced like any other
 };
 
 /// Why an entry was not copied; the path is left to the caller, who knows it.
@@ -40,8 +41,9 @@ std::optional<CopyFailure> copyEntry(CopySide& from, const char* fromName, unsig
 /// Attributes, where one side keeps them in a way of its own that copying extended attributes does not carry over.
 void copyNativeAttributes(CopySide& from, const char* fromName, AttributeStore& to, const std::string& toPath);
 
-/// FileSystem::copyFile on system paths. With `sync` the bytes and the name are on the disk when it returns.
-Result<void> copyFileTo(const std::string& from, const std::string& to, bool overwrite, bool sync,
+/// FileSystem::copyFile and replaceFile on system paths. With `sync` the bytes and the name are on the disk when it
+/// succeeds, and the copy is gone again when it fails.
+Result<void> copyFileTo(const std::string& from, const std::string& to, const CopyRules& rules,
                         const Progress& progress);
 
 }  // namespace varnholt::platform::posix

@@ -2,6 +2,7 @@
 
 #include "platform/posix/copy_attributes.hpp"
 #include "platform/posix/copy_file.hpp"
+#include "platform/posix/copy_undo.hpp"
 #include "platform/posix/delete_tree.hpp"
 #include "platform/posix/leftovers.hpp"
 #include "platform/posix/mounted_place.hpp"
@@ -38,7 +39,10 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
   Result<void> copy(std::shared_ptr<CopyFolder> root) {
     if (const int error = openTarget(*root)) return systemError(error, root->targetName);
     if (::fstat(root->target.get(), &targetRoot_) != 0) return systemError(errno, root->targetName);
-    return run(std::move(root));
+    auto copied = run(root);
+    if (!copied && copied.error().code == ErrorCode::Stopped && root->made && root->temporaryName.empty())
+      removeCopies(root->name, root->targetPlace(), root->finalName());
+    return copied;
   }
 
  private:
@@ -51,16 +55,11 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     return !isOver();
   }
 
-  bool giveUp(Error error) {
-    fail(std::move(error));
-    return false;
-  }
-
   bool enter(WalkFolder& walked) override {
     CopyFolder& folder = own(walked);
-    if (::fstat(folder.fd.get(), &folder.facts) != 0) return giveUp(systemError(errno, folder.path()));
+    if (::fstat(folder.fd.get(), &folder.facts) != 0) return leaveOut(systemError(errno, folder.path())), false;
     if (folder.parent && sameInode(folder.facts, targetRoot_))
-      return giveUp(refusal(ErrorCode::IntoItself, folder.path(), "the target lies in the source"));
+      return fail(refusal(ErrorCode::IntoItself, folder.path(), "the target lies in the source")), false;
     if (!folder.target && !makeTarget(folder)) return false;
     folder.fromStore = AttributeStore::ofDescriptor(folder.fd.get());
     folder.toStore = AttributeStore::ofDescriptor(folder.target.get());
@@ -69,7 +68,8 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
 
   bool makeTarget(CopyFolder& folder) {
     const int error = openTarget(folder);
-    return error ? giveUp(systemError(error, folder.targetPath())) : true;
+    if (error) leaveOut(systemError(error, folder.targetPath()));
+    return !error;
   }
 
   /// Opens the target that is there, or makes one: under a temporary name until its own files are in it, so that a kill
@@ -105,17 +105,17 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     CopyFolder& folder = own(walked);
     // As near to its permissions as the copy of what is below it allows: a kill before the end leaves these.
     if (folder.made) (void)::fchmod(folder.target.get(), (folder.facts.st_mode & 07777) | S_IRWXU);
-    if (const int error = settle(folder)) fail(systemError(error, folder.targetPath()));
+    if (const int error = settle(folder)) leaveOut(systemError(error, folder.targetPath()));
   }
 
   void entry(WalkFolder& walked, const char* name, unsigned char type) override {
     CopyFolder& folder = own(walked);
     // Stores learn while they are asked; a large folder is asked by several workers, so each takes its own.
     CopySide from{folder.fd.get(), folder.fromStore}, to{folder.target.get(), folder.toStore};
-    auto failed = copyEntry(from, name, type, to, name, {overwrite_, folder.made, false}, *this);
+    auto failed = copyEntry(from, name, type, to, name, {.overwrite = overwrite_, .freshFolder = folder.made}, *this);
     if (!failed || failed->error.code == ErrorCode::Stopped) return;
     failed->error.path = failed->atTarget ? folder.targetPath() + '/' + name : folder.path(name);
-    fail(std::move(failed->error));
+    leaveOut(std::move(failed->error));
   }
 
   /// Also when the walk has failed: a folder that stays half filled must not stay locked.
@@ -130,12 +130,13 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     (void)::futimens(folder.target.get(), times);
     // After a failure: what was copied stays, unless its name is taken.
     if (settle(folder) != 0)
-      (void)removeTree("/proc/self/fd/" + std::to_string(folder.targetPlace()) + '/' + folder.temporaryName, true, {});
+      (void)removeTree("/proc/self/fd/" + std::to_string(folder.targetPlace()) + '/' + folder.temporaryName, true, {},
+                       nullptr);
     folder.target.reset();
     return Leaving::Done;
   }
 
-  void unreadable(WalkFolder& folder, int error) override { fail(systemError(error, folder.path())); }
+  void unreadable(WalkFolder& folder, int error) override { leaveOut(systemError(error, folder.path())); }
 
   const bool overwrite_;
   struct stat targetRoot_ {};
@@ -160,11 +161,12 @@ bool liesWithin(const std::string& folderPath, const struct stat& ancestor) {
   return false;
 }
 
-Result<void> copyTree(const std::string& from, const std::string& to, bool overwrite, const Progress& progress) {
+Result<void> copyTree(const std::string& from, const std::string& to, bool overwrite, const Progress& progress,
+                      LeftOuts* leftOut) {
   struct stat source {
   }, target{};
   if (::lstat(from.c_str(), &source) != 0) return systemError(errno, from);
-  if (S_ISLNK(source.st_mode)) return copyFileTo(from, to, overwrite, false, progress);
+  if (S_ISLNK(source.st_mode)) return copyFileTo(from, to, {.overwrite = overwrite}, progress);
   auto root = std::make_shared<CopyFolder>();
   root->name = from;
   root->targetName = to;
@@ -178,7 +180,10 @@ Result<void> copyTree(const std::string& from, const std::string& to, bool overw
   auto place = openPlace(to);
   if (!place) return place.error();
   root->rootPlace = std::move(place->folder);
-  return CopyWalk(overwrite, progress).copy(std::move(root));
+  CopyWalk walk(overwrite, progress);
+  auto copied = walk.copy(std::move(root));
+  if (leftOut) *leftOut = walk.takeLeftOut();
+  return copied;
 }
 
 }  // namespace varnholt::platform::posix

@@ -29,6 +29,7 @@ struct DeleteFolder final : WalkFolder {
   std::optional<AttributeStore> store;  ///< of this folder's entries; asked only where read-only counts
   std::mutex storeMutex;                ///< batches of a large folder come on several workers
   std::atomic<bool> openedUp = false;
+  std::atomic<bool> holdsLeftOut = false;  ///< it must stay for what stays in it
   int passes = 0;
 };
 
@@ -57,8 +58,15 @@ class DeleteWalk final : public TreeWalk {
   bool beforeOpening(WalkFolder& folder) override {
     WalkFolder& parent = *folder.parent;
     if (force_ || !carriesReadOnly(parent, folder.name.c_str())) return true;
-    fail(readOnly(folder.path()));
+    keep(parent, readOnly(folder.path()));
     return false;
+  }
+
+  /// What stays in a folder keeps it and those above it.
+  void keep(WalkFolder& holder, Error reason) {
+    for (WalkFolder* each = &holder; each && !own(*each).holdsLeftOut.exchange(true);)
+      each = each->parent.get();
+    leaveOut(std::move(reason));
   }
 
   bool carriesReadOnly(WalkFolder& folder, const char* name) {
@@ -69,8 +77,8 @@ class DeleteWalk final : public TreeWalk {
   }
 
   void entry(WalkFolder& folder, const char* name, unsigned char type) override {
-    if (!force_ && type != DT_LNK && carriesReadOnly(folder, name)) return fail(readOnly(folder.path(name)));
-    if (!unlink(folder, name, 0) && errno != ENOENT) fail(systemError(errno, folder.path(name)));
+    if (!force_ && type != DT_LNK && carriesReadOnly(folder, name)) return keep(folder, readOnly(folder.path(name)));
+    if (!unlink(folder, name, 0) && errno != ENOENT) keep(folder, systemError(errno, folder.path(name)));
   }
 
   bool unlink(WalkFolder& folder, const char* name, int flags) {
@@ -89,16 +97,19 @@ class DeleteWalk final : public TreeWalk {
   }
 
   Leaving leave(WalkFolder& folder) override {
-    if (isOver() || unlink(*folder.parent, folder.name.c_str(), AT_REMOVEDIR) || errno == ENOENT) return Leaving::Done;
+    if (isOver() || own(folder).holdsLeftOut || unlink(*folder.parent, folder.name.c_str(), AT_REMOVEDIR) ||
+        errno == ENOENT)
+      return Leaving::Done;
     // Some file systems skip entries of a folder that is changed while it is read, and others may be adding to it.
     if ((errno == ENOTEMPTY || errno == EEXIST) && ++own(folder).passes < mostPasses &&
         ::lseek(folder.fd.get(), 0, SEEK_SET) == 0)
       return Leaving::Again;
-    fail(systemError(errno, folder.path()));
+    keep(*folder.parent, systemError(errno, folder.path()));
     return Leaving::Done;
   }
 
   void unreadable(WalkFolder& folder, int error) override {
+    if (error == ENOENT) return;
     if (error == EACCES && openUpOnce(folder)) {
       const int fd = openFolderAt(folder.parent->fd.get(), folder.name.c_str(), false);
       if (fd >= 0) {
@@ -107,9 +118,11 @@ class DeleteWalk final : public TreeWalk {
       }
       error = -fd;
     }
-    if (error == EXDEV) return fail(refusal(ErrorCode::AccessDenied, folder.path(), "another volume is mounted here"));
+    WalkFolder& holder = *folder.parent;
+    if (error == EXDEV)
+      return keep(holder, refusal(ErrorCode::AccessDenied, folder.path(), "another volume is mounted here"));
     // The folder was swapped for a link or a file in mid-walk; what came in its place was not asked to be deleted.
-    fail(systemError(error == ELOOP ? ENOTDIR : error, folder.path()));
+    keep(holder, systemError(error == ELOOP ? ENOTDIR : error, folder.path()));
   }
 
   const bool force_;
@@ -145,14 +158,19 @@ Result<void> removeFile(const std::string& path, bool force) {
   return {};
 }
 
-Result<void> removeTree(const std::string& path, bool force, const Progress& progress) {
+Result<void> removeTree(const std::string& path, bool force, const Progress& progress, LeftOuts* leftOut) {
   sweepFolderOf(path);
   auto place = openPlace(path);
   if (!place) return place.error();
   struct stat facts {};
   if (::fstatat(place->folder.get(), place->name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
     return systemError(errno, path);
-  if (S_ISDIR(facts.st_mode)) return DeleteWalk(force, progress).remove(std::move(*place), path);
+  if (S_ISDIR(facts.st_mode)) {
+    DeleteWalk walk(force, progress);
+    auto removed = walk.remove(std::move(*place), path);
+    if (leftOut) *leftOut = walk.takeLeftOut();
+    return removed;
+  }
   struct stat target {};
   const bool linkToFolder = S_ISLNK(facts.st_mode) &&
                             ::fstatat(place->folder.get(), place->name.c_str(), &target, 0) == 0 &&

@@ -173,7 +173,8 @@ mode_t modeFor(mode_t mode, Attributes attributes) {
 
 Result<void> setAttributesAt(const std::string& path, Attributes attributes) {
   struct stat facts {};
-  if (::stat(path.c_str(), &facts) != 0) return systemError(errno, path);
+  if (::lstat(path.c_str(), &facts) != 0) return systemError(errno, path);
+  if (S_ISLNK(facts.st_mode)) return systemError(EOPNOTSUPP, path);
   const bool ordinary = S_ISREG(facts.st_mode) || S_ISDIR(facts.st_mode);
   AttributeStore store = ordinary ? AttributeStore::ofPath(path.c_str()) : AttributeStore();
   const auto stored = store.read(path.c_str(), true);

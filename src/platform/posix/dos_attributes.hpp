@@ -47,8 +47,8 @@ class AttributeStore {
 Attributes reportedAttributes(std::optional<Attributes> stored, mode_t mode, std::string_view name, bool compressed);
 
 /// Sets the settable bits of a file or folder to exactly those given, in its store and, for a file, in the owner's
-/// write permission. Follows a link. NotSupported where the rest of the bits cannot be kept; the permission is then
-/// set all the same.
+/// write permission. NotSupported for a link, which has none of its own, and where the rest of the bits cannot be kept;
+/// the permission is then set all the same.
 Result<void> setAttributesAt(const std::string& systemPath, Attributes attributes);
 
 }  // namespace varnholt::platform::posix

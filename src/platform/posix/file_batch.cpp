@@ -44,19 +44,19 @@ bool isFree(int folder, const char* name) {
   return ::fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT;
 }
 
-/// Runs `work` for each index, several at once, and begins no further one when one has failed. Gives the results up to
-/// the first that was not begun.
+/// Runs `work` for each index, several at once, and begins no further one when one has failed or the caller, who is
+/// asked on his own thread, wants no more. Gives the results up to the first that was not begun.
 template <class Work>
-BatchResults runBatch(std::size_t count, const Work& work) {
+BatchResults runBatch(std::size_t count, const Progress& progress, const Work& work) {
   std::vector<std::optional<Result<std::uint64_t>>> done(count);
   std::atomic<std::size_t> next = 0;
-  std::atomic<bool> failed = false;
+  std::atomic<bool> over = false;
   const unsigned workers = static_cast<unsigned>(std::min<std::size_t>(workerCount(), count));
-  runWorkers(workers, [&](unsigned) {
+  runWorkers(workers, [&](unsigned worker) {
     auto step = work();
-    for (std::size_t at = next++; at < count && !failed; at = next++) {
+    for (std::size_t at = next++; at < count && !over; at = next++) {
       done[at] = step(at);
-      if (!*done[at]) failed = true;
+      if (!*done[at] || (worker == 0 && progress && !progress(at + 1))) over = true;
     }
   });
   BatchResults results;
@@ -74,7 +74,8 @@ class NoStop final : public CopyMonitor {
 
 }  // namespace
 
-BatchResults copyBatch(const std::string& from, const Names& names, const std::string& to, std::uint64_t limit) {
+BatchResults copyBatch(const std::string& from, const Names& names, const std::string& to, std::uint64_t limit,
+                       const Progress& progress) {
   const UniqueFd source = openFolder(from), target = openFolder(to);
   if (!source || !target) return {};
   sweepLeftovers(target.get());
@@ -84,7 +85,7 @@ BatchResults copyBatch(const std::string& from, const Names& names, const std::s
   const auto fromStore = AttributeStore::ofDescriptor(source.get()),
              toStore = AttributeStore::ofDescriptor(target.get());
   NoStop monitor;
-  return runBatch(sizes.size(), [&] {
+  return runBatch(sizes.size(), progress, [&] {
     CopySide fromSide{source.get(), fromStore}, toSide{target.get(), toStore};
     return [&, fromSide, toSide](std::size_t at) mutable -> Result<std::uint64_t> {
       const char* name = names[at].c_str();
@@ -97,7 +98,7 @@ BatchResults copyBatch(const std::string& from, const Names& names, const std::s
 }
 
 // One after the other: the kernel lets one rename at a time into a folder.
-BatchResults moveBatch(const std::string& from, const Names& names, const std::string& to) {
+BatchResults moveBatch(const std::string& from, const Names& names, const std::string& to, const Progress& progress) {
   const UniqueFd source = openFolder(from), target = openFolder(to);
   BatchResults results;
   if (!source || !target) return results;
@@ -108,11 +109,12 @@ BatchResults moveBatch(const std::string& from, const Names& names, const std::s
     if (::fstatat(source.get(), name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(facts.st_mode)) break;
     if (::renameat2(source.get(), name.c_str(), target.get(), name.c_str(), RENAME_NOREPLACE) != 0) break;
     results.emplace_back(static_cast<std::uint64_t>(facts.st_size));
+    if (progress && !progress(results.size())) break;
   }
   return results;
 }
 
-BatchResults deleteBatch(const std::string& folder, const Names& names) {
+BatchResults deleteBatch(const std::string& folder, const Names& names, const Progress& progress) {
   const UniqueFd open = openFolder(folder);
   if (!open) return {};
   sweepLeftovers(open.get());
@@ -126,7 +128,7 @@ BatchResults deleteBatch(const std::string& folder, const Names& names) {
     if (facts.isLink || facts.kind != EntryKind::File || facts.attributes != attribute::Archive) break;
     sizes.push_back(facts.size);
   }
-  return runBatch(sizes.size(), [&] {
+  return runBatch(sizes.size(), progress, [&] {
     return [&](std::size_t at) -> Result<std::uint64_t> {
       if (::unlinkat(open.get(), names[at].c_str(), 0) == 0) return sizes[at];
       return systemError(errno, folder + '/' + names[at]);

@@ -9,8 +9,9 @@ namespace varnholt::platform::posix {
 
 /// FileSystem::copyFiles, moveFiles and deleteFiles on system paths and names.
 BatchResults copyBatch(const std::string& from, const std::vector<std::string>& names, const std::string& to,
-                       std::uint64_t limit);
-BatchResults moveBatch(const std::string& from, const std::vector<std::string>& names, const std::string& to);
-BatchResults deleteBatch(const std::string& folder, const std::vector<std::string>& names);
+                       std::uint64_t limit, const Progress& progress);
+BatchResults moveBatch(const std::string& from, const std::vector<std::string>& names, const std::string& to,
+                       const Progress& progress);
+BatchResults deleteBatch(const std::string& folder, const std::vector<std::string>& names, const Progress& progress);
 
 }  // namespace varnholt::platform::posix

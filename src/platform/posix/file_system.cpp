@@ -17,6 +17,7 @@
 #include "platform/posix/program_resources.hpp"
 #include "platform/posix/rename_batch.hpp"
 #include "platform/posix/walk_size.hpp"
+#include "platform/posix/write_out.hpp"
 
 #include <algorithm>
 #include <cerrno>
@@ -150,7 +151,7 @@ Result<std::string> PosixFileSystem::readFile(const std::string& path, std::uint
 
 Result<void> PosixFileSystem::writeFile(const std::string& path, std::string_view bytes) {
   const auto system = map_.toSystem(path);
-  return system ? told(replaceFile(*system, bytes)) : system.error();
+  return system ? told(posix::replaceFile(*system, bytes)) : system.error();
 }
 
 // --- Changing --------------------------------------------------------------------------------------------------------
@@ -197,13 +198,29 @@ Result<std::pair<std::string, std::string>> PosixFileSystem::sourceAndTarget(con
 Result<void> PosixFileSystem::copyFile(const std::string& from, const std::string& to, bool overwrite,
                                        const Progress& progress) {
   const auto ends = sourceAndTarget(from, to);
-  return ends ? told(copyFileTo(ends->first, ends->second, overwrite, false, progress)) : ends.error();
+  return ends ? told(copyFileTo(ends->first, ends->second, {.overwrite = overwrite}, progress)) : ends.error();
+}
+
+Result<void> PosixFileSystem::replaceFile(const std::string& from, const std::string& to, const Progress& progress) {
+  const auto ends = sourceAndTarget(from, to);
+  const CopyRules rules{.overwrite = true, .protectedToo = true};
+  return ends ? told(copyFileTo(ends->first, ends->second, rules, progress)) : ends.error();
+}
+
+void PosixFileSystem::tell(LeftOuts found, LeftOuts* leftOut) const {
+  if (!leftOut) return;
+  for (Error& each : found)
+    leftOut->push_back(told(std::move(each)));
 }
 
 Result<void> PosixFileSystem::copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                                         const Progress& progress) {
+                                         const Progress& progress, LeftOuts* leftOut) {
   const auto ends = sourceAndTarget(from, to);
-  return ends ? told(copyTree(ends->first, ends->second, overwrite, progress)) : ends.error();
+  if (!ends) return ends.error();
+  LeftOuts found;
+  auto copied = copyTree(ends->first, ends->second, overwrite, progress, &found);
+  tell(std::move(found), leftOut);
+  return told(std::move(copied));
 }
 
 Result<void> PosixFileSystem::moveFile(const std::string& from, const std::string& to, const Progress& progress) {
@@ -227,9 +244,14 @@ Result<void> PosixFileSystem::deleteFile(const std::string& path, bool force) {
   return system ? told(removeFile(*system, force)) : system.error();
 }
 
-Result<void> PosixFileSystem::deleteFolder(const std::string& path, bool force, const Progress& progress) {
+Result<void> PosixFileSystem::deleteFolder(const std::string& path, bool force, const Progress& progress,
+                                           LeftOuts* leftOut) {
   const auto system = changeable(path);
-  return system ? told(removeTree(*system, force, progress)) : system.error();
+  if (!system) return system.error();
+  LeftOuts found;
+  auto removed = removeTree(*system, force, progress, &found);
+  tell(std::move(found), leftOut);
+  return told(std::move(removed));
 }
 
 namespace {
@@ -253,20 +275,21 @@ std::vector<std::string> systemNames(const std::vector<std::string>& names) {
 }  // namespace
 
 BatchResults PosixFileSystem::copyFiles(const std::string& folder, const std::vector<std::string>& names,
-                                        const std::string& to, std::uint64_t limit) {
+                                        const std::string& to, std::uint64_t limit, const Progress& progress) {
   const auto from = map_.toSystem(folder), target = map_.toSystem(to);
-  return from && target ? copyBatch(*from, systemNames(names), *target, limit) : BatchResults();
+  return from && target ? copyBatch(*from, systemNames(names), *target, limit, progress) : BatchResults();
 }
 
 BatchResults PosixFileSystem::moveFiles(const std::string& folder, const std::vector<std::string>& names,
-                                        const std::string& to) {
+                                        const std::string& to, const Progress& progress) {
   const auto from = map_.toSystem(folder), target = map_.toSystem(to);
-  return from && target ? moveBatch(*from, systemNames(names), *target) : BatchResults();
+  return from && target ? moveBatch(*from, systemNames(names), *target, progress) : BatchResults();
 }
 
-BatchResults PosixFileSystem::deleteFiles(const std::string& folder, const std::vector<std::string>& names) {
+BatchResults PosixFileSystem::deleteFiles(const std::string& folder, const std::vector<std::string>& names,
+                                          const Progress& progress) {
   const auto system = map_.toSystem(folder);
-  return system ? deleteBatch(*system, systemNames(names)) : BatchResults();
+  return system ? deleteBatch(*system, systemNames(names), progress) : BatchResults();
 }
 
 std::vector<NotRenamed> PosixFileSystem::withSystemNames(RenameBatch batch, const std::string& folder,
@@ -317,6 +340,11 @@ Result<void> PosixFileSystem::setModified(const std::string& path, const Date& d
   const timespec times[2] = {{0, UTIME_OMIT}, {date.seconds, date.nanoseconds}};
   if (::utimensat(AT_FDCWD, system->c_str(), times, 0) != 0) return told(systemError(errno, *system));
   return {};
+}
+
+Result<void> PosixFileSystem::writeOut(const std::string& path, bool wait, const Progress& progress) {
+  const auto system = map_.toSystem(path);
+  return system ? told(writeVolumeOut(*system, wait, progress)) : system.error();
 }
 
 }  // namespace varnholt::platform::posix

@@ -31,29 +31,35 @@ class PosixFileSystem final : public FileSystem {
 
   Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
                         const Progress& progress = {}) override;
-  Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                          const Progress& progress = {}) override;
+  Result<void> replaceFile(const std::string& from, const std::string& to, const Progress& progress = {}) override;
+  Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite, const Progress& progress = {},
+                          LeftOuts* leftOut = nullptr) override;
   Result<void> moveFile(const std::string& from, const std::string& to, const Progress& progress = {}) override;
   Result<void> renameOver(const std::string& from, const std::string& to) override;
   std::vector<NotRenamed> renameFiles(const std::string& folder, std::span<const NewName> names) override;
   std::vector<NotRenamed> checkRenames(const std::string& folder, std::span<const NewName> names) const override;
   Result<void> moveFolder(const std::string& from, const std::string& to) override;
   Result<void> deleteFile(const std::string& path, bool force) override;
-  Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {}) override;
+  Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {},
+                            LeftOuts* leftOut = nullptr) override;
   BatchResults copyFiles(const std::string& folder, const std::vector<std::string>& names, const std::string& to,
-                         std::uint64_t limit) override;
-  BatchResults moveFiles(const std::string& folder, const std::vector<std::string>& names,
-                         const std::string& to) override;
-  BatchResults deleteFiles(const std::string& folder, const std::vector<std::string>& names) override;
+                         std::uint64_t limit, const Progress& progress = {}) override;
+  BatchResults moveFiles(const std::string& folder, const std::vector<std::string>& names, const std::string& to,
+                         const Progress& progress = {}) override;
+  BatchResults deleteFiles(const std::string& folder, const std::vector<std::string>& names,
+                           const Progress& progress = {}) override;
   Result<void> createFolder(const std::string& path) override;
   Result<void> setAttributes(const std::string& path, Attributes attributes) override;
   Result<void> setModified(const std::string& path, const Date& date) override;
+  Result<void> writeOut(const std::string& path, bool wait, const Progress& progress = {}) override;
 
  private:
   using RenameBatch = std::vector<NotRenamed> (*)(const std::string& folder, std::span<const NewName> names);
   /// Runs a batch call with system names; what is no name of an entry is refused here.
   std::vector<NotRenamed> withSystemNames(RenameBatch batch, const std::string& folder,
                                           std::span<const NewName> names) const;
+  /// Adds what a call over a tree left out, in program form, for callers who want it.
+  void tell(LeftOuts found, LeftOuts* leftOut) const;
   /// The path of an error back in program form.
   Error told(Error error) const;
   template <class T>

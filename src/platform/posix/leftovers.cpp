@@ -93,7 +93,7 @@ void removeIfLeft(int folder, const char* name, bool isFolder) {
   // Its writer may have put it into place and ended before the lock was ours.
   if (::fstatat(folder, name, &named, AT_SYMLINK_NOFOLLOW) != 0 || !sameInode(facts, named)) return;
   if (isFolder)
-    (void)removeTree("/proc/self/fd/" + std::to_string(folder) + '/' + name, true, {});
+    (void)removeTree("/proc/self/fd/" + std::to_string(folder) + '/' + name, true, {}, nullptr);
   else
     ::unlinkat(folder, name, 0);
 }

@@ -66,12 +66,27 @@ unsigned char entryType(int folder, const char* name) {
 }
 
 Result<void> TreeWalk::run(WalkFolderPtr root) {
+  const std::string path = root->path();
   push({std::move(root), {}});
   // Asked once before the work: in a small tree the other worker may leave the calling one nothing to do.
   tick();
-  if (error_) return *error_;
   runWorkers(workerCount(), [this](unsigned index) { work(index == 0); });
-  return error_ ? Result<void>(*error_) : Result<void>();
+  std::sort(leftOut_.begin(), leftOut_.end(), [](const Error& a, const Error& b) { return a.path < b.path; });
+  if (error_) {
+    if (error_->code != ErrorCode::Stopped)
+      leftOut_.push_back({error_->code, path, "the rest was not tried: " + error_->text});
+    return *error_;
+  }
+  return leftOut_.empty() ? Result<void>() : leftOut_.front();
+}
+
+void TreeWalk::leaveOut(Error error) {
+  const std::lock_guard lock(mutex_);
+  // A full or vanished volume has nothing better to say about the next hundred thousand files.
+  const bool isHopeless = error.code == ErrorCode::NoSpace || error.code == ErrorCode::NotReady;
+  if (isHopeless && (!error_ || error.path < error_->path)) error_ = error;
+  if (isHopeless) over_ = true;
+  leftOut_.push_back(std::move(error));
 }
 
 void TreeWalk::fail(Error error) {
@@ -150,7 +165,7 @@ bool TreeWalk::open(WalkFolder& folder) {
     folder.fd = UniqueFd(fd);
     return true;
   }
-  if (fd != -ENOENT) unreadable(folder, -fd);
+  unreadable(folder, -fd);
   return false;
 }
 

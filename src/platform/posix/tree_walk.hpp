@@ -38,10 +38,14 @@ class TreeWalk {
   TreeWalk(const TreeWalk&) = delete;
   TreeWalk& operator=(const TreeWalk&) = delete;
 
+  /// What was left out, by path, once the walk is done.
+  LeftOuts takeLeftOut() { return std::move(leftOut_); }
+
  protected:
   TreeWalk(const Progress& progress, bool crossMounts) : progress_(progress), crossMounts_(crossMounts) {}
 
   /// Walks from an open folder. The calling thread is one of the workers and the one that calls the progress function.
+  /// Fails with the reason for giving up, else with the first entry by path that was left out.
   Result<void> run(WalkFolderPtr root);
 
   // --- Hooks -----------------------------------------------------------------------------------------------------
@@ -59,13 +63,15 @@ class TreeWalk {
   /// All below is done, or given up when the walk has failed. Again: read it once more.
   virtual Leaving leave(WalkFolder&) { return Leaving::Done; }
   /// A folder could not be opened or read (errno; EXDEV for a mounted volume that is not to be entered). The hook may
-  /// open it itself into folder.fd.
+  /// open it itself into folder.fd. ENOENT: it vanished.
   virtual void unreadable(WalkFolder& folder, int error) = 0;
 
   // --- For hooks -------------------------------------------------------------------------------------------------
 
   /// Ends the walk. Of several failures that workers meet at one time the first by path is told.
   void fail(Error error);
+  /// The entry stays as it is and the walk goes on, unless all that is to come must fail alike.
+  void leaveOut(Error error);
   bool isOver() const { return over_.load(std::memory_order_relaxed); }
   void addBytes(std::uint64_t count) { bytes_.fetch_add(count, std::memory_order_relaxed); }
   std::uint64_t bytes() const { return bytes_.load(std::memory_order_relaxed); }
@@ -98,6 +104,7 @@ class TreeWalk {
   std::vector<Task> tasks_;
   size_t running_ = 0, waiting_ = 0;
   std::optional<Error> error_;
+  LeftOuts leftOut_;
 };
 
 /// Opens a folder by name in another, never through a link. With `crossMounts` false a mounted volume gives EXDEV.

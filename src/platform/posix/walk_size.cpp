@@ -44,7 +44,7 @@ class SizeWalk final : public TreeWalk {
 
   /// A mounted volume is left out on purpose; anything else that cannot be read is missing in the sum.
   void unreadable(WalkFolder&, int error) override {
-    if (error != EXDEV) exact_ = false;
+    if (error != EXDEV && error != ENOENT) exact_ = false;
   }
 
   std::atomic<std::uint64_t> files_ = 0, folders_ = 0;
