@@ -10,6 +10,10 @@ class IdleLoop : public controls::MessageLoop {
   void giveTurn() override {}
   void runModal(controls::Form&) override {}
   void runBlocking(const std::function<void()>& call, const controls::Meanwhile&) override { call(); }
+  void runBeside(std::function<void()> call, std::function<void()> done) override {
+    call();
+    done();
+  }
   controls::MessageAnswer show(const controls::MessageBox&) override { return controls::MessageAnswer::Ok; }
   void quit() override {}
   void later(std::function<void()>) override {}

@@ -35,7 +35,7 @@ class Painted : public QObject {
   bool seen = false;
 };
 
-class Running {
+class Running : public qt::RunningProgram {
  public:
   Running(qt::QtMessageLoop& loop, const std::string& folder)
       : loop_(loop), host_(platform::makePlatformHost(folders(folder))), app_(loop, host_->platform()) {
@@ -44,6 +44,8 @@ class Running {
     loop.later([this] { measureAll(); });
     app_.Main();
   }
+  void storeState() override {}
+  void leave() override { loop_.quit(); }
 
  private:
   platform::HostFolders folders(const std::string& folder) const {
@@ -142,5 +144,6 @@ class Running {
 
 int main(int argc, char** argv) {
   if (argc < 2) return 2;
-  return qt::runProgram(argc, argv, [&](qt::QtMessageLoop& loop) { return std::make_shared<Running>(loop, argv[1]); });
+  return qt::runProgram(argc, argv,
+                        [&](qt::QtMessageLoop& loop, const auto&) { return std::make_unique<Running>(loop, argv[1]); });
 }
