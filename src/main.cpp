@@ -35,7 +35,7 @@ std::unique_ptr<qt::RunningProgram> start(qt::QtMessageLoop& loop, const std::ve
     running->app.openFolders(app::foldersNamed(arguments));
   else
     loop.quit();
-  platform::noteDoing("nothing, behind the start");
+  platform::noteDoing("rest, after the start");
   return running;
 }
 

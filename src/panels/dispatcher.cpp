@@ -19,7 +19,7 @@ void Dispatcher::bind(const std::string& handler, std::function<void()> run) {
     if (number != 0) saveLastCommand(number);
     platform::noteDoing(handler);
     run();
-    platform::noteDoing("nothing, behind " + handler);
+    platform::noteDoing("rest, after " + handler);
   });
 }
 

@@ -228,15 +228,20 @@ class Program:
     def press(node):
         node.get_action_iface().do_action(0)
 
-    def click_row(self, number, text, times=1, *modifiers):
+    def place_of_row(self, number, text):
+        """A point on the first column of a row."""
         table = self.list(number)
         columns = table.get_table_iface().get_n_columns()
-        row = self.rows(number).index(text)
-        box = table.get_child_at_index((row + 1) * columns).get_extents(Atspi.CoordType.SCREEN)
+        cell = table.get_child_at_index((self.rows(number).index(text) + 1) * columns)
+        left, top, _, height = self.extents(cell)
+        return left + 20, top + height // 2
+
+    def click_row(self, number, text, times=1, *modifiers):
+        x, y = self.place_of_row(number, text)
         keys = [word for key in modifiers for word in ("keydown", key)]
         ups = [word for key in modifiers for word in ("keyup", key)]
         subprocess.run(
-            ["xdotool", *keys, "mousemove", str(box.x + 20), str(box.y + box.height // 2), "click", "--repeat",
+            ["xdotool", *keys, "mousemove", str(x), str(y), "click", "--repeat",
              str(times), "--delay", "60", "1", *ups],
             check=True,
         )
@@ -248,6 +253,15 @@ class Program:
         box = node.get_extents(Atspi.CoordType.SCREEN)
         subprocess.run(["xdotool", "mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2), "click", "1"],
                        check=True)
+
+    def drag_row(self, number, text, to):
+        """Drags a row, held down on the way as a hand does, onto a control of this or another program."""
+        left, top, width, height = self.extents(to)
+        x, y = self.place_of_row(number, text)
+        end_x, end_y = left + width // 2, top + height * 3 // 4
+        steps = [(x, y + 12), ((x + end_x) // 2, (y + end_y) // 2), (end_x, end_y - 3), (end_x, end_y)]
+        words = [word for at in steps for word in ("mousemove", str(at[0]), str(at[1]), "sleep", "0.1")]
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", *words, "mouseup", "1"], check=True)
 
     @staticmethod
     def extents(node):

@@ -1,19 +1,20 @@
 #!/usr/bin/python3
 """Copy, move and delete as a user does them; after each step both trees are compared byte for byte."""
 
+import contextlib
 import os
 import shutil
 import subprocess
 import sys
 
-from driver import expect, run, wait
+from driver import Program, expect, run, wait
 from trees import ATTRIBUTE, below, differences, picture
 
 OLD, NEW = 1_500_000_000, 1_700_000_000
 ODD_NAME = "two  blanks üñ back\\slash.txt"
 ODD_ROW = "two  blanks üñ back\\slash"
 MANY = 12_000
-SCREEN_WIDTH = 1280
+SCREEN_WIDTH, SCREEN_HEIGHT = 1280, 800
 ATTEMPTS = 5  # the program may be done before it can be held
 
 
@@ -315,18 +316,70 @@ def left_out(road):
     pipe = road.work + "/Garden/Roses/pipe"
     os.mkfifo(pipe)
     calls = road.program.home + "/calls"
-    tracer = ["strace", "-f", "-qq", "-e", "trace=syncfs", "-o", calls, "-p", str(road.program.process.pid)]
-    with subprocess.Popen(tracer, stderr=subprocess.DEVNULL) as trace:
+    with traced(road.program, "-e", "trace=syncfs", "-o", calls) as watches:
         road.start("Copy", "Copy Item(s)", "Return", "\\ Garden")
         road.answer("Alert", "1 Item(s) Left Out :", "Return", "Ok")
         road.ended()
-        traced = trace.poll() is None  # it ends at once where processes may not be traced
-        trace.terminate()
     os.remove(pipe)
     road.expect("a copy with a pipe in it", work, below(work, "Garden"))
-    with open(calls, encoding="utf-8") as told:
-        expect("the volume was written out once", not traced or told.read().count("syncfs(") == 1)
-    os.remove(calls)
+    if watches:
+        with open(calls, encoding="utf-8") as told:
+            expect("the volume was written out once", told.read().count("syncfs(") == 1)
+        os.remove(calls)
+
+
+@contextlib.contextmanager
+def traced(program, *options):
+    """The program's system calls are watched or slowed down meanwhile. False where processes may not be traced."""
+    pid = program.process.pid
+    command = ["strace", "-f", "-qq", *options, "-p", str(pid)]
+    with subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as tracer:
+        wait("the tracer", lambda: tracer.poll() is not None or is_traced(pid))
+        yield tracer.poll() is None
+        tracer.terminate()
+
+
+def is_traced(pid):
+    with open(f"/proc/{pid}/status", encoding="utf-8") as status:
+        return "TracerPid:\t0\n" not in status.read()
+
+
+def drop_while_a_folder_is_read(road):
+    """What another program drops while the program waits for a drive is refused and stays there; later it is taken."""
+    program = road.program
+    road.fill()
+    road.reread()
+    other = Program(sys.argv[1])
+    try:
+        other.file("letter.txt")
+        place_window(0)
+        other.start(tip=True)
+        place_window(SCREEN_HEIGHT // 2)
+        wait("room for both", lambda: other.extents(other.list(1))[1] > SCREEN_HEIGHT // 2)
+        with traced(program, "-e", "trace=getdents64", "-e", "inject=getdents64:delay_enter=3000000:when=1") as slow:
+            program.click_row(1, "\\ Garden", 2)
+            other.drag_row(1, "letter", program.list(2))
+            expect("the folder is read meanwhile", not slow or program.title().endswith("Work"))
+            wait("the folder", lambda: program.title().endswith("Garden"))
+        expect("nothing came of the drop", not program.dialogs() and not os.path.exists(road.target + "/letter.txt"))
+        other.drag_row(1, "letter", program.list(2))
+        program.dialog("Copy Item(s)")
+        program.keys("Return")
+        wait("the letter", lambda: os.path.exists(road.target + "/letter.txt"))
+        road.ended()
+        expect("the other program keeps its file", os.path.exists(other.home + "/letter.txt"))
+    finally:
+        other.finish()
+    place_window(0, SCREEN_HEIGHT)
+    program.click(program.list(1))
+    program.keys("BackSpace")
+    wait("Work", lambda: program.title().endswith("Work"))
+
+
+def place_window(top, height=SCREEN_HEIGHT // 2):
+    """The active window takes a strip of the screen."""
+    subprocess.run(["xdotool", "getactivewindow", "windowsize", "--sync", str(SCREEN_WIDTH), str(height - 30),
+                    "windowmove", "0", str(top)], check=True)
 
 
 def stop_in_a_big_item(road):
@@ -392,7 +445,7 @@ def road(program):
     program.click_row(1, "\\ Work", 2)
     wait("Work", lambda: ODD_ROW in program.rows(1))
     for step in (copy_to_free_place, overwrite_answers, question_about_a_long_name, merge_folders, protected_target, move,
-                 delete, left_out, stop, stop_in_a_big_item, browse):
+                 delete, left_out, drop_while_a_folder_is_read, stop, stop_in_a_big_item, browse):
         print(step.__name__, flush=True)
         step(steps)
     program.keys("alt+F4")
