@@ -5,6 +5,8 @@
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
 
+#include <algorithm>
+
 namespace varnholt::qt {
 namespace {
 
@@ -107,6 +109,18 @@ QString toShown(std::string_view text) {
   for (qsizetype at = shown.indexOf(BackslashStandIn); at >= 0; at = shown.indexOf(BackslashStandIn, at + 1))
     if (at == 0 || shown[at - 1] != EscapeMark) shown[at] = QLatin1Char('\\');
   return shown;
+}
+
+// Characters of a text and of what is shown of it stand at the same places.
+std::string typedText(std::string_view before, const QString& shown) {
+  const QString old = toQt(before), oldShown = toShown(before);
+  const qsizetype shorter = std::min(oldShown.size(), shown.size());
+  qsizetype head = 0, tail = 0;
+  while (head < shorter && oldShown[head] == shown[head])
+    ++head;
+  while (tail < shorter - head && oldShown[oldShown.size() - 1 - tail] == shown[shown.size() - 1 - tail])
+    ++tail;
+  return fromQt(old.first(head) + shown.sliced(head, shown.size() - head - tail) + old.last(tail));
 }
 
 QString linesToQt(std::string_view text) {

@@ -16,8 +16,10 @@ std::string fromQt(const QString& text);
 
 /// For texts that are only shown: the stand-in of a backslash inside a name is the backslash that the disk has.
 QString toShown(std::string_view text);
+/// The text that a field holds when the user has made `shown` of it: as it was before around what he has typed.
+std::string typedText(std::string_view before, const QString& shown);
 
-/// The same with carriage returns as line breaks.
+/// `toShown` with carriage returns as line breaks.
 QString linesToQt(std::string_view text);
 
 /// A text that is told, so that lines of `width` pixels hold all of it: paths break behind their backslashes, never

@@ -27,6 +27,14 @@ TEST(Text, ABackslashInANameIsDrawnAsOne) {
                     "b.txt"),
             QStringLiteral("a\\b.txt"));
   EXPECT_EQ(toShown("\xEF\x80\x9B\xEF\x81\x9C"), QStringLiteral("\uF01B\uF05C")) << "that sign itself";
+  const std::string inside = "\xEF\x81\x9C", name = "a" + inside + "b.txt";
+  for (const auto& [shown, text] : {std::pair{QStringLiteral("a\\b.txt"), name},
+                                    {QStringLiteral("xa\\b.txt"), "x" + name},
+                                    {QStringLiteral("a\\b2.txt"), "a" + inside + "b2.txt"},
+                                    {QStringLiteral("a\\\\b.txt"), "a" + inside + "\\b.txt"},
+                                    {QStringLiteral("\\"), "\\"},
+                                    {QString(), ""}})
+    EXPECT_EQ(typedText(name, shown), text) << qPrintable(shown);
 }
 
 TEST(Text, CarriageReturnsBreakLines) { EXPECT_EQ(linesToQt("a\rb\r\nc"), QStringLiteral("a\nb\nc")); }

@@ -32,7 +32,7 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
   void updateOwn() override {
     setEditable(self.Editable);
     if (self.Items.get() != items_) showItems();
-    const QString text = toQt(self.Text.get());
+    const QString text = toShown(self.Text.get());
     // Setting what stands there already would move the cursor of a user who types.
     if (drawn.isEditable() && text == drawn.currentText()) return;
     if (drawn.currentIndex() != self.ListIndex) drawn.setCurrentIndex(self.ListIndex);
@@ -49,12 +49,12 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
     // Assistive technology sets the text, which is no edit; a text that comes with a choice is told as that choice.
     connect(drawn.lineEdit(), &QLineEdit::textChanged, this, [this](const QString& text) {
       const bool chosen = drawn.currentIndex() >= 0 && drawn.itemText(drawn.currentIndex()) == text;
-      if (!updating() && !chosen && text != toQt(self.Text.get())) type(text);
+      if (!updating() && !chosen && text != toShown(self.Text.get())) type(text);
     });
   }
 
   void type(const QString& text) {
-    host().fromUser([this, typed = fromQt(text)] { self.typeFromUser(typed); });
+    host().fromUser([this, text] { self.typeFromUser(typedText(self.Text.get(), text)); });
   }
 
   void showItems() {

@@ -19,7 +19,7 @@ class LineAdapter : public Joined<controls::TextBox, QLineEdit> {
     connect(&drawn, &QLineEdit::textChanged, this, [this](const QString& text) {
       if (updating()) return;
       if (self.Locked || !self.Enabled) return update();
-      this->host().fromUser([this, typed = fromQt(text)] { self.typeFromUser(typed); });
+      this->host().fromUser([this, text] { self.typeFromUser(typedText(self.Text.get(), text)); });
     });
   }
 
@@ -29,7 +29,7 @@ class LineAdapter : public Joined<controls::TextBox, QLineEdit> {
     // Setting the length, even to what it is, would move the cursor of a user who types.
     const int longest = self.MaxLength > 0 ? self.MaxLength.get() : LongestLine;
     if (drawn.maxLength() != longest) drawn.setMaxLength(longest);
-    const QString text = self.Locked ? toShown(self.Text.get()) : toQt(self.Text.get());
+    const QString text = toShown(self.Text.get());
     if (text == drawn.text()) return;
     drawn.setText(text);
     // A path that is longer than its line shows where it ends while the user is elsewhere.
