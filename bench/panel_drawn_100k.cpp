@@ -91,7 +91,7 @@ class Running : public qt::RunningProgram {
   }
 
   controls::ListView& list() { return app_.Form1.ListView1; }
-  void run(const char* handler) { app_.Form1.commands.find(handler)->run(); }
+  void run(const char* handler) { app_.dispatcher.perform(handler); }
   void key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
       QKeyEvent event(type, key, modifiers);

@@ -5,34 +5,24 @@
 #include "core/start_windows.hpp"
 #include "fileops/fileops.hpp"
 #include "filters/filters.hpp"
-#include "panels/active_panel.hpp"
-#include "panels/browse_dialog.hpp"
-#include "panels/dispatcher.hpp"
-#include "panels/drive_lists.hpp"
+#include "panels/desk.hpp"
 #include "panels/drops.hpp"
-#include "panels/file_opener.hpp"
-#include "panels/form1.hpp"
-#include "panels/histories.hpp"
 #include "panels/icons.hpp"
-#include "panels/list_looks.hpp"
-#include "panels/listing.hpp"
 #include "panels/main_window_start.hpp"
-#include "panels/navigation.hpp"
+#include "panels/panel_commands.hpp"
 #include "panels/panel_keys.hpp"
 #include "panels/panel_shortcuts.hpp"
-#include "panels/program_state.hpp"
-#include "panels/selection.hpp"
-#include "panels/tree_window.hpp"
-#include "panels/view_choices.hpp"
 #include "places/presets.hpp"
 #include "rename/rename.hpp"
-#include "tools/about.hpp"
-#include "tools/system_shortcuts.hpp"
+#include "tools/tools.hpp"
+
+#include <array>
 
 namespace varnholt::app {
 
-/// The whole program: builds every object, ties commands and events to their handlers, and starts it. Everything is a
-/// member, in the order in which one builds on the other, so that a test can reach what it looks at.
+/// The whole program: builds the panels' objects and the desk of them, the rooms that work at it, and starts it. All
+/// are members, in the order in which one builds on the other, so that a test can reach what it looks at. What a room
+/// brings is asked of the room.
 class App {
  public:
   App(controls::MessageLoop& loop, platform::Platform& platform);
@@ -62,28 +52,33 @@ class App {
   panels::FileOpener opener;
   panels::Icons icons;
   panels::Dispatcher dispatcher;
-  panels::PanelKeys keys;
-  panels::Drops drops;
   panels::TreeWindow trees;
   panels::Form35 Form35;
-  fileops::FileOps fileops;
-  filters::Filters filters;
-  places::Presets presets;
-  rename::Rename rename;
-  tools::form8 form8;
-  tools::SystemShortcuts shortcuts;
-  appearance::NewSkin NewSkin;
+  panels::Desk desk;
+  panels::PanelKeys keys;
+  panels::Drops drops;
   panels::MainWindowStart start;
 
+  panels::PanelCommands panelCommands;
+  appearance::NewSkin NewSkin;
+  tools::Tools tools;
+  fileops::FileOps fileops;
+  rename::Rename rename;
+  filters::Filters filters;
+  places::Presets presets;
+
  private:
-  void bindCommands();
+  /// In the order of their entries in the menus.
+  std::array<panels::Room*, 7> rooms() {
+    return {&NewSkin, &tools, &panelCommands, &fileops, &rename, &filters, &presets};
+  }
+  void addCommands();
+  void drawButtons();
   void bindPanel(panels::Panel& panel);
-  /// The keyboard has come to the panel's list.
-  void activated(panels::Panel& panel);
   void bindMainWindow();
   void bindButtonDrops();
   void bindHooks();
-  void drawButtons();
+  void dress();
   void tellStartNotices();
 };
 

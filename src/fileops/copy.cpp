@@ -1,4 +1,5 @@
 #include "fileops/copy.hpp"
+#include "fileops/item_in_hand.hpp"
 
 #include "core/text_character.hpp"
 #include "fileops/progress.hpp"
@@ -17,8 +18,8 @@ constexpr std::uint64_t LargestOfBatch = 256 * 1024;
 }  // namespace
 
 Operation::Item Copy::file() {
-  auto& form = context_.form;
-  if (form.SourcePath == context_.target(leaf_)) {
+  auto& form = desk_.form;
+  if (form.SourcePath == targetOf(desk_, leaf_)) {
     stieq();
     return Item::EndsAll;
   }
@@ -38,26 +39,26 @@ Operation::Item Copy::file() {
 Operation::Item Copy::overExisting(std::uint64_t bytes) {
   const Outcome outcome = policy_.decide(leaf_);
   if (outcome == Outcome::Ends) return Item::EndsLoop;
-  if (outcome == Outcome::Skipped || context_.form.RenameCancelled) return Item::Done;
+  if (outcome == Outcome::Skipped || desk_.form.RenameCancelled) return Item::Done;
   const bool renamed = form7_.OverwriteAnswer == Overwrite::RenameTarget;
   const Way way = outcome == Outcome::CopyOverProtected ? Way::OverProtected : renamed ? Way::ToFreePlace : Way::Over;
   const Item item = outcome == Outcome::CopiedAlready ? Item::Done : cameOut(copyFile(bytes, way));
-  context_.form.BytesDone += static_cast<double>(bytes);
+  desk_.form.BytesDone += static_cast<double>(bytes);
   return item;
 }
 
 platform::BatchResults Copy::batch(const std::string& folder, const std::vector<std::string>& names,
                                    const std::string& to, const platform::Progress& progress) {
-  return context_.files().copyFiles(folder, names, to, LargestOfBatch, progress);
+  return desk_.files().copyFiles(folder, names, to, LargestOfBatch, progress);
 }
 
 // A first try finds out in one call whether anything is in the way. Nothing is replaced but what the user was asked
 // about: a target that comes up in between stays.
 platform::Result<void> Copy::copyFile(std::uint64_t bytes, Way way) {
-  context_.pointer() = Hourglass;
-  const std::string source = context_.form.SourcePath, target = context_.target(leaf_);
+  desk_.pointer() = Hourglass;
+  const std::string source = desk_.form.SourcePath, target = targetOf(desk_, leaf_);
   return runLong({bytes, bytes}, [&, way](const platform::Progress& progress) {
-    auto& files = context_.files();
+    auto& files = desk_.files();
     return way == Way::OverProtected ? files.replaceFile(source, target, progress)
                                      : files.copyFile(source, target, way == Way::Over, progress);
   });
@@ -66,12 +67,12 @@ platform::Result<void> Copy::copyFile(std::uint64_t bytes, Way way) {
 bool Copy::targetExists(const platform::Error& error) const {
   using platform::ErrorCode;
   return (error.code == ErrorCode::AlreadyThere || error.code == ErrorCode::SameEntry) &&
-         context_.files().fileExists(context_.target(leaf_));
+         desk_.files().fileExists(targetOf(desk_, leaf_));
 }
 
 Operation::Item Copy::folder() {
-  auto& form = context_.form;
-  const std::string item = form.CurrentItem, target = context_.target(leaf_);
+  auto& form = desk_.form;
+  const std::string item = form.CurrentItem, target = targetOf(desk_, leaf_);
   const bool isLong = core::characterCount(item) >= LongFolder;
   showItem((isLong ? "Processing.. " : "Processing...  ") +
            (isLong ? std::string(core::lastCharacters(item, LongFolderKept)) : item));
@@ -83,23 +84,23 @@ Operation::Item Copy::folder() {
     stieq();
     return refused();
   }
-  const bool isThere = context_.files().folderExists(target);
+  const bool isThere = desk_.files().folderExists(target);
   if (isThere && !mayMerge(target)) return Item::PassedOver;
-  context_.pointer() = Hourglass;
+  desk_.pointer() = Hourglass;
   if (!isThere) RefreshTreeNeeded_ = true;
   const platform::TreeSize size = treeSize(item);
   if (dialog_.StopFlag) return Item::Stopped;
   platform::LeftOuts leftOut;
   const auto copied = runLong({size.bytes, size.bytes}, [&](const platform::Progress& progress) {
-    return context_.files().copyFolder(item, target, true, progress, &leftOut);
+    return desk_.files().copyFolder(item, target, true, progress, &leftOut);
   });
   form.BytesDone += static_cast<double>(size.bytes);
   return cameOut(copied, leftOut);
 }
 
 bool Copy::mayMerge(const std::string& target) {
-  context_.pointer() = Default;
-  const core::Answer answer = context_.program.dialogs.ask(
+  desk_.pointer() = Default;
+  const core::Answer answer = desk_.program.dialogs.ask(
       "Folder:  " + core::shortened(target, LongQuestion + 1, LongQuestion) + "\r\rAlready Exist !, OverWrite ?");
   return answer == core::Answer::Yes || answer == core::Answer::All;
 }
@@ -109,7 +110,7 @@ void Copy::counted() {
   if (form10_.AttrAnswer != AttributeAnswer::All) form10_.AttrAnswer = AttributeAnswer::None;
   const bool leftOut = form7_.OverwriteAnswer == Overwrite::Skip || form7_.OverwriteAnswer == Overwrite::RenameTarget;
   dialog_.ProgressBar1.Visible = !leftOut;
-  if (!leftOut) PogressCal(context_.form, dialog_);
+  if (!leftOut) PogressCal(desk_.form, dialog_);
 }
 
 void Copy::ended(bool normally) {
@@ -118,9 +119,9 @@ void Copy::ended(bool normally) {
 }
 
 void Copy::refreshPanels() {
-  panels::Panel* source = context_.form.activePanel();
+  panels::Panel* source = desk_.form.activePanel();
   if (!source) return;
-  context_.listing.ViewClearItems(context_.form.otherPanel(*source));
+  desk_.listing.ViewClearItems(desk_.form.otherPanel(*source));
   source->list.SetFocus();
 }
 

@@ -15,31 +15,31 @@ constexpr std::size_t LongQuestion = 100, LongQuestionKept = 95;
 
 }  // namespace
 
-Delete::Delete(const Context& context, Form4& dialog, Space& space, Form10& form10)
-    : Operation(context, dialog), form10_(form10) {
+Delete::Delete(panels::Desk& desk, Form4& dialog, Space& space, Form10& form10)
+    : Operation(desk, dialog), form10_(form10) {
   dialog.Command3.Click = [&space, &dialog] { space.selectsize(dialog); };
 }
 
 bool Delete::mayOpen() {
-  if (driveReady(*context_.form.activePanel())) return true;
+  if (driveReady(*desk_.form.activePanel())) return true;
   alert("Drive(s) Not ready !\rFunction Exits !");
   return false;
 }
 
 Operation::Begin Delete::mayBegin() {
-  auto& dialogs = context_.program.dialogs;
+  auto& dialogs = desk_.program.dialogs;
   dialogs.Form11.Command2.Visible = false;
   form10_.AttrAnswer = AttributeAnswer::None;
-  if (dialogs.AskRetry("Warning!,- Direct deleting  " + std::to_string(context_.form.SelectedCount) +
+  if (dialogs.AskRetry("Warning!,- Direct deleting  " + std::to_string(desk_.form.SelectedCount) +
                        " File(s)/Folder(s) ? \rPlease use options ..."))
     return Begin::Loop;
   dialog_.Hide();
-  context_.selection.ClickPane();
+  desk_.selection.ClickPane();
   return Begin::Closed;
 }
 
 Operation::Item Delete::folder() {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   const std::string item = form.CurrentItem;
   const platform::TreeSize size = treeSize(item);
   if (dialog_.StopFlag) return Item::Stopped;
@@ -48,7 +48,7 @@ Operation::Item Delete::folder() {
   RefreshTreeNeeded_ = true;
   platform::LeftOuts leftOut;
   const auto deleted = runLong({size.bytes, size.files + size.folders + 1}, [&](const platform::Progress& progress) {
-    return context_.files().deleteFolder(item, true, progress, &leftOut);
+    return desk_.files().deleteFolder(item, true, progress, &leftOut);
   });
   form.BytesDone += static_cast<double>(size.bytes);
   PogressCal(form, dialog_);
@@ -56,16 +56,16 @@ Operation::Item Delete::folder() {
 }
 
 bool Delete::mayDeleteTree() {
-  auto& dialogs = context_.program.dialogs;
+  auto& dialogs = desk_.program.dialogs;
   if (dialogs.Form11.AlertAnswer == core::Answer::All) return true;
   dialog_.hideProgress();
-  context_.pointer() = Default;
+  desk_.pointer() = Default;
   dialogs.Form11.Command2.Visible = true;
-  const core::Answer answer = dialogs.ask(
-      "Folder is NOT Emty !\rDeleting  " +
-      core::shortened(context_.form.CurrentItem, LongQuestion + 1, LongQuestionKept) + "\r Subfolders and Files ?");
+  const core::Answer answer = dialogs.ask("Folder is NOT Emty !\rDeleting  " +
+                                          core::shortened(desk_.form.CurrentItem, LongQuestion + 1, LongQuestionKept) +
+                                          "\r Subfolders and Files ?");
   dialogs.Form11.Command2.Visible = false;
-  context_.pointer() = Hourglass;
+  desk_.pointer() = Hourglass;
   if (answer == core::Answer::Yes || answer == core::Answer::All) {
     dialog_.showProgress("Processing...");
     return true;
@@ -75,20 +75,20 @@ bool Delete::mayDeleteTree() {
 }
 
 Operation::Item Delete::file() {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   showItem("Processing... " + form.CurrentItem);
   if (const auto done = doneInBatch()) {
     form.BytesDone += static_cast<double>(*done);
     PogressCal(form, dialog_);
     return Item::Done;
   }
-  const auto facts = context_.files().info(form.SourcePath);
+  const auto facts = desk_.files().info(form.SourcePath);
   const platform::Attributes attributes = facts ? facts->attributes : 0;
   if (attributes != platform::attribute::Archive && form10_.AttrAnswer != AttributeAnswer::All) {
     form10_.AttrAnswer = AttributeAnswer::None;
-    context_.pointer() = Default;
+    desk_.pointer() = Default;
     form10_.atribtrap(attributes, form.CurrentItem);
-    context_.pointer() = Hourglass;
+    desk_.pointer() = Hourglass;
   }
   if (form10_.AttrAnswer == AttributeAnswer::CancelAll) return Item::EndsLoop;
   if (form10_.AttrAnswer == AttributeAnswer::Skip) {
@@ -98,7 +98,7 @@ Operation::Item Delete::file() {
   const bool force = form10_.AttrAnswer == AttributeAnswer::ThisItem || form10_.AttrAnswer == AttributeAnswer::All;
   if (form10_.AttrAnswer == AttributeAnswer::ThisItem) form10_.AttrAnswer = AttributeAnswer::None;
   const std::string file = form.SourcePath;
-  const auto deleted = runLong({}, [&](const platform::Progress&) { return context_.files().deleteFile(file, force); });
+  const auto deleted = runLong({}, [&](const platform::Progress&) { return desk_.files().deleteFile(file, force); });
   form.BytesDone += facts ? static_cast<double>(facts->size) : 0;
   PogressCal(form, dialog_);
   return cameOut(deleted);
@@ -106,34 +106,34 @@ Operation::Item Delete::file() {
 
 platform::BatchResults Delete::batch(const std::string& folder, const std::vector<std::string>& names,
                                      const std::string& /*to*/, const platform::Progress& progress) {
-  return context_.files().deleteFiles(folder, names, progress);
+  return desk_.files().deleteFiles(folder, names, progress);
 }
 
 bool Delete::verify() {
-  const std::string& item = context_.form.SourcePath;
+  const std::string& item = desk_.form.SourcePath;
   if (!exists(item)) return true;
   const std::string question = VerifyFolderMode_
-                                   ? "Varnholt Was Not Able To Delete Folder:  \r" + context_.form.CurrentItem +
+                                   ? "Varnholt Was Not Able To Delete Folder:  \r" + desk_.form.CurrentItem +
                                          "  On Target !Unknown Reason, But Media Not Accessable/ReadOnly  !"
-                                   : "Varnholt Was Not Able To Delete File:  \r" + context_.form.CurrentItem +
+                                   : "Varnholt Was Not Able To Delete File:  \r" + desk_.form.CurrentItem +
                                          "  On Target !Unknown Reason, But Media Not Accessable/ReadOnly !";
-  return context_.program.dialogs.AskRetry(question);
+  return desk_.program.dialogs.AskRetry(question);
 }
 
 void Delete::ended(bool /*normally*/) {
   form10_.AttrAnswer = AttributeAnswer::None;
-  context_.program.dialogs.Form11.Command2.Visible = false;
-  context_.program.dialogs.Form11.AlertAnswer = core::Answer::None;
+  desk_.program.dialogs.Form11.Command2.Visible = false;
+  desk_.program.dialogs.Form11.AlertAnswer = core::Answer::None;
 }
 
 // The row that takes the place of the deleted ones gets the focus, so that the user goes on where he was.
 void Delete::refreshPanels() {
-  panels::Panel* active = context_.form.activePanel();
+  panels::Panel* active = desk_.form.activePanel();
   if (!active) return;
   const auto row = active->list.focusedRow();
   active->list.SetFocus();
-  context_.listing.viewupdate();
-  context_.listing.ViewClearItems(*active);
+  desk_.listing.viewupdate();
+  desk_.listing.ViewClearItems(*active);
   if (!row || active->list.count() == 0) return;
   const std::uint32_t next = std::min(*row, active->list.count() - 1);
   active->list.focusRow(next);

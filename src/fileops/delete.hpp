@@ -8,13 +8,13 @@ namespace varnholt::fileops {
 /// `Form4`: deletes what is selected, without a recycle bin.
 class Delete : public Operation {
  public:
-  Delete(const Context& context, Form4& dialog, Space& space, Form10& form10);
+  Delete(panels::Desk& desk, Form4& dialog, Space& space, Form10& form10);
 
  protected:
   std::string_view modeWord() const override { return "DeleteMode"; }
   bool mayOpen() override;
-  std::string folderShown() const override { return context_.form.activePanel()->path(); }
-  void markRows() override { context_.dispatcher.deletecolor(); }
+  std::string folderShown() const override { return desk_.form.activePanel()->path(); }
+  void markRows() override { desk_.dispatcher.deletecolor(); }
   Begin mayBegin() override;
   Turn turn() const override { return Turn::BeforeTaking; }
   Item file() override;

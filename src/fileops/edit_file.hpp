@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fileops/context.hpp"
+#include "panels/desk.hpp"
 #include "fileops/name_dialog.hpp"
 
 namespace varnholt::fileops {
@@ -8,7 +8,7 @@ namespace varnholt::fileops {
 /// Edits the file in focus, and makes new files.
 class EditFile {
  public:
-  EditFile(const Context& context, Form32& dialog) : context_(context), dialog_(dialog) {}
+  EditFile(panels::Desk& desk, Form32& dialog) : desk_(desk), dialog_(dialog) {}
 
   /// Opens the file in focus in the system's editor.
   void Command2_Click();
@@ -18,7 +18,7 @@ class EditFile {
  private:
   void makeFile(panels::Panel& panel, const std::string& name);
 
-  Context context_;
+  panels::Desk& desk_;
   Form32& dialog_;
 };
 

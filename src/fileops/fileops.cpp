@@ -5,47 +5,47 @@
 
 namespace varnholt::fileops {
 
-FileOps::FileOps(const Context& context)
-    : context_(context),
-      Form3(context.program.loop),
-      Form4(context.program.loop),
-      Form5(context.program.loop),
-      Form7(context.program.loop),
-      Form10(context.program.loop),
-      Form32(context.program.dialogs),
-      Space(context),
-      policy(context, Form7, Form10),
-      Copy(context, Form3, Space, policy, Form7, Form10),
-      Move(context, Form5, Space),
-      Delete(context, Form4, Space, Form10),
-      editor(context, Form32) {
+FileOps::FileOps(panels::Desk& desk)
+    : desk_(desk),
+      Form3(desk.program.loop),
+      Form4(desk.program.loop),
+      Form5(desk.program.loop),
+      Form7(desk.program.loop),
+      Form10(desk.program.loop),
+      Form32(desk.program.dialogs),
+      Space(desk),
+      policy(desk, Form7, Form10),
+      Copy(desk, Form3, Space, policy, Form7, Form10),
+      Move(desk, Form5, Space),
+      Delete(desk, Form4, Space, Form10),
+      editor(desk, Form32) {
   policy.copyDialogVisible = [this] { return Form3.Visible.get(); };
-  auto& dialogs = context_.program.dialogs;
+  auto& dialogs = desk_.program.dialogs;
   dialogs.Form11.deleteDialogOpen = [this] { return Form4.Visible.get(); };
   dialogs.Form12.closed.push_back([this] {
     for (OperationForm* dialog : std::initializer_list<OperationForm*>{&Form3, &Form4, &Form5})
       dialog->StopFlag = false;
-    context_.form.TmpMode = false;
+    desk_.form.TmpMode = false;
   });
 }
 
 // As the stored value has it, -1 is on.
 void FileOps::ValCopyMove_Click() {
-  auto& entry = context_.form.Menu["ValCopyMove"];
+  auto& entry = desk_.form.Menu["ValCopyMove"];
   entry.Checked = !entry.Checked;
-  auto& value = context_.program.init.ValidateCM;
+  auto& value = desk_.program.init.ValidateCM;
   value = entry.Checked ? "-1" : "0";
-  context_.program.settings.save(core::setting::ValidateCM, value);
+  desk_.program.settings.save(core::setting::ValidateCM, value);
 }
 
 bool FileOps::dropFiles(panels::Panel& panel, const std::vector<std::string>& files, bool move) {
   std::vector<std::string> items;
   for (const std::string& file : files) {
     const std::string path = platform::paths::withoutClosing(file);
-    items.push_back(context_.files().folderExists(path) ? core::makeFolderItem(path) : path);
+    items.push_back(desk_.files().folderExists(path) ? core::makeFolderItem(path) : path);
   }
   // The other panel stands for the source, whatever it shows: the items bring their own paths.
-  context_.form.otherPanel(panel).list.SetFocus();
+  desk_.form.otherPanel(panel).list.SetFocus();
   move ? Move.start(items) : Copy.start(items);
   panel.list.SetFocus();
   return true;

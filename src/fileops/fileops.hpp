@@ -4,7 +4,7 @@
 #include "fileops/delete.hpp"
 #include "fileops/edit_file.hpp"
 #include "fileops/move.hpp"
-#include "panels/command_table.hpp"
+#include "panels/room.hpp"
 
 #include <string>
 #include <vector>
@@ -12,9 +12,9 @@
 namespace varnholt::fileops {
 
 /// Copy, move and delete with their dialogs.
-class FileOps {
+class FileOps : public panels::Room {
  public:
-  explicit FileOps(const Context& context);
+  explicit FileOps(panels::Desk& desk);
   FileOps(const FileOps&) = delete;
   FileOps& operator=(const FileOps&) = delete;
 
@@ -22,10 +22,11 @@ class FileOps {
   void ValCopyMove_Click();
   /// Files of another program, dropped on a panel. True: taken.
   bool dropFiles(panels::Panel& panel, const std::vector<std::string>& files, bool move);
-  std::vector<controls::Form*> dialogs() { return {&Form3, &Form4, &Form5, &Form7, &Form10, &Form32}; }
+  void addCommands(panels::CommandTable& table) override;
+  std::vector<controls::Form*> dialogs() override { return {&Form3, &Form4, &Form5, &Form7, &Form10, &Form32}; }
 
  private:
-  Context context_;
+  panels::Desk& desk_;
 
  public:
   fileops::Form3 Form3;
@@ -41,8 +42,5 @@ class FileOps {
   fileops::Delete Delete;
   fileops::EditFile editor;
 };
-
-/// The commands of this room; their handlers are bound by who builds it.
-std::vector<panels::Command> commands();
 
 }  // namespace varnholt::fileops

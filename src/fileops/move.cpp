@@ -1,16 +1,17 @@
 #include "fileops/move.hpp"
+#include "fileops/item_in_hand.hpp"
 
 #include "fileops/progress.hpp"
 
 namespace varnholt::fileops {
 
 bool Move::mayOpen() {
-  panels::Panel& source = *context_.form.activePanel();
-  if (!driveReady(source) || !driveReady(context_.form.otherPanel(source))) {
+  panels::Panel& source = *desk_.form.activePanel();
+  if (!driveReady(source) || !driveReady(desk_.form.otherPanel(source))) {
     alert("Drive(s) Not ready !\rFunction Exits !");
     return false;
   }
-  const auto volume = context_.files().volume(source.path());
+  const auto volume = desk_.files().volume(source.path());
   if (volume && volume->fileSystem == "CDFS") {
     alert("Cannot Move From CD-Rom/DVD-Rom !\rFunction Exits !");
     return false;
@@ -20,14 +21,14 @@ bool Move::mayOpen() {
 
 Operation::Begin Move::mayBegin() {
   form5_.MoveRunning = true;
-  stays_ = context_.form.Panel1.driveRoot() == context_.form.Panel2.driveRoot();
-  toItsFolder_ = context_.files().sameEntry(context_.form.Panel1.path(), context_.form.Panel2.path());
+  stays_ = desk_.form.Panel1.driveRoot() == desk_.form.Panel2.driveRoot();
+  toItsFolder_ = desk_.files().sameEntry(desk_.form.Panel1.path(), desk_.form.Panel2.path());
   return TargetOperation::mayBegin();
 }
 
 Operation::Item Move::file() {
-  auto& form = context_.form;
-  const std::string source = form.SourcePath, target = context_.target(leaf_);
+  auto& form = desk_.form;
+  const std::string source = form.SourcePath, target = targetOf(desk_, leaf_);
   showItem("Processing... " + form.CurrentItem);
   if (const auto done = doneInBatch()) {
     form.BytesDone += static_cast<double>(*done);
@@ -36,15 +37,15 @@ Operation::Item Move::file() {
   }
   const std::uint64_t bytes = fileBytes(source);
   // To move a file to where it is would succeed, and is refused all the same.
-  const bool isThere = toItsFolder_ && context_.files().fileExists(target);
+  const bool isThere = toItsFolder_ && desk_.files().fileExists(target);
   platform::Result<void> moved;
   if (!isThere)
     moved = runLong({bytes, bytes}, [&](const platform::Progress& progress) {
-      return context_.files().moveFile(source, target, progress);
+      return desk_.files().moveFile(source, target, progress);
     });
   const Item item = isThere ? Item::Done : cameOut(moved);
   if (item == Item::Stopped) return item;
-  if (isThere || (!moved && context_.files().fileExists(target))) {
+  if (isThere || (!moved && desk_.files().fileExists(target))) {
     failure_.reset();
     alert("File Already exist on Target, - Cannot Move!");
     return item;
@@ -56,12 +57,12 @@ Operation::Item Move::file() {
 
 platform::BatchResults Move::batch(const std::string& folder, const std::vector<std::string>& names,
                                    const std::string& to, const platform::Progress& progress) {
-  return context_.files().moveFiles(folder, names, to, progress);
+  return desk_.files().moveFiles(folder, names, to, progress);
 }
 
 Operation::Item Move::folder() {
-  auto& form = context_.form;
-  const std::string item = form.CurrentItem, target = context_.target(leaf_);
+  auto& form = desk_.form;
+  const std::string item = form.CurrentItem, target = targetOf(desk_, leaf_);
   if (isOwnTarget()) {
     alert("Cannot Move Folder to Itself !");
     return refused();
@@ -72,14 +73,14 @@ Operation::Item Move::folder() {
   }
   showItem("Processing... " + item);
   if (!stays_) return isAnotherDrive();
-  if (context_.files().folderExists(target)) {
+  if (desk_.files().folderExists(target)) {
     alert("Folder Exist on Target, - Cannot Move!");
     return Item::PassedOver;
   }
   const platform::TreeSize size = treeSize(item);
   if (dialog_.StopFlag) return Item::Stopped;
   const auto moved =
-      runLong({size.bytes, 0}, [&](const platform::Progress&) { return context_.files().moveFolder(item, target); });
+      runLong({size.bytes, 0}, [&](const platform::Progress&) { return desk_.files().moveFolder(item, target); });
   // A volume mounted below a folder has no drive letter to tell it by.
   if (!moved && moved.error().code == platform::ErrorCode::NotSupported) return isAnotherDrive();
   form.BytesDone += static_cast<double>(size.bytes);
@@ -96,10 +97,10 @@ Operation::Item Move::isAnotherDrive() {
 void Move::ended(bool /*normally*/) { form5_.MoveRunning = false; }
 
 void Move::refreshPanels() {
-  context_.listing.View1ClearItems();
-  context_.listing.View2ClearItems();
-  context_.listing.ColorReset();
-  context_.listing.FocusView();
+  desk_.listing.View1ClearItems();
+  desk_.listing.View2ClearItems();
+  desk_.listing.ColorReset();
+  desk_.listing.FocusView();
 }
 
 }  // namespace varnholt::fileops

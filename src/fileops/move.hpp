@@ -8,7 +8,7 @@ namespace varnholt::fileops {
 /// on its drive.
 class Move : public TargetOperation {
  public:
-  Move(const Context& context, Form5& dialog, Space& space) : TargetOperation(context, dialog, space), form5_(dialog) {}
+  Move(panels::Desk& desk, Form5& dialog, Space& space) : TargetOperation(desk, dialog, space), form5_(dialog) {}
 
  protected:
   std::string_view modeWord() const override { return "MoveMode"; }

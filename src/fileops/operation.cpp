@@ -1,4 +1,5 @@
 #include "fileops/operation.hpp"
+#include "fileops/item_in_hand.hpp"
 
 #include "core/item_text.hpp"
 #include "core/text_character.hpp"
@@ -30,7 +31,7 @@ std::string shortPath(std::string_view path) { return core::shortened(path, Long
 
 }  // namespace
 
-Operation::Operation(const Context& context, OperationForm& dialog) : context_(context), dialog_(dialog) {
+Operation::Operation(panels::Desk& desk, OperationForm& dialog) : desk_(desk), dialog_(dialog) {
   dialog_.Command11.Click = [this] { Command11_Click(); };
   dialog_.Command2.Click = [this] { Command2_Click(); };
 }
@@ -38,38 +39,38 @@ Operation::Operation(const Context& context, OperationForm& dialog) : context_(c
 // --- Hand-over -----------------------------------------------------------------------------------------------------
 
 void Operation::start() {
-  if (context_.dispatcher.panelPreCheck()) handOver(nullptr);
+  if (desk_.dispatcher.panelPreCheck()) handOver(nullptr);
   close();
 }
 
 void Operation::start(const std::vector<std::string>& items) {
-  if (context_.dispatcher.panelPreCheck()) handOver(&items);
+  if (desk_.dispatcher.panelPreCheck()) handOver(&items);
   close();
 }
 
 void Operation::collect(const std::vector<std::string>* items) {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   if (!items) {
-    context_.selection.ViewClickCopy(*form.activePanel());
+    desk_.selection.ViewClickCopy(*form.activePanel());
     return;
   }
-  context_.selection.resetcollect();
+  desk_.selection.resetcollect();
   for (const std::string& item : *items)
     form.filecollect.push(item);
 }
 
 void Operation::handOver(const std::vector<std::string>* items) {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   collect(items);
   sourceFolder_ = form.activePanel()->path();
   form.setMode(modeWord());
   dialog_.Label4.Caption = "";
   form.SelectedCount = form.filecollect.count();
   form.CurrentItem = form.filecollect.popc();
-  context_.dispatcher.Fileident();
+  desk_.dispatcher.Fileident();
   if (form.CurrentItem.empty()) {
-    context_.selection.ClickPane();
-    context_.selection.nonselect();
+    desk_.selection.ClickPane();
+    desk_.selection.nonselect();
     return;
   }
   if (!mayOpen()) return;
@@ -82,7 +83,7 @@ void Operation::handOver(const std::vector<std::string>* items) {
 }
 
 void Operation::fillDialog() {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   const OperationWords& words = dialog_.words;
   dialog_.Caption = words.caption;
   dialog_.summary.Text = words.verb + " " + std::to_string(form.SelectedCount) + " selected File(s) / Folder(s)";
@@ -99,21 +100,21 @@ void Operation::fillDialog() {
 
 // The return from the dialog, whatever its outcome; also when it was never shown.
 void Operation::close() {
-  context_.selection.resetcollect();
-  context_.dispatcher.resetval();
+  desk_.selection.resetcollect();
+  desk_.dispatcher.resetval();
   dialog_.item.Text = "";
   dialog_.Text3.Text = "";
-  context_.listing.ColorReset();
-  context_.listing.FocusView();
-  context_.selection.ResetView();
+  desk_.listing.ColorReset();
+  desk_.listing.FocusView();
+  desk_.selection.ResetView();
   dialog_.hideProgress();
   dialog_.Hide();
-  context_.dispatcher.commandDone();
+  desk_.dispatcher.commandDone();
 }
 
 void Operation::Command2_Click() {
-  context_.dispatcher.busy = false;
-  context_.form.TmpMode = false;
+  desk_.dispatcher.busy = false;
+  desk_.form.TmpMode = false;
   dialog_.Hide();
 }
 
@@ -131,7 +132,7 @@ void Operation::Command11_Click() {
 }
 
 void Operation::begin() {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   dialog_.showProgress("Processing...");
   dialog_.StopFlag = false;
   RefreshTreeNeeded_ = false;
@@ -145,11 +146,11 @@ void Operation::begin() {
   batchSize_ = FirstBatch;
   batchPause_ = 0;
   dialog_.setRunning(true);
-  context_.pointer() = Hourglass;
+  desk_.pointer() = Hourglass;
 }
 
 Operation::Ending Operation::loop() {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   while (!form.filecollect.empty()) {
     if (turn() == Turn::BeforeTaking) {
       showCount();
@@ -175,10 +176,10 @@ Operation::Ending Operation::loop() {
 }
 
 void Operation::takeNext() {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   form.CurrentItem = form.filecollect.pop();
   pbar_beregning(form);
-  context_.dispatcher.Fileident();
+  desk_.dispatcher.Fileident();
   succeeded_ = false;
   failure_.reset();
   VerifyFolderMode_ = core::isFolderItem(form.CurrentItem);
@@ -187,7 +188,7 @@ void Operation::takeNext() {
 }
 
 void Operation::showCount() {
-  const auto& form = context_.form;
+  const auto& form = desk_.form;
   dialog_.Caption = dialog_.words.caption + ", - Processing... " + std::to_string(form.ItemsDone + 1) + " => " +
                     std::to_string(form.SelectedCount) + " Item(s)";
 }
@@ -195,12 +196,12 @@ void Operation::showCount() {
 bool Operation::stopAsked() {
   // What is done cannot be stopped.
   if (!batch_.empty()) return false;
-  context_.program.loop.giveTurn();
+  desk_.program.loop.giveTurn();
   return dialog_.StopFlag;
 }
 
 bool Operation::sourceStands() const {
-  const panels::Panel* source = context_.form.activePanel();
+  const panels::Panel* source = desk_.form.activePanel();
   return source && source->path() == sourceFolder_;
 }
 
@@ -216,7 +217,7 @@ std::optional<std::uint64_t> Operation::doneInBatch() {
 }
 
 std::vector<std::string> Operation::nextNames(std::size_t count) const {
-  const auto& form = context_.form;
+  const auto& form = desk_.form;
   std::vector<std::string> names{form.CurrentItem};
   const auto& items = form.filecollect.items();
   for (auto item = items.rbegin(); item != items.rend() && names.size() < count; ++item) {
@@ -227,14 +228,14 @@ std::vector<std::string> Operation::nextNames(std::size_t count) const {
 }
 
 void Operation::runBatch() {
-  if (context_.form.ItemsTotal < LargeSelection || context_.form.TmpMode) return;
+  if (desk_.form.ItemsTotal < LargeSelection || desk_.form.TmpMode) return;
   if (batchPause_ > 0) {
     --batchPause_;
     return;
   }
   const auto from = std::chrono::steady_clock::now();
   const std::vector<std::string> names = nextNames(batchSize_);
-  const std::string folder = context_.form.activePanel()->path(), to = context_.form.TargetPath;
+  const std::string folder = desk_.form.activePanel()->path(), to = desk_.form.TargetPath;
   platform::BatchResults results;
   (void)runLong({}, [&](const platform::Progress& progress) {
     results = batch(folder, names, to, progress);
@@ -257,18 +258,18 @@ void Operation::end(Ending ending) {
   }
   dialog_.Hide();
   ended(ending == Ending::Normal);
-  context_.navigation.leaveVanished();
+  desk_.navigation.leaveVanished();
   refreshPanels();
-  if (RefreshTreeNeeded_) context_.trees.redraw();
-  context_.dispatcher.resetval();
-  context_.selection.resetcollect();
+  if (RefreshTreeNeeded_) desk_.trees.redraw();
+  desk_.dispatcher.resetval();
+  desk_.selection.resetcollect();
   dialog_.Caption = dialog_.words.caption;
-  context_.pointer() = Default;
-  context_.dispatcher.busy = false;
+  desk_.pointer() = Default;
+  desk_.dispatcher.busy = false;
   VerifyFolderMode_ = false;
   dialog_.StopFlag = false;
   dialog_.setRunning(false);
-  context_.form.TmpMode = false;
+  desk_.form.TmpMode = false;
   leftOut_.tell();
 }
 
@@ -283,18 +284,18 @@ platform::Result<void> Operation::runLong(const Extent& extent, const LongCall& 
   };
   const auto showShare = [&] {
     if (extent.whole == 0) return;
-    showShareOfItem(context_.form, dialog_, static_cast<double>(extent.bytes),
+    showShareOfItem(desk_.form, dialog_, static_cast<double>(extent.bytes),
                     static_cast<double>(done) / static_cast<double>(extent.whole));
   };
-  context_.program.loop.runBlocking([&] { result = call(progress); }, {showShare, &dialog_.Command1});
-  pbar_beregning(context_.form);
+  desk_.program.loop.runBlocking([&] { result = call(progress); }, {showShare, &dialog_.Command1});
+  pbar_beregning(desk_.form);
   return result;
 }
 
 platform::TreeSize Operation::treeSize(const std::string& folder) {
   platform::TreeSize size;
   (void)runLong({}, [&](const platform::Progress& progress) {
-    size = context_.treeSize(folder, progress);
+    size = fileops::treeSize(desk_, folder, progress);
     return platform::Result<void>();
   });
   return size;
@@ -313,54 +314,54 @@ void Operation::noteFailure() {
   if (failure_) leftOut_.add(*failure_);
 }
 
-std::uint64_t Operation::fileBytes(const std::string& file) const { return context_.files().fileSize(file).valueOr(0); }
+std::uint64_t Operation::fileBytes(const std::string& file) const { return desk_.files().fileSize(file).valueOr(0); }
 
 bool Operation::exists(const std::string& path) const {
-  return VerifyFolderMode_ ? context_.files().folderExists(path) : context_.files().fileExists(path);
+  return VerifyFolderMode_ ? desk_.files().folderExists(path) : desk_.files().fileExists(path);
 }
 
 bool Operation::driveReady(const panels::Panel& panel) {
   platform::Result<platform::DriveInfo> drive = platform::Error{};
-  context_.program.loop.runBlocking([&] { drive = context_.program.platform.drives.info(panel.driveRoot().front()); });
+  desk_.program.loop.runBlocking([&] { drive = desk_.program.platform.drives.info(panel.driveRoot().front()); });
   return drive && drive->ready;
 }
 
 // --- Operations with a target --------------------------------------------------------------------------------------
 
-TargetOperation::TargetOperation(const Context& context, TargetForm& dialog, Space& space)
-    : Operation(context, dialog), target_(dialog), space_(space) {
+TargetOperation::TargetOperation(panels::Desk& desk, TargetForm& dialog, Space& space)
+    : Operation(desk, dialog), target_(dialog), space_(space) {
   target_.Command3.Click = [this] { space_.selectsize(target_); };
   target_.Command4.Click = [this] { Command4_Click(); };
 }
 
 void TargetOperation::opening() {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   initFolder_ = form.otherPanel(*form.activePanel()).path();
-  context_.browser.Check1.Value = 0;
-  context_.browser.Check2.Value = 0;
+  desk_.browser.Check1.Value = 0;
+  desk_.browser.Check2.Value = 0;
 }
 
 // The chosen folder becomes the other panel's, so that all tests of the target speak of it.
 void TargetOperation::Command4_Click() {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   panels::Panel* source = form.activePanel();
-  const auto folder = context_.browser.browse(target_.words.caption);
+  const auto folder = desk_.browser.browse(target_.words.caption);
   if (!source || !folder) return;
-  if (!context_.navigation.goTo(form.otherPanel(*source), *folder)) return;
+  if (!desk_.navigation.goTo(form.otherPanel(*source), *folder)) return;
   form.TargetPath = form.otherPanel(*source).path();
   target_.Text3.Text = shortPath(form.TargetPath);
 }
 
 void TargetOperation::closed(bool executed) {
-  auto& form = context_.form;
-  const bool goesBack = executed ? context_.browser.Check2.Value : context_.browser.Check1.Value;
+  auto& form = desk_.form;
+  const bool goesBack = executed ? desk_.browser.Check2.Value : desk_.browser.Check1.Value;
   panels::Panel& panel = form.otherPanel(*form.activePanel());
-  if (goesBack && panel.path() != initFolder_) context_.navigation.goTo(panel, initFolder_);
+  if (goesBack && panel.path() != initFolder_) desk_.navigation.goTo(panel, initFolder_);
 }
 
 Operation::Begin TargetOperation::mayBegin() {
-  auto& form = context_.form;
-  auto& answer = context_.program.dialogs.Form11.AlertAnswer;
+  auto& form = desk_.form;
+  auto& answer = desk_.program.dialogs.Form11.AlertAnswer;
   answer = core::Answer::None;
   space_.DiskAvailable(moving());
   if (form.SpaceProblem && (answer == core::Answer::None || answer == core::Answer::No)) return Begin::Ending;
@@ -372,48 +373,48 @@ Operation::Begin TargetOperation::mayBegin() {
 }
 
 bool TargetOperation::verify() {
-  if (exists(context_.target(leaf_))) {
+  if (exists(targetOf(desk_, leaf_))) {
     noteFailure();
     return true;
   }
   std::string question = "Varnholt Was Not Able To Create File/Folder On Target !\r"
                          "Unknown Reason, But Media Not Accessable !";
   if (failure_) question += "\r" + core::shortened(leaf_, LongName + 1, LongName) + " :  " + failure_->text;
-  return context_.program.dialogs.AskRetry(question);
+  return desk_.program.dialogs.AskRetry(question);
 }
 
 void TargetOperation::changed() {
   using platform::DriveType;
-  const std::string target = context_.form.TargetPath;
+  const std::string target = desk_.form.TargetPath;
   bool wait = false;
   (void)runLong({}, [&](const platform::Progress&) {
-    const auto volume = context_.files().volume(target);
+    const auto volume = desk_.files().volume(target);
     wait = volume && (volume->type == DriveType::Removable || volume->type == DriveType::Network);
     return platform::Result<void>();
   });
   wait = wait && !dialog_.StopFlag;
   if (wait) dialog_.showProgress("Processing...");
-  const auto written = runLong(
-      {}, [&](const platform::Progress& progress) { return context_.files().writeOut(target, wait, progress); });
+  const auto written =
+      runLong({}, [&](const platform::Progress& progress) { return desk_.files().writeOut(target, wait, progress); });
   if (written || written.error().code == platform::ErrorCode::Stopped) return;
   leftOut_.add({written.error().code, target, "not written out to the medium: " + written.error().text});
 }
 
 void TargetOperation::stieqopen() {
-  context_.pointer() = Default;
-  const std::string& item = context_.form.CurrentItem;
+  desk_.pointer() = Default;
+  const std::string& item = desk_.form.CurrentItem;
   const std::string name =
       core::characterCount(item) > LongItem ? "\\..." + std::string(core::lastCharacters(item, LongItem)) : "\\" + item;
   alert("Cannot Copy Or Move Item : \r" + name + "\rInto Itself !");
 }
 
 bool TargetOperation::liesInItem() const {
-  const std::string item = platform::foldCase(context_.form.CurrentItem);
-  return platform::foldCase(context_.form.TargetPath).starts_with(item);
+  const std::string item = platform::foldCase(desk_.form.CurrentItem);
+  return platform::foldCase(desk_.form.TargetPath).starts_with(item);
 }
 
 bool TargetOperation::isOwnTarget() const {
-  return platform::foldCase(context_.form.CurrentItem) == platform::foldCase(context_.target(leaf_));
+  return platform::foldCase(desk_.form.CurrentItem) == platform::foldCase(targetOf(desk_, leaf_));
 }
 
 }  // namespace varnholt::fileops

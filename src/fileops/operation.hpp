@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fileops/context.hpp"
+#include "panels/desk.hpp"
 #include "fileops/left_out_notice.hpp"
 #include "fileops/operation_dialogs.hpp"
 #include "fileops/space.hpp"
@@ -31,7 +31,7 @@ class Operation {
   void start(const std::vector<std::string>& items);
 
  protected:
-  Operation(const Context& context, OperationForm& dialog);
+  Operation(panels::Desk& desk, OperationForm& dialog);
 
   /// How an item came through.
   enum class Item {
@@ -50,9 +50,9 @@ class Operation {
   virtual std::string_view modeWord() const = 0;
   /// Tests in front of the dialog; they tell the user themselves.
   virtual bool mayOpen() { return true; }
-  virtual std::string folderShown() const { return context_.form.TargetPath; }
+  virtual std::string folderShown() const { return desk_.form.TargetPath; }
   /// Marks the rows that it will take.
-  virtual void markRows() { context_.dispatcher.copycolor(); }
+  virtual void markRows() { desk_.dispatcher.copycolor(); }
   virtual void opening() {}
   virtual void closed(bool /*executed*/) {}
   /// Questions and space tests in front of the loop. Closed: the dialog has hidden, and no ending follows.
@@ -96,16 +96,16 @@ class Operation {
   std::uint64_t fileBytes(const std::string& file) const;
   bool exists(const std::string& path) const;
   bool driveReady(const panels::Panel& panel);
-  void alert(const std::string& text) { context_.program.dialogs.alert(text); }
+  void alert(const std::string& text) { desk_.program.dialogs.alert(text); }
 
-  Context context_;
+  panels::Desk& desk_;
   OperationForm& dialog_;
   std::string leaf_;                        ///< name of the item in hand
   bool VerifyFolderMode_ = false;           ///< the item in hand is a folder
   bool RefreshTreeNeeded_ = false;          ///< a folder came or went
   bool succeeded_ = false;                  ///< the call for the item in hand says that it is done: nothing to verify
   std::optional<platform::Error> failure_;  ///< why that call failed as a whole
-  LeftOutNotice leftOut_{context_.program};
+  LeftOutNotice leftOut_{desk_.program};
 
  private:
   void Command2_Click();
@@ -138,7 +138,7 @@ class Operation {
 /// What copy and move share: a target folder that can be browsed for, and the space tests.
 class TargetOperation : public Operation {
  protected:
-  TargetOperation(const Context& context, TargetForm& dialog, Space& space);
+  TargetOperation(panels::Desk& desk, TargetForm& dialog, Space& space);
 
   void opening() override;
   void closed(bool executed) override;
@@ -156,7 +156,7 @@ class TargetOperation : public Operation {
   bool liesInItem() const;
   bool isOwnTarget() const;
   /// What a refusal of the item in hand comes to: a single item ends the operation.
-  Item refused() const { return context_.form.ItemsTotal == 1 ? Item::EndsAll : Item::PassedOver; }
+  Item refused() const { return desk_.form.ItemsTotal == 1 ? Item::EndsAll : Item::PassedOver; }
 
  private:
   void Command4_Click();

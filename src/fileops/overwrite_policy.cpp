@@ -1,4 +1,5 @@
 #include "fileops/overwrite_policy.hpp"
+#include "fileops/item_in_hand.hpp"
 
 #include "core/format.hpp"
 #include "core/item_text.hpp"
@@ -30,9 +31,9 @@ struct OverwritePolicy::Facts {
   std::string version;
 };
 
-OverwritePolicy::OverwritePolicy(const Context& context, Form7& form7, Form10& form10)
-    : context_(context), form7_(form7), form10_(form10) {
-  form7_.answeredForAll = [this] { context_.form.OverwritePrompt = false; };
+OverwritePolicy::OverwritePolicy(panels::Desk& desk, Form7& form7, Form10& form10)
+    : desk_(desk), form7_(form7), form10_(form10) {
+  form7_.answeredForAll = [this] { desk_.form.OverwritePrompt = false; };
 }
 
 // --- Questions -----------------------------------------------------------------------------------------------------
@@ -40,35 +41,34 @@ OverwritePolicy::OverwritePolicy(const Context& context, Form7& form7, Form10& f
 // A file that cannot be read shows what was read so far.
 OverwritePolicy::Facts OverwritePolicy::factsOf(const std::string& path) const {
   Facts facts;
-  if (const auto info = context_.files().info(path)) {
+  if (const auto info = desk_.files().info(path)) {
     facts.size = info->size;
     facts.modified = info->modified;
   }
-  facts.version = context_.files().fileVersion(path).valueOr("");
+  facts.version = desk_.files().fileVersion(path).valueOr("");
   if (facts.version.empty()) facts.version = "NA";
   return facts;
 }
 
 std::string OverwritePolicy::factsLine(const Facts& facts) const {
-  const auto& platform = context_.program.platform;
-  return "Date L.m: " +
-         core::propertiesDate(context_.program.init.DateTimeFormat, platform.clock.local(facts.modified)) +
+  const auto& platform = desk_.program.platform;
+  return "Date L.m: " + core::propertiesDate(desk_.program.init.DateTimeFormat, platform.clock.local(facts.modified)) +
          "   Size: " + core::format("###,###", facts.size, platform.regional) + "   Version: " + facts.version;
 }
 
 void OverwritePolicy::ask() {
-  const int before = context_.pointer();
-  context_.pointer() = Default;
+  const int before = desk_.pointer();
+  desk_.pointer() = Default;
   form7_.Label5.Visible = true;
   form7_.Command4.Enabled = renameTarget && copyDialogVisible && copyDialogVisible();
   form7_.ShowModal();
-  context_.pointer() = before;
+  desk_.pointer() = before;
 }
 
 void OverwritePolicy::copywarning(const std::string& name) {
-  context_.dispatcher.Fileident();
-  const std::string target = context_.target(name);
-  const Facts from = factsOf(context_.form.SourcePath), to = factsOf(target);
+  desk_.dispatcher.Fileident();
+  const std::string target = targetOf(desk_, name);
+  const Facts from = factsOf(desk_.form.SourcePath), to = factsOf(target);
   const bool equal = NotNewer(from.modified, to.modified) && NotNewer(to.modified, from.modified) &&
                      from.size == to.size && from.version == to.version;
   form7_.Caption = equal ? "Overwrite Warning !, - Files Equal !" : "Overwrite Warning !, - Files Not Equal !";
@@ -81,12 +81,11 @@ void OverwritePolicy::copywarning(const std::string& name) {
 }
 
 Overwrite OverwritePolicy::RenameWarning(const std::string& from, const std::string& to) {
-  const auto& platform = context_.program.platform;
-  const bool caseOnly = context_.files().sameEntry(from, to);
+  const auto& platform = desk_.program.platform;
+  const bool caseOnly = desk_.files().sameEntry(from, to);
   const auto line = [&](const std::string& path) {
     const Facts facts = factsOf(path);
-    return "Date:  " +
-           core::propertiesDate(context_.program.init.DateTimeFormat, platform.clock.local(facts.modified)) +
+    return "Date:  " + core::propertiesDate(desk_.program.init.DateTimeFormat, platform.clock.local(facts.modified)) +
            (caseOnly ? "       size:  " : "       Size:  ") + core::format("#,#", facts.size, platform.regional) +
            " Bytes";
   };
@@ -106,34 +105,33 @@ Overwrite OverwritePolicy::RenameWarning(const std::string& from, const std::str
 }
 
 bool OverwritePolicy::ConfirmVersion(const std::string& source, const std::string& target) {
-  const std::string from = context_.files().fileVersion(source).valueOr("");
-  const std::string to = context_.files().fileVersion(target).valueOr("");
+  const std::string from = desk_.files().fileVersion(source).valueOr("");
+  const std::string to = desk_.files().fileVersion(target).valueOr("");
   if (core::wildcardMatch(to, from)) return true;
   const auto line = [](const char* label, const std::string& path, const std::string& version) {
     return label + std::string(paths::fileName(path)) + "  " + version + "\r";
   };
-  context_.pointer() = Default;
-  const bool agreed =
-      context_.program.dialogs.AskRetry("File Versions Differ !\r" + line("Source File:  ", source, from) +
-                                        line("Target File:  ", target, to) + "Still Want To OverWrite ?");
-  context_.pointer() = Hourglass;
+  desk_.pointer() = Default;
+  const bool agreed = desk_.program.dialogs.AskRetry("File Versions Differ !\r" + line("Source File:  ", source, from) +
+                                                     line("Target File:  ", target, to) + "Still Want To OverWrite ?");
+  desk_.pointer() = Hourglass;
   return agreed;
 }
 
 // --- Decisions -----------------------------------------------------------------------------------------------------
 
 Outcome OverwritePolicy::decide(const std::string& name) {
-  if (context_.form.OverwritePrompt) copywarning(name);
-  const std::string target = context_.target(name);
+  if (desk_.form.OverwritePrompt) copywarning(name);
+  const std::string target = targetOf(desk_, name);
   switch (form7_.OverwriteAnswer) {
   case Overwrite::ThisOne:
     return decideThisOne(name, target);
   case Overwrite::All:
-    return ConfirmVersion(context_.form.SourcePath, target) ? Outcome::CopyOverProtected : Outcome::CopiedAlready;
+    return ConfirmVersion(desk_.form.SourcePath, target) ? Outcome::CopyOverProtected : Outcome::CopiedAlready;
   case Overwrite::AllOlder: {
-    const Facts from = factsOf(context_.form.SourcePath), to = factsOf(target);
+    const Facts from = factsOf(desk_.form.SourcePath), to = factsOf(target);
     if (NotNewer(to.modified, from.modified)) return Outcome::CopiedAlready;
-    return ConfirmVersion(context_.form.SourcePath, target) ? Outcome::CopyOverProtected : Outcome::CopiedAlready;
+    return ConfirmVersion(desk_.form.SourcePath, target) ? Outcome::CopyOverProtected : Outcome::CopiedAlready;
   }
   case Overwrite::RenameTarget:
     askNewName(name);
@@ -149,19 +147,19 @@ Outcome OverwritePolicy::decide(const std::string& name) {
 
 // The rename has items in hand of its own.
 void OverwritePolicy::askNewName(const std::string& name) {
-  const std::string item = context_.form.CurrentItem;
-  if (renameTarget) renameTarget(context_.form.TargetPath, name);
-  context_.form.CurrentItem = item;
-  context_.dispatcher.Fileident();
+  const std::string item = desk_.form.CurrentItem;
+  if (renameTarget) renameTarget(desk_.form.TargetPath, name);
+  desk_.form.CurrentItem = item;
+  desk_.dispatcher.Fileident();
 }
 
 Outcome OverwritePolicy::decideThisOne(const std::string& name, const std::string& target) {
-  const platform::Attributes attributes = context_.files().attributes(target).valueOr(0);
+  const platform::Attributes attributes = desk_.files().attributes(target).valueOr(0);
   if (attributes == platform::attribute::Archive) return Outcome::Copy;
   if (form10_.AttrAnswer == AttributeAnswer::All) return Outcome::CopyOverProtected;
-  context_.pointer() = Default;
+  desk_.pointer() = Default;
   form10_.atribtrap(attributes, name);
-  context_.pointer() = Hourglass;
+  desk_.pointer() = Hourglass;
   if (form10_.AttrAnswer == AttributeAnswer::None) return Outcome::Copy;
   const bool agreed = form10_.AttrAnswer == AttributeAnswer::ThisItem || form10_.AttrAnswer == AttributeAnswer::All;
   return agreed ? Outcome::CopyOverProtected : Outcome::Skipped;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fileops/context.hpp"
+#include "panels/desk.hpp"
 #include "fileops/overwrite_dialogs.hpp"
 
 #include <functional>
@@ -23,7 +23,7 @@ enum class Outcome {
 /// The questions about targets that exist, and what follows from their answers.
 class OverwritePolicy {
  public:
-  OverwritePolicy(const Context& context, Form7& form7, Form10& form10);
+  OverwritePolicy(panels::Desk& desk, Form7& form7, Form10& form10);
 
   /// Decides about `SourcePath` and the target of that name. Asks while `OverwritePrompt` is set, else keeps to the
   /// last answer. When it answers Copy, the target may be replaced, unless the rename made its place free.
@@ -50,7 +50,7 @@ class OverwritePolicy {
   void askNewName(const std::string& name);
   void ask();
 
-  Context context_;
+  panels::Desk& desk_;
   Form7& form7_;
   Form10& form10_;
 };

@@ -1,4 +1,5 @@
 #include "fileops/space.hpp"
+#include "fileops/item_in_hand.hpp"
 
 #include "core/format.hpp"
 #include "core/item_text.hpp"
@@ -38,26 +39,26 @@ std::string FreeSpaceText(const platform::Result<platform::DriveInfo>& drive,
 // --- The drive -----------------------------------------------------------------------------------------------------
 
 void Space::DiskAvailable(bool moving) {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   form.SpaceProblem = false;
   panels::Panel* source = form.activePanel();
   if (!source) return;
   panels::Panel& target = form.otherPanel(*source);
   platform::Result<platform::DriveInfo> drive = platform::Error{};
-  context_.program.loop.runBlocking([&] { drive = context_.files().volume(target.path()); });
+  desk_.program.loop.runBlocking([&] { drive = desk_.files().volume(target.path()); });
   if (!drive) return;
   if (isDisc(*drive)) {
-    context_.program.dialogs.alert("Cannot Copy Or Move To CD-Rom/DVD-Rom !\rFunction Exits !");
+    desk_.program.dialogs.alert("Cannot Copy Or Move To CD-Rom/DVD-Rom !\rFunction Exits !");
     form.SpaceProblem = true;
     return;
   }
   if (moving && paths::driveOf(source->path()) == paths::driveOf(target.path())) return;
   if (freeShare(*drive) > 1) return;
   form.SpaceProblem = true;
-  context_.program.dialogs.ask("Critical DiskSpace < 1% Available ! (" +
-                               core::format("#,#", drive->availableBytes, context_.program.platform.regional) +
-                               " Bytes)\rConsider Your Copy Or Move Command !\r\r"
-                               "Ok = Continue, Cancel = Exit Function");
+  desk_.program.dialogs.ask("Critical DiskSpace < 1% Available ! (" +
+                            core::format("#,#", drive->availableBytes, desk_.program.platform.regional) +
+                            " Bytes)\rConsider Your Copy Or Move Command !\r\r"
+                            "Ok = Continue, Cancel = Exit Function");
 }
 
 // --- The selection -------------------------------------------------------------------------------------------------
@@ -92,24 +93,24 @@ constexpr std::size_t Block = 8192;
 }  // namespace
 
 std::uint64_t Space::needOfFolder(const std::string& folder) const {
-  const std::string target = context_.target(paths::fileName(folder));
-  return growth(context_.folderBytes(folder), context_.files().folderExists(target) ? context_.folderBytes(target) : 0);
+  const std::string target = targetOf(desk_, paths::fileName(folder));
+  return growth(folderBytes(desk_, folder), desk_.files().folderExists(target) ? folderBytes(desk_, target) : 0);
 }
 
 void Space::ValidateSpaceNeeded(OperationForm& dialog) {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   form.SpaceRefused = false;
   panels::Panel* source = form.activePanel();
   if (!source) return;
-  const std::string from = form.TmpMode ? context_.dispatcher.TmpFolder() : source->path();
+  const std::string from = form.TmpMode ? desk_.dispatcher.TmpFolder() : source->path();
   const std::string to = form.otherPanel(*source).path();
-  const auto drive = context_.files().volume(to);
+  const auto drive = desk_.files().volume(to);
   if (!drive || drive->availableBytes == 0) {
-    context_.program.dialogs.alert("Cannot Validate DiskSpace !");
+    desk_.program.dialogs.alert("Cannot Validate DiskSpace !");
     return;
   }
   dialog.showProgress("Validating Space Available...");
-  context_.pointer() = Hourglass;
+  desk_.pointer() = Hourglass;
   std::uint64_t needed = 0;
   const auto& items = form.filecollect.items();
   for (auto item = items.begin(); item != items.end() && needed < drive->availableBytes;) {
@@ -120,38 +121,37 @@ void Space::ValidateSpaceNeeded(OperationForm& dialog) {
     std::vector<std::string> block;
     for (; item != items.end() && block.size() < Block && !core::isFolderItem(*item); ++item)
       block.push_back(*item);
-    context_.program.loop.runBlocking([&] { needed += needOfFiles(context_.files(), block, from, to); });
+    desk_.program.loop.runBlocking([&] { needed += needOfFiles(desk_.files(), block, from, to); });
   }
-  context_.pointer() = Default;
+  desk_.pointer() = Default;
   if (needed >= drive->availableBytes) {
     form.SpaceRefused = true;
-    context_.program.dialogs.alert("Insufficient Free Space On Target Drive !\rFurther Operation is Canceled!");
+    desk_.program.dialogs.alert("Insufficient Free Space On Target Drive !\rFurther Operation is Canceled!");
   }
   dialog.hideProgress();
 }
 
 std::uint64_t Space::sizeOf(const std::string& item) {
-  context_.form.CurrentItem = item;
-  context_.dispatcher.Fileident();
-  const std::string path = context_.form.SourcePath;
+  desk_.form.CurrentItem = item;
+  desk_.dispatcher.Fileident();
+  const std::string path = desk_.form.SourcePath;
   std::uint64_t size = 0;
   if (core::isFolderItem(item)) {
-    size = context_.folderBytes(path);
+    size = folderBytes(desk_, path);
   } else {
-    size = context_.files().fileSize(path).valueOr(0);
+    size = desk_.files().fileSize(path).valueOr(0);
   }
   return size;
 }
 
 void Space::selectsize(OperationForm& dialog) {
   dialog.Label4.Caption = "Calculating... Please wait  !";
-  context_.program.loop.giveTurn();
+  desk_.program.loop.giveTurn();
   std::uint64_t sum = 0;
-  for (const std::string& item : context_.form.filecollect.items())
+  for (const std::string& item : desk_.form.filecollect.items())
     sum += sizeOf(item);
   dialog.Label4.Caption = "Size of selected Item(s) :  " +
-                          (sum == 0 ? "0" : core::format("###,###", sum, context_.program.platform.regional)) +
-                          "   Bytes";
+                          (sum == 0 ? "0" : core::format("###,###", sum, desk_.program.platform.regional)) + "   Bytes";
 }
 
 }  // namespace varnholt::fileops

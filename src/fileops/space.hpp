@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fileops/context.hpp"
+#include "panels/desk.hpp"
 #include "fileops/operation_dialogs.hpp"
 
 #include <cstdint>
@@ -15,7 +15,7 @@ std::string FreeSpaceText(const platform::Result<platform::DriveInfo>& drive,
 /// Looks at the room that the target has, and at the room that a selection needs.
 class Space {
  public:
-  explicit Space(const Context& context) : context_(context) {}
+  explicit Space(panels::Desk& desk) : desk_(desk) {}
 
   /// `DiskAvailable`: sets `SpaceProblem` when the target cannot be written to, or when it is nearly full and the user
   /// was asked; the answer stands in `AlertAnswer`. `moving` on one drive needs no room.
@@ -29,7 +29,7 @@ class Space {
   std::uint64_t sizeOf(const std::string& item);
   std::uint64_t needOfFolder(const std::string& folder) const;
 
-  Context context_;
+  panels::Desk& desk_;
 };
 
 }  // namespace varnholt::fileops

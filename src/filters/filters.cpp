@@ -4,40 +4,39 @@ namespace varnholt::filters {
 
 namespace pointer = controls::pointer;
 
-Filters::Filters(const Context& context)
-    : context_(context), Form6(context.program), Form25(context.program), Form24(context.program) {
+Filters::Filters(panels::Desk& desk) : desk_(desk), Form6(desk.program), Form25(desk.program), Form24(desk.program) {
   for (FilterForm* dialog : std::initializer_list<FilterForm*>{&Form6, &Form25})
     dialog->chooseDates = [this, dialog] { Form24.open(*dialog); };
   Form6.Command11.Click = [this] { Form6_Command11_Click(); };
   Form25.Command11.Click = [this] { Form25_Command11_Click(); };
-  context_.form.seams.viewFilter = [this] { return Viewdiv(); };
+  desk_.listing.viewFilter = [this] { return Viewdiv(); };
 }
 
 // --- File Filter ---------------------------------------------------------------------------------------------------
 
 void Filters::Command5_Click() {
-  if (!context_.dispatcher.panelPreCheck()) return;
+  if (!desk_.dispatcher.panelPreCheck()) return;
   selectFiles();
-  context_.dispatcher.commandDone();
+  desk_.dispatcher.commandDone();
 }
 
 void Filters::selectFiles() {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   form.setMode("FilterMode");
   Form6.open();
-  context_.listing.FocusView();
+  desk_.listing.FocusView();
   if (!form.filecollect.empty()) return;
-  context_.selection.ClickPane();
+  desk_.selection.ClickPane();
   form.statusLine("No Filter Match Found !");
 }
 
 void Filters::Form6_Command11_Click() {
   const auto criteria = Form6.criteria();
-  panels::Panel* panel = context_.form.activePanel();
+  panels::Panel* panel = desk_.form.activePanel();
   if (!criteria || !panel) return;
-  context_.selection.ResetView();
-  context_.dispatcher.Fileident();
-  context_.selection.resetcollect();
+  desk_.selection.ResetView();
+  desk_.dispatcher.Fileident();
+  desk_.selection.resetcollect();
   if (Form6.Viewpattern(*criteria)) {
     match(*panel, *criteria);
     showFileLine(*criteria);
@@ -46,7 +45,7 @@ void Filters::Form6_Command11_Click() {
 }
 
 void Filters::match(panels::Panel& panel, const Criteria& criteria) {
-  auto& program = context_.program;
+  auto& program = desk_.program;
   program.loop.screen().MousePointer = pointer::Hourglass;
   FilterTest test(criteria, program.init.DateSystem, program.platform.clock);
   for (std::uint32_t row = 0; row < panel.list.count(); ++row) {
@@ -54,8 +53,8 @@ void Filters::match(panels::Panel& panel, const Criteria& criteria) {
     if (panel.isFolder(item)) continue;
     if (test.passes(panel.compareText(item), panel.rows->entry(item.id()))) take(panel, item);
   }
-  context_.form.filterMark = panel.list.selectedCount() > 0;
-  context_.selection.reportSelected(panel);
+  desk_.form.filterMark = panel.list.selectedCount() > 0;
+  desk_.selection.reportSelected(panel);
   program.loop.screen().MousePointer = pointer::Default;
 }
 
@@ -63,11 +62,11 @@ void Filters::take(panels::Panel& panel, controls::ListItem item) {
   item.setForeColor(panels::mark_color::Selection);
   item.setGhosted(true);
   item.setSelected(true);
-  context_.selection.collect(panel, item);
+  desk_.selection.collect(panel, item);
 }
 
 void Filters::showFileLine(const Criteria& criteria) {
-  auto& menu = context_.form.Menu;
+  auto& menu = desk_.form.Menu;
   menu["Filefilter"].Caption = Form6.line(criteria);
   menu["Filefilter"].ToolTipText = "The filter that made the selection" + Form6.attributeText();
   menu["Filefilter"].Visible = true;
@@ -77,26 +76,26 @@ void Filters::showFileLine(const Criteria& criteria) {
 // --- View Filter ---------------------------------------------------------------------------------------------------
 
 void Filters::Viewuser_Click() {
-  context_.form.setMode("ViewMode");
-  context_.choices.checkView("Viewuser");
+  desk_.form.setMode("ViewMode");
+  desk_.choices.checkView("Viewuser");
   Form25.open();
-  context_.choices.showFilterLine();
-  context_.listing.ViewRenew();
-  context_.listing.FocusView();
+  desk_.choices.showFilterLine();
+  desk_.listing.ViewRenew();
+  desk_.listing.FocusView();
 }
 
 void Filters::Form25_Command11_Click() {
   const auto criteria = Form25.criteria();
   if (!criteria || !Form25.Viewpattern(*criteria)) return;
   view_ = criteria;
-  context_.choices.userLine = Form25.line(*criteria);
-  context_.choices.userTip = "The files that both panels show" + Form25.attributeText();
+  desk_.choices.userLine = Form25.line(*criteria);
+  desk_.choices.userTip = "The files that both panels show" + Form25.attributeText();
   Form25.Hide();
 }
 
 panels::FileTest Filters::Viewdiv() const {
   if (!view_) return {};
-  const auto& program = context_.program;
+  const auto& program = desk_.program;
   return [test = FilterTest(*view_, program.init.DateSystem, program.platform.clock)](
              const platform::Entry& file) mutable { return test.passes(file.name, file); };
 }

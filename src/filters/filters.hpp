@@ -1,8 +1,9 @@
 #pragma once
 
-#include "filters/context.hpp"
 #include "filters/date_dialog.hpp"
 #include "filters/filter_dialogs.hpp"
+#include "panels/desk.hpp"
+#include "panels/room.hpp"
 
 #include <optional>
 #include <vector>
@@ -10,9 +11,9 @@
 namespace varnholt::filters {
 
 /// The File Filter, which selects, and the View Filter, which hides.
-class Filters {
+class Filters : public panels::Room {
  public:
-  explicit Filters(const Context& context);
+  explicit Filters(panels::Desk& desk);
   Filters(const Filters&) = delete;
   Filters& operator=(const Filters&) = delete;
 
@@ -20,10 +21,11 @@ class Filters {
   void Command5_Click();
   /// Asks for a filter; from then on both panels show only the files that pass it.
   void Viewuser_Click();
-  std::vector<controls::Form*> dialogs() { return {&Form6, &Form25, &Form24}; }
+  void addCommands(panels::CommandTable& table) override;
+  std::vector<controls::Form*> dialogs() override { return {&Form6, &Form25, &Form24}; }
 
  private:
-  Context context_;
+  panels::Desk& desk_;
 
  public:
   filters::Form6 Form6;

@@ -6,11 +6,6 @@
 namespace varnholt::panels {
 namespace {
 
-template <class... Arguments>
-void call(const std::function<void(Arguments...)>& seam, std::type_identity_t<Arguments>... arguments) {
-  if (seam) seam(arguments...);
-}
-
 void setFirstHeader(controls::ListView& list, const std::string& text) {
   auto headers = list.ColumnHeaders.get();
   if (headers.empty()) return;
@@ -21,7 +16,7 @@ void setFirstHeader(controls::ListView& list, const std::string& text) {
 }  // namespace
 
 void ActivePanel::GotFocus(Panel& panel) {
-  const bool left = panel.side == Side::Left;
+  const bool left = panel.side == Side::Left, another = form_.activePanel() != &panel;
   for (auto* button : form_.commandButtons())
     button->FontUnderline = false;
   form_.setActive(panel.side);
@@ -30,16 +25,12 @@ void ActivePanel::GotFocus(Panel& panel) {
   if (auto item = panel.list.SelectedItem()) item->EnsureVisible();
   showFreeSpace(info);
   form_.StatusBar1.setPanel(status::ActiveView, left ? "View1Active" : "View2Active");
-  call(form_.seams.treeStatus, left ? "TreeView1-View1Active" : "TreeView2-View2Active");
   colorLists();
   form_.Command27.MousePointer = controls::pointer::Hourglass;
   form_.Picture2.MousePointer = controls::pointer::Hourglass;
-  if (form_.Picture1.Visible) call(form_.seams.Viewpicv, panel.side);
-  call(form_.seams.quickFindUpdate);
-  call(form_.seams.F22commandfunction);
-  call(form_.seams.TreedisplayItem);
   setFirstHeader(panel.list, "Name:  [Me Active]");
   setFirstHeader(form_.otherPanel(panel).list, "Name:");
+  form_.events.activated(panel, another);
 }
 
 void ActivePanel::colorLists() {

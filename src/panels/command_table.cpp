@@ -1,20 +1,24 @@
 #include "panels/command_table.hpp"
 
 #include <algorithm>
-#include <iterator>
 
 namespace varnholt::panels {
 
-void CommandTable::add(std::vector<Command> commands) { std::ranges::move(commands, std::back_inserter(commands_)); }
+std::string entryName(const Command& command) {
+  return command.menu.empty() ? command.handler.substr(0, command.handler.rfind("_Click")) : command.menu;
+}
 
-bool CommandTable::bind(std::string_view handler, std::function<void()> run) {
-  auto found = std::ranges::find(commands_, handler, &Command::handler);
-  if (found == commands_.end()) {
-    unknown_.emplace(handler);
-    return false;
+void CommandTable::add(std::vector<Command> commands) {
+  for (Command& command : commands) {
+    auto place = command.after.empty() ? commands_.end() : std::ranges::find(commands_, command.after, entryName);
+    if (place != commands_.end()) ++place;
+    commands_.insert(place, std::move(command));
   }
-  found->run = std::move(run);
-  return true;
+}
+
+Command* CommandTable::find(std::string_view handler) {
+  auto found = std::ranges::find(commands_, handler, &Command::handler);
+  return found == commands_.end() ? nullptr : &*found;
 }
 
 const Command* CommandTable::find(std::string_view handler) const {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,38 +17,36 @@ struct Command {
   /// Menu heading without mnemonic ("File", or "View/Colors" for a menu in a menu); empty: no entry. RightEndOfBar puts
   /// the entry itself at the right end of the menu bar.
   std::string heading{};
-  std::string menu{};      ///< the menu entry's name ("HidSysfiles"); empty: the handler without "_Click"
-  std::string menuText{};  ///< "&" marks the mnemonic; "-" draws a separator
-  std::string shortcut{};  ///< "Ctrl+N"; empty: none
-  int number = 0;          ///< the number that the last-command memory notes; 0: not remembered
-  std::string mode{};      ///< mode word; empty: none of its own
-  bool checkable = false;
-  /// Empty: not built yet. Its entries are disabled, and their tool tip says so.
-  std::function<void()> run{};
+  std::string menu{};           ///< the menu entry's name ("HidSysfiles"); empty: the handler without "_Click"
+  std::string menuText{};       ///< "&" marks the mnemonic
+  std::string shortcut{};       ///< "Ctrl+N"; empty: none
+  int number = 0;               ///< the number that the last-command memory notes; 0: not remembered
+  std::string after{};          ///< the menu entry right behind which it stands; empty: the end of its menu
+  bool newGroup = false;        ///< a line stands above the entry, or above the menu that begins with it
+  std::function<void()> run{};  ///< empty only for the lines at the right end of the bar
 };
 
 /// The heading of entries that are a line of text at the right end of the menu bar. They share one place: the first of
 /// the table shows, the others are hidden until code shows them. Such a line says something even when nothing runs.
 inline constexpr std::string_view RightEndOfBar = "|";
 
+/// The name of a command's menu entry.
+std::string entryName(const Command& command);
+
 /// All commands, in the order of the menus. Each room adds its own rows.
 class CommandTable {
  public:
-  void add(Command command) { commands_.push_back(std::move(command)); }
   void add(std::vector<Command> commands);
-  /// Hangs the handler on a row; false when there is no such row, which is a bug and noted for the tests.
-  bool bind(std::string_view handler, std::function<void()> run);
+  /// Null when no row has the handler.
   const Command* find(std::string_view handler) const;
+  Command* find(std::string_view handler);
   const std::vector<Command>& commands() const { return commands_; }
-  /// Handlers that were to be hung on rows that are not there.
-  const std::set<std::string>& unknown() const { return unknown_; }
 
  private:
   std::vector<Command> commands_;
-  std::set<std::string> unknown_;
 };
 
-/// Said after the tool tip of a command that has no handler yet.
+/// Said in the tool tip of a button that has no command yet.
 inline constexpr std::string_view NotYetBuilt = " (not available in this version)";
 
 }  // namespace varnholt::panels

@@ -11,21 +11,13 @@ namespace varnholt::panels {
 
 namespace paths = platform::paths;
 
-void Dispatcher::bind(const std::string& handler, std::function<void()> run) {
-  const Command* row = form_.commands.find(handler);
-  const int number = row ? row->number : 0;
-  form_.commands.bind(handler, [this, number, handler, run = std::move(run)] {
-    if (busy) return;
-    if (number != 0) saveLastCommand(number);
-    platform::noteDoing(handler);
-    run();
-    platform::noteDoing("rest, after " + handler);
-  });
-}
-
 void Dispatcher::perform(const std::string& handler) {
   const Command* command = form_.commands.find(handler);
-  if (command && command->run) command->run();
+  if (busy || !command || !command->run) return;
+  if (command->number != 0) saveLastCommand(command->number);
+  platform::noteDoing(handler);
+  command->run();
+  platform::noteDoing("rest, after " + handler);
 }
 
 void Dispatcher::saveLastCommand(int number) {

@@ -20,10 +20,8 @@ class Dispatcher {
  public:
   Dispatcher(Form1& form, core::Program& program) : form_(form), program_(program) {}
 
-  /// Hangs a handler on its row of the command table. While a command works, all others are refused before they touch
-  /// anything.
-  void bind(const std::string& handler, std::function<void()> run);
-  /// Runs the command of that handler as its button would.
+  /// Runs the command of that handler, as its button, menu entry and key do. While one works, all others are refused
+  /// before they touch anything.
   void perform(const std::string& handler);
   /// Runs the command whose number was remembered last.
   void runLast();

@@ -50,12 +50,9 @@ void Drops::DragDropClick(const std::string& handler) {
     selection_.nonselect();
     return;
   }
-  const Command* command = form_.commands.find(handler);
-  if (command && command->run) {
-    dispatcher_.perform(handler);
-    return;
-  }
-  if (command) form_.statusLine(command->caption + std::string(NotYetBuilt));
+  if (form_.commands.find(handler)) return dispatcher_.perform(handler);
+  const auto* button = dynamic_cast<controls::Button*>(form_.control(handler.substr(0, handler.rfind("_Click"))));
+  if (button) form_.statusLine(button->Caption.get() + std::string(NotYetBuilt));
 }
 
 }  // namespace varnholt::panels

@@ -3,13 +3,13 @@
 #include "controls/list_view.hpp"
 #include "controls/menu.hpp"
 #include "controls/message_loop.hpp"
+#include "controls/signal.hpp"
 #include "controls/standard.hpp"
 #include "panels/command_table.hpp"
 #include "panels/file_collect.hpp"
 #include "panels/main_menu.hpp"
 #include "panels/panel.hpp"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,19 +23,13 @@ inline constexpr int FileSystem = 1, FreeSpace = 2, ActiveView = 3, Mode = 4, Ti
 inline constexpr int SelectedCount = 7, SizeReport = 8, Line = 9;
 }  // namespace status
 
-/// What rooms above hang on the main window. An empty one is passed over.
-struct Form1Seams {
-  std::function<void(Side)> Viewpicv;                  ///< shows the current item in the picture view
-  std::function<void()> TreedisplayItem;               ///< brings the tree window up to date
-  std::function<void()> quickFindUpdate;               ///< updates the Quick Find Item dialog
-  std::function<void()> F22commandfunction;            ///< updates the commands tree
-  std::function<void(const std::string&)> treeStatus;  ///< the tree window's status text
-  std::function<FileTest()> viewFilter;  ///< makes the test of the View Filter for one listing; empty: all pass
-  std::function<void()> ShartCal;        ///< recomputes the usage chart, when it is open
-  std::function<void(bool isFile)> fileItemChosen;  ///< a file, or a folder, is the item in hand
-  std::function<void(bool isFile)> LineCompare;     ///< compares the item's dates in the open Line Compare dialog
-  std::function<void()> VDTstart;                   ///< the Virtual DeskTop's start routine
-  std::function<void()> loadStores, storeStores;    ///< files of later rooms, at start and at exit
+/// What happens in the panels, for everyone who wants to hear of it.
+struct PanelEvents {
+  /// A panel has the keyboard; `another`: it was not the active one.
+  controls::Signal<Panel&, bool> activated;
+  controls::Signal<> folderChanged;           ///< a panel shows another folder
+  controls::Signal<Panel&> itemChanged;       ///< another row of the panel may be the one in focus
+  controls::Signal<Panel&> selectionChanged;  ///< other rows are selected
 };
 
 /// The main window: two folder panels with drive lists and path lines, the Virtual DeskTop list, picture boxes, command
@@ -73,7 +67,7 @@ class Form1 : public controls::Form {
 
   CommandTable commands;
   MainMenu Menu{*this};
-  Form1Seams seams;
+  PanelEvents events;
 
   // --- Shared state ----------------------------------------------------------------------------------------------
   Panel Panel1{Side::Left, {ListView1, Text1, Drive1, Command23, Command22, Command8, Command18, Command6}};
@@ -118,6 +112,9 @@ class Form1 : public controls::Form {
   std::vector<controls::Button*> commandButtons();
 
  private:
+  /// The buttons of commands that are still to come; a command's row draws its button anew.
+  void drawComingButtons();
+
   std::optional<Side> activeSide_;
   std::string mode_;
   RecallBuffer recall_[2];

@@ -62,7 +62,7 @@ void Listing::filedir(Panel& panel) {
 FileTest Listing::fileTest(bool& hidesFiles) const {
   const bool hiddenToo = form_.Menu.checked("HidSysfiles"), programsOnly = form_.Menu.checked("ViewProg");
   FileTest passes;
-  if (form_.Menu.checked("Viewuser") && form_.seams.viewFilter) passes = form_.seams.viewFilter();
+  if (form_.Menu.checked("Viewuser") && viewFilter) passes = viewFilter();
   if (hiddenToo && !programsOnly && !passes) return {};
   return [hiddenToo, programsOnly, passes = std::move(passes), &hidesFiles](const platform::Entry& file) {
     if (!hiddenToo && core::itemClass(file.attributes) == core::HiddenClass) return false;
@@ -91,7 +91,7 @@ void Listing::pbar_beregning(std::size_t counter, std::size_t total) {
 void Listing::ViewClearItems(Panel& panel) {
   panel.clearItems();
   filedir(panel);
-  if (itemChanged) itemChanged(panel);
+  form_.events.itemChanged(panel);
 }
 
 void Listing::ViewRenew() {
@@ -139,7 +139,7 @@ void Listing::keepCurrentItem(Panel& panel) {
   again->setSelected(true);
   again->EnsureVisible();
   panel.list.focusRow(again->row());
-  if (itemChanged) itemChanged(panel);
+  form_.events.itemChanged(panel);
 }
 
 // --- Sorting -------------------------------------------------------------------------------------------------------

@@ -52,8 +52,8 @@ class Listing {
 
   /// Empties the collect buffers; the selection hangs it on.
   std::function<void()> resetcollect;
-  /// Another item is in hand in the panel, or none, without a click; the selection hangs it on.
-  std::function<void(Panel&)> itemChanged;
+  /// Makes the test of the View Filter for one listing; empty: all pass.
+  std::function<FileTest()> viewFilter;
 
  private:
   /// The test of which files the panels show, for one listing; empty when they show all.

@@ -9,16 +9,15 @@
 namespace varnholt::panels {
 namespace {
 
-std::string entryName(const Command& command) {
-  if (!command.menu.empty()) return command.menu;
-  const auto end = command.handler.rfind("_Click");
-  return command.handler.substr(0, end);
-}
-
 std::string headingName(const std::string& path) {
   const auto names = headingNames();
   const auto found = std::ranges::find(names, path, &HeadingName::first);
   return found == names.end() ? "Heading " + path : std::string(found->second);
+}
+
+std::string above(const std::string& path) {
+  const auto slash = path.rfind('/');
+  return slash == std::string::npos ? std::string() : path.substr(0, slash);
 }
 
 }  // namespace
@@ -33,10 +32,9 @@ controls::MenuItem* MainMenu::heading(const std::string& path) {
   if (path.empty()) return nullptr;
   const std::string name = headingName(path);
   if (has(name)) return byName_[name].get();
-  const auto slash = path.rfind('/');
-  controls::MenuItem* parent = slash == std::string::npos ? nullptr : heading(path.substr(0, slash));
+  controls::MenuItem* parent = heading(above(path));
   controls::MenuItem& item = make(name, parent);
-  item.Caption = (parent ? "" : "&") + path.substr(slash == std::string::npos ? 0 : slash + 1);
+  item.Caption = (parent ? "" : "&") + path.substr(path.rfind('/') + 1);
   return &item;
 }
 
@@ -50,19 +48,21 @@ void MainMenu::makeBar(const CommandTable& commands) {
 }
 
 void MainMenu::addEntry(const Command& command) {
-  controls::MenuItem* parent = heading(command.heading);
-  if (command.menuText == "-") {
-    make("Separator " + std::to_string(++separators_), parent).Caption = "-";
-    return;
+  if (command.newGroup) {
+    const bool beginsMenu = !has(headingName(command.heading));
+    addSeparator(heading(beginsMenu ? above(command.heading) : command.heading));
   }
-  controls::MenuItem& item = make(entryName(command), parent);
+  controls::MenuItem& item = make(entryName(command), heading(command.heading));
   item.Caption = command.menuText;
   item.Shortcut = command.shortcut;
   item.PanelKeys = keysOf(item.name());
   item.Icon = command.icon;
-  item.Enabled = static_cast<bool>(command.run);
-  item.ToolTipText = command.run ? command.toolTip : command.toolTip + std::string(NotYetBuilt);
-  item.Click = command.run;
+  item.ToolTipText = command.toolTip;
+  item.Click = [this, handler = command.handler] { perform(handler); };
+}
+
+void MainMenu::addSeparator(controls::MenuItem* menu) {
+  if (menu && !menu->children().empty()) make("Separator " + std::to_string(++separators_), menu).Caption = "-";
 }
 
 void MainMenu::addLine(const Command& command) {
@@ -71,7 +71,6 @@ void MainMenu::addLine(const Command& command) {
   item.ToolTipText = command.toolTip;
   item.RightAligned = true;
   item.Visible = !std::exchange(hasLine_, true);
-  item.Click = command.run;
 }
 
 void MainMenu::build(const CommandTable& commands) {

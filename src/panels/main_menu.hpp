@@ -3,6 +3,7 @@
 #include "controls/menu.hpp"
 #include "panels/command_table.hpp"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -25,6 +26,8 @@ class MainMenu {
     if (found == byName_.end()) unknown_.insert(name);
     return found != byName_.end() && found->second->Checked;
   }
+  /// Runs the command of a handler; hung on by who dispatches.
+  std::function<void(const std::string& handler)> perform;
   /// Names that were asked for and that no row of the table has.
   const std::set<std::string>& unknown() const { return unknown_; }
 
@@ -33,6 +36,7 @@ class MainMenu {
   controls::MenuItem& make(const std::string& name, controls::MenuItem* parent);
   void makeBar(const CommandTable& commands);
   void addEntry(const Command& command);
+  void addSeparator(controls::MenuItem* menu);
   void addLine(const Command& command);
 
   controls::Form& form_;

@@ -13,50 +13,50 @@ namespace paths = platform::paths;
 // --- Form_Load -----------------------------------------------------------------------------------------------------
 
 void MainWindowStart::Form_Load() {
-  auto& [form, program, listing, active, looks, choices, state, histories, drives, tip] = p_;
-  state.RestorePositions();
+  auto& form = d_.form;
+  d_.state.RestorePositions();
 
   form.ProgressBar1.Min = 0;
   form.ProgressBar1.Max = 100;
   form.ProgressBar1.Value = 0;
-  listing.viewHightreset();
+  d_.listing.viewHightreset();
   form.Menu["Viewfilter"].Visible = true;
   form.Menu["Filefilter"].Visible = false;
   for (const char* entry : {"Viewall", "Psi", "selhis"})
     form.Menu[entry].Checked = true;
 
-  const bool hiddenShown = program.settings.get(core::setting::SysHidShow) == "1";
+  const bool hiddenShown = d_.program.settings.get(core::setting::SysHidShow) == "1";
   form.Menu["HidSysfiles"].Checked = hiddenShown;
-  choices.showFilterLine();
+  d_.choices.showFilterLine();
 
-  drives.fill();
+  d_.drives.fill();
   startFolders();
   setColumns();
-  state.restoreColumns();
+  d_.state.restoreColumns();
 
   for (Panel* panel : {&form.Panel1, &form.Panel2}) {
     panel->backStack.push(panel->path());
     panel->showPath();
   }
-  enter(form.Panel1);
-  enter(form.Panel2);
+  d_.navigation.enter(form.Panel1);
+  d_.navigation.enter(form.Panel2);
 
-  active.UpdateClock();
+  d_.active.UpdateClock();
   form.StatusBar1.setPanel(status::ActiveView, "View2Active");
   form.setActive(Side::Right);
-  active.showDrive(form.Panel2);
+  d_.active.showDrive(form.Panel2);
   form.setMode("SelectMode");
   for (auto* button : {&form.Command22, &form.Command23, &form.Command24, &form.Command25})
     button->Enabled = false;
 
   ApplyInitState();
   LoadHistoryFiles();
-  looks.colorMenuState();
+  d_.looks.colorMenuState();
 }
 
 void MainWindowStart::startFolders() {
-  auto& form = p_.form;
-  const std::string systemDrive = p_.program.platform.environment.variable("SystemDrive");
+  auto& form = d_.form;
+  const std::string systemDrive = d_.program.platform.environment.variable("SystemDrive");
   if (!systemDrive.empty()) {
     form.InitFolder = paths::withClosing(existingDrive(systemDrive));
     form.Panel1.setPath(form.InitFolder);
@@ -68,27 +68,27 @@ void MainWindowStart::startFolders() {
     }
     form.InitFolder = form.Panel2.path();
   }
-  p_.drives.ViewDriveSelection();
+  d_.drives.ViewDriveSelection();
 }
 
 std::string MainWindowStart::existingDrive(const std::string& drive) {
-  const auto& items = p_.form.Drive1.Items.get();
+  const auto& items = d_.form.Drive1.Items.get();
   const std::string letter = paths::driveOf(drive);
-  if (items.empty() || (!letter.empty() && p_.drives.has(letter.front()))) return drive;
+  if (items.empty() || (!letter.empty() && d_.drives.has(letter.front()))) return drive;
   const std::string first = paths::driveOf(items.front().text);
-  p_.program.dialogs.alert("Drive " + drive + " Not Found !\rBoth Views Start On Drive " + first);
+  d_.program.dialogs.alert("Drive " + drive + " Not Found !\rBoth Views Start On Drive " + first);
   return first;
 }
 
 void MainWindowStart::setColumns() {
-  auto& form = p_.form;
+  auto& form = d_.form;
   for (controls::ListView* list : {&form.ListView1, &form.ListView2}) {
     list->ImageList = panelImageList();
     list->ColumnHeaders = panelColumns();
   }
   form.ListView3.ImageList = panelImageList();
   form.ListView3.ColumnHeaders = std::vector<controls::ColumnHeader>{
-      {"Virtual DeskTop (" + p_.program.init.VDTViewState + "),  -  Path:", 9000, 13, false},
+      {"Virtual DeskTop (" + d_.program.init.VDTViewState + "),  -  Path:", 9000, 13, false},
       {"Name:", 4200, 0, false}};
   form.ListView3.setSortKey(1);
 }
@@ -96,15 +96,8 @@ void MainWindowStart::setColumns() {
 // --- ApplyInitState ------------------------------------------------------------------------------------------------
 
 void MainWindowStart::ApplyInitState() {
-  const auto& init = p_.program.init;
-  auto& menu = p_.form.Menu;
-  const auto version = p_.program.platform.system.version();
-  const double number = version.major + version.minor / 10.0;
-  for (const char* entry : {"Cleanwindows", "NetOp"})
-    if (!(number > 5 && number < 7)) menu[entry].Enabled = false;
-  menu["Clear_Vd"].Enabled = false;
-  menu["DelItems_Vd"].Enabled = false;
-
+  const auto& init = d_.program.init;
+  auto& menu = d_.form.Menu;
   applyCommands();
   if (init.SelectFolders == "1") menu["IncludeFolder"].Checked = true;
   if (init.ValidateCM == "1" || init.ValidateCM == "-1") menu["ValCopyMove"].Checked = true;
@@ -115,66 +108,56 @@ void MainWindowStart::ApplyInitState() {
   if (init.WinStart == "1") menu["WinStart"].Checked = true;
   if (init.AutoPosition == "1") menu["Auto_Save"].Checked = true;
   menu["TipStart"].Checked = init.Tip_State == "0";
-  p_.tip.LoadTip.Value = init.Tip_State == "0" ? 0 : 1;
+  d_.tip.LoadTip.Value = init.Tip_State == "0" ? 0 : 1;
 
-  p_.choices.applyDateSystem();
-  p_.looks.applyInitState();
+  d_.choices.applyDateSystem();
+  d_.looks.applyInitState();
 }
 
 void MainWindowStart::applyCommands() {
-  auto& menu = p_.form.Menu;
-  const bool preFolder = p_.program.init.LastCommand == "0";
+  auto& menu = d_.form.Menu;
+  const bool preFolder = d_.program.init.LastCommand == "0";
   menu["PreFolder"].Checked = preFolder;
   menu["RLC"].Checked = !preFolder;
   menu["LockOnLast"].Enabled = !preFolder;
-  if (p_.program.init.LockCommand == "1") menu["LockOnLast"].Checked = true;
+  if (d_.program.init.LockCommand == "1") menu["LockOnLast"].Checked = true;
 }
 
 // --- History files -------------------------------------------------------------------------------------------------
 
 void MainWindowStart::showFolderHistory() {
-  auto& combo = p_.form.ImageCombo1;
+  auto& combo = d_.form.ImageCombo1;
   const std::string shown = combo.Text;
   combo.Clear();
-  for (const auto& folder : p_.histories.folders.entries()) {
+  for (const auto& folder : d_.histories.folders.entries()) {
     combo.AddItem(paths::withoutClosing(folder), "folder");
     if (combo.Items->back().text == shown) combo.choose(static_cast<int>(combo.Items->size()) - 1);
   }
   if (!combo.Items->empty()) return;
-  combo.AddItem(paths::withoutClosing(p_.form.Panel2.path()), "folder");
+  combo.AddItem(paths::withoutClosing(d_.form.Panel2.path()), "folder");
   combo.choose(0);
 }
 
 void MainWindowStart::LoadHistoryFiles() {
-  p_.looks.colors = {};
-  core::LoadEnvironmentFolders(p_.program.platform, p_.program.dialogs, p_.program.folders);
-  p_.histories.load(p_.program);
+  d_.looks.colors = {};
+  core::LoadEnvironmentFolders(d_.program.platform, d_.program.dialogs, d_.program.folders);
+  d_.histories.load(d_.program);
   showFolderHistory();
-  p_.histories.forgetVanished(p_.program, [this] { showFolderHistory(); });
-  if (p_.form.seams.loadStores) p_.form.seams.loadStores();
-
-  const std::string system = paths::join(p_.program.folders.windir, "system32");
-  for (const auto& [tool, entry] : {std::pair{"cmd.exe", "Dos"}, std::pair{"ipconfig.exe", "IPconfig"}}) {
-    const auto found = p_.program.files().resolve(paths::join(system, tool));
-    if (!found) p_.form.Menu[entry].Enabled = false;
-  }
+  d_.histories.forgetVanished(d_.program, [this] { showFolderHistory(); });
+  if (load) load();
 }
 
 // --- Form_Activate -------------------------------------------------------------------------------------------------
 
 void MainWindowStart::Form_Activate() {
-  auto& menu = p_.form.Menu;
-  p_.drives.refresh();
+  auto& menu = d_.form.Menu;
+  d_.drives.refresh();
   const bool first = !std::exchange(activated_, true);
-  if (first && p_.program.init.VDT_State == "1") {
-    menu["VDTstartup"].Checked = true;
-    if (p_.form.seams.VDTstart) p_.form.seams.VDTstart();
-  }
-  menu["TipStart"].Checked = p_.tip.LoadTip.Value == 0;
+  menu["TipStart"].Checked = d_.tip.LoadTip.Value == 0;
   // Closing the tip activates the window again: once a run is enough.
-  if (p_.tip.LoadTip.Value == 0 && p_.program.init.Tip_State == "0" && !std::exchange(tipShown_, true))
-    p_.tip.ShowModal();
-  if (first) p_.listing.FocusView();
+  if (d_.tip.LoadTip.Value == 0 && d_.program.init.Tip_State == "0" && !std::exchange(tipShown_, true))
+    d_.tip.ShowModal();
+  if (first) d_.listing.FocusView();
 }
 
 }  // namespace varnholt::panels

@@ -1,15 +1,6 @@
 #pragma once
 
-#include "core/program.hpp"
-#include "core/start_windows.hpp"
-#include "panels/active_panel.hpp"
-#include "panels/drive_lists.hpp"
-#include "panels/form1.hpp"
-#include "panels/histories.hpp"
-#include "panels/list_looks.hpp"
-#include "panels/listing.hpp"
-#include "panels/program_state.hpp"
-#include "panels/view_choices.hpp"
+#include "panels/desk.hpp"
 
 #include <functional>
 
@@ -18,19 +9,7 @@ namespace varnholt::panels {
 /// What the main window does when it is set up and when it first becomes active, in its order.
 class MainWindowStart {
  public:
-  struct Parts {
-    Form1& form;
-    core::Program& program;
-    Listing& listing;
-    ActivePanel& active;
-    ListLooks& looks;
-    ViewChoices& choices;
-    ProgramState& state;
-    Histories& histories;
-    DriveLists& drives;
-    core::frmTip& tip;
-  };
-  explicit MainWindowStart(Parts parts) : p_(parts) {}
+  explicit MainWindowStart(Desk& desk) : d_(desk) {}
 
   void Form_Load();
   void Form_Activate();
@@ -38,8 +17,8 @@ class MainWindowStart {
   void ApplyInitState();
   void LoadHistoryFiles();
 
-  /// Lists the panel's folder as the place it has just entered.
-  std::function<void(Panel&)> enter;
+  /// The files of the rooms are read.
+  std::function<void()> load;
 
  private:
   void startFolders();
@@ -49,7 +28,7 @@ class MainWindowStart {
   void applyCommands();
   void showFolderHistory();
 
-  Parts p_;
+  Desk& d_;
   bool activated_ = false;
   bool tipShown_ = false;
 };

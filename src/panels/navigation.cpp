@@ -26,7 +26,7 @@ void Navigation::list(Panel& panel) {
 void Navigation::noteFolder(Panel& panel) {
   histories_.noteLastFolder(panel.path());
   showPlace();
-  if (folderChanged) folderChanged();
+  form_.events.folderChanged();
 }
 
 void Navigation::showPlace() {
@@ -49,7 +49,7 @@ void Navigation::selectRow(Panel& panel, controls::ListItem item) {
   item.setSelected(true);
   panel.list.focusRow(item.row());
   item.EnsureVisible();
-  if (listing_.itemChanged) listing_.itemChanged(panel);
+  form_.events.itemChanged(panel);
 }
 
 // --- The stacks of places ------------------------------------------------------------------------------------------
@@ -195,7 +195,6 @@ void Navigation::enterFolder(Panel& panel, controls::ListItem item) {
   browseButtons(panel);
   if (panel.list.count() > 0) panel.list.focusRow(0);
   if (ClickPane) ClickPane();
-  if (form_.seams.TreedisplayItem) form_.seams.TreedisplayItem();
 }
 
 void Navigation::rootFolder(Panel& panel) {

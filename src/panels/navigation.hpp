@@ -17,7 +17,9 @@ class Navigation {
  public:
   Navigation(Form1& form, core::Program& program, Listing& listing, ActivePanel& active, Histories& histories,
              DriveLists& drives)
-      : form_(form), program_(program), listing_(listing), active_(active), histories_(histories), drives_(drives) {}
+      : form_(form), program_(program), listing_(listing), active_(active), histories_(histories), drives_(drives) {
+    form_.events.activated.listen([this](Panel&, bool) { showPlace(); });
+  }
 
   // --- The stacks of places --------------------------------------------------------------------------------------
   void fstack_push(Panel& panel) { panel.backStack.push(panel.path()); }
@@ -74,8 +76,6 @@ class Navigation {
 
   /// The click routine of the active panel.
   std::function<void()> ClickPane;
-  /// A panel shows another folder than before.
-  std::function<void()> folderChanged;
 
  private:
   void list(Panel& panel);

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "panels/command_table.hpp"
+#include "panels/panel_keys.hpp"
+#include "panels/room.hpp"
 
 #include <span>
 #include <string_view>
@@ -10,11 +11,19 @@
 namespace varnholt::panels {
 
 /// The commands of the panels and of the program itself: start and end, settings, listing, navigation, selection,
-/// trees and looks. They have no handler yet: the owner of each handler binds it.
-std::vector<Command> panelCommands();
+/// trees and looks.
+class PanelCommands : public Room {
+ public:
+  PanelCommands(Desk& desk, PanelKeys& keys) : desk_(desk), keys_(keys) {}
+  void addCommands(CommandTable& table) override;
+
+ private:
+  Desk& desk_;
+  PanelKeys& keys_;
+};
 
 /// The entries that end their menus. They are added to the table after the rows of all rooms.
-std::vector<Command> closingCommands();
+std::vector<Command> closingCommands(Desk& desk);
 
 /// Path of a menu heading, and the control name under which code finds it.
 using HeadingName = std::pair<std::string_view, std::string_view>;

@@ -29,7 +29,7 @@ std::string properCaseParts(std::string_view path) {
 void PanelKeys::KeyDown(Panel& panel, controls::KeyEvent& event) {
   if (const PanelShortcut* shortcut = panelShortcut(event)) {
     event.handled = true;
-    p_.form.Menu[std::string(shortcut->entry)].choose();
+    if (d_.form.Menu.has(std::string(shortcut->entry))) d_.form.Menu[std::string(shortcut->entry)].choose();
     return;
   }
   const auto item = panel.list.SelectedItem();
@@ -39,11 +39,11 @@ void PanelKeys::KeyDown(Panel& panel, controls::KeyEvent& event) {
     escape();
     return;
   case key::Ctrl:
-    p_.form.CtrlHeld = true;
+    d_.form.CtrlHeld = true;
     return;
   case Q:
   case F2:
-    if (redrawTree) redrawTree();
+    d_.trees.redraw();
     return;
   case key::Enter:
     event.handled = true;
@@ -58,54 +58,51 @@ void PanelKeys::KeyDown(Panel& panel, controls::KeyEvent& event) {
     return;
   case key::Left:
     event.handled = true;
-    p_.navigation.parentFolder(panel);
+    d_.navigation.parentFolder(panel);
     return;
   }
 }
 
 void PanelKeys::KeyUp(Panel& panel, controls::KeyEvent& event) {
-  if (event.code == key::Ctrl) p_.form.CtrlHeld = false;
+  if (event.code == key::Ctrl) d_.form.CtrlHeld = false;
   if (event.code != key::Up && event.code != key::Down) return;
-  if (p_.form.Picture1.Visible && p_.form.seams.Viewpicv) p_.form.seams.Viewpicv(panel.side);
-  if (p_.form.seams.TreedisplayItem) p_.form.seams.TreedisplayItem();
+  d_.form.events.itemChanged(panel);
 }
 
 void PanelKeys::escape() {
-  if (p_.form.Picture1.Visible) return;
-  p_.listing.viewHightreset();
-  p_.form.Text3.Text = "";
-  if (p_.form.commands.find("QuickFind_Click") && p_.form.commands.find("QuickFind_Click")->run)
-    p_.form.Menu["QuickFind"].Enabled = true;
-  p_.selection.ResetView();
+  if (d_.form.Picture1.Visible) return;
+  d_.listing.viewHightreset();
+  d_.form.Text3.Text = "";
+  d_.selection.ResetView();
 }
 
 bool PanelKeys::spaceLeavesFolder(Panel& panel) {
-  if (!p_.form.Menu.checked("RLC")) return false;
-  p_.navigation.parentFolder(panel);
+  if (!d_.form.Menu.checked("RLC")) return false;
+  d_.navigation.parentFolder(panel);
   return true;
 }
 
 void PanelKeys::DblClick(Panel& panel) {
-  if (busy && busy()) return;
+  if (d_.dispatcher.busy) return;
   const auto item = panel.list.SelectedItem();
   if (!item) return;
   if (panel.isFolder(*item)) {
-    p_.navigation.enterFolder(panel, *item);
+    d_.navigation.enterFolder(panel, *item);
     return;
   }
-  if (openFile) openFile(panel.itemPath(*item));
+  d_.opener.open(panel.itemPath(*item));
 }
 
 void PanelKeys::OpenSelected_Click() {
-  if (Panel* panel = p_.form.activePanel()) DblClick(*panel);
+  if (Panel* panel = d_.form.activePanel()) DblClick(*panel);
 }
 
 void PanelKeys::MarkItem_Click() {
-  if (Panel* panel = p_.form.activePanel()) panel->list.markFromUser();
+  if (Panel* panel = d_.form.activePanel()) panel->list.markFromUser();
 }
 
 void PanelKeys::OtherPanel_Click() {
-  if (Panel* panel = p_.form.activePanel()) p_.form.otherPanel(*panel).list.SetFocus();
+  if (Panel* panel = d_.form.activePanel()) d_.form.otherPanel(*panel).list.SetFocus();
 }
 
 // --- The path lines ------------------------------------------------------------------------------------------------
@@ -119,13 +116,13 @@ void PanelKeys::pathKey(Panel& panel, controls::KeyEvent& event) {
 }
 
 void PanelKeys::goToTyped(Panel& panel) {
-  if (busy && busy()) return;
+  if (d_.dispatcher.busy) return;
   std::string typed(core::trimmed(panel.controls.Text.Text.get()));
   if (typed.size() == 2 && typed.back() == ':') typed += '\\';
   // The list takes the keyboard first, since it is the active panel that goes; what was typed waits meanwhile.
   panel.list.SetFocus();
-  if (p_.navigation.GoToDirection(typed)) return;
-  p_.program.dialogs.alert("File/Folder Path NOT Valid !");
+  if (d_.navigation.GoToDirection(typed)) return;
+  d_.program.dialogs.alert("File/Folder Path NOT Valid !");
   panel.controls.Text.Text = typed;
   panel.controls.Text.SetFocus();
 }
@@ -133,23 +130,23 @@ void PanelKeys::goToTyped(Panel& panel) {
 // --- The command line ----------------------------------------------------------------------------------------------
 
 void PanelKeys::commandline() {
-  Panel* panel = p_.form.activePanel();
+  Panel* panel = d_.form.activePanel();
   if (!panel) return;
   std::string line;
   if (const auto item = panel->list.SelectedItem()) {
     const std::string path = panel->itemPath(*item);
     line = panel->isFolder(*item) ? properCaseParts(path) : path;
   }
-  p_.form.Text3.Text = line;
-  p_.form.Text3.Visible = true;
-  p_.form.Text3.SetFocus();
+  d_.form.Text3.Text = line;
+  d_.form.Text3.Visible = true;
+  d_.form.Text3.SetFocus();
 }
 
 void PanelKeys::Text3_KeyDown(controls::KeyEvent& event) {
   if (event.code == key::Esc) {
     event.handled = true;
-    p_.listing.viewHightreset();
-    p_.listing.FocusView();
+    d_.listing.viewHightreset();
+    d_.listing.FocusView();
   }
   if (event.code == key::Enter) {
     event.handled = true;
@@ -158,23 +155,21 @@ void PanelKeys::Text3_KeyDown(controls::KeyEvent& event) {
 }
 
 void PanelKeys::runLine() {
-  const std::string line = p_.form.Text3.Text;
+  const std::string line = d_.form.Text3.Text;
   if (line.empty()) return;
   std::string command = line;
   // A typed path may spell its parts in another letter case than the disk does.
-  if (const auto path = p_.program.files().resolve(line)) {
+  if (const auto path = d_.program.files().resolve(line)) {
     command = platform::quoteArgument(*path);
-    if (p_.program.files().folderExists(*path))
-      command = platform::quoteArgument(paths::join(p_.program.folders.windir, "explorer.exe")) + ' ' + command;
-    else if (openFile && !p_.program.start(command)) {
-      openFile(*path);
-      return;
-    } else {
+    if (d_.program.files().folderExists(*path))
+      command = platform::quoteArgument(paths::join(d_.program.folders.windir, "explorer.exe")) + ' ' + command;
+    else {
+      if (!d_.program.start(command)) d_.opener.open(*path);
       return;
     }
   }
-  if (const auto started = p_.program.start(command); !started)
-    p_.program.dialogs.alert("Cannot Start Command Line !, - " + started.error().text);
+  if (const auto started = d_.program.start(command); !started)
+    d_.program.dialogs.alert("Cannot Start Command Line !, - " + started.error().text);
 }
 
 }  // namespace varnholt::panels

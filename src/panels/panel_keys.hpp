@@ -1,12 +1,7 @@
 #pragma once
 
-#include "core/program.hpp"
-#include "panels/form1.hpp"
-#include "panels/listing.hpp"
-#include "panels/navigation.hpp"
-#include "panels/selection.hpp"
+#include "panels/desk.hpp"
 
-#include <functional>
 #include <string>
 
 namespace varnholt::panels {
@@ -14,14 +9,7 @@ namespace varnholt::panels {
 /// The keys of a panel, double clicks on its rows, and the command line below it.
 class PanelKeys {
  public:
-  struct Parts {
-    Form1& form;
-    core::Program& program;
-    Listing& listing;
-    Navigation& navigation;
-    Selection& selection;
-  };
-  explicit PanelKeys(Parts parts) : p_(parts) {}
+  explicit PanelKeys(Desk& desk) : d_(desk) {}
 
   void KeyDown(Panel& panel, controls::KeyEvent& event);
   void KeyUp(Panel& panel, controls::KeyEvent& event);
@@ -42,12 +30,7 @@ class PanelKeys {
   /// Shows the command line with the active panel's item (`CmdLine_Click`).
   void commandline();
   void Text3_KeyDown(controls::KeyEvent& event);
-  void Text3_DblClick() { p_.form.Text3.Text = ""; }
-
-  std::function<void(const std::string& path)> openFile;
-  /// A command works or a loop gives a turn: double clicks are refused.
-  std::function<bool()> busy;
-  std::function<void()> redrawTree;
+  void Text3_DblClick() { d_.form.Text3.Text = ""; }
 
  private:
   void escape();
@@ -55,7 +38,7 @@ class PanelKeys {
   bool spaceLeavesFolder(Panel& panel);
   void runLine();
 
-  Parts p_;
+  Desk& d_;
 };
 
 }  // namespace varnholt::panels

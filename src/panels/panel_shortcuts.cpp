@@ -64,8 +64,7 @@ std::vector<controls::MenuItem*> selectionMenu(MainMenu& menu) {
   for (const std::string_view name : SelectionMenu) {
     const bool separates = name == Separator;
     if (separates && (entries.empty() || !entries.back())) continue;
-    controls::MenuItem* entry = separates ? nullptr : &menu[std::string(name)];
-    if (separates || entry->Click) entries.push_back(entry);
+    if (separates || menu.has(std::string(name))) entries.push_back(separates ? nullptr : &menu[std::string(name)]);
   }
   if (!entries.empty() && !entries.back()) entries.pop_back();
   return entries;

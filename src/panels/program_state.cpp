@@ -113,7 +113,6 @@ void ProgramState::collectFromMenus() {
   init.FolderHistory = flag(menu["AutoSaveHis"].Checked);
   const bool grid = menu["GridLines"].Checked, shift = menu["ShiftColors"].Checked;
   init.MainViewState = grid && shift ? "3" : grid ? "2" : shift ? "1" : "0";
-  init.VDT_State = flag(menu["VDTstartup"].Checked);
   init.Tip_State = flag(!menu["TipStart"].Checked);
   init.WinStart = flag(menu["WinStart"].Checked);
   init.AutoPosition = flag(menu["Auto_Save"].Checked);
@@ -130,7 +129,7 @@ void ProgramState::StoreProgramState() {
   batch.add(setting::view1path, form_.Panel1.path());
   batch.add(setting::view2path, form_.Panel2.path());
   program_.settings.save(batch);
-  if (form_.seams.storeStores) form_.seams.storeStores();
+  if (store) store();
 }
 
 // --- Ways out ------------------------------------------------------------------------------------------------------

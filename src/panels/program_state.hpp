@@ -39,6 +39,8 @@ class ProgramState {
 
   /// Gives the focus back to the active panel.
   std::function<void()> FocusView;
+  /// Writes the files of the rooms.
+  std::function<void()> store;
 
  private:
   void collectFromMenus();

@@ -39,16 +39,13 @@ void Selection::follow(Panel& panel, Keeping keeping) {
   }
   panel.list.ghostSelected(form_.CtrlHeld);
   if (form_.Menu.checked("Psi")) showCount(panel.list.selectedCount());
-  if (form_.seams.TreedisplayItem) form_.seams.TreedisplayItem();
-  if (form_.seams.ShartCal) form_.seams.ShartCal();
+  form_.events.selectionChanged(panel);
 }
 
 void Selection::currentItem(Panel& panel, controls::ListItem item) {
   const bool folder = panel.isFolder(item);
   form_.CurrentItem = folder ? panel.itemPath(item) : panel.fileName(item);
-  chooseItem(panel, item);
-  if (form_.seams.Viewpicv) form_.seams.Viewpicv(panel.side);
-  if (form_.seams.LineCompare) form_.seams.LineCompare(!folder);
+  form_.events.itemChanged(panel);
 }
 
 void Selection::chooseItem(Panel& panel, std::optional<controls::ListItem> item) {
@@ -56,7 +53,6 @@ void Selection::chooseItem(Panel& panel, std::optional<controls::ListItem> item)
   const bool folder = item && panel.isFolder(*item);
   form_.Command2.Enabled = !folder && edit && edit->run;
   form_.Menu["EditFile"].Enabled = form_.Command2.Enabled.get();
-  if (item && form_.seams.fileItemChosen) form_.seams.fileItemChosen(!folder);
   item ? fileatrib(panel, *item) : form_.statusLine("");
 }
 
@@ -167,6 +163,7 @@ Selection::Sum Selection::sizeOfSelected(Panel& panel) {
 void Selection::reportSelected(Panel& panel) {
   report(panel.list.selectedCount(), sizeOfSelected(panel));
   showCount(panel.list.selectedCount());
+  form_.events.selectionChanged(panel);
 }
 
 // --- Selection commands --------------------------------------------------------------------------------------------
@@ -187,7 +184,6 @@ void Selection::selectall_Click() {
   }
   reportSelected(*panel);
   form_.statusLine("");
-  if (form_.seams.ShartCal) form_.seams.ShartCal();
 }
 
 void Selection::Inversel_Click() {
@@ -212,7 +208,6 @@ void Selection::Inversel_Click() {
   }
   reportSelected(*panel);
   form_.statusLine("");
-  if (form_.seams.ShartCal) form_.seams.ShartCal();
 }
 
 void Selection::Selsize_Click() {

@@ -18,7 +18,12 @@ namespace varnholt::panels {
 class Selection {
  public:
   Selection(Form1& form, core::Program& program, Listing& listing, ActivePanel& active)
-      : form_(form), program_(program), listing_(listing), active_(active) {}
+      : form_(form), program_(program), listing_(listing), active_(active) {
+    form_.events.itemChanged.listen([this](Panel& panel) { showItem(panel); });
+    form_.events.activated.listen([this](Panel& panel, bool another) {
+      if (another) showItem(panel);
+    });
+  }
 
   // --- Clicks ----------------------------------------------------------------------------------------------------
   void ListView1_Click() { Click(form_.Panel1); }

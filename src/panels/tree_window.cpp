@@ -61,6 +61,14 @@ TreeWindow::TreeWindow(Form9& form9, Form1& form, core::Program& program)
     keep = form_.Visible;
     if (keep) Form9_.Hide();
   };
+  auto& events = form_.events;
+  events.activated.listen([this](Panel& panel, bool) {
+    Form9_.StatusBar1.setPanel(tree_status::ActiveView,
+                               panel.side == Side::Left ? "TreeView1-View1Active" : "TreeView2-View2Active");
+    TreedisplayItem();
+  });
+  events.itemChanged.listen([this](Panel&) { TreedisplayItem(); });
+  events.selectionChanged.listen([this](Panel&) { TreedisplayItem(); });
   for (Panel* panel : {&form_.Panel1, &form_.Panel2}) {
     controls::TreeView& view = tree(*panel);
     view.NodeClick = [this, panel](controls::TreeNode& node) { NodeClick(*panel, node); };

@@ -10,7 +10,7 @@ namespace varnholt::places {
 
 namespace paths = platform::paths;
 
-places::Form34::Form34(const Context& context) : Form(context.program.loop, "Form34"), context_(context) {
+places::Form34::Form34(panels::Desk& desk) : Form(desk.program.loop, "Form34"), desk_(desk) {
   Caption = "Dynamic Preset View";
   setTexts();
   ListView1.MultiSelect = false;
@@ -60,8 +60,8 @@ void places::Form34::setTexts() {
 
 void places::Form34::DynPresetAdd() {
   if (!Check1.Value) return;
-  const std::string left = paths::withoutClosing(context_.form.Panel1.path());
-  const std::string right = paths::withoutClosing(context_.form.Panel2.path());
+  const std::string left = paths::withoutClosing(desk_.form.Panel1.path());
+  const std::string right = paths::withoutClosing(desk_.form.Panel2.path());
   const std::string pair = platform::foldCase(left + right);
   for (std::uint32_t row = 0; row < ListView1.count(); ++row)
     if (platform::foldCase(ListView1.cell(row, 0) + ListView1.cell(row, 1)) == pair) return;
@@ -79,7 +79,7 @@ void places::Form34::Form_Activate() {
   for (const FolderPair& pair : pairs) {
     controls::ListItem row = ListView1.add(pair.left, ValidIcon);
     row.setSubItem(1, pair.right);
-    tips_.push_back(markPair(context_, row, pair));
+    tips_.push_back(markPair(desk_, row, pair));
   }
   if (!pairs.empty()) {
     controls::ListItem item(ListView1, focusedId);
@@ -105,7 +105,7 @@ void places::Form34::Command1_Click() {
   const auto item = ListView1.SelectedItem();
   if (!item) return;
   const FolderPair pair{item->Text(), item->SubItems(1)};
-  if (asOneMove([&] { return goToPair(context_, pair); })) ListView1.SetFocus();
+  if (asOneMove([&] { return goToPair(desk_, pair); })) ListView1.SetFocus();
 }
 
 // --- Sorting -------------------------------------------------------------------------------------------------------

@@ -2,7 +2,7 @@
 
 #include "controls/list_view.hpp"
 #include "controls/message_loop.hpp"
-#include "places/context.hpp"
+#include "places/folder_pair.hpp"
 
 #include <functional>
 #include <string>
@@ -13,7 +13,7 @@ namespace varnholt::places {
 /// "Dynamic Preset View": the pairs of folders visited since the program started.
 class Form34 : public controls::Form {
  public:
-  explicit Form34(const Context& context);
+  explicit Form34(panels::Desk& desk);
 
   controls::Label Label1{*this, "Label1"}, Label2{*this, "Label2"};  ///< the pair in focus
   controls::ListView ListView1{*this, "ListView1"};
@@ -38,7 +38,7 @@ class Form34 : public controls::Form {
   void ListView1_ColumnClick(int number);
   void showSortIcon(int column);
 
-  Context context_;
+  panels::Desk& desk_;
   std::vector<std::string> tips_;  ///< of the rows
 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/program.hpp"
-#include "places/context.hpp"
+#include "places/folder_pair.hpp"
 
 #include <string>
 #include <string_view>

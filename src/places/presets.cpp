@@ -4,21 +4,20 @@
 
 namespace varnholt::places {
 
-Presets::Presets(const Context& context)
-    : context_(context), Form21(context.program), Form20(context, Form21), Form34(context) {
-  context_.navigation.folderChanged = [this] { DynPresetAdd(); };
+Presets::Presets(panels::Desk& desk) : desk_(desk), Form21(desk.program), Form20(desk, Form21), Form34(desk) {
+  desk_.form.events.folderChanged.listen([this] { DynPresetAdd(); });
   Form20.asOneMove = [this](const std::function<bool()>& move) { return asOneMove(move); };
   Form34.asOneMove = Form20.asOneMove;
   Form20.Presetfolder = [this] {
     asOneMove([this] {
-      context_.navigation.Presetfolder();
+      desk_.navigation.Presetfolder();
       return true;
     });
   };
 }
 
 void Presets::Command12_Click() {
-  context_.form.setMode("PresetMode");
+  desk_.form.setMode("PresetMode");
   Form20.open();
 }
 

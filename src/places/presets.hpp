@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panels/room.hpp"
 #include "places/dynamic_presets.hpp"
 #include "places/static_presets.hpp"
 
@@ -9,18 +10,19 @@
 namespace varnholt::places {
 
 /// Pairs of folders for the two panels: those that the user has named, and those visited in this run.
-class Presets {
+class Presets : public panels::Room {
  public:
-  explicit Presets(const Context& context);
+  explicit Presets(panels::Desk& desk);
   Presets(const Presets&) = delete;
   Presets& operator=(const Presets&) = delete;
 
   void Command12_Click();
   void DynPresets_Click();
-  std::vector<controls::Form*> dialogs() { return {&Form20, &Form21, &Form34}; }
+  void addCommands(panels::CommandTable& table) override;
+  std::vector<controls::Form*> dialogs() override { return {&Form20, &Form21, &Form34}; }
 
  private:
-  Context context_;
+  panels::Desk& desk_;
   bool moving_ = false;  ///< a pair is on its way, and half of it is none that was visited
 
  public:

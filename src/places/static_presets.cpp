@@ -20,10 +20,10 @@ std::map<int, std::string> presetIcons() {
           {SortedUpIcon, "sort-up"}};
 }
 
-std::string markPair(const Context& context, controls::ListItem row, const FolderPair& pair) {
+std::string markPair(panels::Desk& desk, controls::ListItem row, const FolderPair& pair) {
   bool allThere = true;
   const auto line = [&](const char* label, const std::string& folder) {
-    const bool isThere = context.folderExists(folder);
+    const bool isThere = desk.files().folderExists(folder);
     allThere = allThere && isThere;
     return label + platform::paths::withoutClosing(folder) + (isThere ? "" : "  (gone)");
   };
@@ -75,8 +75,8 @@ void places::Form21::Command11_Click() {
 
 // --- Form20 --------------------------------------------------------------------------------------------------------
 
-places::Form20::Form20(const Context& context, places::Form21& Form21)
-    : Form(context.program.loop, "Form20"), context_(context), Form21_(Form21), store_(context.program) {
+places::Form20::Form20(panels::Desk& desk, places::Form21& Form21)
+    : Form(desk.program.loop, "Form20"), desk_(desk), Form21_(Form21), store_(desk.program) {
   Caption = Title;
   setTexts();
   ListView1.MultiSelect = false;
@@ -126,9 +126,8 @@ void places::Form20::setTexts() {
 }
 
 void places::Form20::open() {
-  if (!context_.folderExists(context_.program.platform.environment.variable("windir"))) {
-    context_.program.dialogs.critical(
-        "%windir% folder not found !, - make/set [windir=windows folder] Entvirontvariable");
+  if (!desk_.files().folderExists(desk_.program.platform.environment.variable("windir"))) {
+    desk_.program.dialogs.critical("%windir% folder not found !, - make/set [windir=windows folder] Entvirontvariable");
     return;
   }
   ListView1.SetFocus();
@@ -153,7 +152,7 @@ void places::Form20::addRow(const std::string& name, const std::string& text) {
   controls::ListItem row = ListView1.add(name, ValidIcon);
   row.setSubItem(1, text);
   tips_.resize(row.id());
-  tips_.push_back(markPair(context_, row, store_.folders(name)));
+  tips_.push_back(markPair(desk_, row, store_.folders(name)));
 }
 
 void places::Form20::ListView1_Click() {
@@ -164,12 +163,12 @@ void places::Form20::activate() {
   const auto item = ListView1.SelectedItem();
   if (!item) return;
   const FolderPair folders = store_.folders(item->Text());
-  if (!asOneMove([&] { return goToPair(context_, folders); })) return;
-  for (panels::Panel* panel : {&context_.form.Panel1, &context_.form.Panel2}) {
+  if (!asOneMove([&] { return goToPair(desk_, folders); })) return;
+  for (panels::Panel* panel : {&desk_.form.Panel1, &desk_.form.Panel2}) {
     panel->backStack.clear();
     panel->forwardStack.clear();
     // The place itself, so that the next step back comes here.
-    context_.navigation.fstack_push(*panel);
+    desk_.navigation.fstack_push(*panel);
     panel->controls.Back.Enabled = false;
     panel->controls.Forward.Enabled = false;
   }
@@ -179,7 +178,7 @@ void places::Form20::activate() {
 void places::Form20::Command2_Click() {
   const auto preset = Form21_.ask();
   if (!preset || preset->name.empty()) return;
-  if (!store_.add(preset->name, preset->text, {context_.form.Panel1.path(), context_.form.Panel2.path()})) return;
+  if (!store_.add(preset->name, preset->text, {desk_.form.Panel1.path(), desk_.form.Panel2.path()})) return;
   addRow(preset->name, preset->text);
   ListView1.selectNone();
   controls::ListItem added = ListView1.item(ListView1.count() - 1);
@@ -192,7 +191,7 @@ void places::Form20::Command1_Click() {
   auto item = ListView1.SelectedItem();
   if (!item) return;
   item->setSelected(true);
-  if (!context_.program.dialogs.AskRetry("You are about to DELETE Selected Preset, - Continue ?\r")) return;
+  if (!desk_.program.dialogs.AskRetry("You are about to DELETE Selected Preset, - Continue ?\r")) return;
   if (!store_.remove(item->Text())) return;
   Caption = Title;
   showNames();
@@ -202,7 +201,7 @@ void places::Form20::Command4_Click() {
   if (ListView1.count() == 0) return;
   for (std::uint32_t row = 0; row < ListView1.count(); ++row)
     ListView1.item(row).setSelected(true);
-  if (!context_.program.dialogs.AskRetry("You are about to DELETE all Presets, - Continue ?\r")) return;
+  if (!desk_.program.dialogs.AskRetry("You are about to DELETE all Presets, - Continue ?\r")) return;
   if (!store_.removeAll()) return;
   Caption = Title;
   ListView1.clear();

@@ -14,7 +14,7 @@ namespace varnholt::places {
 /// Columns of the lists of presets, and the icons that say whether both folders of a row are there.
 std::map<int, std::string> presetIcons();
 /// Icon and colour of a row say whether both folders of its pair are there. Gives the row's tool tip, with the folders.
-std::string markPair(const Context& context, controls::ListItem row, const FolderPair& pair);
+std::string markPair(panels::Desk& desk, controls::ListItem row, const FolderPair& pair);
 inline constexpr int ValidIcon = 1, BrokenIcon = 2, SortedDownIcon = 3, SortedUpIcon = 4;
 
 /// "New Preset": name and description of one.
@@ -43,7 +43,7 @@ class Form21 : public controls::Form {
 /// "Static Preset View": the presets that the user has named.
 class Form20 : public controls::Form {
  public:
-  explicit Form20(const Context& context, places::Form21& Form21);
+  explicit Form20(panels::Desk& desk, places::Form21& Form21);
 
   controls::ListView ListView1{*this, "ListView1"};
   controls::Button Command11{*this, "Command11"};  ///< folders of the last exit
@@ -70,7 +70,7 @@ class Form20 : public controls::Form {
   void Command2_Click();
   void Command4_Click();
 
-  Context context_;
+  panels::Desk& desk_;
   places::Form21& Form21_;
   PresetStore store_;
   std::vector<std::string> tips_;  ///< of the rows

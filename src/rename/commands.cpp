@@ -1,22 +1,24 @@
-#include "rename/commands.hpp"
+#include "rename/rename.hpp"
 
 namespace varnholt::rename {
 
-std::vector<panels::Command> commands() {
-  return {
+void Rename::addCommands(panels::CommandTable& table) {
+  table.add({
       {.handler = "Command14_Click",
        .button = "Command14",
        .caption = "Rename",
        .toolTip = "Rename Selected item",
        .icon = "rename",
        .number = 9,
-       .mode = "RenameMode"},
+       .run = [this] { Command14_Click(); }},
       {.handler = "RenFileFolder_Click",
        .toolTip = "Rename Selected item",
        .icon = "rename",
        .heading = "File",
-       .menuText = "&Rename..."},
-  };
+       .menuText = "&Rename...",
+       .newGroup = true,
+       .run = [this] { RenFileFolder_Click(); }},
+  });
 }
 
 }  // namespace varnholt::rename

@@ -21,7 +21,7 @@ std::string lineOf(const std::string& name, const std::string& reason) {
 
 }  // namespace
 
-MaskedRename::MaskedRename(const fileops::Context& context, Form14& dialog) : context_(context), dialog_(dialog) {
+MaskedRename::MaskedRename(panels::Desk& desk, Form14& dialog) : desk_(desk), dialog_(dialog) {
   dialog_.ListView1.rowToolTip = [this](controls::ListItem row) {
     return row.id() < reasons_.size() ? reasons_[row.id()] : std::string();
   };
@@ -38,7 +38,7 @@ void MaskedRename::take(const Item& item, std::size_t place, std::vector<Renamin
 
 template <class RunBatch>
 void MaskedRename::run(const std::vector<Renamings>& renamings, std::vector<Kept>& kept, const RunBatch& batch) const {
-  context_.program.loop.runBlocking([&] {
+  desk_.program.loop.runBlocking([&] {
     for (const Renamings& each : renamings)
       for (const platform::NotRenamed& refused : batch(each)) {
         const auto& [from, to] = each.names[refused.index];
@@ -58,18 +58,17 @@ void MaskedRename::preview(const std::vector<Item>& items) {
   std::vector<Renamings> renamings;
   std::vector<Kept> kept;
   const bool allDiffer = fillPreview(items, renamings, kept);
-  run(renamings, kept,
-      [this](const Renamings& each) { return context_.files().checkRenames(each.folder, each.names); });
+  run(renamings, kept, [this](const Renamings& each) { return desk_.files().checkRenames(each.folder, each.names); });
   markPreview(kept);
-  if (!allDiffer) context_.program.dialogs.alert("Problem !, - More File To Same Value !\rPreview Exits !");
+  if (!allDiffer) desk_.program.dialogs.alert("Problem !, - More File To Same Value !\rPreview Exits !");
 }
 
 // False when two files come to one name.
 bool MaskedRename::fillPreview(const std::vector<Item>& items, std::vector<Renamings>& renamings,
                                std::vector<Kept>& kept) {
   std::vector<char> isThere(items.size());
-  context_.program.loop.runBlocking([&] {
-    const auto& files = context_.files();
+  desk_.program.loop.runBlocking([&] {
+    const auto& files = desk_.files();
     for (std::size_t at = 0; at < items.size(); ++at)
       isThere[at] = items[at].isFolder ? files.folderExists(items[at].path()) : files.fileExists(items[at].path());
   });
@@ -107,12 +106,11 @@ std::string MaskedRename::previewPath(controls::ListItem row) const {
 
 bool MaskedRename::execute(const std::vector<Item>& items) {
   if (!dialog_.readMask()) return false;
-  if (!context_.program.dialogs.AskRetry("Execute File Rename ?  [ No Undo Available ]\r( If Any Files To Rename ! )"))
+  if (!desk_.program.dialogs.AskRetry("Execute File Rename ?  [ No Undo Available ]\r( If Any Files To Rename ! )"))
     return false;
   kept_.clear();
   const std::vector<Renamings> renamings = newNames(items);
-  run(renamings, kept_,
-      [this](const Renamings& each) { return context_.files().renameFiles(each.folder, each.names); });
+  run(renamings, kept_, [this](const Renamings& each) { return desk_.files().renameFiles(each.folder, each.names); });
   return true;
 }
 
@@ -121,15 +119,14 @@ void MaskedRename::tellKept() {
   std::vector<std::string> lines;
   for (const Kept& each : kept_)
     lines.push_back(lineOf(each.name, each.reason));
-  context_.program.dialogs.alert(
-      core::leftOutText(std::to_string(kept_.size()) + " Item(s) Keep Their Names !", lines));
+  desk_.program.dialogs.alert(core::leftOutText(std::to_string(kept_.size()) + " Item(s) Keep Their Names !", lines));
 }
 
 // A file that the user leaves out has taken its number all the same, as in the preview.
 std::vector<MaskedRename::Renamings> MaskedRename::newNames(const std::vector<Item>& items) {
-  const std::size_t rows = context_.form.activePanel() ? context_.form.activePanel()->list.count() : 0;
+  const std::size_t rows = desk_.form.activePanel() ? desk_.form.activePanel()->list.count() : 0;
   std::vector<std::optional<platform::Attributes>> attributes;
-  context_.program.loop.runBlocking([&] { attributes = fileAttributes(context_.files(), items, rows); });
+  desk_.program.loop.runBlocking([&] { attributes = fileAttributes(desk_.files(), items, rows); });
   std::vector<Renamings> renamings;
   for (std::size_t at = 0; at < items.size(); ++at) {
     const Item& item = items[at];
@@ -138,7 +135,7 @@ std::vector<MaskedRename::Renamings> MaskedRename::newNames(const std::vector<It
       continue;
     }
     dialog_.Stringsum_real(item.name, true);
-    if (mayRename(context_.program.dialogs, item.name, *attributes[at])) take(item, at, renamings, kept_);
+    if (mayRename(desk_.program.dialogs, item.name, *attributes[at])) take(item, at, renamings, kept_);
   }
   return renamings;
 }

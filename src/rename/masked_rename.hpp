@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fileops/context.hpp"
+#include "panels/desk.hpp"
 #include "rename/item.hpp"
 #include "rename/rename_dialog.hpp"
 
@@ -12,7 +12,7 @@ namespace varnholt::rename {
 /// The mask on all selected items at once. Folders keep their names.
 class MaskedRename {
  public:
-  MaskedRename(const fileops::Context& context, Form14& dialog);
+  MaskedRename(panels::Desk& desk, Form14& dialog);
 
   /// Fills the preview, and marks the names that could not be given. Items that are gone get no row.
   void preview(const std::vector<Item>& items);
@@ -43,7 +43,7 @@ class MaskedRename {
   template <class RunBatch>
   void run(const std::vector<Renamings>& renamings, std::vector<Kept>& kept, const RunBatch& batch) const;
 
-  fileops::Context context_;
+  panels::Desk& desk_;
   Form14& dialog_;
   std::vector<std::string> paths_;    ///< of the rows
   std::vector<std::string> reasons_;  ///< of the rows whose new name could not be given; else empty

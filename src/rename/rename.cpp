@@ -6,8 +6,8 @@ namespace varnholt::rename {
 
 namespace paths = platform::paths;
 
-Rename::Rename(const fileops::Context& context, fileops::OverwritePolicy& policy, fileops::Form7& form7)
-    : Form14(context.program), context_(context), single_(context, policy, form7, Form14), masked_(context, Form14) {
+Rename::Rename(panels::Desk& desk, fileops::OverwritePolicy& policy, fileops::Form7& form7)
+    : Form14(desk.program), desk_(desk), single_(desk, policy, form7, Form14), masked_(desk, Form14) {
   bindDialog();
   policy.renameTarget = [this](const std::string& folder, const std::string& name) { renameTarget(folder, name); };
   // A name that is in the way of a new one is not renamed in its turn.
@@ -35,51 +35,51 @@ void Rename::bindDialog() {
 // --- Hand-over -----------------------------------------------------------------------------------------------------
 
 void Rename::Command14_Click() {
-  auto& form = context_.form;
-  if (!context_.dispatcher.panelPreCheck()) return;
-  context_.listing.FocusView();
-  context_.selection.ViewClickCopy(*form.activePanel());
+  auto& form = desk_.form;
+  if (!desk_.dispatcher.panelPreCheck()) return;
+  desk_.listing.FocusView();
+  desk_.selection.ViewClickCopy(*form.activePanel());
   form.setMode("RenameMode");
   form.CurrentItem = form.filecollect.empty() ? std::string() : form.filecollect.items().front();
-  context_.dispatcher.Fileident();
+  desk_.dispatcher.Fileident();
   if (form.CurrentItem.empty()) {
-    context_.selection.ClickPane();
-    context_.selection.nonselect();
+    desk_.selection.ClickPane();
+    desk_.selection.nonselect();
     return close();
   }
   ViewIdent();
-  context_.dispatcher.RenameColor();
+  desk_.dispatcher.RenameColor();
   show(Caller::Panel);
   close();
 }
 
 void Rename::RenFileFolder_Click() {
   Command14_Click();
-  context_.dispatcher.busy = false;
+  desk_.dispatcher.busy = false;
 }
 
 void Rename::ViewIdent() {
   items_.clear();
-  const std::string folder = context_.form.activePanel()->path();
-  for (const std::string& item : context_.form.filecollect.items())
+  const std::string folder = desk_.form.activePanel()->path();
+  for (const std::string& item : desk_.form.filecollect.items())
     items_.push_back(SplitFolderItem(item, folder));
 }
 
 std::optional<std::string> Rename::renameOne(Caller caller, const std::string& path) {
-  auto& form = context_.form;
+  auto& form = desk_.form;
   const std::string mode = form.mode(), item = form.CurrentItem;
-  const int pointer = std::exchange(context_.pointer(), controls::pointer::Default);
+  const int pointer = std::exchange(desk_.pointer(), controls::pointer::Default);
   form.setMode("RenameMode");
   items_ = {{paths::parent(path), std::string(paths::fileName(path))}};
   show(caller);
-  context_.pointer() = pointer;
+  desk_.pointer() = pointer;
   form.CurrentItem = item;
   form.setMode(mode);
   return renamedTo_;
 }
 
 void Rename::renameTarget(const std::string& folder, const std::string& name) {
-  if (!renameOne(Caller::RenameTarget, folder + name)) context_.form.RenameCancelled = true;
+  if (!renameOne(Caller::RenameTarget, folder + name)) desk_.form.RenameCancelled = true;
 }
 
 // --- The dialog ----------------------------------------------------------------------------------------------------
@@ -95,17 +95,17 @@ void Rename::show(Caller caller) {
 
 // The return from the dialog, whatever its outcome; also when it was never shown.
 void Rename::close() {
-  context_.selection.resetcollect();
-  context_.dispatcher.resetval();
-  context_.listing.ColorReset();
-  context_.listing.FocusView();
-  context_.selection.ResetView();
-  context_.dispatcher.commandDone();
+  desk_.selection.resetcollect();
+  desk_.dispatcher.resetval();
+  desk_.listing.ColorReset();
+  desk_.listing.FocusView();
+  desk_.selection.ResetView();
+  desk_.dispatcher.commandDone();
 }
 
 void Rename::showItem() {
   const Item& item = items_[Form14.Index];
-  context_.form.CurrentItem = item.name;
+  desk_.form.CurrentItem = item.name;
   Form14.showItem(item.folder, item.name, items_.size());
 }
 
@@ -137,23 +137,23 @@ void Rename::Command11_Click() {
 void Rename::Command6_Click() {
   if (!masked_.execute(items_)) return;
   Form14.Hide();
-  context_.listing.ViewRenew();
+  desk_.listing.ViewRenew();
   masked_.tellKept();
 }
 
 void Rename::VerifyS(const Item& item) {
-  context_.navigation.leaveVanished();
-  context_.listing.ViewUpdateAll(item.folder);
-  if (item.isFolder) context_.trees.redraw();
+  desk_.navigation.leaveVanished();
+  desk_.listing.ViewUpdateAll(item.folder);
+  if (item.isFolder) desk_.trees.redraw();
 }
 
 void Rename::open(const std::string& path) {
-  const auto& files = context_.files();
+  const auto& files = desk_.files();
   if (!files.fileExists(path) && !files.folderExists(path)) {
-    context_.program.dialogs.alert("File/Folder Path NOT Valid !");
+    desk_.program.dialogs.alert("File/Folder Path NOT Valid !");
     return;
   }
-  if (openItem) openItem(path);
+  desk_.files().folderExists(path) ? desk_.opener.OpenItemPath(path) : desk_.opener.open(path);
 }
 
 // Enter in the upper field renames also while the mask makes the preview what Enter stands for. The keys of the arrows

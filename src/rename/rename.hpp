@@ -1,7 +1,8 @@
 #pragma once
 
-#include "fileops/context.hpp"
+#include "panels/desk.hpp"
 #include "fileops/overwrite_policy.hpp"
+#include "panels/room.hpp"
 #include "rename/masked_rename.hpp"
 #include "rename/rename_dialog.hpp"
 #include "rename/single_rename.hpp"
@@ -15,13 +16,15 @@ namespace varnholt::rename {
 
 /// The Rename command: takes the selection over, shows `Form14`, and gives items their new names as the user steps
 /// through them.
-class Rename {
+class Rename : public panels::Room {
  public:
   /// Hangs itself on the policy, as the renaming of a target that is in the way of a copy.
-  Rename(const fileops::Context& context, fileops::OverwritePolicy& policy, fileops::Form7& form7);
+  Rename(panels::Desk& desk, fileops::OverwritePolicy& policy, fileops::Form7& form7);
   Rename(const Rename&) = delete;
   Rename& operator=(const Rename&) = delete;
 
+  void addCommands(panels::CommandTable& table) override;
+  std::vector<controls::Form*> dialogs() override { return {&Form14}; }
   void Command14_Click();
   void RenFileFolder_Click();
   /// One file for another room, under that caller's caption; the selection, the item in hand and the mode word stay as
@@ -29,8 +32,6 @@ class Rename {
   std::optional<std::string> renameOne(Caller caller, const std::string& path);
 
   rename::Form14 Form14;
-  /// Opens a file or folder that exists.
-  std::function<void(const std::string& path)> openItem;
 
  private:
   void bindDialog();
@@ -47,7 +48,7 @@ class Rename {
   /// After a step: panels and trees show what has become of the item.
   void VerifyS(const Item& item);
 
-  fileops::Context context_;
+  panels::Desk& desk_;
   SingleRename single_;
   MaskedRename masked_;
   std::vector<Item> items_;

@@ -18,25 +18,25 @@ Outcome SingleRename::rename(const Item& item, const std::string& newName) {
 Outcome SingleRename::run(const Item& item, const std::string& to,
                           const std::function<platform::Result<void>()>& call) {
   platform::Result<void> result;
-  context_.program.loop.runBlocking([&] { result = call(); });
+  desk_.program.loop.runBlocking([&] { result = call(); });
   if (result) return Outcome::Renamed;
   const std::string newName(platform::paths::fileName(to));
-  context_.program.dialogs.alert(item.name + ",  - Cannot Rename !\r" + core::reasonOf(result.error(), newName));
+  desk_.program.dialogs.alert(item.name + ",  - Cannot Rename !\r" + core::reasonOf(result.error(), newName));
   return Outcome::Left;
 }
 
 // --- Folders -------------------------------------------------------------------------------------------------------
 
 Outcome SingleRename::folder(const Item& item, const std::string& to) {
-  auto& files = context_.files();
-  auto& dialogs = context_.program.dialogs;
+  auto& files = desk_.files();
+  auto& dialogs = desk_.program.dialogs;
   const std::string from = item.path();
   // Where case is not told apart, the folder itself answers to the other spelling of its name.
   if (files.folderExists(to) && !files.sameEntry(from, to)) {
     dialogs.alert("Folder already Exist , - Cannot Rename !");
     return Outcome::Stays;
   }
-  for (const panels::Panel* panel : {&context_.form.Panel1, &context_.form.Panel2})
+  for (const panels::Panel* panel : {&desk_.form.Panel1, &desk_.form.Panel2})
     if (files.sameEntry(panel->path(), from)) {
       dialogs.alert("Folder already Open, - Cannot Rename !");
       return Outcome::Stays;
@@ -47,16 +47,16 @@ Outcome SingleRename::folder(const Item& item, const std::string& to) {
 // --- Files ---------------------------------------------------------------------------------------------------------
 
 Outcome SingleRename::file(const Item& item, const std::string& to) {
-  auto& files = context_.files();
+  auto& files = desk_.files();
   const auto attributes = files.attributes(item.path());
-  if (!attributes || !mayRename(context_.program.dialogs, item.name, *attributes)) return Outcome::Left;
+  if (!attributes || !mayRename(desk_.program.dialogs, item.name, *attributes)) return Outcome::Left;
   if (files.fileExists(to)) return replace(item, to);
   return run(item, to, [&] { return files.moveFile(item.path(), to); });
 }
 
 Outcome SingleRename::replace(const Item& item, const std::string& to) {
   if (!mayReplace(item, to)) return Outcome::Left;
-  return run(item, to, [&] { return context_.files().renameOver(item.path(), to); });
+  return run(item, to, [&] { return desk_.files().renameOver(item.path(), to); });
 }
 
 bool SingleRename::mayReplace(const Item& item, const std::string& to) {
@@ -68,14 +68,14 @@ bool SingleRename::mayReplace(const Item& item, const std::string& to) {
 
 // The question belongs to the operation that may stand behind this dialog too: what it was answered there stays.
 Overwrite SingleRename::ask(const Item& item, const std::string& to) {
-  const bool prompt = context_.form.OverwritePrompt;
+  const bool prompt = desk_.form.OverwritePrompt;
   const Overwrite before = form7_.OverwriteAnswer;
   dialog_.Command11.Enabled = false;
   dialog_.Command2.Enabled = false;
   const Overwrite answer = policy_.RenameWarning(item.path(), to);
   dialog_.Command11.Enabled = true;
   dialog_.Command2.Enabled = true;
-  context_.form.OverwritePrompt = prompt;
+  desk_.form.OverwritePrompt = prompt;
   form7_.OverwriteAnswer = before;
   return answer;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fileops/context.hpp"
+#include "panels/desk.hpp"
 #include "fileops/overwrite_policy.hpp"
 #include "rename/item.hpp"
 #include "rename/rename_dialog.hpp"
@@ -12,8 +12,8 @@ namespace varnholt::rename {
 /// Gives one item its new name, with the questions that come before.
 class SingleRename {
  public:
-  SingleRename(const fileops::Context& context, fileops::OverwritePolicy& policy, fileops::Form7& form7, Form14& dialog)
-      : context_(context), policy_(policy), form7_(form7), dialog_(dialog) {}
+  SingleRename(panels::Desk& desk, fileops::OverwritePolicy& policy, fileops::Form7& form7, Form14& dialog)
+      : desk_(desk), policy_(policy), form7_(form7), dialog_(dialog) {}
 
   enum class Outcome {
     Renamed,
@@ -33,7 +33,7 @@ class SingleRename {
   /// Runs the rename itself, and tells why it failed.
   Outcome run(const Item& item, const std::string& to, const std::function<platform::Result<void>()>& call);
 
-  fileops::Context context_;
+  panels::Desk& desk_;
   fileops::OverwritePolicy& policy_;
   fileops::Form7& form7_;
   Form14& dialog_;

@@ -45,7 +45,7 @@ TEST_F(StartTest, AFirstStartHasEveryDefault) {
   for (const char* on : {"PreFolder", "DateTime24", "DateModi", "AutoSaveHis", "TipStart", "Viewall", "BlueBlack"})
     EXPECT_TRUE(rig.menu(on).Checked) << on;
   for (const char* off : {"RLC", "HidSysfiles", "DateTime12", "LockOnLast", "IncludeFolder", "ValCopyMove", "GridLines",
-                          "ShiftColors", "ShiftColorOther", "Auto_Save", "VDTstartup"})
+                          "ShiftColors", "ShiftColorOther", "Auto_Save"})
     EXPECT_FALSE(rig.menu(off).Checked) << off;
   EXPECT_FALSE(rig.menu("LockOnLast").Enabled);
   EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*) - Excl. Hidden and System Files.");

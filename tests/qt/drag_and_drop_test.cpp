@@ -56,7 +56,7 @@ class DrawnDrops : public DrawnProgram {
     rig.write(Raw);
     start();
     for (const char* handler : {"Command1_Click", "Command3_Click", "Command4_Click"})
-      app.Form1.commands.bind(handler, [this, handler] { ran.push_back(handler); });
+      app.Form1.commands.find(handler)->run = [this, handler] { ran.push_back(handler); };
     app.drops.dropFiles = [this](panels::Panel& panel, const std::vector<std::string>& files, bool move) {
       ran.push_back((panel.side == panels::Side::Left ? "left" : "right") + std::string(move ? " move" : " copy"));
       dropped = files;

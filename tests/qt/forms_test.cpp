@@ -35,7 +35,7 @@ class DrawnForms : public testing::Test {
 
   std::vector<controls::Form*> allForms() {
     std::vector<controls::Form*> forms{&app.Form1,          &app.Form9,        &app.dialogs.Form11, &app.dialogs.Form12,
-                                       &app.dialogs.Form13, &app.frmSplash,    &app.frmTip,         &app.form8,
+                                       &app.dialogs.Form13, &app.frmSplash,    &app.frmTip,         &app.tools.form8,
                                        &app.Form35,         &app.rename.Form14};
     for (const auto& dialogs : {app.fileops.dialogs(), app.filters.dialogs(), app.presets.dialogs()})
       forms.insert(forms.end(), dialogs.begin(), dialogs.end());
@@ -293,7 +293,7 @@ void tell(controls::Form& form, const std::string& name) {
 TEST_F(DrawnForms, ALongNameMakesNoQuestionWiderThanTheScreenAndTheNextShortOneIsSmallAgain) {
   const std::string longName(255, 'n');
   for (controls::Form* form : allForms()) {
-    if (form == &app.Form1 || form == &app.Form9 || form == &app.form8) continue;
+    if (form == &app.Form1 || form == &app.Form9 || form == &app.tools.form8) continue;
     const auto shown = [&](const std::string& name) {
       tell(*form, name);
       QWidget& window = draw(*form).widget();

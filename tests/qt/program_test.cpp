@@ -137,7 +137,7 @@ TEST_F(DrawnProgram, EverySkinHasAnAccentAndAGroundOfItsOwnOnWhichAllTextsCanBeR
   std::set<QRgb> accents, grounds;
   for (int skin = 0; skin < appearance::NewSkin::Count; ++skin) {
     const std::string name = appearance::NewSkin::nameOf(skin);
-    app.NewSkin.load(skin);
+    app.NewSkin.choose(skin);
     loop.flush();
     for (const auto& [text, ground] : {std::pair{P::WindowText, P::Window},
                                        {P::Text, P::Base},
@@ -169,7 +169,7 @@ TEST_F(DrawnProgram, EverySkinHasAnAccentAndAGroundOfItsOwnOnWhichAllTextsCanBeR
   }
   EXPECT_EQ(accents.size(), 8u);
   EXPECT_EQ(grounds.size(), 8u);
-  app.NewSkin.load(0);
+  app.NewSkin.choose(0);
   loop.flush();
 }
 

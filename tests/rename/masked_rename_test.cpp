@@ -135,7 +135,7 @@ TEST_F(MaskedRenameTest, ThePreviewKeepsTheOrderOfThePanel) {
 TEST_F(MaskedRenameTest, ARowOfThePreviewOpens) {
   make({"a.txt", "b.txt"});
   std::vector<std::string> opened;
-  rig.app().rename.openItem = [&](const std::string& path) { opened.push_back(path); };
+  rig.app().opener.ownTypes["txt"] = [&](const std::string& path) { opened.push_back(path); };
   select({"a", "b"});
   masked([&] {
     dialog().Command7.press();

@@ -1,0 +1,21 @@
+#include "fileops/item_in_hand.hpp"
+
+namespace varnholt::fileops {
+
+std::string targetOf(const panels::Desk& desk, std::string_view name) {
+  return desk.form.TargetPath + std::string(name);
+}
+
+platform::TreeSize treeSize(const panels::Desk& desk, const std::string& folder, const platform::Progress& progress) {
+  const auto info = desk.files().info(folder);
+  if (!info || info->isLink) return {};
+  return desk.files().folderSize(folder, progress).valueOr({});
+}
+
+std::uint64_t folderBytes(const panels::Desk& desk, const std::string& folder) {
+  std::uint64_t bytes = 0;
+  desk.program.loop.runBlocking([&] { bytes = treeSize(desk, folder).bytes; });
+  return bytes;
+}
+
+}  // namespace varnholt::fileops

@@ -1,0 +1,162 @@
+// The commands that the rooms bring, and the menu made from them.
+#include "panels/panel_shortcuts.hpp"
+#include "support/app_rig.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <regex>
+#include <set>
+
+namespace varnholt::test {
+namespace {
+
+using controls::MenuItem;
+using panels::Command;
+
+class Commands : public ::testing::Test {
+ protected:
+  const std::vector<Command>& rows() { return rig.form().commands.commands(); }
+  panels::MainMenu& menu() { return rig.form().Menu; }
+  std::vector<MenuItem*> bar() {
+    std::vector<MenuItem*> found;
+    for (controls::Control* control : rig.form().controls())
+      if (auto* item = dynamic_cast<MenuItem*>(control); item && !item->parent()) found.push_back(item);
+    return found;
+  }
+  /// The entries of each menu under its heading's caption, and those of the bar.
+  std::map<std::string, std::vector<MenuItem*>> menus() {
+    std::map<std::string, std::vector<MenuItem*>> found{{"the bar", bar()}};
+    for (controls::Control* control : rig.form().controls())
+      if (auto* item = dynamic_cast<MenuItem*>(control); item && !item->children().empty())
+        found[item->Caption] = item->children();
+    return found;
+  }
+  AppRig rig;
+};
+
+TEST_F(Commands, EachIsThereOnceAndSaysWhatItIsAndWhatItDoes) {
+  const std::filesystem::path icons = std::filesystem::path(VARNHOLT_SOURCE_DIR) / "assets" / "icons";
+  std::set<std::string> handlers, buttons, shortcuts;
+  for (const Command& row : rows()) {
+    EXPECT_TRUE(row.handler.ends_with("_Click") && handlers.insert(row.handler).second) << row.handler;
+    EXPECT_FALSE(row.toolTip.empty()) << row.handler;
+    EXPECT_EQ(row.heading.empty(), row.menuText.empty()) << row.handler;
+    EXPECT_FALSE(row.button.empty() && row.heading.empty()) << row.handler << " can be reached by nothing";
+    EXPECT_EQ(static_cast<bool>(row.run), row.heading != panels::RightEndOfBar) << row.handler;
+    EXPECT_TRUE(row.icon.empty() || std::filesystem::exists(icons / (row.icon + ".svg"))) << row.icon;
+    EXPECT_TRUE(row.shortcut.empty() || shortcuts.insert(row.shortcut).second) << row.shortcut;
+    EXPECT_TRUE(row.after.empty() || menu().has(row.after)) << row.after;
+    if (row.button.empty()) continue;
+    EXPECT_TRUE(rig.form().control(row.button) && buttons.insert(row.button).second) << row.button;
+    EXPECT_FALSE(row.caption.empty() && row.icon.empty()) << row.handler;
+  }
+}
+
+TEST_F(Commands, AButtonWhoseCommandIsStillToComeIsGreyAndSaysSo) {
+  for (controls::Control* control : rig.form().controls()) {
+    const auto* button = dynamic_cast<controls::Button*>(control);
+    if (!button) continue;
+    const bool hasCommand = rig.form().commands.find(button->name() + "_Click") != nullptr;
+    EXPECT_EQ(hasCommand, button->ToolTipText->find("(not available in this version)") == std::string::npos)
+        << button->name();
+    EXPECT_TRUE(hasCommand || !button->Enabled) << button->name();
+  }
+}
+
+TEST_F(Commands, KeysAndNumbersThatUsersHaveKeepTheirMeaning) {
+  // The numbers lie in the settings of users: they never change.
+  const std::map<int, std::string> numbers{
+      {1, "Command1_Click"},    {2, "Command3_Click"},   {3, "Command4_Click"},   {5, "Command5_Click"},
+      {6, "Command16_Click"},   {7, "Command2_Click"},   {8, "Command13_Click"},  {9, "Command14_Click"},
+      {11, "Command12_Click"},  {14, "Command27_Click"}, {15, "selectall_Click"}, {36, "viewlastexit_Click"},
+      {64, "DynPresets_Click"}, {80, "Viewuser_Click"}};
+  std::map<int, std::string> seen;
+  for (const Command& row : rows())
+    if (row.number != 0) seen.emplace(row.number, row.handler);
+  EXPECT_EQ(seen, numbers);
+  for (const auto& [entry, key] : {std::pair{"MoveItems", "Ctrl+X"},
+                                   {"presetsetup", "Ctrl+P"},
+                                   {"Filepatt", "Ctrl+M"},
+                                   {"Recallprevius", "Ctrl+S"},
+                                   {"exit_program", "Alt+F4"},
+                                   {"refrechview", "F4"}})
+    EXPECT_EQ(menu()[entry].Shortcut.get(), key) << entry;
+}
+
+TEST_F(Commands, KeysOfThePanelsLeadToEntriesAndToNoOtherKeysShortcut) {
+  std::set<std::string> shown;
+  for (const auto& row : panels::panelShortcuts()) {
+    EXPECT_TRUE(shown.emplace(row.shown).second) << row.shown;
+    EXPECT_FALSE(std::ranges::count(rows(), row.shown, &Command::shortcut)) << row.shown;
+    if (row.entry == "Foldermake") continue;  // still to come
+    ASSERT_TRUE(menu().has(std::string(row.entry))) << row.entry;
+    EXPECT_FALSE(menu()[std::string(row.entry)].PanelKeys->empty());
+  }
+}
+
+TEST_F(Commands, TheMenusAreInOrder) {
+  std::vector<std::string> headings;
+  for (const MenuItem* item : bar())
+    if (!item->RightAligned) headings.push_back(item->Caption);
+  EXPECT_EQ(headings,
+            (std::vector<std::string>{"&File", "&Select", "&View", "&Go", "&Places", "&Tools", "&Options", "&Help"}));
+  EXPECT_EQ(menu()["FileMenu"].children().back()->name(), "exit_program");
+  for (const auto& [heading, items] : menus()) {
+    std::set<int> mnemonics;
+    for (const MenuItem* item : items) {
+      const std::string caption = item->Caption;
+      const auto mark = caption.find('&');
+      if (mark == std::string::npos) continue;
+      ASSERT_LT(mark + 1, caption.size()) << caption;
+      EXPECT_TRUE(mnemonics.insert(std::tolower(static_cast<unsigned char>(caption[mark + 1]))).second)
+          << heading << ": " << caption;
+    }
+    const auto isLine = [](const MenuItem* item) { return item->Caption == "-"; };
+    EXPECT_FALSE(isLine(items.front()) || isLine(items.back())) << heading;
+    EXPECT_EQ(std::ranges::adjacent_find(items, [&](auto* a, auto* b) { return isLine(a) && isLine(b); }), items.end())
+        << heading;
+  }
+}
+
+TEST_F(Commands, OneThatStandsBehindAnotherDoesSoWhoeverAddsFirst) {
+  const auto& view = menu()["View"].children();
+  const auto at = std::ranges::find(view, &menu()["Viewuser"]);
+  ASSERT_NE(at, view.end());
+  EXPECT_EQ((*std::prev(at))->name(), "ViewProg");
+  EXPECT_EQ((*std::next(at))->name(), "HidSysfiles");
+}
+
+// Names that handlers pass in code that no test may run.
+TEST_F(Commands, EveryNameInTheSourcesIsInTheTable) {
+  const std::regex asked(R"re([Mm]enu\["(\w+)"\]|checked\("(\w+)"\)|perform\("(\w+)")re");
+  int found = 0;
+  for (const auto& file : std::filesystem::recursive_directory_iterator(VARNHOLT_SOURCE_DIR "/src")) {
+    if (file.path().extension() != ".cpp") continue;
+    std::ifstream in(file.path());
+    const std::string text{std::istreambuf_iterator<char>(in), {}};
+    for (auto each = std::sregex_iterator(text.begin(), text.end(), asked); each != std::sregex_iterator(); ++each) {
+      const std::string entry = (*each)[1].str() + (*each)[2].str(), handler = (*each)[3];
+      EXPECT_TRUE(handler.empty() ? menu().has(entry) : rig.form().commands.find(handler) != nullptr)
+          << entry << handler << " in " << file.path();
+      ++found;
+    }
+  }
+  EXPECT_GE(found, 50);
+}
+
+TEST_F(Commands, FilterLinesShareTheRightEndOfTheBar) {
+  for (const char* name : {"Viewfilter", "Filefilter"}) {
+    EXPECT_TRUE(menu()[name].RightAligned && menu()[name].Enabled && !menu()[name].parent()) << name;
+  }
+  EXPECT_TRUE(menu()["Viewfilter"].Visible);
+  EXPECT_FALSE(menu()["Filefilter"].Visible);
+}
+
+}  // namespace
+}  // namespace varnholt::test
