@@ -1,6 +1,8 @@
 # A room is one library of src/<name>/. Headers are reached as "<name>/file.hpp" through a folder that
 # holds that room alone, so including a room that is not linked does not compile.
 
+include("${CMAKE_CURRENT_LIST_DIR}/Forms.cmake")
+
 add_library(varnholt_flags INTERFACE)
 target_compile_definitions(varnholt_flags INTERFACE VARNHOLT_VERSION="${PROJECT_VERSION}")
 target_compile_options(varnholt_flags INTERFACE -Wall -Wextra -Wpedantic)
@@ -31,5 +33,6 @@ function(varnholt_room name)
     set_target_properties(room_${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON
       AUTOUIC_SEARCH_PATHS "${CMAKE_SOURCE_DIR}/src/${name}/forms")
     target_compile_definitions(room_${name} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
+    varnholt_form_table(${name})
   endif()
 endfunction()
