@@ -78,7 +78,7 @@ int main() {
                                                   controls::ListItem item = list.item(row);
                                                   item.setSelected(true);
                                                   item.setGhosted(true);
-                                                  form.filecollect.push(form.Panel1.itemText(item));
+                                                  form.filecollect.push(form.Panel1.item(item));
                                                 }
                                               });
   std::unordered_set<std::string> names;

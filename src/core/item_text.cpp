@@ -29,16 +29,7 @@ bool partsWords(char c) { return c == ' ' || c == '\0' || (c >= '\t' && c <= '\r
 
 }  // namespace
 
-std::string makeFolderItem(std::string_view path) { return std::string(folderMarker).append(path); }
-
-bool isFolderItem(std::string_view item) { return item.starts_with(folderMarker); }
-
-std::string_view itemPath(std::string_view item) {
-  return isFolderItem(item) ? item.substr(folderMarker.size()) : item;
-}
-
-std::string entryPath(std::string_view item, std::string_view folder) {
-  const std::string_view path = itemPath(item);
+std::string entryPath(std::string_view path, std::string_view folder) {
   return isFullPath(path) ? std::string(path) : platform::paths::join(folder, path);
 }
 

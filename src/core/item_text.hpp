@@ -8,21 +8,22 @@
 #include <string>
 #include <string_view>
 
-/// How an item is written: as one text that travels between the parts of the program, and in the columns of a row.
+/// An item as it travels between the parts of the program, and how it is written in the columns of a row.
 namespace varnholt::core {
 
-// --- Items as text -----------------------------------------------------------------------------------------------
+// --- Items ---------------------------------------------------------------------------------------------------------
 
-/// Stands before the full path of a folder; a file is its bare path or name.
-inline constexpr std::string_view folderMarker = "|Fold|";
+/// What travels between the parts of the program: a file by its bare name (from a panel) or its full path (from a
+/// list), a folder by its full path.
+struct Item {
+  std::string path;
+  bool isFolder = false;
 
-std::string makeFolderItem(std::string_view path);
-/// Only the marker tells: whether such a folder is there does not count.
-bool isFolderItem(std::string_view item);
-/// The item without its marker.
-std::string_view itemPath(std::string_view item);
-/// The full path of an item in any of its forms: a bare name in `folder`, a full path, or either behind the marker.
-std::string entryPath(std::string_view item, std::string_view folder);
+  bool operator==(const Item&) const = default;
+};
+
+/// The full path of an item: a bare name in `folder`, or the full path that it is.
+std::string entryPath(std::string_view path, std::string_view folder);
 
 // --- Rows --------------------------------------------------------------------------------------------------------
 

@@ -39,10 +39,10 @@ void FileOps::ValCopyMove_Click() {
 }
 
 bool FileOps::dropFiles(panels::Panel& panel, const std::vector<std::string>& files, bool move) {
-  std::vector<std::string> items;
+  std::vector<core::Item> items;
   for (const std::string& file : files) {
     const std::string path = platform::paths::withoutClosing(file);
-    items.push_back(desk_.files().folderExists(path) ? core::makeFolderItem(path) : path);
+    items.push_back({path, desk_.files().folderExists(path)});
   }
   // The other panel stands for the source, whatever it shows: the items bring their own paths.
   desk_.form.otherPanel(panel).list.SetFocus();

@@ -43,30 +43,30 @@ void Operation::start() {
   close();
 }
 
-void Operation::start(const std::vector<std::string>& items) {
+void Operation::start(const std::vector<core::Item>& items) {
   if (desk_.dispatcher.panelPreCheck()) handOver(&items);
   close();
 }
 
-void Operation::collect(const std::vector<std::string>* items) {
+void Operation::collect(const std::vector<core::Item>* items) {
   auto& form = desk_.form;
   if (!items) {
     desk_.selection.ViewClickCopy(*form.activePanel());
     return;
   }
   desk_.selection.resetcollect();
-  for (const std::string& item : *items)
+  for (const core::Item& item : *items)
     form.filecollect.push(item);
 }
 
-void Operation::handOver(const std::vector<std::string>* items) {
+void Operation::handOver(const std::vector<core::Item>* items) {
   auto& form = desk_.form;
   collect(items);
   sourceFolder_ = form.activePanel()->path();
   form.setMode(modeWord());
   dialog_.Label4.Caption = "";
   form.SelectedCount = form.filecollect.count();
-  form.CurrentItem = form.filecollect.popc();
+  form.CurrentItem = form.filecollect.popc().path;
   desk_.dispatcher.Fileident();
   if (form.CurrentItem.empty()) {
     desk_.selection.ClickPane();
@@ -88,8 +88,7 @@ void Operation::fillDialog() {
   dialog_.Caption = words.caption;
   dialog_.summary.Text = words.verb + " " + std::to_string(form.SelectedCount) + " selected File(s) / Folder(s)";
   if (form.filecollect.count() < 2) {
-    if (core::isFolderItem(form.CurrentItem))
-      form.CurrentItem = "Folder:  " + std::string(core::itemPath(form.CurrentItem));
+    if (form.filecollect.popc().isFolder) form.CurrentItem = "Folder:  " + form.CurrentItem;
     const bool isLong = core::characterCount(form.SourcePath) >= LongPath;
     showItem(isLong ? shortPath(form.SourcePath) : form.CurrentItem);
   } else {
@@ -177,13 +176,13 @@ Operation::Ending Operation::loop() {
 
 void Operation::takeNext() {
   auto& form = desk_.form;
-  form.CurrentItem = form.filecollect.pop();
+  core::Item item = form.filecollect.pop();
+  form.CurrentItem = std::move(item.path);
   pbar_beregning(form);
   desk_.dispatcher.Fileident();
   succeeded_ = false;
   failure_.reset();
-  VerifyFolderMode_ = core::isFolderItem(form.CurrentItem);
-  if (VerifyFolderMode_) form.CurrentItem = std::string(core::itemPath(form.CurrentItem));
+  VerifyFolderMode_ = item.isFolder;
   leaf_ = std::string(paths::fileName(form.CurrentItem));
 }
 
@@ -221,8 +220,8 @@ std::vector<std::string> Operation::nextNames(std::size_t count) const {
   std::vector<std::string> names{form.CurrentItem};
   const auto& items = form.filecollect.items();
   for (auto item = items.rbegin(); item != items.rend() && names.size() < count; ++item) {
-    if (core::isFolderItem(*item)) break;
-    names.push_back(*item);
+    if (item->isFolder) break;
+    names.push_back(item->path);
   }
   return names;
 }

@@ -28,7 +28,7 @@ class Operation {
   void start();
   /// The same for items that come from elsewhere, as full paths (a folder's behind its marker). The target is the panel
   /// that is not active.
-  void start(const std::vector<std::string>& items);
+  void start(const std::vector<core::Item>& items);
 
  protected:
   Operation(panels::Desk& desk, OperationForm& dialog);
@@ -110,8 +110,8 @@ class Operation {
  private:
   void Command2_Click();
   void Command11_Click();
-  void handOver(const std::vector<std::string>* items);
-  void collect(const std::vector<std::string>* items);
+  void handOver(const std::vector<core::Item>* items);
+  void collect(const std::vector<core::Item>* items);
   void fillDialog();
   void begin();
   void takeNext();

@@ -114,13 +114,13 @@ void Space::ValidateSpaceNeeded(OperationForm& dialog) {
   std::uint64_t needed = 0;
   const auto& items = form.filecollect.items();
   for (auto item = items.begin(); item != items.end() && needed < drive->availableBytes;) {
-    if (core::isFolderItem(*item)) {
-      needed += needOfFolder(std::string(core::itemPath(*item++)));
+    if (item->isFolder) {
+      needed += needOfFolder((item++)->path);
       continue;
     }
     std::vector<std::string> block;
-    for (; item != items.end() && block.size() < Block && !core::isFolderItem(*item); ++item)
-      block.push_back(*item);
+    for (; item != items.end() && block.size() < Block && !item->isFolder; ++item)
+      block.push_back(item->path);
     desk_.program.loop.runBlocking([&] { needed += needOfFiles(desk_.files(), block, from, to); });
   }
   desk_.pointer() = Default;
@@ -131,24 +131,18 @@ void Space::ValidateSpaceNeeded(OperationForm& dialog) {
   dialog.hideProgress();
 }
 
-std::uint64_t Space::sizeOf(const std::string& item) {
-  desk_.form.CurrentItem = item;
+std::uint64_t Space::sizeOf(const core::Item& item) {
+  desk_.form.CurrentItem = item.path;
   desk_.dispatcher.Fileident();
   const std::string path = desk_.form.SourcePath;
-  std::uint64_t size = 0;
-  if (core::isFolderItem(item)) {
-    size = folderBytes(desk_, path);
-  } else {
-    size = desk_.files().fileSize(path).valueOr(0);
-  }
-  return size;
+  return item.isFolder ? folderBytes(desk_, path) : desk_.files().fileSize(path).valueOr(0);
 }
 
 void Space::selectsize(OperationForm& dialog) {
   dialog.Label4.Caption = "Calculating... Please wait  !";
   desk_.program.loop.giveTurn();
   std::uint64_t sum = 0;
-  for (const std::string& item : desk_.form.filecollect.items())
+  for (const core::Item& item : desk_.form.filecollect.items())
     sum += sizeOf(item);
   dialog.Label4.Caption = "Size of selected Item(s) :  " +
                           (sum == 0 ? "0" : core::format("###,###", sum, desk_.program.platform.regional)) + "   Bytes";

@@ -26,7 +26,7 @@ class Space {
   void selectsize(OperationForm& dialog);
 
  private:
-  std::uint64_t sizeOf(const std::string& item);
+  std::uint64_t sizeOf(const core::Item& item);
   std::uint64_t needOfFolder(const std::string& folder) const;
 
   panels::Desk& desk_;

@@ -4,14 +4,14 @@
 
 namespace varnholt::panels {
 
-void FileCollect::push(std::string item) {
+void FileCollect::push(core::Item item) {
   if (!items_.empty() && items_.back() == item) return;
   items_.push_back(std::move(item));
 }
 
-std::string FileCollect::pop() {
+core::Item FileCollect::pop() {
   if (items_.empty()) return {};
-  std::string item = std::move(items_.back());
+  core::Item item = std::move(items_.back());
   items_.pop_back();
   return item;
 }

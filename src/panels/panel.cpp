@@ -31,11 +31,9 @@ std::string Panel::fileName(controls::ListItem item) const {
 
 std::string Panel::itemPath(controls::ListItem item) const { return paths::join(path_, fileName(item)); }
 
-std::string Panel::itemText(controls::ListItem item) const {
-  if (isFolder(item)) return core::makeFolderItem(itemPath(item));
-  // A file may be named like a folder item; its full path is never taken for one.
-  const std::string name = fileName(item);
-  return core::isFolderItem(name) ? itemPath(item) : name;
+core::Item Panel::item(controls::ListItem row) const {
+  const bool folder = isFolder(row);
+  return {folder ? itemPath(row) : fileName(row), folder};
 }
 
 std::string Panel::compareText(controls::ListItem item) const {

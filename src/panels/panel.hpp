@@ -2,6 +2,7 @@
 
 #include "controls/list_view.hpp"
 #include "controls/standard.hpp"
+#include "core/item_text.hpp"
 #include "panels/folder_stack.hpp"
 #include "panels/panel_rows.hpp"
 
@@ -52,8 +53,8 @@ class Panel {
   std::string fileName(controls::ListItem item) const;
   /// The item's full path.
   std::string itemPath(controls::ListItem item) const;
-  /// The item as it travels: a file's bare name, a folder's path behind its marker.
-  std::string itemText(controls::ListItem item) const;
+  /// The item as it travels.
+  core::Item item(controls::ListItem row) const;
   /// Row text, point, extension: for comparing only, since a name without an extension gets a point too.
   std::string compareText(controls::ListItem item) const;
   /// The first row in list order of that compare text.

@@ -72,7 +72,7 @@ void Selection::fileatrib(Panel& panel, controls::ListItem item) {
 
 void Selection::collect(Panel& panel, controls::ListItem item) {
   keepForRecall(panel, item);
-  form_.filecollect.push(panel.itemText(item));
+  form_.filecollect.push(panel.item(item));
 }
 
 void Selection::keepForRecall(Panel& panel, controls::ListItem item) {
@@ -90,7 +90,7 @@ void Selection::collectSelected(Panel& panel, Keeping keeping) {
     const controls::ListItem item(panel.list, id);
     const bool isNew = walked || !item.Ghosted();
     if (keeping == Keeping::All || (keeping == Keeping::NewOnes && isNew)) keepForRecall(panel, item);
-    form_.filecollect.push(panel.itemText(item));
+    form_.filecollect.push(panel.item(item));
     if (setsLast) lastSet_[side].push_back(panel.fileName(item));
   }
 }
@@ -107,7 +107,7 @@ void Selection::ViewClickCopy(Panel& panel) {
   resetcollect();
   listing_.colorreset(panel);
   for (const std::uint32_t id : panel.list.selectedIds())
-    form_.filecollect.push(panel.itemText({panel.list, id}));
+    form_.filecollect.push(panel.item({panel.list, id}));
   if (const auto item = panel.list.SelectedItem()) fileatrib(panel, *item);
 }
 
@@ -180,7 +180,7 @@ void Selection::selectall_Click() {
     if (panel->isFolder(item) && !includesFolders()) continue;
     item.setSelected(true);
     item.setGhosted(true);
-    form_.filecollect.push(panel->itemText(item));
+    form_.filecollect.push(panel->item(item));
   }
   reportSelected(*panel);
   form_.statusLine("");
@@ -204,7 +204,7 @@ void Selection::Inversel_Click() {
     if (wasSelected[item.id()] || (panel->isFolder(item) && !includesFolders())) continue;
     item.setSelected(true);
     item.setGhosted(true);
-    form_.filecollect.push(panel->itemText(item));
+    form_.filecollect.push(panel->item(item));
   }
   reportSelected(*panel);
   form_.statusLine("");
@@ -264,7 +264,7 @@ void Selection::recall(Panel& panel, const std::unordered_set<std::string_view>&
     if (!panel.rows || !names.contains(panel.rows->entry(item.id()).name)) continue;
     item.setSelected(true);
     item.setGhosted(true);
-    form_.filecollect.push(panel.itemText(item));
+    form_.filecollect.push(panel.item(item));
   }
   program_.loop.screen().MousePointer = controls::pointer::Default;
   form_.statusLine("");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/item_text.hpp"
+
 #include <string>
 #include <string_view>
 
@@ -15,6 +17,6 @@ struct Item {
 };
 
 /// An item as the selection has it, with the folder that its bare name lies in.
-Item SplitFolderItem(std::string_view text, std::string_view folder);
+Item SplitFolderItem(const core::Item& item, std::string_view folder);
 
 }  // namespace varnholt::rename

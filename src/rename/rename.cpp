@@ -40,7 +40,7 @@ void Rename::Command14_Click() {
   desk_.listing.FocusView();
   desk_.selection.ViewClickCopy(*form.activePanel());
   form.setMode("RenameMode");
-  form.CurrentItem = form.filecollect.empty() ? std::string() : form.filecollect.items().front();
+  form.CurrentItem = form.filecollect.empty() ? std::string() : form.filecollect.items().front().path;
   desk_.dispatcher.Fileident();
   if (form.CurrentItem.empty()) {
     desk_.selection.ClickPane();
@@ -61,7 +61,7 @@ void Rename::RenFileFolder_Click() {
 void Rename::ViewIdent() {
   items_.clear();
   const std::string folder = desk_.form.activePanel()->path();
-  for (const std::string& item : desk_.form.filecollect.items())
+  for (const core::Item& item : desk_.form.filecollect.items())
     items_.push_back(SplitFolderItem(item, folder));
 }
 

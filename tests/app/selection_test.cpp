@@ -24,7 +24,12 @@ class SelectionTest : public testing::Test {
   panels::Form1& form() { return rig.form(); }
   Panel& left() { return rig.form().Panel1; }
   Panel& right() { return rig.form().Panel2; }
-  Names collected() { return {form().filecollect.items().begin(), form().filecollect.items().end()}; }
+  Names collected() {
+    Names paths;
+    for (const core::Item& item : form().filecollect.items())
+      paths.push_back(item.path);
+    return paths;
+  }
   Names selected(Panel& panel) {
     Names names;
     for (const auto id : panel.list.selectedIds())
@@ -39,7 +44,7 @@ class SelectionTest : public testing::Test {
 TEST_F(SelectionTest, AClickCollectsWhatIsSelectedAndSaysSo) {
   rig.click(left(), "a");
   rig.click(left(), "\\ Folder", Ctrl);
-  EXPECT_EQ(collected(), (Names{"|Fold|C:\\Folder", "a.txt"}));
+  EXPECT_EQ(collected(), (Names{"C:\\Folder", "a.txt"}));
   EXPECT_EQ(statusPanel(status::SelectedCount), "2  Item(s) Selected");
   EXPECT_EQ(statusPanel(status::Line), "Folder  [Normal]");
   EXPECT_TRUE(left().list.item(rig.rowOf(left(), "a")).Ghosted());
@@ -57,7 +62,7 @@ TEST_F(SelectionTest, AClickCollectsWhatIsSelectedAndSaysSo) {
 TEST_F(SelectionTest, ARangeWithShiftIsCollectedInListOrder) {
   rig.click(left(), "b");
   rig.click(left(), "\\ Folder", Shift);
-  EXPECT_EQ(collected(), (Names{"|Fold|C:\\Folder", "a.txt", "b.txt"}));
+  EXPECT_EQ(collected(), (Names{"C:\\Folder", "a.txt", "b.txt"}));
 }
 
 TEST_F(SelectionTest, KeysSelectAsClicksDo) {
@@ -109,7 +114,7 @@ TEST_F(SelectionTest, SelectAllLeavesFoldersOutUnlessTheyAreIncluded) {
   rig.menu("selectall").choose();
   EXPECT_EQ(selected(left()), (Names{"Folder", "a.txt", "b.txt", "empty"}));
   EXPECT_EQ(statusPanel(status::SizeReport), "4 Item(s) ,  In 6,234 Bytes");
-  EXPECT_EQ(collected().front(), "|Fold|C:\\Folder");
+  EXPECT_EQ(collected().front(), "C:\\Folder");
   EXPECT_EQ(form().mode(), "SelectMode");
 }
 
@@ -150,7 +155,7 @@ TEST_F(SelectionTest, ReCallBringsBackNamesThatAreStillThere) {
   EXPECT_EQ(left().list.selectedCount(), 0u);
   form().Command16.press();
   EXPECT_EQ(selected(left()), (Names{"Folder", "a.txt"}));
-  EXPECT_EQ(collected(), (Names{"|Fold|C:\\Folder", "a.txt"}));
+  EXPECT_EQ(collected(), (Names{"C:\\Folder", "a.txt"}));
   EXPECT_EQ(statusPanel(status::SelectedCount), "2  Item(s) Selected");
   EXPECT_EQ(form().mode(), "RecallMode");
 }
@@ -237,7 +242,7 @@ TEST_F(SelectionTest, SourceAndTargetFollowTheActivePanel) {
   rig.app().dispatcher.Fileident();
   EXPECT_EQ(form().SourcePath + " " + form().TargetPath, "C:\\a.txt C:\\Folder\\");
   form().ListView2.SetFocus();
-  form().CurrentItem = "|Fold|C:\\Folder\\x";
+  form().CurrentItem = "C:\\Folder\\x";
   rig.app().dispatcher.Fileident();
   EXPECT_EQ(form().SourcePath + " " + form().TargetPath, "C:\\Folder\\x C:\\");
   form().setActive({});

@@ -14,23 +14,11 @@ namespace {
 
 const platform::RegionalFormats english{};
 
-TEST(ItemText, MarksFolders) {
-  EXPECT_EQ(makeFolderItem("C:\\Photos"), "|Fold|C:\\Photos");
-  EXPECT_TRUE(isFolderItem("|Fold|"));
-  for (const char* file : {"", "C:\\a", "|Fold", "|fold|x", " |Fold|x"}) {
-    EXPECT_FALSE(isFolderItem(file)) << file;
-    EXPECT_EQ(itemPath(file), file);
-  }
-  EXPECT_EQ(itemPath("|Fold||Fold|x"), "|Fold|x");
-}
-
 TEST(ItemText, LeadsToOneFullPath) {
   const std::tuple<const char*, const char*, const char*> cases[] = {
       {"a.txt", "C:\\Photos", "C:\\Photos\\a.txt"},
       {"a.txt", "C:\\", "C:\\a.txt"},
       {"D:\\x\\a.txt", "C:\\Photos", "D:\\x\\a.txt"},
-      {"|Fold|D:\\x", "C:\\Photos", "D:\\x"},
-      {"|Fold|sub", "C:\\Photos", "C:\\Photos\\sub"},
       {"D:odd name", "C:\\Photos", "C:\\Photos\\D:odd name"},
       {"a.txt", "", "a.txt"},
   };

@@ -93,7 +93,7 @@ TEST_F(DrawnProgram, TheMenuKeyAndTheRightButtonShowWhatCanBeDoneWithTheSelectio
   auto* files = list("ListView1");
   files->setFocus();
   QTest::mouseClick(files->viewport(), Qt::RightButton, {}, middleOf(files, "letter"));
-  EXPECT_EQ(app.Form1.filecollect.popc(), "letter.txt");
+  EXPECT_EQ(app.Form1.filecollect.popc().path, "letter.txt");
   QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
   QTest::keyClick(files, Qt::Key_Menu);
   auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
