@@ -72,9 +72,9 @@ int main(int argc, char** argv) {
   if (operation == "delete") app.fileops.Delete.start();
   if (operation == "validate") {
     const auto from = Clock::now();
-    app.fileops.Space.ValidateSpaceNeeded(app.fileops.Form3);
+    const bool fits = app.fileops.Space.ValidateSpaceNeeded(app.fileops.Form3);
     loop.microseconds = microsecondsSince(from);
-    if (form.SpaceRefused) return 1;
+    if (!fits) return 1;
   }
   std::printf("%ld\n", loop.microseconds);
   std::filesystem::remove_all(scratch);

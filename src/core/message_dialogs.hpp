@@ -43,7 +43,7 @@ class Form12 : public controls::Form {
 
   controls::Label Label1{*this, "Label1"};
   controls::Button Command11{*this, "Command11"};
-  /// Told when the alert closes; the file operations clear their stop flags and `TmpMode` here.
+  /// Told when the alert closes; the file operations clear their stop flags here.
   std::vector<std::function<void()>> closed;
 
  private:

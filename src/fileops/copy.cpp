@@ -17,6 +17,11 @@ constexpr std::uint64_t LargestOfBatch = 256 * 1024;
 
 }  // namespace
 
+Operation::Begin Copy::mayBegin() {
+  policy_.OverwritePrompt = true;
+  return TargetOperation::mayBegin();
+}
+
 Operation::Item Copy::file() {
   auto& form = desk_.form;
   if (form.SourcePath == targetOf(desk_, leaf_)) {
@@ -25,25 +30,25 @@ Operation::Item Copy::file() {
   }
   showItem("Processing... " + form.CurrentItem);
   if (const auto done = doneInBatch()) {
-    form.BytesDone += static_cast<double>(*done);
+    tally_.BytesDone += static_cast<double>(*done);
     return Item::Done;
   }
   const std::uint64_t bytes = fileBytes(form.SourcePath);
   const auto copied = copyFile(bytes, Way::ToFreePlace);
   if (!copied && targetExists(copied.error())) return overExisting(bytes);
   const Item item = cameOut(copied);
-  form.BytesDone += static_cast<double>(bytes);
+  tally_.BytesDone += static_cast<double>(bytes);
   return item;
 }
 
 Operation::Item Copy::overExisting(std::uint64_t bytes) {
   const Outcome outcome = policy_.decide(leaf_);
   if (outcome == Outcome::Ends) return Item::EndsLoop;
-  if (outcome == Outcome::Skipped || desk_.form.RenameCancelled) return Item::Done;
+  if (outcome == Outcome::Skipped) return Item::Done;
   const bool renamed = form7_.OverwriteAnswer == Overwrite::RenameTarget;
   const Way way = outcome == Outcome::CopyOverProtected ? Way::OverProtected : renamed ? Way::ToFreePlace : Way::Over;
   const Item item = outcome == Outcome::CopiedAlready ? Item::Done : cameOut(copyFile(bytes, way));
-  desk_.form.BytesDone += static_cast<double>(bytes);
+  tally_.BytesDone += static_cast<double>(bytes);
   return item;
 }
 
@@ -94,7 +99,7 @@ Operation::Item Copy::folder() {
   const auto copied = runLong({size.bytes, size.bytes}, [&](const platform::Progress& progress) {
     return desk_.files().copyFolder(item, target, true, progress, &leftOut);
   });
-  form.BytesDone += static_cast<double>(size.bytes);
+  tally_.BytesDone += static_cast<double>(size.bytes);
   return cameOut(copied, leftOut);
 }
 
@@ -110,7 +115,7 @@ void Copy::counted() {
   if (form10_.AttrAnswer != AttributeAnswer::All) form10_.AttrAnswer = AttributeAnswer::None;
   const bool leftOut = form7_.OverwriteAnswer == Overwrite::Skip || form7_.OverwriteAnswer == Overwrite::RenameTarget;
   dialog_.ProgressBar1.Visible = !leftOut;
-  if (!leftOut) PogressCal(desk_.form, dialog_);
+  if (!leftOut) PogressCal(desk_.form, dialog_, tally_);
 }
 
 void Copy::ended(bool normally) {

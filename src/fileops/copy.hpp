@@ -14,6 +14,7 @@ class Copy : public TargetOperation {
  protected:
   std::string_view modeWord() const override { return "CopyMode"; }
   Turn turn() const override { return Turn::AfterItem; }
+  Begin mayBegin() override;
   Item file() override;
   Item folder() override;
   platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names, const std::string& to,

@@ -30,7 +30,7 @@ Operation::Begin Delete::mayBegin() {
   auto& dialogs = desk_.program.dialogs;
   dialogs.Form11.Command2.Visible = false;
   form10_.AttrAnswer = AttributeAnswer::None;
-  if (dialogs.AskRetry("Warning!,- Direct deleting  " + std::to_string(desk_.form.SelectedCount) +
+  if (dialogs.AskRetry("Warning!,- Direct deleting  " + std::to_string(tally_.SelectedCount) +
                        " File(s)/Folder(s) ? \rPlease use options ..."))
     return Begin::Loop;
   dialog_.Hide();
@@ -50,8 +50,8 @@ Operation::Item Delete::folder() {
   const auto deleted = runLong({size.bytes, size.files + size.folders + 1}, [&](const platform::Progress& progress) {
     return desk_.files().deleteFolder(item, true, progress, &leftOut);
   });
-  form.BytesDone += static_cast<double>(size.bytes);
-  PogressCal(form, dialog_);
+  tally_.BytesDone += static_cast<double>(size.bytes);
+  PogressCal(form, dialog_, tally_);
   return cameOut(deleted, leftOut);
 }
 
@@ -78,8 +78,8 @@ Operation::Item Delete::file() {
   auto& form = desk_.form;
   showItem("Processing... " + form.CurrentItem);
   if (const auto done = doneInBatch()) {
-    form.BytesDone += static_cast<double>(*done);
-    PogressCal(form, dialog_);
+    tally_.BytesDone += static_cast<double>(*done);
+    PogressCal(form, dialog_, tally_);
     return Item::Done;
   }
   const auto facts = desk_.files().info(form.SourcePath);
@@ -99,8 +99,8 @@ Operation::Item Delete::file() {
   if (form10_.AttrAnswer == AttributeAnswer::ThisItem) form10_.AttrAnswer = AttributeAnswer::None;
   const std::string file = form.SourcePath;
   const auto deleted = runLong({}, [&](const platform::Progress&) { return desk_.files().deleteFile(file, force); });
-  form.BytesDone += facts ? static_cast<double>(facts->size) : 0;
-  PogressCal(form, dialog_);
+  tally_.BytesDone += facts ? static_cast<double>(facts->size) : 0;
+  PogressCal(form, dialog_, tally_);
   return cameOut(deleted);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "panels/desk.hpp"
 #include "fileops/name_dialog.hpp"
+#include "panels/desk.hpp"
 
 namespace varnholt::fileops {
 

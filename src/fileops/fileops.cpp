@@ -25,7 +25,6 @@ FileOps::FileOps(panels::Desk& desk)
   dialogs.Form12.closed.push_back([this] {
     for (OperationForm* dialog : std::initializer_list<OperationForm*>{&Form3, &Form4, &Form5})
       dialog->StopFlag = false;
-    desk_.form.TmpMode = false;
   });
 }
 

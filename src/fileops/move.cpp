@@ -31,8 +31,8 @@ Operation::Item Move::file() {
   const std::string source = form.SourcePath, target = targetOf(desk_, leaf_);
   showItem("Processing... " + form.CurrentItem);
   if (const auto done = doneInBatch()) {
-    form.BytesDone += static_cast<double>(*done);
-    PogressCal(form, dialog_);
+    tally_.BytesDone += static_cast<double>(*done);
+    PogressCal(form, dialog_, tally_);
     return Item::Done;
   }
   const std::uint64_t bytes = fileBytes(source);
@@ -50,8 +50,8 @@ Operation::Item Move::file() {
     alert("File Already exist on Target, - Cannot Move!");
     return item;
   }
-  form.BytesDone += static_cast<double>(bytes);
-  PogressCal(form, dialog_);
+  tally_.BytesDone += static_cast<double>(bytes);
+  PogressCal(form, dialog_, tally_);
   return item;
 }
 
@@ -83,8 +83,8 @@ Operation::Item Move::folder() {
       runLong({size.bytes, 0}, [&](const platform::Progress&) { return desk_.files().moveFolder(item, target); });
   // A volume mounted below a folder has no drive letter to tell it by.
   if (!moved && moved.error().code == platform::ErrorCode::NotSupported) return isAnotherDrive();
-  form.BytesDone += static_cast<double>(size.bytes);
-  PogressCal(form, dialog_);
+  tally_.BytesDone += static_cast<double>(size.bytes);
+  PogressCal(form, dialog_, tally_);
   RefreshTreeNeeded_ = true;
   return cameOut(moved);
 }

@@ -65,7 +65,7 @@ void Operation::handOver(const std::vector<core::Item>* items) {
   sourceFolder_ = form.activePanel()->path();
   form.setMode(modeWord());
   dialog_.Label4.Caption = "";
-  form.SelectedCount = form.filecollect.count();
+  tally_.SelectedCount = form.filecollect.count();
   form.CurrentItem = form.filecollect.popc().path;
   desk_.dispatcher.Fileident();
   if (form.CurrentItem.empty()) {
@@ -86,7 +86,7 @@ void Operation::fillDialog() {
   auto& form = desk_.form;
   const OperationWords& words = dialog_.words;
   dialog_.Caption = words.caption;
-  dialog_.summary.Text = words.verb + " " + std::to_string(form.SelectedCount) + " selected File(s) / Folder(s)";
+  dialog_.summary.Text = words.verb + " " + std::to_string(tally_.SelectedCount) + " selected File(s) / Folder(s)";
   if (form.filecollect.count() < 2) {
     if (form.filecollect.popc().isFolder) form.CurrentItem = "Folder:  " + form.CurrentItem;
     const bool isLong = core::characterCount(form.SourcePath) >= LongPath;
@@ -113,7 +113,6 @@ void Operation::close() {
 
 void Operation::Command2_Click() {
   desk_.dispatcher.busy = false;
-  desk_.form.TmpMode = false;
   dialog_.Hide();
 }
 
@@ -136,11 +135,9 @@ void Operation::begin() {
   dialog_.StopFlag = false;
   RefreshTreeNeeded_ = false;
   changed_ = false;
-  form.OverwritePrompt = true;
-  form.RenameCancelled = false;
-  form.ItemsDone = 0;
-  form.BytesDone = 0;
-  form.ItemsTotal = form.filecollect.count();
+  tally_.ItemsDone = 0;
+  tally_.BytesDone = 0;
+  tally_.ItemsTotal = form.filecollect.count();
   batch_.clear();
   batchSize_ = FirstBatch;
   batchPause_ = 0;
@@ -164,11 +161,10 @@ Operation::Ending Operation::loop() {
     if (item == Item::EndsLoop) return Ending::Normal;
     if (item == Item::Stopped) return Ending::Aborted;
     if (item != Item::PassedOver) {
-      ++form.ItemsDone;
+      ++tally_.ItemsDone;
       counted();
     }
     if (turn() == Turn::AfterItem && stopAsked()) return Ending::Aborted;
-    form.RenameCancelled = false;
     if (item == Item::Done && !succeeded_ && !verify()) return Ending::Normal;
   }
   return Ending::Normal;
@@ -178,7 +174,7 @@ void Operation::takeNext() {
   auto& form = desk_.form;
   core::Item item = form.filecollect.pop();
   form.CurrentItem = std::move(item.path);
-  pbar_beregning(form);
+  pbar_beregning(form, tally_);
   desk_.dispatcher.Fileident();
   succeeded_ = false;
   failure_.reset();
@@ -187,9 +183,8 @@ void Operation::takeNext() {
 }
 
 void Operation::showCount() {
-  const auto& form = desk_.form;
-  dialog_.Caption = dialog_.words.caption + ", - Processing... " + std::to_string(form.ItemsDone + 1) + " => " +
-                    std::to_string(form.SelectedCount) + " Item(s)";
+  dialog_.Caption = dialog_.words.caption + ", - Processing... " + std::to_string(tally_.ItemsDone + 1) + " => " +
+                    std::to_string(tally_.SelectedCount) + " Item(s)";
 }
 
 bool Operation::stopAsked() {
@@ -227,7 +222,7 @@ std::vector<std::string> Operation::nextNames(std::size_t count) const {
 }
 
 void Operation::runBatch() {
-  if (desk_.form.ItemsTotal < LargeSelection || desk_.form.TmpMode) return;
+  if (tally_.ItemsTotal < LargeSelection) return;
   if (batchPause_ > 0) {
     --batchPause_;
     return;
@@ -268,7 +263,6 @@ void Operation::end(Ending ending) {
   VerifyFolderMode_ = false;
   dialog_.StopFlag = false;
   dialog_.setRunning(false);
-  desk_.form.TmpMode = false;
   leftOut_.tell();
 }
 
@@ -283,11 +277,11 @@ platform::Result<void> Operation::runLong(const Extent& extent, const LongCall& 
   };
   const auto showShare = [&] {
     if (extent.whole == 0) return;
-    showShareOfItem(desk_.form, dialog_, static_cast<double>(extent.bytes),
+    showShareOfItem(desk_.form, dialog_, tally_, static_cast<double>(extent.bytes),
                     static_cast<double>(done) / static_cast<double>(extent.whole));
   };
   desk_.program.loop.runBlocking([&] { result = call(progress); }, {showShare, &dialog_.Command1});
-  pbar_beregning(desk_.form);
+  pbar_beregning(desk_.form, tally_);
   return result;
 }
 
@@ -359,15 +353,11 @@ void TargetOperation::closed(bool executed) {
 }
 
 Operation::Begin TargetOperation::mayBegin() {
-  auto& form = desk_.form;
   auto& answer = desk_.program.dialogs.Form11.AlertAnswer;
   answer = core::Answer::None;
-  space_.DiskAvailable(moving());
-  if (form.SpaceProblem && (answer == core::Answer::None || answer == core::Answer::No)) return Begin::Ending;
-  if (form.Menu.checked("ValCopyMove")) {
-    space_.ValidateSpaceNeeded(target_);
-    if (form.SpaceRefused) return Begin::Ending;
-  }
+  const bool SpaceProblem = space_.DiskAvailable(moving());
+  if (SpaceProblem && (answer == core::Answer::None || answer == core::Answer::No)) return Begin::Ending;
+  if (desk_.form.Menu.checked("ValCopyMove") && !space_.ValidateSpaceNeeded(target_)) return Begin::Ending;
   return Begin::Loop;
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "panels/desk.hpp"
 #include "fileops/left_out_notice.hpp"
 #include "fileops/operation_dialogs.hpp"
+#include "fileops/progress.hpp"
 #include "fileops/space.hpp"
+#include "panels/desk.hpp"
 
 #include <cstdint>
 #include <deque>
@@ -26,9 +27,9 @@ class Operation {
 
   /// The command of the panels: takes the selection over and shows the dialog until it closes.
   void start();
-  /// The same for items that come from elsewhere, as full paths (a folder's behind its marker). The target is the panel
-  /// that is not active.
+  /// The same for items that come from elsewhere, by full paths. The target is the panel that is not active.
   void start(const std::vector<core::Item>& items);
+  const Tally& tally() const { return tally_; }
 
  protected:
   Operation(panels::Desk& desk, OperationForm& dialog);
@@ -100,6 +101,7 @@ class Operation {
 
   panels::Desk& desk_;
   OperationForm& dialog_;
+  Tally tally_;
   std::string leaf_;                        ///< name of the item in hand
   bool VerifyFolderMode_ = false;           ///< the item in hand is a folder
   bool RefreshTreeNeeded_ = false;          ///< a folder came or went
@@ -156,7 +158,7 @@ class TargetOperation : public Operation {
   bool liesInItem() const;
   bool isOwnTarget() const;
   /// What a refusal of the item in hand comes to: a single item ends the operation.
-  Item refused() const { return desk_.form.ItemsTotal == 1 ? Item::EndsAll : Item::PassedOver; }
+  Item refused() const { return tally_.ItemsTotal == 1 ? Item::EndsAll : Item::PassedOver; }
 
  private:
   void Command4_Click();

@@ -33,7 +33,7 @@ struct OverwritePolicy::Facts {
 
 OverwritePolicy::OverwritePolicy(panels::Desk& desk, Form7& form7, Form10& form10)
     : desk_(desk), form7_(form7), form10_(form10) {
-  form7_.answeredForAll = [this] { desk_.form.OverwritePrompt = false; };
+  form7_.answeredForAll = [this] { OverwritePrompt = false; };
 }
 
 // --- Questions -----------------------------------------------------------------------------------------------------
@@ -121,7 +121,7 @@ bool OverwritePolicy::ConfirmVersion(const std::string& source, const std::strin
 // --- Decisions -----------------------------------------------------------------------------------------------------
 
 Outcome OverwritePolicy::decide(const std::string& name) {
-  if (desk_.form.OverwritePrompt) copywarning(name);
+  if (OverwritePrompt) copywarning(name);
   const std::string target = targetOf(desk_, name);
   switch (form7_.OverwriteAnswer) {
   case Overwrite::ThisOne:
@@ -134,8 +134,7 @@ Outcome OverwritePolicy::decide(const std::string& name) {
     return ConfirmVersion(desk_.form.SourcePath, target) ? Outcome::CopyOverProtected : Outcome::CopiedAlready;
   }
   case Overwrite::RenameTarget:
-    askNewName(name);
-    return Outcome::Copy;
+    return askNewName(name) ? Outcome::Copy : Outcome::Skipped;
   case Overwrite::Skip:
     return Outcome::Skipped;
   case Overwrite::Cancel:
@@ -146,11 +145,12 @@ Outcome OverwritePolicy::decide(const std::string& name) {
 }
 
 // The rename has items in hand of its own.
-void OverwritePolicy::askNewName(const std::string& name) {
+bool OverwritePolicy::askNewName(const std::string& name) {
   const std::string item = desk_.form.CurrentItem;
-  if (renameTarget) renameTarget(desk_.form.TargetPath, name);
+  const bool renamed = !renameTarget || renameTarget(desk_.form.TargetPath, name);
   desk_.form.CurrentItem = item;
   desk_.dispatcher.Fileident();
+  return renamed;
 }
 
 Outcome OverwritePolicy::decideThisOne(const std::string& name, const std::string& target) {

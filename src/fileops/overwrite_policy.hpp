@@ -1,7 +1,7 @@
 #pragma once
 
-#include "panels/desk.hpp"
 #include "fileops/overwrite_dialogs.hpp"
+#include "panels/desk.hpp"
 
 #include <functional>
 #include <string>
@@ -36,9 +36,10 @@ class OverwritePolicy {
   /// True when the versions match or the user agrees.
   bool ConfirmVersion(const std::string& source, const std::string& target);
 
-  /// Renames the target out of the way, folder and name given; sets `RenameCancelled` when the user cancels. The button
-  /// is disabled while nothing hangs here.
-  std::function<void(const std::string& folder, const std::string& name)> renameTarget;
+  bool OverwritePrompt = true;  ///< asks for each target that exists; the "all" answers clear it
+  /// Renames the target out of the way, folder and name given; false when the user cancels. The button is disabled
+  /// while nothing hangs here.
+  std::function<bool(const std::string& folder, const std::string& name)> renameTarget;
   /// True while the copy dialog is visible: the only place where a target can be renamed.
   std::function<bool()> copyDialogVisible;
 
@@ -47,7 +48,7 @@ class OverwritePolicy {
   Facts factsOf(const std::string& path) const;
   std::string factsLine(const Facts& facts) const;
   Outcome decideThisOne(const std::string& name, const std::string& target);
-  void askNewName(const std::string& name);
+  bool askNewName(const std::string& name);
   void ask();
 
   panels::Desk& desk_;

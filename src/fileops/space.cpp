@@ -38,27 +38,25 @@ std::string FreeSpaceText(const platform::Result<platform::DriveInfo>& drive,
 
 // --- The drive -----------------------------------------------------------------------------------------------------
 
-void Space::DiskAvailable(bool moving) {
+bool Space::DiskAvailable(bool moving) {
   auto& form = desk_.form;
-  form.SpaceProblem = false;
   panels::Panel* source = form.activePanel();
-  if (!source) return;
+  if (!source) return false;
   panels::Panel& target = form.otherPanel(*source);
   platform::Result<platform::DriveInfo> drive = platform::Error{};
   desk_.program.loop.runBlocking([&] { drive = desk_.files().volume(target.path()); });
-  if (!drive) return;
+  if (!drive) return false;
   if (isDisc(*drive)) {
     desk_.program.dialogs.alert("Cannot Copy Or Move To CD-Rom/DVD-Rom !\rFunction Exits !");
-    form.SpaceProblem = true;
-    return;
+    return true;
   }
-  if (moving && paths::driveOf(source->path()) == paths::driveOf(target.path())) return;
-  if (freeShare(*drive) > 1) return;
-  form.SpaceProblem = true;
+  if (moving && paths::driveOf(source->path()) == paths::driveOf(target.path())) return false;
+  if (freeShare(*drive) > 1) return false;
   desk_.program.dialogs.ask("Critical DiskSpace < 1% Available ! (" +
                             core::format("#,#", drive->availableBytes, desk_.program.platform.regional) +
                             " Bytes)\rConsider Your Copy Or Move Command !\r\r"
                             "Ok = Continue, Cancel = Exit Function");
+  return true;
 }
 
 // --- The selection -------------------------------------------------------------------------------------------------
@@ -97,17 +95,16 @@ std::uint64_t Space::needOfFolder(const std::string& folder) const {
   return growth(folderBytes(desk_, folder), desk_.files().folderExists(target) ? folderBytes(desk_, target) : 0);
 }
 
-void Space::ValidateSpaceNeeded(OperationForm& dialog) {
+bool Space::ValidateSpaceNeeded(OperationForm& dialog) {
   auto& form = desk_.form;
-  form.SpaceRefused = false;
   panels::Panel* source = form.activePanel();
-  if (!source) return;
-  const std::string from = form.TmpMode ? desk_.dispatcher.TmpFolder() : source->path();
+  if (!source) return true;
+  const std::string from = source->path();
   const std::string to = form.otherPanel(*source).path();
   const auto drive = desk_.files().volume(to);
   if (!drive || drive->availableBytes == 0) {
     desk_.program.dialogs.alert("Cannot Validate DiskSpace !");
-    return;
+    return true;
   }
   dialog.showProgress("Validating Space Available...");
   desk_.pointer() = Hourglass;
@@ -124,11 +121,10 @@ void Space::ValidateSpaceNeeded(OperationForm& dialog) {
     desk_.program.loop.runBlocking([&] { needed += needOfFiles(desk_.files(), block, from, to); });
   }
   desk_.pointer() = Default;
-  if (needed >= drive->availableBytes) {
-    form.SpaceRefused = true;
-    desk_.program.dialogs.alert("Insufficient Free Space On Target Drive !\rFurther Operation is Canceled!");
-  }
+  const bool fits = needed < drive->availableBytes;
+  if (!fits) desk_.program.dialogs.alert("Insufficient Free Space On Target Drive !\rFurther Operation is Canceled!");
   dialog.hideProgress();
+  return fits;
 }
 
 std::uint64_t Space::sizeOf(const core::Item& item) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "panels/desk.hpp"
 #include "fileops/operation_dialogs.hpp"
+#include "panels/desk.hpp"
 
 #include <cstdint>
 #include <string>
@@ -17,11 +17,11 @@ class Space {
  public:
   explicit Space(panels::Desk& desk) : desk_(desk) {}
 
-  /// `DiskAvailable`: sets `SpaceProblem` when the target cannot be written to, or when it is nearly full and the user
-  /// was asked; the answer stands in `AlertAnswer`. `moving` on one drive needs no room.
-  void DiskAvailable(bool moving);
-  /// `ValidateSpaceNeeded`: sets `SpaceRefused` when what is selected needs as much as the target has, or more.
-  void ValidateSpaceNeeded(OperationForm& dialog);
+  /// `DiskAvailable`: true when the target cannot be written to, or when it is nearly full and the user was asked; the
+  /// answer stands in `AlertAnswer`. `moving` on one drive needs no room.
+  bool DiskAvailable(bool moving);
+  /// `ValidateSpaceNeeded`: false when what is selected needs as much as the target has, or more, which is told.
+  bool ValidateSpaceNeeded(OperationForm& dialog);
   /// `selectsize`: the size of all that is selected, in the dialog's size line.
   void selectsize(OperationForm& dialog);
 

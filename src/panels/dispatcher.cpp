@@ -1,7 +1,6 @@
 #include "panels/dispatcher.hpp"
 
 #include "core/item_text.hpp"
-#include "core/program_files.hpp"
 #include "platform/crash_report.hpp"
 #include "platform/paths.hpp"
 
@@ -39,12 +38,8 @@ void Dispatcher::Fileident() {
     program_.dialogs.alert("System Error !, No Views Active, Restart Varnholt !");
     return;
   }
-  form_.SourcePath = core::entryPath(form_.CurrentItem, form_.TmpMode ? TmpFolder() : source->path());
+  form_.SourcePath = core::entryPath(form_.CurrentItem, source->path());
   form_.TargetPath = form_.otherPanel(*source).path();
-}
-
-std::string Dispatcher::TmpFolder() const {
-  return core::program_file::path(program_.platform, core::program_file::Tmp) + "\\";
 }
 
 void Dispatcher::resetval() {

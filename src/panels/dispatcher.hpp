@@ -26,10 +26,8 @@ class Dispatcher {
   /// Runs the command whose number was remembered last.
   void runLast();
 
-  /// Works out source and target of `CurrentItem` by the active panel; in `TmpMode` the source is the scratch folder.
+  /// Works out source and target of `CurrentItem` by the active panel.
   void Fileident();
-  /// The scratch folder through which an item gets a new name on its way, with closing backslash.
-  std::string TmpFolder() const;
   void resetval();
   /// What every command on a panel's items begins with. False: refused.
   bool panelPreCheck();

@@ -88,18 +88,6 @@ class Form1 : public controls::Form {
   /// The item in hand as it travels, and the paths that `Fileident` makes of it.
   std::string CurrentItem, SourcePath, TargetPath;
 
-  // The file operation in hand: what its loop counts and what its dialogs answer.
-  std::size_t SelectedCount = 0;  ///< selected items when its dialog opened
-  std::size_t ItemsDone = 0, ItemsTotal = 0;
-  double BytesDone = 0;         ///< sum of the sizes handled
-  bool OverwritePrompt = true;  ///< asks for each target that exists; the "all" answers clear it
-  bool RenameCancelled = false;
-  bool SpaceProblem = false;  ///< the target drive was asked about, or is none to write to
-  bool SpaceRefused = false;  ///< the target has no room for what is selected
-  bool TmpMode = false;       ///< the source is the program's scratch folder
-  /// The bar of the dialog in hand; null before the first item.
-  controls::ProgressBar* OperationBar = nullptr;
-
   bool CtrlHeld = false;    ///< the Ctrl key is down in a panel
   bool cutLook = false;     ///< some rows have the cut look
   bool filterMark = false;  ///< the selection was made by the file filter

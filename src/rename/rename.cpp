@@ -9,7 +9,9 @@ namespace paths = platform::paths;
 Rename::Rename(panels::Desk& desk, fileops::OverwritePolicy& policy, fileops::Form7& form7)
     : Form14(desk.program), desk_(desk), single_(desk, policy, form7, Form14), masked_(desk, Form14) {
   bindDialog();
-  policy.renameTarget = [this](const std::string& folder, const std::string& name) { renameTarget(folder, name); };
+  policy.renameTarget = [this](const std::string& folder, const std::string& name) {
+    return renameOne(Caller::RenameTarget, folder + name).has_value();
+  };
   // A name that is in the way of a new one is not renamed in its turn.
   policy.copyDialogVisible = [this, visible = policy.copyDialogVisible] {
     return !Form14.Visible && visible && visible();
@@ -76,10 +78,6 @@ std::optional<std::string> Rename::renameOne(Caller caller, const std::string& p
   form.CurrentItem = item;
   form.setMode(mode);
   return renamedTo_;
-}
-
-void Rename::renameTarget(const std::string& folder, const std::string& name) {
-  if (!renameOne(Caller::RenameTarget, folder + name)) desk_.form.RenameCancelled = true;
 }
 
 // --- The dialog ----------------------------------------------------------------------------------------------------

@@ -35,7 +35,6 @@ class Rename : public panels::Room {
 
  private:
   void bindDialog();
-  void renameTarget(const std::string& folder, const std::string& name);
   void ViewIdent();
   void show(Caller caller);
   void close();

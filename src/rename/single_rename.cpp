@@ -68,14 +68,14 @@ bool SingleRename::mayReplace(const Item& item, const std::string& to) {
 
 // The question belongs to the operation that may stand behind this dialog too: what it was answered there stays.
 Overwrite SingleRename::ask(const Item& item, const std::string& to) {
-  const bool prompt = desk_.form.OverwritePrompt;
+  const bool prompt = policy_.OverwritePrompt;
   const Overwrite before = form7_.OverwriteAnswer;
   dialog_.Command11.Enabled = false;
   dialog_.Command2.Enabled = false;
   const Overwrite answer = policy_.RenameWarning(item.path(), to);
   dialog_.Command11.Enabled = true;
   dialog_.Command2.Enabled = true;
-  desk_.form.OverwritePrompt = prompt;
+  policy_.OverwritePrompt = prompt;
   form7_.OverwriteAnswer = before;
   return answer;
 }

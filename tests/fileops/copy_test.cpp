@@ -61,8 +61,8 @@ TEST_F(CopyTest, CopiesFilesAndTreesAndListsTheTarget) {
   // Taken from the end of the collection, which is in list order.
   EXPECT_EQ(captions, (std::vector<std::string>{"Copy Item(s), - Processing... 1 => 2 Item(s)",
                                                 "Copy Item(s), - Processing... 2 => 2 Item(s)"}));
-  EXPECT_EQ(form().ItemsDone, 2u);
-  EXPECT_EQ(form().BytesDone, 9);
+  EXPECT_EQ(ops().Copy.tally().ItemsDone, 2u);
+  EXPECT_EQ(ops().Copy.tally().BytesDone, 9);
   EXPECT_TRUE(left().list.hasFocus());
   EXPECT_FALSE(ops().Form3.isRunning());
   EXPECT_EQ(form().ProgressBar1.Value.get(), 0);

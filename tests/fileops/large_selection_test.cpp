@@ -40,8 +40,8 @@ TEST_F(LargeSelectionTest, AllAreCopiedWithTheirBytesAndCounted) {
   EXPECT_EQ(numbersIn("C:\\To"), "0-399");
   for (int number = 0; number < Count; ++number)
     EXPECT_EQ(rig.read("C:\\To\\" + name(number)), name(number));
-  EXPECT_EQ(form().ItemsDone, 400u);
-  EXPECT_EQ(form().BytesDone, 400 * 5);
+  EXPECT_EQ(ops().Copy.tally().ItemsDone, 400u);
+  EXPECT_EQ(ops().Copy.tally().BytesDone, 400 * 5);
 }
 
 TEST_F(LargeSelectionTest, NothingBehindAQuestionIsTouchedBeforeItsAnswer) {
@@ -110,9 +110,10 @@ TEST_F(LargeSelectionTest, ADeleteAsksAboutProtectedFilesInTheirOrder) {
 TEST_F(LargeSelectionTest, StopLeavesWhatIsNotCounted) {
   struct Case {
     const char *command, *dialog;
+    const Operation& operation;
   };
-  for (const Case& each :
-       {Case{"Command1_Click", "Form3"}, Case{"Command3_Click", "Form5"}, Case{"Command4_Click", "Form4"}}) {
+  for (const Case& each : {Case{"Command1_Click", "Form3", ops().Copy}, Case{"Command3_Click", "Form5", ops().Move},
+                           Case{"Command4_Click", "Form4", ops().Delete}}) {
     const std::string to = "C:\\To" + std::string(each.dialog);
     rig.makeFolder(to);
     selectAll(to);
@@ -125,7 +126,9 @@ TEST_F(LargeSelectionTest, StopLeavesWhatIsNotCounted) {
     std::size_t counted = 0;
     starts(each.dialog);
     if (dialog == &ops().Form4) rig.loop.whenShows("Form11").press("Command11");
-    rig.loop.whenShows("Form12").run([&](controls::Form&) { counted = form().ItemsDone; }).press("Command11");
+    rig.loop.whenShows("Form12")
+        .run([&](controls::Form&) { counted = each.operation.tally().ItemsDone; })
+        .press("Command11");
     rig.command(each.command);
     rig.loop.onTurn = {};
     EXPECT_GT(counted, 3u);
@@ -166,7 +169,7 @@ TEST_F(LargeSelectionTest, AFileThatFailsInABatchIsTriedByItselfAndNoOtherIsAske
   rig.command("Command1_Click");
   ASSERT_TRUE(failing->failed);
   EXPECT_EQ(numbersIn("C:\\To"), "0-399");
-  EXPECT_EQ(form().ItemsDone, 400u);
+  EXPECT_EQ(ops().Copy.tally().ItemsDone, 400u);
 }
 
 }  // namespace

@@ -69,7 +69,7 @@ TEST_F(LongCallTest, StopEndsTheCopyOfABigFileAndItsOldTargetStands) {
     std::size_t counted = 9;
     rig.loop.whenShows("Form12")
         .reads("Label1", "Copy Process Aborted. !\r")
-        .run([&](controls::Form&) { counted = form().ItemsDone; })
+        .run([&](controls::Form&) { counted = ops().Copy.tally().ItemsDone; })
         .press("Command11");
     rig.command("Command1_Click");
     EXPECT_EQ(counted, 0u);

@@ -280,7 +280,7 @@ TEST_F(SingleRenameTest, AFileInTheWayIsAskedAbout) {
                            Case{"Command3", false}, Case{"Command1", false}}) {
     make({"a.txt", "b.txt"});
     select({"a"});
-    rig.form().OverwritePrompt = true;
+    rig.app().fileops.policy.OverwritePrompt = true;
     rename([&] {
       rig.loop.whenShows("Form7")
           .reads("Label1", "OverWrite File:     a.txt")
@@ -296,7 +296,7 @@ TEST_F(SingleRenameTest, AFileInTheWayIsAskedAbout) {
     EXPECT_TRUE(dialog().Command11.Enabled && dialog().Command2.Enabled);
     EXPECT_EQ(contents("b.txt"), each.replaces ? "a.txt" : "b.txt") << each.button;
     EXPECT_EQ(exists("a.txt"), !each.replaces) << each.button;
-    EXPECT_TRUE(rig.form().OverwritePrompt) << "an operation asks by itself";
+    EXPECT_TRUE(rig.app().fileops.policy.OverwritePrompt) << "an operation asks by itself";
   }
 }
 
