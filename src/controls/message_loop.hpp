@@ -3,7 +3,10 @@
 #include "controls/form.hpp"
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <type_traits>
+#include <utility>
 
 namespace varnholt::controls {
 
@@ -56,6 +59,13 @@ class MessageLoop {
   /// Runs one long call of the platform to its end. It may run on a helper thread while windows keep painting and
   /// input waits; the call must touch nothing but the platform and its own variables.
   virtual void runBlocking(const std::function<void()>& call, const Meanwhile& meanwhile = {}) = 0;
+  /// The answer of such a call.
+  template <class Call>
+  auto ask(const Call& call) {
+    std::optional<std::invoke_result_t<const Call&>> answer;
+    runBlocking([&] { answer.emplace(call()); });
+    return *std::move(answer);
+  }
   /// Runs a call of the platform beside the window, which goes on: nobody waits for it, not even the program's end, so
   /// it may ask a drive that does not answer. `done` runs at a later turn. The call owns what it touches.
   virtual void runBeside(std::function<void()> call, std::function<void()> done) = 0;

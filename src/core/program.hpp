@@ -23,9 +23,11 @@ struct Program {
   platform::FileSystem& files() const { return waitedFiles; }
   /// Starts a command as Shell::start does; its folder may lie on a drive that does not answer.
   platform::Result<std::int64_t> start(const std::string& command, const std::string& folder = {}) const {
-    platform::Result<std::int64_t> started = platform::Error{};
-    loop.runBlocking([&] { started = platform.shell.start(command, folder); });
-    return started;
+    return loop.ask([&] { return platform.shell.start(command, folder); });
+  }
+  /// A drive's facts, for which it may have to be waited.
+  platform::Result<platform::DriveInfo> drive(char letter) const {
+    return loop.ask([&] { return platform.drives.info(letter); });
   }
 
   mutable WaitedFiles waitedFiles{platform.files, loop};

@@ -3,10 +3,8 @@
 #include "controls/message_loop.hpp"
 #include "platform/file_system.hpp"
 
-#include <optional>
 #include <thread>
 #include <type_traits>
-#include <utility>
 
 namespace varnholt::core {
 
@@ -131,9 +129,7 @@ class WaitedFiles : public platform::FileSystem {
   template <class Call>
   std::invoke_result_t<const Call&> waited(const Call& call) const {
     if (std::this_thread::get_id() != window_) return call();
-    std::optional<std::invoke_result_t<const Call&>> result;
-    loop_.runBlocking([&] { result.emplace(call()); });
-    return *std::move(result);
+    return loop_.ask(call);
   }
 
   platform::FileSystem& files_;

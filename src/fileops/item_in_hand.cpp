@@ -13,9 +13,7 @@ platform::TreeSize treeSize(const panels::Desk& desk, const std::string& folder,
 }
 
 std::uint64_t folderBytes(const panels::Desk& desk, const std::string& folder) {
-  std::uint64_t bytes = 0;
-  desk.program.loop.runBlocking([&] { bytes = treeSize(desk, folder).bytes; });
-  return bytes;
+  return desk.program.loop.ask([&] { return treeSize(desk, folder).bytes; });
 }
 
 }  // namespace varnholt::fileops

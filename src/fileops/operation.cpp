@@ -314,8 +314,7 @@ bool Operation::exists(const std::string& path) const {
 }
 
 bool Operation::driveReady(const panels::Panel& panel) {
-  platform::Result<platform::DriveInfo> drive = platform::Error{};
-  desk_.program.loop.runBlocking([&] { drive = desk_.program.platform.drives.info(panel.driveRoot().front()); });
+  const auto drive = desk_.program.drive(panel.driveRoot().front());
   return drive && drive->ready;
 }
 

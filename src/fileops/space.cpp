@@ -43,8 +43,7 @@ bool Space::DiskAvailable(bool moving) {
   panels::Panel* source = form.activePanel();
   if (!source) return false;
   panels::Panel& target = form.otherPanel(*source);
-  platform::Result<platform::DriveInfo> drive = platform::Error{};
-  desk_.program.loop.runBlocking([&] { drive = desk_.files().volume(target.path()); });
+  const auto drive = desk_.files().volume(target.path());
   if (!drive) return false;
   if (isDisc(*drive)) {
     desk_.program.dialogs.alert("Cannot Copy Or Move To CD-Rom/DVD-Rom !\rFunction Exits !");
@@ -118,7 +117,7 @@ bool Space::ValidateSpaceNeeded(OperationForm& dialog) {
     std::vector<std::string> block;
     for (; item != items.end() && block.size() < Block && !item->isFolder; ++item)
       block.push_back(item->path);
-    desk_.program.loop.runBlocking([&] { needed += needOfFiles(desk_.files(), block, from, to); });
+    needed += desk_.program.loop.ask([&] { return needOfFiles(desk_.files(), block, from, to); });
   }
   desk_.pointer() = Default;
   const bool fits = needed < drive->availableBytes;

@@ -43,9 +43,7 @@ void ActivePanel::colorLists() {
 }
 
 platform::Result<platform::DriveInfo> ActivePanel::drive(const Panel& panel) const {
-  platform::Result<platform::DriveInfo> info = platform::Error{};
-  program_.loop.runBlocking([&] { info = program_.platform.drives.info(panel.driveRoot().front()); });
-  return info;
+  return program_.drive(panel.driveRoot().front());
 }
 
 void ActivePanel::showDrive(const Panel& panel) {

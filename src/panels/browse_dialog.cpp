@@ -59,8 +59,7 @@ void panels::Form35::Form_Load() {
   program_.loop.giveTurn();
   program_.platform.drives.refresh();
   for (const char letter : program_.platform.drives.letters()) {
-    platform::Result<platform::DriveInfo> info = platform::Error{};
-    program_.loop.runBlocking([&] { info = program_.platform.drives.info(letter); });
+    const auto info = program_.drive(letter);
     if (!info || !info->ready) continue;
     const std::string name = info->share.empty() ? info->label : info->share;
     const bool cd = info->fileSystem == "CDFS";
@@ -132,9 +131,7 @@ void panels::Form35::scan(controls::TreeNode& node) {
 void panels::Form35::Command1_Click() {
   const std::string folder = Text1.Text;
   if (scanning_ || folder.empty()) return;
-  bool there = false;
-  program_.loop.runBlocking([&] { there = program_.files().folderExists(folder); });
-  if (!there) return;
+  if (!program_.files().folderExists(folder)) return;
   taken_ = paths::withClosing(folder);
   UnloadForm();
 }

@@ -36,9 +36,7 @@ bool replaceMark(std::string& text, std::string_view mark, const std::string& va
 }  // namespace
 
 void FileOpener::open(const std::string& path) {
-  bool there = false;
-  program_.loop.runBlocking([&] { there = program_.files().fileExists(path) || program_.files().folderExists(path); });
-  if (!there) {
+  if (!program_.files().fileExists(path) && !program_.files().folderExists(path)) {
     program_.dialogs.alert("File/Folder Path NOT Valid !");
     return;
   }

@@ -43,9 +43,7 @@ void Listing::filedir(Panel& panel) {
   program_.loop.screen().MousePointer = pointer::Hourglass;
   panel.list.MousePointer = pointer::Hourglass;
 
-  platform::Result<platform::ListingPtr> listing = platform::Error{};
-  program_.loop.runBlocking([&] { listing = program_.files().list(panel.path()); });
-  if (listing) {
+  if (const auto listing = program_.files().list(panel.path())) {
     panel.hidesFiles = false;
     panel.show(std::make_shared<PanelRows>(*listing, fileTest(panel.hidesFiles), rowFormat(panel)));
     form_.Menu["Viewfilter"].Accented = form_.Panel1.hidesFiles || form_.Panel2.hidesFiles;

@@ -10,9 +10,7 @@ namespace varnholt::panels {
 namespace paths = platform::paths;
 
 bool Navigation::exists(const std::string& folder) const {
-  bool there = false;
-  program_.loop.runBlocking([&] { there = program_.files().folderExists(folder); });
-  return there;
+  return program_.files().folderExists(folder);
 }
 
 // --- Showing a folder ----------------------------------------------------------------------------------------------
@@ -255,8 +253,7 @@ std::string Navigation::folderForDrive(const std::string& drive) const {
 void Navigation::DriveChange(Panel& panel) {
   form_.Menu["WinStart"].Enabled = false;
   const std::string drive = paths::driveOf(panel.controls.Drive.Text.get());
-  platform::Result<platform::DriveInfo> info = platform::Error{};
-  if (!drive.empty()) program_.loop.runBlocking([&] { info = program_.platform.drives.info(drive.front()); });
+  const auto info = drive.empty() ? platform::Error{} : program_.drive(drive.front());
   if (!info || !info->ready) {
     program_.dialogs.alert("Drive Not Ready !, - Press Ok or Esc-key");
     ViewDriveSelection();

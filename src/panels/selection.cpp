@@ -147,8 +147,7 @@ void Selection::addSize(Panel& panel, controls::ListItem item, Sum& sum) {
     sum.bytes += panel.rows->entry(item.id()).size;
     return;
   }
-  platform::Result<platform::TreeSize> size = platform::Error{};
-  program_.loop.runBlocking([&] { size = program_.files().folderSize(panel.itemPath(item)); });
+  const auto size = program_.files().folderSize(panel.itemPath(item));
   if (size) sum.bytes += size->bytes;
   if (!size || !size->exact) sum.exact = false;
 }

@@ -39,8 +39,7 @@ bool isUnread(const controls::TreeNode& node) {
 
 bool addFolders(core::Program& program, controls::TreeView& tree, controls::TreeNode& node, const std::string& folder,
                 const std::function<void(std::size_t, std::size_t)>& each) {
-  platform::Result<platform::ListingPtr> listing = platform::Error{};
-  program.loop.runBlocking([&] { listing = program.files().list(folder); });
+  const auto listing = program.files().list(folder);
   tree.removeChildren(node);
   if (!listing) return false;
   const auto& folders = (*listing)->folders();

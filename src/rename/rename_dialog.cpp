@@ -154,7 +154,7 @@ void rename::Form14::showPicture() {
   std::string picture;
   if (hasPictureName(Item)) {
     const std::string path = platform::paths::join(Folder, Item);
-    program_.loop.runBlocking([&] { picture = program_.files().readFile(path).valueOr({}); });
+    picture = program_.files().readFile(path).valueOr({});
     if (!isPicture(picture)) picture.clear();
   }
   Image3.Visible = !picture.empty();

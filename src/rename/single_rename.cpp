@@ -17,8 +17,7 @@ Outcome SingleRename::rename(const Item& item, const std::string& newName) {
 
 Outcome SingleRename::run(const Item& item, const std::string& to,
                           const std::function<platform::Result<void>()>& call) {
-  platform::Result<void> result;
-  desk_.program.loop.runBlocking([&] { result = call(); });
+  const auto result = desk_.program.loop.ask(call);
   if (result) return Outcome::Renamed;
   const std::string newName(platform::paths::fileName(to));
   desk_.program.dialogs.alert(item.name + ",  - Cannot Rename !\r" + core::reasonOf(result.error(), newName));
