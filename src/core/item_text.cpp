@@ -70,11 +70,8 @@ std::string sizeKey(std::uint64_t bytes, const platform::RegionalFormats& region
 }
 
 std::int64_t dayNumber(const platform::CalendarTime& time) {
-  // Days of the proleptic Gregorian calendar, in years that begin in March; 1899-12-30 is day 693899 of it.
-  const std::int64_t year = time.month <= 2 ? std::int64_t{time.year} - 1 : time.year;
-  const std::int64_t era = (year >= 0 ? year : year - 399) / 400, yearOfEra = year - era * 400;
-  const std::int64_t dayOfYear = (153 * ((time.month + 9) % 12) + 2) / 5 + time.day - 1;
-  return era * 146097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - 693899;
+  constexpr std::int64_t from18991230 = 25569;
+  return platform::daysSince1970(time.year, time.month, time.day) + from18991230;
 }
 
 std::string dateKey(const platform::CalendarTime& time) {

@@ -17,4 +17,8 @@ struct CalendarTime {
   int year = 1970, month = 1, day = 1, hour = 0, minute = 0, second = 0, weekday = 4;
 };
 
+/// Days since 1970-01-01 in the proleptic Gregorian calendar, which the standard library knows for years of five digits
+/// alone. `month` from 1 to 12; `day` may lie out of range.
+std::int64_t daysSince1970(std::int64_t year, int month, std::int64_t day);
+
 }  // namespace varnholt::platform

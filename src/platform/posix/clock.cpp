@@ -12,16 +12,6 @@ constexpr std::int64_t furthest = 60'000'000'000'000'000;
 
 std::int64_t floorDivide(std::int64_t value, std::int64_t by) { return value / by - (value % by < 0 ? 1 : 0); }
 
-/// Days since 1970-01-01 in the proleptic Gregorian calendar, counted in years that begin in March, so that the leap
-/// day is the last of its year. `month` from 1 to 12; `day` may lie out of range.
-std::int64_t dayNumber(std::int64_t year, int month, std::int64_t day) {
-  constexpr std::int64_t daysOf400Years = 146097, marchOfYear0 = 719468;
-  if (month <= 2) --year;
-  const std::int64_t era = floorDivide(year, 400), yearOfEra = year - era * 400;
-  const std::int64_t dayOfYear = (153 * ((month + 9) % 12) + 2) / 5 + day - 1;
-  return era * daysOf400Years + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - marchOfYear0;
-}
-
 std::tm fieldsOf(std::int64_t seconds) {
   const auto moment = static_cast<std::time_t>(std::clamp(seconds, -furthest, furthest));
   std::tm fields{};
@@ -51,7 +41,7 @@ CalendarTime SystemClock::local(const Date& date) const {
 Date SystemClock::fromLocal(const CalendarTime& time) const {
   const std::int64_t months = std::int64_t{time.month} - 1, year = time.year + floorDivide(months, 12);
   const int month = static_cast<int>(months - floorDivide(months, 12) * 12) + 1;
-  const std::int64_t asUtc = dayNumber(year, month, time.day) * secondsOfDay + std::int64_t{time.hour} * 3600 +
+  const std::int64_t asUtc = daysSince1970(year, month, time.day) * secondsOfDay + std::int64_t{time.hour} * 3600 +
                              std::int64_t{time.minute} * 60 + time.second;
   // The moment lies within a day of its own digits, and the offset changes at most once around it: of all time zones
   // on record none has held an offset for less than three days.

@@ -2,6 +2,7 @@
 
 #include "platform/posix/copy_attributes.hpp"
 #include "platform/posix/entry_facts.hpp"
+#include "platform/posix/identity.hpp"
 #include "platform/posix/leftovers.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/temp_file.hpp"
@@ -26,8 +27,6 @@ Failed stopped() { return CopyFailure{{ErrorCode::Stopped, {}, "stopped"}, false
 std::string descriptorPath(int folder, const char* name) {
   return "/proc/self/fd/" + std::to_string(folder) + '/' + name;
 }
-
-bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
 
 /// Whether what has the target's name may be replaced. `exists` tells whether anything has it.
 Failed judgeTarget(const struct stat& source, CopySide& to, const char* name, const CopyRules& rules, bool& exists) {

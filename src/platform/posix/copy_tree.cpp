@@ -4,6 +4,7 @@
 #include "platform/posix/copy_file.hpp"
 #include "platform/posix/copy_undo.hpp"
 #include "platform/posix/delete_tree.hpp"
+#include "platform/posix/identity.hpp"
 #include "platform/posix/leftovers.hpp"
 #include "platform/posix/mounted_place.hpp"
 #include "platform/posix/path_parts.hpp"
@@ -14,8 +15,6 @@
 
 namespace varnholt::platform::posix {
 namespace {
-
-bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
 
 struct CopyFolder final : WalkFolder {
   UniqueFd target;

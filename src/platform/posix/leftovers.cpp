@@ -2,6 +2,7 @@
 
 #include "platform/posix/delete_tree.hpp"
 #include "platform/posix/dirents.hpp"
+#include "platform/posix/identity.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "platform/posix/tree_walk.hpp"
@@ -24,8 +25,6 @@ namespace varnholt::platform::posix {
 namespace {
 
 using Moment = std::chrono::steady_clock;
-
-bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
 
 /// The folders swept last, and when each is due again.
 template <class Key>

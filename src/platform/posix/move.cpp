@@ -4,6 +4,7 @@
 #include "platform/posix/copy_tree.hpp"
 #include "platform/posix/dirents.hpp"
 #include "platform/posix/entry_facts.hpp"
+#include "platform/posix/identity.hpp"
 #include "platform/posix/leftovers.hpp"
 #include "platform/posix/passing_names.hpp"
 #include "platform/posix/path_parts.hpp"
@@ -19,8 +20,6 @@
 
 namespace varnholt::platform::posix {
 namespace {
-
-bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
 
 bool folderHolds(int folder, const std::string& wanted) {
   const UniqueFd reader(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));

@@ -2,6 +2,7 @@
 
 #include "platform/posix/dirents.hpp"
 #include "platform/posix/file_contents.hpp"
+#include "platform/posix/identity.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "platform/posix/unique_fd.hpp"
 
@@ -26,8 +27,6 @@ std::string& notesFolder() {
   static std::string folder;
   return folder;
 }
-
-bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
 
 int renameIn(int folder, const std::string& from, const std::string& to) {
   return renameNoReplace(folder, from.c_str(), folder, to.c_str());

@@ -1,6 +1,7 @@
 #include "platform/posix/rename_batch.hpp"
 
 #include "platform/posix/dirents.hpp"
+#include "platform/posix/identity.hpp"
 #include "platform/posix/move.hpp"
 #include "platform/posix/passing_names.hpp"
 #include "platform/posix/posix_error.hpp"
@@ -22,8 +23,6 @@ namespace varnholt::platform::posix {
 namespace {
 
 using Numbers = std::vector<std::size_t>;
-
-bool sameInode(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
 
 UniqueFd openFolder(const std::string& folder) {
   return UniqueFd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));

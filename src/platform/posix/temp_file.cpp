@@ -1,5 +1,6 @@
 #include "platform/posix/temp_file.hpp"
 
+#include "platform/posix/identity.hpp"
 #include "platform/posix/mount_table.hpp"
 #include "platform/posix/tree_walk.hpp"
 
@@ -25,11 +26,8 @@ const std::string& namesOfThisMachine() {
   static const std::string start = [] {
     std::string machine = readSystemFile("/etc/machine-id");
     if (machine.empty()) machine = readSystemFile("/proc/sys/kernel/random/boot_id");
-    std::uint32_t hash = 2166136261u;  // FNV-1a
-    for (const unsigned char c : machine + "varnholt")
-      hash = (hash ^ c) * 16777619u;
     char text[24];
-    std::snprintf(text, sizeof text, ".vnh-%08x-", static_cast<unsigned>(hash));
+    std::snprintf(text, sizeof text, ".vnh-%08x-", static_cast<unsigned>(digest(machine + "varnholt")));
     return std::string(text);
   }();
   return start;

@@ -1,5 +1,7 @@
 #include "platform/posix/volume_facts.hpp"
 
+#include "platform/posix/identity.hpp"
+
 #include <algorithm>
 #include <charconv>
 #include <memory>
@@ -58,13 +60,6 @@ std::string undoUdevEscapes(std::string_view text) {
     }
   }
   return out;
-}
-
-std::uint32_t digest(std::string_view text) {
-  std::uint32_t hash = 2166136261u;  // FNV-1a
-  for (const char c : text)
-    hash = (hash ^ static_cast<unsigned char>(c)) * 16777619u;
-  return hash;
 }
 
 }  // namespace
