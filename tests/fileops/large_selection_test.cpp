@@ -1,6 +1,6 @@
 // Many small files are handled several at once. What the user sees must be what one by one would give.
 #include "operation_test.hpp"
-#include "platform/forwarding_file_system.hpp"
+#include "support/faulty_file_system.hpp"
 
 namespace varnholt::fileops {
 namespace {
@@ -167,6 +167,36 @@ TEST_F(LargeSelectionTest, AFileThatFailsInABatchIsTriedByItselfAndNoOtherIsAske
   ASSERT_TRUE(failing->failed);
   EXPECT_EQ(numbersIn("C:\\To"), "0-399");
   EXPECT_EQ(form().ItemsDone, 400u);
+}
+
+/// A volume that fills up, and counts what batches have brought to it.
+struct FillingUp : test::FaultyFileSystem {
+  using FaultyFileSystem::FaultyFileSystem;
+  platform::BatchResults copyFiles(const std::string& folder, const std::vector<std::string>& names,
+                                   const std::string& to, std::uint64_t limit,
+                                   const platform::Progress& progress) override {
+    auto results = FaultyFileSystem::copyFiles(folder, names, to, limit, progress);
+    inBatches += results.size();
+    return results;
+  }
+  std::size_t inBatches = 0;
+};
+
+TEST_F(LargeSelectionTest, AVolumeThatFillsUpInABatchEndsTheCopyAtThatFile) {
+  FillingUp* files = nullptr;
+  rig.useFiles([&](platform::FileSystem& real) {
+    auto made = std::make_unique<FillingUp>(real);
+    files = made.get();
+    return made;
+  });
+  rig.startLeft();
+  files->failsAfterBytes = 250 * name(0).size();
+  selectAll();
+  starts("Form3");
+  rig.loop.whenShows("Form11").press("Command1");  // it did not arrive; go no further
+  rig.command("Command1_Click");
+  EXPECT_EQ(numbersIn("C:\\To"), "150-399");
+  EXPECT_GT(files->inBatches, 200u);
 }
 
 }  // namespace
