@@ -52,6 +52,15 @@ Step& ScriptedLoop::whenShows(std::string form) {
   return *steps_.back();
 }
 
+void ScriptedLoop::meets(const std::vector<Answer>& answers) {
+  for (const Answer& each : answers) {
+    Step& step = whenShows(each.dialog);
+    if (!each.text.empty()) step.reads("Label1", each.text);
+    if (each.before) step.run([before = each.before](controls::Form&) { before(); });
+    each.button.empty() ? step.closes() : step.press(each.button);
+  }
+}
+
 Step& ScriptedLoop::whenBox(std::string title, controls::MessageAnswer answer, std::string text) {
   Step& step = whenShows(std::move(title));
   step.isBox = true;
