@@ -51,10 +51,10 @@ TEST(Drives, MapOverridesTheVolume) {
 TEST(Drives, VolumeOfAPathBelow) {
   TempFolder temp;
   temp.folder("a/b");
-  const auto volume = temp.files.volume(temp.path("a/b"));
+  const auto volume = temp.files.volume(temp.at("a/b"));
   ASSERT_TRUE(volume);
   EXPECT_EQ(volume->totalBytes, PosixDrives(temp.map).info('C')->totalBytes);
-  EXPECT_EQ(codeOf(temp.files.volume(temp.path("none"))), ErrorCode::NotFound);
+  EXPECT_EQ(codeOf(temp.files.volume(temp.at("none"))), ErrorCode::NotFound);
 }
 
 TEST(VolumeFacts, NamesOfFileSystems) {

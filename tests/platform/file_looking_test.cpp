@@ -42,7 +42,7 @@ TEST(List, FoldersAndFilesApartByLoweredName) {
       .file("a.txt")
       .file("\xC3\x84.txt")
       .file("\xC3\xA4.txt");
-  const auto listing = temp.files.list(temp.path());
+  const auto listing = temp.files.list(temp.at());
   ASSERT_TRUE(listing);
   EXPECT_EQ(namesOf((*listing)->folders()), (std::vector<std::string>{"Alpha", "beta"}));
   EXPECT_EQ(namesOf((*listing)->files()),
@@ -53,14 +53,14 @@ TEST(List, FactsInOnePass) {
   TempFolder temp;
   temp.file("old.txt", "12345", Date{-1000, 5}).file("new.txt", "", Date{5000000000, 999999999}).folder("f");
   const auto before = std::filesystem::current_path();
-  const auto listing = temp.files.list(temp.path());
+  const auto listing = temp.files.list(temp.at());
   ASSERT_TRUE(listing);
   EXPECT_EQ(std::filesystem::current_path(), before);
   const Entry* old = find(**listing, "old.txt");
   ASSERT_TRUE(old);
   EXPECT_EQ(old->size, 5u);
   EXPECT_EQ(old->modified, (Date{-1000, 5}));
-  EXPECT_EQ(temp.files.info(temp.path("old.txt"))->modified, (Date{-1000, 5}));
+  EXPECT_EQ(temp.files.info(temp.at("old.txt"))->modified, (Date{-1000, 5}));
   EXPECT_TRUE(old->hasDates);
   EXPECT_GT(old->created.seconds, 0);
   EXPECT_EQ(old->attributes, attribute::Archive);
@@ -77,7 +77,7 @@ TEST(List, LinksAreToldAsWhatTheyPointTo) {
       .link("toFile", "t")
       .link("gone", "nowhere")
       .link("loop", "loop");
-  const auto listing = temp.files.list(temp.path());
+  const auto listing = temp.files.list(temp.at());
   ASSERT_TRUE(listing);
   EXPECT_EQ(namesOf((*listing)->folders()), (std::vector<std::string>{"f", "toFolder"}));
   EXPECT_TRUE(find(**listing, "toFolder")->isLink);
@@ -93,13 +93,13 @@ TEST(List, SpecialFilesAreListedAndNeverOpened) {
   TempFolder temp;
   temp.pipe("pipe").link("toPipe", "pipe");
 
-  const auto listing = temp.files.list(temp.path());
+  const auto listing = temp.files.list(temp.at());
   ASSERT_TRUE(listing);
   for (const char* name : {"pipe", "toPipe"})
     EXPECT_EQ(find(**listing, name)->kind, EntryKind::Special) << name;
-  EXPECT_EQ(codeOf(temp.files.readFile(temp.path("pipe"))), ErrorCode::NotRegular);
-  EXPECT_EQ(codeOf(temp.files.fileVersion(temp.path("pipe"))), ErrorCode::NotRegular);
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("pipe"), temp.path("copy"), false)), ErrorCode::NotRegular);
+  EXPECT_EQ(codeOf(temp.files.readFile(temp.at("pipe"))), ErrorCode::NotRegular);
+  EXPECT_EQ(codeOf(temp.files.fileVersion(temp.at("pipe"))), ErrorCode::NotRegular);
+  EXPECT_EQ(codeOf(temp.files.copyFile(temp.at("pipe"), temp.at("copy"), false)), ErrorCode::NotRegular);
 }
 
 TEST(List, LargeFolderIsCompleteAndInOrder) {
@@ -107,7 +107,7 @@ TEST(List, LargeFolderIsCompleteAndInOrder) {
   constexpr int count = 12000;  // above what one thread sorts
   for (int i = 0; i < count; ++i)
     temp.file((i % 3 ? "Name-" : "name-") + std::to_string(i * 7919 % count), "");
-  const auto listing = temp.files.list(temp.path());
+  const auto listing = temp.files.list(temp.at());
   ASSERT_TRUE(listing);
   const auto names = namesOf((*listing)->files());
   EXPECT_EQ(names.size(), size_t{count});
@@ -121,12 +121,12 @@ TEST(List, FolderThatChangesMeanwhile) {
   std::atomic<bool> stop = false;
   std::thread changer([&] {
     for (int i = 0; !stop; i = (i + 1) % 50) {
-      temp.scratch.write("comes-" + std::to_string(i), "x");
+      temp.write("comes-" + std::to_string(i), "x");
       ::unlink(temp.system("comes-" + std::to_string((i + 25) % 50)).c_str());
     }
   });
   for (int round = 0; round < 30; ++round) {
-    const auto listing = temp.files.list(temp.path());
+    const auto listing = temp.files.list(temp.at());
     ASSERT_TRUE(listing);
     const auto& files = (*listing)->files();
     EXPECT_EQ(std::count_if(files.begin(), files.end(), [](auto& entry) { return entry.name.starts_with("stays-"); }),
@@ -139,12 +139,12 @@ TEST(List, FolderThatChangesMeanwhile) {
 TEST(List, Errors) {
   TempFolder temp;
   temp.file("file");
-  EXPECT_EQ(codeOf(temp.files.list(temp.path("none"))), ErrorCode::NotFound);
-  EXPECT_EQ(codeOf(temp.files.list(temp.path("file"))), ErrorCode::NotAFolder);
+  EXPECT_EQ(codeOf(temp.files.list(temp.at("none"))), ErrorCode::NotFound);
+  EXPECT_EQ(codeOf(temp.files.list(temp.at("file"))), ErrorCode::NotAFolder);
   EXPECT_EQ(codeOf(temp.files.list("Q:\\")), ErrorCode::InvalidPath);
   EXPECT_EQ(codeOf(temp.files.list("C:\\" + std::string(5000, 'x'))), ErrorCode::InvalidPath);
-  const auto missing = temp.files.list(temp.path("none/below"));
-  EXPECT_EQ(missing.error().path, temp.path("none/below")) << "errors speak of program paths";
+  const auto missing = temp.files.list(temp.at("none/below"));
+  EXPECT_EQ(missing.error().path, temp.at("none/below")) << "errors speak of program paths";
 }
 
 TEST(List, EntriesThatMayNotBeAskedAreStillListed) {
@@ -152,12 +152,12 @@ TEST(List, EntriesThatMayNotBeAskedAreStillListed) {
   temp.folder("locked").file("locked/a.txt").folder("locked/f").mode("locked", 0744).mode("", 0755);
   temp.folder("closed").mode("closed", 0700);
   EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
-    const auto listing = temp.files.list(temp.path("locked"));
+    const auto listing = temp.files.list(temp.at("locked"));
     ASSERT_TRUE(listing);
     ASSERT_TRUE(find(**listing, "a.txt"));
     EXPECT_FALSE(find(**listing, "a.txt")->hasDates);
     EXPECT_EQ(find(**listing, "f")->kind, EntryKind::Folder);
-    EXPECT_EQ(codeOf(temp.files.list(temp.path("closed"))), ErrorCode::AccessDenied);
+    EXPECT_EQ(codeOf(temp.files.list(temp.at("closed"))), ErrorCode::AccessDenied);
   }));
 }
 
@@ -167,9 +167,9 @@ TEST(Info, FileLargerThanFourGigabytes) {
   TempFolder temp;
   temp.file("huge", "");
   ASSERT_EQ(::truncate(temp.system("huge").c_str(), 5LL << 30), 0);
-  EXPECT_EQ(temp.files.info(temp.path("huge"))->size, 5ull << 30);
-  EXPECT_EQ(codeOf(temp.files.readFile(temp.path("huge"))), ErrorCode::TooLarge);
-  EXPECT_EQ(temp.files.folderSize(temp.path())->bytes, 5ull << 30);
+  EXPECT_EQ(temp.files.info(temp.at("huge"))->size, 5ull << 30);
+  EXPECT_EQ(codeOf(temp.files.readFile(temp.at("huge"))), ErrorCode::TooLarge);
+  EXPECT_EQ(temp.files.folderSize(temp.at())->bytes, 5ull << 30);
 }
 
 struct ExistsCase {
@@ -189,23 +189,23 @@ TEST(Exists, FilesAndFolders) {
                                            {"none", false, false},
                                            {"t/below", false, false},
                                            {"", false, true}}) {
-    EXPECT_EQ(temp.files.fileExists(temp.path(name)), file) << name;
-    EXPECT_EQ(temp.files.folderExists(temp.path(name)), folder) << name;
+    EXPECT_EQ(temp.files.fileExists(temp.at(name)), file) << name;
+    EXPECT_EQ(temp.files.folderExists(temp.at(name)), folder) << name;
   }
-  EXPECT_TRUE(temp.files.info(temp.path("toFile"))->isLink);
-  EXPECT_TRUE(temp.files.info(temp.path("gone"))->isDangling);
-  EXPECT_EQ(codeOf(temp.files.info(temp.path("none"))), ErrorCode::NotFound);
+  EXPECT_TRUE(temp.files.info(temp.at("toFile"))->isLink);
+  EXPECT_TRUE(temp.files.info(temp.at("gone"))->isDangling);
+  EXPECT_EQ(codeOf(temp.files.info(temp.at("none"))), ErrorCode::NotFound);
 }
 
 TEST(SameEntry, HoweverItIsSpelled) {
   TempFolder temp;
   temp.file("a").file("b").link("l", "a").hardLink("h", "a");
-  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), temp.path("a", 'E')));
-  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), "Z:" + temp.files.resolve("Z:" + temp.system("a"))->substr(2)));
-  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), temp.path("l")));
-  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), temp.path("h")));
-  EXPECT_FALSE(temp.files.sameEntry(temp.path("a"), temp.path("b")));
-  EXPECT_FALSE(temp.files.sameEntry(temp.path("none"), temp.path("none")));
+  EXPECT_TRUE(temp.files.sameEntry(temp.at("a"), temp.at("a", 'E')));
+  EXPECT_TRUE(temp.files.sameEntry(temp.at("a"), "Z:" + temp.files.resolve("Z:" + temp.system("a"))->substr(2)));
+  EXPECT_TRUE(temp.files.sameEntry(temp.at("a"), temp.at("l")));
+  EXPECT_TRUE(temp.files.sameEntry(temp.at("a"), temp.at("h")));
+  EXPECT_FALSE(temp.files.sameEntry(temp.at("a"), temp.at("b")));
+  EXPECT_FALSE(temp.files.sameEntry(temp.at("none"), temp.at("none")));
 }
 
 struct ResolveCase {
@@ -240,7 +240,7 @@ TEST(FolderSize, CountsFilesOfTheTreeAndFollowsNothing) {
   TempFolder temp;
   temp.file("tree/a", "12345").file("tree/f/b", "123").folder("tree/f/g").file("outside/big", std::string(1000, 'x'));
   temp.link("tree/toOutside", "../outside").link("tree/f/toBig", "../../outside/big").pipe("tree/pipe");
-  const auto size = temp.files.folderSize(temp.path("tree"));
+  const auto size = temp.files.folderSize(temp.at("tree"));
   ASSERT_TRUE(size);
   EXPECT_EQ(size->bytes, 8u);
   EXPECT_EQ(size->files, 5u);
@@ -254,7 +254,7 @@ TEST(FolderSize, WideTreeIsCountedOnce) {
     temp.file("tree/wide/" + std::to_string(i), "ab");
   for (int i = 0; i < 200; ++i)
     temp.file("tree/deep/" + std::to_string(i) + "/x/y", "c");
-  const auto size = temp.files.folderSize(temp.path("tree"));
+  const auto size = temp.files.folderSize(temp.at("tree"));
   ASSERT_TRUE(size);
   EXPECT_EQ(size->bytes, 6200u);
   EXPECT_EQ(size->files, 3200u);
@@ -265,7 +265,7 @@ TEST(FolderSize, UnreadableFolderMakesItInexact) {
   TempFolder temp;
   temp.file("tree/a", "123").file("tree/locked/b", "12345").mode("tree/locked", 0700).mode("", 0755);
   EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
-    const auto size = temp.files.folderSize(temp.path("tree"));
+    const auto size = temp.files.folderSize(temp.at("tree"));
     ASSERT_TRUE(size);
     EXPECT_EQ(size->bytes, 3u);
     EXPECT_FALSE(size->exact);
@@ -275,9 +275,9 @@ TEST(FolderSize, UnreadableFolderMakesItInexact) {
 TEST(FolderSize, StopsWhenAsked) {
   TempFolder temp;
   temp.file("tree/a");
-  EXPECT_EQ(codeOf(temp.files.folderSize(temp.path("tree"), [](std::uint64_t) { return false; })), ErrorCode::Stopped);
-  EXPECT_EQ(codeOf(temp.files.folderSize(temp.path("tree/a"))), ErrorCode::NotAFolder);
-  EXPECT_EQ(codeOf(temp.files.folderSize(temp.path("none"))), ErrorCode::NotFound);
+  EXPECT_EQ(codeOf(temp.files.folderSize(temp.at("tree"), [](std::uint64_t) { return false; })), ErrorCode::Stopped);
+  EXPECT_EQ(codeOf(temp.files.folderSize(temp.at("tree/a"))), ErrorCode::NotAFolder);
+  EXPECT_EQ(codeOf(temp.files.folderSize(temp.at("none"))), ErrorCode::NotFound);
 }
 
 TEST(FolderSize, MountedVolumesAreNotEntered) {
@@ -286,7 +286,7 @@ TEST(FolderSize, MountedVolumesAreNotEntered) {
   const auto mount = test::ScopedMount::memory(temp.system("tree/mounted"));
   if (!mount) GTEST_SKIP() << "no right to mount here";
   temp.file("tree/mounted/b", "12345");
-  const auto size = temp.files.folderSize(temp.path("tree"));
+  const auto size = temp.files.folderSize(temp.at("tree"));
   ASSERT_TRUE(size);
   EXPECT_EQ(size->bytes, 3u);
 }
