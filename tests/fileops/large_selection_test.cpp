@@ -2,8 +2,6 @@
 #include "operation_test.hpp"
 #include "support/faulty_file_system.hpp"
 
-#include <optional>
-
 namespace varnholt::fileops {
 namespace {
 
@@ -58,26 +56,6 @@ TEST_F(LargeSelectionTest, NothingBehindAQuestionIsTouchedBeforeItsAnswer) {
                          {"Form7", Cancel, source + name(100), holds("C:\\To", "100-399")}});
   EXPECT_EQ(numbersIn("C:\\To"), "100-399");
   EXPECT_EQ(rig.read(to(250)), "old");
-}
-
-TEST_F(LargeSelectionTest, AllOlderGoesThroughTargetsAndFreePlacesAlike) {
-  for (int number = 0; number < Count; number += 2) {
-    rig.write(to(number), "old");
-    rig.setDate(to(number), number % 4 ? 2001 : 2099, 1, 1);
-  }
-  all("Command1_Click", {{"Form3"}, existing(AllOlder)});
-  for (int number = 0; number < Count; ++number)
-    EXPECT_EQ(rig.read(to(number)), number % 4 == 0 ? "old" : name(number)) << number;
-}
-
-TEST_F(LargeSelectionTest, AMoveRefusesWhatExistsAndTakesTheRest) {
-  rig.write(to(300), "old");
-  auto refused = told("File Already exist on Target, - Cannot Move!");
-  refused.before = holds("C:\\From", "0-300");
-  all("Command3_Click", {{"Form5"}, refused});
-  EXPECT_EQ(numbersIn("C:\\From"), "300");
-  EXPECT_EQ(numbersIn("C:\\To"), "0-399");
-  EXPECT_EQ(rig.read(to(300)), "old");
 }
 
 TEST_F(LargeSelectionTest, ADeleteAsksAboutProtectedFilesInTheirOrder) {

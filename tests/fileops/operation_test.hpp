@@ -2,9 +2,6 @@
 
 #include "support/app_rig.hpp"
 
-#include <algorithm>
-#include <gtest/gtest.h>
-
 namespace varnholt::fileops {
 
 using test::no;

@@ -2,8 +2,6 @@
 #include "operation_test.hpp"
 #include "support/windows_program.hpp"
 
-#include <set>
-
 namespace varnholt::fileops {
 namespace {
 

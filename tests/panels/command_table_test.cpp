@@ -136,33 +136,6 @@ TEST(CommandRows, LastCommandNumbersLeadToTheirHandlers) {
   EXPECT_EQ(seen, given);
 }
 
-TEST(CommandRows, ModeWordsBelongToTheirHandlers) {
-  std::map<std::string, std::string> seen;
-  for (const Command& row : app::allCommands())
-    if (!row.mode.empty()) seen.emplace(row.handler, row.mode);
-
-  const std::map<std::string, std::string> given{
-      {"Command1_Click", "CopyMode"},         {"Command3_Click", "MoveMode"},
-      {"Command4_Click", "DeleteMode"},       {"Command5_Click", "FilterMode"},
-      {"Command11_Click", "FolderMode"},      {"Command12_Click", "PresetMode"},
-      {"Command13_Click", "EditMode"},        {"Command14_Click", "RenameMode"},
-      {"Command15_Click", "FilesMode"},       {"Command16_Click", "RecallMode"},
-      {"Command17_Click", "CleanMode"},       {"selectall_Click", "SelectMode"},
-      {"Inversel_Click", "SelectMode"},       {"Dos_Click", "DosMode"},
-      {"OpenBook_Click", "BookMarkMode"},     {"showfavor_Click", "FavoritMode"},
-      {"multiAtribut_Click", "AttributMode"}, {"Treeon_Click", "TreeMode"},
-      {"Viewuser_Click", "ViewMode"},         {"Com_Sync_Click", "CompareMode"}};
-  EXPECT_EQ(seen, given);
-}
-
-TEST(CommandRows, EachIconIsOfTheFamily) {
-  const std::filesystem::path icons = std::filesystem::path(VARNHOLT_SOURCE_DIR) / "assets" / "icons";
-  for (const Command& row : app::allCommands())
-    if (!row.icon.empty()) {
-      EXPECT_TRUE(std::filesystem::exists(icons / (row.icon + ".svg"))) << row.icon;
-    }
-}
-
 TEST(CommandRows, EachButtonOfTheWindowHasOneAndNoOther) {
   Window window;
   std::set<std::string> inRows, inWindow;
@@ -227,11 +200,6 @@ TEST(MainMenu, NoEntryTakesTheNameOfAnotherControl) {
     EXPECT_TRUE(seen.insert(control->name()).second) << control->name();
 }
 
-TEST(MainMenu, ExitEndsTheFileMenu) {
-  Window window;
-  EXPECT_EQ(window.form.Menu["FileMenu"].children().back()->name(), "exit_program");
-}
-
 // Names that handlers pass in code that no test may run.
 TEST(MainMenu, EveryNameInTheSourcesIsInTheTable) {
   Window window;
@@ -258,71 +226,6 @@ TEST(MainMenu, AnEntryThatIsMadeAnewTakesTheOthersPlaceInTheWindow) {
                                    window.form.Menu["FileMenu"].children().end());
   EXPECT_EQ(inMenu, std::set<const MenuItem*>{&window.form.Menu["Twice"]});
   EXPECT_EQ(std::ranges::count(window.form.controls(), "Twice", &controls::Control::name), 1);
-}
-
-TEST(MainMenu, EntriesReadAsTheyAlwaysDid) {
-  const std::map<std::string, std::string> given{
-      {"Viewall", "All Files  (*.*)   [Default]"},
-      {"ViewProg", "Programs Only (*.exe , *.Com)"},
-      {"Viewuser", "User Specification (User.user)"},
-      {"HidSysfiles", "Hidden and system Files"},
-      {"Viewfilter", "|  View Filter:  All Files  (*.*)"},
-      {"WinStart", "Goto Last Opened Folder When Drive Changed !"},
-      {"RunLastCommand", "Run Last Command"},
-      {"CmdLine", "CommandLine [Ctrl+Enter]"},
-      {"rootreset", "Return to Root Folder"},
-      {"BlueBlack", "Blue-Black (Default)"},
-      {"BrownBlack", "Brown-Black"},
-      {"GrayBlack", "Gray-Black"},
-      {"LeftToRight", "Set Left View = Right View"},
-      {"RigthToLeft", "Set Right View = Left View"},
-      {"SourceToTarget", "Set Target View = Source View"},
-      {"TargetFolder", "Set Target Drive Folder = Source Drive Folder"},
-      {"Com_Sync", "Normal Mode"},
-      {"Comp_SyncBatch", "Batch Mode"},
-      {"LLComp", "Line To Line Compare"},
-      {"CleanUpSearch", "CleanUp - Search"},
-      {"Filepatt", "Filter Function"},
-      {"LocalDesk", "Virtual DeskTop [on/off]"},
-      {"DelItems_Vd", "Detete Selected Item(s)"},
-      {"Clear_Vd", "Clear Virtual Desktop"},
-      {"OpenPro", "Open Project"},
-      {"NewPro", "New Project"},
-      {"DeletePro", "Delete Project"},
-      {"CopyVDT", "Copy Items (Simplified) From VDT"},
-      {"VDTstartup", "Enable Virtual DeskTop At StartUp"},
-      {"addfavor", "Add To Favorites"},
-      {"showfavor", "Open Favorites"},
-      {"presetsetup", "Open Static Presets"},
-      {"QuickFindFolder", "Quick Find Folder On Drive(s)"},
-      {"QuickFind", "Quick Find File In Active View"},
-      {"QuickFolderInView", "Quick Find Item In Active View"},
-      {"DiskInfo", "Quick Disk/Memory Information"},
-      {"DiskGraH", "Disk Usage In Graphics (Selected Items)"},
-      {"DrivetestAll", "Test Your Drives For Ready Condition !"},
-      {"Memory_fast", "Memory"},
-      {"attackdrive", "Map Drive"},
-      {"Detachdrive", "Disconnect Drive"},
-      {"NetOp", "Optimize Networking (XP/Vista)"},
-      {"CommaFile", "Selection > Comma File [ *.Csv  Excel ]"},
-      {"IPconfig", "IP Config Status"},
-      {"IPconfignew", "IP Config Renew"},
-      {"winexpl", "Windows Explorer (View Active Panel)"},
-      {"winexplBoth", "Windows Explorer (View Both Panels)"},
-      {"regedit", "Registry Editor"},
-      {"OutlookExpress", "Mail - Outlook Express"},
-      {"InternetB", "Internet Explorer (IE)"},
-      {"WinShutDown", "Windows Logoff"},
-      {"Readme", "Read me.."},
-      {"CleanPrefetch", "Clean Prefetch Folder"},
-      {"DelCookies", "Delete Cookies"},
-      {"DelRecent", "Delete Recent Files"},
-      {"Picview_Toggle", "Picture View - Toggle"},
-      {"Picview", "Picture Stretch [on/off]"},
-  };
-  Window window;
-  for (const auto& [name, text] : given)
-    EXPECT_EQ(window.form.Menu[name].Caption.get(), text) << name;
 }
 
 TEST(MainMenu, WhatIsNotBuiltYetIsDisabledAndSaysSo) {

@@ -3,10 +3,7 @@
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 
-#include <gtest/gtest.h>
-
 #include <cerrno>
-#include <random>
 
 #include <sys/syscall.h>
 #include <unistd.h>

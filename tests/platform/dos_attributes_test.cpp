@@ -2,8 +2,6 @@
 
 #include "support/temp_folder.hpp"
 
-#include <gtest/gtest.h>
-
 #include <sys/mount.h>
 #include <sys/xattr.h>
 #include <unistd.h>

@@ -2,8 +2,6 @@
 #include "platform/posix/volume_facts.hpp"
 #include "support/temp_folder.hpp"
 
-#include <gtest/gtest.h>
-
 #include <sys/statvfs.h>
 
 namespace varnholt::platform::posix {

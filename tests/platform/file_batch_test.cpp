@@ -1,9 +1,6 @@
 // The batch calls: as the single calls for the plain cases, and hands off from the first that is none.
 #include "support/temp_folder.hpp"
 
-#include <filesystem>
-#include <gtest/gtest.h>
-
 namespace varnholt::platform {
 namespace {
 

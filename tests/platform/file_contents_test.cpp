@@ -1,8 +1,6 @@
 #include "support/kill_at.hpp"
 #include "support/temp_folder.hpp"
 
-#include <gtest/gtest.h>
-
 #include <sys/xattr.h>
 
 namespace varnholt::platform {

@@ -3,11 +3,6 @@
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 
-#include <gtest/gtest.h>
-
-#include <atomic>
-#include <thread>
-
 #include <fcntl.h>
 #include <unistd.h>
 

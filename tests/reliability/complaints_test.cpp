@@ -2,11 +2,6 @@
 
 #include "user.hpp"
 
-#include <filesystem>
-#include <functional>
-#include <gtest/gtest.h>
-#include <set>
-
 namespace varnholt::test {
 namespace {
 

@@ -3,10 +3,6 @@
 #include "support/kill_at.hpp"
 #include "user.hpp"
 
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <memory>
-
 #include <sys/stat.h>
 #include <unistd.h>
 

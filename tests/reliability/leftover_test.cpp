@@ -7,8 +7,6 @@
 #include "support/waiting_child.hpp"
 #include "user.hpp"
 
-#include <csignal>
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>

@@ -2,8 +2,6 @@
 
 #include "user.hpp"
 
-#include <gtest/gtest.h>
-
 namespace varnholt::test {
 namespace {
 

@@ -1,8 +1,5 @@
 #include "user.hpp"
 
-#include <gtest/gtest.h>
-#include <utility>
-
 namespace varnholt::test {
 
 User::User(const World& world, AppRig::Wrapper wrapper) : rig(world.path()) {

@@ -3,11 +3,6 @@
 #include "support/app_rig.hpp"
 #include "world.hpp"
 
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
-
 namespace varnholt::test {
 
 /// A program that was started on a world, and its user. The left panel is the active one.

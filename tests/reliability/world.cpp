@@ -1,8 +1,5 @@
 #include "world.hpp"
 
-#include <filesystem>
-#include <random>
-
 #include <unistd.h>
 
 namespace varnholt::test {

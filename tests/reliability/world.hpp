@@ -4,10 +4,6 @@
 #include "support/scratch_folder.hpp"
 #include "support/tree_snapshot.hpp"
 
-#include <string>
-#include <string_view>
-#include <vector>
-
 namespace varnholt::test {
 
 /// The disk of a user: `C:` and `D:`, outliving the programs that are started on it. Names are given as "C:/From/a".

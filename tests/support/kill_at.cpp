@@ -1,11 +1,7 @@
 #include "support/kill_at.hpp"
+#include "support/testing.hpp"
 
-#include <algorithm>
-#include <csignal>
-#include <cstdint>
-#include <gtest/gtest.h>
 #include <iostream>
-#include <set>
 
 #include <fcntl.h>
 #include <sys/ptrace.h>

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <functional>
-#include <string>
+#include "support/testing.hpp"
 
 #include <sys/types.h>
 

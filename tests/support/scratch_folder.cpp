@@ -1,9 +1,6 @@
 #include "support/scratch_folder.hpp"
 
-#include <algorithm>
 #include <cstdlib>
-#include <gtest/gtest.h>
-#include <iterator>
 
 #include <fcntl.h>
 #include <sys/xattr.h>

@@ -1,14 +1,7 @@
 #pragma once
 
 #include "platform/clock.hpp"
-
-#include <filesystem>
-#include <fstream>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
+#include "support/testing.hpp"
 
 #include <sys/stat.h>
 

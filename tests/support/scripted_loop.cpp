@@ -1,8 +1,5 @@
 #include "support/scripted_loop.hpp"
 
-#include <algorithm>
-#include <gtest/gtest.h>
-
 namespace varnholt::test {
 
 using Step = ScriptedLoop::Step;

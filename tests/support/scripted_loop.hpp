@@ -2,12 +2,9 @@
 
 #include "controls/message_loop.hpp"
 #include "controls/standard.hpp"
+#include "support/testing.hpp"
 
 #include <deque>
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace varnholt::test {
 

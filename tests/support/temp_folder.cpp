@@ -2,9 +2,6 @@
 
 #include "support/kill_at.hpp"
 
-#include <algorithm>
-#include <gtest/gtest.h>
-
 #include <grp.h>
 #include <unistd.h>
 

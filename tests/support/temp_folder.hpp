@@ -3,8 +3,6 @@
 #include "platform/posix/file_system.hpp"
 #include "support/scratch_folder.hpp"
 
-#include <functional>
-
 namespace varnholt::test {
 
 /// A fresh folder with a drive map and a file system object of its own. `C:` is the folder, `E:` the same folder under
