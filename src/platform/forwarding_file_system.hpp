@@ -1,10 +1,14 @@
 #pragma once
 
 #include "platform/file_system.hpp"
+#include "platform/paths.hpp"
+
+#include <optional>
 
 namespace varnholt::platform {
 
-/// Passes every call on. A test derives from it and overrides only what it disturbs.
+/// Passes every call on. A test derives from it and overrides only what it disturbs. The batch calls go by the single
+/// calls of the same object, one file after the other, so that what is disturbed in those is met in batches too.
 class ForwardingFileSystem : public FileSystem {
  public:
   explicit ForwardingFileSystem(FileSystem& base) : base_(base) {}
@@ -75,8 +79,54 @@ class ForwardingFileSystem : public FileSystem {
     return base_.writeOut(path, wait, progress);
   }
 
+  BatchResults copyFiles(const std::string& folder, const std::vector<std::string>& names, const std::string& to,
+                         std::uint64_t limit, const Progress& progress = {}) override {
+    return oneByOne(folder, names, progress, [&](const EntryInfo& file, const std::string& path) -> Tried {
+      const std::string target = paths::join(to, file.name);
+      if (file.size > limit || !isFree(target)) return {};
+      return copyFile(path, target, false);
+    });
+  }
+  BatchResults moveFiles(const std::string& folder, const std::vector<std::string>& names, const std::string& to,
+                         const Progress& progress = {}) override {
+    return oneByOne(folder, names, progress, [&](const EntryInfo& file, const std::string& path) -> Tried {
+      const std::string target = paths::join(to, file.name);
+      if (!isFree(target)) return {};
+      return moveFile(path, target);
+    });
+  }
+  BatchResults deleteFiles(const std::string& folder, const std::vector<std::string>& names,
+                           const Progress& progress = {}) override {
+    return oneByOne(folder, names, progress, [&](const EntryInfo& file, const std::string& path) -> Tried {
+      if (file.attributes != attribute::Archive) return {};
+      return deleteFile(path, false);
+    });
+  }
+
  protected:
   FileSystem& base_;
+
+ private:
+  using Tried = std::optional<Result<void>>;
+
+  bool isFree(const std::string& path) const { return !fileExists(path) && !folderExists(path); }
+
+  /// `step` gives nothing for a file that is no plain case.
+  template <class Step>
+  BatchResults oneByOne(const std::string& folder, const std::vector<std::string>& names, const Progress& progress,
+                        const Step& step) const {
+    BatchResults results;
+    for (const std::string& name : names) {
+      const std::string path = paths::join(folder, name);
+      const auto file = info(path);
+      if (!file || file->isLink || file->kind != EntryKind::File) break;
+      const Tried tried = step(*file, path);
+      if (!tried) break;
+      results.push_back(*tried ? Result<std::uint64_t>(file->size) : (*tried).error());
+      if (!*tried || (progress && !progress(results.size()))) break;
+    }
+    return results;
+  }
 };
 
 }  // namespace varnholt::platform

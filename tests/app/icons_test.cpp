@@ -1,8 +1,6 @@
 #include "support/app_rig.hpp"
 #include "support/windows_program.hpp"
 
-#include <gtest/gtest.h>
-
 namespace varnholt::app {
 namespace {
 

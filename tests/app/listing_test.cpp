@@ -2,9 +2,6 @@
 
 #include "platform/forwarding_file_system.hpp"
 
-#include <algorithm>
-#include <filesystem>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -325,29 +322,21 @@ class CountingFiles : public platform::ForwardingFileSystem {
 TEST_F(ListingTest, AListingAsksOnceForTheFolderAndNothingForItsRows) {
   for (int number = 0; number < 300; ++number)
     rig.write("C:\\many\\" + std::to_string(number) + ".txt");
-  CountingFiles files(rig.platform->files);
-  platform::Platform counted{files,
-                             rig.platform->drives,
-                             rig.platform->environment,
-                             rig.platform->settings,
-                             rig.platform->registry,
-                             rig.platform->shell,
-                             rig.platform->fileTypes,
-                             rig.platform->system,
-                             rig.clock,
-                             {},
-                             rig.programFolder(),
-                             rig.platform->assetsFolder,
-                             {}};
-  App app(rig.loop, counted);
-  app.Form1.ListView1.ColumnHeaders = panels::panelColumns();
-  app.Form1.Panel1.setPath("C:\\many");
-  app.listing.filedir1();
-  app.Form1.ListView1.headerFromUser(3);
+  CountingFiles* files = nullptr;
+  rig.useFiles([&](platform::FileSystem& real) {
+    auto counting = std::make_unique<CountingFiles>(real);
+    files = counting.get();
+    return counting;
+  });
+  rig.startLeft();
+  files->listings = files->questions = 0;
+  left().setPath("C:\\many");
+  rig.app().listing.filedir1();
+  left().list.headerFromUser(3);
   for (std::uint32_t row = 0; row < 300; ++row)
-    cells(app.Form1.Panel1, row);
-  EXPECT_EQ(files.listings, 1);
-  EXPECT_EQ(files.questions, 0);
+    cells(left(), row);
+  EXPECT_EQ(files->listings, 1);
+  EXPECT_EQ(files->questions, 0);
 }
 
 }  // namespace

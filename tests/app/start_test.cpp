@@ -397,28 +397,5 @@ TEST_F(StartTest, LeavingCleansOnlyTheProgramsOwnTemporaryFiles) {
   EXPECT_TRUE(rig.loop.quitAsked);
 }
 
-TEST_F(StartTest, ADamagedSettingsFileIsSetAsideAndTold) {
-  ASSERT_TRUE(rig.start());
-  closeWindow();
-  const std::string file = programFile("\\settings.db");
-  ASSERT_TRUE(rig.platform->files.fileExists(file));
-  ASSERT_TRUE(rig.platform->files.writeFile(file, "this is no database at all, but it is long enough to look at"));
-  rig.restart();
-  rig.loop.whenShows("Form12").press("Command11");
-  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
-  EXPECT_TRUE(rig.app().Main());
-  EXPECT_TRUE(rig.platform->files.fileExists(file + ".damaged-1"));
-}
-
-TEST_F(StartTest, TheFolderOfADriveIsAChoiceThatStays) {
-  ASSERT_TRUE(rig.start());
-  EXPECT_FALSE(rig.menu("WinStart").Checked);
-  rig.menu("WinStart").choose();
-  closeWindow();
-  rig.restart();
-  ASSERT_TRUE(rig.start());
-  EXPECT_TRUE(rig.menu("WinStart").Checked);
-}
-
 }  // namespace
 }  // namespace varnholt::app

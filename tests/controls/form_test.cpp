@@ -3,8 +3,6 @@
 #include "controls/tree_view.hpp"
 #include "support/scripted_loop.hpp"
 
-#include <gtest/gtest.h>
-
 namespace varnholt::controls {
 namespace {
 

@@ -1,6 +1,5 @@
 #include "core/format.hpp"
-
-#include <gtest/gtest.h>
+#include "support/testing.hpp"
 
 #include <limits>
 

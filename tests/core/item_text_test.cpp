@@ -3,11 +3,7 @@
 #include "core/attribute_words.hpp"
 #include "core/name_split.hpp"
 #include "core/val_input_rule.hpp"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <map>
+#include "support/testing.hpp"
 
 namespace varnholt::core {
 namespace {

@@ -2,8 +2,6 @@
 
 #include "support/scripted_loop.hpp"
 
-#include <gtest/gtest.h>
-
 namespace varnholt::core {
 namespace {
 

@@ -5,9 +5,6 @@
 #include "core/text_file.hpp"
 #include "support/app_rig.hpp"
 
-#include <gtest/gtest.h>
-#include <set>
-
 namespace varnholt::core {
 namespace {
 

@@ -1,8 +1,5 @@
 #include "core/wildcard.hpp"
-
-#include <gtest/gtest.h>
-
-#include <string>
+#include "support/testing.hpp"
 
 namespace varnholt::core {
 namespace {

@@ -38,7 +38,7 @@ def road(program):
     program.keys("Home")
     wait("one selected", lambda: program.status_has("1  Item(s) Selected"))
     program.keys("alt+f", "r")
-    wait("the rename dialog", lambda: opened(program, "Rename Item(s)"))
+    program.dialog("Rename Item(s)")
     program.type_over("Sun")
     program.keys("Return")
     wait("the single name", lambda: "Sun" in program.rows(1))
@@ -52,7 +52,7 @@ def mask(program, start):
     program.keys("shift+End")
     wait("all selected", lambda: program.status_has(f"{COUNT}  Item(s) Selected"))
     program.keys("alt+f", "r")
-    dialog = wait("the rename dialog", lambda: opened(program, "Rename Item(s)"))
+    dialog = program.dialog("Rename Item(s)")
     button(program, dialog, "Mask Off")
     wait("the mask", lambda: program.find("check box", "Change Original Name", dialog))
     program.keys("alt+a")
@@ -63,16 +63,12 @@ def mask(program, start):
 
 def execute(program):
     program.keys("alt+e")
-    button(program, wait("the question", lambda: opened(program, "Alert !")), "Execute")
+    button(program, program.dialog("Alert !"), "Execute")
     wait("the dialog to go", lambda: not program.dialogs())
 
 
 def sizes(program, start):
     return [os.path.getsize(f"{program.home}/Pictures/Coast{number}.jpg") for number in range(start, start + COUNT)]
-
-
-def opened(program, title):
-    return next((each for each in program.dialogs() if each.get_name() == title), None)
 
 
 def button(program, dialog, name):

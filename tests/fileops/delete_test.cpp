@@ -6,26 +6,15 @@ namespace {
 
 class DeleteTest : public OperationTest {
  protected:
-  void confirms(int count, const std::string& button = "Command11") {
-    rig.loop.whenShows("Form11")
-        .reads("Label1",
-               "Warning!,- Direct deleting  " + std::to_string(count) + " File(s)/Folder(s) ? \rPlease use options ...")
-        .run([&](controls::Form&) { EXPECT_FALSE(rig.app().dialogs.Form11.Command2.Visible); })
-        .press(button);
+  static test::Answer asksFolder(const std::string& folder, const char* button) {
+    return {"Form11", button, "Folder is NOT Emty !\rDeleting  " + folder + "\r Subfolders and Files ?"};
   }
-  test::ScriptedLoop::Step& asksFolder(const std::string& folder) {
-    return rig.loop.whenShows("Form11")
-        .reads("Label1", "Folder is NOT Emty !\rDeleting  " + folder + "\r Subfolders and Files ?")
-        .run([&](controls::Form&) { EXPECT_TRUE(rig.app().dialogs.Form11.Command2.Visible); });
-  }
-  /// Steps are nested: the dialog stays open while its button works.
-  void run() { rig.command("Command4_Click"); }
 };
 
 /// A drive of which every call must be one that windows can wait for.
 class SlowDrive : public platform::ForwardingFileSystem {
  public:
-  SlowDrive(platform::FileSystem& base, const test::ScriptedLoop& loop) : ForwardingFileSystem(base), loop_(loop) {}
+  using ForwardingFileSystem::ForwardingFileSystem;
   platform::Result<platform::EntryInfo> info(const std::string& path) const override {
     return asked(path), base_.info(path);
   }
@@ -45,37 +34,31 @@ class SlowDrive : public platform::ForwardingFileSystem {
   platform::Result<void> deleteFile(const std::string& path, bool force) override {
     return asked(path), base_.deleteFile(path, force);
   }
+  const test::ScriptedLoop* loop = nullptr;
 
  private:
-  void asked(const std::string& path) const { EXPECT_TRUE(loop_.blocked > 0 || !path.starts_with("D:")) << path; }
-  const test::ScriptedLoop& loop_;
+  void asked(const std::string& path) const {
+    EXPECT_TRUE(!loop || loop->blocked > 0 || !path.starts_with("D:")) << path;
+  }
 };
 
 TEST_F(DeleteTest, ADriveThatDoesNotAnswerHoldsUpNoWindow) {
-  rig.useFiles([this](platform::FileSystem& real) { return std::make_unique<SlowDrive>(real, rig.loop); });
+  use<SlowDrive>().loop = &rig.loop;
   for (const char* file : {"D:\\From\\a.txt", "D:\\From\\b.txt", "D:\\From\\c.txt"})
     rig.write(file);
   rig.makeFolder("D:\\To");
-  rig.startLeft();
-  select({"a"}, "D:\\From", "D:\\To");
-  starts("Form3");
-  rig.command("Command1_Click");
-  select({"b"}, "D:\\From", "D:\\To");
-  starts("Form5");
-  rig.command("Command3_Click");
-  select({"c"}, "D:\\From", "D:\\To");
-  starts("Form4");
-  confirms(1);
-  run();
-  starts("Form3");
+  const Places places{"D:\\From", "D:\\To"};
+  copy({"a"}, {}, places);
+  move({"b"}, {}, places);
+  remove({"c"}, {}, places);
+  rig.loop.meets({{"Form3"}});
   ops().dropFiles(left(), {"D:\\To\\b.txt"}, false);
   EXPECT_TRUE(rig.exists("D:\\To\\a.txt") && rig.exists("D:\\To\\b.txt") && rig.exists("D:\\From\\b.txt"));
   EXPECT_FALSE(rig.exists("D:\\From\\c.txt"));
 }
 
-TEST_F(DeleteTest, TheDialogTellsWhereItDeletes) {
-  rig.write("C:\\From\\a.txt");
-  rig.write("C:\\From\\b.txt");
+TEST_F(DeleteTest, TheDialogTellsWhereItDeletesAndAnythingButYesDeletesNothing) {
+  write({"From\\a.txt", "From\\b.txt"});
   select({"a"});
   rig.loop.whenShows("Form4")
       .reads("Text2", "a.txt")
@@ -87,142 +70,80 @@ TEST_F(DeleteTest, TheDialogTellsWhereItDeletes) {
       .press("Command3")
       .reads("Label4", "Size of selected Item(s) :  1   Bytes")
       .press("Command2");
-  run();
-  select({"a", "b"});
-  rig.loop.whenShows("Form4").reads("Text2", "MultiDelete Selected !").press("Command2");
-  rig.command("Deleteitems_Click");
-  EXPECT_TRUE(rig.exists("C:\\From\\a.txt"));
+  rig.command("Command4_Click");
+  const std::string question = "Warning!,- Direct deleting  2 File(s)/Folder(s) ? \rPlease use options ...";
+  for (const auto& answer : {no(question), test::Answer{"Form11", "", question}}) {
+    select({"a", "b"});
+    rig.loop.whenShows("Form4").reads("Text2", "MultiDelete Selected !").press("Command11");
+    rig.loop.meets({answer});
+    rig.command("Deleteitems_Click");
+  }
+  EXPECT_TRUE(rig.exists("C:\\From\\a.txt") && rig.exists("C:\\From\\b.txt"));
 }
 
-TEST_F(DeleteTest, DeletesFilesAndEmptyFoldersWithOneQuestion) {
-  rig.write("C:\\From\\a.txt");
+TEST_F(DeleteTest, DeletesFilesLinksAndEmptyFoldersWithOneQuestion) {
+  write({"From\\a.txt", "From\\b.txt", "From\\z.txt", "Kept\\file"});
   rig.makeFolder("C:\\From\\Empty\\below");
-  rig.write("C:\\From\\b.txt");
-  rig.write("C:\\From\\z.txt");
-  select({"a", "\\ Empty"});
-  starts("Form4");
-  confirms(2);
-  run();
-  EXPECT_EQ(rig.names(left()), (std::vector<std::string>{"b|txt", "z|txt"}));
-  // The row that follows has the focus.
-  ASSERT_TRUE(left().list.SelectedItem());
+  std::filesystem::create_directory_symlink(rig.systemPath("C:\\Kept"), rig.systemPath("C:\\From\\Link"));
+  remove({"a", "\\ Empty", "\\ Link"});
+  EXPECT_EQ(rig.names(left()), (Names{"b|txt", "z|txt"}));
+  EXPECT_TRUE(rig.exists("C:\\Kept\\file"));
+  EXPECT_TRUE(left().list.SelectedItem()) << "the row that follows has the focus";
   EXPECT_TRUE(left().list.hasFocus());
 }
 
-TEST_F(DeleteTest, AnythingButYesDeletesNothing) {
-  rig.write("C:\\From\\a.txt");
-  select({"a"});
-  starts("Form4");
-  confirms(1, "Command1");
-  run();
-  EXPECT_TRUE(rig.exists("C:\\From\\a.txt"));
-  select({"a"});
-  starts("Form4");
-  rig.loop.whenShows("Form11").closes();
-  run();
-  EXPECT_TRUE(rig.exists("C:\\From\\a.txt"));
-}
-
 TEST_F(DeleteTest, FoldersWithContentsAreAskedAboutUntilAllIsAnswered) {
-  for (const char* name : {"1", "2", "3", "4"})
-    rig.write("C:\\From\\F" + std::string(name) + "\\file");
+  write({"From\\F1\\file", "From\\F2\\file", "From\\F3\\file", "From\\F4\\file"});
+  const auto allOffered = [&](bool offered, test::Answer answer) {
+    answer.before = [this, offered] { EXPECT_EQ(rig.app().dialogs.Form11.Command2.Visible, offered); };
+    return answer;
+  };
   select({"\\ F1", "\\ F2", "\\ F3", "\\ F4"});
-  starts("Form4");
-  confirms(4);
-  asksFolder("C:\\From\\F4").press("Command1");
-  asksFolder("C:\\From\\F3").press("Command11");
-  asksFolder("C:\\From\\F2").press("Command2");
-  run();
-  EXPECT_EQ(rig.names(left()), std::vector<std::string>{"\\ F4| "});
-  // The answer does not reach the next operation.
-  select({"\\ F4"});
-  starts("Form4");
-  confirms(1);
-  asksFolder("C:\\From\\F4").press("Command1");
-  run();
+  start("Command4_Click", {{"Form4"}, allOffered(false, yes())},
+        {allOffered(true, asksFolder("C:\\From\\F4", "Command1")), asksFolder("C:\\From\\F3", "Command11"),
+         asksFolder("C:\\From\\F2", "Command2")});
+  EXPECT_EQ(rig.names(left()), Names{"\\ F4| "});
+  remove({"\\ F4"}, {asksFolder("C:\\From\\F4", "Command1")});  // the answer does not reach the next operation
   EXPECT_TRUE(rig.exists("C:\\From\\F4\\file"));
 }
 
 TEST_F(DeleteTest, AttributesAreAskedAboutAndTheAnswersHold) {
-  for (const char* name : {"a", "b", "c", "d", "e"}) {
-    const std::string path = std::string("C:\\From\\") + name;
-    rig.write(path);
-    ASSERT_TRUE(files().setAttributes(path, platform::attribute::ReadOnly));
-  }
-  rig.write("C:\\From\\plain");
-  select({"a", "b", "c", "d", "e", "plain"});
-  starts("Form4");
-  confirms(6);
-  rig.loop.whenShows("Form10")
-      .reads("Label1", "Current File:  e\r Are marked:  Readonly\rPlease use Command Options !")
-      .press("Command11");
-  rig.loop.whenShows("Form10").press("Command2");  // d: skip
-  rig.loop.whenShows("Form10").press("Command3");  // c: cancel all
-  run();
-  EXPECT_EQ(rig.names(left()), (std::vector<std::string>{"a|", "b|", "c|", "d|"}));
-
-  select({"a", "b", "c"});
-  starts("Form4");
-  confirms(3);
-  rig.loop.whenShows("Form10").press("Command1");  // c: all
-  run();
-  EXPECT_EQ(rig.names(left()), std::vector<std::string>{"d|"});
+  write({"From\\a", "From\\b", "From\\c", "From\\d", "From\\e", "From\\plain"});
+  for (const char* name : {"a", "b", "c", "d", "e"})
+    protect(std::string("C:\\From\\") + name);
+  remove({"a", "b", "c", "d", "e", "plain"},
+         {isProtected(Anyway, "Current File:  e\r Are marked:  Readonly\rPlease use Command Options !"),
+          isProtected(SkipIt), isProtected(CancelAll)});
+  EXPECT_EQ(rig.names(left()), (Names{"a|", "b|", "c|", "d|"}));
+  remove({"a", "b", "c"}, {isProtected(AnywayAll)});
+  EXPECT_EQ(rig.names(left()), Names{"d|"});
 }
 
 TEST_F(DeleteTest, WhatCannotBeDeletedIsAskedAbout) {
   // A value that is not listed gets no question, and read-only it stays.
-  rig.write("C:\\From\\five");
-  ASSERT_TRUE(files().setAttributes("C:\\From\\five", 5));
-  rig.write("C:\\From\\a");
+  write({"From\\five", "From\\a"});
+  protect("C:\\From\\five", 5);
   const std::string question = "Varnholt Was Not Able To Delete File:  \rfive  On Target !"
                                "Unknown Reason, But Media Not Accessable/ReadOnly !";
-  select({"a", "five"});
-  starts("Form4");
-  confirms(2);
-  rig.loop.whenShows("Form11").reads("Label1", question).press("Command1");
-  run();
+  remove({"a", "five"}, {no(question)});
   EXPECT_TRUE(rig.exists("C:\\From\\a"));
-  select({"a", "five"});
-  starts("Form4");
-  confirms(2);
-  rig.loop.whenShows("Form11").reads("Label1", question).press("Command11");
-  run();
-  EXPECT_EQ(rig.names(left()), std::vector<std::string>{"five|"});
-}
-
-TEST_F(DeleteTest, ALinkToAFolderGoesAloneAndUnasked) {
-  rig.write("C:\\Kept\\file");
-  std::filesystem::create_directory_symlink(rig.systemPath("C:\\Kept"), rig.systemPath("C:\\From\\Link"));
-  select({"\\ Link"});
-  starts("Form4");
-  confirms(1);
-  run();
-  EXPECT_FALSE(rig.exists("C:\\From\\Link"));
-  EXPECT_TRUE(rig.exists("C:\\Kept\\file"));
+  remove({"a", "five"}, {yes(question)});
+  EXPECT_EQ(rig.names(left()), Names{"five|"});
 }
 
 TEST_F(DeleteTest, StopLeavesTheRest) {
-  for (const char* name : {"a", "b", "c"})
-    rig.write(std::string("C:\\From\\") + name);
-  select({"a", "b", "c"});
+  write({"From\\a", "From\\b", "From\\c"});
   int turns = 0;
   rig.loop.onTurn = [&] {
     if (++turns == 2) ops().Form4.Command1.press();
   };
-  starts("Form4");
-  confirms(3);
-  rig.loop.whenShows("Form12").reads("Label1", "Delete Process Aborted. !\r").press("Command11");
-  run();
-  EXPECT_EQ(rig.names(left()), (std::vector<std::string>{"a|", "b|"}));
+  remove({"a", "b", "c"}, {told("Delete Process Aborted. !")});
+  EXPECT_EQ(rig.names(left()), (Names{"a|", "b|"}));
 }
 
 TEST_F(DeleteTest, APanelInADeletedFolderIsLeftOnOneThatExists) {
-  rig.write("C:\\From\\Sub\\file");
-  select({"\\ Sub"}, "C:\\From", "C:\\From\\Sub");
-  starts("Form4");
-  confirms(1);
-  asksFolder("C:\\From\\Sub").press("Command11");
-  run();
+  write({"From\\Sub\\file"});
+  remove({"\\ Sub"}, {asksFolder("C:\\From\\Sub", "Command11")}, {.to = "C:\\From\\Sub"});
   EXPECT_EQ(right().path(), "C:\\From\\");
 }
 

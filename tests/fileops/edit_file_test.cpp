@@ -13,8 +13,8 @@ class EditFileTest : public OperationTest {
     select({});
   }
   /// Files that were opened in the editor.
-  std::vector<std::string> edited() {
-    std::vector<std::string> files;
+  Names edited() {
+    Names files;
     for (const auto& [command, folder] : shell->started) {
       const auto at = command.find("notepad.exe\" \"");
       EXPECT_NE(at, std::string::npos) << command;
@@ -22,11 +22,8 @@ class EditFileTest : public OperationTest {
     }
     return files;
   }
-  void types(const std::string& name) {
-    rig.loop.whenShows("Form32").run([this, name](controls::Form&) {
-      ops().Form32.Text1.typeFromUser(name);
-      ops().Form32.Command11.press();
-    });
+  test::Answer types(const std::string& name) {
+    return {"Form32", "Command11", "", [this, name] { ops().Form32.Text1.typeFromUser(name); }};
   }
 
   test::RecordingShell* shell = nullptr;
@@ -35,19 +32,17 @@ class EditFileTest : public OperationTest {
 TEST_F(EditFileTest, TheFileInFocusIsEdited) {
   rig.click(left(), "a");
   rig.command("Command2_Click");
-  EXPECT_EQ(edited(), std::vector<std::string>{"C:\\From\\a.txt"});
+  EXPECT_EQ(edited(), Names{"C:\\From\\a.txt"});
   rig.click(left(), "\\ Sub");
   EXPECT_FALSE(form().Command2.Enabled);
-  rig.loop.whenShows("Form13").reads("Label1", " No Items selected. ! ").closes();
-  rig.command("EditFile_Click");
+  start("EditFile_Click", {test::noticed(" No Items selected. ! ")}, {});
 }
 
 TEST_F(EditFileTest, AFileIsMadeListedAndEdited) {
-  types(" new.txt ");
-  rig.command("Command13_Click");
+  start("Command13_Click", {types(" new.txt ")}, {});
   EXPECT_TRUE(rig.exists("C:\\From\\new.txt"));
-  EXPECT_EQ(rig.names(left()), (std::vector<std::string>{"\\ Sub| ", "a|txt", "new|txt"}));
-  EXPECT_EQ(edited(), std::vector<std::string>{"C:\\From\\new.txt"});
+  EXPECT_EQ(rig.names(left()), (Names{"\\ Sub| ", "a|txt", "new|txt"}));
+  EXPECT_EQ(edited(), Names{"C:\\From\\new.txt"});
   EXPECT_FALSE(rig.app().dispatcher.busy);
 }
 
@@ -61,7 +56,7 @@ TEST_F(EditFileTest, NamesThatMakeNoFileAreToldAndAskedForAgain) {
     EXPECT_TRUE(dialog.Visible);
     dialog.Command1.press();
     EXPECT_EQ(dialog.Text1.Text.get(), "");
-    rig.loop.whenShows("Form12").reads("Label1", "[ ?InValid Chr. In Filename !, \r").press("Command11");
+    rig.loop.meets({told("[ ?InValid Chr. In Filename !, ")});
     dialog.Text1.typeFromUser("what?.txt");
     dialog.Command11.press();
     EXPECT_TRUE(dialog.Visible);
@@ -72,18 +67,13 @@ TEST_F(EditFileTest, NamesThatMakeNoFileAreToldAndAskedForAgain) {
 }
 
 TEST_F(EditFileTest, AnExistingFileIsReplacedOnlyWhenTheUserAgrees) {
+  const std::string question = "File:  a.txt\rAlready Exist !, OverWrite ?";
   for (const bool agrees : {false, true}) {
-    types("a.txt");
-    rig.loop.whenShows("Form11")
-        .reads("Label1", "File:  a.txt\rAlready Exist !, OverWrite ?")
-        .press(agrees ? "Command11" : "Command1");
-    rig.command("Command13_Click");
+    start("Command13_Click", {types("a.txt"), agrees ? yes(question) : no(question)}, {});
     EXPECT_EQ(rig.read("C:\\From\\a.txt"), agrees ? "" : "a");
   }
-  types("Sub");
-  rig.loop.whenShows("Form12").reads("Label1", "Folder:  Sub\rAlready Exist !\r").press("Command11");
-  rig.command("Command13_Click");
-  EXPECT_EQ(edited(), std::vector<std::string>{"C:\\From\\a.txt"});
+  start("Command13_Click", {types("Sub"), told("Folder:  Sub\rAlready Exist !")}, {});
+  EXPECT_EQ(edited(), Names{"C:\\From\\a.txt"});
 }
 
 }  // namespace

@@ -2,15 +2,22 @@
 
 #include "support/app_rig.hpp"
 
-#include <algorithm>
-#include <gtest/gtest.h>
-
 namespace varnholt::fileops {
+
+using test::no;
+using test::told;
+using test::yes;
+
+/// The folders of the two panels.
+struct Places {
+  std::string from = "C:\\From", to = "C:\\To";
+};
 
 /// Both panels on folders of their own, the left one active: "C:\From\" and "C:\To\".
 class OperationTest : public testing::Test {
  protected:
-  static constexpr controls::Modifiers Ctrl{false, true, false};
+  using Names = std::vector<std::string>;
+  using Answers = std::vector<test::Answer>;
 
   void SetUp() override {
     rig.makeFolder("C:\\From");
@@ -18,25 +25,69 @@ class OperationTest : public testing::Test {
     rig.startLeft();
   }
 
+  void write(const Names& paths) {
+    for (const std::string& path : paths)
+      rig.write("C:\\" + path);
+  }
   /// Lists the folders anew and selects these rows of the left panel, in this order.
-  void select(const std::vector<std::string>& rows, const std::string& from = "C:\\From",
-              const std::string& to = "C:\\To") {
-    ASSERT_TRUE(rig.app().navigation.goTo(left(), from));
-    ASSERT_TRUE(rig.app().navigation.goTo(right(), to));
+  void select(const Names& rows, const Places& places = {}) {
+    ASSERT_TRUE(rig.app().navigation.goTo(left(), places.from));
+    ASSERT_TRUE(rig.app().navigation.goTo(right(), places.to));
     left().list.SetFocus();
     bool first = true;
-    for (const std::string& row : rows) {
-      rig.click(left(), row, std::exchange(first, false) ? controls::Modifiers{} : Ctrl);
-    }
+    for (const std::string& row : rows)
+      rig.click(left(), row, std::exchange(first, false) ? controls::Modifiers{} : controls::Modifiers{false, true});
   }
-  std::string windows(const std::string& path) const { return rig.read(path); }
+  /// Selects these rows, starts the operation in its dialog, and meets these dialogs.
+  void copy(const Names& rows, const Answers& answers = {}, const Places& places = {}) {
+    select(rows, places);
+    start("Command1_Click", {{"Form3"}}, answers);
+  }
+  void move(const Names& rows, const Answers& answers = {}, const Places& places = {}) {
+    select(rows, places);
+    start("Command3_Click", {{"Form5"}}, answers);
+  }
+  /// Yes is the answer to the question about all.
+  void remove(const Names& rows, const Answers& answers = {}, const Places& places = {}) {
+    select(rows, places);
+    start("Command4_Click", {{"Form4"}, yes()}, answers);
+  }
+  void start(const char* handler, const Answers& dialogs, const Answers& answers) {
+    rig.loop.meets(dialogs);
+    rig.loop.meets(answers);
+    rig.command(handler);
+  }
+  /// What is done to an existing target.
+  static test::Answer existing(const char* button, const std::string& name = {}) {
+    return {"Form7", button, name.empty() ? name : "Source FileName:     " + name};
+  }
+  static constexpr const char *ThisOne = "Command11", *Skip = "Command1", *Cancel = "Command2", *AllOlder = "Command3",
+                              *RenameIt = "Command4", *All = "Command6";
+  /// What is done about a protected file.
+  static test::Answer isProtected(const char* button, const std::string& text = {}) { return {"Form10", button, text}; }
+  static constexpr const char *Anyway = "Command11", *AnywayAll = "Command1", *SkipIt = "Command2",
+                              *CancelAll = "Command3";
+  /// Puts a file system of that kind between the program and the disk, and starts the program.
+  template <class Files>
+  Files& use() {
+    Files* files = nullptr;
+    rig.useFiles([&](platform::FileSystem& real) {
+      auto made = std::make_unique<Files>(real);
+      files = made.get();
+      return made;
+    });
+    OperationTest::SetUp();
+    return *files;
+  }
+
   panels::Form1& form() { return rig.form(); }
   panels::Panel& left() { return rig.form().Panel1; }
   panels::Panel& right() { return rig.form().Panel2; }
   FileOps& ops() { return rig.app().fileops; }
   platform::FileSystem& files() { return rig.platform->files; }
-  /// Expects that dialog, and that its start button is pressed.
-  test::ScriptedLoop::Step& starts(const std::string& dialog) { return rig.loop.whenShows(dialog).press("Command11"); }
+  void protect(const std::string& path, platform::Attributes attributes = platform::attribute::ReadOnly) {
+    ASSERT_TRUE(files().setAttributes(path, attributes));
+  }
 
   test::AppRig rig;
 };

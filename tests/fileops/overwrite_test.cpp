@@ -1,6 +1,5 @@
 // What becomes of a target that exists: the question, its six answers, attributes, versions, dates.
 #include "operation_test.hpp"
-
 #include "support/windows_program.hpp"
 
 namespace varnholt::fileops {
@@ -21,29 +20,36 @@ TEST(NotNewer, TwoSecondsAreNoDifference) {
 
 class OverwriteTest : public OperationTest {
  protected:
-  void pair(const std::string& name, int sourceYear = 2010, int targetYear = 2010) {
-    rig.write("C:\\From\\" + name, "new " + name);
-    rig.write("C:\\To\\" + name, "old " + name);
-    rig.setDate("C:\\From\\" + name, sourceYear, 5, 6);
-    rig.setDate("C:\\To\\" + name, targetYear, 5, 6);
+  void pairs(const Names& names, int sourceYear = 2010) {
+    for (const std::string& name : names) {
+      rig.write("C:\\From\\" + name, "new " + name);
+      rig.write("C:\\To\\" + name, "old " + name);
+      rig.setDate("C:\\From\\" + name, sourceYear, 5, 6);
+      rig.setDate("C:\\To\\" + name, 2010, 5, 6);
+    }
   }
-  bool replaced(const std::string& name) { return rig.read("C:\\To\\" + name) == "new " + name; }
+  /// The names in the target whose files are new.
+  std::set<std::string> replaced() const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(rig.systemPath("C:\\To"))) {
+      const std::string name = entry.path().filename();
+      if (entry.is_regular_file() && rig.read("C:\\To\\" + name).starts_with("new ")) names.insert(name);
+    }
+    return names;
+  }
   void age(const std::string& path, std::int64_t seconds) {
     Date date = files().info(path)->modified;
     date.seconds += seconds;
     ASSERT_TRUE(files().setModified(path, date));
   }
-  void protect(const std::string& path, platform::Attributes attributes) {
-    ASSERT_TRUE(files().setAttributes(path, attributes));
-  }
+  using Set = std::set<std::string>;
 };
 
 TEST_F(OverwriteTest, TheQuestionComparesBothFiles) {
-  pair("a.txt", 2012, 2010);
+  pairs({"a.txt"}, 2012);
   rig.write("C:\\From\\a.txt", std::string(1234, 'x'));
   rig.setDate("C:\\From\\a.txt", 2012, 5, 6);
-  select({"a"});
-  starts("Form3");
+  rig.loop.meets({{"Form3"}});
   rig.loop.whenShows("Form7")
       .reads("Caption", "Overwrite Warning !, - Files Not Equal !")
       .reads("Label1", "Source FileName:     a.txt")
@@ -52,13 +58,13 @@ TEST_F(OverwriteTest, TheQuestionComparesBothFiles) {
       .reads("Label4", "Date L.m: 06-05-10  12:00   Size: 9   Version: NA")
       .run([&](controls::Form&) { EXPECT_TRUE(ops().Form7.Command4.Enabled); })
       .press("Command1");
+  select({"a"});
   rig.command("Command1_Click");
-
-  pair("a.txt");
+  pairs({"a.txt"});
   age("C:\\To\\a.txt", 2);
   rig.app().program.init.DateTimeFormat = "1";
   select({"a"});
-  starts("Form3");
+  rig.loop.meets({{"Form3"}});
   rig.loop.whenShows("Form7")
       .reads("Caption", "Overwrite Warning !, - Files Equal !")
       .reads("Label2", "Date L.m: 05-06-10  12:00 PM   Size: 9   Version: NA")
@@ -66,8 +72,8 @@ TEST_F(OverwriteTest, TheQuestionComparesBothFiles) {
   rig.command("Command1_Click");
   const std::string deep = "C:\\" + std::string(40, 'd');
   rig.write(deep + "\\a.txt");
-  select({"a"}, "C:\\From", deep);
-  starts("Form3");
+  select({"a"}, {.to = deep});
+  rig.loop.meets({{"Form3"}});
   rig.loop.whenShows("Form7")
       .reads("Label3", "Target FileName:     ..." + std::string(34, 'd') + "\\a.txt")
       .press("Command2");
@@ -75,56 +81,81 @@ TEST_F(OverwriteTest, TheQuestionComparesBothFiles) {
 }
 
 TEST_F(OverwriteTest, ThisOneSkipAndCancelHoldForOneItem) {
-  for (const char* name : {"a", "b", "c", "d"})
-    pair(name);
-  select({"a", "b", "c", "d"});
-  starts("Form3");
-  rig.loop.whenShows("Form7").reads("Label1", "Source FileName:     d").press("Command11");
-  rig.loop.whenShows("Form7").reads("Label1", "Source FileName:     c").press("Command1");
-  rig.loop.whenShows("Form7").reads("Label1", "Source FileName:     b").press("Command2");
-  rig.command("Command1_Click");
-  EXPECT_TRUE(replaced("d"));
-  EXPECT_FALSE(replaced("c"));
-  EXPECT_FALSE(replaced("b"));
-  EXPECT_FALSE(replaced("a"));
+  pairs({"a", "b", "c", "d"});
+  copy({"a", "b", "c", "d"}, {existing(ThisOne, "d"), existing(Skip, "c"), existing(Cancel, "b")});
+  EXPECT_EQ(replaced(), Set{"d"});
   EXPECT_EQ(ops().Form7.OverwriteAnswer, Overwrite::None);
   EXPECT_EQ(ops().Copy.tally().BytesDone, 5);  // of "d" alone
 }
 
-TEST_F(OverwriteTest, AllHoldsForTheRestAndForNoOtherOperation) {
-  for (const char* name : {"a", "b", "c"})
-    pair(name);
-  protect("C:\\To\\a", platform::attribute::ReadOnly);
-  select({"a", "b", "c"});
-  starts("Form3");
-  rig.loop.whenShows("Form7").press("Command6");
-  rig.command("Command1_Click");
-  EXPECT_TRUE(replaced("a") && replaced("b") && replaced("c"));
-  pair("a");
-  select({"a"});
-  starts("Form3");
-  rig.loop.whenShows("Form7").press("Command1");
-  rig.command("Command1_Click");
-  EXPECT_FALSE(replaced("a"));
+// The user said All once, and it went on with all sorts of things.
+TEST_F(OverwriteTest, AllAnswersNothingElseAndEndsWithItsOperationHoweverThatEnds) {
+  const Names folders = {"\\ Other", "\\ Sub"}, everything = {"a", "b", "\\ Sub"};
+  const test::Answer allFolders{"Form11", "Command2"};
+  const auto to = [&](const char* name) { protect(std::string("C:\\To\\") + name); };
+  const auto from = [&](const char* name) { protect(std::string("C:\\From\\") + name); };
+  const std::pair<const char*, std::function<void()>> cases[] = {
+      {"all",
+       [&] {
+         copy(everything, {existing(All), no()});
+       }},
+      {"all older",
+       [&] {
+         copy(everything, {existing(AllOlder), no()});
+       }},
+      {"all, and stopped",
+       [&] {
+         rig.loop.onTurn = [&] { ops().Form3.StopFlag = true; };
+         copy({"a", "b"}, {existing(All), told()});
+       }},
+      {"all, and failed",
+       [&] {
+         select({"a", "b"});
+         for (const char* path : {"C:\\From\\a", "C:\\To\\a"})
+           ASSERT_TRUE(files().deleteFile(path, true));
+         start("Command1_Click", {{"Form3"}}, {existing(All), no()});
+       }},
+      {"all protected targets",
+       [&] {
+         to("a"), to("b"), copy(everything, {existing(ThisOne), isProtected(AnywayAll), existing(Skip), no()});
+       }},
+      {"all folders of a delete",
+       [&] {
+         from("a"), remove({"a", folders[0], folders[1]}, {isProtected(SkipIt), allFolders});
+       }},
+      {"all protected files of a delete",
+       [&] {
+         from("a"), from("b"), remove({"a", "b", "\\ Sub"}, {isProtected(AnywayAll), no()});
+       }},
+  };
+  for (const auto& [what, run] : cases) {
+    SCOPED_TRACE(what);
+    const auto fresh = [&] {
+      for (const char* folder : {"C:\\From", "C:\\To"})
+        std::filesystem::remove_all(rig.systemPath(folder));
+      pairs({"a", "b", "Sub\\x", "Other\\y"}, 2012);
+    };
+    fresh();
+    run();
+    rig.loop.onTurn = {};
+    fresh();
+    to("a"), from("b");
+    copy(everything, {existing(Skip, "b"), existing(ThisOne, "a"), isProtected(SkipIt), no()});
+    remove({"b", "\\ Sub"}, {isProtected(SkipIt), no()});
+    EXPECT_EQ(replaced(), Set{});
+    EXPECT_TRUE(rig.exists("C:\\From\\b") && rig.exists("C:\\From\\Sub\\x"));
+  }
 }
 
 TEST_F(OverwriteTest, AllOlderTakesWhatIsNewerByMoreThanTwoSeconds) {
-  for (const char* name : {"2s", "3s", "older", "z"})
-    pair(name);
+  pairs({"2s", "3s", "older", "z"});
   age("C:\\From\\2s", 2);
   age("C:\\From\\3s", 3);
   age("C:\\From\\older", -100);
   age("C:\\From\\z", 100);
-  select({"2s", "3s", "older", "z"});
-  starts("Form3");
-  rig.loop.whenShows("Form7").press("Command3");
-  rig.command("Command1_Click");
-  EXPECT_FALSE(replaced("2s"));
-  EXPECT_TRUE(replaced("3s"));
-  EXPECT_FALSE(replaced("older"));
-  EXPECT_TRUE(replaced("z"));
-  // What was left out counts as done.
-  EXPECT_EQ(ops().Copy.tally().BytesDone, 6 + 6 + 9 + 5);
+  copy({"2s", "3s", "older", "z"}, {existing(AllOlder)});
+  EXPECT_EQ(replaced(), (Set{"3s", "z"}));
+  EXPECT_EQ(ops().Copy.tally().BytesDone, 6 + 6 + 9 + 5) << "what was left out counts as done";
 }
 
 TEST_F(OverwriteTest, VersionsThatDifferAreAskedAbout) {
@@ -134,20 +165,13 @@ TEST_F(OverwriteTest, VersionsThatDifferAreAskedAbout) {
                                "Still Want To OverWrite ?";
   const std::string before = rig.read("C:\\To\\p.exe");
   for (const bool agrees : {false, true}) {
-    select({"p"});
-    starts("Form3");
-    rig.loop.whenShows("Form7").press("Command6");
-    rig.loop.whenShows("Form11").reads("Label1", question).press(agrees ? "Command11" : "Command1");
-    rig.command("Command1_Click");
+    copy({"p"}, {existing(All), agrees ? yes(question) : no(question)});
     EXPECT_EQ(rig.read("C:\\To\\p.exe") == before, !agrees);
     EXPECT_EQ(ops().Copy.tally().BytesDone, static_cast<double>(before.size()));
   }
   // Overwriting one item makes no version test.
   rig.write("C:\\To\\p.exe", before);
-  select({"p"});
-  starts("Form3");
-  rig.loop.whenShows("Form7").press("Command11");
-  rig.command("Command1_Click");
+  copy({"p"}, {existing(ThisOne)});
   EXPECT_NE(rig.read("C:\\To\\p.exe"), before);
 }
 
@@ -161,105 +185,97 @@ TEST_F(OverwriteTest, ProtectedTargetsAreAskedAboutByTheirAttributes) {
         Case{36, "System File"}, Case{3, "Readonly and Hidden"}, Case{35, "Readonly and Hidden"},
         Case{7, "Readonly,Hidden and SystemFile"}, Case{39, "Readonly,Hidden and SystemFile"},
         Case{38, "Archive,Hidden and SystemFile"}, Case{6, ""}, Case{5, ""}, Case{32, ""}}) {
-    pair("a");
+    pairs({"a"});
     protect("C:\\To\\a", each.attributes);
-    select({"a"});
-    starts("Form3");
-    rig.loop.whenShows("Form7").press("Command11");
-    if (!each.text.empty())
-      rig.loop.whenShows("Form10")
-          .reads("Label1", "Current File:  a\r Are marked:  " + each.text + "\rPlease use Command Options !")
-          .press("Command11");
+    Answers answers{existing(ThisOne)};
+    const std::string words = "Current File:  a\r Are marked:  " + each.text + "\rPlease use Command Options !";
+    if (!each.text.empty()) answers.push_back(isProtected(Anyway, words));
     // A value that is not listed goes unasked, and then the copy fails.
     const bool copies = !each.text.empty() || each.attributes == 32;
-    if (!copies) rig.loop.whenShows("Form12").press("Command11");
-    rig.command("Command1_Click");
-    EXPECT_EQ(replaced("a"), copies) << each.attributes;
+    if (!copies) answers.push_back(told());
+    copy({"a"}, answers);
+    EXPECT_EQ(replaced().contains("a"), copies) << each.attributes;
     ASSERT_TRUE(files().deleteFile("C:\\To\\a", true));
   }
 }
 
 TEST_F(OverwriteTest, AnswersAboutAttributes) {
-  for (const char* name : {"a", "b", "c", "d", "e"}) {
-    pair(name);
-    protect(std::string("C:\\To\\") + name, platform::attribute::ReadOnly);
-  }
-  select({"a", "b", "c", "d", "e"});
-  starts("Form3");
-  rig.loop.whenShows("Form7").press("Command11");
-  rig.loop.whenShows("Form10").press("Command2");  // e: skip
-  rig.loop.whenShows("Form7").press("Command11");
-  rig.loop.whenShows("Form10").press("Command3");  // d: cancel all, which keeps only this item from being copied
-  rig.loop.whenShows("Form7").press("Command11");
-  rig.loop.whenShows("Form10").press("Command1");  // c: all
-  rig.loop.whenShows("Form7").press("Command11");
-  rig.loop.whenShows("Form7").press("Command11");
-  rig.command("Command1_Click");
-  EXPECT_FALSE(replaced("e") || replaced("d"));
-  EXPECT_TRUE(replaced("c") && replaced("b") && replaced("a"));
+  const Names names = {"a", "b", "c", "d", "e"};
+  pairs(names);
+  for (const std::string& name : names)
+    protect("C:\\To\\" + name);
+  const auto again = existing(ThisOne);
+  // "Cancel all" keeps only the item in hand from being copied.
+  copy(names, {again, isProtected(SkipIt), again, isProtected(CancelAll), again, isProtected(AnywayAll), again, again});
+  EXPECT_EQ(replaced(), (Set{"a", "b", "c"}));
   EXPECT_EQ(ops().Form10.AttrAnswer, AttributeAnswer::None);
 }
 
 TEST_F(OverwriteTest, TheTargetIsRenamedOutOfTheWay) {
-  pair("a");
+  pairs({"a"});
   ops().policy.renameTarget = [&](const std::string& folder, const std::string& name) {
     EXPECT_EQ(folder, "C:\\To\\");
     EXPECT_TRUE(files().moveFile(folder + name, folder + "kept"));
     form().CurrentItem = "something else";
     return true;
   };
-  select({"a"});
-  starts("Form3");
-  rig.loop.whenShows("Form7").press("Command4");
-  rig.command("Command1_Click");
-  EXPECT_TRUE(replaced("a"));
+  copy({"a"}, {existing(RenameIt)});
+  EXPECT_EQ(replaced(), Set{"a"});
   EXPECT_EQ(rig.read("C:\\To\\kept"), "old a");
-
   // A rename that the user cancels, and one that fails, leave the target alone.
   for (const bool cancelled : {true, false}) {
-    pair("a");
+    pairs({"a"});
     ops().policy.renameTarget = [&](const std::string&, const std::string&) { return !cancelled; };
-    select({"a"});
-    starts("Form3");
-    rig.loop.whenShows("Form7").press("Command4");
-    if (!cancelled) rig.loop.whenShows("Form12").press("Command11");
-    rig.command("Command1_Click");
-    EXPECT_FALSE(replaced("a"));
+    copy({"a"}, cancelled ? Answers{existing(RenameIt)} : Answers{existing(RenameIt), told()});
+    EXPECT_EQ(replaced(), Set{});
   }
 }
 
 // The user overwrote links of a config folder, and the files behind them could be written from then on.
 TEST_F(OverwriteTest, OverwritingALinkLeavesTheFileBehindItAlone) {
-  for (const char* answer : {"Command11", "Command6"}) {
-    pair("a");
+  for (const char* answer : {ThisOne, All}) {
+    pairs({"a"});
     rig.write("C:\\Behind\\a", "behind");
-    protect("C:\\Behind\\a", platform::attribute::ReadOnly);
+    protect("C:\\Behind\\a");
     std::filesystem::remove(rig.systemPath("C:\\To\\a"));
     std::filesystem::create_symlink("../Behind/a", rig.systemPath("C:\\To\\a"));
-    select({"a"});
-    starts("Form3");
-    rig.loop.whenShows("Form7").press(answer);
-    if (answer == std::string("Command11")) rig.loop.whenShows("Form10").press("Command11");
-    rig.command("Command1_Click");
-    EXPECT_TRUE(replaced("a"));
+    copy({"a"}, answer == All ? Answers{existing(All)} : Answers{existing(ThisOne), isProtected(Anyway)});
+    EXPECT_EQ(replaced(), Set{"a"});
     EXPECT_EQ(rig.read("C:\\Behind\\a"), "behind");
     EXPECT_EQ(files().attributes("C:\\Behind\\a").valueOr(0), platform::attribute::ReadOnly);
     ASSERT_TRUE(files().deleteFile("C:\\Behind\\a", true));
   }
 }
 
-TEST_F(OverwriteTest, TheCloseBoxIsCancel) {
-  pair("a");
-  pair("b");
-  select({"a", "b"});
-  starts("Form3");
-  rig.loop.whenShows("Form7").closes();
-  rig.command("Command1_Click");
-  EXPECT_FALSE(replaced("a") || replaced("b"));
+TEST_F(OverwriteTest, CancelAndTheCloseBoxOfEachDialogChangeNothing) {
+  pairs({"a", "b", "Sub\\x"});
+  protect("C:\\To\\a");
+  const test::Answer copies{"Form3"}, moves{"Form5"}, deletes{"Form4"};
+  const struct {
+    const char *handler, *cancel;  ///< the button in the last dialog
+    Names rows;
+    Answers dialogs;
+  } cases[] = {{"Command1_Click", "Command2", {"a"}, {copies}},
+               {"Command1_Click", Cancel, {"a", "b"}, {copies, existing(Cancel)}},
+               {"Command1_Click", CancelAll, {"a"}, {copies, existing(ThisOne), isProtected(CancelAll)}},
+               {"Command1_Click", "Command1", {"\\ Sub"}, {copies, no()}},
+               {"Command3_Click", "Command2", {"a"}, {moves}},
+               {"Command4_Click", "Command2", {"a"}, {deletes}},
+               {"Command4_Click", "Command1", {"\\ Sub"}, {deletes, yes(), no()}}};
+  for (const auto& each : cases)
+    for (const char* button : {each.cancel, ""}) {
+      select(each.rows);
+      Answers dialogs = each.dialogs;
+      dialogs.back().button = button;
+      start(each.handler, dialogs, {});
+      EXPECT_EQ(replaced(), Set{}) << each.handler << dialogs.back().dialog << button;
+      EXPECT_TRUE(rig.exists("C:\\From\\a") && rig.exists("C:\\From\\Sub\\x"));
+      EXPECT_EQ(rig.read("C:\\To\\Sub\\x"), "old Sub\\x");
+    }
 }
 
 TEST_F(OverwriteTest, ARenameAsksWithItsOwnLines) {
-  pair("a.txt");
+  pairs({"a.txt"});
   rig.loop.whenShows("Form7")
       .reads("Label1", "OverWrite File:     a.txt")
       .reads("Label2", "Date:  06-05-10  12:00       Size:  9 Bytes")

@@ -2,9 +2,6 @@
 
 #include "support/app_rig.hpp"
 
-#include <filesystem>
-#include <gtest/gtest.h>
-
 namespace varnholt::filters {
 
 /// The program with the left panel active on files of the test's own, and the two filters as their user works them.

@@ -99,8 +99,8 @@ TEST_F(ViewFilterTest, WhatIsRefusedOrCancelledChangesNothing) {
       .press("Command11")
       .run([](controls::Form& dialog) { EXPECT_TRUE(dialog.Visible); })
       .press("Command2");
-  rig.loop.whenShows("Form13").reads("Label1", "Key In FilePattern Please !!").closes();
-  rig.loop.whenShows("Form13").reads("Label1", "FileSize Input Data Equal !").closes();
+  rig.loop.meets({test::noticed("Key In FilePattern Please !!")});
+  rig.loop.meets({test::noticed("FileSize Input Data Equal !")});
   rig.menu("Viewuser").choose();
   EXPECT_EQ(files(left()).size(), 4u) << "no filter has been given: all files show";
 

@@ -5,9 +5,6 @@
 #include "core/program_files.hpp"
 #include "platform/text_fold.hpp"
 
-#include <filesystem>
-#include <gtest/gtest.h>
-
 namespace varnholt::places {
 namespace {
 
@@ -137,7 +134,7 @@ TEST_F(PresetsTest, NoNameMakesNone) {
   EXPECT_EQ(kept(), "");
 }
 
-TEST_F(PresetsTest, AListThatCannotBeWrittenIsTold) {
+TEST_F(PresetsTest, AListThatCannotBeWrittenAndAWindowsFolderThatIsGoneAreTold) {
   test::FaultyFileSystem* files = nullptr;
   rig.useFiles([&](platform::FileSystem& real) {
     auto faulty = std::make_unique<test::FaultyFileSystem>(real);
@@ -151,19 +148,9 @@ TEST_F(PresetsTest, AListThatCannotBeWrittenIsTold) {
     EXPECT_EQ(dialog.ListView1.count(), 0u);
   });
   names("home", "");
-  rig.loop.whenShows("Form12").reads("Label1", "Presets Not Stored !, - No space left on device\r").press("Command11");
+  rig.loop.meets({test::told("Presets Not Stored !, - No space left on device")});
   rig.command("Command12_Click");
   EXPECT_EQ(stored("HOME", "view1path"), "");
-}
-
-TEST_F(PresetsTest, WithoutAWindowsFolderTheDialogStaysAway) {
-  test::FaultyFileSystem* files = nullptr;
-  rig.useFiles([&](platform::FileSystem& real) {
-    auto faulty = std::make_unique<test::FaultyFileSystem>(real);
-    files = faulty.get();
-    return faulty;
-  });
-  rig.startLeft();
   files->vanishes = rig.platform->environment.variable("windir");
   rig.loop.whenBox("Alert !", controls::MessageAnswer::Ok,
                    "%windir% folder not found !, - make/set [windir=windows folder] Entvirontvariable");
@@ -212,7 +199,7 @@ TEST_F(PresetsTest, APresetWithAVanishedFolderSaysSoAndMovesNothing) {
     EXPECT_TRUE(dialog.Visible);
     EXPECT_EQ(dialog.ListView1.count(), 2u);
   });
-  rig.loop.whenShows("Form12").reads("Label1", "Preset has changed and NOT Valid !\r").press("Command11");
+  rig.loop.meets({test::told("Preset has changed and NOT Valid !")});
   rig.command("Command12_Click");
   EXPECT_EQ(paths(), "C:\\Photos\\ C:\\Photos\\");
 }
@@ -232,57 +219,28 @@ TEST_F(PresetsTest, LastExitReturnsToTheFoldersOfTheLastRun) {
 
 // --- Deleting ------------------------------------------------------------------------------------------------------
 
-TEST_F(PresetsTest, DeletingAsksAndLeavesTheOthers) {
+TEST_F(PresetsTest, DeletingAsksAndLeavesTheOthersAndWhatIsNoPreset) {
   for (const char* name : {"one", "two", "three"})
     make(name, name);
-  const auto deletes = [&](const char* answer) {
-    inStatic([](Form20& dialog) {
-      click(dialog.ListView1, 1);
-      dialog.Command1.press();
-    });
-    rig.loop.whenShows("Form11")
-        .reads("Label1", "You are about to DELETE Selected Preset, - Continue ?\r")
-        .press(answer);
-    rig.command("Command12_Click");
-  };
-  deletes("Command1");
-  EXPECT_EQ(kept(), "ONE\r\nTWO\r\nTHREE\r\n");
-  deletes("Command11");
-  EXPECT_EQ(kept(), "ONE\r\nTHREE\r\n");
-  EXPECT_EQ(stored("TWO", "Text"), "");
-  EXPECT_EQ(stored("THREE", "Text"), "Three");
-}
-
-TEST_F(PresetsTest, DeletingTheLastOneLeavesAnEmptyList) {
-  make("one");
-  inStatic([](Form20& dialog) {
-    dialog.Command1.press();
-    EXPECT_EQ(dialog.ListView1.count(), 0u);
-    dialog.Command1.press();  // nothing is left to ask about
-    dialog.Command4.press();
-  });
-  rig.loop.whenShows("Form11").press("Command11");
-  rig.command("Command12_Click");
-  EXPECT_EQ(kept(), "");
-}
-
-TEST_F(PresetsTest, DeletingAllAsksAndSparesWhatIsNoPreset) {
-  make("one");
-  make("two");
   rig.app().program.settings.save(core::setting::view1path, "C:\\Photos\\");
   ASSERT_TRUE(rig.platform->files.writeFile(file(), kept() + "default\r\n"));
-  const auto deletesAll = [&](const char* answer, std::uint32_t left) {
-    inStatic([left](Form20& dialog) {
-      dialog.Command4.press();
-      EXPECT_EQ(dialog.ListView1.count(), left);
+  const auto deletes = [&](controls::Button Form20::*button, const char* what, const char* answer) {
+    inStatic([button](Form20& dialog) {
+      click(dialog.ListView1, 1);
+      (dialog.*button).press();
+      if (dialog.ListView1.count() == 0) (dialog.*button).press();  // nothing is left to ask about
     });
-    rig.loop.whenShows("Form11").reads("Label1", "You are about to DELETE all Presets, - Continue ?\r").press(answer);
+    rig.loop.meets({{"Form11", answer, "You are about to DELETE " + std::string(what) + ", - Continue ?\r"}});
     rig.command("Command12_Click");
   };
-  deletesAll("Command1", 3);
-  EXPECT_EQ(kept(), "ONE\r\nTWO\r\ndefault\r\n");
-  EXPECT_EQ(stored("ONE", "view1path"), "C:\\");
-  deletesAll("Command11", 0);
+  deletes(&Form20::Command1, "Selected Preset", "Command1");
+  EXPECT_EQ(kept(), "ONE\r\nTWO\r\nTHREE\r\ndefault\r\n");
+  deletes(&Form20::Command1, "Selected Preset", "Command11");
+  EXPECT_EQ(kept(), "ONE\r\nTHREE\r\nDEFAULT\r\n");
+  EXPECT_EQ(stored("TWO", "Text") + stored("THREE", "Text"), "Three");
+  deletes(&Form20::Command4, "all Presets", "Command1");
+  EXPECT_EQ(kept(), "ONE\r\nTHREE\r\nDEFAULT\r\n");
+  deletes(&Form20::Command4, "all Presets", "Command11");
   EXPECT_EQ(kept(), "none");
   EXPECT_EQ(stored("ONE", "view1path"), "");
   EXPECT_EQ(stored("default", "view1path"), "C:\\Photos\\") << "the folders of the last exit are no preset";
@@ -341,8 +299,7 @@ TEST_F(PresetsTest, AVisitedPairThatIsGoneIsMarkedAndRefused) {
       })
       .press("Command1")
       .press("Command3");
-  for (int way = 0; way < 2; ++way)
-    rig.loop.whenShows("Form12").reads("Label1", "Preset has changed and NOT Valid !\r").press("Command11");
+  rig.loop.meets({test::told("Preset has changed and NOT Valid !"), test::told("Preset has changed and NOT Valid !")});
   rig.menu("DynPresets").choose();
   EXPECT_EQ(paths(), "C:\\Photos\\ C:\\Photos\\");
 }
@@ -367,22 +324,6 @@ TEST_F(PresetsTest, SortingIsSwitchedOnAndOff) {
     EXPECT_EQ(list.ColumnHeaders.get()[0].Icon, 0);
     EXPECT_EQ(rows(list), visited);
   });
-}
-
-// --- The stored folder ---------------------------------------------------------------------------------------------
-
-TEST_F(PresetsTest, TheStoredFolderComesBackUntilItIsGone) {
-  show("C:\\Work\\Drafts", "D:\\Backup");
-  rig.loop.whenShows("Form13").reads("Label1", " Location Stored In Memory ! ").closes();
-  rig.menu("store").choose();
-  show("C:\\Photos", "D:\\Backup");
-  rig.command("viewlastexit_Click");
-  EXPECT_EQ(left().path(), "C:\\Work\\Drafts\\");
-  show("C:\\Photos", "D:\\Backup");
-  std::filesystem::remove_all(rig.systemPath("C:\\Work\\Drafts"));
-  rig.loop.whenShows("Form12").reads("Label1", "Location has Changed and NOT Valid !\r").press("Command11");
-  rig.command("viewlastexit_Click");
-  EXPECT_EQ(left().path(), "C:\\Photos\\");
 }
 
 }  // namespace

@@ -2,8 +2,6 @@
 
 #include "support/scratch_folder.hpp"
 
-#include <gtest/gtest.h>
-
 #include <climits>
 #include <ctime>
 

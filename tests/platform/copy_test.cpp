@@ -1,17 +1,11 @@
 // Copies of files and trees, and what they must never do.
 
+#include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 
-#include <gtest/gtest.h>
-
 #include <cerrno>
-#include <random>
 
-#include <fcntl.h>
-#include <sys/mount.h>
-#include <sys/stat.h>
 #include <sys/syscall.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace {
@@ -41,310 +35,279 @@ using test::codeOf;
 using test::TempFolder;
 using Names = std::vector<std::string>;
 
-std::string randomBytes(size_t count) {
-  std::mt19937 random(static_cast<unsigned>(count));
-  std::string bytes(count, '\0');
-  for (char& c : bytes)
-    c = static_cast<char>(random());
-  return bytes;
-}
+class Copies : public testing::Test {
+ protected:
+  using Code = std::optional<ErrorCode>;  ///< none: it succeeded
+  Code copy(const std::string& from, const std::string& to, bool overwrite = true, const Progress& progress = {}) {
+    return codeOf(temp.files.copyFile(temp.at(from), temp.at(to), overwrite, progress));
+  }
+  Code copyTree(const std::string& from, const std::string& to, bool overwrite = true, LeftOuts* leftOut = nullptr) {
+    return codeOf(temp.files.copyFolder(temp.at(from), temp.at(to), overwrite, {}, leftOut));
+  }
+  TempFolder temp;
+  static constexpr Code Done{};
+};
 
 // --- One file --------------------------------------------------------------------------------------------------------
 
-TEST(CopyFile, BytesOfEverySize) {
-  TempFolder temp;
-  for (size_t size : {0u, 1u, 4096u, 131072u, 131073u, 9000000u}) {
-    const std::string bytes = randomBytes(size);
+TEST_F(Copies, BytesOfEverySize) {
+  std::mt19937 random(7);
+  for (const size_t size : {0u, 1u, 4096u, 131072u, 131073u, 9000000u}) {
+    std::string bytes(size, '\0');
+    for (char& c : bytes)
+      c = static_cast<char>(random());
     temp.file("a", bytes);
-    ASSERT_TRUE(temp.files.copyFile(temp.path("a"), temp.path("b"), true)) << size;
+    ASSERT_EQ(copy("a", "b"), Done) << size;
     EXPECT_EQ(temp.read("b"), bytes) << size;
   }
   EXPECT_EQ(temp.names(), (Names{"a", "b"})) << "no temporary file stays";
+  ASSERT_TRUE(temp.files.copyFile("Z:\\proc\\self\\status", temp.at("status"), false)) << "it does not tell its size";
+  EXPECT_NE(temp.read("status").find("Name:"), std::string::npos);
 }
 
-TEST(CopyFile, DateModeAndExtendedAttributesComeAlong) {
-  TempFolder temp;
-  temp.file("a", "x", Date{-5, 7});
+TEST_F(Copies, DateModeAndExtendedAttributesComeAlong) {
+  temp.file("a", "x", Date{-5, 7}).folder("f");
   const bool keeps = temp.store("a", "0x23");
   temp.mode("a", 0440);
-  ASSERT_TRUE(temp.files.copyFile(temp.path("a"), temp.path("b"), false));
-  EXPECT_EQ(temp.files.info(temp.path("b"))->modified, (Date{-5, 7}));
-  EXPECT_EQ(temp.facts("b").st_mode & 0777, 0440u);
-  if (keeps) {
-    EXPECT_EQ(temp.files.attributes(temp.path("b")).valueOr(0), 0x23u);
-  }
+  ASSERT_EQ(copy("a", "f/", false), Done) << "a closing backslash: under the same name in there";
+  EXPECT_EQ(temp.files.info(temp.at("f/a"))->modified, (Date{-5, 7}));
+  EXPECT_EQ(temp.facts("f/a").st_mode & 0777, 0440u);
+  EXPECT_EQ(temp.files.attributes(temp.at("f/a")).valueOr(0), keeps ? 0x23u : 0x21u);
 }
 
-TEST(CopyFile, FolderWithClosingBackslashTakesTheName) {
-  TempFolder temp;
-  temp.file("a", "1").folder("f");
-  ASSERT_TRUE(temp.files.copyFile(temp.path("a"), temp.path("f/"), false));
-  EXPECT_EQ(temp.read("f/a"), "1");
-}
-
-TEST(CopyFile, TargetThatExists) {
-  TempFolder temp;
+TEST_F(Copies, Refusals) {
   temp.file("a", "new").file("b", "old").folder("f").pipe("p");
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), temp.path("b"), false)), ErrorCode::AlreadyThere);
-  EXPECT_EQ(temp.read("b"), "old");
-  ASSERT_TRUE(temp.files.copyFile(temp.path("a"), temp.path("b"), true));
-  EXPECT_EQ(temp.read("b"), "new");
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), temp.path("f"), true)), ErrorCode::IsAFolder);
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), temp.path("p"), true)), ErrorCode::NotRegular);
-}
-
-TEST(CopyFile, GuardedTargetIsNotOverwritten) {
-  TempFolder temp;
-  temp.file("a", "new").file("locked", "old").mode("locked", 0444).file(".dot", "old").file("sys", "old");
+  temp.file("locked", "old").mode("locked", 0444).file(".dot", "old").file("sys", "old");
   const bool keeps = temp.store("sys", "0x24");
-  for (const char* target : {"locked", ".dot", "sys"}) {
-    if (target == std::string("sys") && !keeps) continue;
-    const auto copied = temp.files.copyFile(temp.path("a"), temp.path(target), true);
-    EXPECT_EQ(codeOf(copied), ErrorCode::ReadOnlyTarget) << target;
-    EXPECT_EQ(copied.error().path, temp.path(target));
-    EXPECT_EQ(temp.read(target), "old");
+  using enum ErrorCode;
+  const std::tuple<const char*, const char*, bool, ErrorCode> rows[] = {
+      {"a", "b", false, AlreadyThere},       {"a", "f", true, IsAFolder},         {"a", "p", true, NotRegular},
+      {"a", "locked", true, ReadOnlyTarget}, {"a", ".dot", true, ReadOnlyTarget}, {"none", "c", true, NotFound},
+      {"a", "none/b", true, NotFound},       {"f", "c", true, IsAFolder},         {"p", "c", true, NotRegular}};
+  for (const auto& [from, to, overwrite, code] : rows)
+    EXPECT_EQ(copy(from, to, overwrite), code) << from << " to " << to;
+  if (keeps) {
+    EXPECT_EQ(copy("a", "sys"), ReadOnlyTarget);
   }
+  EXPECT_EQ(temp.files.copyFile(temp.at("a"), temp.at("locked"), true).error().path, temp.at("locked"));
+  EXPECT_EQ(codeOf(temp.files.copyFile(temp.at("a"), "Q:\\b", true)), InvalidPath);
+  for (const char* target : {"b", "locked", ".dot", "sys"})
+    EXPECT_EQ(temp.read(target), "old") << target;
+  EXPECT_FALSE(temp.has("c"));
+  ASSERT_EQ(copy("a", "b"), Done);
+  EXPECT_EQ(temp.read("b"), "new");
 }
 
-TEST(ReplaceFile, ProtectionGoesWithTheOldFileAndIsLeftWhereNothingIsReplaced) {
-  TempFolder temp;
+TEST_F(Copies, ProtectionGoesWithTheReplacedFileAndIsLeftWhereNothingIsReplaced) {
   temp.file("a", "new").file("locked", "old").mode("locked", 0444).file(".dot", "old");
   temp.file("behind", "behind").mode("behind", 0444).link("link", "behind");
-  EXPECT_EQ(codeOf(temp.files.replaceFile(temp.path("a"), temp.path("locked"), [](std::uint64_t) { return false; })),
+  EXPECT_EQ(codeOf(temp.files.replaceFile(temp.at("a"), temp.at("locked"), [](std::uint64_t) { return false; })),
             ErrorCode::Stopped);
   EXPECT_EQ(temp.read("locked"), "old");
   EXPECT_EQ(temp.facts("locked").st_mode & 0777, 0444u);
   for (const char* target : {"locked", ".dot", "link"}) {
-    ASSERT_TRUE(temp.files.replaceFile(temp.path("a"), temp.path(target))) << target;
+    ASSERT_TRUE(temp.files.replaceFile(temp.at("a"), temp.at(target))) << target;
     EXPECT_EQ(temp.read(target), "new");
     EXPECT_EQ(temp.facts(target).st_mode, temp.facts("a").st_mode) << target;
   }
   EXPECT_EQ(temp.read("behind"), "behind");
   EXPECT_EQ(temp.facts("behind").st_mode & 0777, 0444u);
-  EXPECT_EQ(codeOf(temp.files.replaceFile(temp.path("a"), temp.path("a"))), ErrorCode::SameEntry);
+  EXPECT_EQ(codeOf(temp.files.replaceFile(temp.at("a"), temp.at("a"))), ErrorCode::SameEntry);
 }
 
-TEST(CopyFile, NeverOntoItself) {
-  TempFolder temp;
+TEST_F(Copies, NeverOntoItself) {
   temp.file("a", "bytes").link("l", "a").hardLink("h", "a");
-  for (const std::string& target : {temp.path("a"), temp.path("a", 'E'), temp.path("l"), temp.path("h")})
+  for (const std::string& target : {temp.at("a"), temp.at("a", 'E'), temp.at("l"), temp.at("h")})
     for (bool overwrite : {true, false})
-      EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), target, overwrite)), ErrorCode::SameEntry) << target;
+      EXPECT_EQ(codeOf(temp.files.copyFile(temp.at("a"), target, overwrite)), ErrorCode::SameEntry) << target;
   EXPECT_EQ(temp.read("a"), "bytes");
   EXPECT_EQ(temp.linkText("l"), "a");
   EXPECT_EQ(temp.facts("a").st_nlink, 2u);
 }
 
-TEST(CopyFile, LinksStayLinks) {
-  TempFolder temp;
-  temp.file("t", "1").link("l", "t").link("gone", "nowhere").file("other", "2").link("old", "other");
-  ASSERT_TRUE(temp.files.copyFile(temp.path("l"), temp.path("l2"), false));
-  ASSERT_TRUE(temp.files.copyFile(temp.path("gone"), temp.path("gone2"), false));
-  EXPECT_EQ(temp.linkText("l2"), "t");
-  EXPECT_EQ(temp.linkText("gone2"), "nowhere");
+TEST_F(Copies, LinksStayLinks) {
+  temp.file("t", "1").file("other", "2").folder("f");
+  for (const auto& [name, text] : {std::pair{"l", "t"}, {"gone", "nowhere"}, {"toF", "f"}}) {
+    temp.link(name, text);
+    ASSERT_EQ(copy(name, std::string(name) + "2", false), Done);
+    EXPECT_EQ(temp.linkText(std::string(name) + "2"), text);
+  }
+  ASSERT_EQ(copyTree("toF", "toF3", false), Done);
+  EXPECT_EQ(temp.linkText("toF3"), "f");
   // A link in the target's place is replaced; what it names is not written through.
-  ASSERT_TRUE(temp.files.copyFile(temp.path("t"), temp.path("old"), true));
+  temp.link("old", "other");
+  ASSERT_EQ(copy("t", "old"), Done);
   EXPECT_EQ(temp.read("other"), "2");
-  ASSERT_TRUE(temp.files.copyFile(temp.path("l"), temp.path("other"), true));
+  ASSERT_EQ(copy("l", "other"), Done);
   EXPECT_EQ(temp.linkText("other"), "t");
 }
 
-TEST(CopyFile, HolesStayHoles) {
-  TempFolder temp;
+TEST_F(Copies, HolesStayHoles) {
   temp.file("a", "start");
   ASSERT_EQ(::truncate(temp.system("a").c_str(), 64 << 20), 0);
   if (temp.facts("a").st_blocks > 1000) GTEST_SKIP() << "no holes on this volume";
-  ASSERT_TRUE(temp.files.copyFile(temp.path("a"), temp.path("b"), false));
+  ASSERT_EQ(copy("a", "b"), Done);
   EXPECT_EQ(temp.facts("b").st_size, 64 << 20);
   EXPECT_LT(temp.facts("b").st_blocks, 1000);
   EXPECT_EQ(temp.read("b").substr(0, 6), std::string("start\0", 6));
 }
 
-TEST(CopyFile, StoppedLeavesTheOldTarget) {
-  TempFolder temp;
+TEST_F(Copies, StoppedLeavesTheOldTarget) {
   temp.file("a", std::string(30 << 20, 'n')).file("b", "old");
   std::uint64_t seen = 0;
-  const auto stop = [&](std::uint64_t done) {
-    seen = done;
-    return false;
-  };
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), temp.path("b"), true, stop)), ErrorCode::Stopped);
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), temp.path("c"), true, stop)), ErrorCode::Stopped);
+  const auto stop = [&](std::uint64_t done) { return seen = done, false; };
+  for (const char* target : {"b", "c"})
+    EXPECT_EQ(copy("a", target, true, stop), ErrorCode::Stopped);
   EXPECT_GT(seen, 0u);
   EXPECT_EQ(temp.read("b"), "old");
   EXPECT_EQ(temp.names(), (Names{"a", "b"}));
 }
 
-TEST(CopyFile, VolumesThatKeepNoTimesAndModesTakeCopiesAllTheSame) {
-  TempFolder temp;
+TEST_F(Copies, VolumesThatKeepNoTimesAndModesTakeCopiesAllTheSame) {
   temp.file("a", "new");
-  for (const int error : {ENOTSUP, ENOSYS, EPERM}) {
+  for (const int error : {ENOTSUP, ENOSYS, EPERM, EIO}) {
     temp.file("b", "old");
     refused = error;
-    EXPECT_TRUE(temp.files.copyFile(temp.path("a"), temp.path("b"), true)) << error;
+    EXPECT_EQ(copy("a", "b"), error == EIO ? Code(ErrorCode::Failed) : Done) << error;
     refused = 0;
-    EXPECT_EQ(temp.read("b"), "new");
+    EXPECT_EQ(temp.read("b"), error == EIO ? "old" : "new");
   }
-  refused = EIO;
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), temp.path("b"), true)), ErrorCode::Failed);
-  refused = 0;
 }
 
-TEST(CopyFile, FilesThatDoNotTellTheirSize) {
-  TempFolder temp;
-  ASSERT_TRUE(temp.files.copyFile("Z:\\proc\\self\\status", temp.path("status"), false));
-  EXPECT_NE(temp.read("status").find("Name:"), std::string::npos);
+/// The file changes while the copy of it is on its way.
+class ChangingFile : public Copies {
+ protected:
+  static constexpr std::size_t Large = 20 << 20;
+  Code copyWhile(const std::function<void()>& change, bool once = true) {
+    int calls = 0;
+    const auto progress = [&](std::uint64_t) {
+      if (calls++ == 0 || !once) change();
+      return calls < 400;  // a fifth of these is what the file takes
+    };
+    return copy("a", "b", false, progress);
+  }
+  const std::string old = std::string(Large, 'o');
+};
+
+TEST_F(ChangingFile, GivesACopyOfWhatItWasAndNoEndOfZeros) {
+  const auto path = temp.system("a");
+  const auto shrinks = [&] { ASSERT_EQ(::truncate(path.c_str(), 9 << 20), 0); };
+  const auto isBeginning = [&](const std::string& bytes) { return bytes.size() >= 9 << 20 && old.starts_with(bytes); };
+  temp.file("a", old);
+  EXPECT_EQ(copyWhile([&] { std::ofstream(path, std::ios::app) << std::string(300 << 10, '+'); }, false), Done);
+  EXPECT_TRUE(temp.read("b") == old) << "it grows, and the copy runs not after its end";
+  std::filesystem::remove(temp.system("b"));
+  temp.file("a", old);
+  EXPECT_EQ(copyWhile(shrinks), Done);
+  EXPECT_TRUE(isBeginning(temp.read("b")));
+  std::filesystem::remove(temp.system("b"));
+  temp.file("a", old);
+  ASSERT_EQ(::truncate(path.c_str(), 200 << 20), 0);  // holes
+  EXPECT_EQ(copyWhile(shrinks), Done);
+  EXPECT_TRUE(isBeginning(temp.read("b")));
+  std::filesystem::remove(temp.system("b"));
+  temp.file("a", old);
+  EXPECT_EQ(copyWhile([&] { std::filesystem::remove(path); }), Done);
+  EXPECT_TRUE(temp.read("b") == old) << "it is gone, and still in the copy";
 }
 
-TEST(CopyFile, Missing) {
-  TempFolder temp;
-  temp.file("a").folder("f");
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("none"), temp.path("b"), true)), ErrorCode::NotFound);
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), temp.path("none/b"), true)), ErrorCode::NotFound);
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("f"), temp.path("b"), true)), ErrorCode::IsAFolder);
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), "Q:\\b", true)), ErrorCode::InvalidPath);
-}
-
-TEST(CopyFile, FolderWithoutWritePermission) {
-  TempFolder temp;
-  temp.file("a").folder("f").mode("f", 0755).mode("", 0755);
-  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
-    EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), temp.path("f/b"), false)), ErrorCode::AccessDenied);
-  }));
+TEST_F(ChangingFile, ATargetThatComesUpMeanwhileStays) {
+  temp.file("a", old);
+  EXPECT_EQ(copyWhile([&] { temp.file("b", "somebody's"); }), ErrorCode::AlreadyThere);
+  EXPECT_EQ(temp.read("b"), "somebody's");
+  EXPECT_EQ(temp.names(), (Names{"a", "b"}));
 }
 
 // --- Trees -----------------------------------------------------------------------------------------------------------
 
-TEST(CopyFolder, WholeTreeWithFacts) {
-  TempFolder temp;
+TEST_F(Copies, WholeTreeWithFacts) {
   temp.file("from/a", "1", Date{100, 0}).file("from/f/b", "2").folder("from/empty").link("from/l", "f/b");
-  temp.file("from/.hidden/c", "3").mode("from/f", 0750);
+  temp.link("from/self", ".").link("from/one", "two").link("from/two", "one");
+  temp.file("from/.hidden/c", "3").mode("from/f", 0750).folder("into");
   temp.modified("from/f", Date{200, 0}).modified("from", Date{300, 0});
-  ASSERT_TRUE(temp.files.copyFolder(temp.path("from"), temp.path("to"), false));
-  EXPECT_EQ(temp.names("to"), (Names{".hidden", "a", "empty", "f", "l"}));
-  EXPECT_EQ(temp.read("to/f/b"), "2");
-  EXPECT_EQ(temp.read("to/.hidden/c"), "3");
-  EXPECT_EQ(temp.linkText("to/l"), "f/b");
-  EXPECT_EQ(temp.facts("to/a").st_mtim.tv_sec, 100);
-  EXPECT_EQ(temp.facts("to/f").st_mtim.tv_sec, 200);
-  EXPECT_EQ(temp.facts("to").st_mtim.tv_sec, 300);
-  EXPECT_EQ(temp.facts("to/f").st_mode & 0777, 0750u);
-  EXPECT_EQ(temp.names(), (Names{"from", "to"}));
+  ASSERT_EQ(copyTree("from", "into/"), Done);
+  EXPECT_EQ(temp.names("into/from"), (Names{".hidden", "a", "empty", "f", "l", "one", "self", "two"}));
+  EXPECT_EQ(temp.read("into/from/f/b") + temp.read("into/from/.hidden/c"), "23");
+  EXPECT_EQ(temp.linkText("into/from/l") + temp.linkText("into/from/self"), "f/b.");
+  EXPECT_EQ(temp.facts("into/from/a").st_mtim.tv_sec, 100);
+  EXPECT_EQ(temp.facts("into/from/f").st_mtim.tv_sec, 200);
+  EXPECT_EQ(temp.facts("into/from").st_mtim.tv_sec, 300);
+  EXPECT_EQ(temp.facts("into/from/f").st_mode & 0777, 0750u);
+  EXPECT_EQ(temp.names(), (Names{"from", "into"}));
 }
 
-TEST(CopyFolder, IntoAFolderWithClosingBackslash) {
-  TempFolder temp;
-  temp.file("from/a", "1").folder("f");
-  ASSERT_TRUE(temp.files.copyFolder(temp.path("from"), temp.path("f/"), false));
-  EXPECT_EQ(temp.read("f/from/a"), "1");
-}
-
-TEST(CopyFolder, MergesAndKeepsWhatIsThere) {
-  TempFolder temp;
+TEST_F(Copies, MergesAndKeepsWhatIsThere) {
   temp.file("from/same", "new").file("from/f/b", "2").file("to/same", "old").file("to/f/other", "3");
-  temp.mode("to/f", 0700).modified("to", Date{100, 0});
-  ASSERT_TRUE(temp.files.copyFolder(temp.path("from"), temp.path("to"), true));
+  temp.mode("to/f", 0700);
+  ASSERT_EQ(copyTree("from", "to"), Done);
   EXPECT_EQ(temp.read("to/same"), "new");
   EXPECT_EQ(temp.names("to/f"), (Names{"b", "other"}));
   EXPECT_EQ(temp.facts("to/f").st_mode & 0777, 0700u) << "a folder that was there keeps its own";
 }
 
-TEST(CopyFolder, PassesOverWhatCannotBeCopiedAndTellsAllOfIt) {
-  TempFolder temp;
+TEST_F(Copies, PassesOverWhatCannotBeCopiedAndTellsAllOfIt) {
   temp.file("from/a", "new").file("from/f/free", "1").file("from/z", "2").pipe("from/pipe").file("from/taken/b", "3");
-  temp.file("from/locked", "new").file("from/.dot", "new").file("from/f/folder", "new");
+  temp.file("from/locked", "new").file("from/.dot", "new").file("from/f/folder", "new").file("from/linked/a", "new");
   temp.file("to/a", "old").file("to/locked", "old").mode("to/locked", 0444).file("to/.dot", "old");
-  temp.folder("to/f/folder").file("to/taken", "a file");
+  temp.folder("to/f/folder").file("to/taken", "a file").file("elsewhere/a", "old").link("to/linked", "../elsewhere");
   LeftOuts leftOut;
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), temp.path("to"), true, {}, &leftOut)),
-            ErrorCode::NotRegular);
+  EXPECT_EQ(copyTree("from", "to", true, &leftOut), ErrorCode::NotRegular);
   std::vector<std::pair<std::string, ErrorCode>> told;
   for (const Error& each : leftOut)
     told.emplace_back(each.path, each.code);
-  const decltype(told) expected{{temp.path("from/pipe"), ErrorCode::NotRegular},
-                                {temp.path("to/.dot"), ErrorCode::ReadOnlyTarget},
-                                {temp.path("to/f/folder"), ErrorCode::IsAFolder},
-                                {temp.path("to/locked"), ErrorCode::ReadOnlyTarget},
-                                {temp.path("to/taken"), ErrorCode::AlreadyThere}};
+  const decltype(told) expected{
+      {temp.at("from/pipe"), ErrorCode::NotRegular},     {temp.at("to/.dot"), ErrorCode::ReadOnlyTarget},
+      {temp.at("to/f/folder"), ErrorCode::IsAFolder},    {temp.at("to/linked"), ErrorCode::AlreadyThere},
+      {temp.at("to/locked"), ErrorCode::ReadOnlyTarget}, {temp.at("to/taken"), ErrorCode::AlreadyThere}};
   EXPECT_EQ(told, expected);
   EXPECT_EQ(temp.read("to/a") + temp.read("to/f/free") + temp.read("to/z"), "new12");
-  EXPECT_EQ(temp.read("to/locked") + temp.read("to/.dot"), "oldold");
+  EXPECT_EQ(temp.read("to/locked") + temp.read("to/.dot") + temp.read("elsewhere/a"), "oldoldold");
+  EXPECT_EQ(temp.facts("to/f").st_mode & 0777, 0755u) << "and no folder is locked";
   leftOut.clear();
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), temp.path("to"), false, {}, &leftOut)),
-            ErrorCode::NotRegular);
-  EXPECT_EQ(leftOut.size(), 8u) << "nothing may be replaced";
+  EXPECT_EQ(copyTree("from", "to", false, &leftOut), ErrorCode::NotRegular);
+  EXPECT_EQ(leftOut.size(), 9u) << "nothing may be replaced";
 }
 
-TEST(CopyFolder, UnreadableFilesAndFoldersAreLeftOut) {
-  TempFolder temp;
+TEST_F(Copies, OfAnOrdinaryUser) {
   temp.file("from/a", "1").file("from/secret").file("from/shut/b").mode("from/secret", 0).mode("from/shut", 0);
-  temp.mode("", 0777);
+  temp.file("fixed/f/a", "1").mode("fixed/f", 0555).mode("fixed", 0555).mode("", 0777);
   EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
+    EXPECT_EQ(copy("fixed/f/a", "fixed/b"), ErrorCode::AccessDenied) << "nothing may be made there";
     LeftOuts leftOut;
-    EXPECT_FALSE(temp.files.copyFolder(temp.path("from"), temp.path("to"), true, {}, &leftOut));
+    EXPECT_EQ(copyTree("from", "to", true, &leftOut), ErrorCode::AccessDenied);
     EXPECT_EQ(leftOut.size(), 2u);
     EXPECT_EQ(temp.names("to"), Names{"a"});
+    // Folders that may not be written are copied all the same.
+    EXPECT_EQ(copyTree("fixed", "copy", false), Done);
+    EXPECT_EQ(temp.read("copy/f/a"), "1");
+    EXPECT_EQ(temp.facts("copy/f").st_mode & 0777, 0555u);
+    EXPECT_TRUE(temp.files.deleteFolder(temp.at("copy"), true));
   }));
-  temp.mode("from/shut", 0700);
 }
 
-TEST(CopyFolder, FileInTheFoldersPlace) {
-  TempFolder temp;
-  temp.file("from/f/a").file("to/f", "a file").file("alone", "old");
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), temp.path("to"), true)), ErrorCode::AlreadyThere);
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), temp.path("alone"), true)), ErrorCode::AlreadyThere);
-  EXPECT_EQ(temp.read("to/f"), "a file");
+TEST_F(Copies, TreeIsNeverCopiedIntoItselfOrWhatIsNoFolder) {
+  temp.file("from/f/a").link("toFrom", "from").link("toInner", "from/f").file("alone", "old").file("to/f", "a file");
+  using enum ErrorCode;
+  for (const char* target : {"from/copy", "from/f/copy", "from/", "toFrom/copy", "toInner/copy", "from/f"})
+    EXPECT_EQ(copyTree("from", target), IntoItself) << target;
+  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.at("from"), temp.at("from/copy", 'E'), true)), IntoItself);
+  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.at("from"), temp.at("from", 'E'), true)), SameEntry);
+  EXPECT_EQ(copyTree("from", "from"), SameEntry);
+  EXPECT_EQ(copyTree("from", "toFrom"), SameEntry);
+  EXPECT_EQ(copyTree("from", "alone"), AlreadyThere);
+  EXPECT_EQ(copyTree("alone", "b"), NotAFolder);
+  EXPECT_EQ(copyTree("none", "b"), NotFound);
+  EXPECT_EQ(temp.names("from"), Names{"f"});
+  EXPECT_EQ(temp.names("from/f"), Names{"a"});
   EXPECT_EQ(temp.read("alone"), "old");
+  EXPECT_FALSE(temp.has("b"));
+  temp.folder("from/mounted").folder("target");
+  const auto mount = test::ScopedMount::bind(temp.system("target"), temp.system("from/mounted"));
+  if (!mount) GTEST_SKIP() << "no right to mount here";
+  EXPECT_EQ(copyTree("from", "target"), IntoItself) << "by a mount";
 }
 
-TEST(CopyFolder, LinkInTheFoldersPlaceIsNotWrittenThrough) {
-  TempFolder temp;
-  temp.file("from/f/a", "new").file("elsewhere/a", "old").folder("to").link("to/f", "../elsewhere");
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), temp.path("to"), true)), ErrorCode::AlreadyThere);
-  EXPECT_EQ(temp.read("elsewhere/a"), "old");
-}
-
-TEST(CopyFolder, NeverIntoItself) {
-  TempFolder temp;
-  temp.file("from/f/a").link("toFrom", "from").link("toInner", "from/f");
-  for (const std::string& target :
-       {temp.path("from/copy"), temp.path("from/f/copy"), temp.path("from/"), temp.path("from/copy", 'E'),
-        temp.path("toFrom/copy"), temp.path("toInner/copy"), temp.path("from/f")})
-    EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), target, true)), ErrorCode::IntoItself) << target;
-  for (const std::string& target : {temp.path("from"), temp.path("from", 'E'), temp.path("toFrom")})
-    EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), target, true)), ErrorCode::SameEntry) << target;
-  EXPECT_EQ(temp.names("from"), (Names{"f"}));
-  EXPECT_EQ(temp.names("from/f"), (Names{"a"}));
-}
-
-TEST(CopyFolder, TreeThatHoldsItsTargetByAMount) {
-  TempFolder temp;
-  temp.file("from/a").folder("from/mounted").folder("to");
-  if (::mount(temp.system("to").c_str(), temp.system("from/mounted").c_str(), nullptr, MS_BIND, nullptr) != 0)
-    GTEST_SKIP() << "no right to mount here";
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("from"), temp.path("to"), true)), ErrorCode::IntoItself);
-  ::umount(temp.system("from/mounted").c_str());
-}
-
-TEST(CopyFolder, FoldersThatMayNotBeWrittenAreCopiedAllTheSame) {
-  TempFolder temp;
-  temp.file("from/f/a", "1").mode("from/f", 0555).mode("from", 0555).mode("", 0777);
-  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
-    ASSERT_TRUE(temp.files.copyFolder(temp.path("from"), temp.path("to"), false));
-    EXPECT_EQ(temp.read("to/f/a"), "1");
-    EXPECT_EQ(temp.facts("to/f").st_mode & 0777, 0555u);
-    EXPECT_TRUE(temp.files.deleteFolder(temp.path("to"), true));
-  }));
-}
-
-TEST(CopyFolder, AFailureLeavesFoldersUsable) {
-  TempFolder temp;
-  temp.file("from/f/a", "1").pipe("from/f/pipe").mode("from/f", 0755);
-  EXPECT_FALSE(temp.files.copyFolder(temp.path("from"), temp.path("to"), false));
-  EXPECT_EQ(temp.facts("to/f").st_mode & 0777, 0755u) << "what was copied until then stays, and is not locked";
-}
-
-TEST(CopyFolder, StoppedTakesItsNewFolderAwayAndNothingOfOthers) {
+TEST_F(Copies, StoppedTakesItsNewFolderAwayAndNothingOfOthers) {
   for (const int callsBefore : {0, 1, 2}) {
     TempFolder temp;
     for (int i = 0; i < 40; ++i)
@@ -355,14 +318,14 @@ TEST(CopyFolder, StoppedTakesItsNewFolderAwayAndNothingOfOthers) {
       if (calls == 1 && temp.has("to")) temp.file("to/stranger").file("to/own", "changed");
       return ++calls <= callsBefore;
     };
-    const auto copied = temp.files.copyFolder(temp.path("from"), temp.path("to"), false, stop);
+    const auto copied = temp.files.copyFolder(temp.at("from"), temp.at("to"), false, stop);
     if (copied) continue;  // it was quicker than the second question
     EXPECT_EQ(copied.error().code, ErrorCode::Stopped);
     if (temp.has("to")) {
       EXPECT_EQ(temp.names("to"), (Names{"own", "stranger"}));
     }
     calls = 0;
-    (void)temp.files.copyFolder(temp.path("from"), temp.path("merged"), false, stop);
+    (void)temp.files.copyFolder(temp.at("from"), temp.at("merged"), false, stop);
     for (const std::string& name : temp.names("merged"))
       for (const std::string& file : name == "own" ? Names{} : temp.names("merged/" + name))
         EXPECT_EQ(temp.facts("merged/" + name + "/" + file).st_size, 2 << 20) << file;
@@ -371,32 +334,16 @@ TEST(CopyFolder, StoppedTakesItsNewFolderAwayAndNothingOfOthers) {
   }
 }
 
-TEST(CopyFolder, ManyFilesOnAllWorkers) {
-  TempFolder temp;
-  for (int folder = 0; folder < 30; ++folder)
-    for (int file = 0; file < 60; ++file)
-      temp.file("from/" + std::to_string(folder) + "/" + std::to_string(file), std::to_string(folder * file));
-  ASSERT_TRUE(temp.files.copyFolder(temp.path("from"), temp.path("to"), false));
-  for (int folder = 0; folder < 30; ++folder)
-    for (int file = 0; file < 60; ++file)
-      EXPECT_EQ(temp.read("to/" + std::to_string(folder) + "/" + std::to_string(file)), std::to_string(folder * file));
-  ASSERT_TRUE(temp.files.copyFolder(temp.path("from"), temp.path("to"), true));
-  EXPECT_EQ(temp.names("to/7").size(), 60u) << "merging leaves no temporary files";
-}
-
-TEST(CopyFolder, LinkToAFolderIsCopiedAsALink) {
-  TempFolder temp;
-  temp.file("f/a").link("l", "f");
-  ASSERT_TRUE(temp.files.copyFolder(temp.path("l"), temp.path("l2"), false));
-  EXPECT_EQ(temp.linkText("l2"), "f");
-}
-
-TEST(CopyFolder, SourceThatIsNoFolder) {
-  TempFolder temp;
-  temp.file("a");
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("a"), temp.path("b"), true)), ErrorCode::NotAFolder);
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("none"), temp.path("b"), true)), ErrorCode::NotFound);
-  EXPECT_FALSE(temp.has("b"));
+TEST_F(Copies, ManyFilesOnAllWorkers) {
+  const auto name = [](int file) { return "/" + std::to_string(file % 30) + "/" + std::to_string(file); };
+  for (int file = 0; file < 1800; ++file)
+    temp.file("from" + name(file), std::to_string(file));
+  for (const bool merges : {false, true}) {
+    ASSERT_EQ(copyTree("from", "to", merges), Done);
+    for (int file = 0; file < 1800; ++file)
+      EXPECT_EQ(temp.read("to" + name(file)), std::to_string(file));
+    EXPECT_EQ(temp.names("to/7").size(), 60u) << "and no temporary files";
+  }
 }
 
 }  // namespace

@@ -3,12 +3,7 @@
 #include "platform/crash_report.hpp"
 #include "support/scratch_folder.hpp"
 
-#include <gtest/gtest.h>
-
-#include <csignal>
-#include <functional>
 #include <stdexcept>
-#include <thread>
 
 #include <sys/resource.h>
 #include <sys/wait.h>

@@ -2,8 +2,6 @@
 
 #include "support/temp_folder.hpp"
 
-#include <gtest/gtest.h>
-
 #include <sys/mount.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -36,8 +34,8 @@ TEST(Attributes, WithoutStoredOnesModeAndNameTell) {
                                          {"f", Folder},
                                          {".f", Folder | Hidden},
                                          {"fixed", Folder}})
-    EXPECT_EQ(temp.files.attributes(temp.path(name)).valueOr(0), attributes) << name;
-  EXPECT_EQ(codeOf(temp.files.attributes(temp.path("none"))), ErrorCode::NotFound);
+    EXPECT_EQ(temp.files.attributes(temp.at(name)).valueOr(0), attributes) << name;
+  EXPECT_EQ(codeOf(temp.files.attributes(temp.at("none"))), ErrorCode::NotFound);
 }
 
 TEST(Attributes, StoredOnesRule) {
@@ -54,21 +52,21 @@ TEST(Attributes, StoredOnesRule) {
                                          {"bad", Archive},
                                          {"locked", Archive | Hidden | ReadOnly},
                                          {"f", Folder | Hidden}})
-    EXPECT_EQ(temp.files.attributes(temp.path(name)).valueOr(0), attributes) << name;
+    EXPECT_EQ(temp.files.attributes(temp.at(name)).valueOr(0), attributes) << name;
 }
 
 TEST(SetAttributes, ChangesNothingElse) {
   TempFolder temp;
   temp.file("a", "bytes", Date{1000, 0});
-  ASSERT_TRUE(temp.files.setAttributes(temp.path("a"), Archive | ReadOnly));
+  ASSERT_TRUE(temp.files.setAttributes(temp.at("a"), Archive | ReadOnly));
   EXPECT_EQ(stored(temp, "a"), "") << "nothing is stored for what mode and name tell";
   EXPECT_EQ(temp.facts("a").st_mtim.tv_sec, 1000);
   EXPECT_EQ(temp.read("a"), "bytes");
-  ASSERT_TRUE(temp.files.setAttributes(temp.path("a"), Archive));
+  ASSERT_TRUE(temp.files.setAttributes(temp.at("a"), Archive));
   if (!temp.store("a", "0x1020")) GTEST_SKIP() << "no extended attributes here";
-  ASSERT_TRUE(temp.files.setAttributes(temp.path("a"), Hidden));
+  ASSERT_TRUE(temp.files.setAttributes(temp.at("a"), Hidden));
   EXPECT_EQ(stored(temp, "a"), "0x1002") << "bits that cannot be set stay";
-  EXPECT_EQ(codeOf(temp.files.setAttributes(temp.path("none"), 0)), ErrorCode::NotFound);
+  EXPECT_EQ(codeOf(temp.files.setAttributes(temp.at("none"), 0)), ErrorCode::NotFound);
 }
 
 TEST(SetAttributes, EveryCombinationComesBack) {
@@ -77,11 +75,11 @@ TEST(SetAttributes, EveryCombinationComesBack) {
   if (!temp.store("a", "0x20")) GTEST_SKIP() << "no extended attributes here";
   for (Attributes word = 0; word < 64; ++word) {
     if (word & ~Settable) continue;
-    ASSERT_TRUE(temp.files.setAttributes(temp.path("a"), word)) << word;
-    EXPECT_EQ(temp.files.attributes(temp.path("a")).valueOr(99), word);
+    ASSERT_TRUE(temp.files.setAttributes(temp.at("a"), word)) << word;
+    EXPECT_EQ(temp.files.attributes(temp.at("a")).valueOr(99), word);
     EXPECT_EQ((temp.facts("a").st_mode & S_IWUSR) == 0, (word & ReadOnly) != 0) << word;
-    ASSERT_TRUE(temp.files.setAttributes(temp.path("f"), word)) << word;
-    EXPECT_EQ(temp.files.attributes(temp.path("f")).valueOr(99), word | Folder);
+    ASSERT_TRUE(temp.files.setAttributes(temp.at("f"), word)) << word;
+    EXPECT_EQ(temp.files.attributes(temp.at("f")).valueOr(99), word | Folder);
     EXPECT_TRUE(temp.facts("f").st_mode & S_IWUSR) << "a read-only folder can still be filled";
   }
 }
@@ -94,10 +92,10 @@ TEST(SetAttributes, OwnerAloneCanChangeAFileThatIsReadOnly) {
   ASSERT_EQ(::chown(temp.system("a").c_str(), 65534, 65534), 0);
   EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
     // The kernel refuses extended attributes of a file without write permission even to its owner.
-    ASSERT_TRUE(temp.files.setAttributes(temp.path("a"), ReadOnly | Hidden));
-    EXPECT_EQ(temp.files.attributes(temp.path("a")).valueOr(0), ReadOnly | Hidden);
+    ASSERT_TRUE(temp.files.setAttributes(temp.at("a"), ReadOnly | Hidden));
+    EXPECT_EQ(temp.files.attributes(temp.at("a")).valueOr(0), ReadOnly | Hidden);
     EXPECT_EQ(temp.facts("a").st_mode & 0777, 0444u) << "the permission was lent, not given";
-    EXPECT_EQ(codeOf(temp.files.setAttributes(temp.path("others"), ReadOnly | Archive)), ErrorCode::AccessDenied);
+    EXPECT_EQ(codeOf(temp.files.setAttributes(temp.at("others"), ReadOnly | Archive)), ErrorCode::AccessDenied);
   }));
 }
 
@@ -106,10 +104,10 @@ TEST(SetAttributes, VolumeWithoutExtendedAttributesKeepsReadOnly) {
   temp.folder("m");
   if (::mount("none", temp.system("m").c_str(), "ramfs", 0, nullptr) != 0) GTEST_SKIP() << "no right to mount here";
   temp.file("m/a");
-  EXPECT_TRUE(temp.files.setAttributes(temp.path("m/a"), ReadOnly | Archive));
-  EXPECT_EQ(temp.files.attributes(temp.path("m/a")).valueOr(0), ReadOnly | Archive);
-  EXPECT_EQ(codeOf(temp.files.setAttributes(temp.path("m/a"), Hidden | Archive)), ErrorCode::NotSupported);
-  EXPECT_EQ(temp.files.attributes(temp.path("m/a")).valueOr(0), Archive) << "read-only is kept after that";
+  EXPECT_TRUE(temp.files.setAttributes(temp.at("m/a"), ReadOnly | Archive));
+  EXPECT_EQ(temp.files.attributes(temp.at("m/a")).valueOr(0), ReadOnly | Archive);
+  EXPECT_EQ(codeOf(temp.files.setAttributes(temp.at("m/a"), Hidden | Archive)), ErrorCode::NotSupported);
+  EXPECT_EQ(temp.files.attributes(temp.at("m/a")).valueOr(0), Archive) << "read-only is kept after that";
   ::umount(temp.system("m").c_str());
 }
 
@@ -117,12 +115,12 @@ TEST(SetModified, AnyDate) {
   TempFolder temp;
   temp.file("a").folder("f");
   for (const Date& date : {Date{-86400, 500}, Date{4102444800, 999999999}}) {
-    ASSERT_TRUE(temp.files.setModified(temp.path("a"), date));
-    EXPECT_EQ(temp.files.info(temp.path("a"))->modified, date);
+    ASSERT_TRUE(temp.files.setModified(temp.at("a"), date));
+    EXPECT_EQ(temp.files.info(temp.at("a"))->modified, date);
   }
-  EXPECT_TRUE(temp.files.setModified(temp.path("f"), Date{5, 0}));
-  EXPECT_EQ(temp.files.info(temp.path("f"))->modified.seconds, 5);
-  EXPECT_EQ(codeOf(temp.files.setModified(temp.path("none"), Date{})), ErrorCode::NotFound);
+  EXPECT_TRUE(temp.files.setModified(temp.at("f"), Date{5, 0}));
+  EXPECT_EQ(temp.files.info(temp.at("f"))->modified.seconds, 5);
+  EXPECT_EQ(codeOf(temp.files.setModified(temp.at("none"), Date{})), ErrorCode::NotFound);
 }
 
 }  // namespace

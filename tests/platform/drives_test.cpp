@@ -2,8 +2,6 @@
 #include "platform/posix/volume_facts.hpp"
 #include "support/temp_folder.hpp"
 
-#include <gtest/gtest.h>
-
 #include <sys/statvfs.h>
 
 namespace varnholt::platform::posix {
@@ -51,10 +49,10 @@ TEST(Drives, MapOverridesTheVolume) {
 TEST(Drives, VolumeOfAPathBelow) {
   TempFolder temp;
   temp.folder("a/b");
-  const auto volume = temp.files.volume(temp.path("a/b"));
+  const auto volume = temp.files.volume(temp.at("a/b"));
   ASSERT_TRUE(volume);
   EXPECT_EQ(volume->totalBytes, PosixDrives(temp.map).info('C')->totalBytes);
-  EXPECT_EQ(codeOf(temp.files.volume(temp.path("none"))), ErrorCode::NotFound);
+  EXPECT_EQ(codeOf(temp.files.volume(temp.at("none"))), ErrorCode::NotFound);
 }
 
 TEST(VolumeFacts, NamesOfFileSystems) {

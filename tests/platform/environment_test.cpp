@@ -2,10 +2,6 @@
 
 #include "support/scratch_folder.hpp"
 
-#include <gtest/gtest.h>
-
-#include <list>
-
 #include <sys/stat.h>
 #include <unistd.h>
 

@@ -1,9 +1,6 @@
 // The batch calls: as the single calls for the plain cases, and hands off from the first that is none.
 #include "support/temp_folder.hpp"
 
-#include <filesystem>
-#include <gtest/gtest.h>
-
 namespace varnholt::platform {
 namespace {
 
@@ -25,7 +22,7 @@ class FileBatch : public testing::Test {
 
   test::TempFolder temp;
   const Names all{"a", "b", "c", "d", "e"};
-  const std::string from = temp.path("from"), to = temp.path("to");
+  const std::string from = temp.at("from"), to = temp.at("to");
 };
 
 TEST_F(FileBatch, PlainFilesAreAllDoneAndTellTheirBytes) {
@@ -125,12 +122,12 @@ TEST_F(FileBatch, NamesAreGivenAsIfAllAtOnce) {
                                     {"long", "long"}})
     EXPECT_EQ(temp.read(std::string("from/") + name), bytes) << name;
   EXPECT_FALSE(temp.has("from/1"));
-  EXPECT_EQ(temp.files.renameFiles(temp.path("gone"), names).size(), names.size());
+  EXPECT_EQ(temp.files.renameFiles(temp.at("gone"), names).size(), names.size());
 }
 
 TEST_F(FileBatch, ProtectedFilesAreNotDeleted) {
   for (const Attributes attributes : {1u, 2u, 4u, 0u, 33u}) {
-    ASSERT_TRUE(temp.files.setAttributes(temp.path("from/c"), attributes));
+    ASSERT_TRUE(temp.files.setAttributes(temp.at("from/c"), attributes));
     EXPECT_EQ(deleted(), 2u) << attributes;
     EXPECT_EQ(temp.names("from"), (Names{"c", "d", "e"}));
     temp.file("from/a").file("from/b");
@@ -145,8 +142,8 @@ TEST_F(FileBatch, NamesThatLeadElsewhereAndFoldersThatAreGoneGiveNothing) {
     EXPECT_TRUE(temp.files.copyFiles(from, {name}, to, NoLimit).empty()) << name;
   }
   EXPECT_TRUE(temp.has("kept"));
-  EXPECT_TRUE(temp.files.copyFiles(temp.path("gone"), all, to, NoLimit).empty());
-  EXPECT_TRUE(temp.files.copyFiles(from, all, temp.path("gone"), NoLimit).empty());
+  EXPECT_TRUE(temp.files.copyFiles(temp.at("gone"), all, to, NoLimit).empty());
+  EXPECT_TRUE(temp.files.copyFiles(from, all, temp.at("gone"), NoLimit).empty());
   EXPECT_TRUE(temp.files.copyFiles("Q:\\", all, to, NoLimit).empty());
 }
 
@@ -158,7 +155,7 @@ TEST_F(FileBatch, EndsSoonWhenItIsStopped) {
   EXPECT_LT(temp.files.copyFiles(from, many, to, NoLimit, stop).size(), many.size());
   EXPECT_LT(temp.files.deleteFiles(from, many, stop).size(), many.size());
   temp.folder("elsewhere");
-  EXPECT_EQ(temp.files.moveFiles(from, all, temp.path("elsewhere"), stop).size(), 1u);
+  EXPECT_EQ(temp.files.moveFiles(from, all, temp.at("elsewhere"), stop).size(), 1u);
 }
 
 }  // namespace

@@ -4,11 +4,6 @@
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <thread>
-
 #include <unistd.h>
 
 namespace varnholt::platform {
@@ -31,10 +26,20 @@ const Entry* find(const Listing& listing, std::string_view name) {
   return nullptr;
 }
 
+class Looking : public testing::Test {
+ protected:
+  ListingPtr list(const std::string& folder = {}) {
+    const auto listing = temp.files.list(temp.at(folder));
+    if (!listing) throw std::runtime_error(listing.error().text);
+    return *listing;
+  }
+  TempFolder temp;
+  using Names = std::vector<std::string>;
+};
+
 // --- Listing ---------------------------------------------------------------------------------------------------------
 
-TEST(List, FoldersAndFilesApartByLoweredName) {
-  TempFolder temp;
+TEST_F(Looking, FoldersAndFilesApartByLoweredName) {
   temp.folder("beta")
       .folder("Alpha")
       .file("b.txt")
@@ -42,134 +47,94 @@ TEST(List, FoldersAndFilesApartByLoweredName) {
       .file("a.txt")
       .file("\xC3\x84.txt")
       .file("\xC3\xA4.txt");
-  const auto listing = temp.files.list(temp.path());
-  ASSERT_TRUE(listing);
-  EXPECT_EQ(namesOf((*listing)->folders()), (std::vector<std::string>{"Alpha", "beta"}));
-  EXPECT_EQ(namesOf((*listing)->files()),
-            (std::vector<std::string>{"A.txt", "a.txt", "b.txt", "\xC3\x84.txt", "\xC3\xA4.txt"}));
+  EXPECT_EQ(namesOf(list()->folders()), (Names{"Alpha", "beta"}));
+  EXPECT_EQ(namesOf(list()->files()), (Names{"A.txt", "a.txt", "b.txt", "\xC3\x84.txt", "\xC3\xA4.txt"}));
 }
 
-TEST(List, FactsInOnePass) {
-  TempFolder temp;
+TEST_F(Looking, FactsInOnePassAndLinksAsWhatTheyPointTo) {
   temp.file("old.txt", "12345", Date{-1000, 5}).file("new.txt", "", Date{5000000000, 999999999}).folder("f");
+  temp.link("toFolder", "f").link("toFile", "old.txt").link("gone", "nowhere").link("loop", "loop");
+  temp.pipe("pipe").link("toPipe", "pipe");
   const auto before = std::filesystem::current_path();
-  const auto listing = temp.files.list(temp.path());
-  ASSERT_TRUE(listing);
+  const auto listing = list();
   EXPECT_EQ(std::filesystem::current_path(), before);
-  const Entry* old = find(**listing, "old.txt");
+  const Entry* old = find(*listing, "old.txt");
   ASSERT_TRUE(old);
   EXPECT_EQ(old->size, 5u);
   EXPECT_EQ(old->modified, (Date{-1000, 5}));
-  EXPECT_EQ(temp.files.info(temp.path("old.txt"))->modified, (Date{-1000, 5}));
-  EXPECT_TRUE(old->hasDates);
-  EXPECT_GT(old->created.seconds, 0);
+  EXPECT_EQ(temp.files.info(temp.at("old.txt"))->modified, (Date{-1000, 5}));
+  EXPECT_TRUE(old->hasDates && old->created.seconds > 0 && !old->isLink);
   EXPECT_EQ(old->attributes, attribute::Archive);
-  EXPECT_EQ(find(**listing, "new.txt")->modified, (Date{5000000000, 999999999}));
-  EXPECT_EQ(find(**listing, "f")->size, 0u);
-  EXPECT_EQ(find(**listing, "f")->attributes, attribute::Folder);
-}
-
-TEST(List, LinksAreToldAsWhatTheyPointTo) {
-  TempFolder temp;
-  temp.folder("f")
-      .file("t", "123")
-      .link("toFolder", "f")
-      .link("toFile", "t")
-      .link("gone", "nowhere")
-      .link("loop", "loop");
-  const auto listing = temp.files.list(temp.path());
-  ASSERT_TRUE(listing);
-  EXPECT_EQ(namesOf((*listing)->folders()), (std::vector<std::string>{"f", "toFolder"}));
-  EXPECT_TRUE(find(**listing, "toFolder")->isLink);
-  EXPECT_EQ(find(**listing, "toFile")->size, 3u);
-  for (const char* name : {"gone", "loop"}) {
-    EXPECT_TRUE(find(**listing, name)->isDangling) << name;
-    EXPECT_EQ(find(**listing, name)->kind, EntryKind::File) << name;
-  }
-  EXPECT_FALSE(find(**listing, "t")->isLink);
-}
-
-TEST(List, SpecialFilesAreListedAndNeverOpened) {
-  TempFolder temp;
-  temp.pipe("pipe").link("toPipe", "pipe");
-
-  const auto listing = temp.files.list(temp.path());
-  ASSERT_TRUE(listing);
+  EXPECT_EQ(find(*listing, "new.txt")->modified, (Date{5000000000, 999999999}));
+  EXPECT_EQ(find(*listing, "f")->size, 0u);
+  EXPECT_EQ(find(*listing, "f")->attributes, attribute::Folder);
+  EXPECT_EQ(namesOf(listing->folders()), (Names{"f", "toFolder"}));
+  EXPECT_TRUE(find(*listing, "toFolder")->isLink);
+  EXPECT_EQ(find(*listing, "toFile")->size, 5u);
+  for (const char* name : {"gone", "loop"})
+    EXPECT_TRUE(find(*listing, name)->isDangling && find(*listing, name)->kind == EntryKind::File) << name;
   for (const char* name : {"pipe", "toPipe"})
-    EXPECT_EQ(find(**listing, name)->kind, EntryKind::Special) << name;
-  EXPECT_EQ(codeOf(temp.files.readFile(temp.path("pipe"))), ErrorCode::NotRegular);
-  EXPECT_EQ(codeOf(temp.files.fileVersion(temp.path("pipe"))), ErrorCode::NotRegular);
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("pipe"), temp.path("copy"), false)), ErrorCode::NotRegular);
+    EXPECT_EQ(find(*listing, name)->kind, EntryKind::Special) << name;
+  EXPECT_EQ(codeOf(temp.files.readFile(temp.at("pipe"))), ErrorCode::NotRegular) << "nor is it opened";
+  EXPECT_EQ(codeOf(temp.files.fileVersion(temp.at("pipe"))), ErrorCode::NotRegular);
 }
 
-TEST(List, LargeFolderIsCompleteAndInOrder) {
-  TempFolder temp;
+TEST_F(Looking, LargeFolderIsCompleteAndInOrder) {
   constexpr int count = 12000;  // above what one thread sorts
   for (int i = 0; i < count; ++i)
     temp.file((i % 3 ? "Name-" : "name-") + std::to_string(i * 7919 % count), "");
-  const auto listing = temp.files.list(temp.path());
-  ASSERT_TRUE(listing);
-  const auto names = namesOf((*listing)->files());
+  const auto names = namesOf(list()->files());
   EXPECT_EQ(names.size(), size_t{count});
   EXPECT_TRUE(std::ranges::is_sorted(names, {}, [](const auto& name) { return std::pair(foldCase(name), name); }));
 }
 
-TEST(List, FolderThatChangesMeanwhile) {
-  TempFolder temp;
+TEST_F(Looking, FolderThatChangesMeanwhile) {
   for (int i = 0; i < 500; ++i)
     temp.file("stays-" + std::to_string(i));
   std::atomic<bool> stop = false;
   std::thread changer([&] {
     for (int i = 0; !stop; i = (i + 1) % 50) {
-      temp.scratch.write("comes-" + std::to_string(i), "x");
+      temp.write("comes-" + std::to_string(i), "x");
       ::unlink(temp.system("comes-" + std::to_string((i + 25) % 50)).c_str());
     }
   });
   for (int round = 0; round < 30; ++round) {
-    const auto listing = temp.files.list(temp.path());
-    ASSERT_TRUE(listing);
-    const auto& files = (*listing)->files();
-    EXPECT_EQ(std::count_if(files.begin(), files.end(), [](auto& entry) { return entry.name.starts_with("stays-"); }),
-              500);
+    EXPECT_EQ(std::ranges::count_if(list()->files(), [](auto& each) { return each.name.starts_with("stays-"); }), 500);
   }
   stop = true;
   changer.join();
 }
 
-TEST(List, Errors) {
-  TempFolder temp;
+TEST_F(Looking, Errors) {
   temp.file("file");
-  EXPECT_EQ(codeOf(temp.files.list(temp.path("none"))), ErrorCode::NotFound);
-  EXPECT_EQ(codeOf(temp.files.list(temp.path("file"))), ErrorCode::NotAFolder);
+  EXPECT_EQ(codeOf(temp.files.list(temp.at("none"))), ErrorCode::NotFound);
+  EXPECT_EQ(codeOf(temp.files.list(temp.at("file"))), ErrorCode::NotAFolder);
   EXPECT_EQ(codeOf(temp.files.list("Q:\\")), ErrorCode::InvalidPath);
   EXPECT_EQ(codeOf(temp.files.list("C:\\" + std::string(5000, 'x'))), ErrorCode::InvalidPath);
-  const auto missing = temp.files.list(temp.path("none/below"));
-  EXPECT_EQ(missing.error().path, temp.path("none/below")) << "errors speak of program paths";
+  const auto missing = temp.files.list(temp.at("none/below"));
+  EXPECT_EQ(missing.error().path, temp.at("none/below")) << "errors speak of program paths";
 }
 
-TEST(List, EntriesThatMayNotBeAskedAreStillListed) {
-  TempFolder temp;
+TEST_F(Looking, EntriesThatMayNotBeAskedAreStillListed) {
   temp.folder("locked").file("locked/a.txt").folder("locked/f").mode("locked", 0744).mode("", 0755);
   temp.folder("closed").mode("closed", 0700);
   EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
-    const auto listing = temp.files.list(temp.path("locked"));
-    ASSERT_TRUE(listing);
-    ASSERT_TRUE(find(**listing, "a.txt"));
-    EXPECT_FALSE(find(**listing, "a.txt")->hasDates);
-    EXPECT_EQ(find(**listing, "f")->kind, EntryKind::Folder);
-    EXPECT_EQ(codeOf(temp.files.list(temp.path("closed"))), ErrorCode::AccessDenied);
+    const auto listing = list("locked");
+    ASSERT_TRUE(find(*listing, "a.txt"));
+    EXPECT_FALSE(find(*listing, "a.txt")->hasDates);
+    EXPECT_EQ(find(*listing, "f")->kind, EntryKind::Folder);
+    EXPECT_EQ(codeOf(temp.files.list(temp.at("closed"))), ErrorCode::AccessDenied);
   }));
 }
 
 // --- One path --------------------------------------------------------------------------------------------------------
 
-TEST(Info, FileLargerThanFourGigabytes) {
-  TempFolder temp;
+TEST_F(Looking, FileLargerThanFourGigabytes) {
   temp.file("huge", "");
   ASSERT_EQ(::truncate(temp.system("huge").c_str(), 5LL << 30), 0);
-  EXPECT_EQ(temp.files.info(temp.path("huge"))->size, 5ull << 30);
-  EXPECT_EQ(codeOf(temp.files.readFile(temp.path("huge"))), ErrorCode::TooLarge);
-  EXPECT_EQ(temp.files.folderSize(temp.path())->bytes, 5ull << 30);
+  EXPECT_EQ(temp.files.info(temp.at("huge"))->size, 5ull << 30);
+  EXPECT_EQ(codeOf(temp.files.readFile(temp.at("huge"))), ErrorCode::TooLarge);
+  EXPECT_EQ(temp.files.folderSize(temp.at())->bytes, 5ull << 30);
 }
 
 struct ExistsCase {
@@ -177,8 +142,7 @@ struct ExistsCase {
   bool file, folder;
 };
 
-TEST(Exists, FilesAndFolders) {
-  TempFolder temp;
+TEST_F(Looking, FilesAndFolders) {
   temp.file("t").folder("f").link("toFile", "t").link("toFolder", "f").link("gone", "nowhere").pipe("pipe");
   for (const auto& [name, file, folder] : {ExistsCase{"t", true, false},
                                            {"f", false, true},
@@ -189,31 +153,29 @@ TEST(Exists, FilesAndFolders) {
                                            {"none", false, false},
                                            {"t/below", false, false},
                                            {"", false, true}}) {
-    EXPECT_EQ(temp.files.fileExists(temp.path(name)), file) << name;
-    EXPECT_EQ(temp.files.folderExists(temp.path(name)), folder) << name;
+    EXPECT_EQ(temp.files.fileExists(temp.at(name)), file) << name;
+    EXPECT_EQ(temp.files.folderExists(temp.at(name)), folder) << name;
   }
-  EXPECT_TRUE(temp.files.info(temp.path("toFile"))->isLink);
-  EXPECT_TRUE(temp.files.info(temp.path("gone"))->isDangling);
-  EXPECT_EQ(codeOf(temp.files.info(temp.path("none"))), ErrorCode::NotFound);
+  EXPECT_TRUE(temp.files.info(temp.at("toFile"))->isLink);
+  EXPECT_TRUE(temp.files.info(temp.at("gone"))->isDangling);
+  EXPECT_EQ(codeOf(temp.files.info(temp.at("none"))), ErrorCode::NotFound);
 }
 
-TEST(SameEntry, HoweverItIsSpelled) {
-  TempFolder temp;
+TEST_F(Looking, HoweverItIsSpelled) {
   temp.file("a").file("b").link("l", "a").hardLink("h", "a");
-  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), temp.path("a", 'E')));
-  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), "Z:" + temp.files.resolve("Z:" + temp.system("a"))->substr(2)));
-  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), temp.path("l")));
-  EXPECT_TRUE(temp.files.sameEntry(temp.path("a"), temp.path("h")));
-  EXPECT_FALSE(temp.files.sameEntry(temp.path("a"), temp.path("b")));
-  EXPECT_FALSE(temp.files.sameEntry(temp.path("none"), temp.path("none")));
+  EXPECT_TRUE(temp.files.sameEntry(temp.at("a"), temp.at("a", 'E')));
+  EXPECT_TRUE(temp.files.sameEntry(temp.at("a"), "Z:" + temp.files.resolve("Z:" + temp.system("a"))->substr(2)));
+  EXPECT_TRUE(temp.files.sameEntry(temp.at("a"), temp.at("l")));
+  EXPECT_TRUE(temp.files.sameEntry(temp.at("a"), temp.at("h")));
+  EXPECT_FALSE(temp.files.sameEntry(temp.at("a"), temp.at("b")));
+  EXPECT_FALSE(temp.files.sameEntry(temp.at("none"), temp.at("none")));
 }
 
 struct ResolveCase {
   const char *typed, *found;
 };
 
-TEST(Resolve, SpelledAsTheDiskHasIt) {
-  TempFolder temp;
+TEST_F(Looking, SpelledAsTheDiskHasIt) {
   temp.file("Photos/Sommer \xC3\x84/B.jpg").file("twin").file("TWIN").file("point.").file("back\\slash");
   for (const auto& [typed, found] :
        {ResolveCase{"c:\\PHOTOS\\sommer \xC3\xA4\\b.JPG", "C:\\Photos\\Sommer \xC3\x84\\B.jpg"},
@@ -236,57 +198,36 @@ TEST(Resolve, SpelledAsTheDiskHasIt) {
 
 // --- Sizes -----------------------------------------------------------------------------------------------------------
 
-TEST(FolderSize, CountsFilesOfTheTreeAndFollowsNothing) {
-  TempFolder temp;
+TEST_F(Looking, TheSizeOfATreeCountsItsFilesOnceAndFollowsNothing) {
   temp.file("tree/a", "12345").file("tree/f/b", "123").folder("tree/f/g").file("outside/big", std::string(1000, 'x'));
   temp.link("tree/toOutside", "../outside").link("tree/f/toBig", "../../outside/big").pipe("tree/pipe");
-  const auto size = temp.files.folderSize(temp.path("tree"));
+  for (int i = 0; i < 2000; ++i)
+    temp.file("tree/wide/" + std::to_string(i), "ab").file("tree/deep/" + std::to_string(i % 100) + "/x/y", "c");
+  const auto size = temp.files.folderSize(temp.at("tree"));
   ASSERT_TRUE(size);
-  EXPECT_EQ(size->bytes, 8u);
-  EXPECT_EQ(size->files, 5u);
-  EXPECT_EQ(size->folders, 2u);
+  EXPECT_EQ(size->bytes, 8u + 4000 + 100);
+  EXPECT_EQ(size->files, 5u + 2000 + 100);
+  EXPECT_EQ(size->folders, 2u + 202);
   EXPECT_TRUE(size->exact);
+  EXPECT_EQ(codeOf(temp.files.folderSize(temp.at("tree"), [](std::uint64_t) { return false; })), ErrorCode::Stopped);
+  EXPECT_EQ(codeOf(temp.files.folderSize(temp.at("tree/a"))), ErrorCode::NotAFolder);
+  EXPECT_EQ(codeOf(temp.files.folderSize(temp.at("none"))), ErrorCode::NotFound);
 }
 
-TEST(FolderSize, WideTreeIsCountedOnce) {
-  TempFolder temp;
-  for (int i = 0; i < 3000; ++i)
-    temp.file("tree/wide/" + std::to_string(i), "ab");
-  for (int i = 0; i < 200; ++i)
-    temp.file("tree/deep/" + std::to_string(i) + "/x/y", "c");
-  const auto size = temp.files.folderSize(temp.path("tree"));
-  ASSERT_TRUE(size);
-  EXPECT_EQ(size->bytes, 6200u);
-  EXPECT_EQ(size->files, 3200u);
-  EXPECT_EQ(size->folders, 402u);
-}
-
-TEST(FolderSize, UnreadableFolderMakesItInexact) {
-  TempFolder temp;
+TEST_F(Looking, UnreadableFolderMakesTheSizeInexact) {
   temp.file("tree/a", "123").file("tree/locked/b", "12345").mode("tree/locked", 0700).mode("", 0755);
   EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
-    const auto size = temp.files.folderSize(temp.path("tree"));
-    ASSERT_TRUE(size);
-    EXPECT_EQ(size->bytes, 3u);
-    EXPECT_FALSE(size->exact);
+    const auto size = temp.files.folderSize(temp.at("tree"));
+    EXPECT_TRUE(size && size->bytes == 3u && !size->exact);
   }));
 }
 
-TEST(FolderSize, StopsWhenAsked) {
-  TempFolder temp;
-  temp.file("tree/a");
-  EXPECT_EQ(codeOf(temp.files.folderSize(temp.path("tree"), [](std::uint64_t) { return false; })), ErrorCode::Stopped);
-  EXPECT_EQ(codeOf(temp.files.folderSize(temp.path("tree/a"))), ErrorCode::NotAFolder);
-  EXPECT_EQ(codeOf(temp.files.folderSize(temp.path("none"))), ErrorCode::NotFound);
-}
-
-TEST(FolderSize, MountedVolumesAreNotEntered) {
-  TempFolder temp;
+TEST_F(Looking, MountedVolumesAreNotEntered) {
   temp.file("tree/a", "123").folder("tree/mounted");
   const auto mount = test::ScopedMount::memory(temp.system("tree/mounted"));
   if (!mount) GTEST_SKIP() << "no right to mount here";
   temp.file("tree/mounted/b", "12345");
-  const auto size = temp.files.folderSize(temp.path("tree"));
+  const auto size = temp.files.folderSize(temp.at("tree"));
   ASSERT_TRUE(size);
   EXPECT_EQ(size->bytes, 3u);
 }

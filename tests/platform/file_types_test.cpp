@@ -5,10 +5,6 @@
 
 #include "support/scratch_folder.hpp"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-
 #include <sys/wait.h>
 #include <unistd.h>
 

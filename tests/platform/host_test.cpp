@@ -2,10 +2,6 @@
 
 #include "support/scratch_folder.hpp"
 
-#include <gtest/gtest.h>
-
-#include <list>
-
 namespace varnholt::platform {
 namespace {
 
@@ -40,17 +36,6 @@ TEST_F(HostTest, GivesAPlatformThatWorksAtTheFirstStart) {
   EXPECT_EQ(platform.drives.letters(), (std::vector<char>{'C', 'Z'}));
   EXPECT_TRUE(platform.settings.save("a", "s", "k", "v"));
   EXPECT_TRUE(platform.registry.createKey(RegistryRoot::CurrentUser, "Key"));
-}
-
-TEST_F(HostTest, RemembersFromOneStartToTheNext) {
-  {
-    const auto host = makePlatformHost(given);
-    ASSERT_TRUE(host->platform().settings.save("a", "s", "k", "v"));
-    ASSERT_TRUE(host->platform().registry.createKey(RegistryRoot::CurrentUser, "Key"));
-  }
-  const auto host = makePlatformHost(given);
-  EXPECT_EQ(host->platform().settings.get("a", "s", "k"), "v");
-  EXPECT_TRUE(host->platform().registry.keyExists(RegistryRoot::CurrentUser, "Key"));
 }
 
 TEST_F(HostTest, TellsOfDamagedFilesOnce) {

@@ -1,14 +1,9 @@
 // Moves and deletes, and what they must never do.
 
+#include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 
-#include <gtest/gtest.h>
-
-#include <atomic>
-#include <thread>
-
 #include <fcntl.h>
-#include <sys/mount.h>
 #include <unistd.h>
 
 namespace varnholt::platform {
@@ -18,251 +13,257 @@ using test::codeOf;
 using test::TempFolder;
 using Names = std::vector<std::string>;
 
+class MovesAndDeletes : public testing::Test {
+ protected:
+  using Code = std::optional<ErrorCode>;  ///< none: it succeeded
+  Code move(const std::string& from, const std::string& to, const Progress& progress = {}) {
+    return codeOf(temp.files.moveFile(temp.at(from), temp.at(to), progress));
+  }
+  Code moveTree(const std::string& from, const std::string& to) {
+    return codeOf(temp.files.moveFolder(temp.at(from), temp.at(to)));
+  }
+  Code remove(const std::string& name, bool force = false) {
+    return codeOf(temp.files.deleteFile(temp.at(name), force));
+  }
+  Code removeTree(const std::string& name, bool force = true, LeftOuts* leftOut = nullptr) {
+    return codeOf(temp.files.deleteFolder(temp.at(name), force, {}, leftOut));
+  }
+  TempFolder temp;
+  static constexpr Code Done{};
+};
+
 // --- Move ------------------------------------------------------------------------------------------------------------
 
-TEST(MoveFile, WithinAVolume) {
-  TempFolder temp;
-  temp.file("a", "1", Date{50, 0}).folder("f").link("l", "a");
-  ASSERT_TRUE(temp.files.moveFile(temp.path("a"), temp.path("f/b")));
+TEST_F(MovesAndDeletes, WithinAVolume) {
+  temp.file("a", "1", Date{50, 0}).file("tree/x", "2").folder("f").link("l", "a").link("toF", "f");
+  EXPECT_EQ(move("a", "f/b"), Done);
   EXPECT_EQ(temp.read("f/b"), "1");
   EXPECT_EQ(temp.facts("f/b").st_mtim.tv_sec, 50);
-  EXPECT_FALSE(temp.has("a"));
-  ASSERT_TRUE(temp.files.moveFile(temp.path("l"), temp.path("f/")));
+  EXPECT_EQ(move("l", "f/"), Done);
   EXPECT_EQ(temp.linkText("f/l"), "a");
+  EXPECT_EQ(moveTree("tree", "f/"), Done);
+  EXPECT_EQ(temp.read("f/tree/x"), "2");
+  EXPECT_EQ(moveTree("toF", "toF2"), Done);
+  EXPECT_EQ(temp.linkText("toF2"), "f");
+  EXPECT_EQ(temp.names(), (Names{"f", "toF2"}));
 }
 
-TEST(MoveFile, NeverReplaces) {
-  TempFolder temp;
-  temp.file("a", "new").file("b", "old").folder("f");
-  EXPECT_EQ(codeOf(temp.files.moveFile(temp.path("a"), temp.path("b"))), ErrorCode::AlreadyThere);
-  EXPECT_EQ(codeOf(temp.files.moveFile(temp.path("a"), temp.path("f"))), ErrorCode::AlreadyThere);
-  EXPECT_EQ(temp.read("a"), "new");
-  EXPECT_EQ(temp.read("b"), "old");
-  EXPECT_EQ(codeOf(temp.files.moveFile(temp.path("f"), temp.path("g"))), ErrorCode::IsAFolder);
-  EXPECT_EQ(codeOf(temp.files.moveFile(temp.path("none"), temp.path("g"))), ErrorCode::NotFound);
-  EXPECT_EQ(codeOf(temp.files.moveFile(temp.path("a"), temp.path("none/g"))), ErrorCode::NotFound);
+TEST_F(MovesAndDeletes, NothingIsReplaced) {
+  temp.file("a", "new").file("b", "old").folder("f").folder("empty").file("g/h/x").link("toH", "g/h");
+  temp.hardLink("a2", "a").hardLink("A", "a");
+  using enum ErrorCode;
+  const std::tuple<const char*, const char*, ErrorCode> files[] = {
+      {"a", "b", AlreadyThere},  {"a", "f", AlreadyThere}, {"f", "c", IsAFolder}, {"none", "c", NotFound},
+      {"a", "none/c", NotFound}, {"a", "a2", SameEntry},   {"a", "A", SameEntry}};
+  for (const auto& [from, to, code] : files)
+    EXPECT_EQ(move(from, to), code) << from << " to " << to;
+  const std::tuple<const char*, const char*, ErrorCode> trees[] = {
+      {"f", "empty", AlreadyThere}, {"a", "c", NotAFolder},  {"g", "g/x", IntoItself},
+      {"g", "g/h/y", IntoItself},   {"g", "g/", IntoItself}, {"g", "toH/y", IntoItself}};
+  for (const auto& [from, to, code] : trees)
+    EXPECT_EQ(moveTree(from, to), code) << from << " to " << to;
+  EXPECT_EQ(codeOf(temp.files.moveFolder(temp.at("g"), temp.at("g/x", 'E'))), IntoItself);
+  EXPECT_EQ(temp.read("a") + temp.read("b"), "newold");
+  EXPECT_EQ(temp.names(), (Names{"A", "a", "a2", "b", "empty", "f", "g", "toH"}));
+  EXPECT_TRUE(temp.has("g/h/x"));
 }
 
-TEST(MoveFile, CaseOfANameCanChange) {
-  TempFolder temp;
+TEST_F(MovesAndDeletes, CaseOfANameCanChange) {
   temp.file("name.txt", "1").folder("folder");
-  ASSERT_TRUE(temp.files.moveFile(temp.path("name.txt"), temp.path("Name.TXT")));
-  ASSERT_TRUE(temp.files.moveFolder(temp.path("folder"), temp.path("Folder")));
+  EXPECT_EQ(move("name.txt", "Name.TXT"), Done);
+  EXPECT_EQ(moveTree("folder", "Folder"), Done);
   EXPECT_EQ(temp.names(), (Names{"Folder", "Name.TXT"}));
-  EXPECT_TRUE(temp.files.moveFile(temp.path("Name.TXT"), temp.path("Name.TXT", 'E'))) << "to where it is";
+  EXPECT_TRUE(temp.files.moveFile(temp.at("Name.TXT"), temp.at("Name.TXT", 'E'))) << "to where it is";
   EXPECT_EQ(temp.read("Name.TXT"), "1");
 }
 
-TEST(MoveFile, TwoNamesOfOneFileBothStay) {
-  TempFolder temp;
-  temp.file("a", "1").hardLink("A", "a").hardLink("b", "a");
-  for (const char* target : {"A", "b"})
-    EXPECT_EQ(codeOf(temp.files.moveFile(temp.path("a"), temp.path(target))), ErrorCode::SameEntry) << target;
-  EXPECT_EQ(temp.names(), (Names{"A", "a", "b"}));
-}
-
 /// A second volume mounted into the folder.
-class OtherVolume : public ::testing::Test {
+class OtherVolume : public MovesAndDeletes {
  protected:
   void SetUp() override {
     temp.folder("other");
-    if (::mount("none", temp.system("other").c_str(), "tmpfs", 0, "size=2m") != 0)
-      GTEST_SKIP() << "no right to mount here";
-    mounted_ = true;
+    mount = test::ScopedMount::memory(temp.system("other"), "size=2m");
+    if (!mount) GTEST_SKIP() << "no right to mount here";
   }
-  void TearDown() override {
-    if (mounted_) ::umount2(temp.system("other").c_str(), MNT_DETACH);
-  }
-  TempFolder temp;
-
- private:
-  bool mounted_ = false;
+  test::ScopedMount mount;
+  const std::string big = std::string(3 << 20, 'x');
 };
 
-TEST_F(OtherVolume, MoveFileIsCopyThenDelete) {
+TEST_F(OtherVolume, AMoveOfAFileIsACopyAndThenADelete) {
   temp.file("a", "bytes", Date{50, 0}).mode("a", 0640).link("l", "nowhere");
-  ASSERT_TRUE(temp.files.moveFile(temp.path("a"), temp.path("other/b")));
-  ASSERT_TRUE(temp.files.moveFile(temp.path("l"), temp.path("other/")));
+  EXPECT_EQ(move("a", "other/b"), Done);
+  EXPECT_EQ(move("l", "other/"), Done);
   EXPECT_EQ(temp.read("other/b"), "bytes");
   EXPECT_EQ(temp.facts("other/b").st_mtim.tv_sec, 50);
   EXPECT_EQ(temp.facts("other/b").st_mode & 0777, 0640u);
   EXPECT_EQ(temp.linkText("other/l"), "nowhere");
   EXPECT_EQ(temp.names(), (Names{"other"}));
+  temp.file("f/a", "1");
+  EXPECT_EQ(moveTree("f", "other/f"), ErrorCode::NotSupported);
+  EXPECT_EQ(temp.read("f/a"), "1");
+  EXPECT_EQ(temp.names("other"), (Names{"b", "l"}));
 }
 
-TEST_F(OtherVolume, MoveFileThatFindsNoRoomKeepsTheSource) {
-  temp.file("a", std::string(3 << 20, 'x'));
-  EXPECT_EQ(codeOf(temp.files.moveFile(temp.path("a"), temp.path("other/a"))), ErrorCode::NoSpace);
+TEST_F(OtherVolume, WhatFindsNoRoomChangesNothing) {
+  temp.file("a", big).file("other/a", "old").file("tree/1/big", big);
+  const auto at = [&](const char* name) { return temp.at(name); };
+  auto& files = temp.files;
+  temp.mode("other/a", 0444);
+  EXPECT_EQ(codeOf(files.replaceFile(at("a"), at("other/a"))), ErrorCode::NoSpace);
+  EXPECT_EQ(temp.facts("other/a").st_mode & 0777, 0444u);
+  temp.mode("other/a", 0644);
+  EXPECT_EQ(codeOf(files.copyFile(at("a"), at("other/a"), true)), ErrorCode::NoSpace);
+  EXPECT_EQ(codeOf(files.writeFile(at("other/a"), big)), ErrorCode::NoSpace);
+  EXPECT_EQ(move("a", "other/b"), ErrorCode::NoSpace);
   EXPECT_EQ(temp.facts("a").st_size, 3 << 20);
-  EXPECT_TRUE(temp.names("other").empty()) << "nor is the half copy left";
-}
-
-TEST_F(OtherVolume, CopyThatFindsNoRoomKeepsTheOldTarget) {
-  temp.file("a", std::string(3 << 20, 'x')).file("other/a", "old").file("tree/1/big", std::string(3 << 20, 'y'));
-  EXPECT_EQ(codeOf(temp.files.copyFile(temp.path("a"), temp.path("other/a"), true)), ErrorCode::NoSpace);
-  EXPECT_EQ(temp.read("other/a"), "old");
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("tree"), temp.path("other/tree"), true)), ErrorCode::NoSpace);
+  EXPECT_EQ(codeOf(files.copyFolder(at("tree"), at("other/tree"), true)), ErrorCode::NoSpace);
   EXPECT_TRUE(temp.names("other/tree/1").empty()) << "no half file stays";
-  EXPECT_EQ(codeOf(temp.files.writeFile(temp.path("other/a"), std::string(3 << 20, 'z'))), ErrorCode::NoSpace);
   EXPECT_EQ(temp.read("other/a"), "old");
   EXPECT_EQ(temp.names("other"), (Names{"a", "tree"}));
-}
-
-TEST_F(OtherVolume, MoveWhoseSourceCannotGoTakesTheCopyBack) {
-  temp.folder("fixed").file("fixed/a", "1").mode("fixed", 0555).mode("other", 0777).mode("", 0755);
-  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
-    EXPECT_EQ(codeOf(temp.files.moveFile(temp.path("fixed/a"), temp.path("other/a"))), ErrorCode::AccessDenied);
-  }));
-  EXPECT_EQ(temp.read("fixed/a"), "1");
-  EXPECT_FALSE(temp.has("other/a"));
-}
-
-TEST_F(OtherVolume, AMoveIntoAFolderThatCannotBeReadEndsWhole) {
-  temp.file("a", "1").link("l", "nowhere").folder("other/box").mode("other/box", 0333).mode("", 0777);
-  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
-    for (const char* name : {"a", "l"})
-      EXPECT_TRUE(temp.files.moveFile(temp.path(name), temp.path("other/box/"))) << name;
-  }));
-  EXPECT_EQ(temp.names(), Names{"other"});
-  EXPECT_EQ(temp.names("other/box"), (Names{"a", "l"}));
 }
 
 TEST_F(OtherVolume, ACopyThatFindsNoRoomGivesUpAndSaysSo) {
   for (int number = 0; number < 50; ++number)
     temp.file("tree/" + std::to_string(number), std::string(1 << 20, 'y'));
   LeftOuts leftOut;
-  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.path("tree"), temp.path("other/tree"), true, {}, &leftOut)),
+  EXPECT_EQ(codeOf(temp.files.copyFolder(temp.at("tree"), temp.at("other/tree"), true, {}, &leftOut)),
             ErrorCode::NoSpace);
   EXPECT_LT(leftOut.size(), 10u);
-  EXPECT_EQ(leftOut.back().path, temp.path("tree"));
+  EXPECT_EQ(leftOut.back().path, temp.at("tree"));
   EXPECT_EQ(leftOut.back().text, "the rest was not tried: No space left on device");
 }
 
-TEST_F(OtherVolume, MoveFolderIsNotSupported) {
-  temp.file("f/a", "1");
-  EXPECT_EQ(codeOf(temp.files.moveFolder(temp.path("f"), temp.path("other/f"))), ErrorCode::NotSupported);
-  EXPECT_EQ(temp.read("f/a"), "1");
+TEST_F(OtherVolume, WhatCannotBeWrittenToIsLeftAsItIs) {
+  temp.file("a", "new").file("other/a", "old").file("other/f/x", "x");
+  ASSERT_TRUE(mount.makeReadOnly());
+  EXPECT_EQ(codeOf(temp.files.copyFile(temp.at("a"), temp.at("other/b"), true)), ErrorCode::AccessDenied);
+  EXPECT_EQ(codeOf(temp.files.copyFile(temp.at("a"), temp.at("other/a"), true)), ErrorCode::AccessDenied);
+  EXPECT_EQ(move("other/a", "b"), ErrorCode::AccessDenied);
+  EXPECT_EQ(remove("other/a", true), ErrorCode::AccessDenied);
+  EXPECT_EQ(removeTree("other/f"), ErrorCode::AccessDenied);
+  EXPECT_EQ(temp.read("other/a") + temp.read("other/f/x"), "oldx");
+  EXPECT_EQ(temp.names(), (Names{"a", "other"})) << "the copy of what could not go is taken back";
+}
+
+TEST_F(OtherVolume, AMoveOfAnOrdinaryUser) {
+  temp.folder("fixed").file("fixed/a", "1").mode("fixed", 0555).mode("other", 0777).mode("", 0777);
+  temp.file("a", "1").link("l", "nowhere").folder("other/box").mode("other/box", 0333);
+  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
+    EXPECT_EQ(move("fixed/a", "other/a"), ErrorCode::AccessDenied) << "the copy is taken back";
+    for (const char* name : {"a", "l"})
+      EXPECT_EQ(move(name, "other/box/"), Done) << name << ": into a folder that cannot be read";
+  }));
+  EXPECT_EQ(temp.read("fixed/a"), "1");
+  EXPECT_EQ(temp.names("other"), Names{"box"});
+  EXPECT_EQ(temp.names("other/box"), (Names{"a", "l"}));
+}
+
+TEST_F(OtherVolume, AFileThatChangesMeanwhileOrIsStoppedIsNotMovedAway) {
+  const std::string path = temp.system("a"), old(1 << 20, 'o'), grown = old + std::string(100, '+');
+  const auto moveWhile = [&](const std::function<bool()>& change) {
+    temp.file("a", old);
+    return move("a", "other/a",
+                [&, done = false](std::uint64_t) mutable { return std::exchange(done, true) || change(); });
+  };
+  EXPECT_EQ(moveWhile([] { return false; }), ErrorCode::Stopped);
+  EXPECT_TRUE(temp.read("a") == old);
+  EXPECT_NE(moveWhile([&] { return std::ofstream(path, std::ios::app) << std::string(100, '+'), true; }), Done);
+  EXPECT_TRUE(temp.read("a") == grown);
+  EXPECT_NE(moveWhile([&] { return ::truncate(path.c_str(), 9) == 0; }), Done);
+  EXPECT_EQ(temp.read("a"), "ooooooooo");
   EXPECT_TRUE(temp.names("other").empty());
+  EXPECT_EQ(moveWhile([&] { return temp.file("other/a", "somebody's"), true; }), ErrorCode::AlreadyThere);
+  EXPECT_EQ(temp.read("other/a"), "somebody's");
+  EXPECT_TRUE(temp.read("a") == old);
+  std::filesystem::remove(temp.system("other/a"));
+  EXPECT_EQ(moveWhile([&] { return std::filesystem::remove(path); }), Done) << "it is gone, and still in the copy";
+  EXPECT_TRUE(temp.read("other/a") == old);
+  std::filesystem::remove(temp.system("other/a"));
+  temp.file("later", "new");
+  (void)moveWhile([&] { return std::filesystem::rename(temp.system("later"), path), true; });
+  EXPECT_EQ(temp.read("a"), "new") << "another file has its name";
+  EXPECT_TRUE(temp.read("other/a") == old) << "the copy is the last of it";
 }
 
 TEST_F(OtherVolume, DeleteDoesNotEnterIt) {
-  temp.file("other/precious", "1").folder("tree");
-  ASSERT_EQ(::mount(temp.system("other").c_str(), temp.system("tree").c_str(), nullptr, MS_BIND, nullptr), 0);
-  EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("tree"), true)), ErrorCode::AccessDenied);
-  ::umount2(temp.system("tree").c_str(), MNT_DETACH);
-  temp.folder("tree/sub");
-  ASSERT_EQ(::mount(temp.system("other").c_str(), temp.system("tree/sub").c_str(), nullptr, MS_BIND, nullptr), 0);
-  EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("tree"), true)), ErrorCode::AccessDenied);
-  ::umount2(temp.system("tree/sub").c_str(), MNT_DETACH);
+  temp.file("other/precious", "1").folder("tree/sub");
+  for (const char* place : {"tree", "tree/sub"}) {
+    const auto there = test::ScopedMount::bind(temp.system("other"), temp.system(place));
+    ASSERT_TRUE(there);
+    EXPECT_EQ(removeTree("tree"), ErrorCode::AccessDenied);
+  }
   EXPECT_EQ(temp.read("other/precious"), "1");
-}
-
-TEST(MoveFolder, MovesAndNeverReplaces) {
-  TempFolder temp;
-  temp.file("f/a", "1").folder("g").folder("empty").link("l", "g");
-  EXPECT_EQ(codeOf(temp.files.moveFolder(temp.path("f"), temp.path("empty"))), ErrorCode::AlreadyThere);
-  ASSERT_TRUE(temp.files.moveFolder(temp.path("f"), temp.path("g/")));
-  EXPECT_EQ(temp.read("g/f/a"), "1");
-  ASSERT_TRUE(temp.files.moveFolder(temp.path("l"), temp.path("l2")));
-  EXPECT_EQ(temp.linkText("l2"), "g");
-  EXPECT_EQ(codeOf(temp.files.moveFolder(temp.path("g/f/a"), temp.path("x"))), ErrorCode::NotAFolder);
-}
-
-TEST(MoveFolder, NeverIntoItself) {
-  TempFolder temp;
-  temp.file("f/g/a").link("toG", "f/g");
-  for (const std::string& target :
-       {temp.path("f/x"), temp.path("f/g/x"), temp.path("f/"), temp.path("f/x", 'E'), temp.path("toG/x")})
-    EXPECT_EQ(codeOf(temp.files.moveFolder(temp.path("f"), target)), ErrorCode::IntoItself) << target;
-  EXPECT_TRUE(temp.has("f/g/a"));
 }
 
 // --- Delete ----------------------------------------------------------------------------------------------------------
 
-TEST(DeleteFile, ReadOnlyNeedsForce) {
-  TempFolder temp;
-  temp.file("locked").mode("locked", 0444).file("stored").file("plain");
+TEST_F(MovesAndDeletes, ReadOnlyFilesNeedForceAndLinksGoAlone) {
+  temp.file("locked").mode("locked", 0444).file("stored").file("plain").folder("f").pipe("p");
+  temp.link("l", "locked").link("gone", "nowhere");
   const bool keeps = temp.store("stored", "0x21");
-  EXPECT_EQ(codeOf(temp.files.deleteFile(temp.path("locked"), false)), ErrorCode::AccessDenied);
-  if (keeps) {
-    EXPECT_EQ(codeOf(temp.files.deleteFile(temp.path("stored"), false)), ErrorCode::AccessDenied);
-  }
+  for (const char* name : {"plain", "l", "gone", "p"})
+    EXPECT_EQ(remove(name), Done) << name;
+  EXPECT_EQ(remove("locked"), ErrorCode::AccessDenied);
+  EXPECT_EQ(remove("stored"), keeps ? Code(ErrorCode::AccessDenied) : Done);
   EXPECT_TRUE(temp.has("locked"));
-  EXPECT_TRUE(temp.files.deleteFile(temp.path("plain"), false));
-  EXPECT_TRUE(temp.files.deleteFile(temp.path("locked"), true));
-  EXPECT_TRUE(temp.files.deleteFile(temp.path("stored"), true));
-  EXPECT_TRUE(temp.names().empty());
+  EXPECT_EQ(remove("locked", true), Done);
+  EXPECT_EQ(remove("stored", true), keeps ? Done : Code(ErrorCode::NotFound));
+  EXPECT_EQ(remove("f", true), ErrorCode::IsAFolder);
+  EXPECT_EQ(remove("none", true), ErrorCode::NotFound);
+  EXPECT_EQ(temp.names(), Names{"f"});
 }
 
-TEST(DeleteFile, NeverWhatALinkNames) {
-  TempFolder temp;
-  temp.file("t", "1").mode("t", 0444).link("l", "t").link("gone", "nowhere").folder("f").pipe("p");
-  EXPECT_TRUE(temp.files.deleteFile(temp.path("l"), false));
-  EXPECT_TRUE(temp.files.deleteFile(temp.path("gone"), false));
-  EXPECT_TRUE(temp.files.deleteFile(temp.path("p"), false));
-  EXPECT_EQ(temp.names(), (Names{"f", "t"}));
-  EXPECT_EQ(codeOf(temp.files.deleteFile(temp.path("f"), true)), ErrorCode::IsAFolder);
-  EXPECT_EQ(codeOf(temp.files.deleteFile(temp.path("none"), true)), ErrorCode::NotFound);
-}
-
-TEST(DeleteFolder, WholeTreeButNothingThatLinksName) {
-  TempFolder temp;
+TEST_F(MovesAndDeletes, WholeTreeButNothingThatLinksName) {
   temp.file("tree/a").file("tree/f/g/b").folder("tree/empty").pipe("tree/p").file("outside/a", "1");
   temp.link("tree/toOutside", "../outside").link("tree/f/toFile", "../../outside/a").link("tree/self", ".");
-  ASSERT_TRUE(temp.files.deleteFolder(temp.path("tree"), false));
-  EXPECT_EQ(temp.names(), (Names{"outside"}));
+  temp.link("l", "outside").link("toFile", "outside/a");
+  EXPECT_EQ(removeTree("tree", false), Done);
+  EXPECT_EQ(removeTree("l"), Done) << "a link to a folder goes as a link";
+  EXPECT_EQ(removeTree("toFile"), ErrorCode::NotAFolder);
+  EXPECT_EQ(removeTree("none"), ErrorCode::NotFound);
+  EXPECT_EQ(temp.names(), (Names{"outside", "toFile"}));
   EXPECT_EQ(temp.read("outside/a"), "1");
 }
 
-TEST(DeleteFolder, LinkToAFolderIsRemovedAsALink) {
-  TempFolder temp;
-  temp.file("f/a", "1").link("l", "f").link("toFile", "f/a");
-  ASSERT_TRUE(temp.files.deleteFolder(temp.path("l"), true));
-  EXPECT_EQ(temp.names(), (Names{"f", "toFile"}));
-  EXPECT_EQ(temp.read("f/a"), "1");
-  EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("toFile"), true)), ErrorCode::NotAFolder);
-}
-
-TEST(DeleteFolder, UnforcedLeavesReadOnlyFilesAndTheFoldersAroundThem) {
-  TempFolder temp;
+TEST_F(MovesAndDeletes, UnforcedLeavesReadOnlyFilesAndTheFoldersAroundThem) {
   temp.file("tree/f/locked").mode("tree/f/locked", 0444).file("tree/f/a").file("tree/g/b").folder("fixed");
   LeftOuts leftOut;
-  EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("tree"), false, {}, &leftOut)), ErrorCode::AccessDenied);
+  EXPECT_EQ(removeTree("tree", false, &leftOut), ErrorCode::AccessDenied);
   ASSERT_EQ(leftOut.size(), 1u);
-  EXPECT_EQ(leftOut.front().path, temp.path("tree/f/locked"));
+  EXPECT_EQ(leftOut.front().path, temp.at("tree/f/locked"));
   EXPECT_EQ(temp.names("tree"), Names{"f"});
   EXPECT_EQ(temp.names("tree/f"), Names{"locked"});
   if (temp.store("fixed", "0x11")) {
-    EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("fixed"), false)), ErrorCode::AccessDenied);
+    EXPECT_EQ(removeTree("fixed", false), ErrorCode::AccessDenied);
   }
-  EXPECT_TRUE(temp.files.deleteFolder(temp.path("tree"), true));
-  EXPECT_TRUE(temp.files.deleteFolder(temp.path("fixed"), true));
+  EXPECT_EQ(removeTree("tree"), Done);
+  EXPECT_EQ(removeTree("fixed"), Done);
 }
 
-TEST(DeleteFolder, ForcedOpensFoldersThatTheirOwnerLocked) {
-  TempFolder temp;
+TEST_F(MovesAndDeletes, ForcedOpensFoldersThatTheirOwnerLocked) {
   temp.mode("", 0777);
   EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
     temp.file("tree/noWrite/a").file("tree/noRead/b").file("tree/none/f/c").file("outside/d");
     temp.mode("tree/noWrite", 0555).mode("tree/noRead", 0300).mode("tree/none", 0).mode("outside", 0555);
     temp.mode("tree", 0700).link("tree/l", "../outside");
-    EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("tree"), false)), ErrorCode::AccessDenied);
-    EXPECT_TRUE(temp.files.deleteFolder(temp.path("tree"), true));
+    EXPECT_EQ(removeTree("tree", false), ErrorCode::AccessDenied);
+    EXPECT_EQ(removeTree("tree"), Done);
     EXPECT_FALSE(temp.has("tree"));
     EXPECT_EQ(temp.facts("outside").st_mode & 0777, 0555u) << "what a link names is not touched";
   }));
 }
 
-TEST(DeleteFolder, ManyFilesOnAllWorkers) {
-  TempFolder temp;
+TEST_F(MovesAndDeletes, ManyFilesOnAllWorkersUntilItIsStopped) {
   for (int i = 0; i < 4000; ++i)
     temp.file("tree/wide/" + std::to_string(i)).file("tree/deep/" + std::to_string(i % 50) + "/" + std::to_string(i));
-  ASSERT_TRUE(temp.files.deleteFolder(temp.path("tree"), false));
+  EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.at("tree"), true, [](std::uint64_t) { return false; })),
+            ErrorCode::Stopped);
+  EXPECT_TRUE(temp.has("tree"));
+  EXPECT_EQ(removeTree("tree", false), Done);
   EXPECT_TRUE(temp.names().empty());
 }
 
-TEST(DeleteFolder, DeeperThanAPathCanBeLong) {
-  TempFolder temp;
+TEST_F(MovesAndDeletes, DeeperThanAPathCanBeLong) {
   temp.folder("tree");
   int at = ::open(temp.system("tree").c_str(), O_RDONLY | O_DIRECTORY);
   for (int level = 0; level < 1500; ++level) {
@@ -273,20 +274,22 @@ TEST(DeleteFolder, DeeperThanAPathCanBeLong) {
     at = below;
   }
   ::close(at);
-  EXPECT_EQ(temp.files.folderSize(temp.path("tree"))->folders, 1500u);
-  ASSERT_TRUE(temp.files.deleteFolder(temp.path("tree"), true));
+  ASSERT_TRUE(temp.files.copyFolder(temp.at("tree"), temp.at("copy"), false));
+  for (const char* tree : {"copy", "tree"}) {
+    EXPECT_EQ(temp.files.folderSize(temp.at(tree))->folders, 1500u);
+    EXPECT_EQ(removeTree(tree), Done);
+  }
   EXPECT_TRUE(temp.names().empty());
 }
 
-TEST(DeleteFolder, DrivesAndWhatHoldsThemStay) {
-  TempFolder temp;
+TEST_F(MovesAndDeletes, DrivesAndWhatHoldsThemStay) {
   temp.file("holder/drive/a", "1").link("l", "holder/drive");
   posix::PathMap map(posix::parseDriveVariable("C=" + temp.system("") + ";D=" + temp.system("holder/drive") + ";Z=/"));
   posix::PosixFileSystem files(map);
   for (const std::string& path :
        {std::string("C:\\"), std::string("D:\\"), std::string("D:"), std::string("Z:\\"),
         std::string("C:\\holder\\drive"), std::string("C:\\holder\\"), std::string("C:\\holder\\drive\\.."),
-        std::string("C:\\holder\\drive\\."), "Z:" + std::string(temp.path("").substr(2))}) {
+        std::string("C:\\holder\\drive\\."), "Z:" + std::string(temp.at("").substr(2))}) {
     EXPECT_FALSE(files.deleteFolder(path, true)) << path;
     EXPECT_FALSE(files.moveFolder(path, "C:\\moved")) << path;
   }
@@ -294,8 +297,7 @@ TEST(DeleteFolder, DrivesAndWhatHoldsThemStay) {
   EXPECT_TRUE(files.deleteFolder("C:\\l", true)) << "a link to a drive is a link";
 }
 
-TEST(DeleteFolder, FolderSwappedForALinkMeanwhileIsNotFollowed) {
-  TempFolder temp;
+TEST_F(MovesAndDeletes, FolderSwappedForALinkMeanwhileIsNotFollowed) {
   temp.file("outside/precious", "1");
   std::atomic<bool> stop = false;
   std::thread swapper([&] {
@@ -309,28 +311,17 @@ TEST(DeleteFolder, FolderSwappedForALinkMeanwhileIsNotFollowed) {
   for (int round = 0; round < 200; ++round) {
     for (const char* name : {"tree", "tree/a", "tree/f", "tree/f/g", "tree/z"})
       (void)::mkdir(temp.system(name).c_str(), 0777);
-    (void)temp.files.deleteFolder(temp.path("tree"), true);
+    (void)removeTree("tree");
     ASSERT_TRUE(temp.has("outside/precious"));
   }
   stop = true;
   swapper.join();
 }
 
-TEST(DeleteFolder, StopsWhenAsked) {
-  TempFolder temp;
-  for (int folder = 0; folder < 50; ++folder)
-    temp.file("tree/" + std::to_string(folder) + "/a");
-  EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("tree"), true, [](std::uint64_t) { return false; })),
-            ErrorCode::Stopped);
-  EXPECT_TRUE(temp.has("tree"));
-  EXPECT_EQ(codeOf(temp.files.deleteFolder(temp.path("none"), true)), ErrorCode::NotFound);
-}
-
-TEST(WriteOut, WaitsOrGoesOnBeside) {
-  TempFolder temp;
-  EXPECT_TRUE(temp.files.writeOut(temp.path(), true));
-  EXPECT_TRUE(temp.files.writeOut(temp.path(), false));
-  EXPECT_EQ(codeOf(temp.files.writeOut(temp.path("none"), true)), ErrorCode::NotFound);
+TEST_F(MovesAndDeletes, VolumesAreWrittenOutNowOrBeside) {
+  EXPECT_TRUE(temp.files.writeOut(temp.at(), true));
+  EXPECT_TRUE(temp.files.writeOut(temp.at(), false));
+  EXPECT_EQ(codeOf(temp.files.writeOut(temp.at("none"), true)), ErrorCode::NotFound);
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 #include "platform/posix/path_map.hpp"
 #include "support/scratch_folder.hpp"
 
-#include <gtest/gtest.h>
-
 namespace varnholt::platform::posix {
 namespace {
 

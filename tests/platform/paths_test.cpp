@@ -1,7 +1,6 @@
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
-
-#include <gtest/gtest.h>
+#include "support/testing.hpp"
 
 namespace varnholt::platform {
 namespace {

@@ -5,8 +5,6 @@
 
 #include "support/scratch_folder.hpp"
 
-#include <gtest/gtest.h>
-
 #include <sys/wait.h>
 #include <unistd.h>
 

@@ -1,7 +1,6 @@
 #include "platform/posix/program_resources.hpp"
+#include "support/testing.hpp"
 #include "support/windows_program.hpp"
-
-#include <gtest/gtest.h>
 
 namespace varnholt::platform::posix {
 namespace {

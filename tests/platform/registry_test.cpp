@@ -2,8 +2,6 @@
 
 #include "support/scratch_folder.hpp"
 
-#include <gtest/gtest.h>
-
 namespace varnholt::platform::posix {
 namespace {
 
@@ -48,11 +46,6 @@ TEST_F(RegistryTest, DoesNotMakeAKeyToSetAValue) {
   EXPECT_EQ(registry.get(Root::CurrentUser, "Missing", "Name").error().code, ErrorCode::NotFound);
   ASSERT_TRUE(registry.createKey(Root::CurrentUser, "Missing"));
   EXPECT_EQ(registry.get(Root::CurrentUser, "Missing", "Name").error().code, ErrorCode::NotFound);
-}
-
-TEST_F(RegistryTest, HoldsValuesInARootItself) {
-  ASSERT_TRUE(registry.set(Root::Users, "", "Name", std::string("v")));
-  EXPECT_EQ(*registry.get(Root::Users, "\\", "name"), RegistryValue(std::string("v")));
 }
 
 }  // namespace

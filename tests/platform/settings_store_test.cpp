@@ -2,8 +2,6 @@
 
 #include "support/temp_folder.hpp"
 
-#include <gtest/gtest.h>
-
 #include <sqlite3.h>
 
 namespace varnholt::platform::posix {
@@ -14,20 +12,6 @@ class SettingsTest : public testing::Test {
   test::ScratchFolder folder;
   const std::string file = folder / "settings.db";
 };
-
-TEST_F(SettingsTest, KeepTextsFromOneStartToTheNext) {
-  const std::string awkward("a\0b\n\xFF \"quoted\" ä", 18);
-  {
-    SqliteSettingsStore store(file);
-    ASSERT_TRUE(store.save("kelvarton", "Init", "Awkward", awkward));
-    ASSERT_TRUE(store.save("kelvarton", "Init", "Empty", ""));
-  }
-  SqliteSettingsStore store(file);
-  EXPECT_EQ(store.get("kelvarton", "Init", "Awkward"), awkward);
-  EXPECT_EQ(store.get("kelvarton", "Init", "Empty", "fallback"), "");
-  EXPECT_EQ(store.get("kelvarton", "Init", "Missing", "fallback"), "fallback");
-  EXPECT_FALSE(store.database().setAside());
-}
 
 TEST_F(SettingsTest, CompareWithoutCase) {
   SqliteSettingsStore store(file);
@@ -40,24 +24,6 @@ TEST_F(SettingsTest, CompareWithoutCase) {
   EXPECT_EQ(store.sections("KELVARTON"), (std::vector<std::string>{"Archive", "Filefilter", "work"}));
   ASSERT_TRUE(store.remove("KELVARTON", "filefilter", "FILEDATA"));
   EXPECT_EQ(store.get("Kelvarton", "Filefilter", "FileData", "gone"), "gone");
-}
-
-TEST_F(SettingsTest, DeleteOnlyWhatIsNamed) {
-  SqliteSettingsStore store(file);
-  ASSERT_TRUE(
-      store.saveAll({{"a", "s", "k1", "1"}, {"a", "s", "k2", "2"}, {"a", "t", "k", "3"}, {"b", "s", "k", "4"}}));
-  ASSERT_TRUE(store.remove("a", "s", "k1"));
-  EXPECT_EQ(store.get("a", "s", "k2"), "2");
-  ASSERT_TRUE(store.removeSection("a", "s"));
-  EXPECT_EQ(store.get("a", "s", "k2", "gone"), "gone");
-  EXPECT_EQ(store.get("a", "t", "k"), "3");
-  ASSERT_TRUE(store.removeApplication("a"));
-  EXPECT_TRUE(store.sections("a").empty());
-  EXPECT_EQ(store.get("b", "s", "k"), "4");
-
-  EXPECT_EQ(store.remove("a", "s", "k1").error().code, ErrorCode::NotFound);
-  EXPECT_EQ(store.removeSection("a", "s").error().code, ErrorCode::NotFound);
-  EXPECT_EQ(store.removeApplication("a").error().code, ErrorCode::NotFound);
 }
 
 void sql(const std::string& file, const char* text) {

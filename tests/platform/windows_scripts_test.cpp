@@ -1,7 +1,5 @@
 #include "support/scratch_folder.hpp"
 
-#include <gtest/gtest.h>
-
 namespace varnholt::platform::posix {
 namespace {
 

@@ -100,16 +100,6 @@ TEST_F(DrawnChart, KeysWalkThePoints) {
   EXPECT_EQ(chosen, (std::vector<int>{0, 1, 2, 2, 1, 0}));
 }
 
-TEST_F(DrawnChart, APointThatTheProgramSelectsStandsApartAndFiresNothing) {
-  for (const auto type : {Pie, Bar}) {
-    show(type, {{"a", 10, Red}, {"b", 40, Green}});
-    const QImage before = draw();
-    chart.SelectedPoint = 1;
-    EXPECT_NE(draw(), before);
-  }
-  EXPECT_TRUE(chosen.empty());
-}
-
 TEST_F(DrawnChart, AssistiveTechnologyHearsTheTitleAndTheNumbers) {
   chart.Title = "Disk usage";
   show(Pie, {{"Used", 3, Red}, {"Available", 1, Green}});

@@ -9,9 +9,6 @@
 #include <QPushButton>
 #include <QToolButton>
 
-#include <chrono>
-#include <thread>
-
 namespace varnholt::test {
 namespace {
 
@@ -259,15 +256,6 @@ TEST_F(DrawnDrops, ADropThatComesWhileALongCallRunsIsRefusedAndItsFilesStayWithT
   EXPECT_EQ(list("ListView2")->findChildren<qt::DropMark*>().size(), 0);
 }
 
-TEST_F(DrawnCopies, AFileDraggedToTheOtherPanelIsThereAfterwards) {
-  pull("letter", [&](const QMimeData& data) { EXPECT_TRUE((Drag{data, {}, Qt::CopyAction}.drop(right()))); });
-  executeWhenAsked(app.fileops.Form3);
-  EXPECT_TRUE(waitFor([&] { return rig.exists("D:\\letter.txt") && !app.fileops.Form3.Visible; }));
-  EXPECT_EQ(rig.read("D:\\letter.txt"), "Dear all");
-  EXPECT_TRUE(rig.exists("C:\\letter.txt"));
-  EXPECT_EQ(rows("ListView2").size(), 2u) << "the panel shows it";
-}
-
 TEST_F(DrawnCopies, ADropOntoAFoldersRowGoesIntoThatFolder) {
   rig.makeFolder("D:\\box");
   app.listing.ViewRenew();
@@ -292,27 +280,6 @@ TEST_F(DrawnCopies, ADropOntoAFoldersRowGoesIntoThatFolder) {
     EXPECT_EQ(pathShown("Text2"), "D:\\") << "the panel is where it was";
   }
   EXPECT_FALSE(rig.exists("D:\\letter.txt"));
-}
-
-TEST_F(DrawnCopies, AFileOfAnotherProgramIsMovedWithShift) {
-  const auto data = uris(uriOf("C:\\Photos\\2024\\coast.jpg"));
-  Drag drag{*data, Qt::ShiftModifier};
-  EXPECT_TRUE(drag.drop(right()));
-  executeWhenAsked(app.fileops.Form5);
-  EXPECT_TRUE(waitFor([&] { return rig.exists("D:\\coast.jpg") && !app.fileops.Form5.Visible; }));
-  EXPECT_FALSE(rig.exists("C:\\Photos\\2024\\coast.jpg"));
-}
-
-TEST_F(DrawnDrops, WhereADropWouldGoIsMarked) {
-  const auto marks = [&] { return list("ListView2")->findChildren<qt::DropMark*>().size(); };
-  const auto data = uris(uriOf("C:\\letter.txt"));
-  Drag drag{*data};
-  drag.enter(right());
-  EXPECT_EQ(marks(), 1);
-  drag.leave(right());
-  EXPECT_EQ(marks(), 0);
-  drag.drop(right());
-  EXPECT_EQ(marks(), 0);
 }
 
 TEST_F(DrawnDrops, AddressesOfFilesComeInSeveralForms) {

@@ -2,13 +2,10 @@
 
 #include "qt/qt_message_loop.hpp"
 #include "qt/text.hpp"
+#include "support/testing.hpp"
 
 #include <QTest>
 #include <QWidget>
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 namespace varnholt::test {
 

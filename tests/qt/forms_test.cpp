@@ -14,11 +14,6 @@
 #include <QMenuBar>
 #include <QScreen>
 
-#include <filesystem>
-#include <fstream>
-#include <map>
-#include <set>
-
 namespace varnholt::test {
 namespace {
 
@@ -176,19 +171,6 @@ TEST_F(DrawnForms, MnemonicsAreUniqueInAWindow) {
         texts += heading->text();
     expectUnique(form->name(), texts);
   }
-}
-
-TEST_F(DrawnForms, NoShortcutStandsTwice) {
-  QWidget& window = draw(app.Form1).widget();
-  std::map<QString, QString> users;
-  for (const auto* action : window.findChildren<QAction*>()) {
-    const QString keys = action->shortcut().toString();
-    if (keys.isEmpty()) continue;
-    EXPECT_FALSE(users.contains(keys)) << qPrintable(keys) << ": " << qPrintable(users[keys]) << " and "
-                                       << qPrintable(action->objectName());
-    users[keys] = action->objectName();
-  }
-  EXPECT_GE(users.size(), 5u);
 }
 
 // --- Icons ---------------------------------------------------------------------------------------------------------

@@ -4,9 +4,6 @@
 #include "qt/adapters/adapter.hpp"
 #include "qt/pictures.hpp"
 
-#include <memory>
-#include <vector>
-
 namespace varnholt::test {
 
 /// Widgets that are joined to controls without a window of the program around them.

@@ -7,8 +7,6 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
-#include <gtest/gtest.h>
-
 namespace varnholt::test {
 namespace {
 
@@ -132,11 +130,6 @@ TEST_F(DrawnList, APageIsWhatFitsAndTheRowIsScrolledTo) {
   EXPECT_EQ(list.focusedRow(), widget->page() - 1);
   key(Qt::Key_End);
   EXPECT_TRUE(widget->viewport()->rect().contains(middleOf(999)));
-}
-
-TEST_F(DrawnList, TypedLettersSeekAndSpacesBelongToThem) {
-  QTest::keyClicks(widget, QStringLiteral("file 00001"));
-  EXPECT_EQ(list.focusedRow(), 10u);
 }
 
 TEST_F(DrawnList, TheSameLetterAgainGoesOnWhateverLetterItIs) {

@@ -10,10 +10,7 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include <atomic>
 #include <future>
-#include <memory>
-#include <thread>
 
 namespace varnholt::test {
 namespace {
@@ -46,40 +43,27 @@ class MessageLoop : public testing::Test {
 
 // --- Modal forms ---------------------------------------------------------------------------------------------------
 
-TEST_F(MessageLoop, AQuestionIsAnsweredByItsButtons) {
-  for (const auto& [button, answer] : {std::pair{"Command11", Answer::Yes}, std::pair{"Command1", Answer::No}}) {
-    whenShown(dialogs.Form11, [&, button = button](QWidget* window) { press(window, button); });
-    EXPECT_EQ(dialogs.ask("Delete \"Report.pdf\" ?"), answer);
-    EXPECT_TRUE(loop.windowOf(dialogs.Form11)->widget().isHidden());
+TEST_F(MessageLoop, AQuestionIsAnsweredByKeysAndABlindEnterDoesNoHarmWhateverTheLastAnswerWas) {
+  using Act = std::function<void(QWidget*)>;
+  const auto key = [](Qt::Key code) {
+    return [code](QWidget* window) { QTest::keyClick(window->focusWidget(), code); };
+  };
+  const std::initializer_list<std::pair<Act, Answer>> rows{
+      {key(Qt::Key_Return), Answer::No},
+      {[this](QWidget* window) { press(window, "Command11"); }, Answer::Yes},
+      {key(Qt::Key_Return), Answer::No},
+      {[](QWidget* window) {
+         auto* execute = usable<QPushButton>(window, "Command11");
+         execute->setFocus();
+         QTest::keyClick(execute, Qt::Key_Return);
+       },
+       Answer::Yes},
+      {key(Qt::Key_Escape), Answer::No},
+      {[](QWidget* window) { window->close(); }, Answer::None}};
+  for (const auto& [act, answer] : rows) {
+    whenShown(dialogs.Form11, act);
+    EXPECT_EQ(dialogs.ask("Delete all ?"), answer);
   }
-}
-
-TEST_F(MessageLoop, ABlindEnterNeverDoesHarm) {
-  whenShown(dialogs.Form11, [](QWidget* window) { QTest::keyClick(window->focusWidget(), Qt::Key_Return); });
-  EXPECT_EQ(dialogs.ask("Delete all ?"), Answer::No);
-}
-
-TEST_F(MessageLoop, ABlindEnterDoesNoHarmEitherWhenTheLastAnswerWasYes) {
-  whenShown(dialogs.Form11, [&](QWidget* window) { press(window, "Command11"); });
-  EXPECT_EQ(dialogs.ask("Delete this ?"), Answer::Yes);
-  whenShown(dialogs.Form11, [](QWidget* window) { QTest::keyClick(window->focusWidget(), Qt::Key_Return); });
-  EXPECT_EQ(dialogs.ask("Delete that ?"), Answer::No);
-}
-
-TEST_F(MessageLoop, EnterOnAButtonPressesThatButton) {
-  whenShown(dialogs.Form11, [](QWidget* window) {
-    auto* execute = usable<QPushButton>(window, "Command11");
-    execute->setFocus();
-    QTest::keyClick(execute, Qt::Key_Return);
-  });
-  EXPECT_EQ(dialogs.ask("Go on ?"), Answer::Yes);
-}
-
-TEST_F(MessageLoop, EscIsCancelAndTheCloseBoxIsNoAnswer) {
-  whenShown(dialogs.Form11, [](QWidget* window) { QTest::keyClick(window->focusWidget(), Qt::Key_Escape); });
-  EXPECT_EQ(dialogs.ask("Go on ?"), Answer::No);
-  whenShown(dialogs.Form11, [](QWidget* window) { window->close(); });
-  EXPECT_EQ(dialogs.ask("Go on ?"), Answer::None);
 }
 
 TEST_F(MessageLoop, ADialogOpensFromADialog) {
@@ -147,13 +131,6 @@ TEST_F(MessageLoop, AQuestionThatComesAgainAtOnceHasTheKeyboard) {
     });
     dialogs.ask("Overwrite that ?");
   }
-}
-
-TEST_F(MessageLoop, ANoticeClosesByAClick) {
-  whenShown(dialogs.Form13,
-            [](QWidget* window) { QTest::mouseClick(usable<QLabel>(window, "Label1"), Qt::LeftButton); });
-  dialogs.inform("Done !");
-  EXPECT_FALSE(dialogs.Form13.isLoaded());
 }
 
 TEST_F(MessageLoop, AFormMayEndInItsOwnHandler) {
@@ -380,24 +357,7 @@ TEST_F(MessageLoop, TheCloseBoxLeavesADriveThatDoesNotAnswer) {
   EXPECT_TRUE(stored);
 }
 
-TEST_F(MessageLoop, ShortCallsGiveTheirResults) {
-  int sum = 0;
-  for (int each = 1; each <= 1000; ++each)
-    loop.runBlocking([&] { sum += each; });
-  EXPECT_EQ(sum, 500500);
-}
-
 // --- Turns, timers, pointer ----------------------------------------------------------------------------------------
-
-TEST_F(MessageLoop, ATurnShowsWhatHasChanged) {
-  dialogs.Form11.Show();
-  QWidget* window = windowOf(loop, dialogs.Form11);
-  dialogs.Form11.Label1.Caption = "Working on it";
-  EXPECT_TRUE(waitFor([&] {
-    loop.giveTurn();
-    return usable<QLabel>(window, "Label1")->text() == QStringLiteral("Working on it");
-  }));
-}
 
 TEST_F(MessageLoop, TimersTickWithoutAWindowAndStop) {
   int ticks = 0;
@@ -422,12 +382,6 @@ TEST_F(MessageLoop, TheHourglassShowsAtTheNextTurn) {
   loop.screen().MousePointer = controls::pointer::Default;
   loop.flush();
   EXPECT_FALSE(QApplication::overrideCursor());
-}
-
-TEST_F(MessageLoop, TheScreenIsMeasuredInTwips) {
-  const QSize pixels = QGuiApplication::primaryScreen()->size();
-  EXPECT_EQ(loop.screen().width, pixels.width() * 15);
-  EXPECT_EQ(loop.screen().height, pixels.height() * 15);
 }
 
 }  // namespace

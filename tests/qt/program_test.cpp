@@ -11,9 +11,6 @@
 #include <QToolButton>
 #include <QWindow>
 
-#include <map>
-#include <set>
-
 namespace varnholt::test {
 namespace {
 
@@ -37,26 +34,6 @@ TEST_F(DrawnProgram, APanelThatGetsTheKeyboardIsTheActiveOne) {
     const QString head = list(name)->model()->headerData(0, Qt::Horizontal).toString();
     EXPECT_TRUE(head.contains(QStringLiteral("[Me Active]"))) << name;
   }
-}
-
-TEST_F(DrawnProgram, AnotherDriveIsChosenInItsList) {
-  start();
-  auto* drives = usable<QComboBox>(window, "Drive2");
-  drives->setFocus();
-  QTest::keyClick(drives, Qt::Key_Down);
-  EXPECT_EQ(pathShown("Text2"), "D:\\");
-  EXPECT_EQ(rows("ListView2"), std::vector<std::string>{"backup"});
-}
-
-TEST_F(DrawnProgram, MenuEntriesRunTheirCommandsAndShowTheirMarks) {
-  start();
-  auto* grid = window->findChild<QAction*>(QStringLiteral("GridLines"));
-  ASSERT_TRUE(grid && grid->isEnabled());
-  const bool before = app.Form1.ListView1.GridLines;
-  grid->trigger();
-  loop.flush();
-  EXPECT_NE(app.Form1.ListView1.GridLines.get(), before);
-  EXPECT_EQ(grid->isChecked(), app.Form1.Menu["GridLines"].Checked.get());
 }
 
 TEST_F(DrawnProgram, ATextKeepsTheKeysThatThePanelsKnow) {
@@ -212,12 +189,6 @@ TEST_F(DrawnProgram, OnASmallScreenSizesAndDatesAreSeenAndTheListKeepsItsRows) {
     EXPECT_EQ(button->toolButtonStyle() == Qt::ToolButtonTextUnderIcon, captions) << where;
   }
   EXPECT_EQ(app.Form1.ListView1.ColumnHeaders.get(), kept);
-}
-
-TEST_F(DrawnProgram, TheCloseBoxEndsTheProgram) {
-  start();
-  loop.later([this] { window->close(); });
-  EXPECT_EQ(loop.exec(), 0);
 }
 
 }  // namespace

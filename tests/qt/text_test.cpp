@@ -1,12 +1,9 @@
 #include "qt/input.hpp"
 #include "qt/text.hpp"
 #include "qt/theme.hpp"
+#include "support/testing.hpp"
 
 #include <QTextLayout>
-
-#include <gtest/gtest.h>
-
-#include <tuple>
 
 namespace varnholt::qt {
 namespace {

@@ -1,13 +1,11 @@
 // What killed copies leave is cleared by the next change in the folder, and nothing else ever is.
 
+#include "platform/forwarding_file_system.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "support/kill_at.hpp"
 #include "support/temp_folder.hpp"
 #include "support/waiting_child.hpp"
 #include "user.hpp"
-#include "watched_files.hpp"
-
-#include <csignal>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -22,85 +20,38 @@ using platform::posix::temporaryName;
 using platform::posix::UniqueFd;
 using Names = std::vector<std::string>;
 
-// --- Killed inside a large file ------------------------------------------------------------------------------------
+// --- The next start ------------------------------------------------------------------------------------------------
 
-class InALargeFile : public ReliabilityTest {
- protected:
-  static constexpr std::size_t size = 40 << 20;
-
-  /// Starts the program in a child that is killed when it tells of the copy for the so-manieth time.
-  bool isKilledAt(int call, bool move) {
-    int calls = 0;
-    const auto kill = [&calls, call](std::uint64_t) {
-      if (calls++ == call) ::raise(SIGKILL);
-      return true;
-    };
-    return KillAt([] {},
-                  [this, kill, move] {
-                    User user(world, watching(kill));
-                    user.open("C:\\From", "D:\\To");
-                    user.mark({"big"});
-                    user.starts(move ? "Form5" : "Form3");
-                    if (!move) user.answers("Form7", "Command11");
-                    move ? user.moves() : user.copies();
-                  })
-        .byItself();
+/// The process is killed as soon as the copy of a folder tells that it is on its way.
+struct Killing : platform::ForwardingFileSystem {
+  using ForwardingFileSystem::ForwardingFileSystem;
+  platform::Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
+                                    const platform::Progress&, platform::LeftOuts* leftOut) override {
+    return base_.copyFolder(
+        from, to, overwrite, [](std::uint64_t) { return ::raise(SIGKILL) == 0; }, leftOut);
   }
 };
 
-TEST_F(InALargeFile, TheOldTargetStaysAndTheSourceToo) {
-  if (!world.mountSecond()) GTEST_SKIP() << "a second volume cannot be mounted here";
-  world.file("C:/From/big", pattern(size, 1)).file("D:/To/kept", "kept").file("C:/Later/z", "z");
-  for (const bool move : {false, true}) {
-    if (!move) world.file("D:/To/big", "old");
-    if (move) std::filesystem::remove(world.system("D:/To/big"));
-    const TreeSnapshot before = world.all();
-    for (int call = 0; call < 5; ++call) {
-      SCOPED_TRACE(call);
-      ASSERT_TRUE(isKilledAt(call, move));
-      const auto left = world.temporary("D:/To");
-      for (const std::string& name : left)
-        EXPECT_TRUE(isTemporaryName(name)) << name;
-      std::string expected;
-      for (const std::string& name : left)
-        expected += "+ D:/To/" + name + "\n";
-      EXPECT_EQ(difference(before, world.all()), expected);
-      // The last is left for the test of all the next changes.
-      ASSERT_TRUE(heldInChild([this] {
-        User user(world);
-        user.open("C:\\Later", "D:\\To");
-        user.mark({"z"});
-        user.starts("Form3");
-        user.copies();
-      }));
-      std::filesystem::remove(world.system("D:/To/z"));
-      EXPECT_EQ(difference(before, world.all()), "");
-    }
-  }
-}
-
-// --- The next start ------------------------------------------------------------------------------------------------
-
-TEST_F(ReliabilityTest, AKilledFolderCopyLeavesNothingBehindTheNextStart) {
+TEST(AKilledFolderCopy, LeavesNothingBehindTheNextStart) {
+  World world;
   for (int file = 0; file < 40; ++file)
     world.file("C:/From/tree/" + std::to_string(file), pattern(1 << 20, 1));
-  world.folder("D:/To").file("D:/To/.vnh-mine", "mine");
+  world.file("D:/To/.vnh-mine", "mine");
   const TreeSnapshot before = world.tree("D:/To");
-  const auto kill = [](std::uint64_t) -> bool { return ::raise(SIGKILL) == 0; };
   ASSERT_TRUE(KillAt([] {},
                      [&] {
-                       User user(world, watching(kill));
+                       User user(world, [](auto& real) { return std::make_unique<Killing>(real); });
                        user.open("C:\\From", "D:\\To");
                        user.mark({"tree"});
-                       user.starts("Form3");
+                       user.meets({{"Form3"}});
                        user.copies();
                      })
                   .byItself());
   ASSERT_NE(difference(before, world.tree("D:/To")), "");
-  ASSERT_TRUE(heldInChild([this] { User next(world); }));
+  ASSERT_TRUE(heldInChild([&] { User next(world); }));
   EXPECT_EQ(difference(before, world.tree("D:/To")), "");
-  for (const auto& entry : std::filesystem::directory_iterator(world.path() + "/data"))
-    EXPECT_FALSE(entry.path().filename().string().starts_with(".vnh-working-")) << "it is forgotten, too";
+  for (const std::string& name : world.names("data"))
+    EXPECT_FALSE(name.starts_with(".vnh-working-")) << "it is forgotten, too";
 }
 
 // --- The next change -----------------------------------------------------------------------------------------------
@@ -124,37 +75,31 @@ class Leftover : public testing::Test {
 TEST_F(Leftover, IsClearedByAnyChangeInTheFolder) {
   using Change = std::function<platform::Result<void>()>;
   auto& files = temp.files;
-  const std::vector<std::pair<const char*, Change>> changes = {
-      {"copy into", [&] { return files.copyFile(temp.path("from/a"), temp.path("copyInto/a"), false); }},
-      {"copy over", [&] { return files.copyFile(temp.path("from/a"), temp.path("copyOver/old"), true); }},
-      {"move into", [&] { return files.moveFile(temp.path("from/b"), temp.path("moveInto/b")); }},
-      {"move out of", [&] { return files.moveFile(temp.path("moveOut/old"), temp.path("from/c")); }},
-      {"move a folder into", [&] { return files.moveFolder(temp.path("from/f"), temp.path("moveFolder/f")); }},
-      {"delete in", [&] { return files.deleteFile(temp.path("delete/old"), true); }},
-      {"delete a folder in", [&] { return files.deleteFolder(temp.path("deleteFolder/g"), true); }},
-      {"write in", [&] { return files.writeFile(temp.path("write/old"), "new"); }},
-      {"copy a folder into", [&] { return files.copyFolder(temp.path("from/g"), temp.path("copyFolder/g"), true); }},
-      {"copy files into",
-       [&] { return batched(files.copyFiles(temp.path("from"), {"e"}, temp.path("copyFiles"), 100)); }},
-      {"move files into", [&] { return batched(files.moveFiles(temp.path("from"), {"e"}, temp.path("moveFiles"))); }},
-      {"delete files in", [&] { return batched(files.deleteFiles(temp.path("deleteFiles"), {"old"})); }},
-      {"merge into", [&] { return files.copyFolder(temp.path("from/g"), temp.path("merge"), true); }},
-      {"merge below", [&] { return files.copyFolder(temp.path("from/h"), temp.path("mergeBelow"), true); }},
+  // Each in a folder of its own, which holds a file "old" and a folder "g".
+  const std::pair<const char*, Change> changes[] = {
+      {"copyInto", [&] { return files.copyFile(temp.at("from/a"), temp.at("copyInto/a"), false); }},
+      {"copyOver", [&] { return files.copyFile(temp.at("from/a"), temp.at("copyOver/old"), true); }},
+      {"moveInto", [&] { return files.moveFile(temp.at("from/b"), temp.at("moveInto/b")); }},
+      {"moveOut", [&] { return files.moveFile(temp.at("moveOut/old"), temp.at("from/c")); }},
+      {"moveFolder", [&] { return files.moveFolder(temp.at("from/f"), temp.at("moveFolder/f")); }},
+      {"delete", [&] { return files.deleteFile(temp.at("delete/old"), true); }},
+      {"deleteFolder", [&] { return files.deleteFolder(temp.at("deleteFolder/g"), true); }},
+      {"write", [&] { return files.writeFile(temp.at("write/old"), "new"); }},
+      {"copyFolder", [&] { return files.copyFolder(temp.at("from/h"), temp.at("copyFolder/h"), true); }},
+      {"copyFiles", [&] { return batched(files.copyFiles(temp.at("from"), {"e"}, temp.at("copyFiles"), 100)); }},
+      {"moveFiles", [&] { return batched(files.moveFiles(temp.at("from"), {"e"}, temp.at("moveFiles"))); }},
+      {"deleteFiles", [&] { return batched(files.deleteFiles(temp.at("deleteFiles"), {"old"})); }},
+      {"merge", [&] { return files.copyFolder(temp.at("from/h"), temp.at("merge"), true); }},
+      {"mergeBelow/sub", [&] { return files.copyFolder(temp.at("from/h"), temp.at("mergeBelow"), true); }},
   };
-  temp.file("from/a").file("from/b").file("from/e").file("from/f/x").file("from/g/x").file("from/h/sub/x");
-  const std::vector<std::string> folders = {"copyInto",  "copyOver",     "moveInto", "moveOut",       "moveFolder",
-                                            "delete",    "deleteFolder", "write",    "copyFolder",    "copyFiles",
-                                            "moveFiles", "deleteFiles",  "merge",    "mergeBelow/sub"};
-  ASSERT_EQ(folders.size(), changes.size());
-  for (std::size_t at = 0; at < changes.size(); ++at) {
-    SCOPED_TRACE(changes[at].first);
-    const std::string& folder = folders[at];
-    temp.file(folder + "/old", "old").file(folder + "/g/y", "y");
+  temp.file("from/a").file("from/b").file("from/e").file("from/f/x").file("from/h/sub/x");
+  for (const auto& [folder, change] : changes) {
+    SCOPED_TRACE(folder);
+    temp.file(std::string(folder) + "/old", "old").file(std::string(folder) + "/g/y", "y");
     const std::string file = plant(folder), tree = plant(folder, true);
-    const auto changed = changes[at].second();
+    const auto changed = change();
     EXPECT_TRUE(changed) << changed.error().text;
-    EXPECT_FALSE(temp.has(file));
-    EXPECT_FALSE(temp.has(tree));
+    EXPECT_FALSE(temp.has(file) || temp.has(tree));
   }
 }
 
@@ -175,8 +120,8 @@ TEST_F(Leftover, WhatOnlyLooksLikeItStays) {
     ASSERT_EQ(::chown(temp.system(others).c_str(), 65534, 65534), 0);
   }
   const TreeSnapshot before = snapshot(temp.system(""));
-  ASSERT_TRUE(temp.files.copyFile(temp.path("from"), temp.path("to/from"), false));
-  ASSERT_TRUE(temp.files.deleteFile(temp.path("to/from"), false));
+  ASSERT_TRUE(temp.files.copyFile(temp.at("from"), temp.at("to/from"), false));
+  ASSERT_TRUE(temp.files.deleteFile(temp.at("to/from"), false));
   EXPECT_EQ(difference(before, snapshot(temp.system(""))), ::geteuid() == 0 ? "" : "- " + others + "\n");
 }
 
@@ -186,9 +131,9 @@ TEST_F(Leftover, OfALivingWriterStays) {
     temp.file("tree/f/" + std::to_string(i), std::string(1 << 20, 't'));
   const auto otherProgram = [&] {
     const std::string dead = plant("to");
-    EXPECT_TRUE(temp.files.copyFile(temp.path("small"), temp.path("to/small"), true));
+    EXPECT_TRUE(temp.files.copyFile(temp.at("small"), temp.at("to/small"), true));
     EXPECT_FALSE(temp.has(dead)) << "it has looked for left-overs";
-    EXPECT_TRUE(temp.files.deleteFile(temp.path("to/small"), true));
+    EXPECT_TRUE(temp.files.deleteFile(temp.at("to/small"), true));
   };
   WaitingChild duringTree(otherProgram), duringFile(otherProgram), afterwards(otherProgram);
   bool asked = false;
@@ -199,7 +144,7 @@ TEST_F(Leftover, OfALivingWriterStays) {
     }
     return true;
   };
-  ASSERT_TRUE(temp.files.copyFolder(temp.path("tree"), temp.path("to/tree"), false, inBetween));
+  ASSERT_TRUE(temp.files.copyFolder(temp.at("tree"), temp.at("to/tree"), false, inBetween));
   EXPECT_TRUE(asked);
   EXPECT_EQ(difference(snapshot(temp.system("tree")), snapshot(temp.system("to/tree"))), "");
 
@@ -221,8 +166,8 @@ TEST_F(Leftover, AReadOnlyOneIsClearedToo) {
   EXPECT_TRUE(heldAsOrdinaryUser([&] {
     const std::string file = plant("to"), tree = plant("to", true);
     temp.mode(file, 0400).mode(tree + "/half", 0400).mode(tree, 0500);
-    ASSERT_TRUE(temp.files.createFolder(temp.path("to/made")));
-    ASSERT_TRUE(temp.files.deleteFolder(temp.path("to/made"), true));
+    ASSERT_TRUE(temp.files.createFolder(temp.at("to/made")));
+    ASSERT_TRUE(temp.files.deleteFolder(temp.at("to/made"), true));
     EXPECT_FALSE(temp.has(file));
     EXPECT_FALSE(temp.has(tree));
   }));

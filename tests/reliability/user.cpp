@@ -13,27 +13,20 @@ void User::open(const std::string& from, const std::string& to) {
   left().list.SetFocus();
 }
 
-std::optional<std::uint32_t> User::rowOf(const std::string& name) {
-  controls::ListView& list = left().list;
-  for (std::uint32_t row = 0; row < list.count(); ++row) {
-    const auto item = list.item(row);
-    const bool isFolder = left().isFolder(item);
-    if (isFolder ? list.cell(row, 0) == "\\ " + name : left().fileName(item) == name) return row;
-  }
-  ADD_FAILURE() << "no row " << name;
-  return {};
-}
-
 void User::mark(const std::vector<std::string>& names) {
-  constexpr controls::Modifiers ctrl{false, true, false};
-  bool isFirst = true;
+  const auto rowOf = [this](const std::string& name) {
+    for (std::uint32_t row = 0; row < left().list.count(); ++row) {
+      const auto item = left().list.item(row);
+      if (left().isFolder(item) ? item.Text() == "\\ " + name : left().fileName(item) == name) return row;
+    }
+    ADD_FAILURE() << "no row " << name;
+    return 0u;
+  };
+  controls::MouseEvent mouse{controls::MouseButton::Left, {}};
   for (const std::string& name : names) {
-    const auto row = rowOf(name);
-    if (!row) return;
-    const controls::MouseEvent mouse{controls::MouseButton::Left,
-                                     std::exchange(isFirst, false) ? controls::Modifiers{} : ctrl};
-    left().list.pressFromUser(*row, mouse);
+    left().list.pressFromUser(rowOf(name), mouse);
     left().list.releaseFromUser(mouse);
+    mouse.modifiers.ctrl = true;
   }
 }
 

@@ -3,12 +3,6 @@
 #include "support/app_rig.hpp"
 #include "world.hpp"
 
-#include <gtest/gtest.h>
-
-#include <optional>
-#include <string>
-#include <vector>
-
 namespace varnholt::test {
 
 /// A program that was started on a world, and its user. The left panel is the active one.
@@ -21,39 +15,16 @@ class User {
   /// Selects rows of the left panel by full name; folders and files.
   void mark(const std::vector<std::string>& names);
   void markAll();
-  /// Expects the dialog, and that its start button is pressed.
-  ScriptedLoop::Step& starts(const std::string& dialog) { return rig.loop.whenShows(dialog).press("Command11"); }
-  ScriptedLoop::Step& answers(const std::string& dialog, const std::string& button) {
-    return rig.loop.whenShows(dialog).press(button);
-  }
-  /// An alert, whatever it says.
-  void isTold() { answers("Form12", "Command11"); }
+  void meets(const std::vector<Answer>& answers) { rig.loop.meets(answers); }
+  /// Runs on what is marked; the dialogs are to be expected before.
   void copies() { rig.command("Command1_Click"); }
   void moves() { rig.command("Command3_Click"); }
   void deletes() { rig.command("Command4_Click"); }
 
   panels::Panel& left() { return rig.form().Panel1; }
   panels::Panel& right() { return rig.form().Panel2; }
-  fileops::FileOps& ops() { return rig.app().fileops; }
 
   AppRig rig;
-
- private:
-  std::optional<std::uint32_t> rowOf(const std::string& name);
-};
-
-/// A program on a world of its own.
-class ReliabilityTest : public testing::Test {
- protected:
-  User& user(AppRig::Wrapper wrapper = {}) {
-    user_ = std::make_unique<User>(world, std::move(wrapper));
-    return *user_;
-  }
-
-  World world;
-
- private:
-  std::unique_ptr<User> user_;
 };
 
 }  // namespace varnholt::test

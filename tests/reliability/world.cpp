@@ -1,11 +1,5 @@
 #include "world.hpp"
 
-#include <gtest/gtest.h>
-
-#include <random>
-
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace varnholt::test {
@@ -21,43 +15,20 @@ ScratchFolder freshFolder() {
 
 }  // namespace
 
-World::World() : scratch_(freshFolder()) {
-  for (const char* name : {"home", "second", "program"}) {
-    std::filesystem::create_directories(scratch_ / name);
-    ::chmod((scratch_ / name).c_str(), 0777);
-  }
-  ::chmod(path().c_str(), 0777);
+World::World() : ScratchFolder(freshFolder()) {
+  for (const auto& [drive, name] : {std::pair{"C:", "home"}, {"D:", "second"}})
+    folder(name).mode(name, 0777).link(drive, name);
+  folder("program").mode("program", 0777).mode("", 0777);
 }
 
-bool World::mountSecond(const std::string& options) {
-  second_ = ScopedMount::memory(scratch_ / "second", options);
+bool World::mountSecond() {
+  second_ = ScopedMount::memory(system("second"));
   return static_cast<bool>(second_);
 }
 
-std::string World::system(std::string_view name) const {
-  std::string path = name.starts_with("D:") ? scratch_ / "second" : scratch_ / "home";
-  return path.append(name.substr(2));
-}
-
-World& World::file(std::string_view name, std::string_view bytes, long date, mode_t mode) {
-  const std::filesystem::path path = system(name);
-  std::filesystem::create_directories(path.parent_path());
-  std::filesystem::remove(path);  // it may be read-only
-  std::ofstream(path, std::ios::binary) << bytes;
-  ::chmod(path.c_str(), mode);
-  const timespec times[2] = {{date, 0}, {date, 123}};
-  EXPECT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, 0), 0) << name;
-  return *this;
-}
-
-World& World::folder(std::string_view name) {
-  std::filesystem::create_directories(system(name));
-  return *this;
-}
-
-World& World::link(std::string_view name, std::string_view target) {
-  std::filesystem::create_directories(std::filesystem::path(system(name)).parent_path());
-  EXPECT_EQ(::symlink(std::string(target).c_str(), system(name).c_str()), 0) << name;
+const World& World::file(std::string_view name, std::string_view bytes, long date, mode_t mode) const {
+  std::filesystem::remove(system(name));  // it may be read-only
+  ScratchFolder::file(name, bytes).mode(name, mode).modified(name, {date, 123});
   return *this;
 }
 

@@ -4,31 +4,18 @@
 #include "support/scratch_folder.hpp"
 #include "support/tree_snapshot.hpp"
 
-#include <string>
-#include <string_view>
-#include <vector>
-
 namespace varnholt::test {
 
 /// The disk of a user: `C:` and `D:`, outliving the programs that are started on it. Names are given as "C:/From/a".
-class World {
+class World : public ScratchFolder {
  public:
   World();
-  World(const World&) = delete;
-  World& operator=(const World&) = delete;
 
   /// Makes `D:` a volume of its own. False where nothing can be mounted.
-  bool mountSecond(const std::string& options = "mode=0777");
-  const ScopedMount& second() const { return second_; }
-
-  const std::string& path() const { return scratch_.path(); }
-  std::string system(std::string_view name) const;
+  bool mountSecond();
   /// Files get a date long past and a mode, so that a changed one is seen.
-  World& file(std::string_view name, std::string_view bytes, long date = 1'000'000'000, mode_t mode = 0640);
-  World& folder(std::string_view name);
-  World& link(std::string_view name, std::string_view target);
-  bool has(std::string_view name) const { return facts(name).mode != 0; }
-  EntryFacts facts(std::string_view name) const { return factsOf(system(name)); }
+  const World& file(std::string_view name, std::string_view bytes, long date = 1'000'000'000, mode_t mode = 0640) const;
+  EntryFacts entry(std::string_view name) const { return factsOf(system(name)); }
   TreeSnapshot tree(std::string_view folder) const { return snapshot(system(folder)); }
   /// Both drives.
   TreeSnapshot all() const;
@@ -36,7 +23,6 @@ class World {
   std::vector<std::string> temporary(std::string_view folder, bool below = true) const;
 
  private:
-  ScratchFolder scratch_;
   ScopedMount second_;
 };
 

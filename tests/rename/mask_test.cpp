@@ -2,11 +2,7 @@
 #include "rename/field_rule.hpp"
 #include "rename/mask.hpp"
 #include "rename/picture.hpp"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include "support/testing.hpp"
 
 namespace varnholt::rename {
 namespace {

@@ -122,16 +122,6 @@ TEST_F(MaskedRenameTest, ThePreviewShowsTheNewNamesAndChangesNothing) {
   EXPECT_TRUE(exists("a.txt") && exists("c.txt"));
 }
 
-TEST_F(MaskedRenameTest, ThePreviewKeepsTheOrderOfThePanel) {
-  make({"a.txt", "b.txt", "c.txt"});
-  select({"c", "a", "b"});
-  masked([&] {
-    newBase("z", "1");
-    dialog().Command7.press();
-    EXPECT_EQ(preview(), (Names{"a.txt > z1.txt", "b.txt > z2.txt", "c.txt > z3.txt"}));
-  });
-}
-
 TEST_F(MaskedRenameTest, ARowOfThePreviewOpens) {
   make({"a.txt", "b.txt"});
   std::vector<std::string> opened;
@@ -263,45 +253,6 @@ TEST_F(MaskedRenameTest, FilesThatKeepTheirNamesAreTold) {
   EXPECT_EQ(contents("a.longer"), "aX.txt");
   EXPECT_EQ(contents("Xa.txt"), "Xa.txt");
   EXPECT_EQ(contents("b.longer"), "b.longer");
-}
-
-TEST_F(MaskedRenameTest, OfManyFilesOnlyThoseThatAreRefusedStay) {
-  constexpr int Count = 300;
-  const auto numbered = [](int number) { return std::to_string(1000 + number) + ".txt"; };
-  for (int number = 0; number < Count; ++number)
-    make({numbered(number)});
-  protect(numbered(7), platform::attribute::System);
-  rig.form().Menu["HidSysfiles"].Checked = true;
-  Names rows;
-  for (int number = 0; number < Count; ++number)
-    rows.push_back(std::to_string(1000 + number));
-  select(rows);
-  masked([&] {
-    type(dialog().Text2, "new_");
-    rig.write("C:\\Pics\\new_1100.txt", "was here before");
-    rig.makeFolder("C:\\Pics\\new_1200.txt");
-    asks(Question, true);
-    asks("Current File:  1007.txt\r Are marked:  System\rAre you Sure ?", true);
-    expectAlert(
-        "2 Item(s) Keep Their Names !\r\r1100.txt:  \"new_1100.txt\" is taken\r1200.txt:  \"new_1200.txt\" is taken");
-    dialog().Command6.press();
-  });
-  for (int number = 0; number < Count; ++number) {
-    const bool refused = number == 100 || number == 200;
-    EXPECT_EQ(contents(refused ? numbered(number) : "new_" + numbered(number)), numbered(number)) << number;
-  }
-  EXPECT_EQ(contents("new_1100.txt"), "was here before");
-}
-
-TEST_F(MaskedRenameTest, NamesChangeInCaseOnly) {
-  make({"ærø.txt", "b.txt"});
-  select({"ærø", "b"});
-  masked([&] {
-    dialog().Check1.toggleFromUser();
-    executes();
-  });
-  EXPECT_TRUE(exists("ÆRØ.TXT") && exists("B.TXT"));
-  EXPECT_FALSE(exists("ærø.txt") || exists("b.txt"));
 }
 
 TEST_F(MaskedRenameTest, AFileThatIsLeftOutHasTakenItsNumber) {

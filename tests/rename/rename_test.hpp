@@ -2,12 +2,6 @@
 
 #include "support/app_rig.hpp"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
-#include <vector>
-
 namespace varnholt::rename {
 
 /// The left panel active on a folder of its own, "C:\Pics\", the right one on "C:\Other\".

@@ -35,25 +35,6 @@ TEST_F(SingleRenameTest, TheSelectedFileGetsTheNewName) {
   EXPECT_TRUE(left().list.hasFocus());
 }
 
-TEST_F(SingleRenameTest, WithNothingSelectedNothingOpens) {
-  make({"a.txt"});
-  ASSERT_TRUE(rig.app().navigation.goTo(left(), "C:\\Pics"));
-  left().list.selectNone();
-  for (const char* handler : {"Command14_Click", "RenFileFolder_Click"}) {
-    rig.loop.whenShows("Form13").reads("Label1", " No Items selected. ! ").closes();
-    rig.command(handler);
-    EXPECT_FALSE(rig.app().dispatcher.busy);
-  }
-}
-
-TEST_F(SingleRenameTest, TheMenuEntryIsTheSameCommand) {
-  make({"a.txt"});
-  select({"a"});
-  rig.loop.whenShows("Form14").run([&](controls::Form&) { next("b.txt"); });
-  rig.menu("RenFileFolder").choose();
-  EXPECT_TRUE(exists("b.txt"));
-}
-
 // --- Stepping ------------------------------------------------------------------------------------------------------
 
 TEST_F(SingleRenameTest, ItemsComeOneAfterTheOther) {
@@ -190,18 +171,7 @@ TEST_F(SingleRenameTest, APictureIsShown) {
 
 // --- Folders -------------------------------------------------------------------------------------------------------
 
-TEST_F(SingleRenameTest, AFolderIsRenamedWithWhatItHolds) {
-  rig.write("C:\\Pics\\Coast\\a.txt", "a");
-  select({"\\ Coast"});
-  rename([&] { next("Shore"); });
-  EXPECT_EQ(contents("Shore\\a.txt"), "a");
-  select({"\\ Shore"});
-  rename([&] { next("SHORE"); });
-  EXPECT_EQ(contents("SHORE\\a.txt"), "a");
-  EXPECT_FALSE(exists("Shore"));
-}
-
-TEST_F(SingleRenameTest, AFolderTakesNoOthersName) {
+TEST_F(SingleRenameTest, AFolderIsRenamedWithWhatItHoldsAndTakesNoOthersName) {
   rig.write("C:\\Pics\\Coast\\a.txt", "a");
   rig.makeFolder("C:\\Pics\\Empty");
   rig.makeFolder("C:\\Pics\\coast");
@@ -213,29 +183,28 @@ TEST_F(SingleRenameTest, AFolderTakesNoOthersName) {
     }
     next("Shore");
   });
-  EXPECT_EQ(contents("Shore\\a.txt"), "a");
+  select({"\\ Shore"});
+  rename([&] { next("SHORE"); });
+  EXPECT_EQ(contents("SHORE\\a.txt"), "a");
   EXPECT_TRUE(exists("Empty") && exists("coast"));
+  EXPECT_FALSE(exists("Shore"));
 }
 
-TEST_F(SingleRenameTest, AnOpenFolderKeepsItsName) {
-  rig.makeFolder("C:\\Pics\\Coast");
-  select({"\\ Coast"});
-  ASSERT_TRUE(rig.app().navigation.goTo(rig.form().Panel2, "C:\\Pics\\Coast"));
-  left().list.SetFocus();
-  rename([&] {
+TEST_F(SingleRenameTest, AnOpenFolderKeepsItsNameAndAPanelInsideARenamedOneGoesToWhatIsLeft) {
+  rig.makeFolder("C:\\Pics\\Coast\\Raw");
+  const auto renameWhileOpen = [&](const char* open, const Action& action) {
+    select({"\\ Coast"});
+    ASSERT_TRUE(rig.app().navigation.goTo(rig.form().Panel2, open));
+    left().list.SetFocus();
+    rename(action);
+  };
+  renameWhileOpen("C:\\Pics\\Coast", [&] {
     expectAlert("Folder already Open, - Cannot Rename !");
     next("Shore");
     dialog().Command2.press();
   });
   EXPECT_TRUE(exists("Coast"));
-}
-
-TEST_F(SingleRenameTest, APanelInsideARenamedFolderGoesToWhatIsLeft) {
-  rig.makeFolder("C:\\Pics\\Coast\\Raw");
-  select({"\\ Coast"});
-  ASSERT_TRUE(rig.app().navigation.goTo(rig.form().Panel2, "C:\\Pics\\Coast\\Raw"));
-  left().list.SetFocus();
-  rename([&] { next("Shore"); });
+  renameWhileOpen("C:\\Pics\\Coast\\Raw", [&] { next("Shore"); });
   EXPECT_EQ(rig.form().Panel2.path(), "C:\\Pics\\");
   EXPECT_EQ(rig.names(left()), Names{"\\ Shore| "});
 }
@@ -330,54 +299,27 @@ TEST_F(SingleRenameTest, AFileThatReplacesAnotherIsNotCopied) {
   EXPECT_TRUE(files().sameEntry("C:\\Pics\\b.txt", "C:\\Other\\second.txt"));
 }
 
-TEST_F(SingleRenameTest, ALinkDoesNotReplaceTheFileItLeadsTo) {
-  make({"b.txt"});
-  std::filesystem::create_symlink("b.txt", rig.systemPath("C:\\Pics\\a.txt"));
-  select({"a"});
-  rename([&] {
-    rig.loop.whenShows("Form7").press("Command11");
-    expectAlert("a.txt,  - Cannot Rename !\r\"b.txt\" is the same file");
-    next("b.txt");
-  });
-  EXPECT_EQ(contents("b.txt"), "b.txt");
-  EXPECT_TRUE(exists("a.txt"));
-}
-
-TEST_F(SingleRenameTest, AProtectedFileInTheWayLosesNothing) {
+TEST_F(SingleRenameTest, WhatMayNotBeReplacedStays) {
   make({"a.txt", "b.txt"});
   protect("b.txt", platform::attribute::ReadOnly);
-  select({"a"});
-  rename([&] {
-    rig.loop.whenShows("Form7").press("Command11");
-    expectAlert("a.txt,  - Cannot Rename !\r\"b.txt\" is read-only, hidden or system");
-    next("b.txt");
-  });
-  EXPECT_EQ(contents("a.txt"), "a.txt");
-  EXPECT_EQ(contents("b.txt"), "b.txt");
-}
-
-TEST_F(SingleRenameTest, AFolderInTheWayOfAFileStays) {
-  make({"a.txt"});
-  rig.makeFolder("C:\\Pics\\b");
-  select({"a"});
-  rename([&] {
-    expectAlert("a.txt,  - Cannot Rename !\r\"b\" is taken");
-    next("b");
-  });
-  EXPECT_TRUE(exists("a.txt") && exists("b"));
-}
-
-TEST_F(SingleRenameTest, ASecondNameOfTheSameFileIsNotLost) {
-  make({"a.txt"});
-  std::filesystem::create_hard_link(rig.systemPath("C:\\Pics\\a.txt"), rig.systemPath("C:\\Pics\\b.txt"));
-  select({"a"});
-  rename([&] {
-    rig.loop.whenShows("Form7").reads("Label1", "With Filename:     a.txt").press("Command11");
-    expectAlert("a.txt,  - Cannot Rename !\r\"b.txt\" is the same file");
-    next("b.txt");
-  });
-  EXPECT_EQ(contents("b.txt"), "a.txt");
-  EXPECT_EQ(contents("a.txt"), "a.txt");
+  rig.makeFolder("C:\\Pics\\folder");
+  std::filesystem::create_symlink("a.txt", rig.systemPath("C:\\Pics\\link.txt"));
+  std::filesystem::create_hard_link(rig.systemPath("C:\\Pics\\a.txt"), rig.systemPath("C:\\Pics\\second.txt"));
+  const std::tuple<const char*, const char*, std::string> rows[] = {
+      {"a", "b.txt", "a.txt,  - Cannot Rename !\r\"b.txt\" is read-only, hidden or system"},
+      {"a", "folder", "a.txt,  - Cannot Rename !\r\"folder\" is taken"},
+      {"a", "second.txt", "a.txt,  - Cannot Rename !\r\"second.txt\" is the same file"},
+      {"link", "a.txt", "link.txt,  - Cannot Rename !\r\"a.txt\" is the same file"}};
+  for (const auto& [row, name, alert] : rows) {
+    select({row});
+    rename([&, name = name, alert = alert] {
+      if (name != std::string("folder")) rig.loop.whenShows("Form7").press("Command11");
+      expectAlert(alert);
+      next(name);
+    });
+    EXPECT_EQ(contents("a.txt") + contents("b.txt") + contents("second.txt"), "a.txtb.txta.txt") << name;
+    EXPECT_TRUE(exists("folder") && exists("link.txt"));
+  }
 }
 
 // --- Where case is not told apart ----------------------------------------------------------------------------------

@@ -1,11 +1,7 @@
 #include "support/kill_at.hpp"
+#include "support/testing.hpp"
 
-#include <algorithm>
-#include <csignal>
-#include <cstdint>
-#include <gtest/gtest.h>
 #include <iostream>
-#include <set>
 
 #include <fcntl.h>
 #include <sys/ptrace.h>
@@ -22,16 +18,6 @@ constexpr int syscallStop = SIGTRAP | 0x80;
 [[noreturn]] void endChild() {
   std::cout.flush();
   ::_exit(testing::Test::HasFailure() ? 1 : 0);
-}
-
-bool heldUntilEnd(pid_t child) {
-  int status = 0;
-  return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
-bool wasKilled(pid_t child) {
-  int status = 0;
-  return ::waitpid(child, &status, 0) == child && WIFSIGNALED(status);
 }
 
 /// Calls that put something on the disk or take it away.
@@ -80,6 +66,17 @@ class Tracer {
     }
   }
 
+  /// Lets it go on to its end. True when all checks in it held. Its threads are waited for, too: the child ends behind
+  /// the last of them.
+  bool endsWell() {
+    ::ptrace(PTRACE_CONT, child_, nullptr, 0);
+    int status = 0;
+    for (pid_t who = 0; (who = ::waitpid(-1, &status, __WALL)) > 0;) {
+      if (WIFSTOPPED(status)) ::ptrace(PTRACE_CONT, who, nullptr, signalOf(status));
+      if (who == child_ && !WIFSTOPPED(status)) return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    }
+    return false;
+  }
   void killAndReap() {
     ::kill(child_, SIGKILL);
     int status = 0;
@@ -139,36 +136,21 @@ int KillAt::run(int moment) const {
   }
   const int count = tracer.follow();
   if (count < 0 || count == moment + 1) return count;
-  ::ptrace(PTRACE_DETACH, child, nullptr, nullptr);
-  return heldUntilEnd(child) ? count : Failed;
+  return tracer.endsWell() ? count : Failed;
 }
 
 int KillAt::moments() const { return run(-1); }
 
 bool KillAt::at(int moment) const { return run(moment) == moment + 1; }
 
-/// Untraced, and let go behind what comes in front. Negative when it did not come so far.
-pid_t KillAt::start() const {
+bool KillAt::byItself() const {
   std::cout.flush();
   const pid_t child = ::fork();
   if (child == 0) this->child(false);
   int status = 0;
-  if (child < 0 || ::waitpid(child, &status, WUNTRACED) != child || !WIFSTOPPED(status)) return -1;
+  if (child < 0 || ::waitpid(child, &status, WUNTRACED) != child || !WIFSTOPPED(status)) return false;
   ::kill(child, SIGCONT);
-  return child;
-}
-
-bool KillAt::after(unsigned microseconds) const {
-  const pid_t child = start();
-  if (child < 0) return false;
-  ::usleep(microseconds);
-  ::kill(child, SIGKILL);
-  return wasKilled(child);
-}
-
-bool KillAt::byItself() const {
-  const pid_t child = start();
-  return child > 0 && wasKilled(child);
+  return ::waitpid(child, &status, 0) == child && WIFSIGNALED(status);
 }
 
 bool heldInChild(const std::function<void()>& checks) {
@@ -178,7 +160,8 @@ bool heldInChild(const std::function<void()>& checks) {
     checks();
     endChild();
   }
-  return child > 0 && heldUntilEnd(child);
+  int status = 0;
+  return child > 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 }  // namespace varnholt::test

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <functional>
-#include <string>
+#include "support/testing.hpp"
 
 #include <sys/types.h>
 
@@ -23,15 +22,11 @@ class KillAt {
   int moments() const;
   /// Kills it at that moment, counted from 0. False when it ended before.
   bool at(int moment) const;
-  /// Kills it so many microseconds after the start of the part; for where tracing is not allowed, too. False when it
-  /// ended before.
-  bool after(unsigned microseconds) const;
   /// For a part that kills itself. False when it ended before.
   bool byItself() const;
 
  private:
   int run(int moment) const;
-  pid_t start() const;
   [[noreturn]] void child(bool traced) const;
 
   std::function<void()> prepare_, work_;

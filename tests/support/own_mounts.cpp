@@ -1,7 +1,7 @@
 #include "support/own_mounts.hpp"
+#include "support/testing.hpp"
 
 #include <sched.h>
-#include <utility>
 
 #include <sys/mount.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include "support/testing.hpp"
 
 namespace varnholt::test {
 

@@ -1,29 +1,20 @@
 #pragma once
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <utility>
+#include "platform/clock.hpp"
+#include "support/testing.hpp"
+
+#include <sys/stat.h>
 
 namespace varnholt::test {
 
-/// A fresh folder of the system, taken away with all in it at the end. Paths in system form.
+/// A fresh folder of the system, taken away with all in it at the end, and what tests build in it and look at. Names
+/// are relative to it, with slashes.
 class ScratchFolder {
  public:
-  ScratchFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "varnholt-test-XXXXXX").string();
-    path_ = ::mkdtemp(name.data()) ? name : std::string();
-  }
+  ScratchFolder();
   /// A folder of somebody else, who takes it away.
   explicit ScratchFolder(std::string existing) : path_(std::move(existing)), isOwn_(false) {}
-  ~ScratchFolder() {
-    std::error_code ignored;
-    if (isOwn_ && !path_.empty()) std::filesystem::remove_all(path_, ignored);
-  }
+  ~ScratchFolder();
   ScratchFolder(ScratchFolder&& other) noexcept
       : path_(std::exchange(other.path_, {})), isOwn_(std::exchange(other.isOwn_, false)) {}
   ScratchFolder(const ScratchFolder&) = delete;
@@ -31,27 +22,32 @@ class ScratchFolder {
 
   const std::string& path() const { return path_; }
   std::string operator/(std::string_view name) const { return path_ + "/" + std::string(name); }
+  std::string system(std::string_view name = {}) const { return name.empty() ? path_ : *this / name; }
 
-  /// Writes a file, with the folders above it.
-  std::string write(std::string_view name, std::string_view bytes) const {
-    const std::filesystem::path file = *this / name;
-    std::filesystem::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary) << bytes;
-    return file.string();
-  }
-  /// Writes a file that can be run.
-  std::string writeScript(std::string_view name, std::string_view text) const {
-    const std::string file = write(name, text);
-    std::filesystem::permissions(file, std::filesystem::perms(0755));
-    return file;
-  }
-  std::string read(std::string_view name) const {
-    std::ifstream file(*this / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-  bool has(std::string_view name) const {
-    return std::filesystem::exists(std::filesystem::symlink_status(*this / name));
-  }
+  // --- Building, each in one line; the folders above are made too --------------------------------------------------
+
+  const ScratchFolder& file(std::string_view name, std::string_view bytes = "x",
+                            std::optional<platform::Date> date = {}) const;
+  const ScratchFolder& folder(std::string_view name) const;
+  const ScratchFolder& link(std::string_view name, std::string_view target) const;
+  const ScratchFolder& hardLink(std::string_view name, std::string_view existing) const;
+  const ScratchFolder& pipe(std::string_view name) const;
+  const ScratchFolder& mode(std::string_view name, mode_t mode) const;
+  const ScratchFolder& modified(std::string_view name, platform::Date date) const;
+  /// Stores DOS attributes as they are, past the program. False where the volume keeps none.
+  bool store(std::string_view name, std::string_view value) const;
+  /// Writes a file, or one that can be run, and gives its path.
+  std::string write(std::string_view name, std::string_view bytes) const;
+  std::string writeScript(std::string_view name, std::string_view text) const;
+
+  // --- Looking -----------------------------------------------------------------------------------------------------
+
+  std::string read(std::string_view name) const;
+  bool has(std::string_view name) const;
+  std::string linkText(std::string_view name) const;
+  struct stat facts(std::string_view name) const;
+  /// Names in a folder by bytes, "." and ".." left out: finds temporary files that were left behind.
+  std::vector<std::string> names(std::string_view folder = {}) const;
 
  private:
   std::string path_;
@@ -61,16 +57,13 @@ class ScratchFolder {
 /// Sets a variable of the process environment for a while; a null value takes it away.
 class ScopedVariable {
  public:
-  ScopedVariable(const char* name, const char* value) : name_(name) {
-    if (const char* old = std::getenv(name)) old_ = old;
-    set(value);
-  }
+  ScopedVariable(const char* name, const char* value);
   ~ScopedVariable() { set(old_ ? old_->c_str() : nullptr); }
   ScopedVariable(const ScopedVariable&) = delete;
   ScopedVariable& operator=(const ScopedVariable&) = delete;
 
  private:
-  void set(const char* value) const { value ? ::setenv(name_, value, 1) : ::unsetenv(name_); }
+  void set(const char* value) const;
 
   const char* name_;
   std::optional<std::string> old_;

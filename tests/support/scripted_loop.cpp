@@ -1,8 +1,5 @@
 #include "support/scripted_loop.hpp"
 
-#include <algorithm>
-#include <gtest/gtest.h>
-
 namespace varnholt::test {
 
 using Step = ScriptedLoop::Step;
@@ -50,6 +47,15 @@ Step& ScriptedLoop::whenShows(std::string form) {
   steps_.push_back(std::make_unique<Step>());
   steps_.back()->window = std::move(form);
   return *steps_.back();
+}
+
+void ScriptedLoop::meets(const std::vector<Answer>& answers) {
+  for (const Answer& each : answers) {
+    Step& step = whenShows(each.dialog);
+    if (!each.text.empty()) step.reads("Label1", each.text);
+    if (each.before) step.run([before = each.before](controls::Form&) { before(); });
+    each.button.empty() ? step.closes() : step.press(each.button);
+  }
 }
 
 Step& ScriptedLoop::whenBox(std::string title, controls::MessageAnswer answer, std::string text) {

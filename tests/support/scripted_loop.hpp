@@ -2,14 +2,23 @@
 
 #include "controls/message_loop.hpp"
 #include "controls/standard.hpp"
+#include "support/testing.hpp"
 
 #include <deque>
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace varnholt::test {
+
+/// A dialog that comes up, the button that is pressed in it, what its "Label1" reads where that is given, and what is
+/// looked at or done before.
+struct Answer {
+  std::string dialog, button = "Command11", text = {};
+  std::function<void()> before = {};
+};
+inline Answer yes(std::string text = {}) { return {"Form11", "Command11", std::move(text)}; }
+inline Answer no(std::string text = {}) { return {"Form11", "Command1", std::move(text)}; }
+/// An alert, and a notice that goes by itself.
+inline Answer told(std::string text = {}) { return {"Form12", "Command11", text.empty() ? text : text + "\r"}; }
+inline Answer noticed(std::string text) { return {"Form13", "", std::move(text)}; }
 
 /// A message loop in which a script plays the user. Steps are met in their order: a dialog or box that the next step
 /// does not expect fails the test, and so does a step that is never reached or a dialog that its step leaves open.
@@ -38,6 +47,8 @@ class ScriptedLoop : public controls::MessageLoop {
   };
 
   Step& whenShows(std::string form);
+  /// These dialogs one after the other. Without a button the close box is used.
+  void meets(const std::vector<Answer>& answers);
   /// A message box of that title; a text that is not empty is compared.
   Step& whenBox(std::string title, controls::MessageAnswer answer, std::string text = {});
   /// Fails for steps not reached, and forgets them. The destructor does it too.

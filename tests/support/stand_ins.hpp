@@ -2,11 +2,7 @@
 
 #include "platform/drives.hpp"
 #include "platform/shell.hpp"
-
-#include <algorithm>
-#include <string>
-#include <utility>
-#include <vector>
+#include "support/testing.hpp"
 
 namespace varnholt::test {
 

@@ -1,9 +1,8 @@
 #include "support/tree_snapshot.hpp"
+#include "support/testing.hpp"
 
 #include "platform/posix/dirents.hpp"
 #include "platform/posix/unique_fd.hpp"
-
-#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>

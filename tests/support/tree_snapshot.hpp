@@ -1,8 +1,8 @@
 #pragma once
 
-#include <map>
+#include "support/testing.hpp"
+
 #include <ostream>
-#include <string>
 
 #include <sys/types.h>
 

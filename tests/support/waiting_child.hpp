@@ -1,9 +1,8 @@
 #pragma once
 
-#include <functional>
-#include <gtest/gtest.h>
+#include "support/testing.hpp"
+
 #include <iostream>
-#include <utility>
 
 #include <sys/wait.h>
 #include <unistd.h>
