@@ -54,6 +54,18 @@ TEST_F(StartTest, AFirstStartHasEveryDefault) {
     EXPECT_TRUE(rig.platform->files.folderExists(programFile(folder))) << folder;
 }
 
+TEST_F(StartTest, ADamagedSettingsFileIsSetAsideAndTold) {
+  ASSERT_TRUE(rig.start());
+  closeWindow();
+  const std::string file = programFile("\\settings.db");
+  ASSERT_TRUE(rig.platform->files.writeFile(file, "this is no database at all, but it is long enough to look at"));
+  rig.restart();
+  rig.loop.whenShows("Form12").press("Command11");
+  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  EXPECT_TRUE(rig.app().Main());
+  EXPECT_TRUE(rig.platform->files.fileExists(file + ".damaged-1"));
+}
+
 TEST_F(StartTest, ANarrowScreenIsAWarningAndNoMore) {
   rig.loop.screen().width = 9'990;
   rig.loop.whenShows("Form13")

@@ -132,6 +132,27 @@ def overwrite_answers(road):
         road.expect(step, work, wanted)
 
 
+def question_about_a_long_name(road):
+    """A name as long as names get: the question stays on the screen, and is small again for the next name."""
+    road.fill()
+    name = "n" * 251 + ".txt"  # handled first, being selected last
+    for folder, date in (("Work/", NEW), ("Target/", OLD)):
+        road.file(folder + name, "long", date)
+    road.start("Copy", "Copy Item(s)", "alt+o", "beta", "n" * 251)
+    sizes = []
+    for file in (name, "beta.txt"):
+        dialog = road.program.dialog("Overwrite Warning !")
+        wait("the question about " + file, lambda file=file: road.program.says(dialog, "Source FileName: " + file))
+        place = road.program.extents(dialog)
+        caller = road.program.extents(next(each for each in road.program.dialogs() if each != dialog))
+        expect(f"the question on the screen, not at {place}", place[0] >= 0 and place[0] + place[2] <= SCREEN_WIDTH)
+        expect(f"the question at {place} over {caller}", abs(2 * place[0] + place[2] - 2 * caller[0] - caller[2]) <= 2)
+        sizes.append(place[3])
+        road.overwrite(file, "alt+s")
+    expect(f"a lower question for a short name: {sizes}", sizes[1] < sizes[0])
+    road.ended()
+
+
 def give_name(road, name, wanted):
     dialog = road.program.dialog("Rename Target File")
     wait(f"the name {name}", lambda: road.program.field(dialog, "New name") == name)
@@ -342,7 +363,8 @@ def road(program):
     wait("Target", lambda: "alpha" in program.rows(2))
     program.click_row(1, "\\ Work", 2)
     wait("Work", lambda: ODD_ROW in program.rows(1))
-    for step in (overwrite_answers, move, delete, left_out, drop_while_a_folder_is_read, stop, stop_in_a_big_item):
+    for step in (overwrite_answers, question_about_a_long_name, move, delete, left_out, drop_while_a_folder_is_read, stop,
+                 stop_in_a_big_item):
         print(step.__name__, flush=True)
         step(steps)
     program.keys("alt+F4")
