@@ -7,21 +7,25 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <future>
+#include <utility>
 
 using namespace varnholt;
 
 int main(int argc, char** argv) {
   const bool toMain = argc > 1 && std::strcmp(argv[1], "main") == 0;
   struct Running : qt::RunningProgram {
-    explicit Running(controls::MessageLoop& loop) : app(loop, host->platform()) {}
+    Running(controls::MessageLoop& loop, std::unique_ptr<platform::PlatformHost> system)
+        : host(std::move(system)), app(loop, host->platform()) {}
     void storeState() override {}
     void leave() override { std::_Exit(1); }
-    std::unique_ptr<platform::PlatformHost> host = platform::makePlatformHost();
+    std::unique_ptr<platform::PlatformHost> host;
     app::App app;
   };
+  auto host = std::async(std::launch::async, [] { return platform::makePlatformHost(); });
   return qt::runProgram(argc, argv, [&](qt::QtMessageLoop& loop, const auto&) -> std::unique_ptr<qt::RunningProgram> {
     new bench::FirstPaint(toMain ? QStringLiteral("Form1") : QString());
-    auto running = std::make_unique<Running>(loop);
+    auto running = std::make_unique<Running>(loop, host.get());
     loop.setPictureReader([&files = running->host->platform().files](const std::string& path) {
       const auto bytes = files.readFile(path);
       return bytes ? std::optional(*bytes) : std::nullopt;

@@ -5,6 +5,8 @@
 #include "qt/run_program.hpp"
 
 #include <cstdio>
+#include <future>
+#include <utility>
 
 using namespace varnholt;
 
@@ -13,17 +15,19 @@ namespace {
 /// The running program on this system.
 class Running : public qt::RunningProgram {
  public:
-  explicit Running(controls::MessageLoop& loop) : app(loop, host->platform()) {}
+  Running(controls::MessageLoop& loop, std::unique_ptr<platform::PlatformHost> system)
+      : host(std::move(system)), app(loop, host->platform()) {}
   void storeState() override { app.state.StoreProgramState(); }
   void leave() override { app.state.Form_QueryUnload(); }
 
-  std::unique_ptr<platform::PlatformHost> host = platform::makePlatformHost();
+  std::unique_ptr<platform::PlatformHost> host;
   app::App app;
 };
 
-std::unique_ptr<qt::RunningProgram> start(qt::QtMessageLoop& loop, const std::vector<std::string>& arguments) {
+std::unique_ptr<qt::RunningProgram> start(qt::QtMessageLoop& loop, const std::vector<std::string>& arguments,
+                                          std::unique_ptr<platform::PlatformHost> host) {
   platform::noteDoing("the start");
-  auto running = std::make_unique<Running>(loop);
+  auto running = std::make_unique<Running>(loop, std::move(host));
   auto& system = running->host->platform();
   platform::reportCrashes(system.toSystem(system.programFolder), core::programVersion());
   loop.setPictureReader([&files = system.files](const std::string& path) {
@@ -46,5 +50,9 @@ int main(int argc, char** argv) {
     std::fputs(answer->text.c_str(), answer->exitCode == 0 ? stdout : stderr);
     return answer->exitCode;
   }
-  return qt::runProgram(argc, argv, start);
+  // Settings and folders are opened while the toolkit looks for its display.
+  auto host = std::async(std::launch::async, [] { return platform::makePlatformHost(); });
+  return qt::runProgram(argc, argv, [&](qt::QtMessageLoop& loop, const std::vector<std::string>& arguments) {
+    return start(loop, arguments, host.get());
+  });
 }

@@ -60,6 +60,7 @@ std::unique_ptr<FormWindow> FormWindow::make(WindowLoop& loop, controls::Form& f
 
 FormWindow::FormWindow(WindowLoop& loop, controls::Form& form, std::unique_ptr<QWidget> widget)
     : loop_(loop), form_(form), widget_(widget.release()) {
+  updateSkin();  // first: its picture is decoded while the controls are joined
   joinControls();
   widget_->installEventFilter(this);
   for (controls::Control* control : form_.controls())
@@ -154,16 +155,23 @@ void FormWindow::updateSkin() {
   Skin::Source skin;
   if (!skin_.empty()) skin = [this, path = skin_](const QSize& area) { return loop_.pictures().covering(path, area); };
   if (auto* dialog = qobject_cast<SkinDialog*>(widget_.data())) dialog->setSkin(skin);
-  if (auto* backdrop = widget_->findChild<Backdrop*>()) backdrop->setSkin(skin);
+  auto* backdrop = widget_->findChild<Backdrop*>();
+  if (!backdrop) return;
+  backdrop->setSkin(skin);
+  if (!skin_.empty() && !widget_->isVisible()) loop_.pictures().decodeAhead(skin_, comingSize() * Skin::Sharpness);
+}
+
+// Before the window is placed: as large as it stood, or as it was drawn.
+QSize FormWindow::comingSize() const {
+  const QSize size = hasPlace() ? wantedPlace().size() : widget_->size();
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return screen ? size.boundedTo(screen->availableSize()) * screen->devicePixelRatio() : size;
 }
 
 void FormWindow::updateMenu(const std::vector<controls::Control*>& changed) {
   if (!menu_) return;
   if (!menu_->isComplete()) return menu_->rebuild();
-  for (const controls::Control* control : changed) {
-    if (control->kind() != controls::Kind::MenuItem) continue;
-    menu_->update(static_cast<const controls::MenuItem&>(*control));
-  }
+  menu_->update(changed);
 }
 
 // A surface that holds only invisible controls gives its room away.

@@ -72,6 +72,7 @@ class FormWindow : public QObject, private Host {
   QSize comfortableSize(const QSize& room) const;
   void putAt(QRect wanted, const QRect& room);
   bool hasPlace() const;
+  QSize comingSize() const;
   /// The program has given the form another place than the one its window was last at.
   bool placedByProgram() const;
   QRect wantedPlace() const;

@@ -50,6 +50,7 @@ void MenuBar::rebuild() {
     auto& item = static_cast<controls::MenuItem&>(*control);
     if (!item.parent()) add(item, bar_);
   }
+  placeRightEnd();
 }
 
 // An entry with entries below it is a menu; its action is the menu's own.
@@ -73,7 +74,7 @@ void MenuBar::add(controls::MenuItem& item, QWidget& parent) {
   } else {
     parent.addAction(action);
   }
-  update(item);
+  draw(item);
 }
 
 // The toolkit has flipped the check mark by itself; the handler may have decided otherwise.
@@ -82,7 +83,7 @@ void MenuBar::choose(controls::MenuItem& item) {
     if (!isThere(item)) return;
     QPointer<MenuBar> alive(this);
     item.choose();
-    if (alive) update(item);
+    if (alive) update({&item});
   });
 }
 
@@ -175,7 +176,19 @@ void MenuBar::popUp(const std::vector<controls::MenuItem*>& entries, const QPoin
   menu->popup(at);
 }
 
-void MenuBar::update(const controls::MenuItem& item) {
+// The headings and the line beside them share the bar's width, so that one place is found for all that has changed.
+void MenuBar::update(const std::vector<controls::Control*>& changed) {
+  bool onTheBar = false;
+  for (const controls::Control* control : changed) {
+    if (control->kind() != controls::Kind::MenuItem) continue;
+    const auto& item = static_cast<const controls::MenuItem&>(*control);
+    draw(item);
+    onTheBar = onTheBar || !item.parent();
+  }
+  if (onTheBar) placeRightEnd();
+}
+
+void MenuBar::draw(const controls::MenuItem& item) {
   const auto found = actions_.find(&item);
   if (found == actions_.end()) return;
   QAction& action = *found->second;
@@ -187,7 +200,6 @@ void MenuBar::update(const controls::MenuItem& item) {
   action.setVisible(item.Visible);
   updateKeys(item, action);
   action.setIcon(iconNamed(item.Icon.get()));
-  placeRightEnd();
   if (action.menu()) return;
   action.setCheckable(item.Checked);
   action.setChecked(item.Checked);

@@ -23,7 +23,8 @@ class MenuBar : public QObject {
   /// Whether the form's entries are those that are drawn.
   bool isComplete() const;
   void rebuild();
-  void update(const controls::MenuItem& item);
+  /// Draws these entries anew; what else is among the controls is passed over.
+  void update(const std::vector<controls::Control*>& changed);
   /// Shows a menu of these entries, null for a separator, at a place on the screen.
   void popUp(const std::vector<controls::MenuItem*>& entries, const QPoint& at);
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -31,6 +32,7 @@ class MenuBar : public QObject {
  private:
   void add(controls::MenuItem& item, QWidget& parent);
   void choose(controls::MenuItem& item);
+  void draw(const controls::MenuItem& item);
   void showAtRightEnd(const controls::MenuItem& item, QAction& action);
   void placeRightEnd();
   void updateKeys(const controls::MenuItem& item, QAction& action);

@@ -89,6 +89,9 @@ void QtMessageLoop::changed(controls::Form& form) {
   const auto entry = forms_.find(&form);
   if (entry == forms_.end()) return;
   entry->second.dirty = true;
+  // Frames keep changes of contents apart. The user waits for a window that comes or goes, and so does what follows.
+  const FormWindow* window = entry->second.window.get();
+  if (form.Visible != (window && window->widget().isVisible())) return drawTimer_.start(0);
   if (drawTimer_.isActive()) return;
   const auto since = sinceDrawn_.isValid() ? sinceDrawn_.elapsed() : FrameMilliseconds;
   drawTimer_.start(static_cast<int>(std::max<qint64>(0, FrameMilliseconds - since)));

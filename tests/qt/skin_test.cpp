@@ -22,7 +22,9 @@ std::string redPicture(const QSize& size) {
 TEST(Pictures, ASkinIsReadNoLargerThanTheWindowNeeds) {
   qt::Pictures pictures;
   pictures.setReader([](const std::string&) { return redPicture(QSize(2500, 1500)); });
-  EXPECT_EQ(pictures.covering("C:\\skin.jpg", QSize(1000, 300)).size(), QSize(1000, 600));
+  EXPECT_EQ(pictures.covering("C:\\skin.jpg", QSize(1000, 300)).size(), QSize(1250, 750));
+  EXPECT_EQ(pictures.covering("C:\\skin.jpg", QSize(2000, 300)).size(), QSize(2000, 1200));
+  pictures.decodeAhead("C:\\skin.jpg", QSize(1000, 300));
   EXPECT_EQ(pictures.covering("C:\\skin.jpg", QSize(3000, 2000)).size(), QSize(2500, 1500));
   EXPECT_EQ(pictures.fresh("C:\\skin.jpg").size(), QSize(2500, 1500));
 }

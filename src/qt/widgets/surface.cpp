@@ -12,28 +12,28 @@ namespace {
 constexpr qreal CornerRadius = 4;
 // Skins are read for windows of sizes in such steps, in pixels.
 constexpr int SizeStep = 64;
-// A calm surface may be blown up by a tenth unseen, which lets a window of usual size do with half of the large skin.
-constexpr double Sharpness = 0.9;
 
 QSize roundedUp(const QSize& size) {
   const auto up = [](int length) { return (length + SizeStep - 1) / SizeStep * SizeStep; };
   return {up(size.width()), up(size.height())};
 }
 
-bool covers(const QPixmap& picture, const QSize& area) {
+bool covers(const QImage& picture, const QSize& area) {
   return picture.width() >= area.width() && picture.height() >= area.height();
 }
 
-QPixmap fitted(const QPixmap& picture, const QSize& area) {
+QPixmap fitted(const QImage& picture, const QSize& area) {
   const QSize part = area.scaled(picture.size(), Qt::KeepAspectRatio);
-  return picture.copy(QRect(QPoint(), part)).scaled(area, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  const QImage corner(picture.constBits(), part.width(), part.height(), picture.bytesPerLine(), picture.format());
+  return QPixmap::fromImage(corner.scaled(area, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }
 
 }  // namespace
 
 void Skin::set(Source source) {
   source_ = std::move(source);
-  read_ = fitted_ = {};
+  read_ = {};
+  fitted_ = {};
 }
 
 void Skin::paint(QWidget& widget) {

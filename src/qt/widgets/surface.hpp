@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QFrame>
+#include <QImage>
 #include <QPixmap>
 
 #include <functional>
@@ -12,14 +13,17 @@ namespace varnholt::qt {
 class Skin {
  public:
   /// Gives the picture in a size that covers the area, in pixels; null: none.
-  using Source = std::function<QPixmap(const QSize& area)>;
+  using Source = std::function<QImage(const QSize& area)>;
+  /// The share of a window's size that a picture needs: a calm surface may be blown up by a tenth unseen, which lets a
+  /// window of usual size do with half of the large skin.
+  static constexpr double Sharpness = 0.9;
 
   void set(Source source);
   void paint(QWidget& widget);
 
  private:
   Source source_;
-  QPixmap read_;    ///< a little larger than the window was, so that a growing window does not read it at each step
+  QImage read_;     ///< a little larger than the window was, so that a growing window does not read it at each step
   QPixmap fitted_;  ///< of the window's size, so that repaints only copy
 };
 
