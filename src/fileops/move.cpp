@@ -97,8 +97,7 @@ Operation::Item Move::isAnotherDrive() {
 void Move::ended(bool /*normally*/) { form5_.MoveRunning = false; }
 
 void Move::refreshPanels() {
-  desk_.listing.View1ClearItems();
-  desk_.listing.View2ClearItems();
+  desk_.listing.ViewRenew();
   desk_.listing.ColorReset();
   desk_.listing.FocusView();
 }

@@ -43,7 +43,8 @@ void Listing::filedir(Panel& panel) {
   program_.loop.screen().MousePointer = pointer::Hourglass;
   panel.list.MousePointer = pointer::Hourglass;
 
-  if (const auto listing = program_.files().list(panel.path())) {
+  const auto listing = read(panel.path());
+  if (listing) {
     panel.hidesFiles = false;
     panel.show(std::make_shared<PanelRows>(*listing, fileTest(panel.hidesFiles), rowFormat(panel)));
     form_.Menu["Viewfilter"].Accented = form_.Panel1.hidesFiles || form_.Panel2.hidesFiles;
@@ -54,6 +55,19 @@ void Listing::filedir(Panel& panel) {
   form_.ProgressBar1.Value = 0;
   panel.list.MousePointer = pointer::Default;
   program_.loop.screen().MousePointer = pointer::Default;
+}
+
+platform::Result<platform::ListingPtr> Listing::read(const std::string& folder) {
+  if (read_ && read_->listing && read_->folder == folder) return read_->listing;
+  auto listing = program_.files().list(folder);
+  if (read_ && listing) read_ = {folder, *listing};
+  return listing;
+}
+
+void Listing::bothPanels(const std::function<void()>& list) {
+  read_.emplace();
+  list();
+  read_.reset();
 }
 
 // The menu is asked once a listing, and not once a file.
@@ -93,8 +107,10 @@ void Listing::ViewClearItems(Panel& panel) {
 }
 
 void Listing::ViewRenew() {
-  View1ClearItems();
-  View2ClearItems();
+  bothPanels([this] {
+    View1ClearItems();
+    View2ClearItems();
+  });
 }
 
 void Listing::viewupdate() {
@@ -109,22 +125,28 @@ void Listing::UpdateBothViews() {
   if (!paths::sameFolder(form_.Panel1.path(), form_.Panel2.path())) return;
   Panel* active = form_.activePanel();
   if (!active) return;
-  ViewClearItems(form_.otherPanel(*active));
-  ViewClearItems(*active);
+  bothPanels([&] {
+    ViewClearItems(form_.otherPanel(*active));
+    ViewClearItems(*active);
+  });
 }
 
 void Listing::ViewUpdateAll(const std::string& folder) {
-  for (Panel* panel : {&form_.Panel1, &form_.Panel2})
-    if (paths::sameFolder(panel->path(), folder)) ViewClearItems(*panel);
+  bothPanels([&] {
+    for (Panel* panel : {&form_.Panel1, &form_.Panel2})
+      if (paths::sameFolder(panel->path(), folder)) ViewClearItems(*panel);
+  });
 }
 
 void Listing::viewrefresh() {
   if (resetcollect) resetcollect();
   Panel* active = form_.activePanel();
   if (!active) return;
-  keepCurrentItem(*active);
-  Panel& otherOne = form_.otherPanel(*active);
-  if (paths::sameFolder(active->path(), otherOne.path())) ViewClearItems(otherOne);
+  bothPanels([&] {
+    keepCurrentItem(*active);
+    Panel& otherOne = form_.otherPanel(*active);
+    if (paths::sameFolder(active->path(), otherOne.path())) ViewClearItems(otherOne);
+  });
 }
 
 void Listing::keepCurrentItem(Panel& panel) {

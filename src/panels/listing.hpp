@@ -4,6 +4,7 @@
 #include "panels/form1.hpp"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace varnholt::panels {
@@ -23,6 +24,8 @@ class Listing {
   void View1ClearItems() { ViewClearItems(form_.Panel1); }
   void View2ClearItems() { ViewClearItems(form_.Panel2); }
   void ViewRenew();
+  /// Where both panels are listed in one go and show one folder, it is read once, and they share what was read.
+  void bothPanels(const std::function<void()>& list);
 
   /// After an operation of the active panel whose target was the other one.
   void viewupdate();
@@ -61,10 +64,16 @@ class Listing {
   FileTest fileTest(bool& hidesFiles) const;
   RowFormat rowFormat(const Panel& panel) const;
   void keepCurrentItem(Panel& panel);
+  platform::Result<platform::ListingPtr> read(const std::string& folder);
   void pbar_beregning(std::size_t counter, std::size_t total);
 
   Form1& form_;
   core::Program& program_;
+  struct Read {
+    std::string folder;
+    platform::ListingPtr listing;
+  };
+  std::optional<Read> read_;  ///< while both panels are listed in one go
 };
 
 /// The icons by which rows and headers are numbered.

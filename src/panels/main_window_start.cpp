@@ -38,8 +38,10 @@ void MainWindowStart::Form_Load() {
     panel->backStack.push(panel->path());
     panel->showPath();
   }
-  d_.navigation.enter(form.Panel1);
-  d_.navigation.enter(form.Panel2);
+  d_.listing.bothPanels([&] {
+    d_.navigation.enter(form.Panel1);
+    d_.navigation.enter(form.Panel2);
+  });
 
   d_.active.UpdateClock();
   form.StatusBar1.setPanel(status::ActiveView, "View2Active");

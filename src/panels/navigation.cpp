@@ -9,9 +9,7 @@ namespace varnholt::panels {
 
 namespace paths = platform::paths;
 
-bool Navigation::exists(const std::string& folder) const {
-  return program_.files().folderExists(folder);
-}
+bool Navigation::exists(const std::string& folder) const { return program_.files().folderExists(folder); }
 
 // --- Showing a folder ----------------------------------------------------------------------------------------------
 

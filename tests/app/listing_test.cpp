@@ -4,6 +4,7 @@
 
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace varnholt::app {
 namespace {
@@ -337,6 +338,25 @@ TEST_F(ListingTest, AListingAsksOnceForTheFolderAndNothingForItsRows) {
     cells(left(), row);
   EXPECT_EQ(files->listings, 1);
   EXPECT_EQ(files->questions, 0);
+}
+
+TEST_F(ListingTest, BothPanelsOnOneFolderReadItOnceAndAnewEachTime) {
+  CountingFiles* files = nullptr;
+  rig.useFiles([&](platform::FileSystem& real) {
+    auto counting = std::make_unique<CountingFiles>(real);
+    files = counting.get();
+    return counting;
+  });
+  rig.startLeft();
+  EXPECT_EQ(std::exchange(files->listings, 0), 1);
+  for (const char* handler : {"refrechview_Click", "ViewProg_Click", "Viewall_Click"}) {
+    rig.write("C:\\" + std::string(handler) + ".exe", "");
+    rig.command(handler);
+    EXPECT_EQ(std::exchange(files->listings, 0), 1) << handler;
+    EXPECT_EQ(rig.names(left()), rig.names(right()));
+    EXPECT_EQ(left().list.count(), right().list.count());
+  }
+  EXPECT_EQ(left().list.count(), 3u);
 }
 
 }  // namespace
