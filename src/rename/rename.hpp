@@ -1,7 +1,7 @@
 #pragma once
 
-#include "panels/desk.hpp"
 #include "fileops/overwrite_policy.hpp"
+#include "panels/desk.hpp"
 #include "panels/room.hpp"
 #include "rename/masked_rename.hpp"
 #include "rename/rename_dialog.hpp"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "panels/desk.hpp"
 #include "fileops/overwrite_policy.hpp"
+#include "panels/desk.hpp"
 #include "rename/item.hpp"
 #include "rename/rename_dialog.hpp"
 
