@@ -132,6 +132,14 @@ TEST_F(Commands, OneThatStandsBehindAnotherDoesSoWhoeverAddsFirst) {
   EXPECT_EQ((*std::next(at))->name(), "HidSysfiles");
 }
 
+TEST_F(Commands, ALinePartsGroupsAlsoAboveAMenuThatBeginsOne) {
+  const auto& go = menu()["GoMenu"].children();
+  ASSERT_GT(go.size(), 2u);
+  EXPECT_EQ(go.back()->Caption.get(), "Folder History");
+  EXPECT_EQ(go[go.size() - 2]->Caption.get(), "-");
+  EXPECT_NE(go.back()->children().front()->Caption.get(), "-");
+}
+
 // Names that handlers pass in code that no test may run.
 TEST_F(Commands, EveryNameInTheSourcesIsInTheTable) {
   const std::regex asked(R"re([Mm]enu\["(\w+)"\]|checked\("(\w+)"\)|perform\("(\w+)")re");
