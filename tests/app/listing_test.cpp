@@ -320,9 +320,7 @@ class CountingFiles : public platform::ForwardingFileSystem {
   mutable int listings = 0, questions = 0;
 };
 
-TEST_F(ListingTest, AListingAsksOnceForTheFolderAndNothingForItsRows) {
-  for (int number = 0; number < 300; ++number)
-    rig.write("C:\\many\\" + std::to_string(number) + ".txt");
+CountingFiles& startCounting(AppRig& rig) {
   CountingFiles* files = nullptr;
   rig.useFiles([&](platform::FileSystem& real) {
     auto counting = std::make_unique<CountingFiles>(real);
@@ -330,29 +328,30 @@ TEST_F(ListingTest, AListingAsksOnceForTheFolderAndNothingForItsRows) {
     return counting;
   });
   rig.startLeft();
-  files->listings = files->questions = 0;
+  return *files;
+}
+
+TEST_F(ListingTest, AListingAsksOnceForTheFolderAndNothingForItsRows) {
+  for (int number = 0; number < 300; ++number)
+    rig.write("C:\\many\\" + std::to_string(number) + ".txt");
+  CountingFiles& files = startCounting(rig);
+  files.listings = files.questions = 0;
   left().setPath("C:\\many");
   rig.app().listing.filedir1();
   left().list.headerFromUser(3);
   for (std::uint32_t row = 0; row < 300; ++row)
     cells(left(), row);
-  EXPECT_EQ(files->listings, 1);
-  EXPECT_EQ(files->questions, 0);
+  EXPECT_EQ(files.listings, 1);
+  EXPECT_EQ(files.questions, 0);
 }
 
 TEST_F(ListingTest, BothPanelsOnOneFolderReadItOnceAndAnewEachTime) {
-  CountingFiles* files = nullptr;
-  rig.useFiles([&](platform::FileSystem& real) {
-    auto counting = std::make_unique<CountingFiles>(real);
-    files = counting.get();
-    return counting;
-  });
-  rig.startLeft();
-  EXPECT_EQ(std::exchange(files->listings, 0), 1);
+  CountingFiles& files = startCounting(rig);
+  EXPECT_EQ(std::exchange(files.listings, 0), 1);
   for (const char* handler : {"refrechview_Click", "ViewProg_Click", "Viewall_Click"}) {
     rig.write("C:\\" + std::string(handler) + ".exe", "");
     rig.command(handler);
-    EXPECT_EQ(std::exchange(files->listings, 0), 1) << handler;
+    EXPECT_EQ(std::exchange(files.listings, 0), 1) << handler;
     EXPECT_EQ(rig.names(left()), rig.names(right()));
     EXPECT_EQ(left().list.count(), right().list.count());
   }
