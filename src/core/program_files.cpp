@@ -94,6 +94,14 @@ void makeFolders(const platform::Platform& platform) {
   }
 }
 
+void removeWorkFolder(const platform::Platform& platform, std::string_view literal) {
+  const std::string folder = path(platform, literal);
+  const auto listing = platform.files.list(folder);
+  if (!listing || !(*listing)->folders().empty() || (*listing)->files().size() > 1) return;
+  (void)platform.files.deleteFile(folder + std::string(OwnMark), true);
+  (void)platform.files.deleteEmptyFolder(folder);
+}
+
 std::vector<std::string> deleteUserData(const platform::Platform& platform) {
   Removal removal(platform.files);
   for (const auto& [literal, isOurs] : DataFiles) {

@@ -30,6 +30,9 @@ inline constexpr std::string_view OwnMark = "\\.varnholt";
 /// Makes the folders of the layout that are missing, and marks those as its own.
 void makeFolders(const platform::Platform& platform);
 
+/// Deletes a work folder of the layout, unless something lies in it.
+void removeWorkFolder(const platform::Platform& platform, std::string_view literal);
+
 /// Deletes what the program has written: data files of the forms that it writes, in folders that are its own. Pictures,
 /// library and documents stay. Gives the full paths of what stays although it lies where the program keeps its data:
 /// files of other forms, what a move or swap left in the work folders, and folders that somebody else has made.

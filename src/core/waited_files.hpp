@@ -112,6 +112,9 @@ class WaitedFiles : public platform::FileSystem {
                                                  std::span<const platform::NewName> names) const override {
     return waited([&] { return files_.checkRenames(folder, names); });
   }
+  platform::Result<void> deleteEmptyFolder(const std::string& path) override {
+    return waited([&] { return files_.deleteEmptyFolder(path); });
+  }
   platform::Result<void> createFolder(const std::string& path) override {
     return waited([&] { return files_.createFolder(path); });
   }

@@ -20,7 +20,8 @@ FileOps::FileOps(panels::Desk& desk)
       Move(desk, Form5, Space),
       Delete(desk, Form4, Space, Form10),
       editor(desk, Form32),
-      desktop(desk) {
+      desktop(desk),
+      swap(desk) {
   policy.copyDialogVisible = [this] { return Form3.Visible.get(); };
   auto& dialogs = desk_.program.dialogs;
   dialogs.Form11.deleteDialogOpen = [this] { return Form4.Visible.get(); };
@@ -28,6 +29,10 @@ FileOps::FileOps(panels::Desk& desk)
     for (OperationForm* dialog : std::initializer_list<OperationForm*>{&Form3, &Form4, &Form5})
       dialog->StopFlag = false;
   });
+}
+
+void FileOps::load() {
+  desk_.program.loop.later([this] { bringBackStranded(desk_); });
 }
 
 // As the stored value has it, -1 is on.

@@ -6,6 +6,7 @@
 #include "fileops/edit_file.hpp"
 #include "fileops/move.hpp"
 #include "fileops/new_folder.hpp"
+#include "fileops/swap.hpp"
 #include "panels/room.hpp"
 
 #include <string>
@@ -24,6 +25,7 @@ class FileOps : public panels::Room {
   void ValCopyMove_Click();
   /// Files of another program, dropped on a panel. True: taken.
   bool dropFiles(panels::Panel& panel, const std::vector<std::string>& files, bool move);
+  void load() override;
   void addCommands(panels::CommandTable& table) override;
   std::vector<controls::Form*> dialogs() override { return {&Form2, &Form3, &Form4, &Form5, &Form7, &Form10, &Form32}; }
 
@@ -45,6 +47,7 @@ class FileOps : public panels::Room {
   fileops::Delete Delete;
   fileops::EditFile editor;
   fileops::Desktop desktop;
+  fileops::Swap swap;
 };
 
 }  // namespace varnholt::fileops

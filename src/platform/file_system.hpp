@@ -179,6 +179,8 @@ class FileSystem {
   /// `progress` is told entries.
   virtual Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {},
                                     LeftOuts* leftOut = nullptr) = 0;
+  /// Deletes a folder in which nothing lies.
+  virtual Result<void> deleteEmptyFolder(const std::string& path) = 0;
   // The batch calls do what the single calls without overwriting and without force do, for files of one folder, much
   // quicker for many small ones. They end in front of the first name that is no plain case: a regular file, of at most
   // `limit` bytes, with no other attribute than archive where it is to be deleted, and with nothing of its name in the

@@ -70,6 +70,7 @@ class ForwardingFileSystem : public FileSystem {
                             LeftOuts* leftOut = nullptr) override {
     return base_.deleteFolder(path, force, progress, leftOut);
   }
+  Result<void> deleteEmptyFolder(const std::string& path) override { return base_.deleteEmptyFolder(path); }
   Result<void> createFolder(const std::string& path) override { return base_.createFolder(path); }
   Result<void> setAttributes(const std::string& path, Attributes attributes) override {
     return base_.setAttributes(path, attributes);

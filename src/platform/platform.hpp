@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/clock.hpp"
+#include "platform/detours.hpp"
 #include "platform/drives.hpp"
 #include "platform/environment.hpp"
 #include "platform/file_system.hpp"
@@ -26,6 +27,7 @@ struct Platform {
   SettingsStore& settings;
   Registry& registry;
   Shell& shell;
+  Detours& detours;
   FileTypes& fileTypes;
   SystemFacts& system;
   Clock& clock;

@@ -99,5 +99,76 @@ TEST_F(DesktopTest, ACopyThatDoesNotArriveIsTold) {
   EXPECT_FALSE(rig.exists("C:\\Desk\\a.txt"));
 }
 
+class SwapTest : public OperationTest {
+ protected:
+  void SetUp() override {
+    OperationTest::SetUp();
+    for (const char* name : {"left", "both", "blocked"})
+      rig.write(std::string("C:\\From\\") + name, "from the left");
+    for (const char* name : {"right", "both", "blocked"})
+      rig.write(std::string("C:\\To\\") + name, "from the right");
+    rig.makeFolder("C:\\From\\Sub");
+  }
+  void selectRight(const Names& rows) {
+    for (const std::string& row : rows)
+      rig.click(right(), row, {.ctrl = true});
+  }
+  std::string work(const std::string& name = {}) { return rig.platform->programFolder + "\\SwapTmp" + name; }
+};
+
+TEST_F(SwapTest, FilesOfBothSidesChangePlacesAndNothingIsOverwritten) {
+  select({"\\ Sub", "left", "both", "blocked"});
+  selectRight({"right", "both"});
+  start("ExFiles_Click", {test::noticed("All Available/Selected Files Swapped ! ")}, {{"Form12", "Command11"}});
+  EXPECT_EQ(rig.names(left()), (Names{"\\ Sub| ", "blocked|", "both|", "right|"}));
+  EXPECT_EQ(rig.names(right()), (Names{"blocked|", "both|", "left|"}));
+  EXPECT_EQ(rig.read("C:\\From\\both"), "from the right");
+  EXPECT_EQ(rig.read("C:\\To\\both"), "from the left");
+  EXPECT_EQ(rig.read("C:\\From\\blocked"), "from the left");
+  EXPECT_FALSE(rig.exists(work()));
+  EXPECT_FALSE(rig.app().dispatcher.busy);
+}
+
+TEST_F(SwapTest, WhatCannotBeSwappedIsTold) {
+  select({});
+  start("ExFiles_Click", {test::noticed("No Item(s) Selected !")}, {});
+  select({"\\ Sub"});
+  start("ExFiles_Click", {test::noticed("No Item(s) To Swap !")}, {});
+  select({"left"}, {.from = "C:\\From", .to = "C:\\From"});
+  start("ExFiles_Click", {test::noticed("Cannot Swap To Itself !")}, {});
+  rig.drives->away = {'C'};
+  start("ExFiles_Click", {test::told("Drive(s) Not ready !\rFunction Exits !")}, {});
+}
+
+// What a killed copy of the program leaves is its note, which nobody holds any more, and the files on their way.
+TEST_F(SwapTest, FilesThatAKilledSwapLeftAreBroughtBackAndTold) {
+  rig.write(work("\\home"), "a");
+  rig.write(work("\\taken"), "b");
+  rig.write(work("\\stays"), "c");
+  for (const char* there : {"From\\taken", "From\\stays", "To\\stays"})
+    rig.write(std::string("C:\\") + there, "other");
+  std::vector<platform::Detour> detours;
+  for (const char* name : {"\\home", "\\taken", "\\stays", "\\never"})
+    detours.push_back({work(name), std::string("C:\\From") + name, std::string("C:\\To") + name});
+  auto note = rig.platform->detours.note(detours);
+  ASSERT_TRUE(note);
+  const std::string stays = "\r" + work("\\stays") + "  (from C:\\From\\stays)";
+  const std::string interrupted = "A Move Or Swap Was Interrupted. Its Files Stand Here Now :";
+  bringBackStranded(rig.app().desk);
+  EXPECT_TRUE(rig.exists(work("\\home"))) << "the swap is still at work";
+
+  (*note)->keep();
+  note->reset();
+  rig.loop.meets({test::told(interrupted + "\rC:\\From\\home\rC:\\To\\taken" + stays)});
+  bringBackStranded(rig.app().desk);
+  EXPECT_EQ(rig.read("C:\\From\\home"), "a");
+  EXPECT_EQ(rig.read("C:\\To\\taken"), "b");
+  EXPECT_EQ(rig.read(work("\\stays")), "c");
+  ASSERT_TRUE(rig.platform->files.deleteFile("C:\\From\\stays", true));
+  rig.loop.meets({test::told(interrupted + "\rC:\\From\\stays")});
+  bringBackStranded(rig.app().desk);
+  bringBackStranded(rig.app().desk);
+}
+
 }  // namespace
 }  // namespace varnholt::fileops

@@ -322,6 +322,13 @@ std::vector<NotRenamed> PosixFileSystem::checkRenames(const std::string& folder,
   return withSystemNames(checkBatch, folder, names);
 }
 
+Result<void> PosixFileSystem::deleteEmptyFolder(const std::string& path) {
+  const auto system = map_.toSystem(path);
+  if (!system) return system.error();
+  if (::rmdir(system->c_str()) != 0) return told(systemError(errno, *system));
+  return {};
+}
+
 Result<void> PosixFileSystem::createFolder(const std::string& path) {
   const auto system = map_.toSystem(path);
   if (!system) return system.error();

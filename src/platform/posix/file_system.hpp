@@ -48,6 +48,7 @@ class PosixFileSystem final : public FileSystem {
                          const Progress& progress = {}) override;
   BatchResults deleteFiles(const std::string& folder, const std::vector<std::string>& names,
                            const Progress& progress = {}) override;
+  Result<void> deleteEmptyFolder(const std::string& path) override;
   Result<void> createFolder(const std::string& path) override;
   Result<void> setAttributes(const std::string& path, Attributes attributes) override;
   Result<void> setModified(const std::string& path, const Date& date) override;

@@ -1,6 +1,7 @@
 #include "platform/platform.hpp"
 #include "platform/posix/clock.hpp"
 #include "platform/posix/crash_report.hpp"
+#include "platform/posix/detours.hpp"
 #include "platform/posix/drives.hpp"
 #include "platform/posix/environment.hpp"
 #include "platform/posix/file_system.hpp"
@@ -83,6 +84,7 @@ class PosixHost final : public PlatformHost {
         registry_(beside(folders_, "registry.db")),
         shell_(map_, {[this](const std::string& path) { return files_.resolve(path); },
                       [this] { return environment_.windowsFolder(); }}),
+        detours_(map_, folders_.program),
         fileTypes_(registry_),
         platform_{files_,
                   drives_,
@@ -90,6 +92,7 @@ class PosixHost final : public PlatformHost {
                   settings_,
                   registry_,
                   shell_,
+                  detours_,
                   fileTypes_,
                   system_,
                   clock_,
@@ -132,6 +135,7 @@ class PosixHost final : public PlatformHost {
   SqliteSettingsStore settings_;
   SqliteRegistry registry_;
   PosixShell shell_;
+  PosixDetours detours_;
   DesktopFileTypes fileTypes_;
   ProcSystemFacts system_;
   SystemClock clock_;

@@ -1,7 +1,6 @@
 #include "platform/posix/passing_names.hpp"
 
-#include "platform/posix/dirents.hpp"
-#include "platform/posix/file_contents.hpp"
+#include "platform/posix/held_note.hpp"
 #include "platform/posix/identity.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "platform/posix/unique_fd.hpp"
@@ -13,7 +12,6 @@
 #include <utility>
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,7 +19,6 @@ namespace varnholt::platform::posix {
 namespace {
 
 constexpr std::string_view NotePrefix = "Renaming";
-constexpr std::uint64_t LongestNote = 64u << 20;
 
 std::string& notesFolder() {
   static std::string folder;
@@ -43,18 +40,16 @@ UniqueFd openFolder(const std::string& path) {
 
 // --- The note --------------------------------------------------------------------------------------------------------
 
-// Names may hold any byte but the zero, so that one ends each; an empty one ends a passage.
-void append(std::string& note, const std::string& field) { note.append(field).push_back('\0'); }
-
+// An empty field ends a passage.
 std::string noteText(const std::string& folder, const std::vector<Passage>& passages) {
   std::string note;
-  append(note, folder);
+  appendField(note, folder);
   for (const Passage& each : passages) {
-    append(note, each.passing);
-    append(note, each.wanted);
+    appendField(note, each.passing);
+    appendField(note, each.wanted);
     for (const std::string& place : each.places)
-      append(note, place);
-    append(note, {});
+      appendField(note, place);
+    appendField(note, {});
   }
   return note;
 }
@@ -63,13 +58,6 @@ struct Note {
   std::string folder;
   std::vector<Passage> passages;
 };
-
-std::string takeField(std::string_view& note) {
-  const auto end = std::min(note.find('\0'), note.size());
-  std::string field(note.substr(0, end));
-  note.remove_prefix(std::min(end + 1, note.size()));
-  return field;
-}
 
 // What is cut short was never acted upon.
 Note readNote(std::string_view text) {
@@ -82,34 +70,6 @@ Note readNote(std::string_view text) {
   }
   return note;
 }
-
-/// A note on the disk, held by this process as long as it is at work.
-class HeldNote {
- public:
-  /// Gives 0 or errno.
-  int write(const std::string& text) {
-    folder_ = openFolder(notesFolder());
-    if (!folder_) return errno;
-    name_ = std::string(NotePrefix) + temporaryName();
-    note_ = UniqueFd(::openat(folder_.get(), name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-    if (!note_) return errno;
-    // A start of another copy of the program may have found it empty and cleared it away.
-    if (!holdTemporary(folder_.get(), name_.c_str(), note_.get())) return EAGAIN;
-    const ssize_t written = ::pwrite(note_.get(), text.data(), text.size(), 0);
-    if (written != static_cast<ssize_t>(text.size())) return written < 0 ? errno : ENOSPC;
-    return ::fsync(note_.get()) == 0 && ::fsync(folder_.get()) == 0 ? 0 : errno;
-  }
-  HeldNote() = default;
-  HeldNote(const HeldNote&) = delete;
-  HeldNote& operator=(const HeldNote&) = delete;
-  ~HeldNote() {
-    if (note_) ::unlinkat(folder_.get(), name_.c_str(), 0);
-  }
-
- private:
-  UniqueFd folder_, note_;
-  std::string name_;
-};
 
 // --- The passages ----------------------------------------------------------------------------------------------------
 
@@ -161,17 +121,12 @@ bool finish(int folder, const Passage& passage) {
          !renameIn(folder, passage.passing, passage.places.front());
 }
 
-void finishNote(int notes, const std::string& name, std::vector<Stranded>& stranded) {
-  const UniqueFd held(::openat(notes, name.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
-  if (!held || ::flock(held.get(), LOCK_EX | LOCK_NB) != 0 || !holdTemporary(notes, name.c_str(), held.get())) return;
-  const auto text = readWholeFile("/proc/self/fd/" + std::to_string(held.get()), LongestNote);
-  if (!text) return;
-  const Note note = readNote(*text);
+void finishNote(std::string_view text, std::vector<Stranded>& stranded) {
+  const Note note = readNote(text);
   const UniqueFd folder = openFolder(note.folder);
   for (const Passage& each : note.passages)
     if (!folder || !finish(folder.get(), each)) stranded.push_back({note.folder + '/' + each.passing, each.wanted});
   if (folder) (void)::fsync(folder.get());
-  ::unlinkat(notes, name.c_str(), 0);
 }
 
 }  // namespace
@@ -189,7 +144,8 @@ std::string PassingNames::nameFor(const std::string& name) {
 
 std::vector<int> PassingNames::run(int folder, const std::string& path, const std::vector<Passage>& passages) {
   HeldNote note;
-  if (const int error = note.write(noteText(path, passages))) return std::vector<int>(passages.size(), error);
+  if (const int error = note.write(notesFolder(), NotePrefix, noteText(path, passages)))
+    return std::vector<int>(passages.size(), error);
   std::vector<int> errors;
   errors.reserve(passages.size());
   for (const Passage& each : passages)
@@ -201,17 +157,10 @@ std::vector<int> PassingNames::run(int folder, const std::string& path, const st
 
 std::vector<Stranded> finishPassages(const std::string& notesFolder) {
   std::vector<Stranded> stranded;
-  const UniqueFd notes = openFolder(notesFolder);
-  std::vector<std::string> names;
-  DirentBatch batch;
-  while (notes && batch.read(notes.get()) > 0)
-    batch.forEach([&](const char* name, unsigned char) {
-      const std::string_view text(name);
-      if (text.starts_with(NotePrefix) && isTemporaryName(text.substr(NotePrefix.size()))) names.emplace_back(name);
-      return true;
-    });
-  for (const std::string& name : names)
-    finishNote(notes.get(), name, stranded);
+  finishNotes(notesFolder, NotePrefix, [&](std::string_view text) {
+    finishNote(text, stranded);
+    return true;
+  });
   return stranded;
 }
 
