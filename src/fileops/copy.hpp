@@ -8,8 +8,9 @@ namespace varnholt::fileops {
 /// `Form3`: copies what is selected into the folder of the other panel.
 class Copy : public TargetOperation {
  public:
-  Copy(panels::Desk& desk, Form3& dialog, Space& space, OverwritePolicy& policy, Form7& form7, Form10& form10)
-      : TargetOperation(desk, dialog, space), policy_(policy), form7_(form7), form10_(form10) {}
+  Copy(panels::Desk& desk, Form3& dialog, Space& space, Form32& nameDialog, OverwritePolicy& policy, Form7& form7,
+       Form10& form10)
+      : TargetOperation(desk, dialog, space, nameDialog), policy_(policy), form7_(form7), form10_(form10) {}
 
  protected:
   std::string_view modeWord() const override { return "CopyMode"; }

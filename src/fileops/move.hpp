@@ -8,7 +8,8 @@ namespace varnholt::fileops {
 /// on its drive.
 class Move : public TargetOperation {
  public:
-  Move(panels::Desk& desk, Form5& dialog, Space& space) : TargetOperation(desk, dialog, space), form5_(dialog) {}
+  Move(panels::Desk& desk, Form5& dialog, Space& space, Form32& nameDialog)
+      : TargetOperation(desk, dialog, space, nameDialog), form5_(dialog) {}
 
  protected:
   std::string_view modeWord() const override { return "MoveMode"; }
@@ -16,6 +17,7 @@ class Move : public TargetOperation {
   Begin mayBegin() override;
   Turn turn() const override { return Turn::BeforeItem; }
   bool moving() const override { return form5_.MoveRunning; }
+  bool takesAway() const override { return true; }
   Item file() override;
   Item folder() override;
   platform::BatchResults batch(const std::string& folder, const std::vector<std::string>& names, const std::string& to,

@@ -336,10 +336,11 @@ bool Operation::driveReady(const panels::Panel& panel) {
 
 // --- Operations with a target --------------------------------------------------------------------------------------
 
-TargetOperation::TargetOperation(panels::Desk& desk, TargetForm& dialog, Space& space)
-    : Operation(desk, dialog), target_(dialog), space_(space) {
+TargetOperation::TargetOperation(panels::Desk& desk, TargetForm& dialog, Space& space, Form32& nameDialog)
+    : Operation(desk, dialog), target_(dialog), space_(space), asNewName_(desk, nameDialog) {
   target_.Command3.Click = [this] { space_.selectsize(target_); };
   target_.Command4.Click = [this] { Command4_Click(); };
+  target_.Command5.Click = [this] { Command5_Click(); };
 }
 
 void TargetOperation::opening() {
@@ -347,6 +348,9 @@ void TargetOperation::opening() {
   initFolder_ = form.otherPanel(*form.activePanel()).path();
   desk_.browser.Check1.Value = 0;
   desk_.browser.Check2.Value = 0;
+  const core::Item item = form.filecollect.popc();
+  target_.Command5.Enabled =
+      form.filecollect.count() == 1 && !item.isFolder && desk_.files().fileExists(form.SourcePath);
 }
 
 // The chosen folder becomes the other panel's, so that all tests of the target speak of it.
@@ -360,8 +364,23 @@ void TargetOperation::Command4_Click() {
   target_.Text3.Text = shortPath(form.TargetPath);
 }
 
+// The loop takes the file from the work folder, where it bears its new name.
+void TargetOperation::Command5_Click() {
+  auto& form = desk_.form;
+  const auto file = asNewName_.begin(form.SourcePath, takesAway());
+  if (!file) return;
+  form.filecollect.reset();
+  form.filecollect.push({*file, false});
+  target_.Command5.Enabled = false;
+  const std::string name(paths::fileName(*file));
+  showItem(name);
+  target_.Text3.Text = name;
+  target_.Command11.SetFocus();
+}
+
 void TargetOperation::closed(bool executed) {
   auto& form = desk_.form;
+  asNewName_.end();
   const bool goesBack = executed ? desk_.browser.Check2.Value : desk_.browser.Check1.Value;
   panels::Panel& panel = form.otherPanel(*form.activePanel());
   if (goesBack && panel.path() != initFolder_) desk_.navigation.goTo(panel, initFolder_);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fileops/as_new_name.hpp"
 #include "fileops/left_out_notice.hpp"
 #include "fileops/operation_dialogs.hpp"
 #include "fileops/progress.hpp"
@@ -143,7 +144,7 @@ class Operation {
 /// What copy and move share: a target folder that can be browsed for, and the space tests.
 class TargetOperation : public Operation {
  protected:
-  TargetOperation(panels::Desk& desk, TargetForm& dialog, Space& space);
+  TargetOperation(panels::Desk& desk, TargetForm& dialog, Space& space, Form32& nameDialog);
 
   void opening() override;
   void closed(bool executed) override;
@@ -153,6 +154,8 @@ class TargetOperation : public Operation {
   /// Has the target's volume written out: beside the window, but waited for where the volume may be pulled out.
   void changed() override;
   virtual bool moving() const { return false; }
+  /// Its items leave their places.
+  virtual bool takesAway() const { return false; }
 
   /// `stieqopen`: the item in hand cannot go into itself.
   void stieqopen();
@@ -165,9 +168,11 @@ class TargetOperation : public Operation {
 
  private:
   void Command4_Click();
+  void Command5_Click();
 
   TargetForm& target_;
   Space& space_;
+  AsNewName asNewName_;
   std::string initFolder_;  ///< what the panel that is not active showed when the dialog opened
 };
 

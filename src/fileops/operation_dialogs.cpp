@@ -69,13 +69,13 @@ TargetForm::TargetForm(controls::MessageLoop& loop, OperationWords words) : Oper
 fileops::Form3::Form3(controls::MessageLoop& loop)
     : TargetForm(loop, {"Form3", "Copy", "Copy Item(s)", "C&opy", "Copies selected item(s)"}) {
   Command5.Caption = "Copy &As";
-  Command5.ToolTipText = "Copy File As New Name." + std::string(panels::NotYetBuilt);
+  Command5.ToolTipText = "Copy File As New Name.";
 }
 
 fileops::Form5::Form5(controls::MessageLoop& loop)
     : TargetForm(loop, {"Form5", "Move", "Move Item(s)", "&Move", "Moves selected item(s)"}) {
   Command5.Caption = "Move &As";
-  Command5.ToolTipText = "Move Item as New Name." + std::string(panels::NotYetBuilt);
+  Command5.ToolTipText = "Move Item as New Name.";
 }
 
 fileops::Form4::Form4(controls::MessageLoop& loop)

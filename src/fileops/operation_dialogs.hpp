@@ -59,7 +59,10 @@ class TargetForm : public OperationForm {
 
  protected:
   TargetForm(controls::MessageLoop& loop, OperationWords words);
-  void rest(bool running) override { Command4.Enabled = !running; }
+  void rest(bool running) override {
+    Command4.Enabled = !running;
+    if (running) Command5.Enabled = false;
+  }
 };
 
 class Form3 : public TargetForm {

@@ -74,6 +74,9 @@ class Navigation {
   /// The window's title and the history box name the active panel's folder.
   void showPlace();
 
+  /// Selects the row alone, and gives it the focus.
+  void selectRow(Panel& panel, controls::ListItem item);
+
   /// The click routine of the active panel.
   std::function<void()> ClickPane;
 
@@ -81,8 +84,6 @@ class Navigation {
   void list(Panel& panel);
   void noteFolder(Panel& panel);
   void selectFolderRow(Panel& panel, const std::string& folder);
-  /// Selects the row alone, and gives it the focus.
-  void selectRow(Panel& panel, controls::ListItem item);
   /// The panel goes to a folder above or before its own, and selects the row of the one it has left.
   void moveUp(Panel& panel, const std::string& target);
   void browseButtons(Panel& panel);

@@ -30,6 +30,8 @@ class Detours {
   virtual ~Detours() = default;
   /// The note is on the disk when it comes back; without one no file may move.
   virtual Result<std::unique_ptr<Note>> note(const std::vector<Detour>& detours) = 0;
+  /// Where files stand that are on a detour now, of this or another copy of the program, or of one that was killed.
+  virtual std::vector<std::string> waiting() = 0;
   /// Hands over every file that a copy of the program which runs no more has left on its detour. True: it stands there
   /// no more. Notes whose files are all gone go, too.
   virtual void finish(const std::function<bool(const Detour&)>& bringBack) = 0;

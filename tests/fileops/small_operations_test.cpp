@@ -170,5 +170,92 @@ TEST_F(SwapTest, FilesThatAKilledSwapLeftAreBroughtBackAndTold) {
   bringBackStranded(rig.app().desk);
 }
 
+class AsNewNameTest : public OperationTest {
+ protected:
+  void SetUp() override {
+    OperationTest::SetUp();
+    rig.write("C:\\From\\a.txt", "text");
+    protect("C:\\From\\a.txt", platform::attribute::Hidden);
+    rig.menu("HidSysfiles").Checked = true;
+  }
+  std::string tmp(const std::string& name) { return rig.platform->programFolder + "\\Tmp\\" + name; }
+  /// Opens the dialog on the file, gives this name in it (none: cancels), and presses that button of the dialog.
+  void as(bool moving, const std::string& name, const char* press, const Answers& answers = {}) {
+    select({"a"});
+    auto& asks = rig.loop.whenShows(moving ? "Form5" : "Form3");
+    asks.run([=, this](controls::Form&) {
+      TargetForm& dialog = moving ? static_cast<TargetForm&>(ops().Form5) : ops().Form3;
+      rig.loop.whenShows("Form32")
+          .reads("Caption", moving ? "Move Item As" : "Copy Item As")
+          .reads("Text1", "a.txt")
+          .run([&](controls::Form&) {
+            EXPECT_EQ(rig.read(tmp("a.txt")), "text");
+            EXPECT_EQ(rig.exists("C:\\From\\a.txt"), !moving);
+            ops().Form32.Text1.typeFromUser(name);
+          })
+          .press(name.empty() ? "Command2" : "Command11");
+      dialog.Command5.press();
+      EXPECT_EQ(dialog.Command5.Enabled.get(), name.empty());
+      EXPECT_EQ(dialog.item.Text.get(), name.empty() ? "a.txt" : name);
+      rig.loop.meets(answers);
+    });
+    asks.press(press);
+    rig.command(moving ? "Command3_Click" : "Command1_Click");
+  }
+};
+
+TEST_F(AsNewNameTest, AFileGoesUnderItsNewNameWithAllThatItIs) {
+  as(false, "b.txt", "Command11");
+  EXPECT_EQ(rig.read("C:\\To\\b.txt"), "text");
+  EXPECT_EQ(rig.read("C:\\From\\a.txt"), "text");
+  as(false, "B.TXT", "Command11");
+  as(true, "a.txt", "Command11");
+  EXPECT_EQ(rig.read("C:\\To\\a.txt"), "text");
+  EXPECT_EQ(files().attributes("C:\\To\\a.txt").valueOr(0), platform::attribute::Hidden);
+  EXPECT_FALSE(rig.exists("C:\\From\\a.txt"));
+}
+
+TEST_F(AsNewNameTest, AMoveThatIsGivenUpBringsTheFileBackUnderItsOldName) {
+  rig.write("C:\\To\\there.txt", "other");
+  const auto isBack = [&] {
+    EXPECT_EQ(rig.read("C:\\From\\a.txt"), "text");
+    EXPECT_EQ(files().attributes("C:\\From\\a.txt").valueOr(0), platform::attribute::Hidden);
+    EXPECT_TRUE(rig.platform->detours.waiting().empty());
+  };
+  as(true, "", "Command2");
+  isBack();
+  as(true, "b.txt", "Command2");
+  isBack();
+  as(true, "there.txt", "Command11", {test::told("File Already exist on Target, - Cannot Move!")});
+  isBack();
+  EXPECT_EQ(rig.read("C:\\To\\there.txt"), "other");
+}
+
+TEST_F(AsNewNameTest, AFileThatCannotGoBackStaysInTheWorkFolderUntilItCan) {
+  select({"a"});
+  rig.loop.whenShows("Form5")
+      .run([this](controls::Form&) {
+        rig.loop.whenShows("Form32")
+            .run([this](controls::Form&) {
+              rig.write("C:\\From\\a.txt", "somebody else's");
+              ops().Form32.Text1.typeFromUser("b.txt");
+            })
+            .press("Command11");
+        ops().Form5.Command5.press();
+        rig.loop.meets({test::told("Cancel Function After Move As Failed!, Get Your File In Varnholt Folder \\Tmp")});
+      })
+      .press("Command2");
+  rig.command("Command3_Click");
+  EXPECT_EQ(rig.read(tmp("b.txt")), "text");
+  ASSERT_TRUE(files().deleteFile("C:\\From\\a.txt", true));
+  rig.loop.giveTurn();
+  rig.restart();
+  rig.loop.whenShows("frmSplash").run([this](controls::Form&) { rig.app().frmSplash.Timer1.Tick(); });
+  rig.loop.meets({test::told("A Move Or Swap Was Interrupted. Its Files Stand Here Now :\rC:\\From\\a.txt")});
+  ASSERT_TRUE(rig.app().Main());
+  rig.loop.giveTurn();
+  EXPECT_EQ(rig.read("C:\\From\\a.txt"), "text");
+}
+
 }  // namespace
 }  // namespace varnholt::fileops

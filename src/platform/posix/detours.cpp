@@ -3,6 +3,9 @@
 #include "platform/posix/held_note.hpp"
 #include "platform/posix/posix_error.hpp"
 
+#include <array>
+#include <optional>
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -11,6 +14,16 @@ namespace {
 
 constexpr std::string_view NotePrefix = "OnTheWay";
 constexpr std::string Detour::*Fields[] = {&Detour::waits, &Detour::origin, &Detour::target};
+
+using Paths = std::array<std::string, std::size(Fields)>;
+
+/// The paths of the next detour of a note. What is cut short was never acted upon.
+std::optional<Paths> takeDetour(std::string_view& text) {
+  Paths paths;
+  for (std::string& path : paths)
+    path = takeField(text);
+  return paths.back().empty() ? std::nullopt : std::optional(paths);
+}
 
 class PosixNote final : public Detours::Note {
  public:
@@ -34,19 +47,23 @@ Result<std::unique_ptr<Detours::Note>> PosixDetours::note(const std::vector<Deto
   return std::unique_ptr<Note>(std::move(note));
 }
 
+std::vector<std::string> PosixDetours::waiting() {
+  std::vector<std::string> places;
+  readNotes(notes_, NotePrefix, [&](std::string_view text) {
+    while (const auto paths = takeDetour(text))
+      places.push_back(map_.toProgram(paths->front()).valueOr({}));
+  });
+  return places;
+}
+
 void PosixDetours::finish(const std::function<bool(const Detour&)>& bringBack) {
   finishNotes(notes_, NotePrefix, [&](std::string_view text) {
     bool allGone = true;
-    while (!text.empty()) {
+    while (const auto paths = takeDetour(text)) {
+      if (::faccessat(AT_FDCWD, paths->front().c_str(), F_OK, AT_SYMLINK_NOFOLLOW) != 0) continue;
       Detour detour;
-      std::string paths[std::size(Fields)];
-      for (std::string& path : paths)
-        path = takeField(text);
-      // What is cut short was never acted upon.
-      if (paths[std::size(Fields) - 1].empty()) break;
-      if (::faccessat(AT_FDCWD, paths[0].c_str(), F_OK, AT_SYMLINK_NOFOLLOW) != 0) continue;
       for (std::size_t at = 0; at < std::size(Fields); ++at)
-        detour.*Fields[at] = map_.toProgram(paths[at]).valueOr({});
+        detour.*Fields[at] = map_.toProgram((*paths)[at]).valueOr({});
       allGone = bringBack(detour) && allGone;
     }
     return allGone;

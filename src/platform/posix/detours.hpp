@@ -12,6 +12,7 @@ class PosixDetours final : public Detours {
   PosixDetours(const PathMap& map, std::string notes) : map_(map), notes_(std::move(notes)) {}
 
   Result<std::unique_ptr<Note>> note(const std::vector<Detour>& detours) override;
+  std::vector<std::string> waiting() override;
   void finish(const std::function<bool(const Detour&)>& bringBack) override;
 
  private:

@@ -65,6 +65,14 @@ void finishNotes(const std::string& folder, std::string_view prefix,
   }
 }
 
+void readNotes(const std::string& folder, std::string_view prefix,
+               const std::function<void(std::string_view text)>& read) {
+  const UniqueFd notes = openFolder(folder);
+  if (!notes) return;
+  for (const std::string& name : notesIn(notes.get(), prefix))
+    if (const auto text = readWholeFile(folder + '/' + name, LongestNote)) read(*text);
+}
+
 void appendField(std::string& note, std::string_view field) { note.append(field).push_back('\0'); }
 
 std::string takeField(std::string_view& note) {

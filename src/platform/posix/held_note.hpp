@@ -31,6 +31,10 @@ class HeldNote {
 void finishNotes(const std::string& folder, std::string_view prefix,
                  const std::function<bool(std::string_view text)>& finish);
 
+/// Hands over the texts of all notes in the folder.
+void readNotes(const std::string& folder, std::string_view prefix,
+               const std::function<void(std::string_view text)>& read);
+
 /// Fields of a note. They may hold any byte but the zero, so that one ends each.
 void appendField(std::string& note, std::string_view field);
 std::string takeField(std::string_view& note);
