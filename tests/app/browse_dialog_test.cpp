@@ -7,7 +7,7 @@
 namespace varnholt::test {
 namespace {
 
-class BrowseForFolder : public testing::Test {
+class BrowseForFolder : public AppTest {
  protected:
   BrowseForFolder() {
     rig.makeFolder("C:\\Photos\\2024");
@@ -43,9 +43,7 @@ class BrowseForFolder : public testing::Test {
     rig.loop.meets({{"Form35", button, "", acts}});
     return form().browse("Copy Item(s)");
   }
-  using Texts = std::vector<std::string>;
-
-  AppRig rig;
+  using Texts = Names;
 };
 
 TEST_F(BrowseForFolder, ReadyDrivesStandUnderMyComputerAndNoOthers) {

@@ -19,7 +19,7 @@ namespace {
 using controls::MenuItem;
 using panels::Command;
 
-class Commands : public ::testing::Test {
+class Commands : public AppTest {
  protected:
   const std::vector<Command>& rows() { return rig.form().commands.commands(); }
   panels::MainMenu& menu() { return rig.form().Menu; }
@@ -37,7 +37,6 @@ class Commands : public ::testing::Test {
         found[item->Caption] = item->children();
     return found;
   }
-  AppRig rig;
 };
 
 TEST_F(Commands, EachIsThereOnceAndSaysWhatItIsAndWhatItDoes) {

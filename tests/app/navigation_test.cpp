@@ -11,7 +11,7 @@ namespace {
 using panels::Panel;
 namespace key = controls::key;
 
-class NavigationTest : public testing::Test {
+class NavigationTest : public test::AppTest {
  protected:
   void SetUp() override {
     for (const char* folder : {"C:\\one\\deep", "C:\\two", "C:\\three", "D:\\data\\x"})
@@ -19,17 +19,12 @@ class NavigationTest : public testing::Test {
     rig.write("C:\\one\\letter.txt");
     rig.startLeft();
   }
-  panels::Form1& form() { return rig.form(); }
-  Panel& left() { return rig.form().Panel1; }
-  Panel& right() { return rig.form().Panel2; }
   panels::Navigation& navigation() { return rig.app().navigation; }
   void go(const char* folder) { ASSERT_TRUE(navigation().GoToDirection(folder)) << folder; }
   std::string focusedText(Panel& panel) {
     const auto item = panel.list.SelectedItem();
     return item ? item->Text() : "none";
   }
-
-  test::AppRig rig;
 };
 
 TEST_F(NavigationTest, EnteringAFolderTellsItEverywhere) {

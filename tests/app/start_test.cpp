@@ -12,10 +12,9 @@ namespace {
 
 using controls::MessageAnswer;
 using test::AppRig;
-using Names = std::vector<std::string>;
 using test::ScopedVariable;
 
-class StartTest : public testing::Test {
+class StartTest : public test::AppTest {
  protected:
   std::string setting(const core::SettingKey& key) { return core::Settings(rig.platform->settings).get(key); }
   std::string programFile(std::string_view literal) { return rig.programFolder() + std::string(literal); }
@@ -23,8 +22,6 @@ class StartTest : public testing::Test {
     return rig.platform->files.readFile(programFile(literal)).valueOr("");
   }
   void closeWindow() { rig.form().closeFromUser(); }
-
-  AppRig rig;
 };
 
 TEST_F(StartTest, AFirstStartHasEveryDefault) {

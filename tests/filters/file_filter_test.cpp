@@ -197,7 +197,7 @@ TEST_F(FileFilterTest, AttributesAreExactButForArchive) {
   for (const File& file : {File{"C:\\plain", 0}, File{"C:\\ro", 1}, File{"C:\\ro-archive", 33}, File{"C:\\hidden", 2},
                            File{"C:\\system-archive", 36}, File{"C:\\ro-hidden", 3}, File{"C:\\all", 7}}) {
     rig.write(file.name);
-    attributes(file.name, file.bits);
+    setAttributes(file.name, file.bits);
   }
   rig.startLeft();
   rig.menu("HidSysfiles").choose();

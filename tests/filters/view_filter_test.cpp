@@ -47,7 +47,7 @@ TEST_F(ViewFilterTest, TheOtherChoicesSwitchItOff) {
 
 TEST_F(ViewFilterTest, ItStaysOnThroughListingsAndHiddenFiles) {
   rig.write("C:\\hidden.txt");
-  attributes("C:\\hidden.txt", 2);
+  setAttributes("C:\\hidden.txt", 2);
   rig.startLeft();
   viewFilter([](Form25& dialog) { type(dialog.Text2, "*.txt"); });
   rig.write("C:\\new.txt");
@@ -64,7 +64,7 @@ TEST_F(ViewFilterTest, SizesDatesAndAttributesMustAllHold) {
   sized("C:\\old.txt", 3'000'000);
   sized("C:\\free.txt", 3'000'000);
   for (const char* name : {"C:\\big.txt", "C:\\old.txt", "C:\\a.txt"})
-    attributes(name, 33);
+    setAttributes(name, 33);
   for (const char* name : {"C:\\big.txt", "C:\\free.txt", "C:\\a.txt"})
     moment(name, {2007, 3, 3, 12, 0, 0, 0});
   moment("C:\\old.txt", {1999, 3, 3, 12, 0, 0, 0});
@@ -131,7 +131,7 @@ TEST_F(ViewFilterTest, OneOfTheTwoLinesShows) {
 }
 
 TEST_F(ViewFilterTest, AGreyBoxDoesNotCount) {
-  attributes("C:\\a.txt", 33);
+  setAttributes("C:\\a.txt", 33);
   rig.startLeft();
   viewFilter([&](Form25& dialog) {
     type(dialog.Text2, "*.txt,*.doc");

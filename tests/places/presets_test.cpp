@@ -8,9 +8,9 @@
 namespace varnholt::places {
 namespace {
 
-class PresetsTest : public testing::Test {
+class PresetsTest : public test::AppTest {
  protected:
-  using Pairs = std::vector<std::string>;
+  using Pairs = Names;
 
   void SetUp() override {
     for (const char* folder : {"C:\\Work\\Drafts", "C:\\Photos", "D:\\Backup"})
@@ -18,13 +18,6 @@ class PresetsTest : public testing::Test {
     rig.startLeft();
   }
   Presets& presets() { return rig.app().presets; }
-  panels::Panel& left() { return rig.form().Panel1; }
-  panels::Panel& right() { return rig.form().Panel2; }
-  void show(const std::string& leftFolder, const std::string& rightFolder) {
-    ASSERT_TRUE(rig.app().navigation.goTo(left(), leftFolder));
-    ASSERT_TRUE(rig.app().navigation.goTo(right(), rightFolder));
-    left().list.SetFocus();
-  }
   std::string paths() { return left().path() + " " + right().path(); }
   std::string file() const { return rig.programFolder() + "\\Preset.Ini"; }
   std::string kept() {
@@ -78,8 +71,6 @@ class PresetsTest : public testing::Test {
     });
     rig.menu("DynPresets").choose();
   }
-
-  test::AppRig rig;
 };
 
 // --- Making --------------------------------------------------------------------------------------------------------
@@ -135,15 +126,10 @@ TEST_F(PresetsTest, NoNameMakesNone) {
 }
 
 TEST_F(PresetsTest, AListThatCannotBeWrittenAndAWindowsFolderThatIsGoneAreTold) {
-  test::FaultyFileSystem* files = nullptr;
-  rig.useFiles([&](platform::FileSystem& real) {
-    auto faulty = std::make_unique<test::FaultyFileSystem>(real);
-    files = faulty.get();
-    return faulty;
-  });
+  auto& files = rig.use<test::FaultyFileSystem>();
   rig.startLeft();
   inStatic([&](Form20& dialog) {
-    files->noSpace = true;
+    files.noSpace = true;
     dialog.Command2.press();
     EXPECT_EQ(dialog.ListView1.count(), 0u);
   });
@@ -151,7 +137,7 @@ TEST_F(PresetsTest, AListThatCannotBeWrittenAndAWindowsFolderThatIsGoneAreTold) 
   rig.loop.meets({test::told("Presets Not Stored !, - No space left on device")});
   rig.command("Command12_Click");
   EXPECT_EQ(stored("HOME", "view1path"), "");
-  files->vanishes = rig.platform->environment.variable("windir");
+  files.vanishes = rig.platform->environment.variable("windir");
   rig.loop.whenBox("Alert !", controls::MessageAnswer::Ok,
                    "%windir% folder not found !, - make/set [windir=windows folder] Entvirontvariable");
   rig.command("Command12_Click");

@@ -4,8 +4,6 @@
 namespace varnholt::rename {
 namespace {
 
-using Names = std::vector<std::string>;
-
 constexpr const char* Question = "Execute File Rename ?  [ No Undo Available ]\r( If Any Files To Rename ! )";
 
 class MaskedRenameTest : public RenameTest {

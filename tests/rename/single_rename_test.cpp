@@ -7,8 +7,6 @@
 namespace varnholt::rename {
 namespace {
 
-using Names = std::vector<std::string>;
-
 class SingleRenameTest : public RenameTest {};
 
 // --- Hand-over -----------------------------------------------------------------------------------------------------
@@ -353,7 +351,7 @@ class CaselessFileSystem : public platform::ForwardingFileSystem {
 class CaselessRenameTest : public RenameTest {
  protected:
   void SetUp() override {
-    rig.useFiles([](platform::FileSystem& real) { return std::make_unique<CaselessFileSystem>(real); });
+    rig.use<CaselessFileSystem>();
     begin();
   }
 };
