@@ -63,13 +63,11 @@ class Program:
         os.symlink(os.path.realpath(assets), self.place + "/program/assets")
         self.process = None
 
-    def file(self, name, size=100, date=None):
+    def file(self, name, size=100):
         path = os.path.join(self.home, name)
         os.makedirs(os.path.dirname(path), exist_ok=True)
         with open(path, "wb") as out:
             out.write(b"x" * size)
-        if date:
-            os.utime(path, (date, date))
 
     def kept(self, name):
         """Lines of a file that the program keeps."""
