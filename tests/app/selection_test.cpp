@@ -3,7 +3,6 @@
 namespace varnholt::app {
 namespace {
 
-using panels::Panel;
 namespace status = panels::status;
 constexpr controls::Modifiers Ctrl{false, true, false}, Shift{true, false, false};
 
@@ -100,27 +99,26 @@ TEST_F(SelectionTest, SelectAllLeavesFoldersOutUnlessTheyAreIncluded) {
 }
 
 TEST_F(SelectionTest, InverseTurnsTheSelectionRound) {
+  const auto inverse = [&] {
+    rig.menu("Inversel").choose();
+    return selected(left());
+  };
   rig.click(left(), "a");
-  rig.menu("Inversel").choose();
-  EXPECT_EQ(selected(left()), (Names{"b.txt", "empty"}));
+  EXPECT_EQ(inverse(), (Names{"b.txt", "empty"}));
   EXPECT_EQ(status(status::SizeReport), "2 Item(s) ,  In 234 Bytes");
-  rig.menu("Inversel").choose();
-  EXPECT_EQ(selected(left()), Names{"a.txt"});
+  EXPECT_EQ(inverse(), Names{"a.txt"});
   rig.click(left(), "b", Ctrl);
-  rig.menu("Inversel").choose();
-  EXPECT_EQ(selected(left()), Names{"empty"});
+  EXPECT_EQ(inverse(), Names{"empty"});
   EXPECT_EQ(status(status::SizeReport), "1 Item(s) ,  In 0 Bytes") << "a sum of zero is a number too";
   rig.click(left(), "a");
   rig.menu("IncludeFolder").choose();
-  rig.menu("Inversel").choose();
-  EXPECT_EQ(selected(left()), (Names{"Folder", "b.txt", "empty"}));
+  EXPECT_EQ(inverse(), (Names{"Folder", "b.txt", "empty"}));
 }
 
 TEST_F(SelectionTest, TheSizeOfTheSelectionIsToldOrThatThereIsNone) {
-  rig.loop.whenShows("Form13").reads("Caption", "Information").reads("Label1", " No Items selected. ! ").closes();
+  rig.loop.meets({test::noticed(" No Items selected. ! ")});
   rig.menu("Selsize").choose();
-  rig.click(left(), "\\ Folder");
-  rig.click(left(), "a", Ctrl);
+  clickAll({"\\ Folder", "a"});
   rig.menu("Selsize").choose();
   EXPECT_EQ(status(status::Line), "Size of selected Item(s) :  6,000   Bytes");
 }
@@ -128,12 +126,10 @@ TEST_F(SelectionTest, TheSizeOfTheSelectionIsToldOrThatThereIsNone) {
 TEST_F(SelectionTest, ReCallBringsBackNamesThatAreStillThere) {
   form().Command16.press();
   EXPECT_EQ(status(status::SelectedCount), "0 Recall Items Selected !");
-  rig.click(left(), "a");
-  rig.click(left(), "\\ Folder", Ctrl);
+  clickAll({"a", "\\ Folder"});
   rig.click(left(), "empty");
   std::filesystem::remove(rig.systemPath("C:\\empty"));
   rig.app().listing.View1ClearItems();
-  EXPECT_EQ(left().list.selectedCount(), 0u);
   form().Command16.press();
   EXPECT_EQ(selected(left()), (Names{"Folder", "a.txt"}));
   EXPECT_EQ(collected(), (Names{"C:\\Folder", "a.txt"}));
@@ -142,9 +138,8 @@ TEST_F(SelectionTest, ReCallBringsBackNamesThatAreStillThere) {
 }
 
 TEST_F(SelectionTest, TheLastSetAloneComesBackToo) {
-  rig.click(left(), "a");
-  rig.click(left(), "b");
-  rig.click(left(), "empty", Ctrl);
+  clickAll({"a"});
+  clickAll({"b", "empty"});
   rig.key(left(), controls::key::Up);
   rig.app().listing.View1ClearItems();
   rig.menu("Recallprevius").choose();
@@ -232,16 +227,14 @@ TEST_F(SelectionTest, SourceAndTargetFollowTheActivePanel) {
 }
 
 TEST_F(SelectionTest, ADropOnAButtonWithNothingSelectedSaysSo) {
-  controls::DropEvent drop{{"C:\\a.txt"}, {}, &form().ListView1, false};
+  controls::DropEvent drop{{"C:\\a.txt"}, {}, &form().ListView1, false}, own = drop, noFile{{}, {}, nullptr, false};
   rig.loop.meets({test::noticed(" No Items selected. ! ")});
   form().Command4.OLEDragDrop(drop);
   EXPECT_TRUE(drop.accepted);
-  controls::DropEvent noFile{{}, {}, nullptr, false};
-  form().ListView1.OLEDragDrop(noFile);
-  EXPECT_FALSE(noFile.accepted);
-  controls::DropEvent own{{"C:\\a.txt"}, {}, &form().ListView1, false};
-  form().ListView1.OLEDragDrop(own);
-  EXPECT_FALSE(own.accepted) << "a panel takes nothing from itself";
+  for (controls::DropEvent* refused : {&noFile, &own}) {
+    form().ListView1.OLEDragDrop(*refused);
+    EXPECT_FALSE(refused->accepted) << "a panel takes nothing from itself";
+  }
 }
 
 }  // namespace

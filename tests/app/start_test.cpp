@@ -4,9 +4,6 @@
 #include "core/diagnostic_log.hpp"
 #include "core/program_files.hpp"
 
-#include <filesystem>
-#include <gtest/gtest.h>
-
 namespace varnholt::app {
 namespace {
 
@@ -18,27 +15,28 @@ class StartTest : public test::AppTest {
  protected:
   std::string setting(const core::SettingKey& key) { return core::Settings(rig.platform->settings).get(key); }
   std::string programFile(std::string_view literal) { return rig.programFolder() + std::string(literal); }
-  std::string readProgramFile(std::string_view literal) {
-    return rig.platform->files.readFile(programFile(literal)).valueOr("");
+  std::string readProgramFile(std::string_view literal) { return files().readFile(programFile(literal)).valueOr(""); }
+  void closeWindow() { form().closeFromUser(); }
+  void splashGoes() {
+    rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
   }
-  void closeWindow() { rig.form().closeFromUser(); }
 };
 
 TEST_F(StartTest, AFirstStartHasEveryDefault) {
   rig.write("C:\\letter.txt");
-  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  splashGoes();
   ASSERT_TRUE(rig.app().Main());
   rig.loop.whenShows("frmTip").reads("Caption", "Varnholt StartUp Tip !").press("cmdOK");
-  rig.form().Activate();
-  rig.form().Activate();
+  form().Activate();
+  form().Activate();
 
-  EXPECT_EQ(rig.form().Panel1.path(), "C:\\");
-  EXPECT_EQ(rig.form().Text2.Text.get(), "C:\\");
-  EXPECT_EQ(rig.names(rig.form().Panel1), std::vector<std::string>{"letter|txt"});
-  EXPECT_EQ(rig.form().StatusBar1.panel(panels::status::ActiveView), "View2Active");
-  EXPECT_EQ(rig.form().mode(), "SelectMode");
-  EXPECT_EQ(rig.form().StatusBar1.panel(panels::status::Time), "Time: 14:05:07");
-  EXPECT_EQ(rig.form().StatusBar1.panel(panels::status::Date), "Date: 09-03-2007");
+  EXPECT_EQ(left().path(), "C:\\");
+  EXPECT_EQ(form().Text2.Text.get(), "C:\\");
+  EXPECT_EQ(rig.names(left()), std::vector<std::string>{"letter|txt"});
+  EXPECT_EQ(form().StatusBar1.panel(panels::status::ActiveView), "View2Active");
+  EXPECT_EQ(form().mode(), "SelectMode");
+  EXPECT_EQ(form().StatusBar1.panel(panels::status::Time), "Time: 14:05:07");
+  EXPECT_EQ(form().StatusBar1.panel(panels::status::Date), "Date: 09-03-2007");
   for (const char* on : {"PreFolder", "DateTime24", "DateModi", "AutoSaveHis", "TipStart", "Viewall", "BlueBlack"})
     EXPECT_TRUE(rig.menu(on).Checked) << on;
   for (const char* off : {"RLC", "HidSysfiles", "DateTime12", "LockOnLast", "IncludeFolder", "ValCopyMove", "GridLines",
@@ -46,21 +44,21 @@ TEST_F(StartTest, AFirstStartHasEveryDefault) {
     EXPECT_FALSE(rig.menu(off).Checked) << off;
   EXPECT_FALSE(rig.menu("LockOnLast").Enabled);
   EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*) - Excl. Hidden and System Files.");
-  EXPECT_EQ(rig.form().ImageCombo1.Text.get(), "C:\\");
+  EXPECT_EQ(form().ImageCombo1.Text.get(), "C:\\");
   for (const auto folder : {core::program_file::VDT_Projects, core::program_file::Favorites, core::program_file::Tmp})
-    EXPECT_TRUE(rig.platform->files.folderExists(programFile(folder))) << folder;
+    EXPECT_TRUE(files().folderExists(programFile(folder))) << folder;
 }
 
 TEST_F(StartTest, ADamagedSettingsFileIsSetAsideAndTold) {
   ASSERT_TRUE(rig.start());
   closeWindow();
   const std::string file = programFile("\\settings.db");
-  ASSERT_TRUE(rig.platform->files.writeFile(file, "this is no database at all, but it is long enough to look at"));
+  ASSERT_TRUE(files().writeFile(file, "this is no database at all, but it is long enough to look at"));
   rig.restart();
   rig.loop.whenShows("Form12").press("Command11");
-  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  splashGoes();
   EXPECT_TRUE(rig.app().Main());
-  EXPECT_TRUE(rig.platform->files.fileExists(file + ".damaged-1"));
+  EXPECT_TRUE(files().fileExists(file + ".damaged-1"));
 }
 
 TEST_F(StartTest, ANarrowScreenIsAWarningAndNoMore) {
@@ -69,13 +67,13 @@ TEST_F(StartTest, ANarrowScreenIsAWarningAndNoMore) {
       .reads("Caption", "Alert")
       .reads("Label1", "Monitor Width to Small !")
       .run([&](controls::Form&) {
-        EXPECT_TRUE(rig.form().Timer2.Enabled);
-        EXPECT_EQ(rig.form().Timer2.Interval, 2000);
-        rig.form().Timer2.Tick();
+        EXPECT_TRUE(form().Timer2.Enabled);
+        EXPECT_EQ(form().Timer2.Interval, 2000);
+        form().Timer2.Tick();
       });
   EXPECT_TRUE(rig.start());
-  EXPECT_FALSE(rig.form().Timer2.Enabled);
-  EXPECT_TRUE(rig.form().Visible);
+  EXPECT_FALSE(form().Timer2.Enabled);
+  EXPECT_TRUE(form().Visible);
 }
 
 TEST_F(StartTest, AWindowsFolderThatIsNotThereEndsTheProgram) {
@@ -84,7 +82,7 @@ TEST_F(StartTest, AWindowsFolderThatIsNotThereEndsTheProgram) {
   rig.loop.whenBox("Alert !", MessageAnswer::Ok,
                    "Windows Folder NOT Found or NOT Valid !, - make/set [windir=windows folder] Entvirontvariable !");
   EXPECT_FALSE(rig.app().Main());
-  EXPECT_FALSE(rig.form().Visible);
+  EXPECT_FALSE(form().Visible);
 }
 
 TEST_F(StartTest, AShortWindirFallsBackOnTheSystemsFolder) {
@@ -97,7 +95,7 @@ TEST_F(StartTest, AShortWindirFallsBackOnTheSystemsFolder) {
 TEST_F(StartTest, OtherVariablesThatNameNoFolderAreToldOnly) {
   const ScopedVariable temporary("tmp", "C:\\no tmp"), root("SystemRoot", "C:\\no root"), programs("ProgramFiles", "");
   rig.restart();
-  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  splashGoes();
   rig.loop.whenBox("Alert !", MessageAnswer::Ok,
                    "%SystemRoot% Folder Not Found !, - make/set [SystemRoot= windows folder] Entvirontvariable");
   rig.loop.whenBox("Alert !", MessageAnswer::Ok,
@@ -111,16 +109,16 @@ TEST_F(StartTest, OtherVariablesThatNameNoFolderAreToldOnly) {
 TEST_F(StartTest, WithoutItsDriveBothPanelsStartOnTheFirstThatThereIs) {
   rig.write("D:\\photo.jpg");
   rig.drives->away = {'C'};
-  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  splashGoes();
   rig.loop.whenShows("Form12")
       .reads("Label1", "Drive C: Not Found !\rBoth Views Start On Drive D:\r")
       .press("Command11");
   ASSERT_TRUE(rig.app().Main());
-  for (const panels::Panel* panel : {&rig.form().Panel1, &rig.form().Panel2}) {
+  for (const panels::Panel* panel : {&left(), &right()}) {
     EXPECT_EQ(rig.names(*panel), std::vector<std::string>{"photo|jpg"});
     EXPECT_EQ(panel->controls.Drive.Text.get(), "D:");
   }
-  EXPECT_EQ(rig.form().InitFolder, "D:\\");
+  EXPECT_EQ(form().InitFolder, "D:\\");
 }
 
 TEST_F(StartTest, TheLogIsWrittenOnceAndNeverAgain) {
@@ -133,7 +131,7 @@ TEST_F(StartTest, TheLogIsWrittenOnceAndNeverAgain) {
             std::string::npos);
   EXPECT_NE(log.find("[FreeSpace]     ~ "), std::string::npos);
   EXPECT_TRUE(log.ends_with(" MB Free\r\n")) << log;
-  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::Log), "mine"));
+  ASSERT_TRUE(files().writeFile(programFile(core::program_file::Log), "mine"));
   rig.restart();
   ASSERT_TRUE(rig.start());
   EXPECT_EQ(readProgramFile(core::program_file::Log), "mine");
@@ -141,14 +139,14 @@ TEST_F(StartTest, TheLogIsWrittenOnceAndNeverAgain) {
 
 TEST_F(StartTest, TheTipShowsAtEachStartUntilItsBoxIsChecked) {
   for (const bool checkBox : {false, true}) {
-    rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+    splashGoes();
     rig.loop.whenShows("frmTip")
         .run([&](controls::Form& form) {
           if (checkBox) dynamic_cast<controls::CheckBox&>(*form.control("LoadTip")).toggleFromUser();
         })
         .press("cmdOK");
     ASSERT_TRUE(rig.app().Main());
-    rig.form().Activate();
+    form().Activate();
     EXPECT_EQ(rig.menu("TipStart").Checked, !checkBox);
     closeWindow();
     rig.restart();
@@ -164,12 +162,12 @@ TEST_F(StartTest, WhatTheUserChoseIsThereAtTheNextStart) {
     rig.menu(entry).choose();
   EXPECT_TRUE(rig.menu("ColorMenu").Enabled) << "as soon as lines are shifted";
   rig.menu("LockOnLast").choose();
-  rig.form().Panel1.list.widthFromUser(0, 1234);
+  left().list.widthFromUser(0, 1234);
   rig.menu("SavColumnH").choose();
   rig.menu("Auto_Save").choose();
-  rig.form().Left = 300;
-  rig.form().Width = 9000.5;
-  rig.form().WindowState = controls::WindowState::Maximized;
+  form().Left = 300;
+  form().Width = 9000.5;
+  form().WindowState = controls::WindowState::Maximized;
   rig.app().Form9.Top = 450;
   closeWindow();
   EXPECT_TRUE(rig.loop.quitAsked);
@@ -181,13 +179,13 @@ TEST_F(StartTest, WhatTheUserChoseIsThereAtTheNextStart) {
     EXPECT_TRUE(rig.menu(on).Checked) << on;
   EXPECT_FALSE(rig.menu("BlueBlack").Checked);
   EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*)");
-  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[3].Text, "Date Created:");
-  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[0].Width, 1234);
-  EXPECT_TRUE(rig.form().ListView1.GridLines);
-  EXPECT_TRUE(rig.form().ListView1.Picture->ends_with("\\line34db.jpg"));
-  EXPECT_EQ(rig.form().Left, 300.0);
-  EXPECT_EQ(rig.form().Width, 9000.5);
-  EXPECT_TRUE(rig.form().WindowState == controls::WindowState::Maximized);
+  EXPECT_EQ(form().ListView1.ColumnHeaders.get()[3].Text, "Date Created:");
+  EXPECT_EQ(form().ListView1.ColumnHeaders.get()[0].Width, 1234);
+  EXPECT_TRUE(form().ListView1.GridLines);
+  EXPECT_TRUE(form().ListView1.Picture->ends_with("\\line34db.jpg"));
+  EXPECT_EQ(form().Left, 300.0);
+  EXPECT_EQ(form().Width, 9000.5);
+  EXPECT_TRUE(form().WindowState == controls::WindowState::Maximized);
   EXPECT_EQ(rig.app().Form9.Top, 450.0);
   EXPECT_EQ(setting(core::setting::MainViewState), "3");
   EXPECT_EQ(setting(core::setting::view1path), "C:\\");
@@ -201,21 +199,21 @@ TEST_F(StartTest, ABadStoredNumberCostsOnlyItsOwnValue) {
   settings.save(core::setting::W1Col1, "900");
   settings.save(core::setting::W1Col2, "wide");
   ASSERT_TRUE(rig.start());
-  EXPECT_EQ(rig.form().Left, 0.0);
-  EXPECT_EQ(rig.form().Top, 345.5);
+  EXPECT_EQ(form().Left, 0.0);
+  EXPECT_EQ(form().Top, 345.5);
   EXPECT_EQ(rig.app().program.init.Skintype, "0");
-  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[0].Width, 900);
-  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[1].Width, panels::panelColumns()[1].Width);
+  EXPECT_EQ(form().ListView1.ColumnHeaders.get()[0].Width, 900);
+  EXPECT_EQ(form().ListView1.ColumnHeaders.get()[1].Width, panels::panelColumns()[1].Width);
 }
 
 TEST_F(StartTest, HistoriesComeBackWithoutWhatIsGone) {
   rig.makeFolder("C:\\here");
-  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::DirHis),
-                                            "C:\\here\r\nC:\\vanished\\\n\r\nc:\\HERE\\\r\n\xFF\x00 garbage\r\n"));
-  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\nC:\\b.txt"));
+  ASSERT_TRUE(files().writeFile(programFile(core::program_file::DirHis),
+                                "C:\\here\r\nC:\\vanished\\\n\r\nc:\\HERE\\\r\n\xFF\x00 garbage\r\n"));
+  ASSERT_TRUE(files().writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\nC:\\b.txt"));
   ASSERT_TRUE(rig.start());
   EXPECT_EQ(rig.app().histories.folders.entries(), std::vector<std::string>{"C:\\here\\"});
-  EXPECT_EQ(rig.form().ImageCombo1.Items->size(), 1u);
+  EXPECT_EQ(form().ImageCombo1.Items->size(), 1u);
   EXPECT_EQ(rig.app().histories.files.entries(), (std::vector<std::string>{"C:\\a.txt", "C:\\b.txt"}));
 
   closeWindow();
@@ -226,7 +224,7 @@ TEST_F(StartTest, HistoriesComeBackWithoutWhatIsGone) {
 
 TEST_F(StartTest, TwoRunningCopiesLoseNoneOfEachOthersHistory) {
   const auto write = [&](std::string_view literal, const std::string& text) {
-    ASSERT_TRUE(rig.platform->files.writeFile(programFile(literal), text));
+    ASSERT_TRUE(files().writeFile(programFile(literal), text));
   };
   write(core::program_file::FileHis, "C:\\old.txt\r\nC:\\taken out.txt\r\n");
   write(core::program_file::GetFolders, "C:\\\r\nD:\\was\\\r\n");
@@ -249,11 +247,11 @@ TEST_F(StartTest, FoldersOfTheCommandLineAreShownLeftAndRight) {
   rig.makeFolder("D:\\Old");
   rig.startLeft();
   rig.app().openFolders({rig.systemPath("C:\\Photos\\coast.jpg"), "D:\\old"});
-  EXPECT_EQ(rig.form().Panel1.path(), "C:\\Photos\\");
-  EXPECT_EQ(rig.form().Panel2.path(), "D:\\Old\\");
+  EXPECT_EQ(left().path(), "C:\\Photos\\");
+  EXPECT_EQ(right().path(), "D:\\Old\\");
   rig.loop.whenShows("Form12").reads("Label1", "Folder Not Found !\rC:\\gone\r").press("Command11");
   rig.app().openFolders({rig.systemPath("C:\\gone")});
-  EXPECT_EQ(rig.form().Panel1.path(), "C:\\Photos\\");
+  EXPECT_EQ(left().path(), "C:\\Photos\\");
 }
 
 TEST(Arguments, AreAnsweredWithoutAWindowOrNameFolders) {
@@ -281,7 +279,7 @@ TEST(Arguments, AreAnsweredWithoutAWindowOrNameFolders) {
 }
 
 TEST_F(StartTest, WithoutAutoSaveTheHistoriesStayAsTheyAre) {
-  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\n"));
+  ASSERT_TRUE(files().writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\n"));
   ASSERT_TRUE(rig.start());
   rig.app().histories.files.add("C:\\new.txt");
   rig.menu("AutoSaveHis").choose();
@@ -291,10 +289,10 @@ TEST_F(StartTest, WithoutAutoSaveTheHistoriesStayAsTheyAre) {
 }
 
 TEST_F(StartTest, MissingLineImagesAreToldAndLeaveTheGrid) {
-  ASSERT_TRUE(rig.platform->files.deleteFile(programFile(core::program_file::Line34dg), true));
+  ASSERT_TRUE(files().deleteFile(programFile(core::program_file::Line34dg), true));
   core::Settings(rig.platform->settings).save(core::setting::MainViewState, "3");
   core::Settings(rig.platform->settings).save(core::setting::Tip_State, "1");
-  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  splashGoes();
   rig.loop.whenShows("Form13")
       .reads("Label1", "\rImage File Line34*.Jpg missing In App. Folder !")
       .run([](controls::Form& form) { form.control("Label1")->Click(); });
@@ -332,7 +330,7 @@ TEST_F(StartTest, UninstallingNeedsTwoConfirmations) {
   rig.loop.whenShows("Form11").closes();
   rig.menu("Peruninstall").choose();
   EXPECT_FALSE(rig.loop.quitAsked);
-  EXPECT_TRUE(rig.platform->files.folderExists(programFile(core::program_file::Notes)));
+  EXPECT_TRUE(files().folderExists(programFile(core::program_file::Notes)));
 
   rig.loop.whenShows("Form11").press("Command11");
   rig.loop.whenShows("Form11")
@@ -347,15 +345,15 @@ TEST_F(StartTest, UninstallingNeedsTwoConfirmations) {
   rig.loop.whenShows("Form13")
       .reads("Caption", "Information")
       .reads("Label1", "System Cleaned before Uninstall !")
-      .run([&](controls::Form&) { rig.form().Timer2.Tick(); });
+      .run([&](controls::Form&) { form().Timer2.Tick(); });
   const std::string mine = programFile(core::program_file::Collections) + "\\mine.txt";
-  ASSERT_TRUE(rig.platform->files.writeFile(mine, "mine"));
+  ASSERT_TRUE(files().writeFile(mine, "mine"));
   rig.menu("Peruninstall").choose();
   EXPECT_TRUE(rig.loop.quitAsked);
-  EXPECT_TRUE(rig.platform->files.fileExists(mine));
-  EXPECT_FALSE(rig.platform->files.folderExists(programFile(core::program_file::Notes)));
-  EXPECT_FALSE(rig.platform->files.fileExists(programFile(core::program_file::Log)));
-  EXPECT_TRUE(rig.platform->files.fileExists(programFile(core::program_file::Line34)));
+  EXPECT_TRUE(files().fileExists(mine));
+  EXPECT_FALSE(files().folderExists(programFile(core::program_file::Notes)));
+  EXPECT_FALSE(files().fileExists(programFile(core::program_file::Log)));
+  EXPECT_TRUE(files().fileExists(programFile(core::program_file::Line34)));
   EXPECT_EQ(setting(core::setting::Tip_State), "0") << "the store is empty again";
 }
 
@@ -399,7 +397,7 @@ TEST_F(StartTest, LeavingCleansOnlyTheProgramsOwnTemporaryFiles) {
   rig.write("C:\\tmp folder\\other.tmp");
   rig.makeFolder("C:\\tmp folder\\vnhfolder");
   ASSERT_TRUE(rig.start());
-  rig.form().Command10.press();
+  form().Command10.press();
   EXPECT_FALSE(rig.exists("C:\\tmp folder\\vnh0001.tmp"));
   EXPECT_TRUE(rig.exists("C:\\tmp folder\\other.tmp"));
   EXPECT_TRUE(rig.exists("C:\\tmp folder\\vnhfolder"));

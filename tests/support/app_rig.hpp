@@ -9,7 +9,8 @@
 namespace varnholt::test {
 
 /// The whole program on temporary folders, with a scripted user, a fixed clock and fixed regional formats. `C:` and
-/// `D:` are two fresh folders, `Z:` is the root of the file system. Paths that the rig itself takes are on `C:` or `D:`.
+/// `D:` are two fresh folders, `Z:` is the root of the file system. Paths that the rig itself takes are on `C:` or
+/// `D:`.
 class AppRig {
  public:
   AppRig();
