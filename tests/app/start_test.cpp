@@ -76,16 +76,15 @@ TEST_F(StartTest, ANarrowScreenIsAWarningAndNoMore) {
   EXPECT_TRUE(form().Visible);
 }
 
-TEST_F(StartTest, AWindowsFolderThatIsNotThereEndsTheProgram) {
-  const ScopedVariable windir("windir", "C:\\gone");
-  rig.restart();
-  rig.loop.whenBox("Alert !", MessageAnswer::Ok,
-                   "Windows Folder NOT Found or NOT Valid !, - make/set [windir=windows folder] Entvirontvariable !");
-  EXPECT_FALSE(rig.app().Main());
-  EXPECT_FALSE(form().Visible);
-}
-
-TEST_F(StartTest, AShortWindirFallsBackOnTheSystemsFolder) {
+TEST_F(StartTest, AWindowsFolderThatIsNotThereEndsTheProgramAndAShortNameOfOneDoesNot) {
+  {
+    const ScopedVariable windir("windir", "C:\\gone");
+    rig.restart();
+    rig.loop.whenBox("Alert !", MessageAnswer::Ok,
+                     "Windows Folder NOT Found or NOT Valid !, - make/set [windir=windows folder] Entvirontvariable !");
+    EXPECT_FALSE(rig.app().Main());
+    EXPECT_FALSE(form().Visible);
+  }
   const ScopedVariable windir("windir", "C:\\");
   rig.restart();
   EXPECT_TRUE(rig.start());
@@ -291,69 +290,51 @@ TEST_F(StartTest, WithoutAutoSaveTheHistoriesStayAsTheyAre) {
 TEST_F(StartTest, MissingLineImagesAreToldAndLeaveTheGrid) {
   ASSERT_TRUE(files().deleteFile(programFile(core::program_file::Line34dg), true));
   core::Settings(rig.platform->settings).save(core::setting::MainViewState, "3");
-  core::Settings(rig.platform->settings).save(core::setting::Tip_State, "1");
   splashGoes();
-  rig.loop.whenShows("Form13")
-      .reads("Label1", "\rImage File Line34*.Jpg missing In App. Folder !")
-      .run([](controls::Form& form) { form.control("Label1")->Click(); });
+  rig.loop.meets({test::noticed("\rImage File Line34*.Jpg missing In App. Folder !")});
   ASSERT_TRUE(rig.app().Main());
   EXPECT_TRUE(rig.menu("GridLines").Checked);
   EXPECT_FALSE(rig.menu("ShiftColors").Checked);
-  rig.loop.whenShows("Form12").reads("Label1", "Image File Line34*.Jpg missing In App. Folder !\r").press("Command11");
+  rig.loop.meets({test::told("Image File Line34*.Jpg missing In App. Folder !")});
   rig.menu("ShiftColors").choose();
   EXPECT_FALSE(rig.menu("ShiftColors").Checked);
 }
 
 TEST_F(StartTest, ResettingToDefaultsAsksFirst) {
-  core::Settings settings(rig.platform->settings);
-  settings.save(core::setting::Hight, 6000.0);
-  settings.save(core::setting::W1Col1, 700.0);
+  core::Settings(rig.platform->settings).save(core::setting::Hight, 6000.0);
   ASSERT_TRUE(rig.start());
   const std::string text = "Varnholt Resets To Default Positions/Size !\rProgram Shut Down... !";
-  rig.loop.whenBox("Alert !", MessageAnswer::Cancel, text);
-  rig.menu("ReturnDefault").choose();
-  EXPECT_FALSE(rig.loop.quitAsked);
-  EXPECT_EQ(setting(core::setting::Hight), "6000");
-  rig.loop.whenBox("Alert !", MessageAnswer::Ok, text);
-  rig.menu("ReturnDefault").choose();
-  EXPECT_TRUE(rig.loop.quitAsked);
-  EXPECT_EQ(setting(core::setting::Hight), "");
-  EXPECT_EQ(setting(core::setting::W1Col1), "");
+  for (const auto answer : {MessageAnswer::Cancel, MessageAnswer::Ok}) {
+    rig.loop.whenBox("Alert !", answer, text);
+    rig.menu("ReturnDefault").choose();
+    EXPECT_EQ(rig.loop.quitAsked, answer == MessageAnswer::Ok);
+    EXPECT_EQ(setting(core::setting::Hight), answer == MessageAnswer::Ok ? "" : "6000");
+  }
 }
 
 TEST_F(StartTest, UninstallingNeedsTwoConfirmations) {
   ASSERT_TRUE(rig.start());
-  const std::string first =
+  const test::Answer first = test::yes(
       "Warning: Are you About to Prepare for Uninstall. !\rAll Program related settings/data will be deleted !\r"
-      "Program will shut down afterwards !\rARE YOU SURE ?";
-  rig.loop.whenShows("Form11").reads("Label1", first).press("Command11");
-  rig.loop.whenShows("Form11").closes();
+      "Program will shut down afterwards !\rARE YOU SURE ?");
+  rig.loop.meets({first, {"Form11", ""}});
   rig.menu("Peruninstall").choose();
   EXPECT_FALSE(rig.loop.quitAsked);
   EXPECT_TRUE(files().folderExists(programFile(core::program_file::Notes)));
 
-  rig.loop.whenShows("Form11").press("Command11");
-  rig.loop.whenShows("Form11")
-      .reads("Label1", "All Personal program data are Lost !\rUninstall program from windows control panel "
-                       "afterwards.\rARE YOU QUIT SURE ?")
-      .press("Command11");
-  rig.loop.whenShows("Form12")
-      .run([](controls::Form& form) {
-        EXPECT_TRUE(dynamic_cast<core::Form12&>(form).Label1.Caption->ends_with("\\Collections\\mine.txt\r"));
-      })
-      .press("Command11");
-  rig.loop.whenShows("Form13")
-      .reads("Caption", "Information")
-      .reads("Label1", "System Cleaned before Uninstall !")
-      .run([&](controls::Form&) { form().Timer2.Tick(); });
   const std::string mine = programFile(core::program_file::Collections) + "\\mine.txt";
   ASSERT_TRUE(files().writeFile(mine, "mine"));
+  rig.loop.meets({first, test::yes("All Personal program data are Lost !\rUninstall program from windows control panel "
+                                   "afterwards.\rARE YOU QUIT SURE ?")});
+  rig.loop.whenShows("Form12")
+      .run([&](controls::Form&) { EXPECT_NE(rig.app().dialogs.Form12.Label1.Caption->find(mine), std::string::npos); })
+      .press("Command11");
+  rig.loop.meets({test::noticed("System Cleaned before Uninstall !")});
   rig.menu("Peruninstall").choose();
   EXPECT_TRUE(rig.loop.quitAsked);
-  EXPECT_TRUE(files().fileExists(mine));
+  EXPECT_TRUE(files().fileExists(mine) && files().fileExists(programFile(core::program_file::Line34)));
   EXPECT_FALSE(files().folderExists(programFile(core::program_file::Notes)));
   EXPECT_FALSE(files().fileExists(programFile(core::program_file::Log)));
-  EXPECT_TRUE(files().fileExists(programFile(core::program_file::Line34)));
   EXPECT_EQ(setting(core::setting::Tip_State), "0") << "the store is empty again";
 }
 

@@ -248,9 +248,8 @@ class Program:
     def click(node):
         """A mouse click in the middle of a control. What opens a dialog is clicked: a press through the accessibility
         tree would wait until the dialog has gone."""
-        box = node.get_extents(Atspi.CoordType.SCREEN)
-        subprocess.run(["xdotool", "mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2), "click", "1"],
-                       check=True)
+        left, top, width, height = Program.extents(node)
+        subprocess.run(["xdotool", "mousemove", str(left + width // 2), str(top + height // 2), "click", "1"], check=True)
 
     def drag_row(self, number, text, to):
         """Drags a row, held down on the way as a hand does, onto a control of this or another program."""
