@@ -21,7 +21,12 @@ class ListingTest : public test::AppTest {
       all += (column ? "|" : "") + panel.list.cell(row, column);
     return all;
   }
-  std::string rowText(Panel& panel, const std::string& text) { return cells(panel, rig.rowOf(panel, text)); }
+  std::string order(Panel& panel) {
+    std::string all;
+    for (const auto& name : rig.names(panel))
+      all += name + " ";
+    return all;
+  }
 };
 
 TEST_F(ListingTest, RowsTellFoldersAndFilesApart) {
@@ -32,14 +37,15 @@ TEST_F(ListingTest, RowsTellFoldersAndFilesApart) {
   for (const char* path : {"C:\\report.final.txt", "C:\\empty", "C:\\ends in point.", "C:\\Photos.2024"})
     rig.setDate(path, 2023, 12, 31);
   rig.startLeft();
-  EXPECT_EQ(rowText(left(), "\\ Photos.2024"), "\\ Photos.2024| |< Folder >|31-12-23  12:00||");
-  EXPECT_EQ(rowText(left(), "report.final"),
-            "report.final|txt|1,234,567|31-12-23  12:00|000,001,234,567|000000000045291");
-  EXPECT_EQ(rowText(left(), "empty"), "empty||0|31-12-23  12:00|0|000000000045291");
-  EXPECT_EQ(rowText(left(), "ends in point."), "ends in point.||2|31-12-23  12:00|000,000,000,002|000000000045291");
-  EXPECT_EQ(left().list.item(rig.rowOf(left(), "\\ Photos.2024")).SmallIcon(), 6);
-  EXPECT_EQ(left().list.item(rig.rowOf(left(), "empty")).SmallIcon(), 7);
-  EXPECT_EQ(left().fileName(left().list.item(rig.rowOf(left(), "empty"))), "empty");
+  const std::string date = "31-12-23  12:00", day = "000000000045291";
+  const Names rows{"\\ Photos.2024| |< Folder >|" + date + "||", "empty||0|" + date + "|0|" + day,
+                   "ends in point.||2|" + date + "|000,000,000,002|" + day,
+                   "report.final|txt|1,234,567|" + date + "|000,001,234,567|" + day};
+  for (std::uint32_t row = 0; row < rows.size(); ++row)
+    EXPECT_EQ(cells(left(), row), rows[row]);
+  EXPECT_EQ(left().list.item(0).SmallIcon(), 6);
+  EXPECT_EQ(left().list.item(1).SmallIcon(), 7);
+  EXPECT_EQ(left().fileName(left().list.item(1)), "empty");
 }
 
 TEST_F(ListingTest, AwkwardEntriesAreListedAsWhatTheyAre) {
@@ -132,10 +138,7 @@ TEST_F(ListingTest, RowsThatAreAlikeInAColumnKeepTheOrderOfTheListBefore) {
   };
   for (const auto& click : clicks) {
     left().list.headerFromUser(click.column);
-    std::string order;
-    for (const auto& name : rig.names(left()))
-      order += name + " ";
-    EXPECT_EQ(order, click.order) << "column " << click.column;
+    EXPECT_EQ(order(left()), click.order) << "column " << click.column;
   }
 }
 

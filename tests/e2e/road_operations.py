@@ -109,28 +109,6 @@ class Road:
 # --- Steps ---------------------------------------------------------------------------------------------------------
 
 
-def overwrite_answers(road):
-    """By keys, with an older and a newer target in the way. The item selected last is handled first."""
-    cases = (
-        ("one overwritten, one skipped by Enter", (("beta.txt", "Return"), ("alpha.txt", "alt+w")), ("alpha.txt",)),
-        ("cancel by Esc", (("beta.txt", "Escape"),), ()),
-        ("all older", (("beta.txt", "alt+o"),), ("alpha.txt",)),
-        ("the target renamed", (("beta.txt", "alt+r"), ("alpha.txt", "alt+s")), ("beta.txt",)),
-    )
-    for step, answers, replaced in cases:
-        road.fill()
-        work, target = road.pictures()
-        road.start("Copy", "Copy Item(s)", "alt+o", "alpha", "beta")
-        wanted = {**target, **{name: work[name] for name in replaced}}
-        for name, key in answers:
-            road.overwrite(name, key)
-            if key == "alt+r":
-                wanted["kept.txt"] = target[name]
-                give_name(road, name, "kept.txt")
-        road.ended()
-        road.expect(step, work, wanted)
-
-
 def question_about_a_long_name(road):
     """A name as long as names get: the question stays on the screen, and is small again for the next name."""
     road.fill()
@@ -150,13 +128,6 @@ def question_about_a_long_name(road):
         road.overwrite(file, "alt+s")
     expect(f"a lower question for a short name: {sizes}", sizes[1] < sizes[0])
     road.ended()
-
-
-def give_name(road, name, wanted):
-    dialog = road.program.dialog("Rename Target File")
-    wait(f"the name {name}", lambda: road.program.field(dialog, "New name") == name)
-    road.program.type_over(wanted)
-    road.program.keys("Return")
 
 
 def left_out(road):
@@ -278,8 +249,7 @@ def road(program):
     wait("Target", lambda: "alpha" in program.rows(2))
     program.click_row(1, "\\ Work", 2)
     wait("Work", lambda: ODD_ROW in program.rows(1))
-    for step in (overwrite_answers, question_about_a_long_name, left_out, drop_while_a_folder_is_read,
-                 stop_in_a_big_item):
+    for step in (question_about_a_long_name, left_out, drop_while_a_folder_is_read, stop_in_a_big_item):
         print(step.__name__, flush=True)
         step(steps)
     program.keys("alt+F4")

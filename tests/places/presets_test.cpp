@@ -95,23 +95,25 @@ TEST_F(PresetsTest, ANewPresetIsKeptInCapitalsAndOutlivesTheProgram) {
 TEST_F(PresetsTest, ANameIsTakenOnce) {
   make("  ", "no name makes none");
   make("home");
-  for (const char* taken : {"HOME", "home ", "default", "Mem", "memrecall"}) {
+  const std::string own = " is kept by the program itself.\r";
+  for (const auto& [taken, reason] : {std::pair<const char*, std::string>{"HOME", ""},
+                                      {"home ", ""},
+                                      {"default", "DEFAULT" + own},
+                                      {"Mem", "MEM" + own},
+                                      {"memrecall", "MEMRECALL" + own}}) {
     inStatic([](Form20& dialog) {
       dialog.Command2.press();
       EXPECT_EQ(dialog.ListView1.count(), 1u);
     });
     rig.loop.whenShows("Form21")
-        .run([this, taken](controls::Form&) { presets().Form21.Text1.typeFromUser(taken); })
+        .run([this, taken = taken](controls::Form&) { presets().Form21.Text1.typeFromUser(taken); })
         .press("Command11")
         .run([this](controls::Form& dialog) {
-          EXPECT_TRUE(dialog.Visible);
+          EXPECT_TRUE(dialog.Visible && presets().Form21.Text1.hasFocus());
           EXPECT_EQ(presets().Form21.Text1.Text.get(), "");
-          EXPECT_TRUE(presets().Form21.Text1.hasFocus());
         })
         .press("Command3");
-    const std::string name = platform::upperCase(taken);
-    const std::string reason = name.starts_with("HOME") ? "" : name + " is kept by the program itself.\r";
-    rig.loop.whenShows("Form12").reads("Label1", "\rPresetName already exist !\r" + reason).press("Command11");
+    rig.loop.meets({test::told("\rPresetName already exist !\r" + reason)});
     rig.command("Command12_Click");
   }
   EXPECT_EQ(kept(), "HOME\r\n");
@@ -168,14 +170,14 @@ TEST_F(PresetsTest, APresetWithAVanishedFolderSaysSoAndMovesNothing) {
   make("photos");
   std::filesystem::remove_all(rig.systemPath("C:\\Work\\Drafts"));
   inStatic([&](Form20& dialog) {
-    EXPECT_EQ(dialog.ListView1.item(0).SmallIcon(), BrokenIcon);
-    EXPECT_EQ(dialog.ListView1.item(1).SmallIcon(), ValidIcon);
-    EXPECT_NE(dialog.ListView1.item(0).ForeColor(), dialog.ListView1.item(1).ForeColor());
-    EXPECT_EQ(dialog.ListView1.rowToolTip(dialog.ListView1.item(0)),
-              "Left:  C:\\Work\\Drafts  (gone)\rRight:  D:\\Backup");
-    dialog.ListView1.doubleClickFromUser(0);
+    controls::ListView& list = dialog.ListView1;
+    const auto gone = list.item(0), valid = list.item(1);
+    EXPECT_EQ(gone.SmallIcon(), BrokenIcon);
+    EXPECT_EQ(valid.SmallIcon(), ValidIcon);
+    EXPECT_NE(gone.ForeColor(), valid.ForeColor());
+    EXPECT_EQ(list.rowToolTip(gone), "Left:  C:\\Work\\Drafts  (gone)\rRight:  D:\\Backup");
+    list.doubleClickFromUser(0);
     EXPECT_TRUE(dialog.Visible);
-    EXPECT_EQ(dialog.ListView1.count(), 2u);
   });
   rig.loop.meets({test::told("Preset has changed and NOT Valid !")});
   rig.command("Command12_Click");
@@ -261,24 +263,20 @@ TEST_F(PresetsTest, AVisitedPairThatIsGoneIsMarkedAndRefused) {
   show("C:\\Work\\Drafts", "D:\\Backup");
   show("C:\\Photos", "C:\\Photos");
   std::filesystem::remove_all(rig.systemPath("C:\\Work\\Drafts"));
-  rig.loop.whenShows("Form34")
-      .run([this](controls::Form&) {
-        controls::ListView& list = presets().Form34.ListView1;
-        EXPECT_EQ(list.item(2).SmallIcon(), BrokenIcon);
-        EXPECT_EQ(list.item(0).SmallIcon(), ValidIcon);
-        click(list, 2);
-        list.doubleClickFromUser(2);
-      })
-      .press("Command1")
-      .press("Command11")
-      .run([this](controls::Form&) {
-        EXPECT_EQ(presets().Form34.ListView1.count(), 0u);
-        EXPECT_EQ(presets().Form34.Label1.Caption.get(), "");
-      })
-      .press("Command1")
-      .press("Command3");
-  rig.loop.meets({test::told("Preset has changed and NOT Valid !"), test::told("Preset has changed and NOT Valid !")});
-  rig.menu("DynPresets").choose();
+  const auto invalid = test::told("Preset has changed and NOT Valid !");
+  inDynamic([&](Form34& dialog) {
+    controls::ListView& list = dialog.ListView1;
+    EXPECT_EQ(list.item(2).SmallIcon(), BrokenIcon);
+    EXPECT_EQ(list.item(0).SmallIcon(), ValidIcon);
+    click(list, 2);
+    rig.loop.meets({invalid, invalid});
+    list.doubleClickFromUser(2);
+    dialog.Command11.press();
+    dialog.Command1.press();
+    EXPECT_EQ(list.count(), 0u);
+    EXPECT_EQ(dialog.Label1.Caption.get(), "");
+    dialog.Command1.press();
+  });
   EXPECT_EQ(paths(), "C:\\Photos\\ C:\\Photos\\");
 }
 
