@@ -152,6 +152,7 @@ TEST_F(StartTest, TheTipShowsAtEachStartUntilItsBoxIsChecked) {
   }
   EXPECT_EQ(setting(core::setting::Tip_State), "1");
   EXPECT_TRUE(rig.start(true));
+  EXPECT_FALSE(rig.menu("TipStart").Checked);
 }
 
 TEST_F(StartTest, WhatTheUserChoseIsThereAtTheNextStart) {
