@@ -170,7 +170,7 @@ void App::bindHooks() {
   };
   navigation.ClickPane = [this] { selection.ClickPane(); };
   selection.goTo = [this](panels::Panel& panel, const std::string& folder) { return navigation.goTo(panel, folder); };
-  dispatcher.UpdateClock = [this] { activePanel.UpdateClock(); };
+  dispatcher.commandEnded.listen([this] { activePanel.UpdateClock(); });
   trees.goTo = selection.goTo;
   trees.restorePosition = [this] { state.restoreTreeWindow(); };
   drops.dropFiles = [this](panels::Panel& panel, const std::vector<std::string>& files, bool move) {

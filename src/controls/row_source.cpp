@@ -1,33 +1,15 @@
 #include "controls/row_source.hpp"
 
+#include "platform/sort_on_two_cores.hpp"
 #include "platform/text_order.hpp"
 
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <future>
 #include <string_view>
 
 namespace varnholt::controls {
 namespace {
-
-// Below this many rows a second thread costs more than it saves.
-constexpr std::size_t WorthTwoThreads = 20'000;
-
-// Sorts in two halves on two threads. The order of `less` must be total, so that the outcome is one.
-template <class Item, class Less>
-void sortOnTwoCores(std::vector<Item>& items, Less less) {
-  if (std::is_sorted(items.begin(), items.end(), less)) return;
-  if (items.size() < WorthTwoThreads) {
-    std::sort(items.begin(), items.end(), less);
-    return;
-  }
-  const auto middle = items.begin() + static_cast<std::ptrdiff_t>(items.size() / 2);
-  auto lower = std::async(std::launch::async, [&] { std::sort(items.begin(), middle, less); });
-  std::sort(middle, items.end(), less);
-  lower.get();
-  std::inplace_merge(items.begin(), middle, items.end(), less);
-}
 
 /// A row with the beginning of what it is sorted by, and its place in the list before: equal rows go by that.
 template <class Key>
@@ -55,7 +37,7 @@ std::vector<std::uint32_t> sortedByNumber(const std::vector<std::int64_t>& keys,
                                           const std::vector<std::uint32_t>& before) {
   using Row = KeyedRow<std::int64_t>;
   auto rows = keyedRows<std::int64_t>(before, [&](std::uint32_t row) { return keys[row]; });
-  sortOnTwoCores(rows, [&](const Row& a, const Row& b) {
+  platform::sortOnTwoCores(rows, [&](const Row& a, const Row& b) {
     if (a.key != b.key) return descending ? a.key > b.key : a.key < b.key;
     return a.place < b.place;
   });
@@ -114,7 +96,7 @@ std::vector<std::uint32_t> sortedByText(const TextKeys& keys, bool descending,
   const std::size_t shared = keys.sharedLength();
   auto rows =
       keyedRows<std::uint64_t>(before, [&](std::uint32_t row) { return leadingBytes(keys.key(row).substr(shared)); });
-  sortOnTwoCores(rows, [&](const Row& a, const Row& b) {
+  platform::sortOnTwoCores(rows, [&](const Row& a, const Row& b) {
     if (a.key != b.key) return descending ? a.key > b.key : a.key < b.key;
     const int order = keys.key(a.row).compare(keys.key(b.row));
     if (order != 0) return descending ? order > 0 : order < 0;

@@ -53,8 +53,7 @@ bool Dispatcher::panelPreCheck() {
     Fileident();
     return false;
   }
-  if (VDTActive || busy) return false;
-  if (resetPictureView) resetPictureView();
+  if (busy) return false;
   busy = true;
   return true;
 }
@@ -63,7 +62,7 @@ void Dispatcher::commandDone() {
   busy = false;
   form_.ProgressBar1.Value = 0;
   program_.loop.screen().MousePointer = controls::pointer::Default;
-  if (UpdateClock) UpdateClock();
+  commandEnded();
 }
 
 void Dispatcher::markSelected(controls::Color color) {

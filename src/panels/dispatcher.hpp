@@ -42,10 +42,9 @@ class Dispatcher {
 
   /// True from panelPreCheck to commandDone, and while a loop gives the message loop a turn.
   bool busy = false;
-  bool VDTActive = false;
 
-  std::function<void()> resetPictureView;
-  std::function<void()> UpdateClock;
+  /// A command has done its closing step.
+  controls::Signal<> commandEnded;
 
   void LockOnLast_Click();
   void PreFolder_Click() { chooseMemory(true); }

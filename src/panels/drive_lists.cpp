@@ -70,6 +70,18 @@ void DriveLists::refresh() {
   if (drivesChanged) drivesChanged();
 }
 
+void DriveLists::watch(Dispatcher& dispatcher) {
+  const auto look = [this, &dispatcher] {
+    missed_ = dispatcher.busy;
+    if (!missed_) refresh();
+  };
+  const auto lookLater = [this, look] { program_.loop.later(look); };
+  program_.platform.drives.watch(lookLater);
+  dispatcher.commandEnded.listen([this, lookLater] {
+    if (missed_) lookLater();
+  });
+}
+
 bool DriveLists::has(char letter) const { return std::ranges::find(letters_, letter) != letters_.end(); }
 
 void DriveLists::ViewDriveSelection() {

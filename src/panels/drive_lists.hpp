@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/program.hpp"
+#include "panels/dispatcher.hpp"
 #include "panels/form1.hpp"
 
 #include <functional>
@@ -18,6 +19,8 @@ class DriveLists {
   void fill();
   /// Looks whether volumes have come or gone, and fills the lists again if so.
   void refresh();
+  /// From now on volumes that come or go are shown by themselves; while a command works, when it has ended.
+  void watch(Dispatcher& dispatcher);
   /// True for a drive in the lists.
   bool has(char letter) const;
   /// `ViewDriveSelection`: both lists show the drives of their panels.
@@ -32,6 +35,7 @@ class DriveLists {
 
   Form1& form_;
   core::Program& program_;
+  bool missed_ = false;  ///< volumes have come or gone while a command worked
   std::vector<char> letters_;
   std::vector<controls::ComboBox::Item> items_;
 };

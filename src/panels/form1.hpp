@@ -89,7 +89,6 @@ class Form1 : public controls::Form {
   std::string CurrentItem, SourcePath, TargetPath;
 
   bool CtrlHeld = false;    ///< the Ctrl key is down in a panel
-  bool cutLook = false;     ///< some rows have the cut look
   bool filterMark = false;  ///< the selection was made by the file filter
   RecallBuffer& panelRecall(Side side) { return recall_[side == Side::Left ? 0 : 1]; }
   /// The mode word: names the running function, shown in the status bar.

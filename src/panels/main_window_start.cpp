@@ -159,7 +159,9 @@ void MainWindowStart::Form_Activate() {
   // Closing the tip activates the window again: once a run is enough.
   if (d_.tip.LoadTip.Value == 0 && d_.program.init.Tip_State == "0" && !std::exchange(tipShown_, true))
     d_.tip.ShowModal();
-  if (first) d_.listing.FocusView();
+  if (!first) return;
+  d_.listing.FocusView();
+  d_.drives.watch(d_.dispatcher);
 }
 
 }  // namespace varnholt::panels

@@ -22,10 +22,6 @@ void Selection::follow(Panel& panel, Keeping keeping) {
   form_.Menu["Filefilter"].Visible = false;
   form_.filterMark = false;
   form_.Menu["Viewfilter"].Visible = true;
-  if (form_.cutLook) {
-    listing_.resetv1v2();
-    form_.cutLook = false;
-  }
   form_.setMode("SelectMode");
   active_.UpdateClock();
 

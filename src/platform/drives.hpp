@@ -3,6 +3,7 @@
 #include "platform/result.hpp"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,9 @@ class Drives {
   virtual Result<DriveInfo> info(char letter) const = 0;
   /// Reads the map again (a volume was mounted or unmounted).
   virtual void refresh() = 0;
+  /// Calls `changed` whenever something was mounted or unmounted, from the GLib main loop of the thread that asks,
+  /// which may be within any of its turns. One listener.
+  virtual void watch(std::function<void()> changed) = 0;
 };
 
 }  // namespace varnholt::platform

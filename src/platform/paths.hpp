@@ -7,6 +7,11 @@
 /// (`C:\Photos\a.jpg`). Pure text: nothing here asks the disk.
 namespace varnholt::platform::paths {
 
+/// What a backslash within a name of the disk is in a name of ours (U+F05C: 0xF000 plus the character, the range that
+/// other programs use for characters that Windows forbids), and what stands before one of these two that is itself in
+/// the name (U+F01B). Both are UTF-8.
+inline constexpr std::string_view BackslashStandIn = "\xEF\x81\x9C", EscapeMark = "\xEF\x80\x9B";
+
 /// Folder and name joined by one backslash; none is added when the folder ends in one. An empty folder gives the name.
 std::string join(std::string_view folder, std::string_view name);
 

@@ -1,5 +1,7 @@
 #include "platform/text_fold.hpp"
 
+#include "platform/text_character.hpp"
+
 #include <glib.h>
 
 namespace varnholt::platform {
@@ -9,14 +11,13 @@ char lowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('
 
 /// Adds the first character of the text as `change` makes it; gives its length in bytes.
 size_t appendChanged(std::string_view text, gunichar (*change)(gunichar), std::string& out) {
-  const gunichar character = g_utf8_get_char_validated(text.data(), static_cast<gssize>(text.size()));
-  if (character == static_cast<gunichar>(-1) || character == static_cast<gunichar>(-2)) {
-    out += text.front();
-    return 1;
-  }
+  const auto [code, length] = firstCharacter(text);
   char bytes[6];
-  out.append(bytes, static_cast<size_t>(g_unichar_to_utf8(change(character), bytes)));
-  return static_cast<size_t>(g_utf8_next_char(text.data()) - text.data());
+  if (code >= NotUtf8)
+    out += text.front();
+  else
+    out.append(bytes, static_cast<size_t>(g_unichar_to_utf8(change(code), bytes)));
+  return length;
 }
 
 }  // namespace

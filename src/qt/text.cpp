@@ -1,5 +1,8 @@
 #include "qt/text.hpp"
 
+#include "platform/paths.hpp"
+#include "platform/text_character.hpp"
+
 #include <QRegularExpression>
 #include <QStringDecoder>
 #include <QTextBoundaryFinder>
@@ -8,33 +11,19 @@
 #include <algorithm>
 
 namespace varnholt::qt {
+
+namespace paths = platform::paths;
+
 namespace {
 
 constexpr char16_t FirstByteMark = 0xDC80, LastByteMark = 0xDCFF;
-// What a backslash inside a name travels as, and what stands before one of these that is itself in the name.
-constexpr QChar BackslashStandIn(0xF05C), EscapeMark(0xF01B);
-
-// Length of the valid UTF-8 sequence at the start of `text`; 0 when there is none.
-qsizetype sequenceLength(std::string_view text) {
-  const auto lead = static_cast<unsigned char>(text.front());
-  const std::size_t length = lead < 0x80 ? 1 : (lead >> 5) == 6 ? 2 : (lead >> 4) == 14 ? 3 : (lead >> 3) == 30 ? 4 : 0;
-  if (length == 0 || length > text.size()) return 0;
-  QStringDecoder decoder(QStringDecoder::Utf8);
-  const QString ignored = decoder(QByteArrayView(text.data(), static_cast<qsizetype>(length)));
-  return decoder.hasError() || ignored.isEmpty() ? 0 : static_cast<qsizetype>(length);
-}
-
 QString withByteMarks(std::string_view text) {
   QString out;
   while (!text.empty()) {
-    const qsizetype length = sequenceLength(text);
-    if (length == 0) {
-      out += QChar(char16_t(0xDC00 + static_cast<unsigned char>(text.front())));
-      text.remove_prefix(1);
-      continue;
-    }
-    out += QString::fromUtf8(text.data(), length);
-    text.remove_prefix(static_cast<std::size_t>(length));
+    const auto [code, length] = platform::firstCharacter(text);
+    out += code < platform::NotUtf8 ? QString::fromUtf8(text.data(), static_cast<qsizetype>(length))
+                                    : QString(QChar(char16_t(0xDC00 + code - platform::NotUtf8)));
+    text.remove_prefix(length);
   }
   return out;
 }
@@ -105,9 +94,10 @@ std::string fromQt(const QString& text) {
 }
 
 QString toShown(std::string_view text) {
+  static const QChar StandIn = toQt(paths::BackslashStandIn).front(), Escape = toQt(paths::EscapeMark).front();
   QString shown = toQt(text);
-  for (qsizetype at = shown.indexOf(BackslashStandIn); at >= 0; at = shown.indexOf(BackslashStandIn, at + 1))
-    if (at == 0 || shown[at - 1] != EscapeMark) shown[at] = QLatin1Char('\\');
+  for (qsizetype at = shown.indexOf(StandIn); at >= 0; at = shown.indexOf(StandIn, at + 1))
+    if (at == 0 || shown[at - 1] != Escape) shown[at] = QLatin1Char('\\');
   return shown;
 }
 

@@ -381,6 +381,21 @@ TEST_F(NavigationTest, ADriveThatGoesAwayTakesItsPanelHome) {
   rig.command("refrechview_Click");
   EXPECT_EQ(shown(), "CDZ");
   EXPECT_EQ(right().path(), "C:\\");
+
+  // The system tells of it, and no command is disturbed.
+  auto& dispatcher = rig.app().dispatcher;
+  rig.drives->away = {'D'};
+  dispatcher.busy = true;
+  rig.drives->mounted();
+  rig.loop.giveTurn();
+  EXPECT_EQ(shown(), "CDZ");
+  dispatcher.commandDone();
+  rig.loop.giveTurn();
+  EXPECT_EQ(shown(), "CZ");
+  rig.drives->away.clear();
+  rig.drives->mounted();
+  rig.loop.giveTurn();
+  EXPECT_EQ(shown(), "CDZ");
 }
 
 TEST_F(NavigationTest, ARefreshLeavesAFolderThatIsGone) {

@@ -72,8 +72,9 @@ constexpr char mountInfo[] = "22 1 254:0 / / rw - ext4 /dev/vda rw\n"
                              "35 22 0:46 / /mediastore rw - ext4 /dev/sdc rw\n";
 
 TEST(DriveSources, MountedVolumesTakeLettersInOrder) {
+  const test::ScratchFolder scratch;
   std::string drives;
-  for (const DriveMapping& drive : defaultDrives("/home/me", mountInfo))
+  for (const DriveMapping& drive : defaultDrives("/home/me", readMounts(scratch.write("mountinfo", mountInfo))))
     drives += drive.letter + ("=" + drive.folder) + ";";
   EXPECT_EQ(drives, "C=/home/me;D=/media/me/My Stick;E=/mnt;F=/run/media/me/cd;Z=/;");
 }

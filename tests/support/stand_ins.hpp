@@ -31,6 +31,10 @@ class RemovableDrives : public platform::Drives {
     real_.refresh();
     name_ = renamed;
   }
+  void watch(std::function<void()> changed) override { mounted = std::move(changed); }
+
+  /// Something was mounted or unmounted.
+  std::function<void()> mounted;
 
  private:
   bool isAway(char letter) const { return std::ranges::find(away, letter) != away.end(); }

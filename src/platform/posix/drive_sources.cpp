@@ -1,7 +1,5 @@
 #include "platform/posix/drive_sources.hpp"
 
-#include "platform/posix/mount_table.hpp"
-
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
@@ -114,14 +112,14 @@ DriveSources DriveSources::fromSystem() {
   std::string config = environmentText("XDG_CONFIG_HOME");
   if (config.empty() || config.front() != '/') config = sources.home + "/.config";
   sources.configFile = config + "/varnholt/drives.conf";
-  sources.mountInfoFile = "/proc/self/mountinfo";
+  sources.mountInfoFile = MountInfo;
   return sources;
 }
 
 std::vector<DriveMapping> DriveSources::read(const std::vector<DriveMapping>& current) const {
   if (auto drives = parseDriveVariable(variable); !drives.empty()) return drives;
   if (auto drives = parseDriveFile(readSystemFile(configFile.c_str())); !drives.empty()) return drives;
-  return defaultDrives(home, readSystemFile(mountInfoFile.c_str()), current);
+  return defaultDrives(home, readMounts(mountInfoFile), current);
 }
 
 std::vector<DriveMapping> parseDriveVariable(std::string_view text) {
@@ -162,14 +160,14 @@ std::vector<DriveMapping> parseDriveFile(std::string_view text) {
   return drives;
 }
 
-std::vector<DriveMapping> defaultDrives(const std::string& home, std::string_view mountInfo,
+std::vector<DriveMapping> defaultDrives(const std::string& home, const std::vector<Mount>& mounts,
                                         const std::vector<DriveMapping>& current) {
   std::vector<DriveMapping> drives{makeDrive('C', home.empty() ? "/" : home), makeDrive('Z', "/")};
   const auto of = [](const std::vector<DriveMapping>& list, auto DriveMapping::*field, const auto& value) {
     return std::find_if(list.begin(), list.end(), [&](const DriveMapping& each) { return each.*field == value; });
   };
   char letter = 'D';
-  for (const Mount& mount : parseMountInfo(mountInfo)) {
+  for (const Mount& mount : mounts) {
     if (of(drives, &DriveMapping::folder, mount.point) != drives.end() || !isUserVolume(mount)) continue;
     if (const auto kept = of(current, &DriveMapping::folder, mount.point); kept != current.end()) {
       drives.push_back(makeDrive(kept->letter, mount.point));

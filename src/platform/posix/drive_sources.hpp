@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/drives.hpp"
+#include "platform/posix/mount_table.hpp"
 
 #include <cstdint>
 #include <optional>
@@ -59,7 +60,7 @@ std::vector<DriveMapping> parseDriveFile(std::string_view text);
 /// C, Z, and a letter from D on for each volume below /media, /run/media and /mnt in mount order, as far as they go.
 /// Drives that are `current` keep their letters, and a letter that has become free is not given again: a path that the
 /// program holds must never come to mean another volume.
-std::vector<DriveMapping> defaultDrives(const std::string& home, std::string_view mountInfo,
+std::vector<DriveMapping> defaultDrives(const std::string& home, const std::vector<Mount>& mounts,
                                         const std::vector<DriveMapping>& current = {});
 
 }  // namespace varnholt::platform::posix

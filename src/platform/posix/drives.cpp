@@ -1,6 +1,7 @@
 #include "platform/posix/drives.hpp"
 
 #include "platform/posix/mount_table.hpp"
+#include "platform/posix/mount_watch.hpp"
 #include "platform/posix/volume_facts.hpp"
 
 #include <fcntl.h>
@@ -12,7 +13,7 @@ namespace {
 
 /// The mount that a path lies on: by the kernel's own number for it, else by device.
 std::optional<Mount> mountOf(const std::string& path, dev_t device) {
-  const auto mounts = parseMountInfo(readSystemFile("/proc/self/mountinfo"));
+  const auto mounts = readMounts();
   struct statx facts;
   if (::statx(AT_FDCWD, path.c_str(), AT_NO_AUTOMOUNT, STATX_MNT_ID, &facts) == 0 && (facts.stx_mask & STATX_MNT_ID))
     for (const Mount& mount : mounts)
@@ -58,6 +59,11 @@ DriveInfo unreadyDrive(const DriveMapping& drive) {
 }
 
 }  // namespace
+
+PosixDrives::PosixDrives(PathMap& map) : map_(map) {}
+PosixDrives::~PosixDrives() = default;
+
+void PosixDrives::watch(std::function<void()> changed) { watch_ = std::make_unique<MountWatch>(std::move(changed)); }
 
 std::vector<char> PosixDrives::letters() const {
   std::vector<char> letters;

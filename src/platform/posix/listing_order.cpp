@@ -1,14 +1,11 @@
 #include "platform/posix/listing_order.hpp"
 
-#include "platform/posix/workers.hpp"
+#include "platform/sort_on_two_cores.hpp"
 
 #include <algorithm>
-#include <atomic>
 
 namespace varnholt::platform::posix {
 namespace {
-
-constexpr size_t worthTwoThreads = 10000;
 
 size_t sharedPrefix(const std::vector<SortRow>& rows) {
   size_t length = rows.front().folded.size();
@@ -43,18 +40,7 @@ void sortRows(std::vector<SortRow>& rows) {
   const size_t prefix = sharedPrefix(rows);
   for (SortRow& row : rows)
     row.key = keyOf(row.folded, prefix);
-  if (std::is_sorted(rows.begin(), rows.end(), comesBefore)) return;
-  if (rows.size() < worthTwoThreads) {
-    std::sort(rows.begin(), rows.end(), comesBefore);
-    return;
-  }
-  const auto middle = rows.begin() + static_cast<std::ptrdiff_t>(rows.size() / 2);
-  std::atomic<unsigned> next = 0;
-  runWorkers(2, [&](unsigned) {
-    for (unsigned half = next++; half < 2; half = next++)
-      std::sort(half ? middle : rows.begin(), half ? rows.end() : middle, comesBefore);
-  });
-  std::inplace_merge(rows.begin(), middle, rows.end(), comesBefore);
+  sortOnTwoCores(rows, comesBefore);
 }
 
 }  // namespace varnholt::platform::posix

@@ -2,77 +2,35 @@
 
 #include "platform/posix/unique_fd.hpp"
 
-#include <charconv>
+#include <memory>
 
 #include <fcntl.h>
-#include <sys/sysmacros.h>
+#include <libmount.h>
 #include <unistd.h>
 
 namespace varnholt::platform::posix {
 namespace {
 
-bool isOctal(char c) { return c >= '0' && c <= '7'; }
+std::string textOf(const char* text) { return text ? text : ""; }
 
-/// "\040" and alike back to bytes.
-std::string unescape(std::string_view text) {
-  std::string out;
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\\' && i + 3 < text.size() && isOctal(text[i + 1]) && isOctal(text[i + 2]) &&
-        isOctal(text[i + 3])) {
-      out += static_cast<char>((text[i + 1] - '0') * 64 + (text[i + 2] - '0') * 8 + (text[i + 3] - '0'));
-      i += 3;
-    } else {
-      out += text[i];
-    }
-  }
-  return out;
-}
-
-std::vector<std::string_view> splitBlanks(std::string_view line) {
-  std::vector<std::string_view> fields;
-  size_t at = 0;
-  while (at < line.size()) {
-    size_t end = line.find(' ', at);
-    if (end == std::string_view::npos) end = line.size();
-    if (end > at) fields.push_back(line.substr(at, end - at));
-    at = end + 1;
-  }
-  return fields;
-}
-
-std::optional<dev_t> parseDevice(std::string_view text) {
-  unsigned major = 0, minor = 0;
-  const char* end = text.data() + text.size();
-  auto first = std::from_chars(text.data(), end, major);
-  if (first.ec != std::errc() || first.ptr == end || *first.ptr != ':') return {};
-  auto second = std::from_chars(first.ptr + 1, end, minor);
-  if (second.ec != std::errc() || second.ptr != end) return {};
-  return makedev(major, minor);
-}
-
-std::optional<Mount> parseLine(std::string_view line) {
-  const auto fields = splitBlanks(line);
-  size_t dash = 6;
-  while (dash < fields.size() && fields[dash] != "-")
-    ++dash;
-  if (dash + 2 >= fields.size()) return {};
-  const auto device = parseDevice(fields[2]);
-  std::uint64_t id = 0;
-  if (!device || std::from_chars(fields[0].begin(), fields[0].end(), id).ec != std::errc()) return {};
-  return Mount{
-      id, *device, unescape(fields[3]), unescape(fields[4]), unescape(fields[dash + 1]), unescape(fields[dash + 2])};
+Mount mountOf(libmnt_fs* entry) {
+  return {static_cast<std::uint64_t>(mnt_fs_get_id(entry)),
+          mnt_fs_get_devno(entry),
+          textOf(mnt_fs_get_root(entry)),
+          textOf(mnt_fs_get_target(entry)),
+          textOf(mnt_fs_get_fstype(entry)),
+          textOf(mnt_fs_get_source(entry))};
 }
 
 }  // namespace
 
-std::vector<Mount> parseMountInfo(std::string_view text) {
+std::vector<Mount> readMounts(const std::string& file) {
   std::vector<Mount> mounts;
-  while (!text.empty()) {
-    const size_t end = text.find('\n');
-    if (auto mount = parseLine(text.substr(0, end))) mounts.push_back(std::move(*mount));
-    if (end == std::string_view::npos) break;
-    text.remove_prefix(end + 1);
-  }
+  const std::unique_ptr<libmnt_table, decltype(&mnt_unref_table)> table(mnt_new_table(), mnt_unref_table);
+  const std::unique_ptr<libmnt_iter, decltype(&mnt_free_iter)> entries(mnt_new_iter(MNT_ITER_FORWARD), mnt_free_iter);
+  if (!table || !entries || mnt_table_parse_file(table.get(), file.c_str()) != 0) return mounts;
+  for (libmnt_fs* entry = nullptr; mnt_table_next_fs(table.get(), entries.get(), &entry) == 0;)
+    mounts.push_back(mountOf(entry));
   return mounts;
 }
 

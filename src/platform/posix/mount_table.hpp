@@ -10,7 +10,7 @@
 
 namespace varnholt::platform::posix {
 
-/// One line of /proc/self/mountinfo, with its octal escapes undone.
+/// One line of /proc/self/mountinfo.
 struct Mount {
   std::uint64_t id = 0;  ///< the kernel's number of the mount
   dev_t device = 0;
@@ -20,8 +20,11 @@ struct Mount {
   std::string source;  ///< device node or share
 };
 
-/// Lines in mount order. A line that cannot be understood is passed over (proc_pid_mountinfo(5)).
-std::vector<Mount> parseMountInfo(std::string_view text);
+/// The kernel's file of mounts (proc_pid_mountinfo(5)).
+inline constexpr char MountInfo[] = "/proc/self/mountinfo";
+
+/// The mounts of a file of that form, in mount order; none when it cannot be read.
+std::vector<Mount> readMounts(const std::string& file = MountInfo);
 
 /// The mount that a device number belongs to, preferring one of the file system's root.
 std::optional<Mount> mountOfDevice(const std::vector<Mount>& mounts, dev_t device);

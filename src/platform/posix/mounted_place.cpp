@@ -44,7 +44,7 @@ std::optional<MountedPlace> placeOf(const std::string& path, const std::vector<M
 }  // namespace
 
 bool liesWithinByMounts(const std::string& folderPath, const std::string& ancestorPath) {
-  const auto mounts = parseMountInfo(readSystemFile("/proc/self/mountinfo"));
+  const auto mounts = readMounts();
   const auto folder = placeOf(folderPath, mounts), ancestor = placeOf(ancestorPath, mounts);
   return folder && ancestor && folder->device == ancestor->device && folder->path.starts_with(ancestor->path);
 }

@@ -1,12 +1,11 @@
 #include "platform/posix/path_map.hpp"
 
+#include "platform/paths.hpp"
+
 #include <algorithm>
 
 namespace varnholt::platform::posix {
 namespace {
-
-constexpr std::string_view backslashStandIn = "\xEF\x81\x9C";  // U+F05C
-constexpr std::string_view escapeMark = "\xEF\x80\x9B";        // U+F01B
 
 Error invalid(std::string_view path, const char* why) { return {ErrorCode::InvalidPath, std::string(path), why}; }
 
@@ -34,14 +33,14 @@ const DriveMapping* driveHolding(const std::vector<DriveMapping>& drives, std::s
 void appendNameToSystem(std::string_view name, std::string& out) {
   for (size_t i = 0; i < name.size();) {
     const std::string_view rest = name.substr(i);
-    if (rest.starts_with(backslashStandIn)) {
+    if (rest.starts_with(paths::BackslashStandIn)) {
       out += '\\';
-      i += backslashStandIn.size();
-    } else if (rest.starts_with(escapeMark)) {
-      const std::string_view next = rest.substr(escapeMark.size());
-      const bool escapes = next.starts_with(backslashStandIn) || next.starts_with(escapeMark);
+      i += paths::BackslashStandIn.size();
+    } else if (rest.starts_with(paths::EscapeMark)) {
+      const std::string_view next = rest.substr(paths::EscapeMark.size());
+      const bool escapes = next.starts_with(paths::BackslashStandIn) || next.starts_with(paths::EscapeMark);
       // Both have three bytes. A mark before anything else was typed by somebody and stands for itself.
-      out += escapes ? next.substr(0, 3) : escapeMark;
+      out += escapes ? next.substr(0, 3) : paths::EscapeMark;
       i += escapes ? 6 : 3;
     } else {
       out += name[i++];
@@ -139,10 +138,10 @@ void PathMap::appendNameToProgram(std::string_view name, std::string& out) {
   for (size_t i = 0; i < name.size();) {
     const std::string_view rest = name.substr(i);
     if (rest.front() == '\\') {
-      out += backslashStandIn;
+      out += paths::BackslashStandIn;
       ++i;
-    } else if (rest.starts_with(backslashStandIn) || rest.starts_with(escapeMark)) {
-      out += escapeMark;
+    } else if (rest.starts_with(paths::BackslashStandIn) || rest.starts_with(paths::EscapeMark)) {
+      out += paths::EscapeMark;
       out += rest.substr(0, 3);
       i += 3;
     } else {

@@ -14,9 +14,9 @@ namespace varnholt::platform::posix {
 /// The map between paths in program form (`C:\Photos\a.jpg`) and system form (`/home/me/Photos/a.jpg`), exact both
 /// ways for every name that a POSIX file system can hold. May be asked by any thread, also while it is read again.
 ///
-/// Names: a backslash becomes U+F05C on the way up (0xF000 plus the character, the range that other programs use for
-/// characters that Windows forbids). A name that really holds U+F05C, or the escape mark U+F01B, has an escape mark
-/// put before that character, so no two names meet. All other bytes pass as they are, valid UTF-8 or not.
+/// Names: a backslash becomes its stand-in on the way up. A name that really holds the stand-in, or the escape mark,
+/// has an escape mark put before that character, so no two names meet. All other bytes pass as they are, valid UTF-8 or
+/// not.
 class PathMap {
  public:
   /// A map read from the user's surroundings, read again by reload().
