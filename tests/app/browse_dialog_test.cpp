@@ -1,13 +1,10 @@
 // The folder tree that copy, move and zip take a target from.
 #include "support/app_rig.hpp"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 namespace varnholt::test {
 namespace {
 
-class BrowseForFolder : public testing::Test {
+class BrowseForFolder : public AppTest {
  protected:
   BrowseForFolder() {
     rig.makeFolder("C:\\Photos\\2024");
@@ -43,34 +40,28 @@ class BrowseForFolder : public testing::Test {
     rig.loop.meets({{"Form35", button, "", acts}});
     return form().browse("Copy Item(s)");
   }
-  using Texts = std::vector<std::string>;
-
-  AppRig rig;
+  using Texts = Names;
 };
 
 TEST_F(BrowseForFolder, ReadyDrivesStandUnderMyComputerAndNoOthers) {
-  ASSERT_EQ(::rmdir((rig.scratch / "second").c_str()), 0);
+  std::filesystem::remove(rig.scratch / "second");
   std::string told;
   rig.loop.onTurn = [&] { told = form().StatusBar1.panel(1); };
   EXPECT_FALSE(browse([&] {
     rig.loop.onTurn = nullptr;
     EXPECT_EQ(root().Text, "My Computer");
     EXPECT_TRUE(root().Expanded);
-    ASSERT_EQ(root().children.size(), 2u) << "D: has no folder behind it";
-    EXPECT_TRUE(root().children.at(0)->Text.ends_with("(C:)"));
-    EXPECT_TRUE(root().children.at(1)->Text.ends_with("(Z:)"));
+    const Texts drives = childTexts(root());
+    ASSERT_EQ(drives.size(), 2u) << "D: has no folder behind it";
+    EXPECT_TRUE(drives[0].ends_with("(C:)") && drives[1].ends_with("(Z:)"));
     EXPECT_EQ(form().StatusBar1.panel(1), "");
-    // Ready from now on, and not in the tree until it is opened again.
-    ASSERT_EQ(::mkdir((rig.scratch / "second").c_str(), 0755), 0);
+    rig.scratch.folder("second");  // ready from now on, and not in the tree until it is opened again
     click(root());
-    EXPECT_EQ(root().children.size(), 2u);
+    EXPECT_EQ(childTexts(root()), drives);
   }));
   EXPECT_EQ(told, "Testing Drives For Ready Condition, - Please wait...");
   rig.drives->renamed = "Card 7";
-  browse([&] {
-    EXPECT_EQ(root().children.size(), 3u);
-    EXPECT_EQ(drive("D").Text, "Card 7 (D:)") << "the name that it has now";
-  });
+  browse([&] { EXPECT_EQ(drive("D").Text, "Card 7 (D:)") << "the name that it has now"; });
 }
 
 TEST_F(BrowseForFolder, AClickReadsTheFoldersOnceAndChoosesTheNode) {
@@ -113,38 +104,30 @@ TEST_F(BrowseForFolder, ALinkToAFolderHasNothingBelowItAndAnOpenedNodeIsNotChose
 }
 
 TEST_F(BrowseForFolder, TheCaptionSaysTheFunctionAndTheChoices) {
-  struct {
-    bool cancel, execute;
-    const char* caption;
-  } const cases[] = {
-      {false, false, "Copy Item(s)"},
-      {false, true, "Copy Item(s) & Return On Execute"},
-      {true, false, "Copy Item(s) & Return On Cancel"},
-      {true, true, "Copy Item(s) & Return On Execute & Return On Cancel"},
-  };
+  const std::string onExecute = " & Return On Execute", onCancel = " & Return On Cancel";
   browse([&] {
-    for (const auto& [cancel, execute, caption] : cases) {
-      if (form().Check1.Value != cancel) form().Check1.toggleFromUser();
-      if (form().Check2.Value != execute) form().Check2.toggleFromUser();
-      EXPECT_EQ(form().Caption.get(), caption);
+    std::string captions;
+    for (controls::CheckBox* box : {&form().Check2, &form().Check1, &form().Check2, &form().Check1}) {
+      box->toggleFromUser();
+      captions += form().Caption.get() + "|";
     }
+    EXPECT_EQ(captions, "Copy Item(s)" + onExecute + "|Copy Item(s)" + onExecute + onCancel + "|Copy Item(s)" +
+                            onCancel + "|Copy Item(s)|");
   });
 }
 
 TEST_F(BrowseForFolder, WhatIsNoFolderAnyMoreIsNotTaken) {
-  EXPECT_FALSE(browse(
-      [&] {
-        form().Command1.press();  // nothing chosen yet
-        click(root());
-        form().Command1.press();
-        click(drive("C"));
-        click(child(drive("C"), "Photos"));
-        click(child(child(drive("C"), "Photos"), "2024"));
-        ASSERT_EQ(::rmdir(rig.systemPath("C:\\Photos\\2024").c_str()), 0);
-        form().Command1.press();
-        EXPECT_TRUE(form().Visible) << "the folder has gone";
-      },
-      ""));
+  const auto acts = [&] {
+    form().Command1.press();  // nothing chosen yet
+    click(root());
+    form().Command1.press();
+    click(drive("C"));
+    click(child(drive("C"), "Photos"));
+    std::filesystem::remove_all(rig.systemPath("C:\\Photos"));
+    form().Command1.press();
+    EXPECT_TRUE(form().Visible) << "the folder has gone";
+  };
+  EXPECT_FALSE(browse(acts, ""));
 }
 
 TEST_F(BrowseForFolder, NothingElseRunsWhileFoldersAreScanned) {

@@ -2,16 +2,8 @@
 #include "panels/panel_shortcuts.hpp"
 #include "support/app_rig.hpp"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cctype>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <map>
 #include <regex>
-#include <set>
 
 namespace varnholt::test {
 namespace {
@@ -19,25 +11,24 @@ namespace {
 using controls::MenuItem;
 using panels::Command;
 
-class Commands : public ::testing::Test {
+class Commands : public AppTest {
  protected:
-  const std::vector<Command>& rows() { return rig.form().commands.commands(); }
-  panels::MainMenu& menu() { return rig.form().Menu; }
+  const std::vector<Command>& rows() { return form().commands.commands(); }
+  panels::MainMenu& menu() { return form().Menu; }
   std::vector<MenuItem*> bar() {
     std::vector<MenuItem*> found;
-    for (controls::Control* control : rig.form().controls())
+    for (controls::Control* control : form().controls())
       if (auto* item = dynamic_cast<MenuItem*>(control); item && !item->parent()) found.push_back(item);
     return found;
   }
   /// The entries of each menu under its heading's caption, and those of the bar.
   std::map<std::string, std::vector<MenuItem*>> menus() {
     std::map<std::string, std::vector<MenuItem*>> found{{"the bar", bar()}};
-    for (controls::Control* control : rig.form().controls())
+    for (controls::Control* control : form().controls())
       if (auto* item = dynamic_cast<MenuItem*>(control); item && !item->children().empty())
         found[item->Caption] = item->children();
     return found;
   }
-  AppRig rig;
 };
 
 TEST_F(Commands, EachIsThereOnceAndSaysWhatItIsAndWhatItDoes) {
@@ -53,16 +44,16 @@ TEST_F(Commands, EachIsThereOnceAndSaysWhatItIsAndWhatItDoes) {
     EXPECT_TRUE(row.shortcut.empty() || shortcuts.insert(row.shortcut).second) << row.shortcut;
     EXPECT_TRUE(row.after.empty() || menu().has(row.after)) << row.after;
     if (row.button.empty()) continue;
-    EXPECT_TRUE(rig.form().control(row.button) && buttons.insert(row.button).second) << row.button;
+    EXPECT_TRUE(form().control(row.button) && buttons.insert(row.button).second) << row.button;
     EXPECT_FALSE(row.caption.empty() && row.icon.empty()) << row.handler;
   }
 }
 
 TEST_F(Commands, AButtonWhoseCommandIsStillToComeIsGreyAndSaysSo) {
-  for (controls::Control* control : rig.form().controls()) {
+  for (controls::Control* control : form().controls()) {
     const auto* button = dynamic_cast<controls::Button*>(control);
     if (!button) continue;
-    const bool hasCommand = rig.form().commands.find(button->name() + "_Click") != nullptr;
+    const bool hasCommand = form().commands.find(button->name() + "_Click") != nullptr;
     EXPECT_EQ(hasCommand, button->ToolTipText->find("(not available in this version)") == std::string::npos)
         << button->name();
     EXPECT_TRUE(hasCommand || !button->Enabled) << button->name();
@@ -124,20 +115,18 @@ TEST_F(Commands, TheMenusAreInOrder) {
   }
 }
 
-TEST_F(Commands, OneThatStandsBehindAnotherDoesSoWhoeverAddsFirst) {
-  const auto& view = menu()["View"].children();
-  const auto at = std::ranges::find(view, &menu()["Viewuser"]);
-  ASSERT_NE(at, view.end());
-  EXPECT_EQ((*std::prev(at))->name(), "ViewProg");
-  EXPECT_EQ((*std::next(at))->name(), "HidSysfiles");
-}
-
-TEST_F(Commands, ALinePartsGroupsAlsoAboveAMenuThatBeginsOne) {
-  const auto& go = menu()["GoMenu"].children();
-  ASSERT_GT(go.size(), 2u);
-  EXPECT_EQ(go.back()->Caption.get(), "Folder History");
-  EXPECT_EQ(go[go.size() - 2]->Caption.get(), "-");
-  EXPECT_NE(go.back()->children().front()->Caption.get(), "-");
+TEST_F(Commands, StandBehindWhatTheyNameAndLinesPartGroupsAlsoAboveAMenuThatBeginsOne) {
+  const auto names = [&](const char* heading) {
+    Names names;
+    for (const MenuItem* item : menu()[heading].children())
+      names.push_back(item->Caption == "-" ? "-" : item->name());
+    return names;
+  };
+  const Names view = names("View"), group{"ViewProg", "Viewuser", "HidSysfiles"};
+  EXPECT_FALSE(std::ranges::search(view, group).empty());
+  const Names go = names("GoMenu");
+  EXPECT_EQ(go[go.size() - 2], "-");
+  EXPECT_NE(menu()["GoMenu"].children().back()->children().front()->Caption.get(), "-");
 }
 
 // Names that handlers pass in code that no test may run.
@@ -150,7 +139,7 @@ TEST_F(Commands, EveryNameInTheSourcesIsInTheTable) {
     const std::string text{std::istreambuf_iterator<char>(in), {}};
     for (auto each = std::sregex_iterator(text.begin(), text.end(), asked); each != std::sregex_iterator(); ++each) {
       const std::string entry = (*each)[1].str() + (*each)[2].str(), handler = (*each)[3];
-      EXPECT_TRUE(handler.empty() ? menu().has(entry) : rig.form().commands.find(handler) != nullptr)
+      EXPECT_TRUE(handler.empty() ? menu().has(entry) : form().commands.find(handler) != nullptr)
           << entry << handler << " in " << file.path();
       ++found;
     }

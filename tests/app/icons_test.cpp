@@ -29,7 +29,7 @@ std::string programWithIcon(const std::string& picture) {
   return bytes.replace(programSection + icon, picture.size(), picture);
 }
 
-class IconsTest : public testing::Test {
+class IconsTest : public test::AppTest {
  protected:
   void SetUp() override {
     ASSERT_TRUE(rig.start());
@@ -49,7 +49,6 @@ class IconsTest : public testing::Test {
     rig.app().icons.Iconshow(rig.form().Picture1, path);
     return rig.form().Picture1;
   }
-  test::AppRig rig;
 };
 
 TEST_F(IconsTest, AProgramShowsItsOwnIconAndATypeWhatTheRegistryNames) {

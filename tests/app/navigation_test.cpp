@@ -11,7 +11,7 @@ namespace {
 using panels::Panel;
 namespace key = controls::key;
 
-class NavigationTest : public testing::Test {
+class NavigationTest : public test::AppTest {
  protected:
   void SetUp() override {
     for (const char* folder : {"C:\\one\\deep", "C:\\two", "C:\\three", "D:\\data\\x"})
@@ -19,29 +19,13 @@ class NavigationTest : public testing::Test {
     rig.write("C:\\one\\letter.txt");
     rig.startLeft();
   }
-  panels::Form1& form() { return rig.form(); }
-  Panel& left() { return rig.form().Panel1; }
-  Panel& right() { return rig.form().Panel2; }
   panels::Navigation& navigation() { return rig.app().navigation; }
   void go(const char* folder) { ASSERT_TRUE(navigation().GoToDirection(folder)) << folder; }
   std::string focusedText(Panel& panel) {
     const auto item = panel.list.SelectedItem();
     return item ? item->Text() : "none";
   }
-
-  test::AppRig rig;
 };
-
-TEST_F(NavigationTest, EnteringAFolderTellsItEverywhere) {
-  rig.doubleClick(left(), "\\ one");
-  EXPECT_EQ(left().path(), "C:\\one\\");
-  EXPECT_EQ(form().Text1.Text.get(), "C:\\one");
-  EXPECT_EQ(form().Caption.get(), "Varnholt -  C:\\one");
-  EXPECT_EQ(rig.app().histories.folders.entries(), std::vector<std::string>{"C:\\one\\"});
-  EXPECT_EQ(form().ImageCombo1.Text.get(), "C:\\one");
-  EXPECT_EQ(focusedText(left()), "\\ deep");
-  EXPECT_EQ(right().path(), "C:\\");
-}
 
 TEST_F(NavigationTest, BackAndForwardWalkThePlacesAndTellTheirButtons) {
   const auto press = [&](controls::Button& button) {
@@ -96,6 +80,7 @@ TEST_F(NavigationTest, TheTitleAndTheHistoryBoxNameTheActivePanelsFolder) {
   EXPECT_EQ(title(), "Varnholt -  D:\\ | ") << "the other panel has moved";
   right().list.pressFromUser({}, {});
   EXPECT_EQ(title(), "Varnholt -  C:\\one | C:\\one") << "a click below the rows";
+  EXPECT_EQ(form().Text2.Text.get(), "C:\\one");
   rig.command("ResetHomeDrive_Click");
   EXPECT_EQ(title(), "Varnholt -  C:\\ | ");
 }
@@ -184,41 +169,35 @@ TEST_F(NavigationTest, APathOfAFileGoesToItsFolderAndRow) {
 
 TEST_F(NavigationTest, AFolderThatVanishesBeforeItIsEnteredGoesFromTheList) {
   std::filesystem::remove(rig.systemPath("C:\\two"));
-  rig.doubleClick(left(), "\\ three");
-  form().Command23.press();
-  rig.makeFolder("C:\\two");
-  rig.menu("refrechview").choose();
-  std::filesystem::remove(rig.systemPath("C:\\two"));
   const auto row = rig.rowOf(left(), "\\ two");
   left().list.pressFromUser(row, {});
   left().list.doubleClickFromUser(row);
   EXPECT_EQ(left().path(), "C:\\");
-  EXPECT_EQ(rig.names(left()), (std::vector<std::string>{"\\ one| ", "\\ three| "}));
+  EXPECT_EQ(rig.names(left()), (Names{"\\ one| ", "\\ three| "}));
 }
 
 // --- Keys ----------------------------------------------------------------------------------------------------------
 
-TEST_F(NavigationTest, KeysOfAPanelOnBothSides) {
+TEST_F(NavigationTest, KeysWalkAPanelOnBothSides) {
+  constexpr controls::Modifiers None{}, Ctrl{false, true, false}, Alt{false, false, true};
+  const std::tuple<int, controls::Modifiers, const char*> steps[] = {
+      {key::Right, Ctrl, "C:\\"},     {key::Right, None, "C:\\one\\"}, {key::Left, Alt, "C:\\"},
+      {key::Right, Alt, "C:\\one\\"}, {key::Back, None, "C:\\"},       {key::Enter, None, "C:\\one\\"},
+      {key::Left, None, "C:\\"},      {key::F3, None, "C:\\one\\"},    {key::Space, None, "C:\\one\\"}};
   for (Panel* panel : {&left(), &right()}) {
     panel->list.SetFocus();
     rig.click(*panel, "\\ one");
-    rig.key(*panel, key::Right, {false, true, false});
-    EXPECT_EQ(panel->path(), "C:\\") << "with Ctrl the right arrow enters nothing";
-    rig.key(*panel, key::Right);
-    EXPECT_EQ(panel->path(), "C:\\one\\");
-    rig.key(*panel, key::Left);
-    EXPECT_EQ(panel->path(), "C:\\");
-    EXPECT_EQ(focusedText(*panel), "\\ one");
-    rig.key(*panel, key::Enter);
-    EXPECT_EQ(panel->path(), "C:\\one\\");
-    rig.key(*panel, key::Space);
-    EXPECT_EQ(panel->path(), "C:\\one\\") << "Space selects while it may not leave";
+    for (const auto& [code, modifiers, folder] : steps) {
+      rig.key(*panel, code, modifiers);
+      EXPECT_EQ(panel->path(), folder) << code;
+      if (modifiers.alt) rig.click(*panel, folder == std::string("C:\\") ? "\\ one" : "\\ deep");
+    }
     rig.menu("RLC").choose();
     rig.key(*panel, key::Space);
-    EXPECT_EQ(panel->path(), "C:\\");
-    EXPECT_EQ(form().Caption.get(), "Varnholt -  C:\\");
+    EXPECT_EQ(panel->path(), "C:\\") << "Space leaves when it may";
+    EXPECT_EQ(focusedText(*panel), "\\ one");
     rig.menu("PreFolder").choose();
-    EXPECT_EQ(rig.form().panelRecall(panel->side).empty(), false);
+    EXPECT_FALSE(form().panelRecall(panel->side).empty());
   }
 }
 
@@ -244,42 +223,30 @@ TEST_F(NavigationTest, KeysOpenTheDialogsOfTheirCommands) {
   rig.key(left(), key::Back, {false, false, true});
 }
 
-TEST_F(NavigationTest, KeysWalkAndSelectWithoutTheMouse) {
-  const auto at = [&] { return left().path() + (form().View1Active() ? " left" : " right"); };
-  const auto press = [&](int code, controls::Modifiers modifiers = {}) { rig.key(left(), code, modifiers); };
-  constexpr controls::Modifiers Alt{false, false, true};
+TEST_F(NavigationTest, KeysSelectWithoutTheMouse) {
   rig.click(left(), "\\ one");
-  press(key::F3);
-  EXPECT_EQ(at(), "C:\\one\\ left");
-  press(key::Left, Alt);
-  EXPECT_EQ(at(), "C:\\ left");
-  press(key::Right, Alt);
-  EXPECT_EQ(at(), "C:\\one\\ left");
-  press(key::Back);
-  EXPECT_EQ(at(), "C:\\ left");
   rig.menu("IncludeFolder").choose();
-  press(key::Insert);
-  press(key::Insert);
-  EXPECT_EQ(left().list.selectedCount(), 2u);
-  press('A', {false, true, false});
-  EXPECT_EQ(left().list.selectedCount(), 3u);
-  press(key::Multiply, {true, false, false});
-  EXPECT_EQ(left().list.selectedCount(), 0u);
-  press(key::Tab);
-  EXPECT_EQ(at(), "C:\\ right");
+  const auto selectedBy = [&](int code, controls::Modifiers modifiers = {}) {
+    rig.key(left(), code, modifiers);
+    return left().list.selectedCount();
+  };
+  EXPECT_EQ(selectedBy(key::Insert), 1u);
+  EXPECT_EQ(selectedBy(key::Insert), 2u);
+  EXPECT_EQ(selectedBy('A', {false, true, false}), 3u);
+  EXPECT_EQ(selectedBy(key::Multiply, {true, false, false}), 0u);
+  rig.key(left(), key::Tab);
+  EXPECT_TRUE(form().View2Active());
 }
 
 TEST_F(NavigationTest, EscClearsTheViewUnlessAPictureIsOpen) {
   rig.click(left(), "\\ one");
   form().Text3.Visible = true;
-  form().Picture1.Visible = true;
-  rig.key(left(), key::Esc);
-  EXPECT_TRUE(form().Text3.Visible);
-  EXPECT_EQ(left().list.selectedCount(), 1u);
-  form().Picture1.Visible = false;
-  rig.key(left(), key::Esc);
-  EXPECT_FALSE(form().Text3.Visible);
-  EXPECT_EQ(left().list.selectedCount(), 0u);
+  for (const bool picture : {true, false}) {
+    form().Picture1.Visible = picture;
+    rig.key(left(), key::Esc);
+    EXPECT_EQ(form().Text3.Visible, picture);
+    EXPECT_EQ(left().list.selectedCount(), picture ? 1u : 0u);
+  }
 }
 
 TEST_F(NavigationTest, TheCommandLineShowsTheItemAndHidesByEsc) {
@@ -353,13 +320,10 @@ TEST_F(OpeningTest, AFileOpensByItsTypeAndIsNoted) {
 
 TEST_F(OpeningTest, AnUnknownTypeAndAFileThatIsGoneAreToldAndNothingRuns) {
   rig.write("C:\\a.no-such-type-7");
-  rig.write("C:\\b.no-such-type-7");
-  rig.menu("refrechview").choose();
-  std::filesystem::remove(rig.systemPath("C:\\b.no-such-type-7"));
   rig.loop.meets({test::told("File Extension NOT registrated !\rMake one from Controlpanel ,Tools, FolderOptions."),
                   test::told("File/Folder Path NOT Valid !")});
-  rig.doubleClick(left(), "a");
-  rig.doubleClick(left(), "b");
+  rig.app().opener.open("C:\\a.no-such-type-7");
+  rig.app().opener.open("C:\\b.no-such-type-7");
   EXPECT_TRUE(rig.app().histories.files.entries().empty());
 }
 
@@ -367,11 +331,11 @@ TEST_F(OpeningTest, AnOpenerThatFailsEndsInTheAlternateMethod) {
   registerType("xyz", "C:\\gone.exe %1");
   rig.write("C:\\a.xyz");
   const std::string explorer = rig.app().program.folders.windir + "explorer.exe";
-  ASSERT_TRUE(rig.platform->files.deleteFile(explorer, true));
+  ASSERT_TRUE(files().deleteFile(explorer, true));
   rig.loop.meets({test::noticed("Trying Alternate Opening Method ! ....."),
                   test::told("Cannot Find Explorer.exe, - Function Exits")});
   rig.app().opener.open("C:\\a.xyz");
-  EXPECT_EQ(*rig.platform->files.readFile(rig.programFolder() + "\\Temp.Url"),
+  EXPECT_EQ(*files().readFile(rig.programFolder() + "\\Temp.Url"),
             "[Default]\r\nBASEURL=file://C:\\a.xyz\r\n[InternetShortcut]\r\nURL=file:///C:\\a.xyz\r\n");
 }
 
@@ -436,10 +400,12 @@ TEST_F(NavigationTest, ADriveThatGoesAwayTakesItsPanelHome) {
 
 TEST_F(NavigationTest, ARefreshLeavesAFolderThatIsGone) {
   rig.makeFolder("C:\\one\\two\\three");
-  ASSERT_TRUE(rig.app().navigation.goTo(left(), "C:\\one\\two\\three"));
+  go("C:\\one\\two\\three");
   std::filesystem::remove_all(rig.systemPath("C:\\one\\two"));
   rig.command("refrechview_Click");
   EXPECT_EQ(left().path(), "C:\\one\\");
+  EXPECT_EQ(rig.loop.screen().MousePointer, controls::pointer::Default);
+  EXPECT_EQ(form().ProgressBar1.Value, 0.0);
 }
 
 }  // namespace

@@ -3,12 +3,10 @@
 namespace varnholt::app {
 namespace {
 
-using panels::Panel;
-using Names = std::vector<std::string>;
 namespace status = panels::status;
 constexpr controls::Modifiers Ctrl{false, true, false}, Shift{true, false, false};
 
-class SelectionTest : public testing::Test {
+class SelectionTest : public test::AppTest {
  protected:
   void SetUp() override {
     rig.makeFolder("C:\\Folder");
@@ -18,37 +16,25 @@ class SelectionTest : public testing::Test {
     rig.write("C:\\empty", "");
     rig.startLeft();
   }
-  panels::Form1& form() { return rig.form(); }
-  Panel& left() { return rig.form().Panel1; }
-  Panel& right() { return rig.form().Panel2; }
   Names collected() {
     Names paths;
     for (const core::Item& item : form().filecollect.items())
       paths.push_back(item.path);
     return paths;
   }
-  Names selected(Panel& panel) {
-    Names names;
-    for (const auto id : panel.list.selectedIds())
-      names.push_back(panel.fileName({panel.list, id}));
-    return names;
-  }
-  std::string statusPanel(int number) { return form().StatusBar1.panel(number); }
-
-  test::AppRig rig;
 };
 
 TEST_F(SelectionTest, AClickCollectsWhatIsSelectedAndSaysSo) {
   rig.click(left(), "a");
   rig.click(left(), "\\ Folder", Ctrl);
   EXPECT_EQ(collected(), (Names{"C:\\Folder", "a.txt"}));
-  EXPECT_EQ(statusPanel(status::SelectedCount), "2  Item(s) Selected");
-  EXPECT_EQ(statusPanel(status::Line), "Folder  [Normal]");
+  EXPECT_EQ(status(status::SelectedCount), "2  Item(s) Selected");
+  EXPECT_EQ(status(status::Line), "Folder  [Normal]");
   EXPECT_TRUE(left().list.item(rig.rowOf(left(), "a")).Ghosted());
   rig.click(left(), "empty");
   EXPECT_EQ(collected(), Names{"empty"});
   EXPECT_EQ(form().CurrentItem, "empty");
-  EXPECT_EQ(statusPanel(status::Line), "Archive");
+  EXPECT_EQ(status(status::Line), "Archive");
   EXPECT_FALSE(left().list.item(rig.rowOf(left(), "a")).Ghosted());
   rig.click(left(), "b");
   rig.click(left(), "\\ Folder", Shift);
@@ -56,17 +42,17 @@ TEST_F(SelectionTest, AClickCollectsWhatIsSelectedAndSaysSo) {
   rig.menu("Psi").choose();
   form().StatusBar1.setPanel(status::SelectedCount, "");
   rig.click(left(), "a");
-  EXPECT_EQ(statusPanel(status::SelectedCount), "");
+  EXPECT_EQ(status(status::SelectedCount), "");
 }
 
 TEST_F(SelectionTest, KeysSelectAsClicksDo) {
   rig.click(left(), "a");
   rig.key(left(), controls::key::Down, Shift);
-  EXPECT_EQ(statusPanel(status::SelectedCount), "2  Item(s) Selected");
+  EXPECT_EQ(status(status::SelectedCount), "2  Item(s) Selected");
   EXPECT_EQ(collected(), (Names{"a.txt", "b.txt"}));
   rig.key(left(), controls::key::Home);
-  EXPECT_EQ(statusPanel(status::SelectedCount), "1  Item(s) Selected");
-  EXPECT_EQ(statusPanel(status::Line), "Folder  [Normal]");
+  EXPECT_EQ(status(status::SelectedCount), "1  Item(s) Selected");
+  EXPECT_EQ(status(status::Line), "Folder  [Normal]");
   EXPECT_FALSE(form().Command2.Enabled || rig.menu("EditFile").Enabled) << "a folder is in hand";
   rig.key(left(), controls::key::Down);
   EXPECT_TRUE(form().Command2.Enabled && rig.menu("EditFile").Enabled);
@@ -103,61 +89,57 @@ TEST_F(SelectionTest, ALongNameIsCutBetweenItsCharactersInTheTreeWindow) {
 TEST_F(SelectionTest, SelectAllLeavesFoldersOutUnlessTheyAreIncluded) {
   rig.menu("selectall").choose();
   EXPECT_EQ(selected(left()), (Names{"a.txt", "b.txt", "empty"}));
-  EXPECT_EQ(statusPanel(status::SizeReport), "3 Item(s) ,  In 1,234 Bytes");
+  EXPECT_EQ(status(status::SizeReport), "3 Item(s) ,  In 1,234 Bytes");
   rig.menu("IncludeFolder").choose();
   rig.menu("selectall").choose();
   EXPECT_EQ(selected(left()), (Names{"Folder", "a.txt", "b.txt", "empty"}));
-  EXPECT_EQ(statusPanel(status::SizeReport), "4 Item(s) ,  In 6,234 Bytes");
+  EXPECT_EQ(status(status::SizeReport), "4 Item(s) ,  In 6,234 Bytes");
   EXPECT_EQ(collected().front(), "C:\\Folder");
   EXPECT_EQ(form().mode(), "SelectMode");
 }
 
 TEST_F(SelectionTest, InverseTurnsTheSelectionRound) {
+  const auto inverse = [&] {
+    rig.menu("Inversel").choose();
+    return selected(left());
+  };
   rig.click(left(), "a");
-  rig.menu("Inversel").choose();
-  EXPECT_EQ(selected(left()), (Names{"b.txt", "empty"}));
-  EXPECT_EQ(statusPanel(status::SizeReport), "2 Item(s) ,  In 234 Bytes");
-  rig.menu("Inversel").choose();
-  EXPECT_EQ(selected(left()), Names{"a.txt"});
+  EXPECT_EQ(inverse(), (Names{"b.txt", "empty"}));
+  EXPECT_EQ(status(status::SizeReport), "2 Item(s) ,  In 234 Bytes");
+  EXPECT_EQ(inverse(), Names{"a.txt"});
   rig.click(left(), "b", Ctrl);
-  rig.menu("Inversel").choose();
-  EXPECT_EQ(selected(left()), Names{"empty"});
-  EXPECT_EQ(statusPanel(status::SizeReport), "1 Item(s) ,  In 0 Bytes") << "a sum of zero is a number too";
+  EXPECT_EQ(inverse(), Names{"empty"});
+  EXPECT_EQ(status(status::SizeReport), "1 Item(s) ,  In 0 Bytes") << "a sum of zero is a number too";
   rig.click(left(), "a");
   rig.menu("IncludeFolder").choose();
-  rig.menu("Inversel").choose();
-  EXPECT_EQ(selected(left()), (Names{"Folder", "b.txt", "empty"}));
+  EXPECT_EQ(inverse(), (Names{"Folder", "b.txt", "empty"}));
 }
 
 TEST_F(SelectionTest, TheSizeOfTheSelectionIsToldOrThatThereIsNone) {
-  rig.loop.whenShows("Form13").reads("Caption", "Information").reads("Label1", " No Items selected. ! ").closes();
+  rig.loop.meets({test::noticed(" No Items selected. ! ")});
   rig.menu("Selsize").choose();
-  rig.click(left(), "\\ Folder");
-  rig.click(left(), "a", Ctrl);
+  clickAll({"\\ Folder", "a"});
   rig.menu("Selsize").choose();
-  EXPECT_EQ(statusPanel(status::Line), "Size of selected Item(s) :  6,000   Bytes");
+  EXPECT_EQ(status(status::Line), "Size of selected Item(s) :  6,000   Bytes");
 }
 
 TEST_F(SelectionTest, ReCallBringsBackNamesThatAreStillThere) {
   form().Command16.press();
-  EXPECT_EQ(statusPanel(status::SelectedCount), "0 Recall Items Selected !");
-  rig.click(left(), "a");
-  rig.click(left(), "\\ Folder", Ctrl);
+  EXPECT_EQ(status(status::SelectedCount), "0 Recall Items Selected !");
+  clickAll({"a", "\\ Folder"});
   rig.click(left(), "empty");
   std::filesystem::remove(rig.systemPath("C:\\empty"));
   rig.app().listing.View1ClearItems();
-  EXPECT_EQ(left().list.selectedCount(), 0u);
   form().Command16.press();
   EXPECT_EQ(selected(left()), (Names{"Folder", "a.txt"}));
   EXPECT_EQ(collected(), (Names{"C:\\Folder", "a.txt"}));
-  EXPECT_EQ(statusPanel(status::SelectedCount), "2  Item(s) Selected");
+  EXPECT_EQ(status(status::SelectedCount), "2  Item(s) Selected");
   EXPECT_EQ(form().mode(), "RecallMode");
 }
 
 TEST_F(SelectionTest, TheLastSetAloneComesBackToo) {
-  rig.click(left(), "a");
-  rig.click(left(), "b");
-  rig.click(left(), "empty", Ctrl);
+  clickAll({"a"});
+  clickAll({"b", "empty"});
   rig.key(left(), controls::key::Up);
   rig.app().listing.View1ClearItems();
   rig.menu("Recallprevius").choose();
@@ -184,7 +166,7 @@ TEST_F(SelectionTest, AFullRecallDropsTheOldestAndSaysSo) {
   rig.key(left(), controls::key::End, Shift);
   EXPECT_EQ(form().panelRecall(panels::Side::Left).names().size(), 2000u);
   EXPECT_EQ(form().panelRecall(panels::Side::Left).names().front(), "10001");
-  EXPECT_EQ(statusPanel(status::Line),
+  EXPECT_EQ(status(status::Line),
             "Recall Bufffer Full ! - Auto Pop out in progress, (Apply Reset to increase speed !)");
 }
 
@@ -245,16 +227,14 @@ TEST_F(SelectionTest, SourceAndTargetFollowTheActivePanel) {
 }
 
 TEST_F(SelectionTest, ADropOnAButtonWithNothingSelectedSaysSo) {
-  controls::DropEvent drop{{"C:\\a.txt"}, {}, &form().ListView1, false};
+  controls::DropEvent drop{{"C:\\a.txt"}, {}, &form().ListView1, false}, own = drop, noFile{{}, {}, nullptr, false};
   rig.loop.meets({test::noticed(" No Items selected. ! ")});
   form().Command4.OLEDragDrop(drop);
   EXPECT_TRUE(drop.accepted);
-  controls::DropEvent noFile{{}, {}, nullptr, false};
-  form().ListView1.OLEDragDrop(noFile);
-  EXPECT_FALSE(noFile.accepted);
-  controls::DropEvent own{{"C:\\a.txt"}, {}, &form().ListView1, false};
-  form().ListView1.OLEDragDrop(own);
-  EXPECT_FALSE(own.accepted) << "a panel takes nothing from itself";
+  for (controls::DropEvent* refused : {&noFile, &own}) {
+    form().ListView1.OLEDragDrop(*refused);
+    EXPECT_FALSE(refused->accepted) << "a panel takes nothing from itself";
+  }
 }
 
 }  // namespace

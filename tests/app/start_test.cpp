@@ -4,44 +4,39 @@
 #include "core/diagnostic_log.hpp"
 #include "core/program_files.hpp"
 
-#include <filesystem>
-#include <gtest/gtest.h>
-
 namespace varnholt::app {
 namespace {
 
 using controls::MessageAnswer;
 using test::AppRig;
-using Names = std::vector<std::string>;
 using test::ScopedVariable;
 
-class StartTest : public testing::Test {
+class StartTest : public test::AppTest {
  protected:
   std::string setting(const core::SettingKey& key) { return core::Settings(rig.platform->settings).get(key); }
   std::string programFile(std::string_view literal) { return rig.programFolder() + std::string(literal); }
-  std::string readProgramFile(std::string_view literal) {
-    return rig.platform->files.readFile(programFile(literal)).valueOr("");
+  std::string readProgramFile(std::string_view literal) { return files().readFile(programFile(literal)).valueOr(""); }
+  void closeWindow() { form().closeFromUser(); }
+  void splashGoes() {
+    rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
   }
-  void closeWindow() { rig.form().closeFromUser(); }
-
-  AppRig rig;
 };
 
 TEST_F(StartTest, AFirstStartHasEveryDefault) {
   rig.write("C:\\letter.txt");
-  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  splashGoes();
   ASSERT_TRUE(rig.app().Main());
   rig.loop.whenShows("frmTip").reads("Caption", "Varnholt StartUp Tip !").press("cmdOK");
-  rig.form().Activate();
-  rig.form().Activate();
+  form().Activate();
+  form().Activate();
 
-  EXPECT_EQ(rig.form().Panel1.path(), "C:\\");
-  EXPECT_EQ(rig.form().Text2.Text.get(), "C:\\");
-  EXPECT_EQ(rig.names(rig.form().Panel1), std::vector<std::string>{"letter|txt"});
-  EXPECT_EQ(rig.form().StatusBar1.panel(panels::status::ActiveView), "View2Active");
-  EXPECT_EQ(rig.form().mode(), "SelectMode");
-  EXPECT_EQ(rig.form().StatusBar1.panel(panels::status::Time), "Time: 14:05:07");
-  EXPECT_EQ(rig.form().StatusBar1.panel(panels::status::Date), "Date: 09-03-2007");
+  EXPECT_EQ(left().path(), "C:\\");
+  EXPECT_EQ(form().Text2.Text.get(), "C:\\");
+  EXPECT_EQ(rig.names(left()), std::vector<std::string>{"letter|txt"});
+  EXPECT_EQ(form().StatusBar1.panel(panels::status::ActiveView), "View2Active");
+  EXPECT_EQ(form().mode(), "SelectMode");
+  EXPECT_EQ(form().StatusBar1.panel(panels::status::Time), "Time: 14:05:07");
+  EXPECT_EQ(form().StatusBar1.panel(panels::status::Date), "Date: 09-03-2007");
   for (const char* on : {"PreFolder", "DateTime24", "DateModi", "AutoSaveHis", "TipStart", "Viewall", "BlueBlack"})
     EXPECT_TRUE(rig.menu(on).Checked) << on;
   for (const char* off : {"RLC", "HidSysfiles", "DateTime12", "LockOnLast", "IncludeFolder", "ValCopyMove", "GridLines",
@@ -49,21 +44,21 @@ TEST_F(StartTest, AFirstStartHasEveryDefault) {
     EXPECT_FALSE(rig.menu(off).Checked) << off;
   EXPECT_FALSE(rig.menu("LockOnLast").Enabled);
   EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*) - Excl. Hidden and System Files.");
-  EXPECT_EQ(rig.form().ImageCombo1.Text.get(), "C:\\");
+  EXPECT_EQ(form().ImageCombo1.Text.get(), "C:\\");
   for (const auto folder : {core::program_file::VDT_Projects, core::program_file::Favorites, core::program_file::Tmp})
-    EXPECT_TRUE(rig.platform->files.folderExists(programFile(folder))) << folder;
+    EXPECT_TRUE(files().folderExists(programFile(folder))) << folder;
 }
 
 TEST_F(StartTest, ADamagedSettingsFileIsSetAsideAndTold) {
   ASSERT_TRUE(rig.start());
   closeWindow();
   const std::string file = programFile("\\settings.db");
-  ASSERT_TRUE(rig.platform->files.writeFile(file, "this is no database at all, but it is long enough to look at"));
+  ASSERT_TRUE(files().writeFile(file, "this is no database at all, but it is long enough to look at"));
   rig.restart();
   rig.loop.whenShows("Form12").press("Command11");
-  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  splashGoes();
   EXPECT_TRUE(rig.app().Main());
-  EXPECT_TRUE(rig.platform->files.fileExists(file + ".damaged-1"));
+  EXPECT_TRUE(files().fileExists(file + ".damaged-1"));
 }
 
 TEST_F(StartTest, ANarrowScreenIsAWarningAndNoMore) {
@@ -72,25 +67,24 @@ TEST_F(StartTest, ANarrowScreenIsAWarningAndNoMore) {
       .reads("Caption", "Alert")
       .reads("Label1", "Monitor Width to Small !")
       .run([&](controls::Form&) {
-        EXPECT_TRUE(rig.form().Timer2.Enabled);
-        EXPECT_EQ(rig.form().Timer2.Interval, 2000);
-        rig.form().Timer2.Tick();
+        EXPECT_TRUE(form().Timer2.Enabled);
+        EXPECT_EQ(form().Timer2.Interval, 2000);
+        form().Timer2.Tick();
       });
   EXPECT_TRUE(rig.start());
-  EXPECT_FALSE(rig.form().Timer2.Enabled);
-  EXPECT_TRUE(rig.form().Visible);
+  EXPECT_FALSE(form().Timer2.Enabled);
+  EXPECT_TRUE(form().Visible);
 }
 
-TEST_F(StartTest, AWindowsFolderThatIsNotThereEndsTheProgram) {
-  const ScopedVariable windir("windir", "C:\\gone");
-  rig.restart();
-  rig.loop.whenBox("Alert !", MessageAnswer::Ok,
-                   "Windows Folder NOT Found or NOT Valid !, - make/set [windir=windows folder] Entvirontvariable !");
-  EXPECT_FALSE(rig.app().Main());
-  EXPECT_FALSE(rig.form().Visible);
-}
-
-TEST_F(StartTest, AShortWindirFallsBackOnTheSystemsFolder) {
+TEST_F(StartTest, AWindowsFolderThatIsNotThereEndsTheProgramAndAShortNameOfOneDoesNot) {
+  {
+    const ScopedVariable windir("windir", "C:\\gone");
+    rig.restart();
+    rig.loop.whenBox("Alert !", MessageAnswer::Ok,
+                     "Windows Folder NOT Found or NOT Valid !, - make/set [windir=windows folder] Entvirontvariable !");
+    EXPECT_FALSE(rig.app().Main());
+    EXPECT_FALSE(form().Visible);
+  }
   const ScopedVariable windir("windir", "C:\\");
   rig.restart();
   EXPECT_TRUE(rig.start());
@@ -100,7 +94,7 @@ TEST_F(StartTest, AShortWindirFallsBackOnTheSystemsFolder) {
 TEST_F(StartTest, OtherVariablesThatNameNoFolderAreToldOnly) {
   const ScopedVariable temporary("tmp", "C:\\no tmp"), root("SystemRoot", "C:\\no root"), programs("ProgramFiles", "");
   rig.restart();
-  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  splashGoes();
   rig.loop.whenBox("Alert !", MessageAnswer::Ok,
                    "%SystemRoot% Folder Not Found !, - make/set [SystemRoot= windows folder] Entvirontvariable");
   rig.loop.whenBox("Alert !", MessageAnswer::Ok,
@@ -114,16 +108,16 @@ TEST_F(StartTest, OtherVariablesThatNameNoFolderAreToldOnly) {
 TEST_F(StartTest, WithoutItsDriveBothPanelsStartOnTheFirstThatThereIs) {
   rig.write("D:\\photo.jpg");
   rig.drives->away = {'C'};
-  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+  splashGoes();
   rig.loop.whenShows("Form12")
       .reads("Label1", "Drive C: Not Found !\rBoth Views Start On Drive D:\r")
       .press("Command11");
   ASSERT_TRUE(rig.app().Main());
-  for (const panels::Panel* panel : {&rig.form().Panel1, &rig.form().Panel2}) {
+  for (const panels::Panel* panel : {&left(), &right()}) {
     EXPECT_EQ(rig.names(*panel), std::vector<std::string>{"photo|jpg"});
     EXPECT_EQ(panel->controls.Drive.Text.get(), "D:");
   }
-  EXPECT_EQ(rig.form().InitFolder, "D:\\");
+  EXPECT_EQ(form().InitFolder, "D:\\");
 }
 
 TEST_F(StartTest, TheLogIsWrittenOnceAndNeverAgain) {
@@ -136,7 +130,7 @@ TEST_F(StartTest, TheLogIsWrittenOnceAndNeverAgain) {
             std::string::npos);
   EXPECT_NE(log.find("[FreeSpace]     ~ "), std::string::npos);
   EXPECT_TRUE(log.ends_with(" MB Free\r\n")) << log;
-  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::Log), "mine"));
+  ASSERT_TRUE(files().writeFile(programFile(core::program_file::Log), "mine"));
   rig.restart();
   ASSERT_TRUE(rig.start());
   EXPECT_EQ(readProgramFile(core::program_file::Log), "mine");
@@ -144,20 +138,21 @@ TEST_F(StartTest, TheLogIsWrittenOnceAndNeverAgain) {
 
 TEST_F(StartTest, TheTipShowsAtEachStartUntilItsBoxIsChecked) {
   for (const bool checkBox : {false, true}) {
-    rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
+    splashGoes();
     rig.loop.whenShows("frmTip")
         .run([&](controls::Form& form) {
           if (checkBox) dynamic_cast<controls::CheckBox&>(*form.control("LoadTip")).toggleFromUser();
         })
         .press("cmdOK");
     ASSERT_TRUE(rig.app().Main());
-    rig.form().Activate();
+    form().Activate();
     EXPECT_EQ(rig.menu("TipStart").Checked, !checkBox);
     closeWindow();
     rig.restart();
   }
   EXPECT_EQ(setting(core::setting::Tip_State), "1");
   EXPECT_TRUE(rig.start(true));
+  EXPECT_FALSE(rig.menu("TipStart").Checked);
 }
 
 TEST_F(StartTest, WhatTheUserChoseIsThereAtTheNextStart) {
@@ -167,12 +162,12 @@ TEST_F(StartTest, WhatTheUserChoseIsThereAtTheNextStart) {
     rig.menu(entry).choose();
   EXPECT_TRUE(rig.menu("ColorMenu").Enabled) << "as soon as lines are shifted";
   rig.menu("LockOnLast").choose();
-  rig.form().Panel1.list.widthFromUser(0, 1234);
+  left().list.widthFromUser(0, 1234);
   rig.menu("SavColumnH").choose();
   rig.menu("Auto_Save").choose();
-  rig.form().Left = 300;
-  rig.form().Width = 9000.5;
-  rig.form().WindowState = controls::WindowState::Maximized;
+  form().Left = 300;
+  form().Width = 9000.5;
+  form().WindowState = controls::WindowState::Maximized;
   rig.app().Form9.Top = 450;
   closeWindow();
   EXPECT_TRUE(rig.loop.quitAsked);
@@ -184,13 +179,13 @@ TEST_F(StartTest, WhatTheUserChoseIsThereAtTheNextStart) {
     EXPECT_TRUE(rig.menu(on).Checked) << on;
   EXPECT_FALSE(rig.menu("BlueBlack").Checked);
   EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*)");
-  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[3].Text, "Date Created:");
-  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[0].Width, 1234);
-  EXPECT_TRUE(rig.form().ListView1.GridLines);
-  EXPECT_TRUE(rig.form().ListView1.Picture->ends_with("\\line34db.jpg"));
-  EXPECT_EQ(rig.form().Left, 300.0);
-  EXPECT_EQ(rig.form().Width, 9000.5);
-  EXPECT_TRUE(rig.form().WindowState == controls::WindowState::Maximized);
+  EXPECT_EQ(form().ListView1.ColumnHeaders.get()[3].Text, "Date Created:");
+  EXPECT_EQ(form().ListView1.ColumnHeaders.get()[0].Width, 1234);
+  EXPECT_TRUE(form().ListView1.GridLines);
+  EXPECT_TRUE(form().ListView1.Picture->ends_with("\\line34db.jpg"));
+  EXPECT_EQ(form().Left, 300.0);
+  EXPECT_EQ(form().Width, 9000.5);
+  EXPECT_TRUE(form().WindowState == controls::WindowState::Maximized);
   EXPECT_EQ(rig.app().Form9.Top, 450.0);
   EXPECT_EQ(setting(core::setting::MainViewState), "3");
   EXPECT_EQ(setting(core::setting::view1path), "C:\\");
@@ -204,21 +199,21 @@ TEST_F(StartTest, ABadStoredNumberCostsOnlyItsOwnValue) {
   settings.save(core::setting::W1Col1, "900");
   settings.save(core::setting::W1Col2, "wide");
   ASSERT_TRUE(rig.start());
-  EXPECT_EQ(rig.form().Left, 0.0);
-  EXPECT_EQ(rig.form().Top, 345.5);
+  EXPECT_EQ(form().Left, 0.0);
+  EXPECT_EQ(form().Top, 345.5);
   EXPECT_EQ(rig.app().program.init.Skintype, "0");
-  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[0].Width, 900);
-  EXPECT_EQ(rig.form().ListView1.ColumnHeaders.get()[1].Width, panels::panelColumns()[1].Width);
+  EXPECT_EQ(form().ListView1.ColumnHeaders.get()[0].Width, 900);
+  EXPECT_EQ(form().ListView1.ColumnHeaders.get()[1].Width, panels::panelColumns()[1].Width);
 }
 
 TEST_F(StartTest, HistoriesComeBackWithoutWhatIsGone) {
   rig.makeFolder("C:\\here");
-  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::DirHis),
-                                            "C:\\here\r\nC:\\vanished\\\n\r\nc:\\HERE\\\r\n\xFF\x00 garbage\r\n"));
-  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\nC:\\b.txt"));
+  ASSERT_TRUE(files().writeFile(programFile(core::program_file::DirHis),
+                                "C:\\here\r\nC:\\vanished\\\n\r\nc:\\HERE\\\r\n\xFF\x00 garbage\r\n"));
+  ASSERT_TRUE(files().writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\nC:\\b.txt"));
   ASSERT_TRUE(rig.start());
   EXPECT_EQ(rig.app().histories.folders.entries(), std::vector<std::string>{"C:\\here\\"});
-  EXPECT_EQ(rig.form().ImageCombo1.Items->size(), 1u);
+  EXPECT_EQ(form().ImageCombo1.Items->size(), 1u);
   EXPECT_EQ(rig.app().histories.files.entries(), (std::vector<std::string>{"C:\\a.txt", "C:\\b.txt"}));
 
   closeWindow();
@@ -229,7 +224,7 @@ TEST_F(StartTest, HistoriesComeBackWithoutWhatIsGone) {
 
 TEST_F(StartTest, TwoRunningCopiesLoseNoneOfEachOthersHistory) {
   const auto write = [&](std::string_view literal, const std::string& text) {
-    ASSERT_TRUE(rig.platform->files.writeFile(programFile(literal), text));
+    ASSERT_TRUE(files().writeFile(programFile(literal), text));
   };
   write(core::program_file::FileHis, "C:\\old.txt\r\nC:\\taken out.txt\r\n");
   write(core::program_file::GetFolders, "C:\\\r\nD:\\was\\\r\n");
@@ -252,11 +247,11 @@ TEST_F(StartTest, FoldersOfTheCommandLineAreShownLeftAndRight) {
   rig.makeFolder("D:\\Old");
   rig.startLeft();
   rig.app().openFolders({rig.systemPath("C:\\Photos\\coast.jpg"), "D:\\old"});
-  EXPECT_EQ(rig.form().Panel1.path(), "C:\\Photos\\");
-  EXPECT_EQ(rig.form().Panel2.path(), "D:\\Old\\");
+  EXPECT_EQ(left().path(), "C:\\Photos\\");
+  EXPECT_EQ(right().path(), "D:\\Old\\");
   rig.loop.whenShows("Form12").reads("Label1", "Folder Not Found !\rC:\\gone\r").press("Command11");
   rig.app().openFolders({rig.systemPath("C:\\gone")});
-  EXPECT_EQ(rig.form().Panel1.path(), "C:\\Photos\\");
+  EXPECT_EQ(left().path(), "C:\\Photos\\");
 }
 
 TEST(Arguments, AreAnsweredWithoutAWindowOrNameFolders) {
@@ -284,7 +279,7 @@ TEST(Arguments, AreAnsweredWithoutAWindowOrNameFolders) {
 }
 
 TEST_F(StartTest, WithoutAutoSaveTheHistoriesStayAsTheyAre) {
-  ASSERT_TRUE(rig.platform->files.writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\n"));
+  ASSERT_TRUE(files().writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\n"));
   ASSERT_TRUE(rig.start());
   rig.app().histories.files.add("C:\\new.txt");
   rig.menu("AutoSaveHis").choose();
@@ -294,71 +289,53 @@ TEST_F(StartTest, WithoutAutoSaveTheHistoriesStayAsTheyAre) {
 }
 
 TEST_F(StartTest, MissingLineImagesAreToldAndLeaveTheGrid) {
-  ASSERT_TRUE(rig.platform->files.deleteFile(programFile(core::program_file::Line34dg), true));
+  ASSERT_TRUE(files().deleteFile(programFile(core::program_file::Line34dg), true));
   core::Settings(rig.platform->settings).save(core::setting::MainViewState, "3");
-  core::Settings(rig.platform->settings).save(core::setting::Tip_State, "1");
-  rig.loop.whenShows("frmSplash").run([](controls::Form& form) { form.UnloadForm(); });
-  rig.loop.whenShows("Form13")
-      .reads("Label1", "\rImage File Line34*.Jpg missing In App. Folder !")
-      .run([](controls::Form& form) { form.control("Label1")->Click(); });
+  splashGoes();
+  rig.loop.meets({test::noticed("\rImage File Line34*.Jpg missing In App. Folder !")});
   ASSERT_TRUE(rig.app().Main());
   EXPECT_TRUE(rig.menu("GridLines").Checked);
   EXPECT_FALSE(rig.menu("ShiftColors").Checked);
-  rig.loop.whenShows("Form12").reads("Label1", "Image File Line34*.Jpg missing In App. Folder !\r").press("Command11");
+  rig.loop.meets({test::told("Image File Line34*.Jpg missing In App. Folder !")});
   rig.menu("ShiftColors").choose();
   EXPECT_FALSE(rig.menu("ShiftColors").Checked);
 }
 
 TEST_F(StartTest, ResettingToDefaultsAsksFirst) {
-  core::Settings settings(rig.platform->settings);
-  settings.save(core::setting::Hight, 6000.0);
-  settings.save(core::setting::W1Col1, 700.0);
+  core::Settings(rig.platform->settings).save(core::setting::Hight, 6000.0);
   ASSERT_TRUE(rig.start());
   const std::string text = "Varnholt Resets To Default Positions/Size !\rProgram Shut Down... !";
-  rig.loop.whenBox("Alert !", MessageAnswer::Cancel, text);
-  rig.menu("ReturnDefault").choose();
-  EXPECT_FALSE(rig.loop.quitAsked);
-  EXPECT_EQ(setting(core::setting::Hight), "6000");
-  rig.loop.whenBox("Alert !", MessageAnswer::Ok, text);
-  rig.menu("ReturnDefault").choose();
-  EXPECT_TRUE(rig.loop.quitAsked);
-  EXPECT_EQ(setting(core::setting::Hight), "");
-  EXPECT_EQ(setting(core::setting::W1Col1), "");
+  for (const auto answer : {MessageAnswer::Cancel, MessageAnswer::Ok}) {
+    rig.loop.whenBox("Alert !", answer, text);
+    rig.menu("ReturnDefault").choose();
+    EXPECT_EQ(rig.loop.quitAsked, answer == MessageAnswer::Ok);
+    EXPECT_EQ(setting(core::setting::Hight), answer == MessageAnswer::Ok ? "" : "6000");
+  }
 }
 
 TEST_F(StartTest, UninstallingNeedsTwoConfirmations) {
   ASSERT_TRUE(rig.start());
-  const std::string first =
+  const test::Answer first = test::yes(
       "Warning: Are you About to Prepare for Uninstall. !\rAll Program related settings/data will be deleted !\r"
-      "Program will shut down afterwards !\rARE YOU SURE ?";
-  rig.loop.whenShows("Form11").reads("Label1", first).press("Command11");
-  rig.loop.whenShows("Form11").closes();
+      "Program will shut down afterwards !\rARE YOU SURE ?");
+  rig.loop.meets({first, {"Form11", ""}});
   rig.menu("Peruninstall").choose();
   EXPECT_FALSE(rig.loop.quitAsked);
-  EXPECT_TRUE(rig.platform->files.folderExists(programFile(core::program_file::Notes)));
+  EXPECT_TRUE(files().folderExists(programFile(core::program_file::Notes)));
 
-  rig.loop.whenShows("Form11").press("Command11");
-  rig.loop.whenShows("Form11")
-      .reads("Label1", "All Personal program data are Lost !\rUninstall program from windows control panel "
-                       "afterwards.\rARE YOU QUIT SURE ?")
-      .press("Command11");
-  rig.loop.whenShows("Form12")
-      .run([](controls::Form& form) {
-        EXPECT_TRUE(dynamic_cast<core::Form12&>(form).Label1.Caption->ends_with("\\Collections\\mine.txt\r"));
-      })
-      .press("Command11");
-  rig.loop.whenShows("Form13")
-      .reads("Caption", "Information")
-      .reads("Label1", "System Cleaned before Uninstall !")
-      .run([&](controls::Form&) { rig.form().Timer2.Tick(); });
   const std::string mine = programFile(core::program_file::Collections) + "\\mine.txt";
-  ASSERT_TRUE(rig.platform->files.writeFile(mine, "mine"));
+  ASSERT_TRUE(files().writeFile(mine, "mine"));
+  rig.loop.meets({first, test::yes("All Personal program data are Lost !\rUninstall program from windows control panel "
+                                   "afterwards.\rARE YOU QUIT SURE ?")});
+  rig.loop.whenShows("Form12")
+      .run([&](controls::Form&) { EXPECT_NE(rig.app().dialogs.Form12.Label1.Caption->find(mine), std::string::npos); })
+      .press("Command11");
+  rig.loop.meets({test::noticed("System Cleaned before Uninstall !")});
   rig.menu("Peruninstall").choose();
   EXPECT_TRUE(rig.loop.quitAsked);
-  EXPECT_TRUE(rig.platform->files.fileExists(mine));
-  EXPECT_FALSE(rig.platform->files.folderExists(programFile(core::program_file::Notes)));
-  EXPECT_FALSE(rig.platform->files.fileExists(programFile(core::program_file::Log)));
-  EXPECT_TRUE(rig.platform->files.fileExists(programFile(core::program_file::Line34)));
+  EXPECT_TRUE(files().fileExists(mine) && files().fileExists(programFile(core::program_file::Line34)));
+  EXPECT_FALSE(files().folderExists(programFile(core::program_file::Notes)));
+  EXPECT_FALSE(files().fileExists(programFile(core::program_file::Log)));
   EXPECT_EQ(setting(core::setting::Tip_State), "0") << "the store is empty again";
 }
 
@@ -402,7 +379,7 @@ TEST_F(StartTest, LeavingCleansOnlyTheProgramsOwnTemporaryFiles) {
   rig.write("C:\\tmp folder\\other.tmp");
   rig.makeFolder("C:\\tmp folder\\vnhfolder");
   ASSERT_TRUE(rig.start());
-  rig.form().Command10.press();
+  form().Command10.press();
   EXPECT_FALSE(rig.exists("C:\\tmp folder\\vnh0001.tmp"));
   EXPECT_TRUE(rig.exists("C:\\tmp folder\\other.tmp"));
   EXPECT_TRUE(rig.exists("C:\\tmp folder\\vnhfolder"));

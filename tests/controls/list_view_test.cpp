@@ -48,17 +48,6 @@ TEST_F(ListViewTest, SortsOthersBeforeDigitsBeforeLettersWhateverTheirCase) {
   EXPECT_EQ(order(), "Zeta \xC3\xA9t\xC3\xA9 eta beta Alpha 9 10 _x \\ folder -a");
 }
 
-TEST_F(ListViewTest, KeepsTheOrderOfEqualTextsInBothDirections) {
-  for (const char* second : {"1", "2", "3"}) {
-    auto item = list.add("same");
-    item.setSubItem(1, second);
-  }
-  const auto seconds = [&] { return list.cell(0, 1) + list.cell(1, 1) + list.cell(2, 1); };
-  EXPECT_EQ(seconds(), "123");
-  list.setSortOrder(SortOrder::Descending);
-  EXPECT_EQ(seconds(), "123");
-}
-
 TEST_F(ListViewTest, SortsLongListsOnTwoThreadsAsShortOnes) {
   std::vector<std::string> texts;
   for (int number = 0; number < 30'000; ++number)
@@ -147,14 +136,6 @@ TEST_F(ListViewTest, InsertMarksAndStepsDown) {
     EXPECT_EQ(selected(), marked);
   }
   EXPECT_EQ(list.focusedRow(), 2u) << "the last row stays";
-}
-
-TEST_F(ListViewTest, AHandlerCanTakeAKeyForItself) {
-  fill({"a", "b"});
-  list.focusRow(0);
-  list.KeyDown = [](KeyEvent& event) { event.handled = true; };
-  key(key::Down);
-  EXPECT_EQ(list.focusedRow(), 0u);
 }
 
 TEST_F(ListViewTest, TypedLettersFindNamesRoundTheEnd) {

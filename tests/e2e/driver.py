@@ -63,13 +63,11 @@ class Program:
         os.symlink(os.path.realpath(assets), self.place + "/program/assets")
         self.process = None
 
-    def file(self, name, size=100, date=None):
+    def file(self, name, size=100):
         path = os.path.join(self.home, name)
         os.makedirs(os.path.dirname(path), exist_ok=True)
         with open(path, "wb") as out:
             out.write(b"x" * size)
-        if date:
-            os.utime(path, (date, date))
 
     def kept(self, name):
         """Lines of a file that the program keeps."""
@@ -250,9 +248,8 @@ class Program:
     def click(node):
         """A mouse click in the middle of a control. What opens a dialog is clicked: a press through the accessibility
         tree would wait until the dialog has gone."""
-        box = node.get_extents(Atspi.CoordType.SCREEN)
-        subprocess.run(["xdotool", "mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2), "click", "1"],
-                       check=True)
+        left, top, width, height = Program.extents(node)
+        subprocess.run(["xdotool", "mousemove", str(left + width // 2), str(top + height // 2), "click", "1"], check=True)
 
     def drag_row(self, number, text, to):
         """Drags a row, held down on the way as a hand does, onto a control of this or another program."""

@@ -131,16 +131,6 @@ TEST_F(DeleteTest, WhatCannotBeDeletedIsAskedAbout) {
   EXPECT_EQ(rig.names(left()), Names{"five|"});
 }
 
-TEST_F(DeleteTest, StopLeavesTheRest) {
-  write({"From\\a", "From\\b", "From\\c"});
-  int turns = 0;
-  rig.loop.onTurn = [&] {
-    if (++turns == 2) ops().Form4.Command1.press();
-  };
-  remove({"a", "b", "c"}, {told("Delete Process Aborted. !")});
-  EXPECT_EQ(rig.names(left()), (Names{"a|", "b|"}));
-}
-
 TEST_F(DeleteTest, APanelInADeletedFolderIsLeftOnOneThatExists) {
   write({"From\\Sub\\file"});
   remove({"\\ Sub"}, {asksFolder("C:\\From\\Sub", "Command11")}, {.to = "C:\\From\\Sub"});

@@ -9,7 +9,7 @@ namespace {
 
 class LeftOutTest : public OperationTest {
  protected:
-  std::string list() { return rig.read(rig.programFolder() + "\\LeftOut.txt"); }
+  std::string list() { return files().readFile(rig.programFolder() + "\\LeftOut.txt").valueOr(""); }
   std::string wholeList() { return "\r\rThe whole list :  " + rig.programFolder() + "\\LeftOut.txt"; }
 };
 

@@ -59,25 +59,6 @@ TEST_F(MoveTest, AFolderStaysOnItsVolumeUnderOneLetterToo) {
   EXPECT_EQ(rig.names(right()), Names{"y|"});
 }
 
-TEST_F(MoveTest, StopLeavesTheItemInHandAlone) {
-  write({"From\\a", "From\\b", "From\\c"});
-  int turns = 0;
-  rig.loop.onTurn = [&] {
-    if (++turns == 2) ops().Form5.Command1.press();
-  };
-  move({"a", "b", "c"}, {told("Move Process Aborted. !")});
-  EXPECT_EQ(rig.names(left()), (Names{"a|", "b|"}));
-  EXPECT_EQ(rig.names(right()), Names{"c|"});
-}
-
-TEST_F(MoveTest, AnItemThatDoesNotArriveIsAskedAbout) {
-  write({"From\\a", "From\\b"});
-  select({"a", "b"});
-  ASSERT_TRUE(files().deleteFile("C:\\From\\b", true));
-  start("Command3_Click", {{"Form5"}}, {no()});
-  EXPECT_TRUE(rig.exists("C:\\From\\a"));
-}
-
 TEST_F(MoveTest, AVanishedDriveIsRefusedInFrontOfTheDialog) {
   write({"From\\a"});
   rig.makeFolder("D:\\To");

@@ -14,9 +14,8 @@ struct Places {
 };
 
 /// Both panels on folders of their own, the left one active: "C:\From\" and "C:\To\".
-class OperationTest : public testing::Test {
+class OperationTest : public test::AppTest {
  protected:
-  using Names = std::vector<std::string>;
   using Answers = std::vector<test::Answer>;
 
   void SetUp() override {
@@ -31,12 +30,8 @@ class OperationTest : public testing::Test {
   }
   /// Lists the folders anew and selects these rows of the left panel, in this order.
   void select(const Names& rows, const Places& places = {}) {
-    ASSERT_TRUE(rig.app().navigation.goTo(left(), places.from));
-    ASSERT_TRUE(rig.app().navigation.goTo(right(), places.to));
-    left().list.SetFocus();
-    bool first = true;
-    for (const std::string& row : rows)
-      rig.click(left(), row, std::exchange(first, false) ? controls::Modifiers{} : controls::Modifiers{false, true});
+    show(places.from, places.to);
+    clickAll(rows);
   }
   /// Selects these rows, starts the operation in its dialog, and meets these dialogs.
   void copy(const Names& rows, const Answers& answers = {}, const Places& places = {}) {
@@ -70,26 +65,15 @@ class OperationTest : public testing::Test {
   /// Puts a file system of that kind between the program and the disk, and starts the program.
   template <class Files>
   Files& use() {
-    Files* files = nullptr;
-    rig.useFiles([&](platform::FileSystem& real) {
-      auto made = std::make_unique<Files>(real);
-      files = made.get();
-      return made;
-    });
+    Files& files = rig.use<Files>();
     OperationTest::SetUp();
-    return *files;
+    return files;
   }
 
-  panels::Form1& form() { return rig.form(); }
-  panels::Panel& left() { return rig.form().Panel1; }
-  panels::Panel& right() { return rig.form().Panel2; }
   FileOps& ops() { return rig.app().fileops; }
-  platform::FileSystem& files() { return rig.platform->files; }
   void protect(const std::string& path, platform::Attributes attributes = platform::attribute::ReadOnly) {
-    ASSERT_TRUE(files().setAttributes(path, attributes));
+    setAttributes(path, attributes);
   }
-
-  test::AppRig rig;
 };
 
 }  // namespace varnholt::fileops

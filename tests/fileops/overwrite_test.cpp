@@ -7,17 +7,6 @@ namespace {
 
 using platform::Date;
 
-TEST(NotNewer, TwoSecondsAreNoDifference) {
-  struct Case {
-    Date first, second;
-    bool notNewer;
-  };
-  for (const Case& each :
-       {Case{{100, 0}, {102, 0}, true}, Case{{100, 0}, {103, 0}, false}, Case{{100, 0}, {100, 0}, true},
-        Case{{500, 0}, {100, 0}, true}, Case{{100, 999'999'999}, {102, 999'999'999}, true}})
-    EXPECT_EQ(NotNewer(each.first, each.second), each.notNewer) << each.second.seconds;
-}
-
 class OverwriteTest : public OperationTest {
  protected:
   void pairs(const Names& names, int sourceYear = 2010) {

@@ -82,15 +82,6 @@ TEST_F(SpaceTest, WhatIsSelectedMustFit) {
   copies({asksRoom(""), told("Cannot Validate DiskSpace !")}, true);
 }
 
-TEST_F(SpaceTest, TheSizeOfTheSelectionIsToldInTheDialog) {
-  select({"a", "\\ Sub"});
-  rig.loop.whenShows("Form3")
-      .press("Command3")
-      .reads("Label4", "Size of selected Item(s) :  4,000   Bytes")
-      .press("Command2");
-  rig.command("Command1_Click");
-}
-
 TEST(FreeSpaceText, InMegabytesOrKilobytes) {
   const platform::RegionalFormats regional;
   for (const auto& [bytes, text] : {std::pair{12'345'678'901ull, "[ 12,345 MB Free ]"},

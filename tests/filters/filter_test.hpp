@@ -5,9 +5,8 @@
 namespace varnholt::filters {
 
 /// The program with the left panel active on files of the test's own, and the two filters as their user works them.
-class FilterTestRig : public testing::Test {
+class FilterTestRig : public test::AppTest {
  protected:
-  using Names = std::vector<std::string>;
   using Day = controls::MonthView::Day;
 
   /// A sparse file: sizes of megabytes without the bytes.
@@ -15,18 +14,12 @@ class FilterTestRig : public testing::Test {
     rig.write(path, "");
     std::filesystem::resize_file(rig.systemPath(path), bytes);
   }
-  void attributes(const std::string& path, platform::Attributes bits) {
-    ASSERT_TRUE(rig.platform->files.setAttributes(path, bits));
-  }
   /// Local time of a file to the second.
   void moment(const std::string& path, const platform::CalendarTime& time) {
     ASSERT_TRUE(rig.platform->files.setModified(path, rig.clock.fromLocal(time)));
   }
 
   Filters& filters() { return rig.app().filters; }
-  panels::Form1& form() { return rig.form(); }
-  panels::Panel& left() { return rig.form().Panel1; }
-  panels::Panel& right() { return rig.form().Panel2; }
 
   static void type(controls::TextBox& box, const std::string& text) { box.typeFromUser(text); }
   static void set(controls::CheckBox& box, bool on) {
@@ -64,20 +57,12 @@ class FilterTestRig : public testing::Test {
     picks(from, to);
     rig.command("Command5_Click");
   }
-  Names selected(panels::Panel& panel) {
-    Names names;
-    for (const std::uint32_t id : panel.list.selectedIds())
-      names.push_back(panel.fileName({panel.list, id}));
-    return names;
-  }
   Names files(panels::Panel& panel) {
     Names names;
     for (std::uint32_t row = 0; row < panel.list.count(); ++row)
       if (const auto item = panel.list.item(row); !panel.isFolder(item)) names.push_back(panel.fileName(item));
     return names;
   }
-
-  test::AppRig rig;
 };
 
 }  // namespace varnholt::filters

@@ -8,9 +8,9 @@
 namespace varnholt::places {
 namespace {
 
-class PresetsTest : public testing::Test {
+class PresetsTest : public test::AppTest {
  protected:
-  using Pairs = std::vector<std::string>;
+  using Pairs = Names;
 
   void SetUp() override {
     for (const char* folder : {"C:\\Work\\Drafts", "C:\\Photos", "D:\\Backup"})
@@ -18,13 +18,6 @@ class PresetsTest : public testing::Test {
     rig.startLeft();
   }
   Presets& presets() { return rig.app().presets; }
-  panels::Panel& left() { return rig.form().Panel1; }
-  panels::Panel& right() { return rig.form().Panel2; }
-  void show(const std::string& leftFolder, const std::string& rightFolder) {
-    ASSERT_TRUE(rig.app().navigation.goTo(left(), leftFolder));
-    ASSERT_TRUE(rig.app().navigation.goTo(right(), rightFolder));
-    left().list.SetFocus();
-  }
   std::string paths() { return left().path() + " " + right().path(); }
   std::string file() const { return rig.programFolder() + "\\Preset.Ini"; }
   std::string kept() {
@@ -78,8 +71,6 @@ class PresetsTest : public testing::Test {
     });
     rig.menu("DynPresets").choose();
   }
-
-  test::AppRig rig;
 };
 
 // --- Making --------------------------------------------------------------------------------------------------------
@@ -102,48 +93,37 @@ TEST_F(PresetsTest, ANewPresetIsKeptInCapitalsAndOutlivesTheProgram) {
 }
 
 TEST_F(PresetsTest, ANameIsTakenOnce) {
+  make("  ", "no name makes none");
   make("home");
-  for (const char* taken : {"HOME", "home ", "default", "Mem", "memrecall"}) {
+  const std::string own = " is kept by the program itself.\r";
+  for (const auto& [taken, reason] : {std::pair<const char*, std::string>{"HOME", ""},
+                                      {"home ", ""},
+                                      {"default", "DEFAULT" + own},
+                                      {"Mem", "MEM" + own},
+                                      {"memrecall", "MEMRECALL" + own}}) {
     inStatic([](Form20& dialog) {
       dialog.Command2.press();
       EXPECT_EQ(dialog.ListView1.count(), 1u);
     });
     rig.loop.whenShows("Form21")
-        .run([this, taken](controls::Form&) { presets().Form21.Text1.typeFromUser(taken); })
+        .run([this, taken = taken](controls::Form&) { presets().Form21.Text1.typeFromUser(taken); })
         .press("Command11")
         .run([this](controls::Form& dialog) {
-          EXPECT_TRUE(dialog.Visible);
+          EXPECT_TRUE(dialog.Visible && presets().Form21.Text1.hasFocus());
           EXPECT_EQ(presets().Form21.Text1.Text.get(), "");
-          EXPECT_TRUE(presets().Form21.Text1.hasFocus());
         })
         .press("Command3");
-    const std::string name = platform::upperCase(taken);
-    const std::string reason = name.starts_with("HOME") ? "" : name + " is kept by the program itself.\r";
-    rig.loop.whenShows("Form12").reads("Label1", "\rPresetName already exist !\r" + reason).press("Command11");
+    rig.loop.meets({test::told("\rPresetName already exist !\r" + reason)});
     rig.command("Command12_Click");
   }
   EXPECT_EQ(kept(), "HOME\r\n");
 }
 
-TEST_F(PresetsTest, NoNameMakesNone) {
-  make("  ", "text");
-  EXPECT_EQ(kept(), "");
-  inStatic([](Form20& dialog) { dialog.Command2.press(); });
-  rig.loop.whenShows("Form21").press("Command3");
-  rig.command("Command12_Click");
-  EXPECT_EQ(kept(), "");
-}
-
 TEST_F(PresetsTest, AListThatCannotBeWrittenAndAWindowsFolderThatIsGoneAreTold) {
-  test::FaultyFileSystem* files = nullptr;
-  rig.useFiles([&](platform::FileSystem& real) {
-    auto faulty = std::make_unique<test::FaultyFileSystem>(real);
-    files = faulty.get();
-    return faulty;
-  });
+  auto& files = rig.use<test::FaultyFileSystem>();
   rig.startLeft();
   inStatic([&](Form20& dialog) {
-    files->noSpace = true;
+    files.noSpace = true;
     dialog.Command2.press();
     EXPECT_EQ(dialog.ListView1.count(), 0u);
   });
@@ -151,7 +131,7 @@ TEST_F(PresetsTest, AListThatCannotBeWrittenAndAWindowsFolderThatIsGoneAreTold) 
   rig.loop.meets({test::told("Presets Not Stored !, - No space left on device")});
   rig.command("Command12_Click");
   EXPECT_EQ(stored("HOME", "view1path"), "");
-  files->vanishes = rig.platform->environment.variable("windir");
+  files.vanishes = rig.platform->environment.variable("windir");
   rig.loop.whenBox("Alert !", controls::MessageAnswer::Ok,
                    "%windir% folder not found !, - make/set [windir=windows folder] Entvirontvariable");
   rig.command("Command12_Click");
@@ -190,14 +170,14 @@ TEST_F(PresetsTest, APresetWithAVanishedFolderSaysSoAndMovesNothing) {
   make("photos");
   std::filesystem::remove_all(rig.systemPath("C:\\Work\\Drafts"));
   inStatic([&](Form20& dialog) {
-    EXPECT_EQ(dialog.ListView1.item(0).SmallIcon(), BrokenIcon);
-    EXPECT_EQ(dialog.ListView1.item(1).SmallIcon(), ValidIcon);
-    EXPECT_NE(dialog.ListView1.item(0).ForeColor(), dialog.ListView1.item(1).ForeColor());
-    EXPECT_EQ(dialog.ListView1.rowToolTip(dialog.ListView1.item(0)),
-              "Left:  C:\\Work\\Drafts  (gone)\rRight:  D:\\Backup");
-    dialog.ListView1.doubleClickFromUser(0);
+    controls::ListView& list = dialog.ListView1;
+    const auto gone = list.item(0), valid = list.item(1);
+    EXPECT_EQ(gone.SmallIcon(), BrokenIcon);
+    EXPECT_EQ(valid.SmallIcon(), ValidIcon);
+    EXPECT_NE(gone.ForeColor(), valid.ForeColor());
+    EXPECT_EQ(list.rowToolTip(gone), "Left:  C:\\Work\\Drafts  (gone)\rRight:  D:\\Backup");
+    list.doubleClickFromUser(0);
     EXPECT_TRUE(dialog.Visible);
-    EXPECT_EQ(dialog.ListView1.count(), 2u);
   });
   rig.loop.meets({test::told("Preset has changed and NOT Valid !")});
   rig.command("Command12_Click");
@@ -283,24 +263,20 @@ TEST_F(PresetsTest, AVisitedPairThatIsGoneIsMarkedAndRefused) {
   show("C:\\Work\\Drafts", "D:\\Backup");
   show("C:\\Photos", "C:\\Photos");
   std::filesystem::remove_all(rig.systemPath("C:\\Work\\Drafts"));
-  rig.loop.whenShows("Form34")
-      .run([this](controls::Form&) {
-        controls::ListView& list = presets().Form34.ListView1;
-        EXPECT_EQ(list.item(2).SmallIcon(), BrokenIcon);
-        EXPECT_EQ(list.item(0).SmallIcon(), ValidIcon);
-        click(list, 2);
-        list.doubleClickFromUser(2);
-      })
-      .press("Command1")
-      .press("Command11")
-      .run([this](controls::Form&) {
-        EXPECT_EQ(presets().Form34.ListView1.count(), 0u);
-        EXPECT_EQ(presets().Form34.Label1.Caption.get(), "");
-      })
-      .press("Command1")
-      .press("Command3");
-  rig.loop.meets({test::told("Preset has changed and NOT Valid !"), test::told("Preset has changed and NOT Valid !")});
-  rig.menu("DynPresets").choose();
+  const auto invalid = test::told("Preset has changed and NOT Valid !");
+  inDynamic([&](Form34& dialog) {
+    controls::ListView& list = dialog.ListView1;
+    EXPECT_EQ(list.item(2).SmallIcon(), BrokenIcon);
+    EXPECT_EQ(list.item(0).SmallIcon(), ValidIcon);
+    click(list, 2);
+    rig.loop.meets({invalid, invalid});
+    list.doubleClickFromUser(2);
+    dialog.Command11.press();
+    dialog.Command1.press();
+    EXPECT_EQ(list.count(), 0u);
+    EXPECT_EQ(dialog.Label1.Caption.get(), "");
+    dialog.Command1.press();
+  });
   EXPECT_EQ(paths(), "C:\\Photos\\ C:\\Photos\\");
 }
 

@@ -19,22 +19,21 @@ std::string stored(const TempFolder& temp, const char* name) {
   return got < 0 ? "" : std::string(value, static_cast<size_t>(got));
 }
 
-struct Reported {
-  const char* name;
-  Attributes attributes;
-};
+void expectReported(TempFolder& temp, std::initializer_list<std::pair<const char*, Attributes>> rows) {
+  for (const auto& [name, attributes] : rows)
+    EXPECT_EQ(temp.files.attributes(temp.at(name)).valueOr(0), attributes) << name;
+}
 
 TEST(Attributes, WithoutStoredOnesModeAndNameTell) {
   TempFolder temp;
   temp.file("plain").file("locked").mode("locked", 0444).file(".dot").folder("f").folder(".f").folder("fixed");
   temp.mode("fixed", 0555);  // a folder's mode is no attribute
-  for (const auto& [name, attributes] : {Reported{"plain", Archive},
-                                         {"locked", Archive | ReadOnly},
-                                         {".dot", Archive | Hidden},
-                                         {"f", Folder},
-                                         {".f", Folder | Hidden},
-                                         {"fixed", Folder}})
-    EXPECT_EQ(temp.files.attributes(temp.at(name)).valueOr(0), attributes) << name;
+  expectReported(temp, {{"plain", Archive},
+                        {"locked", Archive | ReadOnly},
+                        {".dot", Archive | Hidden},
+                        {"f", Folder},
+                        {".f", Folder | Hidden},
+                        {"fixed", Folder}});
   EXPECT_EQ(codeOf(temp.files.attributes(temp.at("none"))), ErrorCode::NotFound);
 }
 
@@ -47,12 +46,11 @@ TEST(Attributes, StoredOnesRule) {
   temp.store("locked", "0x22");
   temp.store("f", "0x12");
   temp.mode("locked", 0444);
-  for (const auto& [name, attributes] : {Reported{".dot", Archive},
-                                         {"sys", Hidden | System},
-                                         {"bad", Archive},
-                                         {"locked", Archive | Hidden | ReadOnly},
-                                         {"f", Folder | Hidden}})
-    EXPECT_EQ(temp.files.attributes(temp.at(name)).valueOr(0), attributes) << name;
+  expectReported(temp, {{".dot", Archive},
+                        {"sys", Hidden | System},
+                        {"bad", Archive},
+                        {"locked", Archive | Hidden | ReadOnly},
+                        {"f", Folder | Hidden}});
 }
 
 TEST(SetAttributes, ChangesNothingElse) {

@@ -46,15 +46,6 @@ TEST(Drives, MapOverridesTheVolume) {
   EXPECT_EQ(gone->totalBytes, 0u);
 }
 
-TEST(Drives, VolumeOfAPathBelow) {
-  TempFolder temp;
-  temp.folder("a/b");
-  const auto volume = temp.files.volume(temp.at("a/b"));
-  ASSERT_TRUE(volume);
-  EXPECT_EQ(volume->totalBytes, PosixDrives(temp.map).info('C')->totalBytes);
-  EXPECT_EQ(codeOf(temp.files.volume(temp.at("none"))), ErrorCode::NotFound);
-}
-
 TEST(VolumeFacts, NamesOfFileSystems) {
   const std::pair<const char*, const char*> names[] = {
       {"iso9660", "CDFS"}, {"vfat", "FAT32"}, {"ntfs3", "NTFS"}, {"fuseblk", "NTFS"}, {"ext4", "EXT4"}};

@@ -3,10 +3,8 @@
 #include "platform/posix/registry.hpp"
 #include "platform/posix/shell.hpp"
 
+#include "support/kill_at.hpp"
 #include "support/scratch_folder.hpp"
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace varnholt::platform::posix {
 namespace {
@@ -27,18 +25,13 @@ class DesktopTypes : public testing::Test {
   }
 
   void inChild(const std::function<void(const FileTypes&, Registry&)>& check) {
-    const pid_t child = ::fork();
-    if (child == 0) {
+    EXPECT_TRUE(test::heldInChild([&] {
       ::setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
       ::setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
       ::setenv("XDG_CONFIG_DIRS", (folder / "none").c_str(), 1);
       SqliteRegistry registry(folder / "registry.db");
       check(DesktopFileTypes(registry), registry);
-      ::_exit(HasFailure() ? 1 : 0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    }));
   }
 
   static bool hasDatabase() { return std::filesystem::exists("/usr/share/mime/mime.cache"); }

@@ -51,19 +51,6 @@ TEST_F(HostTest, TellsOfDamagedFilesOnce) {
   EXPECT_TRUE(makePlatformHost(given)->platform().startNotices.empty());
 }
 
-TEST_F(HostTest, RunsTheScriptsOfTheWindowsFolder) {
-  const std::string record = folder.writeScript("bin/xdg-open", "#!/bin/sh\nprintf '%s' \"$1\" > \"$OUT\"\n");
-  const test::ScopedVariable path("PATH", (folder / "bin" + ":/usr/bin:/bin").c_str());
-  const test::ScopedVariable out("OUT", (folder / "out").c_str());
-  fs::create_directories(folder / "home/My Pictures");
-  const auto host = makePlatformHost(given);
-  Platform& platform = host->platform();
-  const auto process = platform.shell.start(platform.environment.windowsFolder() + "\\EXPLORER.EXE C:\\My Pictures");
-  ASSERT_TRUE(process) << process.error().text;
-  EXPECT_EQ(platform.shell.wait(*process).valueOr(-1), 0);
-  EXPECT_EQ(folder.read("out"), folder / "home/My Pictures");
-}
-
 TEST_F(HostTest, WithoutAPlaceForItsFilesAnswersWithErrors) {
   folder.write("home/data", "a file in the way");
   const auto host = makePlatformHost(given);

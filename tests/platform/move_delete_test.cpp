@@ -318,11 +318,5 @@ TEST_F(MovesAndDeletes, FolderSwappedForALinkMeanwhileIsNotFollowed) {
   swapper.join();
 }
 
-TEST_F(MovesAndDeletes, VolumesAreWrittenOutNowOrBeside) {
-  EXPECT_TRUE(temp.files.writeOut(temp.at(), true));
-  EXPECT_TRUE(temp.files.writeOut(temp.at(), false));
-  EXPECT_EQ(codeOf(temp.files.writeOut(temp.at("none"), true)), ErrorCode::NotFound);
-}
-
 }  // namespace
 }  // namespace varnholt::platform

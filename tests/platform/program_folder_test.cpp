@@ -3,7 +3,7 @@
 #include "platform/posix/shipped_files.hpp"
 #include "platform/posix/temp_file.hpp"
 
-#include "support/scratch_folder.hpp"
+#include "support/temp_folder.hpp"
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -80,17 +80,9 @@ TEST_F(ProgramFolderTest, NeverLosesWhatTheUserHas) {
 }
 
 TEST_F(ProgramFolderTest, IsTheUsersWhenTheExecutablesCannotBeWrittenTo) {
-  fs::create_directories(folder / "ro");
-  fs::permissions(folder / "ro", fs::perms(0555));
-  fs::permissions(folder.path(), fs::perms(0777));
-  const pid_t child = ::fork();
-  if (child == 0) {
-    if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0)) ::_exit(77);
-    ::_exit(find(at("ro")).program == folder / "data/varnholt" ? 0 : 1);
-  }
-  int status = 0;
-  ::waitpid(child, &status, 0);
-  EXPECT_EQ(WEXITSTATUS(status), 0);
+  folder.folder("ro");
+  folder.mode("ro", 0555).mode("", 0777);
+  EXPECT_TRUE(test::heldAsOrdinaryUser([&] { EXPECT_EQ(find(at("ro")).program, folder / "data/varnholt"); }));
 }
 
 TEST_F(ProgramFolderTest, ThatCannotBeMadeIsTold) {

@@ -4,6 +4,8 @@
 #include "qt/text.hpp"
 #include "support/testing.hpp"
 
+#include <QBuffer>
+#include <QImage>
 #include <QTest>
 #include <QWidget>
 
@@ -13,6 +15,17 @@ namespace varnholt::test {
 template <class Condition>
 bool waitFor(Condition condition) {
   return QTest::qWaitFor(condition, 10'000);
+}
+
+/// A picture's file, red all over.
+inline std::string redPicture(const QSize& size) {
+  QImage red(size, QImage::Format_RGB32);
+  red.fill(Qt::red);
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  red.save(&buffer, "PNG");
+  return bytes.toStdString();
 }
 
 /// The widget that draws the form. Fails the test when it is not on the screen.

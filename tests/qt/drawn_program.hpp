@@ -19,8 +19,8 @@ class DrawnProgram : public testing::Test {
   }
 
   /// Starts the program; a key sends the splash away.
-  void start(bool withTip = false) {
-    if (!withTip) core::Settings(rig.platform->settings).save(core::setting::Tip_State, "1");
+  void start() {
+    core::Settings(rig.platform->settings).save(core::setting::Tip_State, "1");
     loop.later([this] {
       QWidget* splash = windowOf(loop, app.frmSplash);
       QTest::keyClick(splash, Qt::Key_Space);

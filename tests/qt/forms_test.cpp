@@ -68,25 +68,17 @@ TEST_F(DrawnForms, EveryFormThatIsDrawnIsTested) {
     EXPECT_TRUE(tested.contains(name)) << "add " << name << " to allForms() above";
 }
 
-TEST(FormTable, HasARowForEveryFormThatIsDesigned) {
-  std::set<std::string> designed;
-  for (const auto& file : std::filesystem::directory_iterator(VARNHOLT_SOURCE_DIR "/src/qt/forms")) {
-    std::ifstream in(file.path());
-    for (std::string line; std::getline(in, line);)
-      if (line.starts_with(" <class>")) designed.insert(line.substr(8, line.find("</") - 8));
-  }
-  const auto rows = qt::formNames();
-  EXPECT_EQ(designed, std::set<std::string>(rows.begin(), rows.end()));
-}
-
-TEST_F(DrawnForms, AssistiveTechnologyFindsEveryControlByOneName) {
+TEST_F(DrawnForms, EveryControlIsFoundByOneNameAndSaysWhatItIsFor) {
   fillMessages(app.dialogs);
   for (controls::Form* form : allForms()) {
     QWidget& window = draw(*form).widget();
     std::map<QString, QString> users;
     for (const auto* control : form->controls()) {
       const auto* widget = window.findChild<QWidget*>(qt::toQt(control->name()));
-      if (!widget || control->kind() == controls::Kind::MenuItem) continue;
+      if (!widget) continue;
+      EXPECT_TRUE(widget->focusPolicy() == Qt::NoFocus || !widget->toolTip().isEmpty())
+          << form->name() << "." << control->name() << " has no tool tip";
+      if (control->kind() == controls::Kind::MenuItem) continue;
       const QString name = widget->accessibleName();
       const auto* label = dynamic_cast<const controls::Label*>(control);
       const bool isText = label && !label->Caption->empty();  // told as it reads, also when another is alike
@@ -118,17 +110,6 @@ TEST_F(DrawnForms, AFieldThatIsDisabledLooksIt) {
   form.Text1.Enabled = false;
   loop.flush();
   EXPECT_NE(ground(), enabled);
-}
-
-TEST_F(DrawnForms, WhatCanBeUsedSaysWhatItIsFor) {
-  for (controls::Form* form : allForms()) {
-    QWidget& window = draw(*form).widget();
-    for (const auto* control : form->controls()) {
-      const auto* widget = window.findChild<QWidget*>(qt::toQt(control->name()));
-      if (!widget || widget->focusPolicy() == Qt::NoFocus) continue;
-      EXPECT_FALSE(widget->toolTip().isEmpty()) << form->name() << "." << control->name() << " has no tool tip";
-    }
-  }
 }
 
 TEST_F(DrawnForms, OperationsAndTheirQuestionsBeginOnTheButtonThatEnterStandsFor) {

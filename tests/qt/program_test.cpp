@@ -14,28 +14,6 @@
 namespace varnholt::test {
 namespace {
 
-TEST_F(DrawnProgram, TheTipOpensOnTheMainWindowAndItsBoxIsKept) {
-  bool shown = false;
-  std::function<void()> answer = [&] {
-    if (!app.frmTip.Visible) return loop.later(answer);
-    shown = true;
-    QTest::mouseClick(usable<QPushButton>(windowOf(loop, app.frmTip), "cmdOK"), Qt::LeftButton);
-  };
-  loop.later(answer);
-  start(true);
-  EXPECT_TRUE(waitFor([&] { return shown && !app.frmTip.Visible; }));
-}
-
-TEST_F(DrawnProgram, APanelThatGetsTheKeyboardIsTheActiveOne) {
-  start();
-  for (const char* name : {"ListView2", "ListView1"}) {
-    list(name)->setFocus(Qt::TabFocusReason);
-    loop.flush();
-    const QString head = list(name)->model()->headerData(0, Qt::Horizontal).toString();
-    EXPECT_TRUE(head.contains(QStringLiteral("[Me Active]"))) << name;
-  }
-}
-
 TEST_F(DrawnProgram, ATextKeepsTheKeysThatThePanelsKnow) {
   start();
   auto* files = list("ListView1");
@@ -54,15 +32,6 @@ TEST_F(DrawnProgram, ATextKeepsTheKeysThatThePanelsKnow) {
   QTest::keyClick(line, Qt::Key_Tab);
   EXPECT_FALSE(line->hasFocus());
   EXPECT_FALSE(list("ListView2")->hasFocus());
-}
-
-TEST_F(DrawnProgram, SignsThatAreTypedInTheMiddleOfANameSeekIt) {
-  rig.write("C:\\lens-kit.txt");
-  start();
-  auto* files = list("ListView1");
-  files->setFocus();
-  QTest::keyClicks(files, QStringLiteral("lens-k"));
-  EXPECT_EQ(app.Form1.ListView1.SelectedItem()->Text(), "lens-kit");
 }
 
 TEST_F(DrawnProgram, TheMenuKeyAndTheRightButtonShowWhatCanBeDoneWithTheSelection) {

@@ -4,20 +4,8 @@
 #include "qt/theme.hpp"
 #include "qt/widgets/surface.hpp"
 
-#include <QBuffer>
-
 namespace varnholt::test {
 namespace {
-
-std::string redPicture(const QSize& size) {
-  QImage red(size, QImage::Format_RGB32);
-  red.fill(Qt::red);
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  red.save(&buffer, "PNG");
-  return bytes.toStdString();
-}
 
 TEST(Pictures, ASkinIsReadNoLargerThanTheWindowNeeds) {
   qt::Pictures pictures;

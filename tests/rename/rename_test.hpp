@@ -5,9 +5,8 @@
 namespace varnholt::rename {
 
 /// The left panel active on a folder of its own, "C:\Pics\", the right one on "C:\Other\".
-class RenameTest : public testing::Test {
+class RenameTest : public test::AppTest {
  protected:
-  static constexpr controls::Modifiers Ctrl{false, true, false};
   using Action = std::function<void()>;
 
   void SetUp() override { begin(); }
@@ -22,16 +21,12 @@ class RenameTest : public testing::Test {
       rig.write("C:\\Pics\\" + name, name);
   }
   void protect(const std::string& name, platform::Attributes attributes) {
-    ASSERT_TRUE(files().setAttributes("C:\\Pics\\" + name, attributes));
+    setAttributes("C:\\Pics\\" + name, attributes);
   }
   /// Lists the folders anew and selects these rows of the left panel.
   void select(const std::vector<std::string>& rows) {
-    ASSERT_TRUE(rig.app().navigation.goTo(left(), "C:\\Pics"));
-    ASSERT_TRUE(rig.app().navigation.goTo(rig.form().Panel2, "C:\\Other"));
-    left().list.SetFocus();
-    bool first = true;
-    for (const std::string& row : rows)
-      rig.click(left(), row, std::exchange(first, false) ? controls::Modifiers{} : Ctrl);
+    show("C:\\Pics", "C:\\Other");
+    clickAll(rows);
   }
   /// Chooses Rename, and does these things in the dialog.
   void rename(const Action& inDialog) {
@@ -44,9 +39,7 @@ class RenameTest : public testing::Test {
     type(dialog().Text1, name);
     dialog().Command11.press();
   }
-  void expectAlert(const std::string& text) {
-    rig.loop.whenShows("Form12").reads("Label1", text + "\r").press("Command11");
-  }
+  void expectAlert(const std::string& text) { rig.loop.meets({test::told(text)}); }
   test::ScriptedLoop::Step& asks(const std::string& text, bool yes) {
     return rig.loop.whenShows("Form11").reads("Label1", text).press(yes ? "Command11" : "Command1");
   }
@@ -61,10 +54,6 @@ class RenameTest : public testing::Test {
   std::string contents(const std::string& name) { return rig.read("C:\\Pics\\" + name); }
 
   Form14& dialog() { return rig.app().rename.Form14; }
-  panels::Panel& left() { return rig.form().Panel1; }
-  platform::FileSystem& files() { return rig.platform->files; }
-
-  test::AppRig rig;
 };
 
 }  // namespace varnholt::rename

@@ -7,8 +7,6 @@
 namespace varnholt::rename {
 namespace {
 
-using Names = std::vector<std::string>;
-
 class SingleRenameTest : public RenameTest {};
 
 // --- Hand-over -----------------------------------------------------------------------------------------------------
@@ -37,22 +35,6 @@ TEST_F(SingleRenameTest, TheSelectedFileGetsTheNewName) {
 
 // --- Stepping ------------------------------------------------------------------------------------------------------
 
-TEST_F(SingleRenameTest, ItemsComeOneAfterTheOther) {
-  make({"a.txt", "b.txt", "c.txt"});
-  select({"a", "b", "c"});
-  rename([&] {
-    EXPECT_TRUE(dialog().Image1.Visible && dialog().Image10.Visible);
-    EXPECT_EQ(dialog().Label2.Caption.get(), "1 / 3");
-    next("first.txt");
-    EXPECT_EQ(rig.names(left()), (Names{"b|txt", "c|txt", "first|txt"})) << "the panel shows it at once";
-    EXPECT_EQ(dialog().Text1.Text.get(), "b.txt");
-    next("b.txt");
-    EXPECT_EQ(dialog().Text1.Text.get(), "c.txt");
-    next("third.txt");
-  });
-  EXPECT_TRUE(exists("first.txt") && exists("b.txt") && exists("third.txt"));
-}
-
 TEST_F(SingleRenameTest, ArrowsStepWithoutRenaming) {
   make({"a.txt", "b.txt"});
   select({"a", "b"});
@@ -71,6 +53,8 @@ TEST_F(SingleRenameTest, ArrowsStepWithoutRenaming) {
     EXPECT_TRUE(up.handled);
     EXPECT_EQ(shown(), "a.txt");
     next("first.txt");
+    EXPECT_EQ(rig.names(left()), (Names{"b|txt", "first|txt"})) << "the panel shows it at once";
+    EXPECT_EQ(dialog().Label2.Caption.get(), "2 / 2");
     dialog().Image1.press();
     EXPECT_EQ(shown(), "first.txt") << "under its new name";
     dialog().Command2.press();
@@ -102,7 +86,7 @@ TEST_F(SingleRenameTest, ANameThatCannotStandIsRefusedAndTheItemStays) {
   make({"a.txt"});
   select({"a"});
   rename([&] {
-    for (const char* name : {"a/b", "a\\b", "a:b", "what?", "a*"}) {
+    for (const char* name : {"a/b", "a\\b", "what?"}) {
       expectAlert(std::string("InValid NewName !, ") + name);
       next(name);
       EXPECT_EQ(dialog().Text1.Text.get(), name) << "to be mended";
@@ -155,16 +139,12 @@ TEST_F(SingleRenameTest, AnItemIsOpenedByItsKind) {
 TEST_F(SingleRenameTest, APictureIsShown) {
   rig.write("C:\\Pics\\a.png", "\x89PNG\r\n\x1A\n and so on");
   rig.write("C:\\Pics\\b.png", "no picture");
-  make({"c.txt"});
-  select({"a", "b", "c"});
+  select({"a", "b"});
   rename([&] {
-    EXPECT_TRUE(dialog().Image3.Visible);
-    EXPECT_TRUE(dialog().Image2.Visible && dialog().Image11.Visible);
+    EXPECT_TRUE(dialog().Image3.Visible && dialog().Image2.Visible && dialog().Image11.Visible);
     EXPECT_TRUE(dialog().Image3.PictureData->starts_with("\x89PNG"));
     dialog().Image11.press();
     EXPECT_FALSE(dialog().Image3.Visible || dialog().Image11.Visible);
-    dialog().Image10.press();
-    EXPECT_FALSE(dialog().Image3.Visible);
     dialog().Command2.press();
   });
 }
@@ -240,17 +220,17 @@ TEST_F(SingleRenameTest, ProtectedFilesAreAskedAbout) {
 
 // --- A file in the way ---------------------------------------------------------------------------------------------
 
-TEST_F(SingleRenameTest, AFileInTheWayIsAskedAbout) {
-  struct Case {
-    const char* button;
-    bool replaces;
-  };
-  for (const Case& each : {Case{"Command11", true}, Case{"Command6", true}, Case{"Command2", false},
-                           Case{"Command3", false}, Case{"Command1", false}}) {
+TEST_F(SingleRenameTest, AFileInTheWayIsAskedAboutAndReplacedWithoutACopy) {
+  for (const auto& [button, replaces] : {std::pair{"Command11", true},
+                                         {"Command6", true},
+                                         {"Command2", false},
+                                         {"Command3", false},
+                                         {"Command1", false}}) {
     make({"a.txt", "b.txt"});
+    rig.scratch.hardLink("home/Other/second.txt", "home/Pics/a.txt");
     select({"a"});
     rig.app().fileops.policy.OverwritePrompt = true;
-    rename([&] {
+    rename([&, button = button] {
       rig.loop.whenShows("Form7")
           .reads("Label1", "OverWrite File:     a.txt")
           .reads("Label3", "With File:     b.txt")
@@ -259,13 +239,14 @@ TEST_F(SingleRenameTest, AFileInTheWayIsAskedAbout) {
             EXPECT_FALSE(dialog().Command11.Enabled || dialog().Command2.Enabled);
             EXPECT_FALSE(rig.app().fileops.Form7.Command4.Enabled);
           })
-          .press(each.button);
+          .press(button);
       next("b.txt");
     });
     EXPECT_TRUE(dialog().Command11.Enabled && dialog().Command2.Enabled);
-    EXPECT_EQ(contents("b.txt"), each.replaces ? "a.txt" : "b.txt") << each.button;
-    EXPECT_EQ(exists("a.txt"), !each.replaces) << each.button;
+    EXPECT_EQ(files().sameEntry("C:\\Pics\\b.txt", "C:\\Other\\second.txt"), replaces) << button;
+    EXPECT_EQ(exists("a.txt"), !replaces) << button;
     EXPECT_TRUE(rig.app().fileops.policy.OverwritePrompt) << "an operation asks by itself";
+    std::filesystem::remove(rig.systemPath("C:\\Other\\second.txt"));
   }
 }
 
@@ -285,18 +266,6 @@ TEST_F(SingleRenameTest, AllHoldsForTheRestOfTheDialogOnly) {
     next("z.txt");
   });
   EXPECT_EQ(contents("z.txt"), "z.txt");
-}
-
-TEST_F(SingleRenameTest, AFileThatReplacesAnotherIsNotCopied) {
-  make({"a.txt", "b.txt"});
-  std::filesystem::create_hard_link(rig.systemPath("C:\\Pics\\a.txt"), rig.systemPath("C:\\Other\\second.txt"));
-  select({"a"});
-  rename([&] {
-    rig.loop.whenShows("Form7").press("Command11");
-    next("b.txt");
-  });
-  EXPECT_FALSE(exists("a.txt"));
-  EXPECT_TRUE(files().sameEntry("C:\\Pics\\b.txt", "C:\\Other\\second.txt"));
 }
 
 TEST_F(SingleRenameTest, WhatMayNotBeReplacedStays) {
@@ -353,7 +322,7 @@ class CaselessFileSystem : public platform::ForwardingFileSystem {
 class CaselessRenameTest : public RenameTest {
  protected:
   void SetUp() override {
-    rig.useFiles([](platform::FileSystem& real) { return std::make_unique<CaselessFileSystem>(real); });
+    rig.use<CaselessFileSystem>();
     begin();
   }
 };

@@ -3,9 +3,6 @@
 #include "core/settings.hpp"
 
 #include <fcntl.h>
-#include <filesystem>
-#include <gtest/gtest.h>
-#include <sys/stat.h>
 
 namespace varnholt::test {
 
@@ -14,8 +11,7 @@ AppRig::AppRig() { build(); }
 AppRig::AppRig(std::string existingFolder) : scratch(std::move(existingFolder)) { build(); }
 
 void AppRig::build() {
-  for (const char* folder : {"home", "second", "program"})
-    std::filesystem::create_directories(scratch / folder);
+  scratch.folder("home").folder("second").folder("program");
   restart();
 }
 
@@ -73,33 +69,24 @@ void AppRig::startLeft() {
   form().ListView1.SetFocus();
 }
 
-std::string AppRig::systemPath(std::string_view path) const {
-  std::string name = path.starts_with("D:") ? scratch / "second" : path.starts_with("Z:") ? "" : scratch / "home";
-  for (const char c : path.substr(2))
-    name += c == '\\' ? '/' : c;
-  return name;
+std::string AppRig::inScratch(std::string_view path) {
+  std::string name(path.substr(2));
+  std::ranges::replace(name, '\\', '/');
+  return (path.starts_with("D:") ? "second" : "home") + name;
 }
 
-void AppRig::write(std::string_view path, std::string_view bytes) {
-  const std::filesystem::path file = systemPath(path);
-  std::filesystem::create_directories(file.parent_path());
-  std::ofstream(file, std::ios::binary) << bytes;
-}
+std::string AppRig::systemPath(std::string_view path) const { return scratch / inScratch(path); }
 
-void AppRig::makeFolder(std::string_view path) { std::filesystem::create_directories(systemPath(path)); }
+void AppRig::write(std::string_view path, std::string_view bytes) { scratch.write(inScratch(path), bytes); }
 
-bool AppRig::exists(std::string_view path) const {
-  return std::filesystem::exists(std::filesystem::symlink_status(systemPath(path)));
-}
+void AppRig::makeFolder(std::string_view path) { scratch.folder(inScratch(path)); }
 
-std::string AppRig::read(std::string_view path) const {
-  std::ifstream file(systemPath(path), std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
+bool AppRig::exists(std::string_view path) const { return scratch.has(inScratch(path)); }
+
+std::string AppRig::read(std::string_view path) const { return scratch.read(inScratch(path)); }
 
 void AppRig::setDate(std::string_view path, int year, int month, int day) {
-  const auto moment = clock.fromLocal({year, month, day, 12, 0, 0, 0});
-  const timespec times[2] = {{moment.seconds, 0}, {moment.seconds, 0}};
+  const timespec moment{clock.fromLocal({year, month, day, 12, 0, 0, 0}).seconds, 0}, times[] = {moment, moment};
   ASSERT_EQ(::utimensat(AT_FDCWD, systemPath(path).c_str(), times, 0), 0);
 }
 
@@ -146,6 +133,27 @@ void AppRig::key(panels::Panel& panel, int code, controls::Modifiers modifiers) 
   panel.list.keyFromUser(event, 10);
   panel.list.keyUpFromUser(event);
   EXPECT_EQ(panel.inconsistency(), "");
+}
+
+void AppTest::show(const std::string& leftFolder, const std::string& rightFolder) {
+  ASSERT_TRUE(rig.app().navigation.goTo(left(), leftFolder));
+  ASSERT_TRUE(rig.app().navigation.goTo(right(), rightFolder));
+  left().list.SetFocus();
+}
+
+void AppTest::clickAll(const Names& rows) {
+  controls::Modifiers modifiers;
+  for (const std::string& row : rows) {
+    rig.click(left(), row, modifiers);
+    modifiers.ctrl = true;
+  }
+}
+
+AppTest::Names AppTest::selected(panels::Panel& panel) {
+  Names names;
+  for (const auto id : panel.list.selectedIds())
+    names.push_back(panel.fileName({panel.list, id}));
+  return names;
 }
 
 }  // namespace varnholt::test

@@ -6,16 +6,11 @@
 #include "support/scripted_loop.hpp"
 #include "support/stand_ins.hpp"
 
-#include <functional>
-#include <memory>
-#include <string>
-#include <string_view>
-#include <vector>
-
 namespace varnholt::test {
 
 /// The whole program on temporary folders, with a scripted user, a fixed clock and fixed regional formats. `C:` and
-/// `D:` are two fresh folders, `Z:` is the root of the file system.
+/// `D:` are two fresh folders, `Z:` is the root of the file system. Paths that the rig itself takes are on `C:` or
+/// `D:`.
 class AppRig {
  public:
   AppRig();
@@ -29,6 +24,12 @@ class AppRig {
   /// Puts a file system of the test's own between the program and the real one, and builds the program anew.
   using Wrapper = std::function<std::unique_ptr<platform::FileSystem>(platform::FileSystem& real)>;
   void useFiles(Wrapper wrapper);
+  /// The same with one of that kind.
+  template <class Files>
+  Files& use() {
+    useFiles([](platform::FileSystem& real) { return std::make_unique<Files>(real); });
+    return dynamic_cast<Files&>(*wrapped_);
+  }
   /// Starts no program from here on, and gives what records them. Builds the program anew.
   RecordingShell& useRecordingShell();
   /// Runs `Main`, with the splash going away by itself, and activates the main window. The tip is not shown unless
@@ -69,11 +70,35 @@ class AppRig {
 
  private:
   void build();
+  static std::string inScratch(std::string_view path);
 
   Wrapper wrapper_;
   std::unique_ptr<RecordingShell> shell_;
   std::unique_ptr<platform::FileSystem> wrapped_;
   std::unique_ptr<app::App> app_;
+};
+
+/// The base of tests that play the whole program: what they speak of most.
+class AppTest : public testing::Test {
+ protected:
+  using Names = std::vector<std::string>;
+
+  panels::Form1& form() { return rig.form(); }
+  panels::Panel& left() { return rig.form().Panel1; }
+  panels::Panel& right() { return rig.form().Panel2; }
+  platform::FileSystem& files() { return rig.platform->files; }
+  std::string status(int number) { return form().StatusBar1.panel(number); }
+  /// Takes the panels to these folders; the left one is active then.
+  void show(const std::string& leftFolder, const std::string& rightFolder);
+  /// Adds these rows of the left panel to what is selected, the first one alone.
+  void clickAll(const Names& rows);
+  void setAttributes(const std::string& path, platform::Attributes attributes) {
+    ASSERT_TRUE(files().setAttributes(path, attributes)) << path;
+  }
+  /// Whole names of the selected rows.
+  Names selected(panels::Panel& panel);
+
+  AppRig rig;
 };
 
 }  // namespace varnholt::test

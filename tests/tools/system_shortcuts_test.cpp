@@ -7,16 +7,15 @@ namespace {
 
 using Started = std::vector<std::pair<std::string, std::string>>;
 
-class SystemShortcutsTest : public testing::Test {
+class SystemShortcutsTest : public test::AppTest {
  protected:
   void start() {
     shell = &rig.useRecordingShell();
     rig.makeFolder("C:\\Work");
     rig.startLeft();
-    ASSERT_TRUE(rig.app().navigation.goTo(rig.form().Panel1, "C:\\Work"));
+    ASSERT_TRUE(rig.app().navigation.goTo(left(), "C:\\Work"));
     windows = platform::paths::withoutClosing(rig.app().program.folders.windir);
   }
-  test::AppRig rig;
   test::RecordingShell* shell = nullptr;
   std::string windows;
 };
