@@ -232,6 +232,7 @@ TEST_F(AsNewNameTest, AMoveThatIsGivenUpBringsTheFileBackUnderItsOldName) {
 }
 
 TEST_F(AsNewNameTest, AFileThatCannotGoBackStaysInTheWorkFolderUntilItCan) {
+  rig.loop.giveTurn();
   select({"a"});
   rig.loop.whenShows("Form5")
       .run([this](controls::Form&) {
@@ -248,7 +249,6 @@ TEST_F(AsNewNameTest, AFileThatCannotGoBackStaysInTheWorkFolderUntilItCan) {
   rig.command("Command3_Click");
   EXPECT_EQ(rig.read(tmp("b.txt")), "text");
   ASSERT_TRUE(files().deleteFile("C:\\From\\a.txt", true));
-  rig.loop.giveTurn();
   rig.restart();
   rig.loop.whenShows("frmSplash").run([this](controls::Form&) { rig.app().frmSplash.Timer1.Tick(); });
   rig.loop.meets({test::told("A Move Or Swap Was Interrupted. Its Files Stand Here Now :\rC:\\From\\a.txt")});
