@@ -3,15 +3,20 @@
 #include <QBuffer>
 #include <QImageReader>
 
+#include <memory>
 #include <utility>
 
 namespace varnholt::qt {
 namespace {
 
+// Room in both directions, or as much as shows the whole picture.
+enum class Fit { Cover, Show };
+
 // A decoder gives a half, a quarter and an eighth at once; any other size it makes from these, in the time of one more
 // scaling.
-QSize decodedSize(const QSize& whole, const QSize& area) {
-  const QSize covering = whole.scaled(area, Qt::KeepAspectRatioByExpanding);
+QSize decodedSize(const QSize& whole, const QSize& area, Fit fit) {
+  const QSize covering =
+      whole.scaled(area, fit == Fit::Cover ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio);
   int parts = 1;
   while (parts < 8 && whole.width() / (parts * 2) >= covering.width())
     parts *= 2;
@@ -19,13 +24,19 @@ QSize decodedSize(const QSize& whole, const QSize& area) {
 }
 
 // An empty area: in its own size.
-QImage decode(const std::string& bytes, const QSize& area) {
+Pictures::Loaded decode(const std::string& bytes, const QSize& area, Fit fit) {
   QByteArray raw = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
   QBuffer buffer(&raw);
   QImageReader reader(&buffer);
   reader.setAutoTransform(true);
-  if (!area.isEmpty()) reader.setScaledSize(decodedSize(reader.size(), area));
-  return reader.read();
+  const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+  const QSize whole = reader.size();
+  if (!area.isEmpty() && whole.isValid())
+    reader.setScaledSize(decodedSize(whole, turned ? area.transposed() : area, fit));
+  Pictures::Loaded loaded;
+  loaded.image = reader.read();
+  loaded.natural = !whole.isValid() ? loaded.image.size() : turned ? whole.transposed() : whole;
+  return loaded;
 }
 
 }  // namespace
@@ -33,18 +44,26 @@ QImage decode(const std::string& bytes, const QSize& area) {
 const QPixmap& Pictures::kept(const std::string& path) {
   const auto found = kept_.find(path);
   if (found != kept_.end()) return found->second;
-  return kept_[path] = fresh(path);
+  const auto bytes = path.empty() || !reader_ ? std::nullopt : reader_(path);
+  return kept_[path] = bytes ? QPixmap::fromImage(decode(*bytes, {}, Fit::Show).image) : QPixmap();
 }
 
-QPixmap Pictures::fresh(const std::string& path) const {
-  const auto bytes = path.empty() || !reader_ ? std::nullopt : reader_(path);
-  return bytes ? QPixmap::fromImage(decode(*bytes, {})) : QPixmap();
+void Pictures::loadBeside(const std::string& path, const QSize& area, std::function<void(const Loaded&)> done) {
+  const auto loaded = std::make_shared<Loaded>();
+  aside_.run(
+      [reader = reader_, path, area, loaded] {
+        const auto bytes = reader ? reader(path) : std::nullopt;
+        if (bytes) *loaded = decode(*bytes, area, Fit::Show);
+      },
+      [loaded, done = std::move(done)] { done(*loaded); });
 }
 
 void Pictures::decodeAhead(const std::string& path, const QSize& area) {
   auto bytes = reader_ ? reader_(path) : std::nullopt;
   if (!bytes) return;
-  ahead_ = {path, std::async(std::launch::async, [bytes = *std::move(bytes), area] { return decode(bytes, area); })};
+  ahead_ = {path, std::async(std::launch::async, [bytes = *std::move(bytes), area] {
+              return decode(bytes, area, Fit::Cover).image;
+            })};
 }
 
 QImage Pictures::covering(const std::string& path, const QSize& area) {
