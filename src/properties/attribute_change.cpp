@@ -23,8 +23,8 @@ AttributeChange::AttributeChange(panels::Desk& desk, Form18& dialog) : desk_(des
 void AttributeChange::multiAtribut_Click() {
   auto& form = desk_.form;
   if (!desk_.dispatcher.panelPreCheck()) return;
-  form.setMode("AttributMode");
   desk_.selection.ViewClickCopy(*form.activePanel());
+  form.setMode("AttributMode");
   if (form.filecollect.empty()) {
     desk_.selection.ClickPane();
     desk_.selection.nonselect();

@@ -1,7 +1,5 @@
 #include "properties/item_dialog.hpp"
 
-#include "panels/command_table.hpp"
-
 #include <string>
 #include <utility>
 
@@ -63,8 +61,7 @@ void properties::Form15::dressButtons() {
   dress(Command1, "Calculate &Size", "Calculates the Size of Selected  Item");
   dress(Command4, "&Apply Reset",
         "Warning,- This command will reset file atributes til Normal, except the atribut System");
-  dress(Command5, "&To DeskTop", "Copy File To Windows Desktop." + std::string(panels::NotYetBuilt));
-  Command5.Enabled = false;
+  dress(Command5, "&To DeskTop", "Copy File To Windows Desktop.");
   dress(Command3, "&Open Item", "Opens the item in hand");
   dress(Command11, "&Next Item", "Next Item");
   dress(Command2, "&Cancel", "Cancel Operation");

@@ -10,11 +10,13 @@ namespace varnholt::properties {
 namespace paths = platform::paths;
 namespace attribute = platform::attribute;
 
-ItemProperties::ItemProperties(panels::Desk& desk, Form15& dialog) : desk_(desk), Form15_(dialog) {
+ItemProperties::ItemProperties(panels::Desk& desk, fileops::Desktop& desktop, Form15& dialog)
+    : desk_(desk), desktop_(desktop), Form15_(dialog) {
   Form15_.Command1.Click = [this] { Command1_Click(); };
   Form15_.Command2.Click = [this] { Command2_Click(); };
   Form15_.Command3.Click = [this] { desk_.opener.OpenItemPath(item().path); };
   Form15_.Command4.Click = [this] { Command4_Click(); };
+  Form15_.Command5.Click = [this] { desktop_.copy({item().path}); };
   Form15_.Image1.Click = [this] { step(-1); };
   for (controls::Button* next : {&Form15_.Image2, &Form15_.Command11})
     next->Click = [this] { step(+1); };
@@ -40,8 +42,8 @@ void ItemProperties::handOver() {
     return;
   }
   readOnlyMedium_ = isReadOnlyMedium(*drive);
-  form.setMode("FilesMode");
   desk_.selection.ViewClickCopy(panel);
+  form.setMode("FilesMode");
   items_.clear();
   for (const core::Item& collected : form.filecollect.items())
     items_.push_back({core::entryPath(collected.path, panel.path()), collected.isFolder});
@@ -82,6 +84,7 @@ void ItemProperties::AttUpdate() {
   Form15_.Text5.Text = data_ ? date(data_->created) : std::string();
   Form15_.Text6.Text = data_ ? date(data_->modified) : std::string();
   Form15_.Command1.Enabled = item().isFolder;
+  Form15_.Command5.Enabled = !item().isFolder;
   Form15_.Command4.Enabled = !item().isFolder && !readOnlyMedium_;
   const bool mayBePicture = data_ && data_->kind == platform::EntryKind::File && core::hasPictureName(name);
   Form15_.Image3.Picture = mayBePicture ? item().path : std::string();

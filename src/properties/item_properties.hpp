@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fileops/desktop.hpp"
 #include "panels/desk.hpp"
 #include "properties/item_dialog.hpp"
 
@@ -13,7 +14,7 @@ namespace varnholt::properties {
 /// Shows the properties of the selected items as the user steps through them, and resets their attributes.
 class ItemProperties {
  public:
-  ItemProperties(panels::Desk& desk, Form15& dialog);
+  ItemProperties(panels::Desk& desk, fileops::Desktop& desktop, Form15& dialog);
 
   void Command15_Click();
 
@@ -36,6 +37,7 @@ class ItemProperties {
   const core::Item& item() const { return items_[index_]; }
 
   panels::Desk& desk_;
+  fileops::Desktop& desktop_;
   Form15& Form15_;
   std::vector<core::Item> items_;  ///< by full path
   std::size_t index_ = 0;

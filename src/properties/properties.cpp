@@ -2,8 +2,8 @@
 
 namespace varnholt::properties {
 
-Properties::Properties(panels::Desk& desk)
-    : Form15(desk.program.loop), Form18(desk.program.loop), items(desk, Form15), attributes(desk, Form18) {}
+Properties::Properties(panels::Desk& desk, fileops::Desktop& desktop)
+    : Form15(desk.program.loop), Form18(desk.program.loop), items(desk, desktop, Form15), attributes(desk, Form18) {}
 
 void Properties::addCommands(panels::CommandTable& table) {
   table.add({

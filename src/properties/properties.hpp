@@ -9,7 +9,7 @@ namespace varnholt::properties {
 /// What files are: their attributes, changed for many at once, and all their properties, one item after the other.
 class Properties : public panels::Room {
  public:
-  explicit Properties(panels::Desk& desk);
+  Properties(panels::Desk& desk, fileops::Desktop& desktop);
   Properties(const Properties&) = delete;
   Properties& operator=(const Properties&) = delete;
 

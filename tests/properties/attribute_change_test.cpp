@@ -1,5 +1,7 @@
 #include "../fileops/operation_test.hpp"
 
+#include "platform/forwarding_file_system.hpp"
+
 namespace varnholt::properties {
 namespace {
 
@@ -7,6 +9,10 @@ using namespace platform::attribute;
 
 class AttributeChangeTest : public fileops::OperationTest {
  protected:
+  void SetUp() override {
+    OperationTest::SetUp();
+    rig.command("HidSysfiles_Click");
+  }
   Form18& dialog() { return rig.app().properties.Form18; }
   /// Selects the rows and gives them what these boxes tell.
   void change(const Names& rows, const std::vector<controls::CheckBox*>& boxes, const Answers& answers = {}) {
@@ -80,12 +86,12 @@ TEST_F(AttributeChangeTest, OnADiscAndWithoutItsDriveNothingChanges) {
   write({"From\\a.txt"});
   for (const char* disc : {"CDFS", "UDF"}) {
     rig.drives->fileSystem = disc;
-    change({"a"}, {&dialog().Check3}, {told("Cannot Change Attribute On CD-Rom/DVD-Rom !\rFunction Exits !")});
+    change({"a"}, {&dialog().Check3}, {test::told("Cannot Change Attribute On CD-Rom/DVD-Rom !\rFunction Exits !")});
   }
   select({"a"});
   rig.loop.whenShows("Form18").run([this](controls::Form&) {
     rig.drives->away = {'C'};
-    rig.loop.meets({told("Cannot Delete, - Drive(s) Not Ready !\rFunction Exits !")});
+    rig.loop.meets({test::told("Cannot Delete, - Drive(s) Not Ready !\rFunction Exits !")});
     dialog().Command1.press();
     rig.drives->away = {};
     dialog().Command2.press();

@@ -7,6 +7,10 @@ using namespace platform::attribute;
 
 class ItemPropertiesTest : public fileops::OperationTest {
  protected:
+  void SetUp() override {
+    OperationTest::SetUp();
+    rig.command("HidSysfiles_Click");
+  }
   Form15& dialog() { return rig.app().properties.Form15; }
   /// Opens the dialog on these rows and does this in it.
   void view(const Names& rows, const std::function<void()>& act) {
@@ -69,6 +73,21 @@ TEST_F(ItemPropertiesTest, StepsStayAtTheEndsAndPicturesAreShown) {
   EXPECT_EQ(dialog().Image3.Picture.get(), "") << "nothing is kept in memory";
 }
 
+TEST_F(ItemPropertiesTest, TheFileInHandIsCopiedToTheDesktop) {
+  const char* const key = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
+  auto& registry = rig.platform->registry;
+  ASSERT_TRUE(registry.createKey(platform::RegistryRoot::CurrentUser, key));
+  ASSERT_TRUE(registry.set(platform::RegistryRoot::CurrentUser, key, "Desktop", "C:\\To"));
+  write({"From\\a.txt", "From\\b.txt"});
+  view({"a", "b"}, [this] {
+    dialog().Command11.press();
+    rig.loop.meets({test::noticed("Copy to Desktop Done !")});
+    dialog().Command5.press();
+  });
+  EXPECT_TRUE(rig.exists("C:\\To\\b.txt"));
+  EXPECT_FALSE(rig.exists("C:\\To\\a.txt"));
+}
+
 TEST_F(ItemPropertiesTest, AResetLeavesSystemAloneAndThePanelShowsIt) {
   write({"From\\a.txt", "From\\sys.txt"});
   protect("C:\\From\\a.txt", Hidden | Archive | ReadOnly);
@@ -94,7 +113,7 @@ TEST_F(ItemPropertiesTest, ADiscIsReadOnlyAndAMissingDriveOrSelectionOpensNothin
   select({});
   start("Command15_Click", {test::noticed(" No Items selected. ! ")}, {});
   rig.drives->away = {'C'};
-  start("Command15_Click", {told("Cannot View Data, - Drive(s) Not Ready !\rFunction Exits !")}, {});
+  start("Command15_Click", {test::told("Cannot View Data, - Drive(s) Not Ready !\rFunction Exits !")}, {});
 }
 
 }  // namespace
