@@ -1,6 +1,5 @@
 #include "properties/attribute_change.hpp"
 
-#include "core/text_character.hpp"
 #include "properties/medium.hpp"
 
 namespace varnholt::properties {
@@ -12,7 +11,6 @@ using namespace platform::attribute;
 constexpr platform::Attributes SystemFile[] = {4, 7, 36, 38, 39};
 // So many between two turns of the message loop.
 constexpr std::size_t FilesOfACall = 256;
-constexpr std::size_t LongName = 50;
 
 }  // namespace
 
@@ -112,9 +110,8 @@ void AttributeChange::change(const std::vector<std::string>& names) {
 }
 
 void AttributeChange::showLine(const std::string& name) {
-  std::string line = core::shortened(name, LongName + 1, LongName);
-  if (notChanged_ > 0) line += "  (" + std::to_string(notChanged_) + " Not Changed !)";
-  Form18_.Label2.Caption = line;
+  Form18_.Text2.Text =
+      notChanged_ == 0 ? name : "(" + std::to_string(notChanged_) + " Not Changed !)  " + name;
 }
 
 }  // namespace varnholt::properties

@@ -14,7 +14,9 @@ properties::Form18::Form18(controls::MessageLoop& loop) : Form(loop, "Form18") {
   Check2.ToolTipText = "Apply Read-Only Attribut";
   Check3.Caption = "&Hidden";
   Check3.ToolTipText = "Apply Hidden Attribut";
-  Label2.AccessibleName = "Attribut changed on file";
+  Text2.AccessibleName = "Attribut changed on file";
+  Text2.ToolTipText = "The file that was changed last";
+  Text2.Locked = true;
   Command1.Caption = "&Execute";
   Command1.ToolTipText =
       "Executes Attribut Changes on Selected Items. Cannot Change attribute on compressed and indexed files !.";
@@ -29,7 +31,7 @@ properties::Form18::Form18(controls::MessageLoop& loop) : Form(loop, "Form18") {
 void properties::Form18::reset(std::size_t count) {
   Text1.Text = "Overwrites Exisitens Attributes !";
   Label1.Caption = std::to_string(count) + " Items To Change !  (Folders, Systemfiles NO change)";
-  Label2.Caption = "";
+  Text2.Text = "";
   for (controls::CheckBox* box : {&Check1, &Check2, &Check3})
     box->Value = 0;
   Check1.SetFocus();

@@ -18,7 +18,7 @@ class Form18 : public controls::Form {
   controls::CheckBox Check1{*this, "Check1"};    ///< archive
   controls::CheckBox Check2{*this, "Check2"};    ///< read-only
   controls::CheckBox Check3{*this, "Check3"};    ///< hidden
-  controls::Label Label2{*this, "Label2"};       ///< the file changed last, and how many could not be
+  controls::TextBox Text2{*this, "Text2"};       ///< the file changed last, and how many could not be
   controls::Button Command1{*this, "Command1"};  ///< execute
   controls::Button Command2{*this, "Command2"};  ///< cancel; stops what runs
 

@@ -4,6 +4,7 @@
 #include <QImageReader>
 
 #include <memory>
+#include <string_view>
 #include <utility>
 
 namespace varnholt::qt {
@@ -23,8 +24,24 @@ QSize decodedSize(const QSize& whole, const QSize& area, Fit fit) {
   return parts > 1 ? whole / parts : covering.boundedTo(whole);
 }
 
+/// A JPEG file that ends before its picture does: the decoder would make the rest grey without a word. The end marker
+/// cannot stand in the picture's own data, but does in those of a thumbnail, which are passed over with their segment.
+bool isCutOff(std::string_view bytes) {
+  using namespace std::string_view_literals;
+  if (!bytes.starts_with("\xFF\xD8"sv)) return false;
+  constexpr unsigned char StartOfScan = 0xDA;
+  const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(bytes[at]); };
+  for (std::size_t at = 2; at + 4 <= bytes.size() && byte(at) == 0xFF;) {
+    if (byte(at + 1) == StartOfScan) return bytes.find("\xFF\xD9"sv, at) == std::string_view::npos;
+    const bool fills = byte(at + 1) == 0xFF;
+    at += fills ? 1 : 2 + (std::size_t{byte(at + 2)} << 8 | byte(at + 3));
+  }
+  return true;
+}
+
 // An empty area: in its own size.
 Pictures::Loaded decode(const std::string& bytes, const QSize& area, Fit fit) {
+  if (isCutOff(bytes)) return {};
   QByteArray raw = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
   QBuffer buffer(&raw);
   QImageReader reader(&buffer);

@@ -79,7 +79,7 @@ TEST_F(AttributeChangeTest, FilesThatTakeNoneArePassedOverAndCounted) {
   write({"From\\a.txt", "From\\b.txt", "From\\c.txt"});
   change({"a", "b", "c"}, {&dialog().Check3}, {test::noticed("1 of 3 Item(s) Not Changed !")});
   EXPECT_EQ(of("a.txt") + of("c.txt"), 2 * Hidden);
-  EXPECT_EQ(dialog().Label2.Caption.get(), "a.txt  (1 Not Changed !)");
+  EXPECT_EQ(dialog().Text2.Text.get(), "(1 Not Changed !)  a.txt");
 }
 
 TEST_F(AttributeChangeTest, OnADiscAndWithoutItsDriveNothingChanges) {

@@ -11,13 +11,13 @@
 namespace varnholt::test {
 namespace {
 
-std::string redPicture(const QSize& size) {
+std::string redPicture(const QSize& size, const char* format = "PNG") {
   QImage red(size, QImage::Format_RGB32);
   red.fill(Qt::red);
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
-  red.save(&buffer, "PNG");
+  red.save(&buffer, format);
   return bytes.toStdString();
 }
 
@@ -45,6 +45,8 @@ TEST(Pictures, ALargeOneIsLoadedNoLargerThanItIsShown) {
   EXPECT_EQ(small.image.size(), QSize(500, 125));
   EXPECT_EQ(small.natural, QSize(4000, 1000));
   EXPECT_EQ(loaded(pictures, "C:\\photo.jpg", {}).image.size(), QSize(4000, 1000));
+  pictures.setReader([](const std::string&) { return redPicture(QSize(20'000, 20'000), "JPG"); });
+  EXPECT_EQ(loaded(pictures, "C:\\huge.jpg", QSize(300, 300)).image.size(), QSize(2500, 2500));
 }
 
 TEST(Pictures, WhatCannotBeReadIsNoPicture) {
@@ -54,13 +56,14 @@ TEST(Pictures, WhatCannotBeReadIsNoPicture) {
       {"text.jpg", "no picture"},
       {"empty.png", ""},
       {"cut.png", redPicture(QSize(40, 20)).substr(0, 30)},
+      {"cut.jpg", redPicture(QSize(400, 200), "JPG").substr(0, 900)},
       {"bomb.bmp", std::string("BM\0\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\xff\xff\xff\x7f\xff\xff\xff\x7f\1\0\x20\0", 30) +
                        std::string(40, '\0')}};
   pictures.setReader([&](const std::string& path) {
     const auto file = files.find(path);
     return file == files.end() ? std::optional<std::string>() : file->second;
   });
-  for (const char* path : {"text.jpg", "empty.png", "cut.png", "bomb.bmp", "pipe.png"}) {
+  for (const char* path : {"text.jpg", "empty.png", "cut.png", "cut.jpg", "bomb.bmp", "pipe.png"}) {
     EXPECT_TRUE(loaded(pictures, path, {}).image.isNull()) << path;
     EXPECT_TRUE(loaded(pictures, path, QSize(100, 100)).image.isNull()) << path;
   }
