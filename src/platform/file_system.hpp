@@ -212,8 +212,8 @@ class FileSystem {
   /// touched. On a volume without extended attributes
   /// read-only is kept in the permission and the rest is NotSupported after that.
   virtual Result<void> setAttributes(const std::string& path, Attributes attributes) = 0;
-  /// setAttributes for files of one folder, much quicker for many; an answer each, in their order. A file whose reported
-  /// value is one of `spared` stays as it is: false.
+  /// setAttributes for files of one folder, much quicker for many; an answer each, in their order. A file whose
+  /// reported value is one of `spared` stays as it is: false.
   virtual std::vector<Result<bool>> setAttributesOf(const std::string& folder, const std::vector<std::string>& names,
                                                     Attributes attributes, std::span<const Attributes> spared) = 0;
   /// Takes all attributes off a file but system; bits that no user sets go too. Fails as setAttributes does.

@@ -110,8 +110,7 @@ void AttributeChange::change(const std::vector<std::string>& names) {
 }
 
 void AttributeChange::showLine(const std::string& name) {
-  Form18_.Text2.Text =
-      notChanged_ == 0 ? name : "(" + std::to_string(notChanged_) + " Not Changed !)  " + name;
+  Form18_.Text2.Text = notChanged_ == 0 ? name : "(" + std::to_string(notChanged_) + " Not Changed !)  " + name;
 }
 
 }  // namespace varnholt::properties

@@ -17,10 +17,9 @@ class Form15 : public controls::Form {
   controls::TextBox Text4{*this, "Text4"};  ///< size; of a folder once it was asked for
   controls::TextBox Text5{*this, "Text5"};  ///< date created
   controls::TextBox Text6{*this, "Text6"};  ///< date last modified
-  controls::CheckBox Check1{*this, "Check1"}, Check2{*this, "Check2"}, Check3{*this, "Check3"};  ///< archive, hidden,
-                                                                                                 ///< read-only
-  controls::CheckBox Check4{*this, "Check4"}, Check5{*this, "Check5"}, Check6{*this, "Check6"};  ///< system, compressed,
-                                                                                                 ///< indexed
+  // Archive, hidden, read-only; system, compressed, indexed.
+  controls::CheckBox Check1{*this, "Check1"}, Check2{*this, "Check2"}, Check3{*this, "Check3"};
+  controls::CheckBox Check4{*this, "Check4"}, Check5{*this, "Check5"}, Check6{*this, "Check6"};
   controls::Label Label1{*this, "Label1"};  ///< how many items there are to view
   controls::Label Label2{*this, "Label2"};  ///< which of them is in hand: "2 / 5"
   controls::PictureBox Image3{*this, "Image3"};

@@ -78,7 +78,7 @@ void ItemProperties::AttUpdate() {
   Form15_.Text1.Text = name;
   Form15_.Text2.Text = paths::parent(item().path);
   Form15_.Text3.Text = type();
-  Form15_.Text4.Text = !data_ ? data_.error().text
+  Form15_.Text4.Text = !data_            ? data_.error().text
                        : item().isFolder ? std::string()
                                          : core::bytesText(data_->size, program.platform.regional);
   Form15_.Text5.Text = data_ ? date(data_->created) : std::string();
@@ -104,7 +104,8 @@ void ItemProperties::showBoxes() {
 std::string ItemProperties::type() const {
   if (item().isFolder) return "Folder";
   if (data_ && data_->kind == platform::EntryKind::Special) return "Pipe, Socket Or Device";
-  const std::string words = desk_.program.platform.fileTypes.description(paths::extension(paths::fileName(item().path)));
+  const std::string words =
+      desk_.program.platform.fileTypes.description(paths::extension(paths::fileName(item().path)));
   return words.empty() ? "File" : core::properCase(words);
 }
 

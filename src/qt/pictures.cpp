@@ -16,8 +16,7 @@ enum class Fit { Cover, Show };
 // A decoder gives a half, a quarter and an eighth at once; any other size it makes from these, in the time of one more
 // scaling.
 QSize decodedSize(const QSize& whole, const QSize& area, Fit fit) {
-  const QSize covering =
-      whole.scaled(area, fit == Fit::Cover ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio);
+  const QSize covering = whole.scaled(area, fit == Fit::Cover ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio);
   int parts = 1;
   while (parts < 8 && whole.width() / (parts * 2) >= covering.width())
     parts *= 2;
@@ -78,9 +77,8 @@ void Pictures::loadBeside(const std::string& path, const QSize& area, std::funct
 void Pictures::decodeAhead(const std::string& path, const QSize& area) {
   auto bytes = reader_ ? reader_(path) : std::nullopt;
   if (!bytes) return;
-  ahead_ = {path, std::async(std::launch::async, [bytes = *std::move(bytes), area] {
-              return decode(bytes, area, Fit::Cover).image;
-            })};
+  ahead_ = {path, std::async(std::launch::async,
+                             [bytes = *std::move(bytes), area] { return decode(bytes, area, Fit::Cover).image; })};
 }
 
 QImage Pictures::covering(const std::string& path, const QSize& area) {

@@ -1,10 +1,10 @@
 #include "rename/rename_dialog.hpp"
 
+#include "core/picture_file.hpp"
 #include "core/text_character.hpp"
 #include "panels/listing.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
-#include "core/picture_file.hpp"
 
 namespace varnholt::rename {
 namespace {

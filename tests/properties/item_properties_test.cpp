@@ -25,8 +25,8 @@ class ItemPropertiesTest : public fileops::OperationTest {
   }
   std::string boxes() {
     std::string marks;
-    for (auto* box : {&dialog().Check1, &dialog().Check2, &dialog().Check3, &dialog().Check4, &dialog().Check5,
-                      &dialog().Check6})
+    for (auto* box :
+         {&dialog().Check1, &dialog().Check2, &dialog().Check3, &dialog().Check4, &dialog().Check5, &dialog().Check6})
       marks += box->Value ? '1' : '0';
     return marks;
   }

@@ -331,6 +331,10 @@ TEST_F(Adapters, PicturesAreReadByProgramPathAndFitted) {
   drawn = picture.grab().toImage();
   EXPECT_EQ(drawn.pixelColor(2, 50), QColor(Qt::red));
   EXPECT_NE(drawn.pixelColor(50, 20), QColor(Qt::red)) << "it keeps its proportions";
+  form.Picture1.Stretch = false;
+  picture.setFixedSize(30, 100);
+  draw();
+  EXPECT_EQ(picture.horizontalScrollBar()->maximum(), 10) << "a larger one is scrolled";
 }
 
 TEST_F(Adapters, APictureThatIsNoLongerWantedIsDropped) {

@@ -1,7 +1,7 @@
 // How new names come about: the rule, its counter, and what fields refuse.
+#include "core/picture_file.hpp"
 #include "rename/field_rule.hpp"
 #include "rename/mask.hpp"
-#include "core/picture_file.hpp"
 #include "support/testing.hpp"
 
 namespace varnholt::rename {

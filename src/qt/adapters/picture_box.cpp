@@ -59,10 +59,10 @@ class PictureBoxAdapter : public Joined<controls::PictureBox, PictureView> {
     if (picture_.empty() || loading_ == AtOnce || isAskedFor(area)) return;
     asked_ = area;
     ++loading_;
-    host().pictures().loadBeside(
-        picture_, area, [self = QPointer(this), path = picture_](const Pictures::Loaded& loaded) {
-          if (self && !self->abandoned()) self->came(path, loaded);
-        });
+    host().pictures().loadBeside(picture_, area,
+                                 [self = QPointer(this), path = picture_](const Pictures::Loaded& loaded) {
+                                   if (self && !self->abandoned()) self->came(path, loaded);
+                                 });
   }
 
   // What is no longer wanted is dropped, and so is a smaller one that comes late.

@@ -16,8 +16,8 @@ class PictureView : public QAbstractScrollArea {
   void setPicture(const QPixmap& picture, const QSize& natural = {});
   const QSize& naturalSize() const { return natural_; }
   void setIcon(const QIcon& icon);
-  /// As large as the area lets it be, in its own proportions; otherwise in its own size, with scroll bars where the area
-  /// is smaller.
+  /// As large as the area lets it be, in its own proportions; otherwise in its own size, with scroll bars where the
+  /// area is smaller.
   void setStretch(bool stretch);
   /// What is drawn of the picture, in pixels of the screen; empty: all that it has.
   QSize wantedPixels() const;
