@@ -26,8 +26,9 @@ def road(program):
     wait("the dialog to go", lambda: not program.dialogs())
     expect("all are read-only", all(not mode(program, number) & 0o200 for number in range(COUNT)))
 
-    program.click_row(1, "shot00")
-    program.keys("shift+Down", "ctrl+u")
+    program.keys("Home", "shift+Down")
+    wait("two selected", lambda: program.status_has("2  Item(s) Selected"))
+    program.keys("ctrl+u")
     dialog = program.dialog("File/Folder Properties")
     wait("the first item", lambda: program.field(dialog, "Name") == "shot00.txt")
     program.keys("Next")
