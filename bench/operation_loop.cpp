@@ -1,7 +1,7 @@
-// Copies, moves or deletes all files of a folder through the program's own loops, or tests whether they fit, with the
-// dialogs answered as a user who goes on would. Prints the microseconds from the press of the dialog's button until it
-// hides.
-//   bench_operation_loop copy|move|delete|validate FROM TO
+// Copies, moves or deletes all files of a folder through the program's own loops, makes them hidden and read-only, or
+// tests whether they fit, with the dialogs answered as a user who goes on would. Prints the microseconds from the press
+// of the dialog's button until it hides.
+//   bench_operation_loop copy|move|delete|attributes|validate FROM TO
 
 #include "app/app.hpp"
 #include "idle_loop.hpp"
@@ -27,8 +27,13 @@ class AnsweringLoop : public bench::IdleLoop {
   void runModal(controls::Form& form) override {
     form.Visible = true;
     if (form.name() == "Form12") std::fprintf(stderr, "an alert came up\n");
+    if (auto* attributes = dynamic_cast<properties::Form18*>(&form)) {
+      attributes->Check2.toggleFromUser();
+      attributes->Check3.toggleFromUser();
+    }
     if (isOperation(form)) from_ = Clock::now();
-    if (auto* start = dynamic_cast<controls::Button*>(form.control("Command11"))) start->press();
+    const char* button = form.name() == "Form18" ? "Command1" : "Command11";
+    if (auto* start = dynamic_cast<controls::Button*>(form.control(button))) start->press();
     form.Visible = false;
   }
   void changed(controls::Form& form) override {
@@ -38,7 +43,7 @@ class AnsweringLoop : public bench::IdleLoop {
 
  private:
   static bool isOperation(const controls::Form& form) {
-    return form.name() == "Form3" || form.name() == "Form4" || form.name() == "Form5";
+    return form.name() == "Form3" || form.name() == "Form4" || form.name() == "Form5" || form.name() == "Form18";
   }
   Clock::time_point from_ = Clock::now();
 };
@@ -70,6 +75,7 @@ int main(int argc, char** argv) {
   if (operation == "copy") app.fileops.Copy.start();
   if (operation == "move") app.fileops.Move.start();
   if (operation == "delete") app.fileops.Delete.start();
+  if (operation == "attributes") app.properties.attributes.multiAtribut_Click();
   if (operation == "validate") {
     const auto from = Clock::now();
     const bool fits = app.fileops.Space.ValidateSpaceNeeded(app.fileops.Form3);

@@ -45,6 +45,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       tools(desk),
       fileops(desk),
       rename(desk, fileops.policy, fileops.Form7),
+      properties(desk, fileops.desktop),
       filters(desk),
       presets(desk) {
   addCommands();

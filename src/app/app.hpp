@@ -13,6 +13,7 @@
 #include "panels/panel_keys.hpp"
 #include "panels/panel_shortcuts.hpp"
 #include "places/presets.hpp"
+#include "properties/properties.hpp"
 #include "rename/rename.hpp"
 #include "tools/tools.hpp"
 
@@ -64,13 +65,14 @@ class App {
   tools::Tools tools;
   fileops::FileOps fileops;
   rename::Rename rename;
+  properties::Properties properties;
   filters::Filters filters;
   places::Presets presets;
 
  private:
   /// In the order of their entries in the menus.
-  std::array<panels::Room*, 7> rooms() {
-    return {&NewSkin, &tools, &panelCommands, &fileops, &rename, &filters, &presets};
+  std::array<panels::Room*, 8> rooms() {
+    return {&NewSkin, &tools, &panelCommands, &fileops, &rename, &properties, &filters, &presets};
   }
   void addCommands();
   void drawButtons();

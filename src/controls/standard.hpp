@@ -108,10 +108,10 @@ class StatusBar : public Control {
 class PictureBox : public Control {
  public:
   PictureBox(Form& form, std::string name) : Control(form, std::move(name), Kind::PictureBox) {}
-  Property<std::string> Picture{*this};      ///< program path of the image; empty: none
+  Property<std::string> Picture{*this};      ///< program path of the image, read beside the window; empty: none
   Property<std::string> PictureData{*this};  ///< bytes of an image file, drawn instead of Picture; empty: none
   Property<std::string> IconName{*this};     ///< a desktop theme icon instead of a picture; empty: none
-  Property<bool> Stretch{*this, false};
+  Property<bool> Stretch{*this, false};      ///< fitted to the area, in its own proportions
 };
 
 /// Ticks on the loop's thread while enabled and its interval is above 0.

@@ -121,6 +121,14 @@ class WaitedFiles : public platform::FileSystem {
   platform::Result<void> setAttributes(const std::string& path, platform::Attributes attributes) override {
     return waited([&] { return files_.setAttributes(path, attributes); });
   }
+  std::vector<platform::Result<bool>> setAttributesOf(const std::string& folder, const std::vector<std::string>& names,
+                                                      platform::Attributes attributes,
+                                                      std::span<const platform::Attributes> spared) override {
+    return waited([&] { return files_.setAttributesOf(folder, names, attributes, spared); });
+  }
+  platform::Result<void> resetAttributes(const std::string& path) override {
+    return waited([&] { return files_.resetAttributes(path); });
+  }
   platform::Result<void> setModified(const std::string& path, const platform::Date& date) override {
     return waited([&] { return files_.setModified(path, date); });
   }

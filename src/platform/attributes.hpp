@@ -16,6 +16,7 @@ inline constexpr Attributes System = 4;
 inline constexpr Attributes Folder = 16;
 inline constexpr Attributes Archive = 32;
 inline constexpr Attributes Compressed = 2048;
+inline constexpr Attributes NotIndexed = 8192;  ///< stored alone, and never reported
 /// The bits that a user may set.
 inline constexpr Attributes Settable = ReadOnly | Hidden | System | Archive;
 }  // namespace attribute

@@ -31,7 +31,8 @@ struct Entry {
   EntryKind kind = EntryKind::File;
   bool isLink = false;
   bool isDangling = false;
-  bool hasDates = true;  ///< false when the entry could not be asked (no permission, vanished)
+  bool hasDates = true;    ///< false when the entry could not be asked (no permission, vanished)
+  bool isIndexed = false;  ///< attributes are stored, and they do not forbid an indexing service
 };
 
 /// One folder, read in one pass. Folders and files apart, each by lowered name and then by bytes.
@@ -56,6 +57,7 @@ struct EntryInfo {
   EntryKind kind = EntryKind::File;
   bool isLink = false;
   bool isDangling = false;
+  bool isIndexed = false;
 };
 
 /// Told the bytes done so far of the running call; gives false to stop it (ErrorCode::Stopped).
@@ -212,6 +214,12 @@ class FileSystem {
   /// touched. On a volume without extended attributes
   /// read-only is kept in the permission and the rest is NotSupported after that.
   virtual Result<void> setAttributes(const std::string& path, Attributes attributes) = 0;
+  /// setAttributes for files of one folder, much quicker for many; an answer each, in their order. A file whose
+  /// reported value is one of `spared` stays as it is: false.
+  virtual std::vector<Result<bool>> setAttributesOf(const std::string& folder, const std::vector<std::string>& names,
+                                                    Attributes attributes, std::span<const Attributes> spared) = 0;
+  /// Takes all attributes off a file but system; bits that no user sets go too. Fails as setAttributes does.
+  virtual Result<void> resetAttributes(const std::string& path) = 0;
   virtual Result<void> setModified(const std::string& path, const Date& date) = 0;
   /// Has the volume of the path write out all that was written to it, so that a power cut finds it. Without `wait` this
   /// returns at once and the work goes on beside; with it, when all is on the medium, or Stopped, as soon as `progress`

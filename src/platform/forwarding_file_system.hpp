@@ -3,6 +3,7 @@
 #include "platform/file_system.hpp"
 #include "platform/paths.hpp"
 
+#include <algorithm>
 #include <optional>
 
 namespace varnholt::platform {
@@ -75,6 +76,7 @@ class ForwardingFileSystem : public FileSystem {
   Result<void> setAttributes(const std::string& path, Attributes attributes) override {
     return base_.setAttributes(path, attributes);
   }
+  Result<void> resetAttributes(const std::string& path) override { return base_.resetAttributes(path); }
   Result<void> setModified(const std::string& path, const Date& date) override { return base_.setModified(path, date); }
   Result<void> writeOut(const std::string& path, bool wait, const Progress& progress = {}) override {
     return base_.writeOut(path, wait, progress);
@@ -102,6 +104,23 @@ class ForwardingFileSystem : public FileSystem {
       if (file.attributes != attribute::Archive) return {};
       return deleteFile(path, false);
     });
+  }
+  std::vector<Result<bool>> setAttributesOf(const std::string& folder, const std::vector<std::string>& names,
+                                            Attributes attributes, std::span<const Attributes> spared) override {
+    std::vector<Result<bool>> results;
+    for (const std::string& name : names) {
+      const std::string path = paths::join(folder, name);
+      const auto present = this->attributes(path);
+      if (!present) {
+        results.emplace_back(present.error());
+      } else if (std::ranges::find(spared, *present) != spared.end()) {
+        results.emplace_back(false);
+      } else {
+        const auto set = setAttributes(path, attributes);
+        results.push_back(set ? Result<bool>(true) : set.error());
+      }
+    }
+    return results;
   }
 
  protected:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qt/blocking_call.hpp"
+
 #include <QImage>
 #include <QPixmap>
 
@@ -26,8 +28,14 @@ class Pictures {
   QImage covering(const std::string& path, const QSize& area);
   /// Begins to decode, beside, what `covering` will be asked for: the picture of a window that is being built.
   void decodeAhead(const std::string& path, const QSize& area);
-  /// Read anew, for previews: a folder of photos must not pile up in memory.
-  QPixmap fresh(const std::string& path) const;
+  /// Reads it anew, beside the window: a folder of photos must not pile up in memory, and any of them may be large or
+  /// lie on a drive that does not answer. At least as large as `area` in pixels lets it be shown, where the format can
+  /// be read smaller; an empty area: in its own size. `done` runs on the window's thread.
+  struct Loaded {
+    QImage image;   ///< null when there is no such picture
+    QSize natural;  ///< its own size
+  };
+  void loadBeside(const std::string& path, const QSize& area, std::function<void(const Loaded&)> done);
 
  private:
   struct Ahead {
@@ -37,6 +45,7 @@ class Pictures {
 
   Reader reader_;
   std::map<std::string, QPixmap> kept_;
+  Aside aside_;
   Ahead ahead_;
 };
 

@@ -1,10 +1,10 @@
 #include "rename/rename_dialog.hpp"
 
+#include "core/picture_file.hpp"
 #include "core/text_character.hpp"
 #include "panels/listing.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
-#include "rename/picture.hpp"
 
 namespace varnholt::rename {
 namespace {
@@ -69,6 +69,7 @@ void rename::Form14::dressItemPart() {
     dress(*arrow, "", "Next Item, without renaming this one", "forward");
   Image3.ToolTipText = "Picture Preview";
   Image3.AccessibleName = "Picture Preview";
+  Image3.Stretch = true;
   dress(Command1, "Return to &Original", "Sets back the name as it is on the disk");
   dress(Command3, "lo&wer", "Sets newname to lower case");
   dress(Command4, "UPPE&R", "Sets newname to UPPER CASE");
@@ -152,10 +153,10 @@ void rename::Form14::showItem(const std::string& folder, const std::string& name
 
 void rename::Form14::showPicture() {
   std::string picture;
-  if (hasPictureName(Item)) {
+  if (core::hasPictureName(Item)) {
     const std::string path = platform::paths::join(Folder, Item);
     picture = program_.files().readFile(path).valueOr({});
-    if (!isPicture(picture)) picture.clear();
+    if (!core::isPicture(picture)) picture.clear();
   }
   Image3.Visible = !picture.empty();
   Image3.PictureData = std::move(picture);

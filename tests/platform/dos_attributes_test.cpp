@@ -67,6 +67,36 @@ TEST(SetAttributes, ChangesNothingElse) {
   EXPECT_EQ(codeOf(temp.files.setAttributes(temp.at("none"), 0)), ErrorCode::NotFound);
 }
 
+TEST(SetAttributes, OfManyFilesSparesThoseOfTheGivenValues) {
+  TempFolder temp;
+  temp.file("a").file("b").file("sys").folder("f");
+  if (!temp.store("sys", "0x26")) GTEST_SKIP() << "no extended attributes here";
+  symlink(temp.system("a").c_str(), temp.system("link").c_str());
+  const Attributes spared[] = {Archive | Hidden | System};
+  const auto results = temp.files.setAttributesOf(temp.at(""), {"a", "sys", "none", "link", "b"}, ReadOnly, spared);
+  ASSERT_EQ(results.size(), 5u);
+  EXPECT_TRUE(results[0].valueOr(false) && results[4].valueOr(false));
+  EXPECT_FALSE(results[1].valueOr(true));
+  EXPECT_EQ(codeOf(results[2]), ErrorCode::NotFound);
+  EXPECT_EQ(codeOf(results[3]), ErrorCode::NotSupported);
+  for (const auto& [name, attributes] : {Reported{"a", ReadOnly}, {"b", ReadOnly}, {"sys", spared[0]}})
+    EXPECT_EQ(temp.files.attributes(temp.at(name)).valueOr(0), attributes) << name;
+}
+
+TEST(SetAttributes, AResetLeavesSystemAlone) {
+  TempFolder temp;
+  temp.file("a").file("sys").file(".dot").mode(".dot", 0444);
+  if (!temp.store("a", "0x2823") || !temp.store("sys", "0x827")) GTEST_SKIP() << "no extended attributes here";
+  EXPECT_FALSE(temp.files.info(temp.at("a"))->isIndexed) << "it is stored that it is not";
+  EXPECT_TRUE(temp.files.info(temp.at("sys"))->isIndexed);
+  EXPECT_FALSE(temp.files.info(temp.at(".dot"))->isIndexed) << "nothing is stored";
+  for (const auto& [name, attributes] : {Reported{"a", 0}, {"sys", System}, {".dot", 0}}) {
+    ASSERT_TRUE(temp.files.resetAttributes(temp.at(name)));
+    EXPECT_EQ(temp.files.attributes(temp.at(name)).valueOr(99), attributes) << name;
+  }
+  EXPECT_TRUE(temp.files.info(temp.at("a"))->isIndexed);
+}
+
 TEST(SetAttributes, EveryCombinationComesBack) {
   TempFolder temp;
   temp.file("a").folder("f");

@@ -19,6 +19,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <future>
+
 namespace varnholt::test {
 namespace {
 
@@ -293,13 +295,49 @@ TEST_F(Adapters, PicturesAreReadByProgramPathAndFitted) {
   form.Picture1.Picture = "C:\\Photos\\red.png";
   picture.setFixedSize(100, 100);
   draw();
+  QImage drawn;
+  ASSERT_TRUE(QTest::qWaitFor([&] {
+    drawn = picture.grab().toImage();
+    return drawn.pixelColor(50, 50) == QColor(Qt::red);
+  }));
   EXPECT_EQ(wanted, "C:\\Photos\\red.png");
-  QImage drawn = picture.grab().toImage();
-  EXPECT_EQ(drawn.pixelColor(50, 50), QColor(Qt::red));
   EXPECT_NE(drawn.pixelColor(50, 20), QColor(Qt::red)) << "a small picture keeps its size";
   form.Picture1.Stretch = true;
   draw();
-  EXPECT_EQ(picture.grab().toImage().pixelColor(50, 2), QColor(Qt::red));
+  drawn = picture.grab().toImage();
+  EXPECT_EQ(drawn.pixelColor(2, 50), QColor(Qt::red));
+  EXPECT_NE(drawn.pixelColor(50, 20), QColor(Qt::red)) << "it keeps its proportions";
+  form.Picture1.Stretch = false;
+  picture.setFixedSize(30, 100);
+  draw();
+  EXPECT_EQ(picture.horizontalScrollBar()->maximum(), 10) << "a larger one is scrolled";
+}
+
+TEST_F(Adapters, APictureThatIsNoLongerWantedIsDropped) {
+  std::promise<void> goOn;
+  read.setReader([&, wait = goOn.get_future().share()](const std::string& path) -> std::optional<std::string> {
+    if (path.ends_with("slow.png")) wait.wait();
+    QImage one(40, 20, QImage::Format_RGB32);
+    one.fill(path.ends_with("slow.png") ? Qt::red : Qt::green);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    one.save(&buffer, "PNG");
+    return bytes.toStdString();
+  });
+  picture.setFixedSize(100, 100);
+  const auto middle = [&] { return picture.grab().toImage().pixelColor(50, 50); };
+  form.Picture1.Picture = "C:\\slow.png";
+  draw();
+  form.Picture1.Picture = "C:\\green.png";
+  draw();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return middle() == QColor(Qt::green); })) << "it waits for no other";
+  goOn.set_value();
+  QTest::qWait(50);
+  EXPECT_EQ(middle(), QColor(Qt::green));
+  form.Picture1.Picture = "";
+  draw();
+  EXPECT_NE(middle(), QColor(Qt::green));
 }
 
 TEST_F(Adapters, TheCommonPropertiesReachTheWidget) {

@@ -18,13 +18,13 @@ bool waitFor(Condition condition) {
 }
 
 /// A picture's file, red all over.
-inline std::string redPicture(const QSize& size) {
+inline std::string redPicture(const QSize& size, const char* format = "PNG") {
   QImage red(size, QImage::Format_RGB32);
   red.fill(Qt::red);
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
-  red.save(&buffer, "PNG");
+  red.save(&buffer, format);
   return bytes.toStdString();
 }
 

@@ -1,7 +1,7 @@
 // How new names come about: the rule, its counter, and what fields refuse.
+#include "core/picture_file.hpp"
 #include "rename/field_rule.hpp"
 #include "rename/mask.hpp"
-#include "rename/picture.hpp"
 #include "support/testing.hpp"
 
 namespace varnholt::rename {
@@ -161,12 +161,12 @@ TEST(FieldRules, RefuseTheirCharacters) {
 }
 
 TEST(Pictures, AreKnownByNameAndFirstBytes) {
-  EXPECT_TRUE(hasPictureName("coast.JPG"));
-  EXPECT_FALSE(hasPictureName("letter.txt"));
-  EXPECT_TRUE(isPicture("\xFF\xD8\xFF\xE0 the rest"));
-  EXPECT_TRUE(isPicture("<?xml version='1.0'?><!-- drawn --><svg/>"));
-  EXPECT_FALSE(isPicture("picture"));
-  EXPECT_FALSE(isPicture(""));
+  EXPECT_TRUE(core::hasPictureName("coast.JPG"));
+  EXPECT_FALSE(core::hasPictureName("letter.txt"));
+  EXPECT_TRUE(core::isPicture("\xFF\xD8\xFF\xE0 the rest"));
+  EXPECT_TRUE(core::isPicture("<?xml version='1.0'?><!-- drawn --><svg/>"));
+  EXPECT_FALSE(core::isPicture("picture"));
+  EXPECT_FALSE(core::isPicture(""));
 }
 
 }  // namespace

@@ -14,6 +14,8 @@ class RemovableDrives : public platform::Drives {
   std::vector<char> away;
   /// The name that each drive bears from the next refresh on.
   std::string renamed;
+  /// What all drives give as their file system; empty: their own.
+  std::string fileSystem;
 
   std::vector<char> letters() const override {
     auto all = real_.letters();
@@ -25,6 +27,7 @@ class RemovableDrives : public platform::Drives {
       return platform::Error{platform::ErrorCode::InvalidPath, std::string(1, letter), "no such drive"};
     auto info = real_.info(letter);
     if (info && !name_.empty()) info->label = name_;
+    if (info && !fileSystem.empty()) info->fileSystem = fileSystem;
     return info;
   }
   void refresh() override {

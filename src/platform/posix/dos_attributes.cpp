@@ -3,6 +3,7 @@
 #include "platform/posix/posix_error.hpp"
 #include "platform/posix/unique_fd.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -11,6 +12,7 @@
 #include <linux/msdos_fs.h>
 #include <sys/ioctl.h>
 #include <sys/statfs.h>
+#include <sys/sysmacros.h>
 #include <sys/xattr.h>
 #include <time.h>
 
@@ -169,28 +171,70 @@ mode_t modeFor(mode_t mode, Attributes attributes) {
   return attributes & attribute::ReadOnly ? mode & ~static_cast<mode_t>(S_IWUSR) : mode | S_IWUSR;
 }
 
-}  // namespace
+/// An entry that may be given attributes, and what it has.
+struct Present {
+  struct statx facts {};
+  AttributeStore store;
+  std::optional<Attributes> stored;
 
-Result<void> setAttributesAt(const std::string& path, Attributes attributes) {
-  struct stat facts {};
-  if (::lstat(path.c_str(), &facts) != 0) return systemError(errno, path);
-  if (S_ISLNK(facts.st_mode)) return systemError(EOPNOTSUPP, path);
-  const bool ordinary = S_ISREG(facts.st_mode) || S_ISDIR(facts.st_mode);
-  AttributeStore store = ordinary ? AttributeStore::ofPath(path.c_str()) : AttributeStore();
-  const auto stored = store.read(path.c_str(), true);
-  const Attributes wanted = attributes & attribute::Settable;
-  const Attributes kept = stored.value_or(S_ISDIR(facts.st_mode) ? attribute::Folder : 0) & ~attribute::Settable;
+  mode_t mode() const { return facts.stx_mode; }
+  Attributes reported(const std::string& path) const {
+    return reportedAttributes(stored, mode(), lastName(path), facts.stx_attributes & STATX_ATTR_COMPRESSED);
+  }
+};
+
+Result<Present> readPresent(const std::string& path) {
+  Present present;
+  if (::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, STATX_TYPE | STATX_MODE, &present.facts))
+    return systemError(errno, path);
+  const mode_t mode = present.mode();
+  if (S_ISLNK(mode)) return systemError(EOPNOTSUPP, path);
+  if (!S_ISREG(mode) && !S_ISDIR(mode)) return present;
+  const dev_t device = makedev(present.facts.stx_dev_major, present.facts.stx_dev_minor);
+  present.store = AttributeStore::ofVolume(device, path.c_str());
+  present.stored = present.store.read(path.c_str(), true);
+  return present;
+}
+
+/// `kept`: the bits that stay, beside those that the user sets.
+Result<void> setWord(const std::string& path, const Present& present, Attributes kept, Attributes wanted) {
+  const AttributeStore& store = present.store;
   if (store.kind() != AttributeStore::Kind::User && store.kind() != AttributeStore::Kind::None)
     return setNative(store, path, kept | wanted);
 
-  const mode_t mode = modeFor(facts.st_mode, wanted);
+  const mode_t before = present.mode(), mode = modeFor(before, wanted);
   int error = 0;
   // Where the mode and the name tell all that is wanted, nothing needs to be stored.
-  if (stored || (reportedAttributes({}, mode, lastName(path), false) & attribute::Settable) != wanted)
-    error = storeWithPermission(store, path, facts.st_mode, kept | wanted);
+  if (present.stored || (reportedAttributes({}, mode, lastName(path), false) & attribute::Settable) != wanted)
+    error = storeWithPermission(store, path, before, kept | wanted);
   if (error && !meansNoStore(error)) return systemError(error, path);
-  if (mode != facts.st_mode && ::chmod(path.c_str(), mode & 07777) != 0) return systemError(errno, path);
+  if (mode != before && ::chmod(path.c_str(), mode & 07777) != 0) return systemError(errno, path);
   return error ? Result<void>(systemError(error, path)) : Result<void>();
+}
+
+Attributes withoutUsersBits(const Present& present) {
+  return present.stored.value_or(S_ISDIR(present.mode()) ? attribute::Folder : 0) & ~attribute::Settable;
+}
+
+}  // namespace
+
+Result<void> setAttributesAt(const std::string& path, Attributes attributes) {
+  const auto set = setAttributesUnless(path, {}, attributes);
+  return set ? Result<void>() : set.error();
+}
+
+Result<bool> setAttributesUnless(const std::string& path, std::span<const Attributes> spared, Attributes attributes) {
+  const auto present = readPresent(path);
+  if (!present) return present.error();
+  if (std::ranges::find(spared, present->reported(path)) != spared.end()) return false;
+  const auto set = setWord(path, *present, withoutUsersBits(*present), attributes & attribute::Settable);
+  return set ? Result<bool>(true) : set.error();
+}
+
+Result<void> resetAttributesAt(const std::string& path) {
+  const auto present = readPresent(path);
+  if (!present) return present.error();
+  return setWord(path, *present, 0, present->reported(path) & attribute::System);
 }
 
 }  // namespace varnholt::platform::posix

@@ -4,6 +4,7 @@
 #include "platform/result.hpp"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -50,5 +51,10 @@ Attributes reportedAttributes(std::optional<Attributes> stored, mode_t mode, std
 /// write permission. NotSupported for a link, which has none of its own, and where the rest of the bits cannot be kept;
 /// the permission is then set all the same.
 Result<void> setAttributesAt(const std::string& systemPath, Attributes attributes);
+/// The same, unless the reported value is one of `spared`: false, and nothing is touched.
+Result<bool> setAttributesUnless(const std::string& systemPath, std::span<const Attributes> spared,
+                                 Attributes attributes);
+/// Leaves a file system alone of all that it has and stores.
+Result<void> resetAttributesAt(const std::string& systemPath);
 
 }  // namespace varnholt::platform::posix

@@ -61,6 +61,7 @@ void takeEntry(int folder, const char* name, const char* xattrPath, struct statx
   takeFacts(facts, out);
   const bool compressed = facts.stx_attributes & STATX_ATTR_COMPRESSED;
   out.attributes = reportedAttributes(stored, facts.stx_mode, out.name, compressed);
+  out.isIndexed = stored && !(*stored & attribute::NotIndexed);
 }
 
 }  // namespace
@@ -120,6 +121,7 @@ Result<EntryInfo> readPathInfo(const std::string& path) {
   info.kind = entry.kind;
   info.isLink = entry.isLink;
   info.isDangling = entry.isDangling;
+  info.isIndexed = entry.isIndexed;
   return info;
 }
 

@@ -136,4 +136,15 @@ BatchResults deleteBatch(const std::string& folder, const Names& names, const Pr
   });
 }
 
+std::vector<Result<bool>> attributesBatch(const std::string& folder, const Names& names, Attributes attributes,
+                                          std::span<const Attributes> spared) {
+  std::vector<Result<bool>> results(names.size(), false);
+  std::atomic<std::size_t> next = 0;
+  runWorkers(static_cast<unsigned>(std::min<std::size_t>(workerCount(), names.size())), [&](unsigned) {
+    for (std::size_t at = next++; at < names.size(); at = next++)
+      results[at] = setAttributesUnless(folder + '/' + names[at], spared, attributes);
+  });
+  return results;
+}
+
 }  // namespace varnholt::platform::posix

@@ -13,5 +13,8 @@ BatchResults copyBatch(const std::string& from, const std::vector<std::string>& 
 BatchResults moveBatch(const std::string& from, const std::vector<std::string>& names, const std::string& to,
                        const Progress& progress);
 BatchResults deleteBatch(const std::string& folder, const std::vector<std::string>& names, const Progress& progress);
+/// FileSystem::setAttributesOf.
+std::vector<Result<bool>> attributesBatch(const std::string& folder, const std::vector<std::string>& names,
+                                          Attributes attributes, std::span<const Attributes> spared);
 
 }  // namespace varnholt::platform::posix

@@ -341,6 +341,23 @@ Result<void> PosixFileSystem::setAttributes(const std::string& path, Attributes 
   return system ? told(setAttributesAt(*system, attributes)) : system.error();
 }
 
+std::vector<Result<bool>> PosixFileSystem::setAttributesOf(const std::string& folder,
+                                                           const std::vector<std::string>& names, Attributes attributes,
+                                                           std::span<const Attributes> spared) {
+  const auto system = map_.toSystem(folder);
+  if (!system) return std::vector<Result<bool>>(names.size(), system.error());
+  auto results = attributesBatch(*system, systemNames(names), attributes, spared);
+  for (Result<bool>& result : results)
+    if (!result) result = told(result.error());
+  results.resize(names.size(), Error{ErrorCode::InvalidPath, folder, "no name of a file"});
+  return results;
+}
+
+Result<void> PosixFileSystem::resetAttributes(const std::string& path) {
+  const auto system = map_.toSystem(path);
+  return system ? told(resetAttributesAt(*system)) : system.error();
+}
+
 Result<void> PosixFileSystem::setModified(const std::string& path, const Date& date) {
   const auto system = map_.toSystem(path);
   if (!system) return system.error();

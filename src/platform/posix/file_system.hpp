@@ -51,6 +51,9 @@ class PosixFileSystem final : public FileSystem {
   Result<void> deleteEmptyFolder(const std::string& path) override;
   Result<void> createFolder(const std::string& path) override;
   Result<void> setAttributes(const std::string& path, Attributes attributes) override;
+  std::vector<Result<bool>> setAttributesOf(const std::string& folder, const std::vector<std::string>& names,
+                                            Attributes attributes, std::span<const Attributes> spared) override;
+  Result<void> resetAttributes(const std::string& path) override;
   Result<void> setModified(const std::string& path, const Date& date) override;
   Result<void> writeOut(const std::string& path, bool wait, const Progress& progress = {}) override;
 

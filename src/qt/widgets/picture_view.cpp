@@ -5,7 +5,9 @@
 #include "qt/theme.hpp"
 
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyle>
+#include <QStyleOptionFocusRect>
 #include <QVariant>
 
 #include <algorithm>
@@ -15,42 +17,72 @@ namespace {
 constexpr int SmallestSide = 32, LargestIcon = 128;
 }
 
-PictureView::PictureView(QWidget* parent) : QWidget(parent) {
+PictureView::PictureView(QWidget* parent) : QAbstractScrollArea(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  setFrameShape(QFrame::NoFrame);
+  setFocusPolicy(Qt::NoFocus);
+  viewport()->setAutoFillBackground(false);
 }
 
-void PictureView::setPicture(const QPixmap& picture) {
+void PictureView::setPicture(const QPixmap& picture, const QSize& natural) {
   picture_ = picture;
-  update();
+  natural_ = natural.isEmpty() ? picture.size() / picture.devicePixelRatio() : natural;
+  place();
 }
 
 void PictureView::setIcon(const QIcon& icon) {
   icon_ = icon;
-  update();
+  viewport()->update();
 }
 
 void PictureView::setStretch(bool stretch) {
   stretch_ = stretch;
-  update();
+  place();
 }
+
+QSize PictureView::wantedPixels() const { return stretch_ ? viewport()->size() * devicePixelRatioF() : QSize(); }
 
 QSize PictureView::sizeHint() const { return {theme::scaled(SmallestSide), theme::scaled(SmallestSide)}; }
 
+void PictureView::resizeEvent(QResizeEvent*) { place(); }
+
+void PictureView::place() {
+  const QSize over = stretch_ || picture_.isNull() ? QSize() : natural_ - viewport()->size();
+  for (auto* bar : {horizontalScrollBar(), verticalScrollBar()}) {
+    const bool across = bar == horizontalScrollBar();
+    bar->setRange(0, std::max(0, across ? over.width() : over.height()));
+    bar->setPageStep(across ? viewport()->width() : viewport()->height());
+    bar->setSingleStep(theme::scaled(SmallestSide));
+  }
+  viewport()->update();
+}
+
+void PictureView::paintIcon(QPainter& painter) const {
+  const QString name = property("defaultIcon").toString();
+  if (icon_.isNull() && name.isEmpty()) return;
+  const QIcon icon = icon_.isNull() ? iconNamed(fromQt(name)) : icon_;
+  const QRect area = viewport()->rect();
+  const int side = std::min({area.width(), area.height(), theme::scaled(LargestIcon)});
+  icon.paint(&painter, QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, QSize(side, side), area));
+}
+
 void PictureView::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
+  QPainter painter(viewport());
+  const QRect area = viewport()->rect();
   if (picture_.isNull()) {
-    const QIcon icon = icon_.isNull() ? iconNamed(fromQt(property("defaultIcon").toString())) : icon_;
-    const int side = std::min({width(), height(), theme::scaled(LargestIcon)});
-    icon.paint(&painter, QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, QSize(side, side), rect()));
-    return;
+    paintIcon(painter);
+  } else {
+    const QSize size = stretch_ ? natural_.scaled(area.size(), Qt::KeepAspectRatio) : natural_;
+    QRect target = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, area);
+    if (size.width() > area.width()) target.moveLeft(-horizontalScrollBar()->value());
+    if (size.height() > area.height()) target.moveTop(-verticalScrollBar()->value());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(target, picture_);
   }
-  QSize size = this->size();
-  if (!stretch_) {
-    const QSize natural = picture_.size() / picture_.devicePixelRatio();
-    size = natural.boundedTo(natural.scaled(size, Qt::KeepAspectRatio));
-  }
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawPixmap(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, rect()), picture_);
+  if (!hasFocus()) return;
+  QStyleOptionFocusRect focus;
+  focus.initFrom(viewport());
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
 }
 
 }  // namespace varnholt::qt

@@ -1,29 +1,39 @@
 #pragma once
 
+#include <QAbstractScrollArea>
 #include <QIcon>
 #include <QPixmap>
-#include <QWidget>
 
 namespace varnholt::qt {
 
-/// Shows a picture or an icon, centred. The dynamic property "defaultIcon" names the icon shown while there is neither.
-class PictureView : public QWidget {
+/// Shows a picture or an icon, centred. The dynamic property "defaultIcon" names the icon shown while there is neither;
+/// without it the area is empty then.
+class PictureView : public QAbstractScrollArea {
   Q_OBJECT
  public:
   explicit PictureView(QWidget* parent = nullptr);
-  void setPicture(const QPixmap& picture);
+  /// `natural`: its own size, of which the pixmap may be a smaller copy; empty: the pixmap's.
+  void setPicture(const QPixmap& picture, const QSize& natural = {});
+  const QSize& naturalSize() const { return natural_; }
   void setIcon(const QIcon& icon);
-  /// Fills the whole area, whatever the picture's proportions; otherwise it is made smaller when it must, and never
-  /// larger.
+  /// As large as the area lets it be, in its own proportions; otherwise in its own size, with scroll bars where the
+  /// area is smaller.
   void setStretch(bool stretch);
+  /// What is drawn of the picture, in pixels of the screen; empty: all that it has.
+  QSize wantedPixels() const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void place();
+  void paintIcon(QPainter& painter) const;
+
   QPixmap picture_;
+  QSize natural_;
   QIcon icon_;
   bool stretch_ = false;
 };

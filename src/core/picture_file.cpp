@@ -1,11 +1,11 @@
-#include "rename/picture.hpp"
+#include "core/picture_file.hpp"
 
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
 
-namespace varnholt::rename {
+namespace varnholt::core {
 namespace {
 
 using namespace std::string_view_literals;
@@ -36,4 +36,4 @@ bool isPicture(std::string_view bytes) {
   return bytes.substr(0, RootWithin).find("<svg") != std::string_view::npos;
 }
 
-}  // namespace varnholt::rename
+}  // namespace varnholt::core

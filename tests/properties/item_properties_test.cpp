@@ -1,0 +1,120 @@
+#include "../fileops/operation_test.hpp"
+
+namespace varnholt::properties {
+namespace {
+
+using namespace platform::attribute;
+
+class ItemPropertiesTest : public fileops::OperationTest {
+ protected:
+  void SetUp() override {
+    OperationTest::SetUp();
+    rig.command("HidSysfiles_Click");
+  }
+  Form15& dialog() { return rig.app().properties.Form15; }
+  /// Opens the dialog on these rows and does this in it.
+  void view(const Names& rows, const std::function<void()>& act) {
+    select(rows);
+    rig.loop.whenShows("Form15").run([this, act](controls::Form&) {
+      EXPECT_EQ(form().mode(), "FilesMode");
+      act();
+      dialog().Command2.press();
+    });
+    rig.command("Fdetails_Click");
+    EXPECT_FALSE(rig.app().dispatcher.busy);
+  }
+  std::string boxes() {
+    std::string marks;
+    for (auto* box :
+         {&dialog().Check1, &dialog().Check2, &dialog().Check3, &dialog().Check4, &dialog().Check5, &dialog().Check6})
+      marks += box->Value ? '1' : '0';
+    return marks;
+  }
+};
+
+TEST_F(ItemPropertiesTest, AFileAndAFolderTellTheirFacts) {
+  rig.write("C:\\From\\note.txt", std::string(1234, 'x'));
+  rig.write("C:\\From\\Sub\\in.txt", std::string(2000, 'x'));
+  rig.setDate("C:\\From\\note.txt", 2007, 3, 9);
+  protect("C:\\From\\note.txt", Hidden | Archive);
+  view({"note"}, [this] {
+    EXPECT_EQ(dialog().Caption.get(), "File/Folder Properties");
+    EXPECT_EQ(dialog().Label1.Caption.get(), "1 Item To View");
+    EXPECT_FALSE(dialog().Image1.Visible || dialog().Command11.Enabled || dialog().Command1.Enabled);
+    EXPECT_EQ(dialog().Text2.Text.get() + dialog().Text1.Text.get(), "C:\\From\\note.txt");
+    EXPECT_EQ(dialog().Text4.Text.get(), "1,234  Bytes");
+    EXPECT_EQ(dialog().Text6.Text.get(), "09-03-07  12:00");
+    EXPECT_EQ(boxes(), "110001");
+  });
+  view({"\\ Sub"}, [this] {
+    EXPECT_EQ(dialog().Text3.Text.get(), "Folder");
+    EXPECT_EQ(dialog().Text4.Text.get(), "") << "not computed until it is asked for";
+    EXPECT_FALSE(dialog().Command4.Enabled);
+    dialog().Command1.press();
+    EXPECT_EQ(dialog().Text4.Text.get(), "2,000  Bytes");
+  });
+}
+
+TEST_F(ItemPropertiesTest, StepsStayAtTheEndsAndPicturesAreShown) {
+  write({"From\\a.txt", "From\\b.PNG"});
+  view({"a", "b"}, [this] {
+    EXPECT_EQ(dialog().Label1.Caption.get(), "2 Items To View");
+    dialog().Image1.press();
+    EXPECT_EQ(dialog().Text1.Text.get() + dialog().Image3.Picture.get(), "a.txt");
+    for (int times = 0; times < 2; ++times)
+      dialog().Command11.press();
+    EXPECT_EQ(dialog().Label2.Caption.get(), "2 / 2");
+    EXPECT_EQ(dialog().Image3.Picture.get(), "C:\\From\\b.PNG");
+    dialog().Image3.Click();
+    EXPECT_FALSE(dialog().Image3.Stretch);
+    dialog().Image1.press();
+    EXPECT_EQ(dialog().Text1.Text.get(), "a.txt");
+  });
+  EXPECT_EQ(dialog().Image3.Picture.get(), "") << "nothing is kept in memory";
+}
+
+TEST_F(ItemPropertiesTest, TheFileInHandIsCopiedToTheDesktop) {
+  const char* const key = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
+  auto& registry = rig.platform->registry;
+  ASSERT_TRUE(registry.createKey(platform::RegistryRoot::CurrentUser, key));
+  ASSERT_TRUE(registry.set(platform::RegistryRoot::CurrentUser, key, "Desktop", "C:\\To"));
+  write({"From\\a.txt", "From\\b.txt"});
+  view({"a", "b"}, [this] {
+    dialog().Command11.press();
+    rig.loop.meets({test::noticed("Copy to Desktop Done !")});
+    dialog().Command5.press();
+  });
+  EXPECT_TRUE(rig.exists("C:\\To\\b.txt"));
+  EXPECT_FALSE(rig.exists("C:\\To\\a.txt"));
+}
+
+TEST_F(ItemPropertiesTest, AResetLeavesSystemAloneAndThePanelShowsIt) {
+  write({"From\\a.txt", "From\\sys.txt"});
+  protect("C:\\From\\a.txt", Hidden | Archive | ReadOnly);
+  protect("C:\\From\\sys.txt", System | Archive);
+  view({"a", "sys"}, [this] {
+    dialog().Command4.press();
+    EXPECT_EQ(boxes(), "000001");
+    dialog().Image2.press();
+    dialog().Command4.press();
+    EXPECT_EQ(boxes(), "000101");
+  });
+  EXPECT_EQ(files().attributes("C:\\From\\a.txt").valueOr(99), 0u);
+  EXPECT_EQ(left().rows->entry(rig.rowOf(left(), "sys")).attributes, System);
+}
+
+TEST_F(ItemPropertiesTest, ADiscIsReadOnlyAndAMissingDriveOrSelectionOpensNothing) {
+  write({"From\\a.txt"});
+  rig.drives->fileSystem = "UDF";
+  view({"a"}, [this] {
+    EXPECT_EQ(dialog().Caption.get(), "File/Folder Properties, - Read Only Data !");
+    EXPECT_FALSE(dialog().Command4.Enabled);
+  });
+  select({});
+  start("Command15_Click", {test::noticed(" No Items selected. ! ")}, {});
+  rig.drives->away = {'C'};
+  start("Command15_Click", {test::told("Cannot View Data, - Drive(s) Not Ready !\rFunction Exits !")}, {});
+}
+
+}  // namespace
+}  // namespace varnholt::properties
