@@ -44,6 +44,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       NewSkin(program, looks),
       tools(desk),
       fileops(desk),
+      basket(desk),
       rename(desk, fileops.policy, fileops.Form7),
       filters(desk),
       presets(desk) {

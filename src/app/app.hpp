@@ -1,6 +1,7 @@
 #pragma once
 
 #include "appearance/skins.hpp"
+#include "basket/basket.hpp"
 #include "core/program.hpp"
 #include "core/start_windows.hpp"
 #include "fileops/fileops.hpp"
@@ -63,14 +64,15 @@ class App {
   appearance::NewSkin NewSkin;
   tools::Tools tools;
   fileops::FileOps fileops;
+  basket::Basket basket;
   rename::Rename rename;
   filters::Filters filters;
   places::Presets presets;
 
  private:
   /// In the order of their entries in the menus.
-  std::array<panels::Room*, 7> rooms() {
-    return {&NewSkin, &tools, &panelCommands, &fileops, &rename, &filters, &presets};
+  std::array<panels::Room*, 8> rooms() {
+    return {&NewSkin, &tools, &panelCommands, &fileops, &basket, &rename, &filters, &presets};
   }
   void addCommands();
   void drawButtons();

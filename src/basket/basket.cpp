@@ -1,0 +1,17 @@
+#include "basket/basket.hpp"
+
+namespace varnholt::basket {
+
+void Basket::WinCopy_Click() {
+  auto& form = desk_.form;
+  panels::Panel* panel = form.activePanel();
+  if (!panel || panel->list.count() == 0) return;
+  desk_.selection.ViewClickCopy(*panel);
+  if (!form.filecollect.empty()) form.Caption = "Varnholt, - Building Selection Set, - Please Wait... !";
+  bool added = false;
+  for (const core::Item& item : form.filecollect.items())
+    added = PasteCollection.add({core::entryPath(item.path, panel->path()), item.isFolder}) || added;
+  form.Caption = added ? "Varnholt, - Ctrl+C Done !" : "Varnholt, - Ctrl+C Failed !";
+}
+
+}  // namespace varnholt::basket

@@ -1,0 +1,24 @@
+#include "basket/basket.hpp"
+
+namespace varnholt::basket {
+
+void Basket::addCommands(panels::CommandTable& table) {
+  table.add({
+      {.handler = "WinCopy_Click",
+       .toolTip = "Add the selected items to the paste basket, which keeps what is in it (Ctrl+C)",
+       .icon = "copy",
+       .heading = "File",
+       .menuText = "Add &To Basket",
+       .shortcut = "Ctrl+C",
+       .newGroup = true,
+       .run = [this] { WinCopy_Click(); }},
+      {.handler = "CopySelection_Click",
+       .toolTip = "Add the selected items to the paste basket (Ctrl+C)",
+       .icon = "copy",
+       .heading = "File/Copy",
+       .menuText = "Copy &Selection To Basket",
+       .run = [this] { WinCopy_Click(); }},
+  });
+}
+
+}  // namespace varnholt::basket
