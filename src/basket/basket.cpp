@@ -2,6 +2,9 @@
 
 namespace varnholt::basket {
 
+Basket::Basket(panels::Desk& desk, fileops::FileOps& fileops)
+    : Form43(desk.program.loop), Paste(desk, fileops, Form43, PasteCollection), desk_(desk) {}
+
 void Basket::WinCopy_Click() {
   auto& form = desk_.form;
   panels::Panel* panel = form.activePanel();

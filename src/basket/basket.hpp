@@ -1,6 +1,6 @@
 #pragma once
 
-#include "basket/paste_collection.hpp"
+#include "basket/paste.hpp"
 #include "panels/desk.hpp"
 #include "panels/room.hpp"
 
@@ -9,15 +9,18 @@ namespace varnholt::basket {
 /// The paste basket: gathers files and folders from anywhere, to paste them into the active panel's folder.
 class Basket : public panels::Room {
  public:
-  explicit Basket(panels::Desk& desk) : desk_(desk) {}
+  Basket(panels::Desk& desk, fileops::FileOps& fileops);
   Basket(const Basket&) = delete;
   Basket& operator=(const Basket&) = delete;
 
+  std::vector<controls::Form*> dialogs() override { return {&Form43}; }
   void addCommands(panels::CommandTable& table) override;
   /// Adds what is selected in the active panel.
   void WinCopy_Click();
 
   basket::PasteCollection PasteCollection;
+  basket::Form43 Form43;
+  basket::Paste Paste;
 
  private:
   panels::Desk& desk_;
