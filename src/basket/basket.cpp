@@ -3,7 +3,10 @@
 namespace varnholt::basket {
 
 Basket::Basket(panels::Desk& desk, fileops::FileOps& fileops)
-    : Form43(desk.program.loop), Paste(desk, fileops, Form43, PasteCollection), desk_(desk) {}
+    : Form43(desk.program.loop),
+      Form38(desk, PasteCollection),
+      Paste(desk, fileops, Form43, PasteCollection),
+      desk_(desk) {}
 
 void Basket::WinCopy_Click() {
   auto& form = desk_.form;
@@ -15,6 +18,12 @@ void Basket::WinCopy_Click() {
   for (const core::Item& item : form.filecollect.items())
     added = PasteCollection.add({core::entryPath(item.path, panel->path()), item.isFolder}) || added;
   form.Caption = added ? "Varnholt, - Ctrl+C Done !" : "Varnholt, - Ctrl+C Failed !";
+}
+
+void Basket::RegOptions_Click() {
+  if (!desk_.dispatcher.panelPreCheck()) return;
+  Form38.ShowModal();
+  desk_.dispatcher.commandDone();
 }
 
 }  // namespace varnholt::basket
