@@ -67,20 +67,23 @@ def keep(program):
 
 
 def load(program, dialog, caption):
-    program.click(program.find("combo box", "Collection file", dialog))
+    # Once a file is chosen, the list is called by it.
+    files = lambda: program.find("combo box", "Collection file", dialog) or program.find("combo box", "Trip", dialog)
+    program.click(wait("the files", files))
     program.keys("Home", "Return")
     return program.dialog("Paste Viewer, - " + caption)
 
 
 def load_again(program):
-    dialog = load(program, program.top("Paste Viewer"), "4 Item(s) In View")
+    """With what is in the basket, and in its place."""
     program.keys("Escape")
     wait("the viewer to go", lambda: not program.dialogs())
     gather(program, "C:\\To", "kept")
-    dialog = viewer(program, "5 Item(s) In View")
-    program.click(program.named(dialog, "Add New Loads To Current Set.", "check box"))
+    dialog = viewer(program, "1 Item(s) In View")
+    adds = program.named(dialog, "Add New Loads To Current Set.", "check box")
+    program.click(adds)
     dialog = load(program, dialog, "5 Item(s) In View")
-    program.click(program.named(dialog, "Add New Loads To Current Set.", "check box"))
+    program.click(adds)
     load(program, dialog, "4 Item(s) In View")
     program.keys("Escape")
     wait("the viewer to go", lambda: not program.dialogs())
