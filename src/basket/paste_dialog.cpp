@@ -1,6 +1,13 @@
 #include "basket/paste_dialog.hpp"
 
+#include "core/text_character.hpp"
+
 namespace varnholt::basket {
+namespace {
+
+constexpr std::size_t LongLine = 72, LongLineKept = 66;
+
+}  // namespace
 
 basket::Form43::Form43(controls::MessageLoop& loop)
     : ProgressForm(loop,
@@ -14,6 +21,10 @@ basket::Form43::Form43(controls::MessageLoop& loop)
   cancelButton = "Command2";
   defaultButton = "Command2";
   Command2.Click = [this] { StopFlag = true; };
+}
+
+void basket::Form43::showItem(const std::string& line) {
+  Label3.Caption = core::shortened(line, LongLine, LongLineKept);
 }
 
 void basket::Form43::showCount(std::size_t number, std::size_t of) {

@@ -17,7 +17,7 @@ class Form43 : public fileops::ProgressForm {
   controls::Button Command2{*this, "Command2"};  ///< cancel
 
   controls::Button& stopButton() override { return Command2; }
-  void showItem(const std::string& line) override { Label3.Caption = line; }
+  void showItem(const std::string& line) override;
   void showCount(std::size_t number, std::size_t of) override;
 };
 
