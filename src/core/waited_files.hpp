@@ -71,7 +71,7 @@ class WaitedFiles : public platform::FileSystem {
     return waited([&] { return files_.replaceFile(from, to, progress); });
   }
   platform::Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                                    const platform::Progress& progress, platform::LeftOuts* leftOut) override {
+                                    const platform::FolderProgress& progress, platform::LeftOuts* leftOut) override {
     return waited([&] { return files_.copyFolder(from, to, overwrite, progress, leftOut); });
   }
   platform::Result<void> moveFile(const std::string& from, const std::string& to,

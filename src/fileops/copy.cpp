@@ -93,13 +93,10 @@ Operation::Item Copy::folder() {
   if (isThere && !mayMerge(target)) return Item::PassedOver;
   desk_.pointer() = Hourglass;
   if (!isThere) RefreshTreeNeeded_ = true;
-  const platform::TreeSize size = treeSize(item);
-  if (dialog_.StopFlag) return Item::Stopped;
   platform::LeftOuts leftOut;
-  const auto copied = runLong({size.bytes, size.bytes}, [&](const platform::Progress& progress) {
+  const auto copied = runFolder([&](const platform::FolderProgress& progress) {
     return desk_.files().copyFolder(item, target, true, progress, &leftOut);
   });
-  tally_.BytesDone += static_cast<double>(size.bytes);
   return cameOut(copied, leftOut);
 }
 

@@ -7,6 +7,7 @@ namespace varnholt::fileops {
 
 FileOps::FileOps(panels::Desk& desk)
     : desk_(desk),
+      Form2(desk),
       Form3(desk.program.loop),
       Form4(desk.program.loop),
       Form5(desk.program.loop),
@@ -18,7 +19,8 @@ FileOps::FileOps(panels::Desk& desk)
       Copy(desk, Form3, Space, policy, Form7, Form10),
       Move(desk, Form5, Space),
       Delete(desk, Form4, Space, Form10),
-      editor(desk, Form32) {
+      editor(desk, Form32),
+      desktop(desk) {
   policy.copyDialogVisible = [this] { return Form3.Visible.get(); };
   auto& dialogs = desk_.program.dialogs;
   dialogs.Form11.deleteDialogOpen = [this] { return Form4.Visible.get(); };

@@ -2,8 +2,10 @@
 
 #include "fileops/copy.hpp"
 #include "fileops/delete.hpp"
+#include "fileops/desktop.hpp"
 #include "fileops/edit_file.hpp"
 #include "fileops/move.hpp"
+#include "fileops/new_folder.hpp"
 #include "panels/room.hpp"
 
 #include <string>
@@ -23,12 +25,13 @@ class FileOps : public panels::Room {
   /// Files of another program, dropped on a panel. True: taken.
   bool dropFiles(panels::Panel& panel, const std::vector<std::string>& files, bool move);
   void addCommands(panels::CommandTable& table) override;
-  std::vector<controls::Form*> dialogs() override { return {&Form3, &Form4, &Form5, &Form7, &Form10, &Form32}; }
+  std::vector<controls::Form*> dialogs() override { return {&Form2, &Form3, &Form4, &Form5, &Form7, &Form10, &Form32}; }
 
  private:
   panels::Desk& desk_;
 
  public:
+  fileops::Form2 Form2;
   fileops::Form3 Form3;
   fileops::Form4 Form4;
   fileops::Form5 Form5;
@@ -41,6 +44,7 @@ class FileOps : public panels::Room {
   fileops::Move Move;
   fileops::Delete Delete;
   fileops::EditFile editor;
+  fileops::Desktop desktop;
 };
 
 }  // namespace varnholt::fileops

@@ -292,6 +292,22 @@ platform::Result<void> Operation::runLong(const Extent& extent, const LongCall& 
   return result;
 }
 
+platform::Result<void> Operation::runFolder(const FolderCall& call) {
+  platform::Result<void> result;
+  std::atomic<double> bytes = 0, share = 0;
+  const platform::FolderProgress progress = [&](const platform::FolderAdvance& advance) {
+    bytes = static_cast<double>(advance.bytes);
+    share = advance.share;
+    return !dialog_.StopFlag;
+  };
+  // What is to come is taken to be like what is done.
+  const auto showShare = [&] { showShareOfItem(desk_.form, dialog_, tally_, share > 0 ? bytes / share : 0, share); };
+  desk_.program.loop.runBlocking([&] { result = call(progress); }, {showShare, &dialog_.stopButton()});
+  pbar_beregning(desk_.form, tally_);
+  tally_.BytesDone += bytes;
+  return result;
+}
+
 platform::TreeSize Operation::treeSize(const std::string& folder) {
   platform::TreeSize size;
   (void)runLong({}, [&](const platform::Progress& progress) {

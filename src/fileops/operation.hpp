@@ -103,6 +103,9 @@ class Operation {
   /// pressed, it ends the call (Stopped).
   using LongCall = std::function<platform::Result<void>(const platform::Progress&)>;
   platform::Result<void> runLong(const Extent& extent, const LongCall& call);
+  using FolderCall = std::function<platform::Result<void>(const platform::FolderProgress&)>;
+  /// The same for a whole folder, of which nobody knows the size before; adds it to `BytesDone`.
+  platform::Result<void> runFolder(const FolderCall& call);
   /// What a folder holds; to be stopped, too.
   platform::TreeSize treeSize(const std::string& folder);
   /// How the item in hand came out by its call. What was left out in it is told at the ending.

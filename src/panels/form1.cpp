@@ -20,8 +20,7 @@ void Form1::drawComingButtons() {
     const char *caption, *toolTip, *icon;
   };
   for (const Coming& coming :
-       {Coming{Command11, "NewFolder", "Create Folder in Active View (Ctrl+N).", "new-folder"},
-        {Command15, "Properties", "File/Folder Details in Seperate window (Ctrl+U)", "properties"},
+       {Coming{Command15, "Properties", "File/Folder Details in Seperate window (Ctrl+U)", "properties"},
         {Command17, "CleanUp", "Search a drive for files to clean", "cleanup"},
         {Command26, "Pview", "Enable/Disable Picture View ( Alt+Bksp)", "picture"}}) {
     coming.button.Caption = coming.caption;

@@ -16,6 +16,8 @@ class Environment {
   virtual std::string variable(const std::string& name) const = 0;
   /// GetWindowsDirectoryA: the stand-in Windows folder, without closing backslash; empty when it could not be made.
   virtual std::string windowsFolder() const = 0;
+  /// The user's desktop folder (xdg-user-dirs), which may be missing; empty when no drive holds it.
+  virtual std::string desktopFolder() const = 0;
 };
 
 }  // namespace varnholt::platform

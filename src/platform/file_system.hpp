@@ -62,6 +62,14 @@ struct EntryInfo {
 /// Called on the thread that runs the call, at most every few megabytes or entries. May be empty.
 using Progress = std::function<bool(std::uint64_t bytesDone)>;
 
+/// How far the copy of a folder is.
+struct FolderAdvance {
+  std::uint64_t bytes = 0;  ///< of the entries that are done, those of files that were left out too
+  double share = 0;         ///< of its entries, between 0 and 1: each counts like its neighbours, whatever it holds
+};
+/// As Progress. Told a last time, the answer unheard, when the call is over: then its bytes are the folder's size.
+using FolderProgress = std::function<bool(const FolderAdvance&)>;
+
 /// What a call over a whole tree passed over and left as it was, by path: the source's, or the target's where that was
 /// in the way. One entry for a folder that was left out with all that it holds.
 using LeftOuts = std::vector<Error>;
@@ -155,7 +163,7 @@ class FileSystem {
   /// IntoItself when `to` lies in `from`. Stopped, a folder that the call has made is taken away again; what was merged
   /// into one that existed stays.
   virtual Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                                  const Progress& progress = {}, LeftOuts* leftOut = nullptr) = 0;
+                                  const FolderProgress& progress = {}, LeftOuts* leftOut = nullptr) = 0;
   /// Moves one file; AlreadyThere when the target exists in another spelling than the source's own. To another
   /// volume it is a copy, synced, and then a delete; when the delete fails the copy is taken away again.
   virtual Result<void> moveFile(const std::string& from, const std::string& to, const Progress& progress = {}) = 0;

@@ -43,8 +43,8 @@ class ForwardingFileSystem : public FileSystem {
                         const Progress& progress = {}) override {
     return base_.copyFile(from, to, overwrite, progress);
   }
-  Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite, const Progress& progress = {},
-                          LeftOuts* leftOut = nullptr) override {
+  Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
+                          const FolderProgress& progress = {}, LeftOuts* leftOut = nullptr) override {
     return base_.copyFolder(from, to, overwrite, progress, leftOut);
   }
   Result<void> replaceFile(const std::string& from, const std::string& to, const Progress& progress = {}) override {

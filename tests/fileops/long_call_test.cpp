@@ -10,21 +10,30 @@ struct Busy : platform::ForwardingFileSystem {
   using ForwardingFileSystem::ForwardingFileSystem;
   std::function<void(std::uint64_t)> onTheWay;
   std::vector<bool> waits;  ///< of each time that the volume is written out
+  mutable int sizesAsked = 0;
   platform::DriveType type = platform::DriveType::Fixed;
 
-  platform::Progress watched(const platform::Progress& progress) const {
-    return [this, &progress](std::uint64_t done) {
+  template <class Progress>
+  Progress watched(const Progress& progress) const {
+    return [this, &progress](const auto& done) {
       (void)progress(done);
-      if (onTheWay) onTheWay(done);
+      if (onTheWay) onTheWay(bytesOf(done));
       return progress(done);
     };
+  }
+  static std::uint64_t bytesOf(std::uint64_t done) { return done; }
+  static std::uint64_t bytesOf(const platform::FolderAdvance& done) { return done.bytes; }
+  platform::Result<platform::TreeSize> folderSize(const std::string& path,
+                                                  const platform::Progress& progress) const override {
+    ++sizesAsked;
+    return base_.folderSize(path, progress);
   }
   platform::Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
                                   const platform::Progress& progress) override {
     return base_.copyFile(from, to, overwrite, watched(progress));
   }
   platform::Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                                    const platform::Progress& progress, platform::LeftOuts* leftOut) override {
+                                    const platform::FolderProgress& progress, platform::LeftOuts* leftOut) override {
     return base_.copyFolder(from, to, overwrite, watched(progress), leftOut);
   }
   platform::Result<void> deleteFolder(const std::string& path, bool force, const platform::Progress& progress,
@@ -93,6 +102,14 @@ TEST_F(LongCallTest, TheBarsMoveThroughABigItemByItsBytes) {
   EXPECT_GE(overall.front(), 50);
   EXPECT_NEAR(overall.back(), 100, 0.1);
   EXPECT_EQ(lines.front(), lines.back()) << "the texts stay";
+}
+
+TEST_F(LongCallTest, AFolderIsReadOnceForItsCopyAndItsSizeCountsAllTheSame) {
+  rig.write("C:\\From\\Tree\\a", std::string(3000, 'x'));
+  rig.write("C:\\From\\Tree\\Below\\b", std::string(500, 'x'));
+  copy({"\\ Tree"});
+  EXPECT_EQ(busy.sizesAsked, 0);
+  EXPECT_EQ(ops().Copy.tally().BytesDone, 3500);
 }
 
 TEST_F(LongCallTest, WhatWasWrittenIsWrittenOutOnceAtTheEnd) {

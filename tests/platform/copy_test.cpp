@@ -314,7 +314,7 @@ TEST_F(Copies, StoppedTakesItsNewFolderAwayAndNothingOfOthers) {
       temp.file("from/" + std::to_string(i % 4) + "/" + std::to_string(i), std::string(2 << 20, 'x'));
     temp.file("from/own").folder("merged").mode("from/1", 0555);
     int calls = 0;
-    const auto stop = [&](std::uint64_t) {
+    const auto stop = [&](const auto&) {
       if (calls == 1 && temp.has("to")) temp.file("to/stranger").file("to/own", "changed");
       return ++calls <= callsBefore;
     };
@@ -332,6 +332,21 @@ TEST_F(Copies, StoppedTakesItsNewFolderAwayAndNothingOfOthers) {
     for (const std::string& name : temp.names())
       EXPECT_FALSE(name.starts_with(".vnh-")) << name;
   }
+}
+
+TEST_F(Copies, AFolderTellsItsShareByEntriesAndItsSizeAtTheEnd) {
+  temp.file("from/a/large", std::string(24 << 20, 'x')).folder("from/b").file("from/c/locked", "1234");
+  for (int file = 0; file < 3000; ++file)
+    temp.file("from/many/" + std::to_string(file), "x");
+  temp.folder("to/c/locked");  // in the way: left out, and counted
+  std::vector<FolderAdvance> told;
+  (void)temp.files.copyFolder(temp.at("from"), temp.at("to"), true, [&](const FolderAdvance& advance) {
+    told.push_back(advance);
+    return true;
+  });
+  EXPECT_TRUE(std::ranges::is_sorted(told, {}, &FolderAdvance::share));
+  EXPECT_NEAR(told.back().share, 1, 1e-6);
+  EXPECT_EQ(told.back().bytes, temp.files.folderSize(temp.at("from"))->bytes);
 }
 
 TEST_F(Copies, ManyFilesOnAllWorkers) {

@@ -26,9 +26,9 @@ using Names = std::vector<std::string>;
 struct Killing : platform::ForwardingFileSystem {
   using ForwardingFileSystem::ForwardingFileSystem;
   platform::Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                                    const platform::Progress&, platform::LeftOuts* leftOut) override {
+                                    const platform::FolderProgress&, platform::LeftOuts* leftOut) override {
     return base_.copyFolder(
-        from, to, overwrite, [](std::uint64_t) { return ::raise(SIGKILL) == 0; }, leftOut);
+        from, to, overwrite, [](const auto&) { return ::raise(SIGKILL) == 0; }, leftOut);
   }
 };
 
@@ -137,7 +137,7 @@ TEST_F(Leftover, OfALivingWriterStays) {
   };
   WaitingChild duringTree(otherProgram), duringFile(otherProgram), afterwards(otherProgram);
   bool asked = false;
-  const auto inBetween = [&](std::uint64_t) {
+  const auto inBetween = [&](const auto&) {
     if (!std::exchange(asked, true)) {
       EXPECT_EQ(temp.names("to").size(), 1u);
       EXPECT_TRUE(duringTree.held());

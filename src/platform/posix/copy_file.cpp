@@ -115,6 +115,7 @@ Failed copyRegular(CopySide& from, const char* fromName, CopySide& to, const cha
   FileCopy copy{from, fromName, to, toName, rules};
   if (!source || ::fstat(source.get(), &copy.facts) != 0) return atSource(errno);
   if (!S_ISREG(copy.facts.st_mode)) return notRegular();
+  monitor.begin(static_cast<std::uint64_t>(copy.facts.st_size));
   if (auto failed = judgeTarget(copy.facts, to, toName, rules, copy.replaces)) return failed;
   return copyIntoPlace(source.get(), copy, monitor);
 }

@@ -24,8 +24,11 @@ struct CopyFolder final : WalkFolder {
   bool made = false;          ///< by this copy
   struct stat facts {};       ///< of the source
   AttributeStore fromStore, toStore;
+  size_t entriesRead = 0;
+  std::atomic<size_t> entries = 0;  ///< all of them, when the last is read
+  std::atomic<double> done = 0;     ///< of them, as far as the folder above has not been told
 
-  const CopyFolder* above() const { return static_cast<const CopyFolder*>(parent.get()); }
+  CopyFolder* above() const { return static_cast<CopyFolder*>(parent.get()); }
   int targetPlace() const { return above() ? above()->target.get() : rootPlace.get(); }
   std::string finalName() const { return above() ? name : nameOf(targetName); }
   std::string targetPath() const { return above() ? above()->targetPath() + '/' + name : targetName; }
@@ -33,18 +36,62 @@ struct CopyFolder final : WalkFolder {
 
 class CopyWalk final : public TreeWalk, private CopyMonitor {
  public:
-  CopyWalk(bool overwrite, const Progress& progress) : TreeWalk(progress, true), overwrite_(overwrite) {}
+  CopyWalk(bool overwrite, const FolderProgress& progress)
+      : TreeWalk(tick_, true), overwrite_(overwrite), progress_(progress) {}
 
   Result<void> copy(std::shared_ptr<CopyFolder> root) {
     if (const int error = openTarget(*root)) return systemError(error, root->targetName);
     if (::fstat(root->target.get(), &targetRoot_) != 0) return systemError(errno, root->targetName);
     auto copied = run(root);
+    (void)tell();
     if (!copied && copied.error().code == ErrorCode::Stopped && root->made && root->temporaryName.empty())
       removeCopies(root->name, root->targetPlace(), root->finalName());
     return copied;
   }
 
  private:
+  bool tell() const { return !progress_ || progress_({bytes(), std::min(share_.load(), 1.0)}); }
+
+  /// Counts the bytes of one entry, and of a large file what share of it is done.
+  class EntryMonitor final : public CopyMonitor {
+   public:
+    EntryMonitor(CopyWalk& walk, CopyFolder& folder) : CopyMonitor(walk), walk_(walk), folder_(folder) {}
+
+    void begin(std::uint64_t size) override { size_ = size; }
+
+    bool add(std::uint64_t bytes) override {
+      copied_ += bytes;
+      if (copied_ < size_) advance(static_cast<double>(copied_) / static_cast<double>(size_));
+      return walk_.add(bytes);
+    }
+
+    /// Bytes that were not copied belong to the folder's size all the same: holes, and files that are left out.
+    void end() {
+      if (size_ > copied_) walk_.addBytes(size_ - copied_);
+      advance(1);
+    }
+
+   private:
+    void advance(double to) { credit(walk_.share_, &folder_, to - std::exchange(told_, to)); }
+
+    CopyWalk& walk_;
+    CopyFolder& folder_;
+    std::uint64_t size_ = 0, copied_ = 0;
+    double told_ = 0;
+  };
+
+  /// So much of an entry of the folder is done, which is its part of an entry of the folder above, and so on. What is
+  /// done before the folder is read to its end waits there for its weight.
+  static void credit(std::atomic<double>& whole, CopyFolder* folder, double part) {
+    for (; folder; folder = folder->above()) {
+      folder->done.fetch_add(part);
+      const size_t entries = folder->entries;
+      if (entries == 0) return;
+      part = folder->done.exchange(0) / static_cast<double>(entries);
+    }
+    whole.fetch_add(part);
+  }
+
   static CopyFolder& own(WalkFolder& folder) { return static_cast<CopyFolder&>(folder); }
 
   WalkFolderPtr makeFolder() override { return std::make_shared<CopyFolder>(); }
@@ -100,6 +147,14 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     return error;
   }
 
+  void batchRead(WalkFolder& walked, const DirentBatch& batch) override {
+    CopyFolder& folder = own(walked);
+    folder.entriesRead += batch.count();
+    if (!batch.isLast()) return;
+    folder.entries = folder.entriesRead;
+    credit(share_, &folder, 0);
+  }
+
   void entriesDone(WalkFolder& walked) override {
     CopyFolder& folder = own(walked);
     // As near to its permissions as the copy of what is below it allows: a kill before the end leaves these.
@@ -111,15 +166,25 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     CopyFolder& folder = own(walked);
     // Stores learn while they are asked; a large folder is asked by several workers, so each takes its own.
     CopySide from{folder.fd.get(), folder.fromStore}, to{folder.target.get(), folder.toStore};
-    auto failed = copyEntry(from, name, type, to, name, {.overwrite = overwrite_, .freshFolder = folder.made}, *this);
+    EntryMonitor monitor(*this, folder);
+    auto failed = copyEntry(from, name, type, to, name, {.overwrite = overwrite_, .freshFolder = folder.made}, monitor);
+    if (failed && type == DT_REG) monitor.begin(sizeOf(folder, name));
+    monitor.end();
     if (!failed || failed->error.code == ErrorCode::Stopped) return;
     failed->error.path = failed->atTarget ? folder.targetPath() + '/' + name : folder.path(name);
     leaveOut(std::move(failed->error));
   }
 
+  static std::uint64_t sizeOf(const CopyFolder& folder, const char* name) {
+    struct stat facts {};
+    const bool known = ::fstatat(folder.fd.get(), name, &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode);
+    return known ? static_cast<std::uint64_t>(facts.st_size) : 0;
+  }
+
   /// Also when the walk has failed: a folder that stays half filled must not stay locked.
   Leaving leave(WalkFolder& walked) override {
     CopyFolder& folder = own(walked);
+    if (folder.entries == 0) credit(share_, folder.above(), 1);
     if (!folder.made || !folder.target) return Leaving::Done;
     (void)copyExtendedAttributes(folder.fd.get(), folder.target.get());
     CopySide from{folder.fd.get(), folder.fromStore}, to{folder.target.get(), folder.toStore};
@@ -135,9 +200,15 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     return Leaving::Done;
   }
 
-  void unreadable(WalkFolder& folder, int error) override { leaveOut(systemError(error, folder.path())); }
+  void unreadable(WalkFolder& folder, int error) override {
+    if (!folder.fd) credit(share_, own(folder).above(), 1);
+    leaveOut(systemError(error, folder.path()));
+  }
 
+  const Progress tick_ = [this](std::uint64_t) { return tell(); };
   const bool overwrite_;
+  const FolderProgress& progress_;
+  std::atomic<double> share_ = 0;
   struct stat targetRoot_ {};
 };
 
@@ -160,12 +231,12 @@ bool liesWithin(const std::string& folderPath, const struct stat& ancestor) {
   return false;
 }
 
-Result<void> copyTree(const std::string& from, const std::string& to, bool overwrite, const Progress& progress,
+Result<void> copyTree(const std::string& from, const std::string& to, bool overwrite, const FolderProgress& progress,
                       LeftOuts* leftOut) {
   struct stat source {
   }, target{};
   if (::lstat(from.c_str(), &source) != 0) return systemError(errno, from);
-  if (S_ISLNK(source.st_mode)) return copyFileTo(from, to, {.overwrite = overwrite}, progress);
+  if (S_ISLNK(source.st_mode)) return copyFileTo(from, to, {.overwrite = overwrite}, {});
   auto root = std::make_shared<CopyFolder>();
   root->name = from;
   root->targetName = to;

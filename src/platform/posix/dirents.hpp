@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
@@ -16,15 +17,25 @@ class DirentBatch {
  public:
   static constexpr size_t capacity = 32768;
 
-  /// Reads the next entries of an open folder: more than 0, 0 at the end, or -1 with errno. A folder that was deleted
-  /// meanwhile is at its end.
+  /// Reads the next entries of an open folder, as many as there is room for: some volumes give few at a time. More
+  /// than 0, 0 at the end, or -1 with errno. A folder that was deleted meanwhile is at its end.
   ssize_t read(int folder) {
-    bytes_ = ::getdents64(folder, buffer_.get(), capacity);
-    if (bytes_ < 0 && errno == ENOENT) bytes_ = 0;
+    bytes_ = 0;
+    while (!ended_ && bytes_ <= full) {
+      const ssize_t got = ::getdents64(folder, buffer_.get() + bytes_, capacity - static_cast<size_t>(bytes_));
+      if (got < 0 && errno != ENOENT) return bytes_ > 0 ? bytes_ : got;
+      if (got <= 0) ended_ = true;
+      bytes_ += std::max<ssize_t>(got, 0);
+    }
     return bytes_;
   }
-  /// True when the folder has probably more to give.
-  bool isFull() const { return bytes_ > static_cast<ssize_t>(capacity - 1024); }
+  /// True when the folder has no more to give.
+  bool isLast() const { return ended_; }
+  size_t count() const {
+    size_t entries = 0;
+    forEach([&](const char*, unsigned char) { return ++entries > 0; });
+    return entries;
+  }
 
   /// Calls visit(const char* name, unsigned char type) for each; stops when that gives false.
   template <class Visit>
@@ -42,12 +53,15 @@ class DirentBatch {
     return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
   }
 
+  // What is left then may be too small for an entry.
+  static constexpr ssize_t full = capacity - 1024;
   struct Free {
     void operator()(char* bytes) const { ::operator delete[](bytes, std::align_val_t(alignof(dirent64))); }
   };
   std::unique_ptr<char[], Free> buffer_{
       static_cast<char*>(::operator new[](capacity, std::align_val_t(alignof(dirent64))))};
   ssize_t bytes_ = 0;
+  bool ended_ = false;
 };
 
 }  // namespace varnholt::platform::posix

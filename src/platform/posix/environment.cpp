@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include <glib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -45,6 +46,11 @@ std::string PosixEnvironment::ownValue(const std::string& name) const {
   if (name == "ProgramFiles") return programForm(ownFolder(programFiles_, 0777));
   if (name == "tmp" || name == "temp") return programForm(ownFolder(temporary_, 0700));
   return {};
+}
+
+std::string PosixEnvironment::desktopFolder() const {
+  const char* folder = g_get_user_special_dir(G_USER_DIRECTORY_DESKTOP);
+  return programForm(folder ? folder : "");
 }
 
 std::string PosixEnvironment::windowsFolder() const { return programForm(windows_.path()); }

@@ -15,6 +15,7 @@ class PosixEnvironment : public Environment {
 
   std::string variable(const std::string& name) const override;
   std::string windowsFolder() const override;
+  std::string desktopFolder() const override;
 
  private:
   std::string ownValue(const std::string& name) const;

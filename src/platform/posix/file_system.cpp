@@ -214,7 +214,7 @@ void PosixFileSystem::tell(LeftOuts found, LeftOuts* leftOut) const {
 }
 
 Result<void> PosixFileSystem::copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                                         const Progress& progress, LeftOuts* leftOut) {
+                                         const FolderProgress& progress, LeftOuts* leftOut) {
   const auto ends = sourceAndTarget(from, to);
   if (!ends) return ends.error();
   LeftOuts found;

@@ -32,8 +32,8 @@ class PosixFileSystem final : public FileSystem {
   Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
                         const Progress& progress = {}) override;
   Result<void> replaceFile(const std::string& from, const std::string& to, const Progress& progress = {}) override;
-  Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite, const Progress& progress = {},
-                          LeftOuts* leftOut = nullptr) override;
+  Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
+                          const FolderProgress& progress = {}, LeftOuts* leftOut = nullptr) override;
   Result<void> moveFile(const std::string& from, const std::string& to, const Progress& progress = {}) override;
   Result<void> renameOver(const std::string& from, const std::string& to) override;
   std::vector<NotRenamed> renameFiles(const std::string& folder, std::span<const NewName> names) override;

@@ -174,13 +174,15 @@ void TreeWalk::read(const WalkFolderPtr& folder) {
     DirentBatch batch;
     const ssize_t got = batch.read(folder->fd.get());
     if (got < 0) unreadable(*folder, errno);
-    if (got <= 0) return;
-    if (batch.isFull()) {
+    if (got < 0) return;
+    batchRead(*folder, batch);
+    if (!batch.isLast()) {
       ++folder->unfinished;
       ++folder->unread;
       push({folder, std::move(batch)});
     } else {
       handle(folder, batch);
+      return;
     }
   }
 }

@@ -55,6 +55,8 @@ class TreeWalk {
   virtual bool beforeOpening(WalkFolder&) { return true; }
   /// The folder is open; its entries are read when this gives true.
   virtual bool enter(WalkFolder&) { return true; }
+  /// The next entries of a folder are read, and are handled afterwards; the last batch says so itself.
+  virtual void batchRead(WalkFolder&, const DirentBatch&) {}
   /// An entry that is no folder. `type` is a d_type, never DT_UNKNOWN.
   virtual void entry(WalkFolder&, const char* name, unsigned char type) = 0;
   /// Its own entries are done, those of its sub-folders perhaps not. Not called when the walk has failed.
