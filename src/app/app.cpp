@@ -44,6 +44,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       NewSkin(program, looks),
       tools(desk),
       fileops(desk),
+      basket(desk, fileops),
       rename(desk, fileops.policy, fileops.Form7),
       properties(desk, fileops.desktop),
       filters(desk),
@@ -133,7 +134,9 @@ void App::bindPanel(panels::Panel& panel) {
   list.OLEDropFolder = [this, &panel](controls::ListItem item) { return drops.folderOf(panel, item); };
   list.OLEStartDrag = [this, &panel] { return drops.draggedFiles(panel); };
   list.OLEDragDrop = [this, &panel](controls::DropEvent& event) { drops.OLEDragDrop(panel, event); };
-  panel.controls.Drive.Change = [this, &panel] { navigation.DriveChange(panel); };
+  panel.controls.Drive.Change = [this, &panel] {
+    dispatcher.busy ? navigation.ViewDriveSelection() : navigation.DriveChange(panel);
+  };
   panel.controls.Text.KeyDown = [this, &panel](controls::KeyEvent& event) { keys.pathKey(panel, event); };
   panel.controls.Text.LostFocus = [this, &panel] { keys.leavePath(panel); };
 }
@@ -141,9 +144,12 @@ void App::bindPanel(panels::Panel& panel) {
 void App::bindMainWindow() {
   Form1.Load = [this] { start.Form_Load(); };
   Form1.Activate = [this] { start.Form_Activate(); };
-  Form1.QueryUnload = [this](bool&) { state.Form_QueryUnload(); };
+  Form1.QueryUnload = [this](bool& keep) {
+    keep = dispatcher.busy;
+    if (!keep) state.Form_QueryUnload();
+  };
   Form1.Timer1.Tick = [this] { activePanel.UpdateClock(); };
-  Form1.ImageCombo1.Click = [this] { navigation.ImageCombo1_Click(); };
+  Form1.ImageCombo1.Click = [this] { dispatcher.busy ? navigation.showPlace() : navigation.ImageCombo1_Click(); };
   Form1.Text3.KeyDown = [this](controls::KeyEvent& event) { keys.Text3_KeyDown(event); };
   Form1.Text3.DblClick = [this] { keys.Text3_DblClick(); };
 }
@@ -172,7 +178,9 @@ void App::bindHooks() {
   navigation.ClickPane = [this] { selection.ClickPane(); };
   selection.goTo = [this](panels::Panel& panel, const std::string& folder) { return navigation.goTo(panel, folder); };
   dispatcher.commandEnded.listen([this] { activePanel.UpdateClock(); });
-  trees.goTo = selection.goTo;
+  trees.goTo = [this](panels::Panel& panel, const std::string& folder) {
+    return !dispatcher.busy && navigation.goTo(panel, folder);
+  };
   trees.restorePosition = [this] { state.restoreTreeWindow(); };
   drops.dropFiles = [this](panels::Panel& panel, const std::vector<std::string>& files, bool move) {
     return fileops.dropFiles(panel, files, move);

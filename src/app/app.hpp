@@ -1,6 +1,7 @@
 #pragma once
 
 #include "appearance/skins.hpp"
+#include "basket/basket.hpp"
 #include "core/program.hpp"
 #include "core/start_windows.hpp"
 #include "fileops/fileops.hpp"
@@ -64,6 +65,7 @@ class App {
   appearance::NewSkin NewSkin;
   tools::Tools tools;
   fileops::FileOps fileops;
+  basket::Basket basket;
   rename::Rename rename;
   properties::Properties properties;
   filters::Filters filters;
@@ -71,8 +73,8 @@ class App {
 
  private:
   /// In the order of their entries in the menus.
-  std::array<panels::Room*, 8> rooms() {
-    return {&NewSkin, &tools, &panelCommands, &fileops, &rename, &properties, &filters, &presets};
+  std::array<panels::Room*, 9> rooms() {
+    return {&NewSkin, &tools, &panelCommands, &fileops, &basket, &rename, &properties, &filters, &presets};
   }
   void addCommands();
   void drawButtons();

@@ -26,7 +26,7 @@ Operation::Item Copy::file() {
   auto& form = desk_.form;
   if (form.SourcePath == targetOf(desk_, leaf_)) {
     stieq();
-    return Item::EndsAll;
+    return ownTarget();
   }
   showItem("Processing... " + form.CurrentItem);
   if (const auto done = doneInBatch()) {

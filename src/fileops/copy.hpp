@@ -13,6 +13,9 @@ class Copy : public TargetOperation {
       : TargetOperation(desk, dialog, space, nameDialog), policy_(policy), form7_(form7), form10_(form10) {}
 
  protected:
+  /// For a copy that brings its own items and target.
+  Copy(panels::Desk& desk, ProgressForm& progress, Space& space, OverwritePolicy& policy, Form7& form7, Form10& form10)
+      : TargetOperation(desk, progress, space), policy_(policy), form7_(form7), form10_(form10) {}
   std::string_view modeWord() const override { return "CopyMode"; }
   Turn turn() const override { return Turn::AfterItem; }
   Begin mayBegin() override;
@@ -23,6 +26,8 @@ class Copy : public TargetOperation {
   void counted() override;
   void refreshPanels() override;
   void ended(bool normally) override;
+  /// What a file comes to that is its own target.
+  virtual Item ownTarget() const { return Item::EndsAll; }
 
  private:
   void stieq() { alert("Cannot Copy Item to Itself !"); }

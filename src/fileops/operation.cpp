@@ -31,9 +31,9 @@ std::string shortPath(std::string_view path) { return core::shortened(path, Long
 
 }  // namespace
 
-Operation::Operation(panels::Desk& desk, OperationForm& dialog) : desk_(desk), dialog_(dialog) {
-  dialog_.Command11.Click = [this] { Command11_Click(); };
-  dialog_.Command2.Click = [this] { Command2_Click(); };
+Operation::Operation(panels::Desk& desk, OperationForm& dialog) : desk_(desk), dialog_(dialog), asked_(&dialog) {
+  dialog.Command11.Click = [this] { run(); };
+  dialog.Command2.Click = [this] { Command2_Click(); };
 }
 
 // --- Hand-over -----------------------------------------------------------------------------------------------------
@@ -64,7 +64,7 @@ void Operation::handOver(const std::vector<core::Item>* items) {
   collect(items);
   sourceFolder_ = form.activePanel()->path();
   form.setMode(modeWord());
-  dialog_.Label4.Caption = "";
+  asked_->Label4.Caption = "";
   tally_.SelectedCount = form.filecollect.count();
   form.CurrentItem = form.filecollect.popc().path;
   desk_.dispatcher.Fileident();
@@ -86,7 +86,7 @@ void Operation::fillDialog() {
   auto& form = desk_.form;
   const OperationWords& words = dialog_.words;
   dialog_.Caption = words.caption;
-  dialog_.summary.Text = words.verb + " " + std::to_string(tally_.SelectedCount) + " selected File(s) / Folder(s)";
+  asked_->summary.Text = words.verb + " " + std::to_string(tally_.SelectedCount) + " selected File(s) / Folder(s)";
   if (form.filecollect.count() < 2) {
     if (form.filecollect.popc().isFolder) form.CurrentItem = "Folder:  " + form.CurrentItem;
     const bool isLong = core::characterCount(form.SourcePath) >= LongPath;
@@ -94,15 +94,15 @@ void Operation::fillDialog() {
   } else {
     showItem("Multi" + words.verb + " Selected !");
   }
-  dialog_.Text3.Text = shortPath(folderShown());
+  asked_->Text3.Text = shortPath(folderShown());
 }
 
 // The return from the dialog, whatever its outcome; also when it was never shown.
 void Operation::close() {
   desk_.selection.resetcollect();
   desk_.dispatcher.resetval();
-  dialog_.item.Text = "";
-  dialog_.Text3.Text = "";
+  showItem("");
+  asked_->Text3.Text = "";
   desk_.listing.ColorReset();
   desk_.listing.FocusView();
   desk_.selection.ResetView();
@@ -118,7 +118,7 @@ void Operation::Command2_Click() {
 
 // --- The loop ------------------------------------------------------------------------------------------------------
 
-void Operation::Command11_Click() {
+void Operation::run() {
   const Begin answer = mayBegin();
   if (answer == Begin::Closed) return;
   executed_ = answer == Begin::Loop;
@@ -130,14 +130,13 @@ void Operation::Command11_Click() {
 }
 
 void Operation::begin() {
-  auto& form = desk_.form;
   dialog_.showProgress("Processing...");
   dialog_.StopFlag = false;
   RefreshTreeNeeded_ = false;
   changed_ = false;
   tally_.ItemsDone = 0;
   tally_.BytesDone = 0;
-  tally_.ItemsTotal = form.filecollect.count();
+  tally_.ItemsTotal = items().count();
   batch_.clear();
   batchSize_ = FirstBatch;
   batchPause_ = 0;
@@ -146,8 +145,8 @@ void Operation::begin() {
 }
 
 Operation::Ending Operation::loop() {
-  auto& form = desk_.form;
-  while (!form.filecollect.empty()) {
+  const auto showCount = [this] { dialog_.showCount(tally_.ItemsDone + 1, tally_.SelectedCount); };
+  while (!items().empty()) {
     if (turn() == Turn::BeforeTaking) {
       showCount();
       if (stopAsked()) return Ending::Aborted;
@@ -172,19 +171,14 @@ Operation::Ending Operation::loop() {
 
 void Operation::takeNext() {
   auto& form = desk_.form;
-  core::Item item = form.filecollect.pop();
+  core::Item item = items().pop();
   form.CurrentItem = std::move(item.path);
   pbar_beregning(form, tally_);
-  desk_.dispatcher.Fileident();
+  identify();
   succeeded_ = false;
   failure_.reset();
   VerifyFolderMode_ = item.isFolder;
   leaf_ = std::string(paths::fileName(form.CurrentItem));
-}
-
-void Operation::showCount() {
-  dialog_.Caption = dialog_.words.caption + ", - Processing... " + std::to_string(tally_.ItemsDone + 1) + " => " +
-                    std::to_string(tally_.SelectedCount) + " Item(s)";
 }
 
 bool Operation::stopAsked() {
@@ -192,6 +186,16 @@ bool Operation::stopAsked() {
   if (!batch_.empty()) return false;
   desk_.program.loop.giveTurn();
   return dialog_.StopFlag;
+}
+
+std::string Operation::sourceFolder() const {
+  const panels::Panel* source = desk_.form.activePanel();
+  return source ? source->path() : std::string();
+}
+
+std::string Operation::targetFolder() const {
+  const panels::Panel* source = desk_.form.activePanel();
+  return source ? desk_.form.otherPanel(*source).path() : std::string();
 }
 
 bool Operation::sourceStands() const {
@@ -210,13 +214,16 @@ std::optional<std::uint64_t> Operation::doneInBatch() {
   return bytes;
 }
 
-std::vector<std::string> Operation::nextNames(std::size_t count) const {
-  const auto& form = desk_.form;
-  std::vector<std::string> names{form.CurrentItem};
-  const auto& items = form.filecollect.items();
-  for (auto item = items.rbegin(); item != items.rend() && names.size() < count; ++item) {
-    if (item->isFolder) break;
-    names.push_back(item->path);
+// The files of the folder from the one in hand on.
+std::vector<std::string> Operation::nextNames(const std::string& folder, std::size_t count) {
+  std::vector<std::string> names{leaf_};
+  const bool isSource = folder == sourceFolder();
+  const auto& next = items().items();
+  for (auto item = next.rbegin(); item != next.rend() && names.size() < count; ++item) {
+    const std::string_view path = item->path, name = paths::fileName(path);
+    const std::string_view itsFolder = path.substr(0, path.size() - name.size());
+    if (item->isFolder || (itsFolder.empty() ? !isSource : itsFolder != folder)) break;
+    names.emplace_back(name);
   }
   return names;
 }
@@ -228,8 +235,8 @@ void Operation::runBatch() {
     return;
   }
   const auto from = std::chrono::steady_clock::now();
-  const std::vector<std::string> names = nextNames(batchSize_);
-  const std::string folder = desk_.form.activePanel()->path(), to = desk_.form.TargetPath;
+  const std::string folder = paths::parent(desk_.form.SourcePath), to = desk_.form.TargetPath;
+  const std::vector<std::string> names = nextNames(folder, batchSize_);
   platform::BatchResults results;
   (void)runLong({}, [&](const platform::Progress& progress) {
     results = batch(folder, names, to, progress);
@@ -280,7 +287,7 @@ platform::Result<void> Operation::runLong(const Extent& extent, const LongCall& 
     showShareOfItem(desk_.form, dialog_, tally_, static_cast<double>(extent.bytes),
                     static_cast<double>(done) / static_cast<double>(extent.whole));
   };
-  desk_.program.loop.runBlocking([&] { result = call(progress); }, {showShare, &dialog_.Command1});
+  desk_.program.loop.runBlocking([&] { result = call(progress); }, {showShare, &dialog_.stopButton()});
   pbar_beregning(desk_.form, tally_);
   return result;
 }
@@ -295,7 +302,7 @@ platform::Result<void> Operation::runFolder(const FolderCall& call) {
   };
   // What is to come is taken to be like what is done.
   const auto showShare = [&] { showShareOfItem(desk_.form, dialog_, tally_, share > 0 ? bytes / share : 0, share); };
-  desk_.program.loop.runBlocking([&] { result = call(progress); }, {showShare, &dialog_.Command1});
+  desk_.program.loop.runBlocking([&] { result = call(progress); }, {showShare, &dialog_.stopButton()});
   pbar_beregning(desk_.form, tally_);
   tally_.BytesDone += bytes;
   return result;
@@ -337,10 +344,11 @@ bool Operation::driveReady(const panels::Panel& panel) {
 // --- Operations with a target --------------------------------------------------------------------------------------
 
 TargetOperation::TargetOperation(panels::Desk& desk, TargetForm& dialog, Space& space, Form32& nameDialog)
-    : Operation(desk, dialog), target_(dialog), space_(space), asNewName_(desk, nameDialog) {
-  target_.Command3.Click = [this] { space_.selectsize(target_); };
-  target_.Command4.Click = [this] { Command4_Click(); };
-  target_.Command5.Click = [this] { Command5_Click(); };
+    : Operation(desk, dialog), target_(&dialog), space_(space) {
+  asNewName_.emplace(desk, nameDialog);
+  dialog.Command3.Click = [this] { space_.selectsize(*target_); };
+  dialog.Command4.Click = [this] { Command4_Click(); };
+  dialog.Command5.Click = [this] { Command5_Click(); };
 }
 
 void TargetOperation::opening() {
@@ -349,7 +357,7 @@ void TargetOperation::opening() {
   desk_.browser.Check1.Value = 0;
   desk_.browser.Check2.Value = 0;
   const core::Item item = form.filecollect.popc();
-  target_.Command5.Enabled =
+  target_->Command5.Enabled =
       form.filecollect.count() == 1 && !item.isFolder && desk_.files().fileExists(form.SourcePath);
 }
 
@@ -357,30 +365,30 @@ void TargetOperation::opening() {
 void TargetOperation::Command4_Click() {
   auto& form = desk_.form;
   panels::Panel* source = form.activePanel();
-  const auto folder = desk_.browser.browse(target_.words.caption);
+  const auto folder = desk_.browser.browse(target_->words.caption);
   if (!source || !folder) return;
   if (!desk_.navigation.goTo(form.otherPanel(*source), *folder)) return;
   form.TargetPath = form.otherPanel(*source).path();
-  target_.Text3.Text = shortPath(form.TargetPath);
+  target_->Text3.Text = shortPath(form.TargetPath);
 }
 
 // The loop takes the file from the work folder, where it bears its new name.
 void TargetOperation::Command5_Click() {
   auto& form = desk_.form;
-  const auto file = asNewName_.begin(form.SourcePath, takesAway());
+  const auto file = asNewName_->begin(form.SourcePath, takesAway());
   if (!file) return;
   form.filecollect.reset();
   form.filecollect.push({*file, false});
-  target_.Command5.Enabled = false;
+  target_->Command5.Enabled = false;
   const std::string name(paths::fileName(*file));
   showItem(name);
-  target_.Text3.Text = name;
-  target_.Command11.SetFocus();
+  target_->Text3.Text = name;
+  target_->Command11.SetFocus();
 }
 
 void TargetOperation::closed(bool executed) {
   auto& form = desk_.form;
-  asNewName_.end();
+  if (asNewName_) asNewName_->end();
   const bool goesBack = executed ? desk_.browser.Check2.Value : desk_.browser.Check1.Value;
   panels::Panel& panel = form.otherPanel(*form.activePanel());
   if (goesBack && panel.path() != initFolder_) desk_.navigation.goTo(panel, initFolder_);
@@ -389,9 +397,11 @@ void TargetOperation::closed(bool executed) {
 Operation::Begin TargetOperation::mayBegin() {
   auto& answer = desk_.program.dialogs.Form11.AlertAnswer;
   answer = core::Answer::None;
-  const bool SpaceProblem = space_.DiskAvailable(moving());
+  const bool SpaceProblem = space_.DiskAvailable(moving(), sourceFolder(), targetFolder());
   if (SpaceProblem && (answer == core::Answer::None || answer == core::Answer::No)) return Begin::Ending;
-  if (desk_.form.Menu.checked("ValCopyMove") && !space_.ValidateSpaceNeeded(target_)) return Begin::Ending;
+  if (desk_.form.Menu.checked("ValCopyMove") &&
+      !space_.ValidateSpaceNeeded(dialog_, items(), sourceFolder(), targetFolder()))
+    return Begin::Ending;
   return Begin::Loop;
 }
 

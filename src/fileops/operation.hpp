@@ -34,6 +34,10 @@ class Operation {
 
  protected:
   Operation(panels::Desk& desk, OperationForm& dialog);
+  /// One that is not asked for in a dialog: it only shows how it goes on, and begins by run().
+  Operation(panels::Desk& desk, ProgressForm& progress) : desk_(desk), dialog_(progress) {}
+  /// The tests, the loop and the ending.
+  void run();
 
   /// How an item came through.
   enum class Item {
@@ -55,6 +59,15 @@ class Operation {
   virtual std::string folderShown() const { return desk_.form.TargetPath; }
   /// Marks the rows that it will take.
   virtual void markRows() { desk_.dispatcher.copycolor(); }
+  /// What it works on: the collected items, the folder that those have that bring no path of their own, and the folder
+  /// that they go to. The panels say it, unless the operation brings it along.
+  virtual panels::FileCollect& items() { return desk_.form.filecollect; }
+  virtual std::string sourceFolder() const;
+  virtual std::string targetFolder() const;
+  /// Makes `SourcePath` and `TargetPath` of `CurrentItem`.
+  virtual void identify() { desk_.dispatcher.Fileident(); }
+  /// Whether the panel still shows what the items were selected in: names selected there mean other files elsewhere.
+  virtual bool sourceStands() const;
   virtual void opening() {}
   virtual void closed(bool /*executed*/) {}
   /// Questions and space tests in front of the loop. Closed: the dialog has hidden, and no ending follows.
@@ -78,9 +91,11 @@ class Operation {
   /// several at once between two turns of the message loop, and counted one after the other all the same. Nothing: it
   /// is to be handled by itself.
   std::optional<std::uint64_t> doneInBatch();
+  /// The item in hand has been tried in a batch.
+  bool inBatch() const { return !batch_.empty(); }
 
   // --- What they share -------------------------------------------------------------------------------------------
-  void showItem(const std::string& line) { dialog_.item.Text = line; }
+  void showItem(const std::string& line) { dialog_.showItem(line); }
   /// What a call handles: the bytes that its item adds to `BytesDone`, and what its progress counts up to (0: unknown).
   struct Extent {
     std::uint64_t bytes = 0, whole = 0;
@@ -104,7 +119,7 @@ class Operation {
   void alert(const std::string& text) { desk_.program.dialogs.alert(text); }
 
   panels::Desk& desk_;
-  OperationForm& dialog_;
+  ProgressForm& dialog_;
   Tally tally_;
   std::string leaf_;                        ///< name of the item in hand
   bool VerifyFolderMode_ = false;           ///< the item in hand is a folder
@@ -115,27 +130,24 @@ class Operation {
 
  private:
   void Command2_Click();
-  void Command11_Click();
   void handOver(const std::vector<core::Item>* items);
   void collect(const std::vector<core::Item>* items);
   void fillDialog();
   void begin();
   void takeNext();
-  void showCount();
   bool stopAsked();
-  /// Whether the panel still shows what the items were selected in: names selected there mean other files elsewhere.
-  bool sourceStands() const;
   enum class Ending { Straight, Normal, Aborted };
   Ending loop();
   void end(Ending ending);
   void close();
 
-  std::vector<std::string> nextNames(std::size_t count) const;
+  std::vector<std::string> nextNames(const std::string& folder, std::size_t count);
   void runBatch();
 
   bool executed_ = false;
-  bool changed_ = false;      ///< the loop has done something to the disk
-  std::string sourceFolder_;  ///< what the active panel showed at the hand-over
+  bool changed_ = false;            ///< the loop has done something to the disk
+  OperationForm* asked_ = nullptr;  ///< the dialog in which it is asked for
+  std::string sourceFolder_;        ///< what the active panel showed at the hand-over
   /// Bytes of the files that a batch has done, from the one in hand on; nothing for one that failed in it.
   std::deque<std::optional<std::uint64_t>> batch_;
   std::size_t batchSize_ = 0, batchPause_ = 0;
@@ -145,6 +157,8 @@ class Operation {
 class TargetOperation : public Operation {
  protected:
   TargetOperation(panels::Desk& desk, TargetForm& dialog, Space& space, Form32& nameDialog);
+  TargetOperation(panels::Desk& desk, ProgressForm& progress, Space& space)
+      : Operation(desk, progress), space_(space) {}
 
   void opening() override;
   void closed(bool executed) override;
@@ -164,15 +178,15 @@ class TargetOperation : public Operation {
   bool liesInItem() const;
   bool isOwnTarget() const;
   /// What a refusal of the item in hand comes to: a single item ends the operation.
-  Item refused() const { return tally_.ItemsTotal == 1 ? Item::EndsAll : Item::PassedOver; }
+  virtual Item refused() const { return tally_.ItemsTotal == 1 ? Item::EndsAll : Item::PassedOver; }
 
  private:
   void Command4_Click();
   void Command5_Click();
 
-  TargetForm& target_;
+  TargetForm* target_ = nullptr;
   Space& space_;
-  AsNewName asNewName_;
+  std::optional<AsNewName> asNewName_;
   std::string initFolder_;  ///< what the panel that is not active showed when the dialog opened
 };
 

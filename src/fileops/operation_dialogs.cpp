@@ -6,19 +6,51 @@
 
 namespace varnholt::fileops {
 
+ProgressForm::ProgressForm(controls::MessageLoop& loop, OperationWords given)
+    : Form(loop, given.form), words(std::move(given)) {
+  Caption = words.caption;
+  Label5.AccessibleName = "Progress in words";
+  QueryUnload = [this](bool& keep) {
+    if (!running_) return;
+    keep = true;
+    StopFlag = true;
+  };
+  hideProgress();
+}
+
+void ProgressForm::showCount(std::size_t number, std::size_t of) {
+  Caption = words.caption + ", - Processing... " + std::to_string(number) + " => " + std::to_string(of) + " Item(s)";
+}
+
+void ProgressForm::setRunning(bool running) {
+  running_ = running;
+  stopButton().Enabled = running;
+  rest(running);
+}
+
+void ProgressForm::showProgress(const std::string& line) {
+  ProgressBar1.Visible = true;
+  Label5.Caption = line;
+  Label5.Visible = true;
+}
+
+void ProgressForm::hideProgress() {
+  ProgressBar1.Visible = false;
+  ProgressBar1.Value = 0;
+  Label5.Caption = "";
+  Label5.Visible = false;
+}
+
 OperationForm::OperationForm(controls::MessageLoop& loop, OperationWords given)
-    : Form(loop, given.form),
-      words(std::move(given)),
+    : ProgressForm(loop, std::move(given)),
       item(words.itemIsText2 ? Text2 : Text1),
       summary(words.itemIsText2 ? Text1 : Text2) {
-  Caption = words.caption;
   for (controls::TextBox* box : {&Text1, &Text2, &Text3})
     box->Locked = true;
   item.ToolTipText = "The item in hand";
   summary.ToolTipText = "What is selected";
   Text3.ToolTipText = "The folder in question";
   Label4.AccessibleName = "Size of what is selected";
-  Label5.AccessibleName = "Progress in words";
   Command11.Caption = words.button;
   Command11.ToolTipText = words.buttonTip;
   Command1.Caption = "&Stop";
@@ -31,33 +63,11 @@ OperationForm::OperationForm(controls::MessageLoop& loop, OperationWords given)
   defaultButton = "Command11";
   cancelButton = "Command2";
   Command1.Click = [this] { StopFlag = true; };
-  QueryUnload = [this](bool& keep) {
-    if (!running_) return;
-    keep = true;
-    StopFlag = true;
-  };
-  hideProgress();
 }
 
-void OperationForm::setRunning(bool running) {
-  running_ = running;
-  Command1.Enabled = running;
+void OperationForm::rest(bool running) {
   for (controls::Button* button : {&Command11, &Command2, &Command3})
     button->Enabled = !running;
-  rest(running);
-}
-
-void OperationForm::showProgress(const std::string& line) {
-  ProgressBar1.Visible = true;
-  Label5.Caption = line;
-  Label5.Visible = true;
-}
-
-void OperationForm::hideProgress() {
-  ProgressBar1.Visible = false;
-  ProgressBar1.Value = 0;
-  Label5.Caption = "";
-  Label5.Visible = false;
 }
 
 TargetForm::TargetForm(controls::MessageLoop& loop, OperationWords words) : OperationForm(loop, std::move(words)) {

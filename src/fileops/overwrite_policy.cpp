@@ -66,7 +66,6 @@ void OverwritePolicy::ask() {
 }
 
 void OverwritePolicy::copywarning(const std::string& name) {
-  desk_.dispatcher.Fileident();
   const std::string target = targetOf(desk_, name);
   const Facts from = factsOf(desk_.form.SourcePath), to = factsOf(target);
   const bool equal = NotNewer(from.modified, to.modified) && NotNewer(to.modified, from.modified) &&
@@ -146,10 +145,12 @@ Outcome OverwritePolicy::decide(const std::string& name) {
 
 // The rename has items in hand of its own.
 bool OverwritePolicy::askNewName(const std::string& name) {
-  const std::string item = desk_.form.CurrentItem;
-  const bool renamed = !renameTarget || renameTarget(desk_.form.TargetPath, name);
-  desk_.form.CurrentItem = item;
-  desk_.dispatcher.Fileident();
+  auto& form = desk_.form;
+  const std::string item = form.CurrentItem, source = form.SourcePath, target = form.TargetPath;
+  const bool renamed = !renameTarget || renameTarget(target, name);
+  form.CurrentItem = item;
+  form.SourcePath = source;
+  form.TargetPath = target;
   return renamed;
 }
 

@@ -10,7 +10,7 @@ void pbar_beregning(panels::Form1& form, const Tally& tally) {
   form.ProgressBar1.Value = static_cast<double>(tally.ItemsDone) / static_cast<double>(tally.SelectedCount) * 100;
 }
 
-void PogressCal(const panels::Form1& form, OperationForm& dialog, const Tally& tally) {
+void PogressCal(const panels::Form1& form, ProgressForm& dialog, const Tally& tally) {
   if (tally.BytesDone <= 0) return;
   controls::ProgressBar& bar = dialog.ProgressBar1;
   bar.Max = tally.BytesDone;
@@ -22,7 +22,7 @@ void PogressCal(const panels::Form1& form, OperationForm& dialog, const Tally& t
   bar.Value = bar.Max.get();
 }
 
-void showShareOfItem(panels::Form1& form, OperationForm& dialog, const Tally& tally, double bytes, double share) {
+void showShareOfItem(panels::Form1& form, ProgressForm& dialog, const Tally& tally, double bytes, double share) {
   share = std::clamp(share, 0.0, 1.0);
   dialog.ProgressBar1.Max = std::max(tally.BytesDone + bytes, 1.0);
   dialog.ProgressBar1.Value = bytes > 0 ? tally.BytesDone + bytes * share : dialog.ProgressBar1.Max * share;

@@ -17,9 +17,9 @@ void pbar_beregning(panels::Form1& form, const Tally& tally);
 
 /// `PogressCal`: the dialog's bar shows the item as done and, of two or more items, the overall share. Nothing as long
 /// as no byte is done.
-void PogressCal(const panels::Form1& form, OperationForm& dialog, const Tally& tally);
+void PogressCal(const panels::Form1& form, ProgressForm& dialog, const Tally& tally);
 
 /// Both bars on the way through an item of so many bytes: between what they show before it and after it.
-void showShareOfItem(panels::Form1& form, OperationForm& dialog, const Tally& tally, double bytes, double share);
+void showShareOfItem(panels::Form1& form, ProgressForm& dialog, const Tally& tally, double bytes, double share);
 
 }  // namespace varnholt::fileops

@@ -38,18 +38,14 @@ std::string FreeSpaceText(const platform::Result<platform::DriveInfo>& drive,
 
 // --- The drive -----------------------------------------------------------------------------------------------------
 
-bool Space::DiskAvailable(bool moving) {
-  auto& form = desk_.form;
-  panels::Panel* source = form.activePanel();
-  if (!source) return false;
-  panels::Panel& target = form.otherPanel(*source);
-  const auto drive = desk_.files().volume(target.path());
+bool Space::DiskAvailable(bool moving, const std::string& from, const std::string& to) {
+  const auto drive = desk_.files().volume(to);
   if (!drive) return false;
   if (isDisc(*drive)) {
     desk_.program.dialogs.alert("Cannot Copy Or Move To CD-Rom/DVD-Rom !\rFunction Exits !");
     return true;
   }
-  if (moving && paths::driveOf(source->path()) == paths::driveOf(target.path())) return false;
+  if (moving && paths::driveOf(from) == paths::driveOf(to)) return false;
   if (freeShare(*drive) > 1) return false;
   desk_.program.dialogs.ask("Critical DiskSpace < 1% Available ! (" +
                             core::format("#,#", drive->availableBytes, desk_.program.platform.regional) +
@@ -89,17 +85,13 @@ constexpr std::size_t Block = 8192;
 
 }  // namespace
 
-std::uint64_t Space::needOfFolder(const std::string& folder) const {
-  const std::string target = targetOf(desk_, paths::fileName(folder));
+std::uint64_t Space::needOfFolder(const std::string& folder, const std::string& to) const {
+  const std::string target = paths::join(to, paths::fileName(folder));
   return growth(folderBytes(desk_, folder), desk_.files().folderExists(target) ? folderBytes(desk_, target) : 0);
 }
 
-bool Space::ValidateSpaceNeeded(OperationForm& dialog) {
-  auto& form = desk_.form;
-  panels::Panel* source = form.activePanel();
-  if (!source) return true;
-  const std::string from = source->path();
-  const std::string to = form.otherPanel(*source).path();
+bool Space::ValidateSpaceNeeded(ProgressForm& dialog, const panels::FileCollect& collected, const std::string& from,
+                                const std::string& to) {
   const auto drive = desk_.files().volume(to);
   if (!drive || drive->availableBytes == 0) {
     desk_.program.dialogs.alert("Cannot Validate DiskSpace !");
@@ -108,10 +100,10 @@ bool Space::ValidateSpaceNeeded(OperationForm& dialog) {
   dialog.showProgress("Validating Space Available...");
   desk_.pointer() = Hourglass;
   std::uint64_t needed = 0;
-  const auto& items = form.filecollect.items();
+  const auto& items = collected.items();
   for (auto item = items.begin(); item != items.end() && needed < drive->availableBytes;) {
     if (item->isFolder) {
-      needed += needOfFolder((item++)->path);
+      needed += needOfFolder((item++)->path, to);
       continue;
     }
     std::vector<std::string> block;

@@ -19,15 +19,17 @@ class Space {
 
   /// `DiskAvailable`: true when the target cannot be written to, or when it is nearly full and the user was asked; the
   /// answer stands in `AlertAnswer`. `moving` on one drive needs no room.
-  bool DiskAvailable(bool moving);
-  /// `ValidateSpaceNeeded`: false when what is selected needs as much as the target has, or more, which is told.
-  bool ValidateSpaceNeeded(OperationForm& dialog);
+  bool DiskAvailable(bool moving, const std::string& from, const std::string& to);
+  /// `ValidateSpaceNeeded`: false when the items, of which those without a path lie in `from`, need as much as the
+  /// folder `to` has room, or more, which is told.
+  bool ValidateSpaceNeeded(ProgressForm& dialog, const panels::FileCollect& items, const std::string& from,
+                           const std::string& to);
   /// `selectsize`: the size of all that is selected, in the dialog's size line.
   void selectsize(OperationForm& dialog);
 
  private:
   std::uint64_t sizeOf(const core::Item& item);
-  std::uint64_t needOfFolder(const std::string& folder) const;
+  std::uint64_t needOfFolder(const std::string& folder, const std::string& to) const;
 
   panels::Desk& desk_;
 };

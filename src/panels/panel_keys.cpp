@@ -27,6 +27,8 @@ std::string properCaseParts(std::string_view path) {
 }  // namespace
 
 void PanelKeys::KeyDown(Panel& panel, controls::KeyEvent& event) {
+  // What goes on may be watched, and the list be walked through, but keys are commands here.
+  if (d_.dispatcher.busy) return;
   if (const PanelShortcut* shortcut = panelShortcut(event)) {
     event.handled = true;
     if (d_.form.Menu.has(std::string(shortcut->entry))) d_.form.Menu[std::string(shortcut->entry)].choose();
@@ -156,7 +158,7 @@ void PanelKeys::Text3_KeyDown(controls::KeyEvent& event) {
 
 void PanelKeys::runLine() {
   const std::string line = d_.form.Text3.Text;
-  if (line.empty()) return;
+  if (d_.dispatcher.busy || line.empty()) return;
   std::string command = line;
   // A typed path may spell its parts in another letter case than the disk does.
   if (const auto path = d_.program.files().resolve(line)) {

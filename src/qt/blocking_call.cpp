@@ -83,8 +83,12 @@ bool InputHold::eventFilter(QObject* watched, QEvent* event) {
     return true;
   }
   if (!isInput(event->type()) || isExcepted(watched)) return false;
+  if (isItsEscape(watched, *event)) {
+    if (event->type() == QEvent::KeyPress) pressed_();
+    return true;
+  }
   if (button_ && goesToButton(watched, *event)) return false;
-  if (event->type() == QEvent::Close && closing) closing();
+  if (event->type() == QEvent::Close && closing && (!button_ || watched == button_->window())) closing();
   if (button_ && event->type() == QEvent::Close && watched == button_->window()) {
     pressed_();
     event->ignore();
@@ -117,6 +121,18 @@ bool InputHold::goesToButton(const QObject* watched, const QEvent& event) const 
   default:
     return false;
   }
+}
+
+QWidget* InputHold::window() const { return button_ ? button_->window() : nullptr; }
+
+bool InputHold::isItsEscape(const QObject* watched, const QEvent& event) const {
+  if (!button_ || !escapePresses || (event.type() != QEvent::KeyPress && event.type() != QEvent::KeyRelease))
+    return false;
+  const auto* widget = qobject_cast<const QWidget*>(watched);
+  return static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape &&
+         (widget                                ? widget->window()
+          : watched == window()->windowHandle() ? window()
+                                                : nullptr) == window();
 }
 
 bool InputHold::isOnButton(const QMouseEvent& event) const {

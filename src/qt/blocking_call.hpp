@@ -24,12 +24,16 @@ namespace varnholt::qt {
 /// exclusion is not enough: posted events and those of accessibility tools pass it.
 ///
 /// One button may work all the same: what goes to it passes, and `pressed` is called when it is clicked or the close
-/// box of its window is.
+/// box of its window is, or Esc where that stands for the button.
 class InputHold : public QObject {
  public:
   explicit InputHold(QAbstractButton* button = nullptr, std::function<void()> pressed = {});
   ~InputHold() override;
-  std::function<void()> closing;  ///< called for each close box
+  /// Called for each close box; with a button for that of its window alone, since the others have to wait for it.
+  std::function<void()> closing;
+  bool escapePresses = false;
+  /// The window of the button; null without one.
+  QWidget* window() const;
   /// One window takes input all the same.
   void except(const QWidget* window) { excepted_ = window; }
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -37,6 +41,7 @@ class InputHold : public QObject {
  private:
   bool isExcepted(const QObject* receiver) const;
   bool goesToButton(const QObject* watched, const QEvent& event) const;
+  bool isItsEscape(const QObject* watched, const QEvent& event) const;
   bool isOnButton(const QMouseEvent& event) const;
 
   struct Held;

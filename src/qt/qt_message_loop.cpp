@@ -221,7 +221,8 @@ void QtMessageLoop::leaveUnlessItReturns(InputHold& hold, unsigned call) {
   if (!leave_ || leaving_) return;
   leaving_ = true;
   QTimer::singleShot(Patience, this, [this, &hold, call] {
-    if (isRunning(call) && (!QApplication::activeModalWidget() || mayLeave(hold, call))) leave_();
+    const bool isDialogs = QApplication::activeModalWidget() || hold.window();
+    if (isRunning(call) && (!isDialogs || mayLeave(hold, call))) leave_();
     leaving_ = false;
   });
 }
@@ -235,9 +236,10 @@ bool QtMessageLoop::mayLeave(InputHold& hold, unsigned call) {
     returned.start(FrameMilliseconds);
     hold.except(&question);
   };
-  const auto answer = showMessageBox({"Alert !", "A drive does not answer.\r\rEnd Varnholt without waiting for it ?",
-                                      controls::MessageIcon::Exclamation, controls::MessageButtons::YesNo},
-                                     QApplication::activeModalWidget(), opening);
+  const auto answer =
+      showMessageBox({"Alert !", "A drive does not answer.\r\rEnd Varnholt without waiting for it ?",
+                      controls::MessageIcon::Exclamation, controls::MessageButtons::YesNo},
+                     QApplication::activeModalWidget() ? QApplication::activeModalWidget() : hold.window(), opening);
   hold.except(nullptr);
   return answer == controls::MessageAnswer::Yes && isRunning(call);
 }
@@ -267,6 +269,7 @@ void QtMessageLoop::waitFor(unsigned call, QEventLoop& events, const controls::M
   FormWindow* window = meanwhile.stop ? windowOf(meanwhile.stop->form()) : nullptr;
   auto* stop = window ? window->widget().findChild<QAbstractButton*>(toQt(meanwhile.stop->name())) : nullptr;
   InputHold hold(stop, [&] { meanwhile.stop->press(); });
+  hold.escapePresses = meanwhile.stop && meanwhile.stop->form().cancelButton == meanwhile.stop->name();
   hold.closing = [&] { leaveUnlessItReturns(hold, call); };
   QTimer ticks;
   if (meanwhile.tick) {

@@ -256,6 +256,7 @@ TEST_F(MessageLoop, TheStopButtonAloneWorksWhileALongCallRuns) {
       {"a click", click("Command1")},
       {"Enter on it", key(Qt::Key_Return)},
       {"Space on it", key(Qt::Key_Space)},
+      {"Esc", key(Qt::Key_Escape)},
       {"the close box", [](QWidget* window) { window->close(); }},
       {"assistive technology", [](QWidget* window) { window->findChild<QPushButton*>("Command1")->click(); }}};
   for (const auto& [way, act] : ways) {

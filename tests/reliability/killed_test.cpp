@@ -38,7 +38,7 @@ class Operation {
 
 class Copy : public Operation {
  public:
-  Copy() : Operation(&User::copies, "C:/To") {}
+  explicit Copy(void (User::*runs)() = &User::copies) : Operation(runs, "C:/To") {}
   void build(World& world) const override {
     world.file("C:/From/a.txt", pattern(100'000, 1)).file("C:/To/a.txt", pattern(90'000, 2), Old);
     world.file("C:/From/big.bin", pattern(300'000, 3));
@@ -89,6 +89,21 @@ class Copy : public Operation {
     const bool isNew = source != before.end() && sameFile(facts, source->second);
     const bool isOld = old != before.end() && sameFile(facts, old->second);
     EXPECT_TRUE(isNew || isOld) << name << " is " << facts;
+  }
+};
+
+/// The same by the basket, which takes the items in the order of adding.
+class Paste : public Copy {
+ public:
+  Paste() : Copy(&User::pastes) {}
+  void prepare(User& user, const World& world) const override {
+    user.open("C:\\From", "C:\\To");
+    user.markAll();
+    user.rig.command("WinCopy_Click");
+    user.open("C:\\To", "C:\\From");
+    for (const char* folder : {"C:/To/Fresh", "C:/To/Merge"})
+      if (world.has(folder)) user.meets({yes()});
+    user.meets({{"Form7", "Command6"}});
   }
 };
 
@@ -227,6 +242,7 @@ class Round {
 
 std::unique_ptr<Operation> makeOperation(const std::string& name) {
   if (name.starts_with("Copy")) return std::make_unique<Copy>();
+  if (name == "Paste") return std::make_unique<Paste>();
   if (name.starts_with("Delete")) return std::make_unique<Delete>();
   return std::make_unique<Move>(name == "MoveAcross" ? "D:" : "C:");
 }
@@ -256,7 +272,7 @@ TEST_P(Killed, AtAnySystemCall) {
   EXPECT_GE(kills, steps * 9 / 10);
 }
 INSTANTIATE_TEST_SUITE_P(Operations, Killed,
-                         testing::Values("Copy", "MoveAcross", "MoveWithin", "Delete", "CopyMany", "MoveMany",
+                         testing::Values("Copy", "Paste", "MoveAcross", "MoveWithin", "Delete", "CopyMany", "MoveMany",
                                          "DeleteMany"),
                          [](const auto& each) { return each.param; });
 

@@ -19,6 +19,8 @@ class User {
   /// Runs on what is marked; the dialogs are to be expected before.
   void copies() { rig.command("Command1_Click"); }
   void moves() { rig.command("Command3_Click"); }
+  /// What was marked when it was gathered, into the folder of the left panel.
+  void pastes() { rig.command("WinPaste_Click"); }
   void deletes() { rig.command("Command4_Click"); }
 
   panels::Panel& left() { return rig.form().Panel1; }
