@@ -78,7 +78,8 @@ int main(int argc, char** argv) {
   if (operation == "attributes") app.properties.attributes.multiAtribut_Click();
   if (operation == "validate") {
     const auto from = Clock::now();
-    const bool fits = app.fileops.Space.ValidateSpaceNeeded(app.fileops.Form3);
+    const bool fits = app.fileops.Space.ValidateSpaceNeeded(app.fileops.Form3, form.filecollect, form.Panel1.path(),
+                                                            form.Panel2.path());
     loop.microseconds = microsecondsSince(from);
     if (!fits) return 1;
   }
