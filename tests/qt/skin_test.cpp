@@ -33,8 +33,6 @@ TEST(Pictures, ALargeOneIsLoadedNoLargerThanItIsShown) {
   EXPECT_EQ(small.image.size(), QSize(500, 125));
   EXPECT_EQ(small.natural, QSize(4000, 1000));
   EXPECT_EQ(loaded(pictures, "C:\\photo.jpg", {}).image.size(), QSize(4000, 1000));
-  pictures.setReader([](const std::string&) { return redPicture(QSize(20'000, 20'000), "JPG"); });
-  EXPECT_EQ(loaded(pictures, "C:\\huge.jpg", QSize(300, 300)).image.size(), QSize(2500, 2500));
 }
 
 TEST(Pictures, WhatCannotBeReadIsNoPicture) {
