@@ -95,12 +95,12 @@ TEST_F(PresetsTest, ANewPresetIsKeptInCapitalsAndOutlivesTheProgram) {
 TEST_F(PresetsTest, ANameIsTakenOnce) {
   make("  ", "no name makes none");
   make("home");
-  const std::string own = " is kept by the program itself.\r";
+  const std::string own = " is kept by the program itself.";
   for (const auto& [taken, reason] : {std::pair<const char*, std::string>{"HOME", ""},
                                       {"home ", ""},
-                                      {"default", "DEFAULT" + own},
-                                      {"Mem", "MEM" + own},
-                                      {"memrecall", "MEMRECALL" + own}}) {
+                                      {"default", "\rDEFAULT" + own},
+                                      {"Mem", "\rMEM" + own},
+                                      {"memrecall", "\rMEMRECALL" + own}}) {
     inStatic([](Form20& dialog) {
       dialog.Command2.press();
       EXPECT_EQ(dialog.ListView1.count(), 1u);
@@ -113,7 +113,7 @@ TEST_F(PresetsTest, ANameIsTakenOnce) {
           EXPECT_EQ(presets().Form21.Text1.Text.get(), "");
         })
         .press("Command3");
-    rig.loop.meets({test::told("\rPresetName already exist !\r" + reason)});
+    rig.loop.meets({test::told("\rPresetName already exist !" + reason)});
     rig.command("Command12_Click");
   }
   EXPECT_EQ(kept(), "HOME\r\n");
@@ -271,8 +271,8 @@ TEST_F(PresetsTest, AVisitedPairThatIsGoneIsMarkedAndRefused) {
     click(list, 2);
     rig.loop.meets({invalid, invalid});
     list.doubleClickFromUser(2);
-    dialog.Command11.press();
     dialog.Command1.press();
+    dialog.Command11.press();
     EXPECT_EQ(list.count(), 0u);
     EXPECT_EQ(dialog.Label1.Caption.get(), "");
     dialog.Command1.press();
