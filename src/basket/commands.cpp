@@ -24,6 +24,7 @@ void Basket::addCommands(panels::CommandTable& table) {
        .icon = "paste-viewer",
        .heading = "File",
        .menuText = "Paste &Viewer...",
+       .number = 82,
        .run = [this] { RegOptions_Click(); }},
       {.handler = "CopySelection_Click",
        .toolTip = "Add the selected items to the paste basket (Ctrl+C)",

@@ -18,7 +18,7 @@ void Properties::addCommands(panels::CommandTable& table) {
        .toolTip = "File/Folder Details in Seperate window (Ctrl+U)",
        .icon = "properties",
        .heading = "File",
-       .menuText = "&Properties...",
+       .menuText = "Pr&operties...",
        .shortcut = "Ctrl+U",
        .newGroup = true,
        .run = [this] { items.Command15_Click(); }},
@@ -27,6 +27,7 @@ void Properties::addCommands(panels::CommandTable& table) {
        .icon = "attributes",
        .heading = "File",
        .menuText = "&Attributes...",
+       .number = 81,
        .run = [this] { attributes.multiAtribut_Click(); }},
   });
 }

@@ -117,7 +117,8 @@ TEST_F(DrawnForms, AFieldThatIsDisabledLooksIt) {
 
 TEST_F(DrawnForms, OperationsAndTheirQuestionsBeginOnTheButtonThatEnterStandsFor) {
   std::vector<controls::Form*> forms = app.fileops.dialogs();
-  std::erase(forms, &app.fileops.Form32);  // begins on the name that it asks for
+  std::erase(forms, &app.fileops.Form2);  // these begin on the name that they ask for
+  std::erase(forms, &app.fileops.Form32);
   forms.push_back(&app.dialogs.Form11);
   for (controls::Form* form : forms) {
     const QWidget* focused = draw(*form).widget().focusWidget();

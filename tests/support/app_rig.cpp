@@ -69,7 +69,10 @@ void AppRig::startLeft() {
   form().ListView1.SetFocus();
 }
 
-std::string AppRig::inScratch(std::string_view path) {
+std::string AppRig::inScratch(std::string_view path) const {
+  // What lies beside the program has a letter of its own.
+  if (!path.starts_with("C:") && !path.starts_with("D:"))
+    return platform->toSystem(std::string(path)).substr(scratch.path().size() + 1);
   std::string name(path.substr(2));
   std::ranges::replace(name, '\\', '/');
   return (path.starts_with("D:") ? "second" : "home") + name;

@@ -70,7 +70,7 @@ class AppRig {
 
  private:
   void build();
-  static std::string inScratch(std::string_view path);
+  std::string inScratch(std::string_view path) const;
 
   Wrapper wrapper_;
   std::unique_ptr<RecordingShell> shell_;
