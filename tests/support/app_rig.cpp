@@ -23,6 +23,7 @@ AppRig::~AppRig() {
 
 void AppRig::restart() {
   app_.reset();
+  loop.forgetLaterCalls();
   platform.reset();
   host.reset();
   platform::HostFolders folders;

@@ -66,6 +66,8 @@ class ScriptedLoop : public controls::MessageLoop {
   controls::MessageAnswer show(const controls::MessageBox& box) override;
   void quit() override { quitAsked = true; }
   void later(std::function<void()> call) override { pending_.push_back(std::move(call)); }
+  /// The program that asked for them has ended.
+  void forgetLaterCalls() { pending_.clear(); }
   void attach(controls::Form& form) override { forms_.push_back(&form); }
   void changed(controls::Form&) override {}
   void detach(controls::Form& form) override { std::erase(forms_, &form); }
