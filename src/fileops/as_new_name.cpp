@@ -2,7 +2,7 @@
 
 #include "core/item_text.hpp"
 #include "core/program_files.hpp"
-#include "fileops/swap.hpp"
+#include "fileops/stranded.hpp"
 #include "platform/paths.hpp"
 
 #include <algorithm>

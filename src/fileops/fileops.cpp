@@ -1,6 +1,7 @@
 #include "fileops/fileops.hpp"
 
 #include "core/item_text.hpp"
+#include "fileops/stranded.hpp"
 #include "platform/paths.hpp"
 
 namespace varnholt::fileops {

@@ -7,24 +7,27 @@
 
 namespace varnholt::fileops {
 
-fileops::Form32::Form32(core::MessageDialogs& dialogs) : Form(dialogs.loop(), "Form32"), dialogs_(dialogs) {
-  Caption = "Make File";
-  Text1.AccessibleName = "File name";
-  Text1.ToolTipText = "Key in Valit Filename With File Extension.";
+NameForm::NameForm(controls::MessageLoop& loop, std::string name) : Form(loop, std::move(name)) {
   Command11.Caption = "&Ok";
-  Command11.ToolTipText = "Take the name as keyed";
   Command1.Caption = "&Reset";
   Command1.ToolTipText = "Resets input to blank";
   Command2.Caption = "&Cancel";
   Command2.ToolTipText = "Exits without any changes.";
   defaultButton = "Command11";
   cancelButton = "Command2";
-  Command11.Click = [this] { Command11_Click(); };
   Command1.Click = [this] {
     Text1.Text = "";
     Text1.SetFocus();
   };
   Command2.Click = [this] { UnloadForm(); };
+}
+
+fileops::Form32::Form32(core::MessageDialogs& dialogs) : NameForm(dialogs.loop(), "Form32"), dialogs_(dialogs) {
+  Caption = "Make File";
+  Text1.AccessibleName = "File name";
+  Text1.ToolTipText = "Key in Valit Filename With File Extension.";
+  Command11.ToolTipText = "Take the name as keyed";
+  Command11.Click = [this] { Command11_Click(); };
 }
 
 std::optional<std::string> fileops::Form32::ask(NameQuestion question) {

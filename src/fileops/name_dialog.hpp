@@ -17,16 +17,23 @@ struct NameQuestion {
   std::string preset{};
 };
 
-/// `Form32`: asks for one file name.
-class Form32 : public controls::Form {
+/// What the dialogs that ask for a name have in common.
+class NameForm : public controls::Form {
  public:
-  explicit Form32(core::MessageDialogs& dialogs);
-
   controls::PictureBox Image1{*this, "Image1"};
   controls::TextBox Text1{*this, "Text1"};
   controls::Button Command11{*this, "Command11"};  ///< take the name
   controls::Button Command1{*this, "Command1"};    ///< reset the box
   controls::Button Command2{*this, "Command2"};    ///< cancel
+
+ protected:
+  NameForm(controls::MessageLoop& loop, std::string name);
+};
+
+/// `Form32`: asks for one file name.
+class Form32 : public NameForm {
+ public:
+  explicit Form32(core::MessageDialogs& dialogs);
 
   /// The trimmed name, which holds no character that a file name may not; nothing when the user cancels.
   std::optional<std::string> ask(NameQuestion question);

@@ -9,25 +9,13 @@ using controls::MessageAnswer;
 using controls::MessageButtons;
 using controls::MessageIcon;
 
-fileops::Form2::Form2(panels::Desk& desk) : Form(desk.program.loop, "Form2"), desk_(desk) {
+fileops::Form2::Form2(panels::Desk& desk) : NameForm(desk.program.loop, "Form2"), desk_(desk) {
   Caption = "New Folder";
   Image1.ToolTipText = "New Folder";
   Text1.AccessibleName = "Folder name";
   Text1.ToolTipText = "Key valid foldername without any backslash , - only one folder is permitted !";
-  Command11.Caption = "&Ok";
   Command11.ToolTipText = "Executes foldername as keyed.";
-  Command1.Caption = "&Reset";
-  Command1.ToolTipText = "Resets input to blank";
-  Command2.Caption = "&Cancel";
-  Command2.ToolTipText = "Exits without any changes.";
-  defaultButton = "Command11";
-  cancelButton = "Command2";
   Command11.Click = [this] { Command11_Click(); };
-  Command1.Click = [this] {
-    Text1.Text = "";
-    Text1.SetFocus();
-  };
-  Command2.Click = [this] { UnloadForm(); };
 }
 
 void fileops::Form2::Command11OfForm1_Click() {

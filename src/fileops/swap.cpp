@@ -1,6 +1,7 @@
 #include "fileops/swap.hpp"
 
 #include "core/program_files.hpp"
+#include "fileops/stranded.hpp"
 #include "platform/paths.hpp"
 
 #include <algorithm>
@@ -113,21 +114,6 @@ bool Swap::move(const std::string& from, const std::string& to) {
   const auto moved = desk_.files().moveFile(from, to);
   if (!moved) leftOut_.add({moved.error().code, from, moved.error().text});
   return moved.ok();
-}
-
-void bringBackStranded(panels::Desk& desk) {
-  std::string places;
-  desk.program.platform.detours.finish([&](const platform::Detour& detour) {
-    for (const std::string* place : {&detour.origin, &detour.target}) {
-      if (!desk.files().moveFile(detour.waits, *place)) continue;
-      places += "\r" + *place;
-      return true;
-    }
-    places += "\r" + detour.waits + "  (from " + detour.origin + ")";
-    return false;
-  });
-  if (!places.empty())
-    desk.program.dialogs.alert("A Move Or Swap Was Interrupted. Its Files Stand Here Now :" + places);
 }
 
 }  // namespace varnholt::fileops

@@ -34,7 +34,4 @@ class Swap {
   LeftOutNotice leftOut_{desk_.program};
 };
 
-/// Brings back what a killed copy of the program left in a work folder on its way, and tells the user where it stands.
-void bringBackStranded(panels::Desk& desk);
-
 }  // namespace varnholt::fileops

@@ -1,3 +1,4 @@
+#include "fileops/stranded.hpp"
 #include "operation_test.hpp"
 #include "support/faulty_file_system.hpp"
 
