@@ -22,7 +22,6 @@ class ListLooks {
 
   PanelColors colors;
   /// Whole path of the chosen line image; empty: none was found.
-  const std::string& linePicture() const { return linePicture_; }
 
   /// Takes colour set, shift and grid from the start-up state. A missing line image is told, and start-up goes on.
   void applyInitState();
