@@ -48,7 +48,8 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       rename(desk, fileops.policy, fileops.Form7),
       properties(desk, fileops.desktop),
       filters(desk),
-      presets(desk) {
+      presets(desk),
+      compare(desk, presets) {
   addCommands();
   bindPanel(Form1.Panel1);
   bindPanel(Form1.Panel2);

@@ -2,6 +2,7 @@
 
 #include "appearance/skins.hpp"
 #include "basket/basket.hpp"
+#include "compare/compare.hpp"
 #include "core/program.hpp"
 #include "core/start_windows.hpp"
 #include "fileops/fileops.hpp"
@@ -70,11 +71,12 @@ class App {
   properties::Properties properties;
   filters::Filters filters;
   places::Presets presets;
+  compare::Compare compare;
 
  private:
   /// In the order of their entries in the menus.
-  std::array<panels::Room*, 9> rooms() {
-    return {&NewSkin, &tools, &panelCommands, &fileops, &basket, &rename, &properties, &filters, &presets};
+  std::array<panels::Room*, 10> rooms() {
+    return {&NewSkin, &tools, &panelCommands, &fileops, &basket, &rename, &properties, &filters, &presets, &compare};
   }
   void addCommands();
   void drawButtons();

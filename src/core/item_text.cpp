@@ -90,6 +90,10 @@ std::string propertiesDate(std::string_view dateTimeFormat, const platform::Cale
   return dateBy({"mm-dd-yy  hh:nn AM/PM", "dd-mm-yy  hh:nn"}, dateTimeFormat, time);
 }
 
+std::string compareDate(std::string_view dateTimeFormat, const platform::CalendarTime& time) {
+  return dateBy({"mm-dd-yy  hh:nn:ss AM/PM", "dd-mm-yy  hh:nn:ss"}, dateTimeFormat, time);
+}
+
 std::string treeDate(std::string_view dateTimeFormat, const platform::CalendarTime& time) {
   return dateBy({"mm-dd-yy hh:mm AM/PM", "dd-mm-yy hh:mm"}, dateTimeFormat, time);
 }

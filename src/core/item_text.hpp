@@ -61,6 +61,8 @@ std::int64_t dayNumber(const platform::CalendarTime& time);
 std::string panelRowDate(std::string_view dateTimeFormat, const platform::CalendarTime& time);
 /// "03-09-07  02:05 PM", "09-03-07  14:05".
 std::string propertiesDate(std::string_view dateTimeFormat, const platform::CalendarTime& time);
+/// "03-09-07  02:05:07 PM", "09-03-07  14:05:07".
+std::string compareDate(std::string_view dateTimeFormat, const platform::CalendarTime& time);
 /// "03-09-07 02:05 PM", "09-03-07 14:05".
 std::string treeDate(std::string_view dateTimeFormat, const platform::CalendarTime& time);
 /// "02:05:07 PM", "14:05:07".

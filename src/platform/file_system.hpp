@@ -129,7 +129,8 @@ class FileSystem {
                                                const std::vector<std::string>& names) const = 0;
   /// Bytes and counts below a folder. NotFound, NotAFolder, Stopped; folders that cannot be read make it inexact.
   virtual Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const = 0;
-  /// "a.b.c.d" from the version resource of a Windows program or library; the empty text for any other file.
+  /// "a.b.c.d" from the version resource of a Windows program or library; the empty text for any other file,
+  /// and for names that no program has (paths::isProgramName), which are not even looked for.
   virtual Result<std::string> fileVersion(const std::string& path) const = 0;
   /// The icon number `index`, counted from 0, of a Windows program or library, as the bytes of an icon file (ICO).
   /// NotFound when it has none, NotRegular for pipes and devices.

@@ -114,6 +114,7 @@ ByteReader readerOf(const UniqueFd& file) {
 }  // namespace
 
 Result<std::string> PosixFileSystem::fileVersion(const std::string& path) const {
+  if (!paths::isProgramName(path)) return std::string();
   const auto system = map_.toSystem(path);
   if (!system) return system.error();
   const auto file = openRegular(*system);
