@@ -49,7 +49,8 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       properties(desk, fileops.desktop),
       filters(desk),
       presets(desk),
-      compare(desk, presets) {
+      compare(desk, presets),
+      cleanup(desk, fileops.desktop) {
   addCommands();
   bindPanel(Form1.Panel1);
   bindPanel(Form1.Panel2);

@@ -2,6 +2,7 @@
 
 #include "appearance/skins.hpp"
 #include "basket/basket.hpp"
+#include "cleanup/cleanup.hpp"
 #include "compare/compare.hpp"
 #include "core/program.hpp"
 #include "core/start_windows.hpp"
@@ -72,11 +73,12 @@ class App {
   filters::Filters filters;
   places::Presets presets;
   compare::Compare compare;
+  cleanup::CleanUp cleanup;
 
  private:
   /// In the order of their entries in the menus.
-  std::array<panels::Room*, 10> rooms() {
-    return {&NewSkin, &tools, &panelCommands, &fileops, &basket, &rename, &properties, &filters, &presets, &compare};
+  std::array<panels::Room*, 11> rooms() {
+    return {&NewSkin, &tools, &panelCommands, &fileops, &basket, &rename, &properties, &filters, &presets, &compare, &cleanup};
   }
   void addCommands();
   void drawButtons();

@@ -80,5 +80,7 @@ std::string folderSizeText(std::uint64_t bytes, const platform::RegionalFormats&
 /// Each word begins with a capital and goes on in small letters. Words are parted by blanks and control characters
 /// alone, so of a path only the parts behind blanks get capitals.
 std::string properCase(std::string_view text);
+/// The same for names and paths: words begin behind blanks, backslashes, points and hyphens.
+std::string properNames(std::string_view text);
 
 }  // namespace varnholt::core
