@@ -183,7 +183,7 @@ TEST_F(CleanUpTest, WhatHasChangedSinceTheScanIsAskedAbout) {
 // A folder of the scan that was swapped for a link since leads elsewhere, and links go as links.
 TEST_F(CleanUpTest, NothingOutsideOfTheScannedFolderIsTouched) {
   rig.write("C:\\In\\Sub\\a.tmp", "x");
-  rig.write("C:\\Out\\a.tmp", "x");
+  rig.write("C:\\Out\\a.tmp", "somebody else's");
   ASSERT_EQ(::symlink("../Out/a.tmp", rig.systemPath("C:\\In\\l.tmp").c_str()), 0);
   openHere([&] {
     dialog().Text2.typeFromUser("*.none");
