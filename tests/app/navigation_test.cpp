@@ -142,10 +142,11 @@ TEST_F(NavigationTest, APlaceThatIsGoneIsToldAndThePanelStays) {
 }
 
 TEST_F(NavigationTest, TheHistoryHoldsEachFolderOnceAndFiftyAtMost) {
-  for (int number = 0; number < 55; ++number)
-    rig.makeFolder("C:\\many\\" + std::to_string(number));
-  for (int number = 0; number < 55; ++number)
-    go(("C:\\many\\" + std::to_string(number)).c_str());
+  for (int number = 0; number < 55; ++number) {
+    const std::string folder = "C:\\many\\" + std::to_string(number);
+    rig.makeFolder(folder);
+    go(folder.c_str());
+  }
   go("C:\\MANY\\54");
   EXPECT_EQ(form().ImageCombo1.Items->size(), 50u);
   EXPECT_EQ(form().ImageCombo1.Items.get().front().text, "C:\\many\\5");
@@ -176,8 +177,6 @@ TEST_F(NavigationTest, AFolderThatVanishesBeforeItIsEnteredGoesFromTheList) {
   EXPECT_EQ(rig.names(left()), (Names{"\\ one| ", "\\ three| "}));
 }
 
-// --- Keys ----------------------------------------------------------------------------------------------------------
-
 TEST_F(NavigationTest, KeysWalkAPanelOnBothSides) {
   constexpr controls::Modifiers None{}, Ctrl{false, true, false}, Alt{false, false, true};
   const std::tuple<int, controls::Modifiers, const char*> steps[] = {
@@ -201,18 +200,13 @@ TEST_F(NavigationTest, KeysWalkAPanelOnBothSides) {
   }
 }
 
-struct CommandKey {
-  int code;
-  controls::Modifiers modifiers;
-  const char* dialog;
-};
-
 TEST_F(NavigationTest, KeysOpenTheDialogsOfTheirCommands) {
   rig.write("C:\\a.txt");
   rig.menu("refrechview").choose();
-  const CommandKey keys[] = {{key::F5, {}, "Form3"},       {key::F6, {}, "Form5"},      {key::F8, {}, "Form4"},
-                             {key::Delete, {}, "Form4"},   {key::F6, {true}, "Form14"}, {key::Add, {}, "Form6"},
-                             {key::Subtract, {}, "Form6"}, {key::Add, {true}, "Form6"}, {key::F7, {}, "Form2"}};
+  const std::tuple<int, controls::Modifiers, const char*> keys[] = {
+      {key::F5, {}, "Form3"},       {key::F6, {}, "Form5"},      {key::F8, {}, "Form4"},
+      {key::Delete, {}, "Form4"},   {key::F6, {true}, "Form14"}, {key::Add, {}, "Form6"},
+      {key::Subtract, {}, "Form6"}, {key::Add, {true}, "Form6"}, {key::F7, {}, "Form2"}};
   for (const auto& [code, modifiers, dialog] : keys) {
     rig.click(left(), "a");
     rig.loop.whenShows(dialog).closes();
@@ -262,18 +256,12 @@ TEST_F(NavigationTest, TheCommandLineShowsTheItemAndHidesByEsc) {
   EXPECT_TRUE(left().list.hasFocus());
 }
 
-// --- Opening files -------------------------------------------------------------------------------------------------
-
 class OpeningTest : public NavigationTest {
  protected:
-  void registerType(const char* extension, const std::string& command) {
-    auto& registry = rig.platform->registry;
-    const auto set = [&](const std::string& key, const std::string& value) {
-      ASSERT_TRUE(registry.createKey(platform::RegistryRoot::ClassesRoot, key));
-      ASSERT_TRUE(registry.set(platform::RegistryRoot::ClassesRoot, key, "", value));
-    };
-    set(std::string(".") + extension, std::string(extension) + "file");
-    set(std::string(extension) + "file\\shell\\open\\command", command);
+  void registerType(const std::string& extension, const std::string& command) {
+    constexpr auto Root = platform::RegistryRoot::ClassesRoot;
+    rig.registerText(Root, "." + extension, "", extension + "file");
+    rig.registerText(Root, extension + "file\\shell\\open\\command", "", command);
   }
   void script(const char* path, const std::string& text) {
     rig.write(path, "#!/bin/sh\n" + text + "\n");

@@ -87,6 +87,8 @@ TEST_F(SelectionTest, ALongNameIsCutBetweenItsCharactersInTheTreeWindow) {
 }
 
 TEST_F(SelectionTest, SelectAllLeavesFoldersOutUnlessTheyAreIncluded) {
+  rig.loop.meets({test::noticed(" No Items selected. ! ")});
+  rig.menu("Selsize").choose();
   rig.menu("selectall").choose();
   EXPECT_EQ(selected(left()), (Names{"a.txt", "b.txt", "empty"}));
   EXPECT_EQ(status(status::SizeReport), "3 Item(s) ,  In 1,234 Bytes");
@@ -94,6 +96,8 @@ TEST_F(SelectionTest, SelectAllLeavesFoldersOutUnlessTheyAreIncluded) {
   rig.menu("selectall").choose();
   EXPECT_EQ(selected(left()), (Names{"Folder", "a.txt", "b.txt", "empty"}));
   EXPECT_EQ(status(status::SizeReport), "4 Item(s) ,  In 6,234 Bytes");
+  rig.menu("Selsize").choose();
+  EXPECT_EQ(status(status::Line), "Size of selected Item(s) :  6,234   Bytes");
   EXPECT_EQ(collected().front(), "C:\\Folder");
   EXPECT_EQ(form().mode(), "SelectMode");
 }
@@ -113,14 +117,6 @@ TEST_F(SelectionTest, InverseTurnsTheSelectionRound) {
   rig.click(left(), "a");
   rig.menu("IncludeFolder").choose();
   EXPECT_EQ(inverse(), (Names{"Folder", "b.txt", "empty"}));
-}
-
-TEST_F(SelectionTest, TheSizeOfTheSelectionIsToldOrThatThereIsNone) {
-  rig.loop.meets({test::noticed(" No Items selected. ! ")});
-  rig.menu("Selsize").choose();
-  clickAll({"\\ Folder", "a"});
-  rig.menu("Selsize").choose();
-  EXPECT_EQ(status(status::Line), "Size of selected Item(s) :  6,000   Bytes");
 }
 
 TEST_F(SelectionTest, ReCallBringsBackNamesThatAreStillThere) {
@@ -182,8 +178,6 @@ TEST_F(SelectionTest, TheRecallFolderIsKeptAndTakenBackTo) {
   rig.menu("Undo_recall").choose();
   EXPECT_EQ(left().path(), "C:\\");
 }
-
-// --- Dispatcher ----------------------------------------------------------------------------------------------------
 
 TEST_F(SelectionTest, TheLastCommandIsRememberedUnlessLocked) {
   const auto stored = [&] { return core::Settings(rig.platform->settings).get(core::setting::LastCommandNumber); };

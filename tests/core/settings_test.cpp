@@ -56,7 +56,10 @@ TEST_F(SettingsTest, RegistryWrappersGiveFallbacksAndNeverErrors) {
 
   rig.loop.whenShows("Form13").reads("Caption", "Information").reads("Label1", "Window = 65535").closes();
   EXPECT_TRUE(registry.SetRegValue(RegistryRoot::CurrentUser, key, "Window", 65535));
-  EXPECT_TRUE(registry.CheckRegistryKey(RegistryRoot::CurrentUser, "SOFTWARE\\varnholt TEST"));
+  for (const char* spelling : {"SOFTWARE\\varnholt TEST", "\\Software\\Varnholt test\\", "software", ""})
+    EXPECT_TRUE(registry.CheckRegistryKey(RegistryRoot::CurrentUser, spelling)) << spelling;
+  for (const char* other : {"Software\\Varnholt", "Varnholt test", "Software\\Varnholt test\\Deeper"})
+    EXPECT_FALSE(registry.CheckRegistryKey(RegistryRoot::CurrentUser, other)) << other;
   const auto number = registry.GetRegistryValue(RegistryRoot::CurrentUser, key, "window", std::uint32_t{1});
   EXPECT_EQ(std::get<std::uint32_t>(number), 65535u);
   EXPECT_EQ(std::get<std::string>(registry.GetRegistryValue(RegistryRoot::CurrentUser, key, "window", "text")), "text")

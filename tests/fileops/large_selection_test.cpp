@@ -62,10 +62,7 @@ TEST_F(LargeSelectionTest, ADeleteAsksAboutProtectedFilesInTheirOrder) {
 }
 
 TEST_F(LargeSelectionTest, StopLeavesWhatIsNotCounted) {
-  struct Case {
-    const char *handler, *name;
-    const Operation& operation;
-  };
+  using Case = std::tuple<const char*, const char*, const Operation&>;
   for (const auto& [handler, name, operation] :
        {Case{"Command1_Click", "Form3", ops().Copy}, Case{"Command3_Click", "Form5", ops().Move},
         Case{"Command4_Click", "Form4", ops().Delete}}) {

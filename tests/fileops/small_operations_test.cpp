@@ -56,22 +56,16 @@ class DesktopTest : public OperationTest {
     write({"From\\a.txt", "From\\b.txt"});
     rig.makeFolder("C:\\From\\Sub");
   }
-  void useDesktop(const std::string& folder) {
-    const char* const key = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
-    auto& registry = rig.platform->registry;
-    ASSERT_TRUE(registry.createKey(platform::RegistryRoot::CurrentUser, key));
-    ASSERT_TRUE(registry.set(platform::RegistryRoot::CurrentUser, key, "Desktop", folder));
-  }
 };
 
 TEST_F(DesktopTest, SelectedFilesGoThereAndAskBeforeTheyReplace) {
-  useDesktop("C:\\Gone");
+  rig.useDesktop("C:\\Gone");
   select({"a"});
   start("CopyDesktop_Click", {test::noticed(".. \\Desktop Folder Do Not Exist !")}, {});
   start("Copyfrom_desktop_Click", {test::noticed(".. \\Desktop Folder Do Not Exist !")}, {});
 
   rig.makeFolder("C:\\Desk");
-  useDesktop("C:\\Desk");
+  rig.useDesktop("C:\\Desk");
   rig.write("C:\\Desk\\b.txt", "old");
   select({"\\ Sub", "a", "b"});
   start("CopyDesktop_Click", {test::no("File:  b.txt\rAlready Exist !, OverWrite ?")},
@@ -92,7 +86,7 @@ TEST_F(DesktopTest, SelectedFilesGoThereAndAskBeforeTheyReplace) {
 TEST_F(DesktopTest, ACopyThatDoesNotArriveIsTold) {
   auto& faulty = use<test::FaultyFileSystem>();
   rig.makeFolder("C:\\Desk");
-  useDesktop("C:\\Desk");
+  rig.useDesktop("C:\\Desk");
   write({"From\\a.txt"});
   select({"a"});
   faulty.noSpace = true;
@@ -251,7 +245,7 @@ TEST_F(AsNewNameTest, AFileThatCannotGoBackStaysInTheWorkFolderUntilItCan) {
   EXPECT_EQ(rig.read(tmp("b.txt")), "text");
   ASSERT_TRUE(files().deleteFile("C:\\From\\a.txt", true));
   rig.restart();
-  rig.loop.whenShows("frmSplash").run([this](controls::Form&) { rig.app().frmSplash.Timer1.Tick(); });
+  rig.splashGoes();
   rig.loop.meets({test::told("A Move Or Swap Was Interrupted. Its Files Stand Here Now :\rC:\\From\\a.txt")});
   ASSERT_TRUE(rig.app().Main());
   rig.loop.giveTurn();

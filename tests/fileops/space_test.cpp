@@ -58,23 +58,22 @@ TEST_F(SpaceTest, ADiscIsNoTarget) {
 TEST_F(SpaceTest, WhatIsSelectedMustFit) {
   rig.menu("ValCopyMove").choose();
   EXPECT_EQ(rig.app().program.settings.get(core::setting::ValidateCM), "-1");
-  struct Case {
-    std::uint64_t available;
-    std::uint64_t fileThere, folderThere;  // bytes that stand on the target already
-    bool fits;
-  };
-  for (const Case& each : {Case{4000, 0, 0, false}, Case{4001, 0, 0, true}, Case{3900, 100, 0, false},
-                           Case{3901, 100, 0, true}, Case{3001, 5000, 0, true}, Case{1001, 0, 9000, true}}) {
-    if (each.fileThere) rig.write("C:\\To\\a.txt", std::string(each.fileThere, 'o'));
-    if (each.folderThere) rig.write("C:\\To\\Sub\\o", std::string(each.folderThere, 'o'));
-    room(each.available, 10);
+  // Bytes that are free, those of the file and of the folder that stand on the target already, and whether it fits.
+  for (const auto& [available, file, folder, fits] : {std::tuple{4000u, 0u, 0u, false},
+                                                      {4001, 0, 0, true},
+                                                      {3900, 100, 0, false},
+                                                      {3901, 100, 0, true},
+                                                      {3001, 5000, 0, true},
+                                                      {1001, 0, 9000, true}}) {
+    if (file) rig.write("C:\\To\\a.txt", std::string(file, 'o'));
+    if (folder) rig.write("C:\\To\\Sub\\o", std::string(folder, 'o'));
+    room(available, 10);
     Answers answers;
-    if (each.fits && each.fileThere) answers.push_back(existing(ThisOne));
-    if (each.fits && each.folderThere) answers.push_back(yes());
-    if (!each.fits)
-      answers.push_back(told("Insufficient Free Space On Target Drive !\rFurther Operation is Canceled!"));
+    if (fits && file) answers.push_back(existing(ThisOne));
+    if (fits && folder) answers.push_back(yes());
+    if (!fits) answers.push_back(told("Insufficient Free Space On Target Drive !\rFurther Operation is Canceled!"));
     copy({"a", "\\ Sub"}, answers);
-    EXPECT_EQ(rig.exists("C:\\To\\Sub\\deep\\b"), each.fits) << each.available;
+    EXPECT_EQ(rig.exists("C:\\To\\Sub\\deep\\b"), fits) << available;
     (void)files().deleteFile("C:\\To\\a.txt", true);
     (void)files().deleteFolder("C:\\To\\Sub", true);
   }

@@ -6,30 +6,23 @@ namespace {
 
 using FileFilterTest = FilterTestRig;
 
-// --- Patterns ------------------------------------------------------------------------------------------------------
-
-struct PatternRow {
-  const char* pattern;
-  std::vector<std::string> selected;
-};
-
 TEST_F(FileFilterTest, SelectsByPatternsAndNeverAFolder) {
   for (const char* name : {"a1.txt", "Letter.TXT", "note.doc", "noext", "photo.jpeg", "x,y.txt"})
     rig.write(std::string("C:\\") + name);
   rig.makeFolder("C:\\folder.txt");
   rig.startLeft();
-  const PatternRow rows[] = {
+  const std::pair<const char*, Names> rows[] = {
       {"*.txt", {"a1.txt", "Letter.TXT", "x,y.txt"}},
       {"*.doc,,*.jpeg,", {"note.doc", "photo.jpeg"}},
       {"[lp]h*.*", {"photo.jpeg"}},
       {"noext.", {"noext"}},
       {"*.*", {"a1.txt", "Letter.TXT", "noext", "note.doc", "photo.jpeg", "x,y.txt"}},
   };
-  for (const auto& row : rows) {
-    fileFilter([&](Form6& dialog) { type(dialog.Text2, row.pattern); });
-    EXPECT_EQ(selected(left()), row.selected) << row.pattern;
-    EXPECT_EQ(form().filecollect.count(), row.selected.size()) << row.pattern;
-    EXPECT_EQ(rig.menu("Filefilter").Caption.get(), std::string("|  File Filter: ") + row.pattern);
+  for (const auto& [pattern, names] : rows) {
+    fileFilter([&, pattern = pattern](Form6& dialog) { type(dialog.Text2, pattern); });
+    EXPECT_EQ(selected(left()), names) << pattern;
+    EXPECT_EQ(form().filecollect.count(), names.size()) << pattern;
+    EXPECT_EQ(rig.menu("Filefilter").Caption.get(), std::string("|  File Filter: ") + pattern);
     EXPECT_EQ(left().inconsistency(), "");
   }
 }
@@ -58,8 +51,6 @@ TEST_F(FileFilterTest, MarksCountsAndRemembersWhatItTook) {
   EXPECT_TRUE(rig.menu("Viewfilter").Visible);
   EXPECT_FALSE(form().filterMark);
 }
-
-// --- Nothing selected ----------------------------------------------------------------------------------------------
 
 TEST_F(FileFilterTest, NoMatchAndNoPatternAreToldAndCancelLeavesTheSelection) {
   rig.write("C:\\a.txt");
@@ -91,67 +82,45 @@ TEST_F(FileFilterTest, ThePatternIsThereAgainAfterANewStart) {
   rig.command("Command5_Click");
 }
 
-// --- Sizes ---------------------------------------------------------------------------------------------------------
-
-struct SizeRow {
-  const char *lower, *upper, *decimalSign;
-  std::vector<std::string> selected;
-};
-
-TEST_F(FileFilterTest, BothBoundsAreStrictAndReadInTheRegionalForm) {
-  sized("C:\\a", 0);
-  sized("C:\\b", 999'999);
-  sized("C:\\c", 1'000'000);
-  sized("C:\\d", 1'000'001);
-  sized("C:\\e", 1'500'000);
-  sized("C:\\f", 2'000'000);
+TEST_F(FileFilterTest, BothBoundsAreStrictNumbersOfTheRegionAndRefusedWhenNothingCanLieBetween) {
+  for (const auto& [name, bytes] :
+       {std::pair{"a", 0}, {"b", 999'999}, {"c", 1'000'000}, {"d", 1'000'001}, {"e", 1'500'000}, {"f", 2'000'000}})
+    sized(std::string("C:\\") + name, static_cast<std::uint64_t>(bytes));
   rig.startLeft();
-  const SizeRow rows[] = {
-      {"1", "2", ".", {"d", "e"}},       {" 1 ", "", ".", {"d", "e", "f"}},
-      {"", "1", ".", {"a", "b"}},        {"0", "1.000001", ".", {"b", "c"}},
-      {"0.999999", "1,500001", ",", {}}, {"0,999999", "1,500001", ",", {"c", "d", "e"}},
-      {"-1", "0.5", ".", {"a"}},
-  };
-  for (const auto& row : rows) {
-    rig.platform->regional.decimalSign = row.decimalSign;
-    rig.loop.whenShows("Form6")
-        .run([&](controls::Form&) {
-          type(filters().Form6.Text2, "*.*");
-          askSizes(filters().Form6, row.lower, row.upper);
-        })
-        .press("Command11")
-        .run([](controls::Form& dialog) { dialog.Hide(); });
-    if (row.selected.empty()) rig.loop.meets({test::noticed("FileSize Input Data Mismatch !")});
-    rig.command("Command5_Click");
-    EXPECT_EQ(selected(left()), row.selected) << row.lower << " < X < " << row.upper;
+  const char* const equal = "FileSize Input Data Equal !";
+  const char* const mismatch = "FileSize Input Data Mismatch !";
+  const std::tuple<const char*, const char*, const char*, Names, std::string> rows[] = {
+      {"1", "2", ".", {"d", "e"}, ""},
+      {" 1 ", "", ".", {"d", "e", "f"}, ""},
+      {"", "1", ".", {"a", "b"}, ""},
+      {"0", "1.000001", ".", {"b", "c"}, ""},
+      {"-1", "0.5", ".", {"a"}, ""},
+      {"0,999999", "1,500001", ",", {"c", "d", "e"}, ""},
+      {"0.999999", "1,5", ",", {}, mismatch},
+      {"1", "1", ".", {}, equal},
+      {"", "", ".", {}, equal},
+      {" 2", "2 ", ".", {}, equal},
+      {"2", "1", ".", {}, mismatch},
+      {"one", "2", ".", {}, mismatch},
+      {"1", "2 MB", ".", {}, mismatch}};
+  for (const auto& [lower, upper, sign, names, refusal] : rows) {
+    SCOPED_TRACE(std::string(lower) + " < X < " + upper);
+    rig.platform->regional.decimalSign = sign;
     left().list.selectNone();
     rig.app().selection.resetcollect();
-  }
-}
-
-struct RefusalRow {
-  const char *lower, *upper, *text;
-};
-
-TEST_F(FileFilterTest, BoundsThatCannotBeAreRefusedWithTheDialogOpen) {
-  sized("C:\\a", 1'500'000);
-  rig.startLeft();
-  const RefusalRow rows[] = {
-      {"1", "1", "FileSize Input Data Equal !"},      {"", "", "FileSize Input Data Equal !"},
-      {" 2", "2 ", "FileSize Input Data Equal !"},    {"2", "1", "FileSize Input Data Mismatch !"},
-      {"one", "2", "FileSize Input Data Mismatch !"}, {"1", "2 MB", "FileSize Input Data Mismatch !"}};
-  for (const auto& row : rows) {
     rig.loop.whenShows("Form6")
-        .run([&](controls::Form&) {
+        .run([&, lower = lower, upper = upper](controls::Form&) {
           type(filters().Form6.Text2, "*.*");
-          askSizes(filters().Form6, row.lower, row.upper);
+          askSizes(filters().Form6, lower, upper);
         })
         .press("Command11")
-        .run([](controls::Form& dialog) { EXPECT_TRUE(dialog.Visible); })
-        .press("Command2");
-    rig.loop.meets({test::noticed(row.text)});
+        .run([isRefused = !refusal.empty()](controls::Form& dialog) {
+          EXPECT_EQ(dialog.Visible.get(), isRefused);
+          dialog.Hide();
+        });
+    if (!refusal.empty()) rig.loop.meets({test::noticed(refusal)});
     rig.command("Command5_Click");
-    EXPECT_EQ(left().list.selectedCount(), 0u) << row.lower << " " << row.upper;
+    EXPECT_EQ(selected(left()), names);
   }
 }
 
@@ -166,43 +135,35 @@ TEST_F(FileFilterTest, MoreAndLessShowAndHideTheSizes) {
   }
 }
 
-// --- Attributes ----------------------------------------------------------------------------------------------------
-
 TEST_F(FileFilterTest, AttributesAreExactButForArchive) {
-  struct File {
-    const char* name;
-    platform::Attributes bits;
-  };
-  for (const File& file : {File{"C:\\plain", 0}, File{"C:\\ro", 1}, File{"C:\\ro-archive", 33}, File{"C:\\hidden", 2},
-                           File{"C:\\system-archive", 36}, File{"C:\\ro-hidden", 3}, File{"C:\\all", 7}}) {
-    rig.write(file.name);
-    setAttributes(file.name, file.bits);
+  for (const auto& [name, bits] : {std::pair{"C:\\plain", 0u},
+                                   {"C:\\ro", 1},
+                                   {"C:\\ro-archive", 33},
+                                   {"C:\\hidden", 2},
+                                   {"C:\\system-archive", 36},
+                                   {"C:\\ro-hidden", 3},
+                                   {"C:\\all", 7}}) {
+    rig.write(name);
+    setAttributes(name, bits);
   }
   rig.startLeft();
   rig.menu("HidSysfiles").choose();
-  struct Row {
-    bool readOnly, system, hidden;
-    Names selected;
-    const char* tip;
-  };
-  const Row rows[] = {{true, false, false, {"ro", "ro-archive"}, "The filter that made the selection [RO]"},
-                      {false, true, false, {"system-archive"}, "The filter that made the selection [SYS]"},
-                      {false, false, true, {"hidden"}, "The filter that made the selection [HID]"},
-                      {true, false, true, {"ro-hidden"}, "The filter that made the selection [RO HID]"},
-                      {true, true, true, {"all"}, "The filter that made the selection [RO SYS HID]"}};
-  for (const Row& row : rows) {
-    fileFilter([&](Form6& dialog) {
+  const std::tuple<bool, bool, bool, Names, std::string> rows[] = {{true, false, false, {"ro", "ro-archive"}, "RO"},
+                                                                   {false, true, false, {"system-archive"}, "SYS"},
+                                                                   {false, false, true, {"hidden"}, "HID"},
+                                                                   {true, false, true, {"ro-hidden"}, "RO HID"},
+                                                                   {true, true, true, {"all"}, "RO SYS HID"}};
+  for (const auto& [readOnly, system, hidden, names, tip] : rows) {
+    fileFilter([&, readOnly = readOnly, system = system, hidden = hidden](Form6& dialog) {
       type(dialog.Text2, "*.*");
-      set(dialog.Check1, row.readOnly);
-      set(dialog.Check2, row.system);
-      set(dialog.Check3, row.hidden);
+      set(dialog.Check1, readOnly);
+      set(dialog.Check2, system);
+      set(dialog.Check3, hidden);
     });
-    EXPECT_EQ(selected(left()), row.selected);
-    EXPECT_EQ(rig.menu("Filefilter").ToolTipText.get(), row.tip);
+    EXPECT_EQ(selected(left()), names);
+    EXPECT_EQ(rig.menu("Filefilter").ToolTipText.get(), "The filter that made the selection [" + tip + "]");
   }
 }
-
-// --- The line ------------------------------------------------------------------------------------------------------
 
 TEST_F(FileFilterTest, TheLineTellsWhatIsInForce) {
   sized("C:\\a.txt", 1'500'000);

@@ -32,8 +32,6 @@ class MovesAndDeletes : public testing::Test {
   static constexpr Code Done{};
 };
 
-// --- Move ------------------------------------------------------------------------------------------------------------
-
 TEST_F(MovesAndDeletes, WithinAVolume) {
   temp.file("a", "1", Date{50, 0}).file("tree/x", "2").folder("f").link("l", "a").link("toF", "f");
   EXPECT_EQ(move("a", "f/b"), Done);
@@ -194,8 +192,6 @@ TEST_F(OtherVolume, DeleteDoesNotEnterIt) {
   }
   EXPECT_EQ(temp.read("other/precious"), "1");
 }
-
-// --- Delete ----------------------------------------------------------------------------------------------------------
 
 TEST_F(MovesAndDeletes, ReadOnlyFilesNeedForceAndLinksGoAlone) {
   temp.file("locked").mode("locked", 0444).file("stored").file("plain").folder("f").pipe("p");

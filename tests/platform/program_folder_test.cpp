@@ -85,13 +85,6 @@ TEST_F(ProgramFolderTest, IsTheUsersWhenTheExecutablesCannotBeWrittenTo) {
   EXPECT_TRUE(test::heldAsOrdinaryUser([&] { EXPECT_EQ(find(at("ro")).program, folder / "data/varnholt"); }));
 }
 
-TEST_F(ProgramFolderTest, ThatCannotBeMadeIsTold) {
-  folder.write("file", "x");
-  HostFolders given = at("p");
-  given.data = folder / "file/below";
-  EXPECT_EQ(find(given).notices.size(), 1u);
-}
-
 TEST_F(ProgramFolderTest, KeepsNothingOfStartsThatWereCut) {
   const std::string dead = ".new-" + std::to_string(deadProcess()), temporary = temporaryName();
   const std::string alive = ".new-" + std::to_string(::getpid());

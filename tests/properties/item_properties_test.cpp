@@ -74,10 +74,7 @@ TEST_F(ItemPropertiesTest, StepsStayAtTheEndsAndPicturesAreShown) {
 }
 
 TEST_F(ItemPropertiesTest, TheFileInHandIsCopiedToTheDesktop) {
-  const char* const key = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
-  auto& registry = rig.platform->registry;
-  ASSERT_TRUE(registry.createKey(platform::RegistryRoot::CurrentUser, key));
-  ASSERT_TRUE(registry.set(platform::RegistryRoot::CurrentUser, key, "Desktop", "C:\\To"));
+  rig.useDesktop("C:\\To");
   write({"From\\a.txt", "From\\b.txt"});
   view({"a", "b"}, [this] {
     dialog().Command11.press();

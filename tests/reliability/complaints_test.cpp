@@ -1,6 +1,6 @@
 // "I confirmed one file, and it deleted another": whatever happens to the rows meanwhile, it cannot.
 
-#include "user.hpp"
+#include "world.hpp"
 
 namespace varnholt::test {
 namespace {

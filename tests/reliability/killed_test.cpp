@@ -1,7 +1,7 @@
 // The program is killed at any moment of a copy, a move or a delete, and started anew.
 
 #include "support/kill_at.hpp"
-#include "user.hpp"
+#include "world.hpp"
 
 #include <sys/stat.h>
 #include <unistd.h>

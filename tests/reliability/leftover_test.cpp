@@ -2,13 +2,14 @@
 
 #include "platform/forwarding_file_system.hpp"
 #include "platform/posix/temp_file.hpp"
-#include "support/kill_at.hpp"
 #include "support/temp_folder.hpp"
-#include "support/waiting_child.hpp"
-#include "user.hpp"
+#include "world.hpp"
+
+#include <iostream>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace varnholt::test {
@@ -42,7 +43,7 @@ TEST(AKilledFolderCopy, LeavesNothingBehindTheNextStart) {
                      [&] {
                        User user(world, [](auto& real) { return std::make_unique<Killing>(real); });
                        user.open("C:\\From", "D:\\To");
-                       user.mark({"tree"});
+                       user.mark({"\\ tree"});
                        user.meets({{"Form3"}});
                        user.copies();
                      })
@@ -124,6 +125,40 @@ TEST_F(Leftover, WhatOnlyLooksLikeItStays) {
   ASSERT_TRUE(temp.files.deleteFile(temp.at("to/from"), false));
   EXPECT_EQ(difference(before, snapshot(temp.system(""))), ::geteuid() == 0 ? "" : "- " + others + "\n");
 }
+
+/// A second running program: a child process that was started before, so that it knows nothing of what this process has
+/// done since, and does its work when told.
+class WaitingChild {
+ public:
+  explicit WaitingChild(const std::function<void()>& work) {
+    std::cout.flush();
+    child_ = ::fork();
+    if (child_ != 0) return;
+    ::raise(SIGSTOP);
+    work();
+    std::cout.flush();
+    ::_exit(testing::Test::HasFailure() ? 1 : 0);
+  }
+  ~WaitingChild() {
+    if (child_ <= 0) return;
+    ::kill(child_, SIGKILL);
+    ::waitpid(child_, nullptr, 0);
+  }
+  WaitingChild(const WaitingChild&) = delete;
+  WaitingChild& operator=(const WaitingChild&) = delete;
+
+  /// Does the work, once, and waits for its end. True when all checks in it held.
+  bool held() {
+    const pid_t child = std::exchange(child_, -1);
+    int status = 0;
+    return child > 0 && ::waitpid(child, &status, WUNTRACED) == child && WIFSTOPPED(status) &&
+           ::kill(child, SIGCONT) == 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) &&
+           WEXITSTATUS(status) == 0;
+  }
+
+ private:
+  pid_t child_ = -1;
+};
 
 TEST_F(Leftover, OfALivingWriterStays) {
   temp.file("small", "s").folder("to");

@@ -1,6 +1,6 @@
 // Names and numbers that a file system allows and programs stumble over.
 
-#include "user.hpp"
+#include "world.hpp"
 
 namespace varnholt::test {
 namespace {

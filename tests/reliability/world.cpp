@@ -49,6 +49,30 @@ std::vector<std::string> World::temporary(std::string_view folder, bool below) c
   return names;
 }
 
+User::User(const World& world, AppRig::Wrapper wrapper) : rig(world.path()) {
+  if (wrapper) rig.useFiles(std::move(wrapper));
+  rig.startLeft();
+}
+
+void User::open(const std::string& from, const std::string& to) {
+  ASSERT_TRUE(rig.app().navigation.goTo(left(), from)) << from;
+  ASSERT_TRUE(rig.app().navigation.goTo(rig.form().Panel2, to)) << to;
+  left().list.SetFocus();
+}
+
+void User::mark(const std::vector<std::string>& rows) {
+  controls::Modifiers modifiers;
+  for (const std::string& row : rows) {
+    rig.click(left(), row, modifiers);
+    modifiers.ctrl = true;
+  }
+}
+
+void User::markAll() {
+  if (auto& folders = rig.menu("IncludeFolder"); !folders.Checked) folders.choose();
+  rig.command("selectall_Click");
+}
+
 std::string pattern(std::size_t count, unsigned seed) {
   std::mt19937 random(seed);
   std::string bytes(count, '\0');

@@ -28,8 +28,6 @@ class MaskedRenameTest : public RenameTest {
   }
 };
 
-// --- The dialog ----------------------------------------------------------------------------------------------------
-
 TEST_F(MaskedRenameTest, TheMaskTurnsOnAndOff) {
   make({"a.txt"});
   select({"a"});
@@ -93,8 +91,6 @@ TEST_F(MaskedRenameTest, TheCounterTakesNumbersOnly) {
     EXPECT_EQ(preview(), Names{"a.txt > Pic0.txt"});
   });
 }
-
-// --- Preview -------------------------------------------------------------------------------------------------------
 
 TEST_F(MaskedRenameTest, ThePreviewShowsTheNewNamesAndChangesNothing) {
   make({"a.txt", "b.txt", "c.txt"});
@@ -177,8 +173,6 @@ TEST_F(MaskedRenameTest, FieldsThatAreRefusedStopPreviewAndRun) {
     }
   EXPECT_TRUE(exists("a.txt"));
 }
-
-// --- Execute All ---------------------------------------------------------------------------------------------------
 
 TEST_F(MaskedRenameTest, AllFilesGetTheirNamesAtOnce) {
   make({"a.txt", "b.txt", "c.TXT"});

@@ -7,7 +7,7 @@
 namespace varnholt::rename {
 namespace {
 
-class SingleRenameTest : public RenameTest {};
+using SingleRenameTest = RenameTest;
 
 // --- Hand-over -----------------------------------------------------------------------------------------------------
 
@@ -32,8 +32,6 @@ TEST_F(SingleRenameTest, TheSelectedFileGetsTheNewName) {
   EXPECT_EQ(left().list.selectedCount(), 0u);
   EXPECT_TRUE(left().list.hasFocus());
 }
-
-// --- Stepping ------------------------------------------------------------------------------------------------------
 
 TEST_F(SingleRenameTest, ArrowsStepWithoutRenaming) {
   make({"a.txt", "b.txt"});
@@ -149,8 +147,6 @@ TEST_F(SingleRenameTest, APictureIsShown) {
   });
 }
 
-// --- Folders -------------------------------------------------------------------------------------------------------
-
 TEST_F(SingleRenameTest, AFolderIsRenamedWithWhatItHoldsAndTakesNoOthersName) {
   rig.write("C:\\Pics\\Coast\\a.txt", "a");
   rig.makeFolder("C:\\Pics\\Empty");
@@ -189,48 +185,50 @@ TEST_F(SingleRenameTest, AnOpenFolderKeepsItsNameAndAPanelInsideARenamedOneGoesT
   EXPECT_EQ(rig.names(left()), Names{"\\ Shore| "});
 }
 
-// --- Attributes ----------------------------------------------------------------------------------------------------
-
 TEST_F(SingleRenameTest, ProtectedFilesAreAskedAbout) {
-  struct Case {
-    platform::Attributes attributes;
-    std::string words;  // empty: no question
-  };
-  for (const Case& each :
-       {Case{1, "Readonly"}, Case{2, "Hidden"}, Case{3, "Readonly and Hidden"}, Case{4, "System"}, Case{6, "Hidden"},
-        Case{7, "Readonly,Hidden,System"}, Case{33, "Archive and Readonly"}, Case{35, "Archive,Readonly,Hidden"},
-        Case{36, "Archive and System"}, Case{37, "Cannot Identify Attributes !"}, Case{38, "Archive,Hidden,System"},
-        Case{39, "Archive,Readonly,Hidden,System"}, Case{32, ""}, Case{34, ""}, Case{0, ""}, Case{5, ""}}) {
+  // The words of the question; empty: none is asked.
+  for (const auto& [attributes, words] :
+       std::map<platform::Attributes, std::string>{{1, "Readonly"},
+                                                   {2, "Hidden"},
+                                                   {3, "Readonly and Hidden"},
+                                                   {4, "System"},
+                                                   {6, "Hidden"},
+                                                   {7, "Readonly,Hidden,System"},
+                                                   {33, "Archive and Readonly"},
+                                                   {35, "Archive,Readonly,Hidden"},
+                                                   {36, "Archive and System"},
+                                                   {37, "Cannot Identify Attributes !"},
+                                                   {38, "Archive,Hidden,System"},
+                                                   {39, "Archive,Readonly,Hidden,System"},
+                                                   {32, ""},
+                                                   {34, ""},
+                                                   {0, ""},
+                                                   {5, ""}}) {
     for (const bool agrees : {false, true}) {
       make({"a.txt"});
-      protect("a.txt", each.attributes);
+      protect("a.txt", attributes);
       rig.form().Menu["HidSysfiles"].Checked = true;
       select({"a"});
-      rename([&] {
-        if (!each.words.empty()) asks("Current File:  a.txt\r Are marked:  " + each.words + "\rAre you Sure ?", agrees);
+      rename([&, words = words] {
+        if (!words.empty()) asks("Current File:  a.txt\r Are marked:  " + words + "\rAre you Sure ?", agrees);
         next("b.txt");
       });
-      const bool renamed = agrees || each.words.empty();
-      EXPECT_EQ(exists("b.txt"), renamed) << each.attributes;
-      EXPECT_EQ(exists("a.txt"), !renamed) << each.attributes;
+      const bool renamed = agrees || words.empty();
+      EXPECT_EQ(exists("b.txt"), renamed) << attributes;
+      EXPECT_EQ(exists("a.txt"), !renamed) << attributes;
       ASSERT_TRUE(files().deleteFile(renamed ? "C:\\Pics\\b.txt" : "C:\\Pics\\a.txt", true));
     }
   }
 }
 
-// --- A file in the way ---------------------------------------------------------------------------------------------
-
 TEST_F(SingleRenameTest, AFileInTheWayIsAskedAboutAndReplacedWithoutACopy) {
-  for (const auto& [button, replaces] : {std::pair{"Command11", true},
-                                         {"Command6", true},
-                                         {"Command2", false},
-                                         {"Command3", false},
-                                         {"Command1", false}}) {
+  for (const char* button : {"Command11", "Command6", "Command2", "Command3", "Command1"}) {
+    const bool replaces = button == std::string("Command11") || button == std::string("Command6");
     make({"a.txt", "b.txt"});
     rig.scratch.hardLink("home/Other/second.txt", "home/Pics/a.txt");
     select({"a"});
     rig.app().fileops.policy.OverwritePrompt = true;
-    rename([&, button = button] {
+    rename([&] {
       rig.loop.whenShows("Form7")
           .reads("Label1", "OverWrite File:     a.txt")
           .reads("Label3", "With File:     b.txt")
@@ -291,8 +289,6 @@ TEST_F(SingleRenameTest, WhatMayNotBeReplacedStays) {
   }
 }
 
-// --- Where case is not told apart ----------------------------------------------------------------------------------
-
 /// A volume on which every spelling leads to the file, as on a memory stick.
 class CaselessFileSystem : public platform::ForwardingFileSystem {
  public:
@@ -327,7 +323,7 @@ class CaselessRenameTest : public RenameTest {
   }
 };
 
-TEST_F(CaselessRenameTest, ANameInOtherCaseIsAskedAboutAndGiven) {
+TEST_F(CaselessRenameTest, ANameInOtherCaseIsGivenAFileAfterAQuestion) {
   for (const char* button : {"Command11", "Command6"}) {
     make({"read.me"});
     select({"read"});
@@ -342,9 +338,6 @@ TEST_F(CaselessRenameTest, ANameInOtherCaseIsAskedAboutAndGiven) {
     EXPECT_EQ(contents("READ.me"), "read.me");
     std::filesystem::remove(rig.systemPath("C:\\Pics\\READ.me"));
   }
-}
-
-TEST_F(CaselessRenameTest, AFolderInOtherCaseIsRenamed) {
   rig.write("C:\\Pics\\Coast\\a.txt", "a");
   select({"\\ Coast"});
   rename([&] { next("COAST"); });

@@ -57,12 +57,14 @@ RecordingShell& AppRig::useRecordingShell() {
 
 bool AppRig::start(bool withTip) {
   if (!withTip) core::Settings(platform->settings).save(core::setting::Tip_State, "1");
-  loop.whenShows("frmSplash").run([](controls::Form& form) {
-    dynamic_cast<controls::Timer*>(form.control("Timer1"))->Tick();
-  });
+  splashGoes();
   if (!app_->Main()) return false;
   form().Activate();
   return true;
+}
+
+void AppRig::splashGoes() {
+  loop.whenShows("frmSplash").run([this](controls::Form&) { app_->frmSplash.Timer1.Tick(); });
 }
 
 void AppRig::startLeft() {
@@ -92,6 +94,17 @@ std::string AppRig::read(std::string_view path) const { return scratch.read(inSc
 void AppRig::setDate(std::string_view path, int year, int month, int day) {
   const timespec moment{clock.fromLocal({year, month, day, 12, 0, 0, 0}).seconds, 0}, times[] = {moment, moment};
   ASSERT_EQ(::utimensat(AT_FDCWD, systemPath(path).c_str(), times, 0), 0);
+}
+
+void AppRig::registerText(platform::RegistryRoot root, const std::string& key, const std::string& name,
+                          std::string text) {
+  ASSERT_TRUE(platform->registry.createKey(root, key));
+  ASSERT_TRUE(platform->registry.set(root, key, name, std::move(text)));
+}
+
+void AppRig::useDesktop(const std::string& folder) {
+  const char* const key = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
+  registerText(platform::RegistryRoot::CurrentUser, key, "Desktop", folder);
 }
 
 controls::MenuItem& AppRig::menu(const std::string& name) {

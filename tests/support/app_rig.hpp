@@ -35,6 +35,8 @@ class AppRig {
   /// Runs `Main`, with the splash going away by itself, and activates the main window. The tip is not shown unless
   /// `withTip`, which expects it first. False: the program has ended.
   bool start(bool withTip = false);
+  /// The splash that comes next goes away by itself.
+  void splashGoes();
   /// start() and the left panel active, as after a click into it.
   void startLeft();
 
@@ -46,6 +48,10 @@ class AppRig {
   /// Local calendar date of a file, noon.
   void setDate(std::string_view path, int year, int month, int day);
   std::string systemPath(std::string_view path) const;
+  /// A text of the registry; the key is made.
+  void registerText(platform::RegistryRoot root, const std::string& key, const std::string& name, std::string text);
+  /// Where the registry says that the desktop is.
+  void useDesktop(const std::string& folder);
 
   app::App& app() { return *app_; }
   panels::Form1& form() { return app_->Form1; }

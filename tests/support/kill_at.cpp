@@ -1,9 +1,9 @@
 #include "support/kill_at.hpp"
-#include "support/testing.hpp"
 
 #include <iostream>
 
 #include <fcntl.h>
+#include <grp.h>
 #include <sys/ptrace.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -162,6 +162,14 @@ bool heldInChild(const std::function<void()>& checks) {
   }
   int status = 0;
   return child > 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+bool heldAsOrdinaryUser(const std::function<void()>& checks) {
+  return heldInChild([&] {
+    constexpr uid_t nobody = 65534;
+    ASSERT_TRUE(::getuid() != 0 || (::setgroups(0, nullptr) == 0 && ::setgid(nobody) == 0 && ::setuid(nobody) == 0));
+    checks();
+  });
 }
 
 }  // namespace varnholt::test

@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-#include <sys/types.h>
+#include <sys/stat.h>
 
 namespace varnholt::test {
 
@@ -15,12 +15,12 @@ struct EntryFacts {
   std::string attributes;  ///< `user.DOSATTRIB` as it is stored; empty where the volume keeps none
   timespec modified{};
 
-  bool isFolder() const;
+  bool isFolder() const { return (mode & S_IFMT) == S_IFDIR; }
   bool operator==(const EntryFacts& other) const;
 };
 std::ostream& operator<<(std::ostream& out, const EntryFacts& facts);
 
-/// The entries of a tree by their path in it; works on trees deeper than a path can be long.
+/// The entries of a tree by their path in it.
 using TreeSnapshot = std::map<std::string, EntryFacts>;
 
 /// Reads a tree of the system as it stands, without the root itself and without the dates of folders: those of the
