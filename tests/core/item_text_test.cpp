@@ -16,8 +16,7 @@ TEST(ItemText, LeadsToOneFullPath) {
       {"a.txt", "C:\\", "C:\\a.txt"},
       {"D:\\x\\a.txt", "C:\\Photos", "D:\\x\\a.txt"},
       {"D:odd name", "C:\\Photos", "C:\\Photos\\D:odd name"},
-      {"a.txt", "", "a.txt"},
-  };
+      {"a.txt", "", "a.txt"}};
   for (const auto& [item, folder, path] : cases)
     EXPECT_EQ(entryPath(item, folder), path) << item;
 }
@@ -79,11 +78,11 @@ TEST(Rows, ShowDatesByTheClockFormat) {
 }
 
 TEST(Properties, WriteTypesInProperCase) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"PNG image", "Png Image"}, {"C:\\MY files\\x", "C:\\my Files\\x"},
-      {"élan ÉTÉ", "Élan Été"},   {"  two  BLANKS ", "  Two  Blanks "},
-      {"\xFFX y", "\xFFx Y"},
-  };
+  const std::pair<const char*, const char*> cases[] = {{"PNG image", "Png Image"},
+                                                       {"C:\\MY files\\x", "C:\\my Files\\x"},
+                                                       {"élan ÉTÉ", "Élan Été"},
+                                                       {"  two  BLANKS ", "  Two  Blanks "},
+                                                       {"\xFFX y", "\xFFx Y"}};
   for (const auto& [text, proper] : cases)
     EXPECT_EQ(properCase(text), proper) << text;
 }
@@ -102,8 +101,7 @@ TEST(AttributeWords, AreThoseOfTheTable) {
       {2082, "Compressed,ArchiveReady,Index service", "Compressed,ArchiveReady,Index service"},
       {2049, "Readonly", "Readonly"},
       {2064, "Folder  [Normal]", "Folder(16), Normal"},
-      {2053, "Cannot Identify Attributes !", "Cannot Identify Attributes !"},
-  };
+      {2053, "Cannot Identify Attributes !", "Cannot Identify Attributes !"}};
   for (const auto& [value, statusBar, properties] : cases) {
     EXPECT_EQ(fileatrib(value), statusBar) << value;
     EXPECT_EQ(propertiesAttributes(value), properties) << value;

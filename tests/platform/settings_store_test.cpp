@@ -47,8 +47,7 @@ TEST_F(SettingsTest, ThatAreDamagedAreSetAsideAndAFreshFileIsMade) {
          std::filesystem::remove(file);
          sql(file, "CREATE TABLE cookies(host, value)");
        }},
-      {"tables of another form", [this] { sql(file, "DROP TABLE settings; CREATE TABLE settings(name, text)"); }},
-  };
+      {"tables of another form", [this] { sql(file, "DROP TABLE settings; CREATE TABLE settings(name, text)"); }}};
   int number = 0;
   for (const Damage& damage : damages) {
     ASSERT_TRUE(SqliteSettingsStore(file).save("a", "s", "k", std::string(20'000, 'o')));

@@ -21,18 +21,16 @@ Words wordsOf(std::string_view line) {
 }
 
 TEST(CommandWords, AreSplitByBlanksOutsideQuotes) {
-  const std::pair<const char*, Words> cases[] = {
-      {"", {}},
-      {"  \t ", {}},
-      {"a b\tc", {"a", "b", "c"}},
-      {" \"a b\"  c ", {"a b", "c"}},
-      {"\"\" x", {"", "x"}},
-      {"a\"b c\"d", {"ab cd"}},
-      {"\"say \"\"hi\"\" now\"", {"say \"hi\" now"}},
-      {"\"C:\\folder\\\" next", {"C:\\folder\\", "next"}},
-      {"\"not closed x", {"not closed x"}},
-      {"a 'b c'", {"a", "'b", "c'"}},
-  };
+  const std::pair<const char*, Words> cases[] = {{"", {}},
+                                                 {"  \t ", {}},
+                                                 {"a b\tc", {"a", "b", "c"}},
+                                                 {" \"a b\"  c ", {"a b", "c"}},
+                                                 {"\"\" x", {"", "x"}},
+                                                 {"a\"b c\"d", {"ab cd"}},
+                                                 {"\"say \"\"hi\"\" now\"", {"say \"hi\" now"}},
+                                                 {"\"C:\\folder\\\" next", {"C:\\folder\\", "next"}},
+                                                 {"\"not closed x", {"not closed x"}},
+                                                 {"a 'b c'", {"a", "'b", "c'"}}};
   for (const auto& [line, words] : cases)
     EXPECT_EQ(wordsOf(line), words) << line;
 }
@@ -95,8 +93,7 @@ TEST_F(ShellTest, HandsPathsOverInSystemForm) {
       {"c:\\RECORD.SH x", {c + "/record.sh", "x"}},
       {"C:\\My Folder\\a file.txt x", {c + "/My", "Folder\\a", "file.txt", "x"}},
       {"/usr/bin/env x", {"/usr/bin/env", "x"}},
-      {"   ", {}},
-  };
+      {"   ", {}}};
   for (const auto& [command, words] : cases)
     EXPECT_EQ(shell.arguments(command), words) << command;
 }
@@ -125,16 +122,14 @@ TEST_F(ShellTest, TellsWhyAProgramDoesNotStart) {
   folder.write("c/no_program.txt", "text");
   std::filesystem::permissions(folder / "c/no_program.txt", std::filesystem::perms(0644));
   folder.writeScript("c/setup.exe", std::string("MZ\x90\0\3\0\0\0", 8));
-  const std::pair<const char*, ErrorCode> cases[] = {
-      {"", ErrorCode::NotFound},
-      {"\"\" x", ErrorCode::NotFound},
-      {"no-such-program-anywhere x", ErrorCode::NotFound},
-      {"C:\\missing.exe", ErrorCode::NotFound},
-      {"Q:\\missing.exe", ErrorCode::NotFound},
-      {"C:\\no_program.txt", ErrorCode::AccessDenied},
-      {"\"C:\\My Folder\"", ErrorCode::AccessDenied},
-      {"C:\\setup.exe", ErrorCode::NotSupported},
-  };
+  const std::pair<const char*, ErrorCode> cases[] = {{"", ErrorCode::NotFound},
+                                                     {"\"\" x", ErrorCode::NotFound},
+                                                     {"no-such-program-anywhere x", ErrorCode::NotFound},
+                                                     {"C:\\missing.exe", ErrorCode::NotFound},
+                                                     {"Q:\\missing.exe", ErrorCode::NotFound},
+                                                     {"C:\\no_program.txt", ErrorCode::AccessDenied},
+                                                     {"\"C:\\My Folder\"", ErrorCode::AccessDenied},
+                                                     {"C:\\setup.exe", ErrorCode::NotSupported}};
   for (const auto& [command, code] : cases) {
     const auto started = shell.start(command);
     ASSERT_FALSE(started) << command;

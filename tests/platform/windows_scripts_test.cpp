@@ -45,8 +45,7 @@ TEST_F(WindowsScripts, ExplorerOpensTheAddressInAUrlFile) {
       {"file:///C:\\back\xEF\x81\x9Cslash", home + "/back\\slash"},
       {"file:///C:\\", home + "/"},
       {"file:///Q:\\unknown", "file:///Q:\\unknown"},
-      {"file:///home/me/a%20b", "file:///home/me/a%20b"},
-  };
+      {"file:///home/me/a%20b", "file:///home/me/a%20b"}};
   for (const auto& [address, opened] : cases) {
     const std::string file = folder.write("Temp.Url", "[Default]\r\nBASEURL=" + address +
                                                           "\r\n[InternetShortcut]\r\nURL=" + address + "\r\n");

@@ -27,15 +27,13 @@ class OtherRow : public testing::Test {
       world.file("C:/From/a", "a").file("C:/From/c", "c").file("C:/From/A folder/x", "x");
       user.rig.app().listing.filedir(user.left());
     };
-    return {
-        {"listed anew with more rows", renewed, {"a", "b", "c", "d", "f", "A folder", "A folder/x"}},
-        {"cleared and listed anew", [](User& user) { user.rig.app().listing.ViewClearItems(user.left()); }},
-        {"sorted by date", [](User& user) { user.rig.app().listing.ColumnClick(user.left(), 4); }},
-        {"sorted downwards", [](User& user) { user.rig.app().listing.ColumnClick(user.left(), 1); }},
-        {"refreshed", [](User& user) { user.rig.app().listing.viewrefresh(); }},
-        {"both sides updated", [](User& user) { user.rig.app().listing.UpdateBothViews(); }},
-        {"the focus elsewhere", [](User& user) { user.left().list.focusRow(0); }},
-    };
+    return {{"listed anew with more rows", renewed, {"a", "b", "c", "d", "f", "A folder", "A folder/x"}},
+            {"cleared and listed anew", [](User& user) { user.rig.app().listing.ViewClearItems(user.left()); }},
+            {"sorted by date", [](User& user) { user.rig.app().listing.ColumnClick(user.left(), 4); }},
+            {"sorted downwards", [](User& user) { user.rig.app().listing.ColumnClick(user.left(), 1); }},
+            {"refreshed", [](User& user) { user.rig.app().listing.viewrefresh(); }},
+            {"both sides updated", [](User& user) { user.rig.app().listing.UpdateBothViews(); }},
+            {"the focus elsewhere", [](User& user) { user.left().list.focusRow(0); }}};
   }
   Names left() const {
     Names names;

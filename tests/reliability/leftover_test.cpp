@@ -91,8 +91,7 @@ TEST_F(Leftover, IsClearedByAnyChangeInTheFolder) {
       {"moveFiles", [&] { return batched(files.moveFiles(temp.at("from"), {"e"}, temp.at("moveFiles"))); }},
       {"deleteFiles", [&] { return batched(files.deleteFiles(temp.at("deleteFiles"), {"old"})); }},
       {"merge", [&] { return files.copyFolder(temp.at("from/h"), temp.at("merge"), true); }},
-      {"mergeBelow/sub", [&] { return files.copyFolder(temp.at("from/h"), temp.at("mergeBelow"), true); }},
-  };
+      {"mergeBelow/sub", [&] { return files.copyFolder(temp.at("from/h"), temp.at("mergeBelow"), true); }}};
   temp.file("from/a").file("from/b").file("from/e").file("from/f/x").file("from/h/sub/x");
   for (const auto& [folder, change] : changes) {
     SCOPED_TRACE(folder);

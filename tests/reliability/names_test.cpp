@@ -38,27 +38,25 @@ class Everything : public testing::Test {
 };
 
 TEST_F(Everything, NamesOfEveryKind) {
-  const std::string names[] = {
-      "bytes\xff\xfe\x80that are no UTF-8",
-      "r\xc3\xa9sum\xc3\xa9.txt",
-      "re\xcc\x81sume\xcc\x81.txt",  // the same to the eye
-      "new\nline\x01\x1b[31m",
-      " blanks ",
-      "trailing point.",
-      "...",
-      "back\\slash",
-      "\\ looks like a folder",
-      "|Fold|",
-      "a:b*c?d\"e<f>g|h",
-      "%windir%",
-      "-rf $HOME & ~",
-      "upper",
-      "UPPER",
-      "\xef\x81\x9c",  // what stands for a backslash inside the program
-      "\xef\x80\x9b",  // and its escape
-      "\xef\x80\x9b\xef\x81\x9c\\",
-      std::string(255, 'x'),
-  };
+  const std::string names[] = {"bytes\xff\xfe\x80that are no UTF-8",
+                               "r\xc3\xa9sum\xc3\xa9.txt",
+                               "re\xcc\x81sume\xcc\x81.txt",  // the same to the eye
+                               "new\nline\x01\x1b[31m",
+                               " blanks ",
+                               "trailing point.",
+                               "...",
+                               "back\\slash",
+                               "\\ looks like a folder",
+                               "|Fold|",
+                               "a:b*c?d\"e<f>g|h",
+                               "%windir%",
+                               "-rf $HOME & ~",
+                               "upper",
+                               "UPPER",
+                               "\xef\x81\x9c",  // what stands for a backslash inside the program
+                               "\xef\x80\x9b",  // and its escape
+                               "\xef\x80\x9b\xef\x81\x9c\\",
+                               std::string(255, 'x')};
   for (const std::string& name : names) {
     // What begins with a point is hidden, and in the panel only when asked for.
     if (!name.starts_with('.')) world.file("C:/From/" + name, "bytes of " + name);
