@@ -65,7 +65,7 @@ TEST_F(ListingTest, AwkwardEntriesAreListedAsWhatTheyAre) {
     rig.click(left(), row);  // which looks for a picture of it
   const auto backslash = left().list.item(rig.rowOf(left(), "a\xEF\x81\x9C"
                                                             "b"));
-  EXPECT_EQ(rig.systemPath(left().itemPath(backslash)), rig.scratch / "home/a\\b.txt");
+  EXPECT_EQ(rig.platform->toSystem(left().itemPath(backslash)), rig.scratch / "home/a\\b.txt");
 }
 
 using SortRow = std::pair<int, const char*>;  ///< a click on that column, and the order then
@@ -117,13 +117,11 @@ TEST_F(ListingTest, RowsThatAreAlikeInAColumnKeepTheOrderOfTheListBefore) {
   }
   rig.startLeft();
   constexpr int Name = 1, Ext = 2, Size = 3, Date = 4;
-  const SortRow clicks[] = {
-      {Name, "x|a x|b x|c k3|t k2|t k1|t "}, {Size, "x|a x|b x|c k3|t k2|t k1|t "},
-      {Date, "x|a x|b x|c k3|t k2|t k1|t "}, {Date, "x|a x|b x|c k3|t k2|t k1|t "},
-      {Size, "x|a x|b x|c k3|t k2|t k1|t "}, {Ext, "x|a x|b x|c k3|t k2|t k1|t "},
-      {Ext, "k3|t k2|t k1|t x|c x|b x|a "},  {Name, "k1|t k2|t k3|t x|c x|b x|a "},
-      {Name, "x|c x|b x|a k3|t k2|t k1|t "},
-  };
+  const SortRow clicks[] = {{Name, "x|a x|b x|c k3|t k2|t k1|t "}, {Size, "x|a x|b x|c k3|t k2|t k1|t "},
+                            {Date, "x|a x|b x|c k3|t k2|t k1|t "}, {Date, "x|a x|b x|c k3|t k2|t k1|t "},
+                            {Size, "x|a x|b x|c k3|t k2|t k1|t "}, {Ext, "x|a x|b x|c k3|t k2|t k1|t "},
+                            {Ext, "k3|t k2|t k1|t x|c x|b x|a "},  {Name, "k1|t k2|t k3|t x|c x|b x|a "},
+                            {Name, "x|c x|b x|a k3|t k2|t k1|t "}};
   for (const auto& [number, expected] : clicks) {
     left().list.headerFromUser(number);
     EXPECT_EQ(order(left()), expected) << "column " << number;

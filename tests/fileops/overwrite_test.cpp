@@ -110,11 +110,9 @@ TEST_F(OverwriteTest, AllAnswersNothingElseAndEndsWithItsOperationHoweverThatEnd
        [&] {
          from("a"), remove({"a", "\\ Other", "\\ Sub"}, {isProtected(SkipIt), {"Form11", "Command2"}});
        }},
-      {"all protected files of a delete",
-       [&] {
+      {"all protected files of a delete", [&] {
          from("a"), from("b"), remove(everything, {isProtected(AnywayAll), no()});
-       }},
-  };
+       }}};
   for (const auto& [what, run] : cases) {
     SCOPED_TRACE(what);
     const auto fresh = [&] {

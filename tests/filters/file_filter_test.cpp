@@ -16,8 +16,7 @@ TEST_F(FileFilterTest, SelectsByPatternsAndNeverAFolder) {
       {"*.doc,,*.jpeg,", {"note.doc", "photo.jpeg"}},
       {"[lp]h*.*", {"photo.jpeg"}},
       {"noext.", {"noext"}},
-      {"*.*", {"a1.txt", "Letter.TXT", "noext", "note.doc", "photo.jpeg", "x,y.txt"}},
-  };
+      {"*.*", {"a1.txt", "Letter.TXT", "noext", "note.doc", "photo.jpeg", "x,y.txt"}}};
   for (const auto& [pattern, names] : rows) {
     fileFilter([&, pattern = pattern](Form6& dialog) { type(dialog.Text2, pattern); });
     EXPECT_EQ(selected(left()), names) << pattern;

@@ -212,8 +212,7 @@ TEST_F(DrawnDrops, WhatIsNoFileOfThisMachineIsRefused) {
       {"a file and a page", file + "\r\nhttps://example.org/"},
       {"no path", "file://"},
       {"a name with a zero in it", "file:///tmp/a%00b"},
-      {"nothing", ""},
-  };
+      {"nothing", ""}};
   for (const auto& [what, lines] : cases)
     EXPECT_FALSE(Drag{*uris(lines)}.enter(right())) << what;
   QMimeData text;

@@ -94,8 +94,7 @@ TEST(Texts, PathsBreakBehindBackslashesNeverBehindADriveAndInsideAPartOnlyWhenAL
       {"C:\\My photos\\Coast, week 2\\a.jpg", 20, {"C:\\My photos\\", "Coast, week 2\\a.jpg"}},
       {"C:\\nnnnnnnnnnnnnnnnnn\\b", 10, {"C:\\nnnnnnn", "nnnnnnnnnn", "n\\b"}},
       {"Name: nnnnnnnnnnnnnnn ?", 10, {"Name: nnnn", "nnnnnnnnnn", "n ?"}},
-      {"two words", 10, {"two words"}},
-  };
+      {"two words", 10, {"two words"}}};
   for (const auto& [text, width, lines] : rows)
     EXPECT_EQ(linesOf(text, width), lines) << text << ": " << qPrintable(linesOf(text, width).join(QLatin1Char('|')));
 }

@@ -53,8 +53,7 @@ TEST(MaskedName, AddsAndCuts) {
            {"README", adds("", "txt"), "READMEtxt"},
            {"ends.", adds("", "txt"), "ends.txt"},
            {".profile", adds("x"), "x.profile"},
-           {".profile", adds("", "bak"), ".profilebak"},
-       })
+           {".profile", adds("", "bak"), ".profilebak"}})
     EXPECT_EQ(nameBy(mask, name), expected) << name;
 }
 
@@ -72,8 +71,7 @@ TEST(MaskedName, ANewBaseTakesACounter) {
            {counts("Pic"), "README", "1", {"Pic1.", "Pic2."}},
            {counts("Pic", ""), "Report.txt", "1", {"Pic1."}},
            {counts(""), "Report.txt", "9", {"9.txt", "10.txt"}},
-           {inLetters(counts("Pic", "Jpg"), Letters::Upper), "a.txt", "1", {"PIC1.JPG"}},
-       }) {
+           {inLetters(counts("Pic", "Jpg"), Letters::Upper), "a.txt", "1", {"PIC1.JPG"}}}) {
     std::string counter = start;
     for (const std::string& expected : names)
       EXPECT_EQ(maskedName(mask, name, counter, Points), expected) << "from " << start;
@@ -97,8 +95,7 @@ TEST(NextCounter, GoesOnByOne) {
            {"+4", "5", "5"},
            {" 4 ", "5", "5"},
            {".5", "1.5", "1"},
-           {"99999999999999999999", "100000000000000000000", "100000000000000000000"},
-       }) {
+           {"99999999999999999999", "100000000000000000000", "100000000000000000000"}}) {
     EXPECT_EQ(nextCounter(counter, Points), point) << counter;
     EXPECT_EQ(nextCounter(counter, Commas), comma) << counter;
   }
@@ -117,12 +114,11 @@ TEST(NextCounter, ReadsTheSignsOfTheRegion) {
 
 TEST(FieldRules, RefuseTheirCharacters) {
   using Case = std::tuple<const char*, const FieldRule&, std::string, std::string>;
-  for (const auto& [name, rule, refused, message] : std::initializer_list<Case>{
-           {"base", BaseChars, "\\/<>\":|", "InValid Mask Pattern !, "},
-           {"text", AddChars, "\\/<>\":|*?", "InValid Chr. Pattern !, "},
-           {"extension", ExtChars, "\\/<>\":|.?", "InValid Chr. Pattern !, "},
-           {"new name", NewNameChars, "\\/<>\":|*?", "InValid NewName !, "},
-       }) {
+  for (const auto& [name, rule, refused, message] :
+       std::initializer_list<Case>{{"base", BaseChars, "\\/<>\":|", "InValid Mask Pattern !, "},
+                                   {"text", AddChars, "\\/<>\":|*?", "InValid Chr. Pattern !, "},
+                                   {"extension", ExtChars, "\\/<>\":|.?", "InValid Chr. Pattern !, "},
+                                   {"new name", NewNameChars, "\\/<>\":|*?", "InValid NewName !, "}}) {
     EXPECT_EQ(rule.message, message);
     for (char c = ' '; c <= '~'; ++c) {
       if (c == '*' && &rule == &ExtChars) continue;
