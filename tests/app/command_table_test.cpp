@@ -72,17 +72,10 @@ TEST_F(Commands, KeysAndNumbersThatUsersHaveKeepTheirMeaning) {
   for (const Command& row : rows())
     if (row.number != 0) seen.emplace(row.number, row.handler);
   EXPECT_EQ(seen, numbers);
-  for (const auto& [entry, key] : {std::pair{"MoveItems", "Ctrl+X"},
-                                   {"presetsetup", "Ctrl+P"},
-                                   {"Filepatt", "Ctrl+M"},
-                                   {"Recallprevius", "Ctrl+S"},
-                                   {"Foldermake", "Ctrl+N"},
-                                   {"Fdetails", "Ctrl+U"},
-                                   {"WinCopy", "Ctrl+C"},
-                                   {"WinPaste", "Ctrl+V"},
-                                   {"exit_program", "Alt+F4"},
-                                   {"refrechview", "F4"}})
-    EXPECT_EQ(menu()[entry].Shortcut.get(), key) << entry;
+  for (const auto row :
+       Rows{"MoveItems|Ctrl+X", "presetsetup|Ctrl+P", "Filepatt|Ctrl+M", "Recallprevius|Ctrl+S", "Foldermake|Ctrl+N",
+            "Fdetails|Ctrl+U", "WinCopy|Ctrl+C", "WinPaste|Ctrl+V", "exit_program|Alt+F4", "refrechview|F4"})
+    EXPECT_EQ(menu()[Row(row).first].Shortcut.get(), Row(row).second) << row;
 }
 
 TEST_F(Commands, KeysOfThePanelsLeadToEntriesAndToNoOtherKeysShortcut) {

@@ -48,9 +48,7 @@ TEST_F(ListingTest, RowsTellFoldersAndFilesApart) {
 TEST_F(ListingTest, AwkwardEntriesAreListedAsWhatTheyAre) {
   const std::string folder = rig.systemPath("C:\\");
   rig.scratch.file("home/a\\b.txt");
-  rig.write("C:\\line\nbreak.txt");
-  rig.write("C:\\bytes \xFF\xFE.bin");
-  rig.write("C:\\target\\inside.txt");
+  write({"line\nbreak.txt", "bytes \xFF\xFE.bin", "target\\inside.txt"});
   rig.scratch.link("home/dangling.lnk", "nowhere").link("home/to folder", "target").link("home/endless", "/dev/zero");
   rig.scratch.pipe("home/pipe");
   std::filesystem::resize_file((rig.write("C:\\huge.img"), folder + "huge.img"), 5ull << 30);
@@ -131,8 +129,7 @@ TEST_F(ListingTest, RowsThatAreAlikeInAColumnKeepTheOrderOfTheListBefore) {
 TEST_F(ListingTest, FoldersLeadWhateverSignAFileBeginsWith) {
   for (const char* folder : {"C:\\zoo", "C:\\.hidden"})
     rig.makeFolder(folder);
-  for (const char* name : {"C:\\!a", "C:\\#b", "C:\\(c", "C:\\[d", "C:\\.e", "C:\\1"})
-    rig.write(name);
+  write({"!a", "#b", "(c", "[d", ".e", "1"});
   rig.startLeft();
   rig.menu("HidSysfiles").choose();
   Names rows = {"\\ .hidden| ", "\\ zoo| ", "!a|", "#b|", "(c|", ".e|", "[d|", "1|"};
@@ -143,8 +140,7 @@ TEST_F(ListingTest, FoldersLeadWhateverSignAFileBeginsWith) {
 }
 
 TEST_F(ListingTest, HiddenFilesAndProgramsOnlyAreChoices) {
-  for (const char* name : {"plain.txt", ".profile", "both.txt", "locked.txt", "Setup.EXE", "edit.Com", "run.bat"})
-    rig.write("C:\\" + std::string(name));
+  write({"plain.txt", ".profile", "both.txt", "locked.txt", "Setup.EXE", "edit.Com", "run.bat"});
   rig.makeFolder("C:\\.config");
   setAttributes("C:\\both.txt", 3);
   setAttributes("C:\\locked.txt", 1);
@@ -200,8 +196,7 @@ TEST_F(ListingTest, AnActivePanelIsUnmistakable) {
 }
 
 TEST_F(ListingTest, ARefreshKeepsTheCurrentRowWhileItExists) {
-  for (const char* name : {"C:\\a.txt", "C:\\b.txt", "C:\\noext", "C:\\d.txt"})
-    rig.write(name);
+  write({"a.txt", "b.txt", "noext", "d.txt"});
   rig.startLeft();
   rig.click(left(), "noext");
   rig.write("C:\\aa.txt");
@@ -237,13 +232,13 @@ TEST_F(ListingTest, UpdatesListThePanelsThatShowTheFolder) {
 
 TEST_F(ListingTest, AnOperationListsItsTargetAndBothWhenTheyAreOne) {
   rig.startLeft();
-  for (const char* target : {"D:\\", "C:\\"}) {
-    show("C:\\", target);
+  for (const bool areOne : {false, true}) {
+    show("C:\\", areOne ? "C:\\" : "D:\\");
     for (const std::string folder : {"C:\\", "D:\\"})
-      rig.write(folder + (target[0] == 'D' ? "first" : "second"));
+      rig.write(folder + (areOne ? "second" : "first"));
     rig.app().listing.viewupdate();
-    EXPECT_EQ(right().list.count(), target[0] == 'D' ? 1u : 2u);
-    EXPECT_EQ(left().list.count(), target[0] == 'D' ? 0u : 2u) << "a source alone is not listed again";
+    EXPECT_EQ(right().list.count(), areOne ? 2u : 1u);
+    EXPECT_EQ(left().list.count(), areOne ? 2u : 0u) << "a source alone is not listed again";
   }
 }
 

@@ -59,6 +59,10 @@ TEST_F(SelectionTest, KeysSelectAsClicksDo) {
   EXPECT_EQ(form().CurrentItem, "a.txt");
   rig.menu("Inversel").choose();
   EXPECT_EQ(selected(left()), (Names{"b.txt", "empty"})) << "rows that keys have left bear no mark";
+  rig.key(left(), 'A', Ctrl);
+  EXPECT_EQ(left().list.selectedCount(), 3u);
+  rig.key(left(), controls::key::Multiply, Shift);
+  EXPECT_EQ(left().list.selectedCount(), 0u);
 }
 
 TEST_F(SelectionTest, ReCallKnowsWhatKeysHaveSelectedAndNotWhatTheyHavePassed) {

@@ -339,8 +339,7 @@ TEST_F(StartTest, LeavingCleansOnlyTheProgramsOwnTemporaryFiles) {
   rig.makeFolder("C:\\tmp folder");
   const ScopedVariable temporary("tmp", "C:\\tmp folder");
   rig.restart();
-  rig.write("C:\\tmp folder\\vnh0001.tmp");
-  rig.write("C:\\tmp folder\\other.tmp");
+  write({"tmp folder\\vnh0001.tmp", "tmp folder\\other.tmp"});
   rig.makeFolder("C:\\tmp folder\\vnhfolder");
   ASSERT_TRUE(rig.start());
   form().Command10.press();

@@ -11,27 +11,21 @@ namespace {
 const platform::RegionalFormats english{};
 
 TEST(ItemText, LeadsToOneFullPath) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {
-      {"a.txt", "C:\\Photos", "C:\\Photos\\a.txt"},
-      {"a.txt", "C:\\", "C:\\a.txt"},
-      {"D:\\x\\a.txt", "C:\\Photos", "D:\\x\\a.txt"},
-      {"D:odd name", "C:\\Photos", "C:\\Photos\\D:odd name"},
-      {"a.txt", "", "a.txt"}};
-  for (const auto& [item, folder, path] : cases)
-    EXPECT_EQ(entryPath(item, folder), path) << item;
+  for (const auto text :
+       test::Rows{"a.txt|C:\\Photos|C:\\Photos\\a.txt", "a.txt|C:\\|C:\\a.txt", "D:\\x\\a.txt|C:\\Photos|D:\\x\\a.txt",
+                  "D:odd name|C:\\Photos|C:\\Photos\\D:odd name", "a.txt||a.txt"}) {
+    const test::Row row(text);
+    EXPECT_EQ(entryPath(row.first, row.second), row.third);
+  }
 }
 
 TEST(Rows, SplitNamesSoThatTheyCanBePutTogetherAgain) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {{"a.b.txt", "a.b", "txt"},
-                                                                     {"Makefile", "Makefile", ""},
-                                                                     {".profile", ".profile", ""},
-                                                                     {"ends.", "ends.", ""},
-                                                                     {"", "", ""}};
-  for (const auto& [name, base, extension] : cases) {
-    const NameParts parts = splitName(name);
-    EXPECT_EQ(parts.base, base) << name;
-    EXPECT_EQ(parts.extension, extension) << name;
-    EXPECT_EQ(rowFileName(parts.base, parts.extension), name);
+  for (const auto text :
+       test::Rows{"a.b.txt|a.b|txt", "Makefile|Makefile|", ".profile|.profile|", "ends.|ends.|", "||"}) {
+    const test::Row row(text);
+    const NameParts parts = splitName(row.first);
+    EXPECT_TRUE(parts.base == row.second && parts.extension == row.third) << text;
+    EXPECT_EQ(rowFileName(parts.base, parts.extension), row.first);
   }
 }
 
@@ -78,13 +72,9 @@ TEST(Rows, ShowDatesByTheClockFormat) {
 }
 
 TEST(Properties, WriteTypesInProperCase) {
-  const std::pair<const char*, const char*> cases[] = {{"PNG image", "Png Image"},
-                                                       {"C:\\MY files\\x", "C:\\my Files\\x"},
-                                                       {"élan ÉTÉ", "Élan Été"},
-                                                       {"  two  BLANKS ", "  Two  Blanks "},
-                                                       {"\xFFX y", "\xFFx Y"}};
-  for (const auto& [text, proper] : cases)
-    EXPECT_EQ(properCase(text), proper) << text;
+  for (const auto text : test::Rows{"PNG image|Png Image", "C:\\MY files\\x|C:\\my Files\\x", "élan ÉTÉ|Élan Été",
+                                    "  two  BLANKS |  Two  Blanks ", "\xFFX y|\xFFx Y"})
+    EXPECT_EQ(properCase(test::Row(text).first), test::Row(text).second);
 }
 
 TEST(AttributeWords, AreThoseOfTheTable) {

@@ -26,14 +26,11 @@ TEST_F(SettingsTest, NoTwoKeysOfTheVocabularyAreOneInTheStore) {
 }
 
 TEST_F(SettingsTest, NumbersAreSinglePrecisionTextsInTheRegionalForm) {
-  struct Row {
-    const char* text;
-    std::optional<double> number;
-  };
-  for (const auto& row : {Row{"123", 123}, Row{"-15.5", -15.5}, Row{"345,25", 345.25}, Row{"", {}}, Row{"12x", {}},
-                          Row{"x", {}}, Row{"1e400", {}}, Row{"nan", {}}}) {
-    settings.save(setting::Left, row.text);
-    EXPECT_EQ(settings.number(setting::Left), row.number) << row.text;
+  using Row = std::pair<const char*, std::optional<double>>;
+  for (const auto& [text, number] : {Row{"123", 123}, Row{"-15.5", -15.5}, Row{"345,25", 345.25}, Row{"", {}},
+                                     Row{"12x", {}}, Row{"x", {}}, Row{"1e400", {}}, Row{"nan", {}}}) {
+    settings.save(setting::Left, text);
+    EXPECT_EQ(settings.number(setting::Left), number) << text;
   }
   settings.save(setting::Left, 1234.1);
   EXPECT_EQ(settings.get(setting::Left), "1234.1");

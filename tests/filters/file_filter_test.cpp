@@ -7,8 +7,7 @@ namespace {
 using FileFilterTest = FilterTestRig;
 
 TEST_F(FileFilterTest, SelectsByPatternsAndNeverAFolder) {
-  for (const char* name : {"a1.txt", "Letter.TXT", "note.doc", "noext", "photo.jpeg", "x,y.txt"})
-    rig.write(std::string("C:\\") + name);
+  write({"a1.txt", "Letter.TXT", "note.doc", "noext", "photo.jpeg", "x,y.txt"});
   rig.makeFolder("C:\\folder.txt");
   rig.startLeft();
   const std::pair<const char*, Names> rows[] = {

@@ -7,11 +7,9 @@ namespace {
 class ViewFilterTest : public FilterTestRig {
  protected:
   void SetUp() override {
-    for (const char* name : {"a.txt", "b.doc", "c.jpg", "noext"})
-      rig.write(std::string("C:\\") + name);
+    write({"a.txt", "b.doc", "c.jpg", "noext"});
     rig.makeFolder("C:\\Sub");
-    rig.write("C:\\Sub\\d.txt");
-    rig.write("C:\\Sub\\e.jpg");
+    write({"Sub\\d.txt", "Sub\\e.jpg"});
   }
 };
 
@@ -46,8 +44,7 @@ TEST_F(ViewFilterTest, ItStaysOnThroughListingsAndHiddenFiles) {
   setAttributes("C:\\hidden.txt", 2);
   rig.startLeft();
   viewFilter([](Form25& dialog) { type(dialog.Text2, "*.txt"); });
-  rig.write("C:\\new.txt");
-  rig.write("C:\\new.doc");
+  write({"new.txt", "new.doc"});
   rig.menu("refrechview").choose();
   EXPECT_EQ(files(left()), (Names{"a.txt", "new.txt"}));
   rig.menu("HidSysfiles").choose();

@@ -18,11 +18,7 @@ int deeper(int depth) {
 }
 
 TEST(CrashReport, TellsWhatTheProgramWasDoingAtTheNextStart) {
-  struct Case {
-    std::function<void()> crash;
-    int signal;
-    const char* says;
-  };
+  using Case = std::tuple<std::function<void()>, int, const char*>;
   for (const auto& [crash, signal, says] : std::initializer_list<Case>{
            {[] { ::raise(SIGSEGV); }, SIGSEGV, "SIGSEGV"},
            {[] { (void)deeper(0); }, SIGSEGV, "SIGSEGV"},

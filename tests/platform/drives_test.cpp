@@ -27,23 +27,19 @@ TEST(Drives, FactsComeFromTheVolume) {
 
 TEST(Drives, MapOverridesTheVolume) {
   TempFolder temp;
-  PathMap map(parseDriveFile("[D]\nfolder=" + temp.system("") +
-                             "\nfilesystem=CDFS\ntype=cdrom\nlabel=DISC\nserial=-5\ntotal=700\nfree=0\n[E]\nfolder=" +
-                             temp.system("") + "\nnotready\n"));
-  const auto disc = PosixDrives(map).info('D');
+  PathMap map(parseDriveFile("[D]\nfolder=" + temp.path() + "\nfilesystem=CDFS\ntype=cdrom\nlabel=DISC\nserial=-5\n" +
+                             "total=700\nfree=0\n[E]\nfolder=" + temp.path() + "\nnotready\n[F]\nfolder=/no/such/folder\n"));
+  const PosixDrives drives(map);
+  const auto disc = drives.info('D');
   ASSERT_TRUE(disc);
-  EXPECT_EQ(disc->fileSystem, "CDFS");
+  EXPECT_EQ(disc->fileSystem + disc->label, "CDFSDISC");
   EXPECT_EQ(disc->type, DriveType::CdRom);
-  EXPECT_EQ(disc->label, "DISC");
   EXPECT_EQ(disc->serial, -5);
   EXPECT_EQ(disc->totalBytes, 700u);
   EXPECT_EQ(disc->availableBytes, 0u);
-  EXPECT_FALSE(PosixDrives(map).info('E')->ready);
-  PathMap nowhere(parseDriveVariable("D=/no/such/folder/anywhere"));
-  const auto gone = PosixDrives(nowhere).info('D');
-  ASSERT_TRUE(gone);
-  EXPECT_FALSE(gone->ready);
-  EXPECT_EQ(gone->totalBytes, 0u);
+  for (const char letter : {'E', 'F'})
+    EXPECT_FALSE(drives.info(letter)->ready) << letter;
+  EXPECT_EQ(drives.info('F')->totalBytes, 0u);
 }
 
 TEST(VolumeFacts, NamesOfFileSystems) {

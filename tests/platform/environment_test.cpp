@@ -30,15 +30,10 @@ class EnvironmentTest : public testing::Test {
 };
 
 TEST_F(EnvironmentTest, AnswersWithThePlatformsOwnFolders) {
-  const std::pair<const char*, const char*> cases[] = {{"windir", "C:\\data\\Windows"},
-                                                       {"SystemRoot", "C:\\data\\Windows"},
-                                                       {"SystemDrive", "C:"},
-                                                       {"ProgramFiles", "C:\\data\\Program Files"},
-                                                       {"tmp", "C:\\data\\Temp"},
-                                                       {"temp", "C:\\data\\Temp"},
-                                                       {"WINDIR", ""}};
-  for (const auto& [name, value] : cases)
-    EXPECT_EQ(environment().variable(name), value) << name;
+  for (const auto row : test::Rows{"windir|C:\\data\\Windows", "SystemRoot|C:\\data\\Windows",
+                                   "SystemDrive|C:", "ProgramFiles|C:\\data\\Program Files", "tmp|C:\\data\\Temp",
+                                   "temp|C:\\data\\Temp", "WINDIR|"})
+    EXPECT_EQ(environment().variable(test::Row(row).first), test::Row(row).second) << row;
   for (const char* made : {"data/Windows", "data/Program Files", "data/Temp"})
     EXPECT_TRUE(fs::is_directory(folder / made)) << made;
   EXPECT_EQ(fs::status(folder / "data/Temp").permissions(), fs::perms(0700));

@@ -55,25 +55,22 @@ TEST_F(FileBatch, NothingIsTouchedFromTheFirstTargetThatExists) {
 }
 
 TEST_F(FileBatch, LinksFoldersPipesAndLargeFilesAreNoPlainCase) {
-  struct Case {
-    const char* what;
-    std::function<void()> make;
-  };
-  const Case cases[] = {{"a link", [&] { temp.link("from/c", "a"); }},
-                        {"a dangling link", [&] { temp.link("from/c", "nowhere"); }},
-                        {"a folder", [&] { temp.folder("from/c"); }},
-                        {"a pipe", [&] { temp.pipe("from/c"); }},
-                        {"nothing", [] {}}};
-  for (const Case& each : cases) {
+  const std::pair<const char*, std::function<void()>> cases[] = {
+      {"a link", [&] { temp.link("from/c", "a"); }},
+      {"a dangling link", [&] { temp.link("from/c", "nowhere"); }},
+      {"a folder", [&] { temp.folder("from/c"); }},
+      {"a pipe", [&] { temp.pipe("from/c"); }},
+      {"nothing", [] {}}};
+  for (const auto& [what, make] : cases) {
     remove("from/c");
-    each.make();
-    EXPECT_EQ(copied(), 2u) << each.what;
+    make();
+    EXPECT_EQ(copied(), 2u) << what;
     remove("to/a");
     remove("to/b");
-    EXPECT_EQ(moved(), 2u) << each.what;
-    EXPECT_EQ(temp.names("to"), (Names{"a", "b"})) << each.what;
+    EXPECT_EQ(moved(), 2u) << what;
+    EXPECT_EQ(temp.names("to"), (Names{"a", "b"})) << what;
     EXPECT_EQ(temp.files.moveFiles(to, {"a", "b"}, from).size(), 2u);
-    EXPECT_EQ(deleted(), 2u) << each.what;
+    EXPECT_EQ(deleted(), 2u) << what;
     temp.file("from/a", "from/a").file("from/b", "from/b");
   }
   remove("from/c");
@@ -109,18 +106,9 @@ TEST_F(FileBatch, NamesAreGivenAsIfAllAtOnce) {
   EXPECT_EQ(kept(temp.files.checkRenames(from, names)), refused) << "told before";
   EXPECT_EQ(temp.names("from"), before);
   EXPECT_EQ(kept(temp.files.renameFiles(from, names)), refused);
-  for (const auto& [name, bytes] : {std::pair{"2", "1"},
-                                    {"3", "2"},
-                                    {"s", "r"},
-                                    {"t", "s"},
-                                    {"r", "t"},
-                                    {"n", "y"},
-                                    {"stays", "stays"},
-                                    {"w", "w"},
-                                    {"x", "x"},
-                                    {"z", "z"},
-                                    {"long", "long"}})
-    EXPECT_EQ(temp.read(std::string("from/") + name), bytes) << name;
+  for (const auto row :
+       test::Rows{"2|1", "3|2", "s|r", "t|s", "r|t", "n|y", "stays|stays", "w|w", "x|x", "z|z", "long|long"})
+    EXPECT_EQ(temp.read("from/" + test::Row(row).first), test::Row(row).second) << row;
   EXPECT_FALSE(temp.has("from/1"));
   EXPECT_EQ(temp.files.renameFiles(temp.at("gone"), names).size(), names.size());
 }

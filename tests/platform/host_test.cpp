@@ -46,6 +46,9 @@ TEST_F(HostTest, WithoutAPlaceForItsFilesAnswersWithErrors) {
   EXPECT_EQ(platform.environment.windowsFolder(), "");
   EXPECT_EQ(platform.environment.variable("tmp"), "");
   EXPECT_EQ(folder.read("home/data"), "a file in the way");
+  fs::remove(folder / "home/data");
+  fs::create_directory(folder / "home/data");
+  EXPECT_TRUE(platform.settings.save("a", "s", "k", "v")) << "as soon as there is a place";
 }
 
 TEST_F(HostTest, AFolderThatNoDriveHoldsIsUsedAndNamedAllTheSame) {

@@ -35,16 +35,12 @@ TEST(PathMapNames, EveryNameComesBack) {
 
 TEST(PathMapPaths, BothWays) {
   const PathMap map = mapOf("C=/home/me;D=/media/me/stick/;E=/home/me/music;Z=/");
-  const std::pair<const char*, const char*> paths[] = {{"C:\\", "/home/me"},
-                                                       {"C:\\a\\b.txt", "/home/me/a/b.txt"},
-                                                       {"D:\\x", "/media/me/stick/x"},
-                                                       {"E:\\song", "/home/me/music/song"},
-                                                       {"C:\\musical", "/home/me/musical"},
-                                                       {"Z:\\", "/"},
-                                                       {"Z:\\home\\meadow", "/home/meadow"}};
-  for (const auto& [program, system] : paths) {
-    EXPECT_EQ(map.toSystem(program).valueOr("?"), system);
-    EXPECT_EQ(map.toProgram(system).valueOr("?"), program);
+  for (const auto text : test::Rows{"C:\\|/home/me", "C:\\a\\b.txt|/home/me/a/b.txt", "D:\\x|/media/me/stick/x",
+                                    "E:\\song|/home/me/music/song", "C:\\musical|/home/me/musical", "Z:\\|/",
+                                    "Z:\\home\\meadow|/home/meadow"}) {
+    const test::Row row(text);
+    EXPECT_EQ(map.toSystem(row.first).valueOr("?"), row.second);
+    EXPECT_EQ(map.toProgram(row.second).valueOr("?"), row.first);
   }
 }
 

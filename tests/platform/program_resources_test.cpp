@@ -21,11 +21,7 @@ TEST(VersionResource, BothProgramForms) {
 
 TEST(VersionResource, AnythingElseHasNone) {
   EXPECT_EQ(versionIn(std::string(4096, 'x')), "");
-  struct Change {
-    size_t at;
-    std::uint32_t value;
-    const char* what;
-  };
+  using Change = std::tuple<size_t, std::uint32_t, const char*>;
   for (const auto& [at, value, what] : {Change{16, 3, "icons, no version"}, Change{0x60 + 40, 0, "no signature"},
                                         Change{20, 0x80000000, "a folder that holds itself"}}) {
     std::string bytes = windowsProgram(false, 1, 2);

@@ -1,5 +1,7 @@
 #include "platform/posix/shell.hpp"
 
+#include "platform/text_fold.hpp"
+
 #include "support/scratch_folder.hpp"
 
 #include <sstream>
@@ -50,18 +52,17 @@ class ShellTest : public testing::Test {
   }
 
   Result<std::string> findInAnyCase(const std::string& path) const {
-    std::string lower = path;
-    for (char& c : lower)
-      c = static_cast<char>(std::tolower(c));
-    for (const char* known : {"C:\\record.sh", "C:\\windows\\notepad.exe", "C:\\windows\\system32\\ping.exe"}) {
-      std::string knownLower = known;
-      for (char& c : knownLower)
-        c = static_cast<char>(std::tolower(c));
-      if (knownLower == lower && std::filesystem::exists(map.toSystem(known).valueOr(""))) return std::string(known);
-    }
+    for (const char* known : {"C:\\record.sh", "C:\\windows\\notepad.exe", "C:\\windows\\system32\\ping.exe"})
+      if (foldCase(known) == foldCase(path) && std::filesystem::exists(map.toSystem(known).valueOr("")))
+        return std::string(known);
     return Error{ErrorCode::NotFound, path, ""};
   }
 
+  static bool comesTrue(const std::function<bool()>& what) {
+    for (int i = 0; i < 2000 && !what(); ++i)
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    return what();
+  }
   std::string run(const std::string& command, const std::string& workingFolder = {}) {
     const auto process = shell.start(command, workingFolder);
     if (!process) return "error " + process.error().text;
@@ -77,7 +78,7 @@ class ShellTest : public testing::Test {
 };
 
 TEST_F(ShellTest, HandsPathsOverInSystemForm) {
-  const std::string c = folder / "c";
+  const std::string c = folder / "c", tool = folder.writeScript("c/Program Files/a tool.exe", "#!/bin/sh\n");
   const std::pair<const char*, Words> cases[] = {
       {"gimp C:\\plain.txt", {"gimp", c + "/plain.txt"}},
       {"gimp c:\\plain.txt", {"gimp", c + "/plain.txt"}},
@@ -93,16 +94,11 @@ TEST_F(ShellTest, HandsPathsOverInSystemForm) {
       {"c:\\RECORD.SH x", {c + "/record.sh", "x"}},
       {"C:\\My Folder\\a file.txt x", {c + "/My", "Folder\\a", "file.txt", "x"}},
       {"/usr/bin/env x", {"/usr/bin/env", "x"}},
+      {"C:\\Program Files\\a tool.exe -x", {tool, "-x"}},
+      {"\"C:\\Program Files\\a tool.exe\" -x", {tool, "-x"}},
       {"   ", {}}};
   for (const auto& [command, words] : cases)
     EXPECT_EQ(shell.arguments(command), words) << command;
-}
-
-TEST_F(ShellTest, FindsAProgramWhosePathHoldsBlanks) {
-  folder.writeScript("c/Program Files/a tool.exe", "#!/bin/sh\n");
-  const std::string tool = folder / "c/Program Files/a tool.exe";
-  EXPECT_EQ(shell.arguments("C:\\Program Files\\a tool.exe -x"), (Words{tool, "-x"}));
-  EXPECT_EQ(shell.arguments("\"C:\\Program Files\\a tool.exe\" -x"), (Words{tool, "-x"}));
 }
 
 TEST_F(ShellTest, PassesNothingThroughACommandInterpreter) {
@@ -177,13 +173,10 @@ TEST_F(ShellTest, LeavesNoZombieOfAProgramThatNobodyWaitsFor) {
   folder.writeScript("c/pid.sh", "#!/bin/sh\necho $$ > \"$OUT\"\n");
   ASSERT_TRUE(shell.start("C:\\pid.sh"));
   // A child that was reaped has no entry in /proc; a zombie keeps one for as long as this process lives.
-  bool gone = false;
-  for (int i = 0; i < 2000 && !gone; ++i) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_TRUE(comesTrue([&] {
     const std::string pid = folder.read("out");
-    gone = pid.ends_with('\n') && !std::filesystem::exists("/proc/" + pid.substr(0, pid.size() - 1));
-  }
-  EXPECT_TRUE(gone);
+    return pid.ends_with('\n') && !std::filesystem::exists("/proc/" + pid.substr(0, pid.size() - 1));
+  }));
 }
 
 TEST_F(ShellTest, MayGoBeforeItsChildrenEnd) {
@@ -192,9 +185,7 @@ TEST_F(ShellTest, MayGoBeforeItsChildrenEnd) {
     PosixShell brief(map, {[](const std::string& path) { return path; }, [] { return ""; }});
     ASSERT_TRUE(brief.start("C:\\slow.sh"));
   }
-  for (int i = 0; i < 2000 && folder.read("out") != "done\n"; ++i)
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  EXPECT_EQ(folder.read("out"), "done\n");
+  EXPECT_TRUE(comesTrue([&] { return folder.read("out") == "done\n"; }));
 }
 
 }  // namespace

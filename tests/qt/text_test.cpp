@@ -8,15 +8,17 @@
 namespace varnholt::qt {
 namespace {
 
-TEST(Text, NamesSurviveBeingShownAndEdited) {
+TEST(Text, NamesSurviveBeingShownAndEditedAndTextsAreShownAsTheyRead) {
   for (const std::string& name :
        {std::string("plain.txt"), std::string("Größe – 測試 😀.txt"), std::string("caf\xE9.txt"),
         std::string("\xFF\xFE"), std::string("\xC3"), std::string("a\xE2\x82z"), std::string()})
     EXPECT_EQ(fromQt(toQt(name)), name);
-}
-
-TEST(Text, WholeCharactersNextToBrokenOnesStayReadable) {
-  EXPECT_TRUE(toQt("Größe \xFF").startsWith(QStringLiteral("Größe ")));
+  EXPECT_TRUE(toQt("Größe \xFF").startsWith(QStringLiteral("Größe "))) << "beside broken characters";
+  EXPECT_EQ(linesToQt("a\rb\r\nc"), QStringLiteral("a\nb\nc"));
+  for (const auto& [text, shown] : {std::pair{"&Cancel", "Cancel"}, {"Move &As", "Move As"}, {"A && B", "A & B"}})
+    EXPECT_EQ(withoutMnemonic(QLatin1String(text)), QLatin1String(shown));
+  EXPECT_FALSE(plainToolTip("<b>report</b>.txt").contains(QStringLiteral("<b>")));
+  EXPECT_EQ(plainToolTip("Move Selected Items (Ctrl+X)"), QStringLiteral("Move Selected Items (Ctrl+X)"));
 }
 
 TEST(Text, ABackslashInANameIsDrawnAsOne) {
@@ -34,27 +36,9 @@ TEST(Text, ABackslashInANameIsDrawnAsOne) {
     EXPECT_EQ(typedText(name, shown), text) << qPrintable(shown);
 }
 
-TEST(Text, CarriageReturnsBreakLines) { EXPECT_EQ(linesToQt("a\rb\r\nc"), QStringLiteral("a\nb\nc")); }
-
-TEST(Text, MnemonicsAreTakenOutAndDoubledOnesStay) {
-  EXPECT_EQ(withoutMnemonic(QStringLiteral("&Cancel")), QStringLiteral("Cancel"));
-  EXPECT_EQ(withoutMnemonic(QStringLiteral("Move &As")), QStringLiteral("Move As"));
-  EXPECT_EQ(withoutMnemonic(QStringLiteral("A && B")), QStringLiteral("A & B"));
-}
-
-TEST(Text, ToolTipsAreNeverMarkUp) {
-  EXPECT_FALSE(plainToolTip("<b>report</b>.txt").contains(QStringLiteral("<b>")));
-  EXPECT_EQ(plainToolTip("Move Selected Items (Ctrl+X)"), QStringLiteral("Move Selected Items (Ctrl+X)"));
-}
-
-struct KeyCase {
-  int qt;
-  Qt::KeyboardModifiers modifiers;
-  int code;
-};
-
 TEST(Input, KeysHaveTheNumbersThatHandlersKnow) {
-  for (const auto& [qt, modifiers, code] : std::initializer_list<KeyCase>{{Qt::Key_Return, {}, 13},
+  for (const auto& [qt, modifiers, code] :
+       std::initializer_list<std::tuple<int, Qt::KeyboardModifiers, int>>{{Qt::Key_Return, {}, 13},
                                                                           {Qt::Key_Enter, Qt::KeypadModifier, 13},
                                                                           {Qt::Key_Escape, {}, 27},
                                                                           {Qt::Key_Control, {}, 17},

@@ -82,22 +82,13 @@ TEST(MaskedName, ANewBaseTakesACounter) {
 }
 
 TEST(NextCounter, GoesOnByOne) {
-  for (const auto& [counter, point, comma] : std::vector<std::tuple<std::string, std::string, std::string>>{
-           {"9", "10", "10"},
-           {"0099", "100", "100"},
-           {"1.5", "2.5", "16"},  // the other sign parts groups
-           {"1,5", "16", "2,5"},
-           {"1.50", "2.5", "151"},
-           {"2.0", "3", "21"},
-           {"-1", "0", "0"},
-           {"-0.25", "0.75", "-24"},
-           {"-1.25", "-0.25", "-124"},
-           {"+4", "5", "5"},
-           {" 4 ", "5", "5"},
-           {".5", "1.5", "1"},
-           {"99999999999999999999", "100000000000000000000", "100000000000000000000"}}) {
-    EXPECT_EQ(nextCounter(counter, Points), point) << counter;
-    EXPECT_EQ(nextCounter(counter, Commas), comma) << counter;
+  // The counter, and the next one where a point or a comma stands before decimals; the other sign parts groups.
+  for (const auto text : test::Rows{"9|10|10", "0099|100|100", "1.5|2.5|16", "1,5|16|2,5", "1.50|2.5|151", "2.0|3|21",
+                                    "-1|0|0", "-0.25|0.75|-24", "-1.25|-0.25|-124", "+4|5|5", " 4 |5|5", ".5|1.5|1",
+                                    "99999999999999999999|100000000000000000000|100000000000000000000"}) {
+    const test::Row row(text);
+    EXPECT_EQ(nextCounter(row.first, Points), row.second) << text;
+    EXPECT_EQ(nextCounter(row.first, Commas), row.third) << text;
   }
 }
 

@@ -94,6 +94,11 @@ class AppTest : public testing::Test {
   panels::Panel& right() { return rig.form().Panel2; }
   platform::FileSystem& files() { return rig.platform->files; }
   std::string status(int number) { return form().StatusBar1.panel(number); }
+  /// Makes small files below `C:`.
+  void write(const Names& paths) {
+    for (const std::string& path : paths)
+      rig.write("C:\\" + path);
+  }
   /// Takes the panels to these folders; the left one is active then.
   void show(const std::string& leftFolder, const std::string& rightFolder);
   /// Adds these rows of the left panel to what is selected, the first one alone.
