@@ -1,7 +1,5 @@
 #include "support/app_rig.hpp"
 
-#include "platform/forwarding_file_system.hpp"
-
 namespace varnholt::app {
 namespace {
 

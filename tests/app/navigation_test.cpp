@@ -3,8 +3,6 @@
 #include "core/program_files.hpp"
 #include "platform/paths.hpp"
 
-#include <unistd.h>
-
 namespace varnholt::app {
 namespace {
 
@@ -154,7 +152,7 @@ TEST_F(NavigationTest, TheHistoryHoldsEachFolderOnceAndFiftyAtMost) {
   rig.command("savefolder_his_Click");
   rig.command("ClearHis_Click");
   EXPECT_TRUE(form().ImageCombo1.Items->empty());
-  rig.loop.whenShows("Form13").reads("Caption", "Information").reads("Label1", "No Folder History To Store !").closes();
+  rig.loop.whenShows("Form13").reads({"Caption|Information", "Label1|No Folder History To Store !"}).closes();
   rig.command("savefolder_his_Click");
 }
 
@@ -330,8 +328,7 @@ TEST_F(NavigationTest, APathTypedIntoAPathLineGoesThere) {
   EXPECT_EQ(form().Text2.Text.get(), "D:\\no such");
   EXPECT_TRUE(form().Text2.hasFocus());
   types("D:\\no such", controls::key::Esc);
-  EXPECT_EQ(form().Text2.Text.get(), "D:\\Deep");
-  EXPECT_EQ(left().path(), "C:\\");
+  EXPECT_EQ(form().Text2.Text.get() + "|" + left().path(), "D:\\Deep|C:\\");
 }
 
 TEST_F(NavigationTest, ADriveThatGoesAwayTakesItsPanelHome) {

@@ -15,6 +15,9 @@ class StartTest : public test::AppTest {
  protected:
   std::string setting(const core::SettingKey& key) { return core::Settings(rig.platform->settings).get(key); }
   std::string programFile(std::string_view literal) { return rig.programFolder() + std::string(literal); }
+  void keep(std::string_view literal, const std::string& text) {
+    ASSERT_TRUE(files().writeFile(programFile(literal), text));
+  }
   std::string readProgramFile(std::string_view literal) { return files().readFile(programFile(literal)).valueOr(""); }
   void closeWindow() { form().closeFromUser(); }
 };
@@ -44,7 +47,7 @@ TEST_F(StartTest, AFirstStartHasEveryDefault) {
 
 TEST_F(StartTest, ANarrowScreenIsAWarningAndNoMore) {
   rig.loop.screen().width = 9'990;
-  rig.loop.whenShows("Form13").reads("Caption", "Alert").reads("Label1", "Monitor Width to Small !").run([&](auto&) {
+  rig.loop.whenShows("Form13").reads({"Caption|Alert", "Label1|Monitor Width to Small !"}).run([&](auto&) {
     EXPECT_EQ(form().Timer2.Interval, 2000);
     form().Timer2.Tick();
   });
@@ -102,7 +105,7 @@ TEST_F(StartTest, TheLogIsWrittenOnceAndNeverAgain) {
             std::string::npos);
   EXPECT_NE(log.find("[FreeSpace]     ~ "), std::string::npos);
   EXPECT_TRUE(log.ends_with(" MB Free\r\n")) << log;
-  ASSERT_TRUE(files().writeFile(programFile(core::program_file::Log), "mine"));
+  keep(core::program_file::Log, "mine");
   rig.restart();
   ASSERT_TRUE(rig.start());
   EXPECT_EQ(readProgramFile(core::program_file::Log), "mine");
@@ -178,9 +181,8 @@ TEST_F(StartTest, ABadStoredNumberCostsOnlyItsOwnValue) {
 
 TEST_F(StartTest, HistoriesComeBackWithoutWhatIsGone) {
   rig.makeFolder("C:\\here");
-  ASSERT_TRUE(files().writeFile(programFile(core::program_file::DirHis),
-                                "C:\\here\r\nC:\\vanished\\\n\r\nc:\\HERE\\\r\n\xFF\x00 garbage\r\n"));
-  ASSERT_TRUE(files().writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\nC:\\b.txt"));
+  keep(core::program_file::DirHis, "C:\\here\r\nC:\\vanished\\\n\r\nc:\\HERE\\\r\n\xFF\x00 garbage\r\n");
+  keep(core::program_file::FileHis, "C:\\a.txt\r\nC:\\b.txt");
   ASSERT_TRUE(rig.start());
   EXPECT_EQ(rig.app().histories.folders.entries(), std::vector<std::string>{"C:\\here\\"});
   EXPECT_EQ(form().ImageCombo1.Items->size(), 1u);
@@ -193,11 +195,8 @@ TEST_F(StartTest, HistoriesComeBackWithoutWhatIsGone) {
 }
 
 TEST_F(StartTest, TwoRunningCopiesLoseNoneOfEachOthersHistory) {
-  const auto write = [&](std::string_view literal, const std::string& text) {
-    ASSERT_TRUE(files().writeFile(programFile(literal), text));
-  };
-  write(core::program_file::FileHis, "C:\\old.txt\r\nC:\\taken out.txt\r\n");
-  write(core::program_file::GetFolders, "C:\\\r\nD:\\was\\\r\n");
+  keep(core::program_file::FileHis, "C:\\old.txt\r\nC:\\taken out.txt\r\n");
+  keep(core::program_file::GetFolders, "C:\\\r\nD:\\was\\\r\n");
   ASSERT_TRUE(rig.start());
   AppRig other(rig.scratch.path());
   ASSERT_TRUE(other.start());
@@ -244,7 +243,7 @@ TEST(Arguments, AreAnsweredWithoutAWindowOrNameFolders) {
 }
 
 TEST_F(StartTest, WithoutAutoSaveTheHistoriesStayAsTheyAre) {
-  ASSERT_TRUE(files().writeFile(programFile(core::program_file::FileHis), "C:\\a.txt\r\n"));
+  keep(core::program_file::FileHis, "C:\\a.txt\r\n");
   ASSERT_TRUE(rig.start());
   rig.app().histories.files.add("C:\\new.txt");
   rig.menu("AutoSaveHis").choose();

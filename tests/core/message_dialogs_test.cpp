@@ -19,7 +19,7 @@ TEST_F(MessageDialogsTest, AQuestionTellsItsFourAnswersApart) {
        {std::pair{"Command11", Answer::Yes}, {"Command1", Answer::No}, {"Command2", Answer::All}, {"", Answer::None}}) {
     for (const bool retry : {true, false}) {
       dialogs.Form11.Command2.Visible = true;
-      auto& step = loop.whenShows("Form11").reads("Caption", "Alert !").reads("Label1", "Go on ?");
+      auto& step = loop.whenShows("Form11").reads({"Caption|Alert !", "Label1|Go on ?"});
       *button ? step.press(button) : step.closes();
       if (retry) {
         EXPECT_EQ(dialogs.AskRetry("Go on ?"), answer == Answer::Yes) << button;
@@ -60,8 +60,7 @@ TEST_F(MessageDialogsTest, ANoticeGoesByAClickOrByItsTimerAndStopsIt) {
   const auto tick = [&](controls::Form&) { Timer2.Tick(); };
   for (const std::function<void(controls::Form&)>& goes : {std::function<void(controls::Form&)>(click), {tick}}) {
     loop.whenShows("Form13")
-        .reads("Caption", "Information")
-        .reads("Label1", "Done")
+        .reads({"Caption|Information", "Label1|Done"})
         .run([&](controls::Form&) { EXPECT_TRUE(Timer2.Enabled); })
         .run(goes);
     dialogs.inform("Done");

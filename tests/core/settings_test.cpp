@@ -51,7 +51,7 @@ TEST_F(SettingsTest, RegistryWrappersGiveFallbacksAndNeverErrors) {
   EXPECT_FALSE(registry.CheckRegistryKey(RegistryRoot::CurrentUser, key));
   EXPECT_FALSE(registry.SetRegistryValue(RegistryRoot::CurrentUser, key, "name", std::string("x")));
 
-  rig.loop.whenShows("Form13").reads("Caption", "Information").reads("Label1", "Window = 65535").closes();
+  rig.loop.whenShows("Form13").reads({"Caption|Information", "Label1|Window = 65535"}).closes();
   EXPECT_TRUE(registry.SetRegValue(RegistryRoot::CurrentUser, key, "Window", 65535));
   for (const char* spelling : {"SOFTWARE\\varnholt TEST", "\\Software\\Varnholt test\\", "software", ""})
     EXPECT_TRUE(registry.CheckRegistryKey(RegistryRoot::CurrentUser, spelling)) << spelling;

@@ -271,10 +271,13 @@ class Program:
 
 
 def run(road):
-    """Runs one road on the program named on the command line, and tells how it ended."""
+    """Runs one road on the program named on the command line, leaves it by its key, and tells how it ended."""
     program = Program(sys.argv[1])
     try:
         road(program)
+        if program.process.poll() is None:
+            program.keys("alt+F4")
+            program.await_end()
     except Failure as failure:
         picture = os.path.join(os.getcwd(), os.path.basename(sys.argv[0]) + ".png")
         subprocess.run(["import", "-window", "root", picture], check=False)

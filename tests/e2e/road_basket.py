@@ -90,8 +90,6 @@ def road(program):
     for step in (paste, keep, load_again):
         print(step.__name__, flush=True)
         step(program)
-    program.keys("alt+F4")
-    program.await_end()
 
 
 sys.exit(run(road))

@@ -207,8 +207,6 @@ def road(program):
     for step in (question_about_a_long_name, left_out, drop_while_a_folder_is_read, stop_in_a_big_item):
         print(step.__name__, flush=True)
         step(steps)
-    program.keys("alt+F4")
-    program.await_end()
 
 
 sys.exit(run(road))

@@ -43,8 +43,6 @@ def road(program):
     program.keys("Return")
     program.wait_for_rows(1, "Sun")
     program.wait_for_no_dialog()
-    program.keys("alt+F4")
-    program.await_end()
 
 
 def mask(program, start):

@@ -13,10 +13,7 @@ TEST_F(CopyTest, TheDialogTellsWhatIsSelected) {
   select({"a"});
   const auto color = [&] { return left().list.item(rig.rowOf(left(), "a")).ForeColor(); };
   rig.loop.whenShows("Form3")
-      .reads("Text1", "a.txt")
-      .reads("Text2", "Copy 1 selected File(s) / Folder(s)")
-      .reads("Text3", "C:\\To\\")
-      .reads("Caption", "Copy Item(s)")
+      .reads({"Text1|a.txt", "Text2|Copy 1 selected File(s) / Folder(s)", "Text3|C:\\To\\", "Caption|Copy Item(s)"})
       .run([&](controls::Form&) {
         EXPECT_EQ(form().mode(), "CopyMode");
         EXPECT_EQ(color(), panels::mark_color::Copy);
@@ -146,7 +143,7 @@ TEST_F(CopyTest, DroppedFilesOfAnotherProgramGoWhereTheyAreDropped) {
   rig.write("D:\\drop\\tree\\y.txt", "y");
   select({});
   controls::DropEvent event{{"D:\\drop\\x.txt", "D:\\drop\\tree"}, {}, nullptr, false};
-  rig.loop.whenShows("Form3").reads("Text1", "MultiCopy Selected !").reads("Text3", "C:\\From\\").press("Command11");
+  rig.loop.whenShows("Form3").reads({"Text1|MultiCopy Selected !", "Text3|C:\\From\\"}).press("Command11");
   left().list.OLEDragDrop(event);
   EXPECT_TRUE(event.accepted);
   EXPECT_EQ(rig.read("C:\\From\\x.txt") + rig.read("C:\\From\\tree\\y.txt"), "xy");

@@ -40,11 +40,9 @@ TEST_F(OverwriteTest, TheQuestionComparesBothFiles) {
   rig.setDate("C:\\From\\a.txt", 2012, 5, 6);
   rig.loop.meets({{"Form3"}});
   rig.loop.whenShows("Form7")
-      .reads("Caption", "Overwrite Warning !, - Files Not Equal !")
-      .reads("Label1", "Source FileName:     a.txt")
-      .reads("Label2", "Date L.m: 06-05-12  12:00   Size: 1,234   Version: NA")
-      .reads("Label3", "Target FileName:     C:\\To\\a.txt")
-      .reads("Label4", "Date L.m: 06-05-10  12:00   Size: 9   Version: NA")
+      .reads({"Caption|Overwrite Warning !, - Files Not Equal !", "Label1|Source FileName:     a.txt",
+              "Label2|Date L.m: 06-05-12  12:00   Size: 1,234   Version: NA",
+              "Label3|Target FileName:     C:\\To\\a.txt", "Label4|Date L.m: 06-05-10  12:00   Size: 9   Version: NA"})
       .run([&](controls::Form&) { EXPECT_TRUE(ops().Form7.Command4.Enabled); })
       .press("Command1");
   select({"a"});
@@ -55,8 +53,8 @@ TEST_F(OverwriteTest, TheQuestionComparesBothFiles) {
   select({"a"});
   rig.loop.meets({{"Form3"}});
   rig.loop.whenShows("Form7")
-      .reads("Caption", "Overwrite Warning !, - Files Equal !")
-      .reads("Label2", "Date L.m: 05-06-10  12:00 PM   Size: 9   Version: NA")
+      .reads({"Caption|Overwrite Warning !, - Files Equal !",
+              "Label2|Date L.m: 05-06-10  12:00 PM   Size: 9   Version: NA"})
       .press("Command2");
   rig.command("Command1_Click");
   const std::string deep = "C:\\" + std::string(40, 'd'),
@@ -162,21 +160,12 @@ TEST_F(OverwriteTest, VersionsThatDifferAreAskedAbout) {
 
 TEST_F(OverwriteTest, ProtectedTargetsAreAskedAboutByTheirAttributes) {
   // The words of the question; empty: none is asked.
-  for (const auto& [attributes, marks] :
-       std::map<platform::Attributes, std::string>{{1, "Readonly"},
-                                                   {33, "Readonly"},
-                                                   {2, "Hidden"},
-                                                   {34, "Hidden"},
-                                                   {4, "System File"},
-                                                   {36, "System File"},
-                                                   {3, "Readonly and Hidden"},
-                                                   {35, "Readonly and Hidden"},
-                                                   {7, "Readonly,Hidden and SystemFile"},
-                                                   {39, "Readonly,Hidden and SystemFile"},
-                                                   {38, "Archive,Hidden and SystemFile"},
-                                                   {6, ""},
-                                                   {5, ""},
-                                                   {32, ""}}) {
+  for (const auto text :
+       test::Rows{"1|Readonly", "33|Readonly", "2|Hidden", "34|Hidden", "4|System File", "36|System File",
+                  "3|Readonly and Hidden", "35|Readonly and Hidden", "7|Readonly,Hidden and SystemFile",
+                  "39|Readonly,Hidden and SystemFile", "38|Archive,Hidden and SystemFile", "6|", "5|", "32|"}) {
+    const auto attributes = static_cast<platform::Attributes>(std::stoul(test::Row(text).first));
+    const std::string marks = test::Row(text).second;
     pairs({"a"});
     protect("C:\\To\\a", attributes);
     Answers answers{existing(ThisOne)};
@@ -264,25 +253,6 @@ TEST_F(OverwriteTest, CancelAndTheCloseBoxOfEachDialogChangeNothing) {
       EXPECT_TRUE(rig.exists("C:\\From\\a") && rig.exists("C:\\From\\Sub\\x"));
       EXPECT_EQ(rig.read("C:\\To\\Sub\\x"), "old Sub\\x");
     }
-}
-
-TEST_F(OverwriteTest, ARenameAsksWithItsOwnLines) {
-  pairs({"a.txt"});
-  rig.loop.whenShows("Form7")
-      .reads("Label1", "OverWrite File:     a.txt")
-      .reads("Label2", "Date:  06-05-10  12:00       Size:  9 Bytes")
-      .reads("Label3", "With File:     b.txt")
-      .reads("Label4", "Date:  06-05-10  12:00       Size:  10 Bytes")
-      .press("Command11");
-  rig.write("C:\\From\\b.txt", std::string(10, 'b'));
-  rig.setDate("C:\\From\\b.txt", 2010, 5, 6);
-  EXPECT_EQ(ops().policy.RenameWarning("C:\\From\\a.txt", "C:\\From\\b.txt"), Overwrite::ThisOne);
-  rig.loop.whenShows("Form7")
-      .reads("Label1", "With Filename:     a.txt")
-      .reads("Label2", "Date:  06-05-10  12:00       size:  9 Bytes")
-      .reads("Label3", "As New File:        a.txt")
-      .press("Command1");
-  EXPECT_EQ(ops().policy.RenameWarning("C:\\From\\a.txt", "C:\\From\\a.txt"), Overwrite::Skip);
 }
 
 }  // namespace

@@ -21,7 +21,6 @@ TEST_F(FileFilterTest, SelectsByPatternsAndNeverAFolder) {
     EXPECT_EQ(selected(left()), names) << pattern;
     EXPECT_EQ(form().filecollect.count(), names.size()) << pattern;
     EXPECT_EQ(rig.menu("Filefilter").Caption.get(), std::string("|  File Filter: ") + pattern);
-    EXPECT_EQ(left().inconsistency(), "");
   }
 }
 
@@ -81,45 +80,36 @@ TEST_F(FileFilterTest, ThePatternIsThereAgainAfterANewStart) {
 }
 
 TEST_F(FileFilterTest, BothBoundsAreStrictNumbersOfTheRegionAndRefusedWhenNothingCanLieBetween) {
-  for (const auto& [name, bytes] :
-       {std::pair{"a", 0}, {"b", 999'999}, {"c", 1'000'000}, {"d", 1'000'001}, {"e", 1'500'000}, {"f", 2'000'000}})
-    sized(std::string("C:\\") + name, static_cast<std::uint64_t>(bytes));
+  for (const auto row : test::Rows{"a|0", "b|999999", "c|1000000", "d|1000001", "e|1500000", "f|2000000"})
+    sized("C:\\" + test::Row(row).first, std::stoull(test::Row(row).second));
   rig.startLeft();
-  const char* const equal = "FileSize Input Data Equal !";
-  const char* const mismatch = "FileSize Input Data Mismatch !";
-  const std::tuple<const char*, const char*, const char*, Names, std::string> rows[] = {
-      {"1", "2", ".", {"d", "e"}, ""},
-      {" 1 ", "", ".", {"d", "e", "f"}, ""},
-      {"", "1", ".", {"a", "b"}, ""},
-      {"0", "1.000001", ".", {"b", "c"}, ""},
-      {"-1", "0.5", ".", {"a"}, ""},
-      {"0,999999", "1,500001", ",", {"c", "d", "e"}, ""},
-      {"0.999999", "1,5", ",", {}, mismatch},
-      {"1", "1", ".", {}, equal},
-      {"", "", ".", {}, equal},
-      {" 2", "2 ", ".", {}, equal},
-      {"2", "1", ".", {}, mismatch},
-      {"one", "2", ".", {}, mismatch},
-      {"1", "2 MB", ".", {}, mismatch}};
-  for (const auto& [lower, upper, sign, names, refusal] : rows) {
-    SCOPED_TRACE(std::string(lower) + " < X < " + upper);
-    rig.platform->regional.decimalSign = sign;
+  const auto filtered = [&](const test::Row& row, const std::string& refusal) {
+    rig.platform->regional.decimalSign = row.third;
     left().list.selectNone();
     rig.app().selection.resetcollect();
     rig.loop.whenShows("Form6")
-        .run([&, lower = lower, upper = upper](controls::Form&) {
+        .run([&](controls::Form&) {
           type(filters().Form6.Text2, "*.*");
-          askSizes(filters().Form6, lower, upper);
+          askSizes(filters().Form6, row.first, row.second);
         })
         .press("Command11")
-        .run([isRefused = !refusal.empty()](controls::Form& dialog) {
-          EXPECT_EQ(dialog.Visible.get(), isRefused);
+        .run([&](controls::Form& dialog) {
+          EXPECT_EQ(dialog.Visible.get(), !refusal.empty());
           dialog.Hide();
         });
     if (!refusal.empty()) rig.loop.meets({test::noticed(refusal)});
     rig.command("Command5_Click");
-    EXPECT_EQ(selected(left()), names);
-  }
+    std::string names;
+    for (const std::string& name : selected(left()))
+      names += name;
+    return names;
+  };
+  for (const auto row :
+       test::Rows{"1|2|.|de", " 1 ||.|def", "|1|.|ab", "0|1.000001|.|bc", "-1|0.5|.|a", "0,999999|1,500001|,|cde"})
+    EXPECT_EQ(filtered(test::Row(row), {}), test::Row(row).fourth) << row;
+  for (const auto row : test::Rows{"1|1|.|Equal", "||.|Equal", " 2|2 |.|Equal", "2|1|.|Mismatch", "one|2|.|Mismatch",
+                                   "1|2 MB|.|Mismatch", "0.999999|1,500001|,|Mismatch"})
+    EXPECT_EQ(filtered(test::Row(row), "FileSize Input Data " + test::Row(row).fourth + " !"), "") << row;
 }
 
 TEST_F(FileFilterTest, MoreAndLessShowAndHideTheSizes) {
@@ -134,32 +124,28 @@ TEST_F(FileFilterTest, MoreAndLessShowAndHideTheSizes) {
 }
 
 TEST_F(FileFilterTest, AttributesAreExactButForArchive) {
-  for (const auto& [name, bits] : {std::pair{"C:\\plain", 0u},
-                                   {"C:\\ro", 1},
-                                   {"C:\\ro-archive", 33},
-                                   {"C:\\hidden", 2},
-                                   {"C:\\system-archive", 36},
-                                   {"C:\\ro-hidden", 3},
-                                   {"C:\\all", 7}}) {
-    rig.write(name);
-    setAttributes(name, bits);
+  for (const auto row :
+       test::Rows{"plain|0", "ro|1", "ro-archive|33", "hidden|2", "system-archive|36", "ro-hidden|3", "all|7"}) {
+    write({test::Row(row).first});
+    setAttributes("C:\\" + test::Row(row).first, static_cast<platform::Attributes>(std::stoul(test::Row(row).second)));
   }
   rig.startLeft();
   rig.menu("HidSysfiles").choose();
-  const std::tuple<bool, bool, bool, Names, std::string> rows[] = {{true, false, false, {"ro", "ro-archive"}, "RO"},
-                                                                   {false, true, false, {"system-archive"}, "SYS"},
-                                                                   {false, false, true, {"hidden"}, "HID"},
-                                                                   {true, false, true, {"ro-hidden"}, "RO HID"},
-                                                                   {true, true, true, {"all"}, "RO SYS HID"}};
-  for (const auto& [readOnly, system, hidden, names, tip] : rows) {
-    fileFilter([&, readOnly = readOnly, system = system, hidden = hidden](Form6& dialog) {
+  // The boxes that are checked, as the tip names them, and the names that are selected.
+  for (const auto text :
+       test::Rows{"RO|ro ro-archive ", "SYS|system-archive ", "HID|hidden ", "RO HID|ro-hidden ", "RO SYS HID|all "}) {
+    const test::Row row(text);
+    fileFilter([&](Form6& dialog) {
       type(dialog.Text2, "*.*");
-      set(dialog.Check1, readOnly);
-      set(dialog.Check2, system);
-      set(dialog.Check3, hidden);
+      set(dialog.Check1, row.first.find("RO") != std::string::npos);
+      set(dialog.Check2, row.first.find("SYS") != std::string::npos);
+      set(dialog.Check3, row.first.find("HID") != std::string::npos);
     });
-    EXPECT_EQ(selected(left()), names);
-    EXPECT_EQ(rig.menu("Filefilter").ToolTipText.get(), "The filter that made the selection [" + tip + "]");
+    std::string names;
+    for (const std::string& name : selected(left()))
+      names += name + " ";
+    EXPECT_EQ(names, row.second);
+    EXPECT_EQ(rig.menu("Filefilter").ToolTipText.get(), "The filter that made the selection [" + row.first + "]");
   }
 }
 

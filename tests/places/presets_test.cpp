@@ -1,6 +1,5 @@
 // Presets: pairs of folders that are named, visited, or stored.
 #include "support/app_rig.hpp"
-#include "support/faulty_file_system.hpp"
 
 #include "core/program_files.hpp"
 #include "platform/text_fold.hpp"

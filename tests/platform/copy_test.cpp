@@ -7,7 +7,6 @@
 #include <cerrno>
 
 #include <sys/syscall.h>
-#include <unistd.h>
 
 namespace {
 
@@ -117,8 +116,7 @@ TEST_F(Copies, NeverOntoItself) {
   for (const std::string& target : {temp.at("a"), temp.at("a", 'E'), temp.at("l"), temp.at("h")})
     for (bool overwrite : {true, false})
       EXPECT_EQ(codeOf(temp.files.copyFile(temp.at("a"), target, overwrite)), ErrorCode::SameEntry) << target;
-  EXPECT_EQ(temp.read("a"), "bytes");
-  EXPECT_EQ(temp.linkText("l"), "a");
+  EXPECT_EQ(temp.read("a") + temp.linkText("l"), "bytesa");
   EXPECT_EQ(temp.facts("a").st_nlink, 2u);
 }
 

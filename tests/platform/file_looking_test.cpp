@@ -4,8 +4,6 @@
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 
-#include <unistd.h>
-
 namespace varnholt::platform {
 namespace {
 
@@ -36,8 +34,6 @@ class Looking : public testing::Test {
   TempFolder temp;
   using Names = std::vector<std::string>;
 };
-
-// --- Listing ---------------------------------------------------------------------------------------------------------
 
 TEST_F(Looking, FoldersAndFilesApartByLoweredName) {
   temp.folder("beta").folder("Alpha");
@@ -106,8 +102,6 @@ TEST_F(Looking, EntriesThatMayNotBeAskedAreStillListed) {
   }));
 }
 
-// --- One path --------------------------------------------------------------------------------------------------------
-
 TEST_F(Looking, FileLargerThanFourGigabytes) {
   temp.file("huge", "");
   ASSERT_EQ(::truncate(temp.system("huge").c_str(), 5LL << 30), 0);
@@ -153,8 +147,6 @@ TEST_F(Looking, SpelledAsTheDiskHasIt) {
   for (const char* path : {"C:photos", "nonsense", ""})
     EXPECT_EQ(codeOf(temp.files.resolve(path)), ErrorCode::InvalidPath) << path;
 }
-
-// --- Sizes -----------------------------------------------------------------------------------------------------------
 
 TEST_F(Looking, TheSizeOfATreeCountsItsFilesOnceAndFollowsNothing) {
   temp.file("tree/a", "12345").file("tree/f/b", "123").folder("tree/f/g").file("outside/big", std::string(1000, 'x'));

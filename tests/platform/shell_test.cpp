@@ -6,9 +6,7 @@
 
 #include <sstream>
 
-#include <fcntl.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace varnholt::platform::posix {
 namespace {
@@ -118,19 +116,17 @@ TEST_F(ShellTest, TellsWhyAProgramDoesNotStart) {
   folder.write("c/no_program.txt", "text");
   std::filesystem::permissions(folder / "c/no_program.txt", std::filesystem::perms(0644));
   folder.writeScript("c/setup.exe", std::string("MZ\x90\0\3\0\0\0", 8));
-  const std::pair<const char*, ErrorCode> cases[] = {{"", ErrorCode::NotFound},
-                                                     {"\"\" x", ErrorCode::NotFound},
-                                                     {"no-such-program-anywhere x", ErrorCode::NotFound},
-                                                     {"C:\\missing.exe", ErrorCode::NotFound},
-                                                     {"Q:\\missing.exe", ErrorCode::NotFound},
-                                                     {"C:\\no_program.txt", ErrorCode::AccessDenied},
-                                                     {"\"C:\\My Folder\"", ErrorCode::AccessDenied},
-                                                     {"C:\\setup.exe", ErrorCode::NotSupported}};
-  for (const auto& [command, code] : cases) {
-    const auto started = shell.start(command);
-    ASSERT_FALSE(started) << command;
-    EXPECT_EQ(started.error().code, code) << command << ": " << started.error().text;
-  }
+  using enum ErrorCode;
+  const std::pair<ErrorCode, Words> cases[] = {
+      {NotFound, {"", "\"\" x", "no-such-program-anywhere x", "C:\\missing.exe", "Q:\\missing.exe"}},
+      {AccessDenied, {"C:\\no_program.txt", "\"C:\\My Folder\""}},
+      {NotSupported, {"C:\\setup.exe"}}};
+  for (const auto& [code, commands] : cases)
+    for (const std::string& command : commands) {
+      const auto started = shell.start(command);
+      ASSERT_FALSE(started) << command;
+      EXPECT_EQ(started.error().code, code) << command << ": " << started.error().text;
+    }
   EXPECT_EQ(shell.start("true", "Q:\\x").error().code, ErrorCode::InvalidPath);
   EXPECT_EQ(shell.start("true", "C:\\missing").error().code, ErrorCode::NotFound);
 }

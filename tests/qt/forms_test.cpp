@@ -14,8 +14,6 @@
 #include <QMenuBar>
 #include <QScreen>
 
-#include <algorithm>
-
 namespace varnholt::test {
 namespace {
 

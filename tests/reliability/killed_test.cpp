@@ -3,9 +3,6 @@
 #include "support/kill_at.hpp"
 #include "world.hpp"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 namespace varnholt::test {
 namespace {
 
@@ -184,8 +181,6 @@ class Delete : public Operation {
     EXPECT_TRUE(world.has("C:/Kept/file"));
   }
 };
-
-// --- Killing -------------------------------------------------------------------------------------------------------
 
 /// One kill: a fresh disk, the program, its end, and what its next starts find.
 class Round {

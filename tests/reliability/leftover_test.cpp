@@ -1,16 +1,12 @@
 // What killed copies leave is cleared by the next change in the folder, and nothing else ever is.
 
-#include "platform/forwarding_file_system.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "support/temp_folder.hpp"
 #include "world.hpp"
 
 #include <iostream>
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace varnholt::test {
 namespace {
@@ -20,8 +16,6 @@ using platform::posix::isTemporaryName;
 using platform::posix::temporaryName;
 using platform::posix::UniqueFd;
 using Names = std::vector<std::string>;
-
-// --- The next start ------------------------------------------------------------------------------------------------
 
 /// The process is killed as soon as the copy of a folder tells that it is on its way.
 struct Killing : platform::ForwardingFileSystem {
@@ -39,23 +33,19 @@ TEST(AKilledFolderCopy, LeavesNothingBehindTheNextStart) {
     world.file("C:/From/tree/" + std::to_string(file), pattern(1 << 20, 1));
   world.file("D:/To/.vnh-mine", "mine");
   const TreeSnapshot before = world.tree("D:/To");
-  ASSERT_TRUE(KillAt([] {},
-                     [&] {
-                       User user(world, [](auto& real) { return std::make_unique<Killing>(real); });
-                       user.open("C:\\From", "D:\\To");
-                       user.mark({"\\ tree"});
-                       user.meets({{"Form3"}});
-                       user.copies();
-                     })
-                  .byItself());
+  ASSERT_TRUE(diesInChild([&] {
+    User user(world, [](auto& real) { return std::make_unique<Killing>(real); });
+    user.open("C:\\From", "D:\\To");
+    user.mark({"\\ tree"});
+    user.meets({{"Form3"}});
+    user.copies();
+  }));
   ASSERT_NE(difference(before, world.tree("D:/To")), "");
   ASSERT_TRUE(heldInChild([&] { User next(world); }));
   EXPECT_EQ(difference(before, world.tree("D:/To")), "");
   for (const std::string& name : world.names("data"))
     EXPECT_FALSE(name.starts_with(".vnh-working-")) << "it is forgotten, too";
 }
-
-// --- The next change -----------------------------------------------------------------------------------------------
 
 /// Files under temporary names of this program that nobody holds.
 class Leftover : public testing::Test {

@@ -1,7 +1,5 @@
 #include "world.hpp"
 
-#include <unistd.h>
-
 namespace varnholt::test {
 namespace {
 

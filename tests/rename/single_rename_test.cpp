@@ -1,7 +1,6 @@
 // One item after the other: stepping, questions, and what is refused.
 #include "rename_test.hpp"
 
-#include "platform/forwarding_file_system.hpp"
 #include "platform/paths.hpp"
 
 namespace varnholt::rename {
@@ -9,14 +8,9 @@ namespace {
 
 using SingleRenameTest = RenameTest;
 
-// --- Hand-over -----------------------------------------------------------------------------------------------------
-
 TEST_F(SingleRenameTest, TheSelectedFileGetsTheNewName) {
-  make({"a.txt"});
-  select({"a"});
-  rename([&] {
-    EXPECT_EQ(dialog().Caption.get(), "Rename Item(s)");
-    EXPECT_EQ(dialog().Text1.Text.get(), "a.txt");
+  rename({"a.txt"}, [&] {
+    EXPECT_EQ(dialog().Caption.get() + "|" + dialog().Text1.Text.get(), "Rename Item(s)|a.txt");
     EXPECT_TRUE(dialog().Text1.hasFocus());
     EXPECT_EQ(rig.form().mode(), "RenameMode");
     EXPECT_EQ(left().list.foreColor(left().list.selectedIds().at(0)), panels::mark_color::Rename);
@@ -27,16 +21,13 @@ TEST_F(SingleRenameTest, TheSelectedFileGetsTheNewName) {
   });
   EXPECT_EQ(contents("b.txt"), "a.txt");
   EXPECT_EQ(rig.names(left()), Names{"b|txt"});
-  EXPECT_FALSE(rig.app().dispatcher.busy);
   EXPECT_TRUE(rig.form().filecollect.empty());
   EXPECT_EQ(left().list.selectedCount(), 0u);
   EXPECT_TRUE(left().list.hasFocus());
 }
 
 TEST_F(SingleRenameTest, ArrowsStepWithoutRenaming) {
-  make({"a.txt", "b.txt"});
-  select({"a", "b"});
-  rename([&] {
+  rename({"a.txt", "b.txt"}, [&] {
     const auto shown = [&] { return dialog().Text1.Text.get(); };
     dialog().Image1.press();
     EXPECT_EQ(shown(), "a.txt") << "there is none before the first";
@@ -63,9 +54,7 @@ TEST_F(SingleRenameTest, ArrowsStepWithoutRenaming) {
 }
 
 TEST_F(SingleRenameTest, ButtonsChangeTheNameInTheField) {
-  make({"Ærø.TXT"});
-  select({"Ærø"});
-  rename([&] {
+  rename({"Ærø.TXT"}, [&] {
     const auto name = [&] { return dialog().Text1.Text.get(); };
     dialog().Command3.press();
     EXPECT_EQ(name(), "ærø.txt");
@@ -81,9 +70,7 @@ TEST_F(SingleRenameTest, ButtonsChangeTheNameInTheField) {
 }
 
 TEST_F(SingleRenameTest, ANameThatCannotStandIsRefusedAndTheItemStays) {
-  make({"a.txt"});
-  select({"a"});
-  rename([&] {
+  rename({"a.txt"}, [&] {
     for (const char* name : {"a/b", "a\\b", "what?"}) {
       expectAlert(std::string("InValid NewName !, ") + name);
       next(name);
@@ -100,14 +87,11 @@ TEST_F(SingleRenameTest, CancelAndTheCloseBoxLeaveTheRest) {
     select({"a", "b"});
     rename([&] { byBox ? dialog().closeFromUser() : dialog().Command2.press(); });
     EXPECT_TRUE(exists("a.txt") && exists("b.txt"));
-    EXPECT_FALSE(rig.app().dispatcher.busy);
   }
 }
 
 TEST_F(SingleRenameTest, WhatIsGoneIsSteppedOver) {
-  make({"a.txt", "b.txt"});
-  select({"a", "b"});
-  rename([&] {
+  rename({"a.txt", "b.txt"}, [&] {
     ASSERT_TRUE(files().deleteFile("C:\\Pics\\a.txt", false));
     expectAlert("File/Folder Path NOT Valid !");
     dialog().Command9.press();
@@ -187,29 +171,19 @@ TEST_F(SingleRenameTest, AnOpenFolderKeepsItsNameAndAPanelInsideARenamedOneGoesT
 
 TEST_F(SingleRenameTest, ProtectedFilesAreAskedAbout) {
   // The words of the question; empty: none is asked.
-  for (const auto& [attributes, words] :
-       std::map<platform::Attributes, std::string>{{1, "Readonly"},
-                                                   {2, "Hidden"},
-                                                   {3, "Readonly and Hidden"},
-                                                   {4, "System"},
-                                                   {6, "Hidden"},
-                                                   {7, "Readonly,Hidden,System"},
-                                                   {33, "Archive and Readonly"},
-                                                   {35, "Archive,Readonly,Hidden"},
-                                                   {36, "Archive and System"},
-                                                   {37, "Cannot Identify Attributes !"},
-                                                   {38, "Archive,Hidden,System"},
-                                                   {39, "Archive,Readonly,Hidden,System"},
-                                                   {32, ""},
-                                                   {34, ""},
-                                                   {0, ""},
-                                                   {5, ""}}) {
+  for (const auto text :
+       test::Rows{"1|Readonly", "2|Hidden", "3|Readonly and Hidden", "4|System", "6|Hidden", "7|Readonly,Hidden,System",
+                  "33|Archive and Readonly", "35|Archive,Readonly,Hidden", "36|Archive and System",
+                  "37|Cannot Identify Attributes !", "38|Archive,Hidden,System", "39|Archive,Readonly,Hidden,System",
+                  "32|", "34|", "0|", "5|"}) {
+    const auto attributes = static_cast<platform::Attributes>(std::stoul(test::Row(text).first));
+    const std::string words = test::Row(text).second;
     for (const bool agrees : {false, true}) {
       make({"a.txt"});
       protect("a.txt", attributes);
       rig.form().Menu["HidSysfiles"].Checked = true;
       select({"a"});
-      rename([&, words = words] {
+      rename([&] {
         if (!words.empty()) asks("Current File:  a.txt\r Are marked:  " + words + "\rAre you Sure ?", agrees);
         next("b.txt");
       });
@@ -226,13 +200,15 @@ TEST_F(SingleRenameTest, AFileInTheWayIsAskedAboutAndReplacedWithoutACopy) {
     const bool replaces = button == std::string("Command11") || button == std::string("Command6");
     make({"a.txt", "b.txt"});
     rig.scratch.hardLink("home/Other/second.txt", "home/Pics/a.txt");
+    for (const char* file : {"C:\\Pics\\a.txt", "C:\\Pics\\b.txt"})
+      rig.setDate(file, 2010, 5, 6);
     select({"a"});
     rig.app().fileops.policy.OverwritePrompt = true;
     rename([&] {
       rig.loop.whenShows("Form7")
-          .reads("Label1", "OverWrite File:     a.txt")
-          .reads("Label3", "With File:     b.txt")
-          .reads("Label6", "What is in \"b.txt\" now will be lost. \"a.txt\" takes its name.")
+          .reads({"Label1|OverWrite File:     a.txt", "Label2|Date:  06-05-10  12:00       Size:  5 Bytes",
+                  "Label3|With File:     b.txt", "Label4|Date:  06-05-10  12:00       Size:  5 Bytes",
+                  "Label6|What is in \"b.txt\" now will be lost. \"a.txt\" takes its name."})
           .run([&](controls::Form&) {
             EXPECT_FALSE(dialog().Command11.Enabled || dialog().Command2.Enabled);
             EXPECT_FALSE(rig.app().fileops.Form7.Command4.Enabled);
@@ -256,8 +232,7 @@ TEST_F(SingleRenameTest, AllHoldsForTheRestOfTheDialogOnly) {
     next("x.txt");
     next("y.txt");
   });
-  EXPECT_EQ(contents("x.txt"), "a.txt");
-  EXPECT_EQ(contents("y.txt"), "b.txt");
+  EXPECT_EQ(contents("x.txt") + contents("y.txt"), "a.txtb.txt");
   select({"c"});
   rename([&] {
     rig.loop.whenShows("Form7").press("Command1");
@@ -326,11 +301,12 @@ class CaselessRenameTest : public RenameTest {
 TEST_F(CaselessRenameTest, ANameInOtherCaseIsGivenAFileAfterAQuestion) {
   for (const char* button : {"Command11", "Command6"}) {
     make({"read.me"});
+    rig.setDate("C:\\Pics\\read.me", 2010, 5, 6);
     select({"read"});
     rename([&] {
       rig.loop.whenShows("Form7")
-          .reads("Label1", "With Filename:     read.me")
-          .reads("Label3", "As New File:        READ.me")
+          .reads({"Label1|With Filename:     read.me", "Label2|Date:  06-05-10  12:00       size:  7 Bytes",
+                  "Label3|As New File:        READ.me"})
           .press(button);
       next("READ.me");
     });
