@@ -50,6 +50,10 @@ std::vector<std::string> World::temporary(std::string_view folder, bool below) c
 User::User(const World& world, AppRig::Wrapper wrapper) : rig(world.path()) {
   if (wrapper) rig.useFiles(std::move(wrapper));
   rig.startLeft();
+  if (std::ranges::any_of(rig.platform->detours.waiting(),
+                          [this](const std::string& place) { return rig.platform->files.fileExists(place); }))
+    meets({told()});
+  rig.loop.giveTurn();
 }
 
 void User::open(const std::string& from, const std::string& to) {
@@ -64,6 +68,12 @@ void User::mark(const std::vector<std::string>& rows) {
     rig.click(left(), row, modifiers);
     modifiers.ctrl = true;
   }
+}
+
+void User::markBoth() {
+  for (panels::Panel* panel : {&left(), &rig.form().Panel2})
+    for (std::uint32_t row = 0; row < panel->list.count(); ++row)
+      rig.click(*panel, panel->list.cell(row, 0), {.ctrl = true});
 }
 
 void User::markAll() {
