@@ -100,6 +100,22 @@ TEST_F(MessageLoop, ADialogThatIsShownAgainWhileAnotherStandsOnItIsStillWaitedFo
   EXPECT_EQ(events, "answered pressed ");
 }
 
+TEST_F(MessageLoop, AQuestionThatComesAgainAtOnceHasTheKeyboard) {
+  for (int round = 0; round < 3; ++round) {
+    whenShown(dialogs.Form11, [&](QWidget* window) {
+      ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+      press(window, "Command1");
+    });
+    dialogs.ask("Overwrite this ?");
+    whenShown(dialogs.Form11, [&](QWidget* window) {
+      EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() != nullptr; }));
+      EXPECT_EQ(QApplication::focusWidget(), window->findChild<QPushButton*>("Command1"));
+      press(window, "Command1");
+    });
+    dialogs.ask("Overwrite that ?");
+  }
+}
+
 TEST_F(MessageLoop, AFormMayEndInItsOwnHandler) {
   auto form = std::make_unique<core::Form12>(loop);
   form->Label1.Caption = "Going away";
