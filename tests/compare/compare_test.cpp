@@ -1,6 +1,6 @@
 #include "compare/compare.hpp"
 #include "support/app_rig.hpp"
-#include "support/faulty_file_system.hpp"
+#include "support/stand_ins.hpp"
 #include "support/windows_program.hpp"
 
 #include <sys/stat.h>
