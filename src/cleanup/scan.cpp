@@ -69,7 +69,6 @@ std::optional<const char*> Scan::refusal() const {
 // --- The search ----------------------------------------------------------------------------------------------------
 
 void Scan::run() {
-  Form16_.setRoot(Form16_.Check10.Value ? desk_.form.activePanel()->path() : Form16_.root());
   hits_ = std::make_shared<Hits>();
   hits_->root = Form16_.root();
   advance_ = {};

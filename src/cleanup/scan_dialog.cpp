@@ -173,8 +173,13 @@ void Form16::Form_Unload() {
   desk_.form.filecollect.reset();
 }
 
+const panels::Panel& Form16::activePanel() const {
+  const panels::Panel* active = desk_.form.activePanel();
+  return active ? *active : desk_.form.Panel1;
+}
+
 void Form16::fillDrives() {
-  const panels::Panel& panel = *desk_.form.activePanel();
+  const panels::Panel& panel = activePanel();
   Drive1.Clear();
   int active = -1;
   for (const auto& item : panel.controls.Drive.Items.get()) {
@@ -222,7 +227,7 @@ void Form16::Command5_Click() {
 }
 
 void Form16::Check10_Click() {
-  const panels::Panel& panel = *desk_.form.activePanel();
+  const panels::Panel& panel = activePanel();
   Drive1.Enabled = !Check10.Value;
   setRoot(Check10.Value ? panel.path() : paths::driveOf(Drive1.Text.get()) + '\\');
 }

@@ -84,6 +84,7 @@ class Form16 : public controls::Form {
   void bind();
   void Form_Load();
   void Form_Unload();
+  const panels::Panel& activePanel() const;
   void fillDrives();
   void Drive1_Change();
   void Check10_Click();

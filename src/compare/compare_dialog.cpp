@@ -98,6 +98,8 @@ void Form30::setTexts() {
   ImageCombo1.AccessibleName = "Folder of the left panel";
   ImageCombo2.ToolTipText = "Select Folder from list as Right panel.";
   ImageCombo2.AccessibleName = "Folder of the right panel";
+  Label1.Caption = "Folder Left Panel.  ";
+  Label2.Caption = "Folder Right Panel.  ";
   Image2.ToolTipText = "Sync. Left to Right.";
   Image2.AccessibleName = "Left to right";
   Image3.ToolTipText = "Sync. Right to Left.";
