@@ -1,8 +1,6 @@
 #include "basket/paste_viewer.hpp"
 
 #include "core/format.hpp"
-#include "core/text_character.hpp"
-#include "core/val_input_rule.hpp"
 #include "fileops/item_in_hand.hpp"
 #include "platform/paths.hpp"
 
@@ -231,30 +229,9 @@ void basket::Form38::ListView1_DblClick() {
 
 // --- Collection files ----------------------------------------------------------------------------------------------
 
-std::string basket::Form38::askedName() {
-  const std::string name(core::trimmed(Text2.Text.get()));
-  const auto refused = core::firstRefusedCharacter(name);
-  if (!refused) return name;
-  Text2.Text = name;
-  desk_.program.dialogs.alert(core::refusedCharacterText(*refused));
-  Text2.SetFocus();
-  return {};
-}
-
 void basket::Form38::Command5_Click() {
-  auto& dialogs = desk_.program.dialogs;
-  std::string name = askedName();
-  if (name.empty()) return;
-  name += ".Col";
-  if (desk_.files().fileExists(files_.path(name)) &&
-      !dialogs.AskRetry("Collection File:  " + name + "\rAlready Exist !, - OverWrite ?"))
-    return;
-  const auto leftOut = files_.save(name, collection_.items());
-  if (!leftOut) return dialogs.alert("Cannot Save Collection File !\r" + name + " :  " + leftOut.error().text);
-  if (*leftOut > 0)
-    dialogs.alert(std::to_string(*leftOut) + " Item(s) Not Saved !\rTheir names have a line break in them.");
-  dialogs.inform("Saved As:  ...\\" + name);
-  showFiles();
+  const auto mayReplace = [this](const std::string& question) { return desk_.program.dialogs.AskRetry(question); };
+  if (files_.saveAs(Text2, collection_.items(), mayReplace)) showFiles();
 }
 
 std::string basket::Form38::chosenFile() const { return Combo1.ListIndex < 0 ? std::string() : Combo1.Text.get(); }

@@ -53,8 +53,6 @@ class Form38 : public controls::Form {
   void showFiles();
   void showMore(bool more);
   void take(const CollectionFiles::Loaded& loaded, const std::string& name);
-  /// The name to save under; empty: none, which was told.
-  std::string askedName();
   std::string chosenFile() const;
   /// The item of the row in focus that is still there; `gone` is told when it is not.
   std::optional<core::Item> chosenItem(const char* gone);

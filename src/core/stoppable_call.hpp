@@ -3,6 +3,7 @@
 #include "controls/message_loop.hpp"
 
 #include <atomic>
+#include <functional>
 
 namespace varnholt::core {
 
@@ -12,12 +13,12 @@ class StoppableCall {
  public:
   explicit StoppableCall(controls::MessageLoop& loop) : loop_(loop) {}
 
-  /// Runs the call to its end; false when it was stopped.
+  /// Runs the call to its end, with a tick as MessageLoop::runBlocking has it; false when it was stopped.
   template <class Call>
-  bool run(controls::Button& button, const Call& call) {
+  bool run(controls::Button& button, const Call& call, const std::function<void()>& tick = {}) {
     running_ = true;
     stopped_ = false;
-    loop_.runBlocking(call, {{}, &button});
+    loop_.runBlocking(call, {tick, &button});
     running_ = false;
     return !stopped_;
   }

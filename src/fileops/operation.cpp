@@ -416,12 +416,11 @@ bool TargetOperation::verify() {
 }
 
 void TargetOperation::changed() {
-  using platform::DriveType;
   const std::string target = desk_.form.TargetPath;
   bool wait = false;
   (void)runLong({}, [&](const platform::Progress&) {
     const auto volume = desk_.files().volume(target);
-    wait = volume && (volume->type == DriveType::Removable || volume->type == DriveType::Network);
+    wait = volume && volume->mayBePulledOut();
     return platform::Result<void>();
   });
   wait = wait && !dialog_.StopFlag;

@@ -26,6 +26,8 @@ struct DriveInfo {
 
   std::string root() const { return std::string(1, letter) + ":\\"; }
   bool isCompactDisc() const { return fileSystem == "CDFS"; }
+  /// What was written has to be on the medium before the user is told that all is done.
+  bool mayBePulledOut() const { return type == DriveType::Removable || type == DriveType::Network; }
   /// A disc of any kind: nothing on it can be changed.
   bool isDisc() const { return isCompactDisc() || fileSystem == "UDF"; }
 };
