@@ -78,7 +78,8 @@ class App {
  private:
   /// In the order of their entries in the menus.
   std::array<panels::Room*, 11> rooms() {
-    return {&NewSkin, &tools, &panelCommands, &fileops, &basket, &rename, &properties, &filters, &presets, &compare, &cleanup};
+    return {&NewSkin,    &tools,   &panelCommands, &fileops, &basket, &rename,
+            &properties, &filters, &presets,       &compare, &cleanup};
   }
   void addCommands();
   void drawButtons();

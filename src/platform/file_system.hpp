@@ -146,10 +146,10 @@ class FileSystem {
                                                const std::vector<std::string>& names) const = 0;
   /// Bytes and counts below a folder. NotFound, NotAFolder, Stopped; folders that cannot be read make it inexact.
   virtual Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const = 0;
-  /// The files whose names a test takes, in a folder and so many levels of folders (1: itself alone), level by level and
-  /// in the order of listings within each. Links are files unless they lead to a folder, and are not entered; neither
-  /// are mounted volumes. Folders that cannot be read hold nothing. Stopped, it gives what was found until then. NotFound,
-  /// NotAFolder.
+  /// The files whose names a test takes, in a folder and so many levels of folders (1: itself alone), level by level
+  /// and in the order of listings within each. Links are files unless they lead to a folder, and are not entered;
+  /// neither are mounted volumes. Folders that cannot be read hold nothing. Stopped, it gives what was found until
+  /// then. NotFound, NotAFolder.
   virtual Result<std::vector<FoundFile>> findFiles(const std::string& folder, unsigned levels, const NameTest& takes,
                                                    const SearchProgress& progress = {}) const = 0;
   /// "a.b.c.d" from the version resource of a Windows program or library; the empty text for any other file,
@@ -214,8 +214,8 @@ class FileSystem {
   virtual Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {},
                                     LeftOuts* leftOut = nullptr) = 0;
   /// Deletes files that a search of `root` has found, read-only ones too, in their order: an answer each, fewer when
-  /// stopped. Links go as links. A path that leads out of the root, also by a link or a volume that has come to stand in
-  /// it since, is refused. `progress` is told the files done.
+  /// stopped. Links go as links. A path that leads out of the root, also by a link or a volume that has come to stand
+  /// in it since, is refused. `progress` is told the files done.
   virtual std::vector<Result<void>> deleteBelow(const std::string& root, const std::vector<std::string>& paths,
                                                 const Progress& progress = {}) = 0;
   /// Deletes a folder in which nothing lies.
