@@ -1,5 +1,6 @@
 #pragma once
 
+#include "appearance/picture_view.hpp"
 #include "appearance/skins.hpp"
 #include "basket/basket.hpp"
 #include "core/program.hpp"
@@ -63,6 +64,7 @@ class App {
 
   panels::PanelCommands panelCommands;
   appearance::NewSkin NewSkin;
+  appearance::PictureView pictureView;
   tools::Tools tools;
   fileops::FileOps fileops;
   basket::Basket basket;
@@ -73,8 +75,9 @@ class App {
 
  private:
   /// In the order of their entries in the menus.
-  std::array<panels::Room*, 9> rooms() {
-    return {&NewSkin, &tools, &panelCommands, &fileops, &basket, &rename, &properties, &filters, &presets};
+  std::array<panels::Room*, 10> rooms() {
+    return {&NewSkin, &tools,  &panelCommands, &pictureView, &fileops,
+            &basket,  &rename, &properties,    &filters,     &presets};
   }
   void addCommands();
   void drawButtons();

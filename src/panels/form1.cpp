@@ -9,25 +9,16 @@ Form1::Form1(controls::MessageLoop& loop) : Form(loop, "Form1") {
   Picture2.Visible = false;
   Text3.Visible = false;
   ImageCombo1.ToolTipText = "Select Folder History supplied From Main Panels !.";
-  drawComingButtons();
+  drawComingButton();
   Timer1.Interval = 2000;
   Timer3.Enabled = false;
 }
 
-void Form1::drawComingButtons() {
-  struct Coming {
-    controls::Button& button;
-    const char *caption, *toolTip, *icon;
-  };
-  for (const Coming& coming :
-       {Coming{Command15, "Properties", "File/Folder Details in Seperate window (Ctrl+U)", "properties"},
-        {Command17, "CleanUp", "Search a drive for files to clean", "cleanup"},
-        {Command26, "Pview", "Enable/Disable Picture View ( Alt+Bksp)", "picture"}}) {
-    coming.button.Caption = coming.caption;
-    coming.button.ToolTipText = coming.toolTip + std::string(NotYetBuilt);
-    coming.button.Icon = coming.icon;
-    coming.button.Enabled = false;
-  }
+void Form1::drawComingButton() {
+  Command17.Caption = "CleanUp";
+  Command17.ToolTipText = "Search a drive for files to clean" + std::string(NotYetBuilt);
+  Command17.Icon = "cleanup";
+  Command17.Enabled = false;
 }
 
 void Form1::setMode(std::string_view mode) {
