@@ -110,8 +110,11 @@ class PictureBoxAdapter : public Joined<controls::PictureBox, PictureView> {
     drawn.setPicture(host().pictures().kept(self.Fallback));
   }
 
+  // A desktop without icons of its own has none for types: one of the program's family stands in.
   static QIcon desktopIcon(const std::string& name) {
-    return name.empty() ? QIcon() : QIcon::fromTheme(toQt(name), iconNamed(name));
+    if (name.empty()) return {};
+    const bool isPicture = name.starts_with("image");
+    return QIcon::fromTheme(toQt(name), iconNamed(hasIcon(name) ? name : isPicture ? "picture" : "file"));
   }
 
   std::string picture_, data_, icon_;

@@ -15,6 +15,8 @@ class PictureView : public QAbstractScrollArea {
   /// `natural`: its own size, of which the pixmap may be a smaller copy; empty: the pixmap's.
   void setPicture(const QPixmap& picture, const QSize& natural = {});
   const QSize& naturalSize() const { return natural_; }
+  /// It has all pixels of the picture, and not a smaller copy.
+  bool isWhole() const { return picture_.size() == natural_; }
   void setIcon(const QIcon& icon);
   /// As large as the area lets it be, in its own proportions; otherwise in its own size from the upper left, with
   /// scroll bars where the area is smaller.
