@@ -106,7 +106,7 @@ void PictureView::show(Box& box, const std::string& item, bool isFile) {
 
 void PictureView::Pix(Box& box) {
   const bool stretch = stretches(box);
-  box.image.Visible = stretch;
+  box.image.Visible = stretch && isOn();
   box.image.Picture = stretch ? box.picture : std::string();
   box.box.Picture = stretch ? std::string() : box.picture;
 }

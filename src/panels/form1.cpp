@@ -5,8 +5,8 @@ namespace varnholt::panels {
 Form1::Form1(controls::MessageLoop& loop) : Form(loop, "Form1") {
   Caption = "Varnholt";
   ListView3.Visible = false;
-  Picture1.Visible = false;
-  Picture2.Visible = false;
+  for (controls::PictureBox* box : {&Picture1, &Picture2, &Image1, &Image2})
+    box->Visible = false;
   Text3.Visible = false;
   ImageCombo1.ToolTipText = "Select Folder History supplied From Main Panels !.";
   drawComingButton();

@@ -38,7 +38,7 @@ class Form1 : public controls::Form {
  public:
   explicit Form1(controls::MessageLoop& loop);
 
-  // Left panel, right panel. A picture is drawn stretched in the image, or in its own size in the box around that.
+  // Left panel, right panel. A picture is drawn stretched in the image, or in its own size in the box below that.
   controls::ComboBox Drive1{*this, "Drive1"}, Drive2{*this, "Drive2"};
   controls::Button Command23{*this, "Command23"}, Command25{*this, "Command25"};  ///< Browse Back
   controls::Button Command22{*this, "Command22"}, Command24{*this, "Command24"};  ///< Browse Forward
