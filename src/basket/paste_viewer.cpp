@@ -84,8 +84,8 @@ void basket::Form38::setTexts() {
 void basket::Form38::bind() {
   Load = [this] { Form_Load(); };
   QueryUnload = [this](bool& keep) {
-    keep = working_;
-    stopped_ = true;
+    keep = work_.running();
+    work_.stop();
   };
   Command1.Click = [this] { Command1_Click(); };
   Command2.Click = [this] { Command2_Click(); };
@@ -160,13 +160,21 @@ void basket::Form38::ListView1_ColumnClick(int number) {
 
 // --- The basket ----------------------------------------------------------------------------------------------------
 
+template <class Call>
+bool basket::Form38::runLong(const Call& call) {
+  desk_.pointer() = controls::pointer::Hourglass;
+  const bool whole = work_.run(Command4, call);
+  desk_.pointer() = controls::pointer::Default;
+  return whole;
+}
+
 void basket::Form38::Command1_Click() {
   Caption = std::string(Title) + ", - Calculating Total Size, Please Wait... !";
   std::uint64_t sum = 0;
-  const bool whole = runLong([&](const std::function<bool()>& goesOn) {
-    const auto progress = [&](std::uint64_t) { return goesOn(); };
+  const bool whole = runLong([&] {
+    const auto progress = [&](std::uint64_t) { return work_.goesOn(); };
     for (const core::Item& item : collection_.items()) {
-      if (!goesOn()) return;
+      if (!work_.goesOn()) return;
       sum += item.isFolder ? fileops::treeSize(desk_, item.path, progress).bytes
                            : desk_.files().fileSize(item.path).valueOr(0);
     }
@@ -176,19 +184,9 @@ void basket::Form38::Command1_Click() {
   Caption = std::string(Title) + ", - " + std::to_string(collection_.count()) + " Item(s) In : " + bytes + " Bytes";
 }
 
-bool basket::Form38::runLong(const std::function<void(const std::function<bool()>&)>& call) {
-  working_ = true;
-  stopped_ = false;
-  desk_.pointer() = controls::pointer::Hourglass;
-  desk_.program.loop.runBlocking([&] { call([this] { return !stopped_; }); }, {{}, &Command4});
-  desk_.pointer() = controls::pointer::Default;
-  working_ = false;
-  return !stopped_;
-}
-
 void basket::Form38::Command4_Click() {
-  if (working_)
-    stopped_ = true;
+  if (work_.running())
+    work_.stop();
   else
     UnloadForm();
 }
@@ -269,9 +267,9 @@ void basket::Form38::Combo1_Click() {
   platform::Result<std::string> bytes = std::string();
   CollectionFiles::Loaded loaded;
   const std::string path = files_.path(name);
-  const bool whole = runLong([&](const std::function<bool()>& goesOn) {
+  const bool whole = runLong([&] {
     bytes = desk_.files().readFile(path);
-    if (bytes) loaded = CollectionFiles::itemsOf(desk_.files(), *bytes, goesOn);
+    if (bytes) loaded = CollectionFiles::itemsOf(desk_.files(), *bytes, [this] { return work_.goesOn(); });
   });
   if (!bytes) desk_.program.dialogs.alert("Cannot Load Collection File !\r" + name + " :  " + bytes.error().text);
   if (!bytes || !whole) return showCount();

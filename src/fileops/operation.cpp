@@ -339,8 +339,7 @@ bool Operation::exists(const std::string& path) const {
 }
 
 bool Operation::driveReady(const panels::Panel& panel) {
-  const auto drive = desk_.program.drive(panel.driveRoot().front());
-  return drive && drive->ready;
+  return desk_.program.driveReady(panel.driveRoot().front());
 }
 
 // --- Operations with a target --------------------------------------------------------------------------------------

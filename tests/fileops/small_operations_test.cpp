@@ -82,6 +82,8 @@ TEST_F(DesktopTest, SelectedFilesGoThereAndAskBeforeTheyReplace) {
   start("CopyDesktop_Click", {test::no(), test::yes()}, {test::noticed("Copy to Desktop Done !")});
   EXPECT_NE(rig.read("C:\\Desk\\b.txt"), "old");
 
+  select({"a"}, {.from = "C:\\Desk"});
+  start("CopyDesktop_Click", {test::noticed("Copy to Desktop Done !")}, {});
   select({"\\ Sub"});
   start("CopyDesktop_Click", {test::noticed(" No Items selected. ! ")}, {});
   rig.command("Copyfrom_desktop_Click");

@@ -185,6 +185,69 @@ class Delete : public Operation {
   }
 };
 
+/// What passes through a work folder of the program: at each moment a file stands at one place, whole.
+class Passing : public Operation {
+ public:
+  explicit Passing(void (User::*runs)()) : Operation(runs, "C:/To") {}
+  void check(const TreeSnapshot& before, const World& world) const override {
+    TreeSnapshot now = world.all();
+    for (const char* between : {"data/Tmp", "data/SwapTmp"})
+      for (const auto& [name, facts] : world.tree(between))
+        now.emplace(between + ("/" + name), facts);
+    standOnce(before, now);
+  }
+  void checkEnd(const TreeSnapshot& before, const World& world) const override {
+    TreeSnapshot now = world.all();
+    EXPECT_EQ(now.erase("C:/To/z") + now.erase("C:/From/z"), 1u) << "what was copied at the next start";
+    standOnce(before, now);
+  }
+
+ private:
+  static void standOnce(const TreeSnapshot& before, const TreeSnapshot& now) {
+    for (const auto& [name, facts] : before) {
+      if (facts.isFolder()) continue;
+      const auto isIt = [&](const auto& each) { return sameFile(each.second, facts); };
+      EXPECT_EQ(std::ranges::count_if(now, isIt), 1) << name;
+    }
+  }
+};
+
+class Swap : public Passing {
+ public:
+  Swap() : Passing(&User::swaps) {}
+  void build(World& world) const override {
+    world.file("C:/From/a", pattern(5'000, 1)).file("C:/From/both", "left").file("C:/To/both", "right");
+  }
+  void prepare(User& user, const World& /*world*/) const override {
+    user.open("C:\\From", "C:\\To");
+    user.markBoth();
+    user.meets({noticed("All Available/Selected Files Swapped ! ")});
+  }
+};
+
+class MoveAs : public Passing {
+ public:
+  MoveAs() : Passing(&User::moves) {}
+  void build(World& world) const override { world.file("C:/From/a", pattern(5'000, 1)).file("C:/To/kept", "kept"); }
+  void prepare(User& user, const World& /*world*/) const override {
+    user.open("C:\\From", "C:\\To");
+    user.mark({"a"});
+    user.rig.loop.whenShows("Form5")
+        .run([&user](controls::Form&) {
+          auto& ops = user.rig.app().fileops;
+          user.rig.loop.whenShows("Form32")
+              .run([&ops](controls::Form&) { ops.Form32.Text1.typeFromUser("new"); })
+              .press("Command11");
+          ops.Form5.Command5.press();
+        })
+        .press("Command11");
+  }
+  void checkEnd(const TreeSnapshot& before, const World& world) const override {
+    Passing::checkEnd(before, world);
+    EXPECT_TRUE(world.has("C:/To/new"));
+  }
+};
+
 // --- Killing -------------------------------------------------------------------------------------------------------
 
 /// One kill: a fresh disk, the program, its end, and what its next starts find.
@@ -243,6 +306,8 @@ class Round {
 std::unique_ptr<Operation> makeOperation(const std::string& name) {
   if (name.starts_with("Copy")) return std::make_unique<Copy>();
   if (name == "Paste") return std::make_unique<Paste>();
+  if (name == "Swap") return std::make_unique<Swap>();
+  if (name == "MoveAs") return std::make_unique<MoveAs>();
   if (name.starts_with("Delete")) return std::make_unique<Delete>();
   return std::make_unique<Move>(name == "MoveAcross" ? "D:" : "C:");
 }
@@ -272,8 +337,8 @@ TEST_P(Killed, AtAnySystemCall) {
   EXPECT_GE(kills, steps * 9 / 10);
 }
 INSTANTIATE_TEST_SUITE_P(Operations, Killed,
-                         testing::Values("Copy", "Paste", "MoveAcross", "MoveWithin", "Delete", "CopyMany", "MoveMany",
-                                         "DeleteMany"),
+                         testing::Values("Copy", "Paste", "MoveAcross", "MoveWithin", "MoveAs", "Swap", "Delete",
+                                         "CopyMany", "MoveMany", "DeleteMany"),
                          [](const auto& each) { return each.param; });
 
 }  // namespace

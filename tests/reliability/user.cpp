@@ -1,10 +1,16 @@
 #include "user.hpp"
 
+#include <algorithm>
+
 namespace varnholt::test {
 
 User::User(const World& world, AppRig::Wrapper wrapper) : rig(world.path()) {
   if (wrapper) rig.useFiles(std::move(wrapper));
   rig.startLeft();
+  if (std::ranges::any_of(rig.platform->detours.waiting(),
+                          [this](const std::string& place) { return rig.platform->files.fileExists(place); }))
+    meets({told()});
+  rig.loop.giveTurn();
 }
 
 void User::open(const std::string& from, const std::string& to) {
@@ -28,6 +34,15 @@ void User::mark(const std::vector<std::string>& names) {
     left().list.releaseFromUser(mouse);
     mouse.modifiers.ctrl = true;
   }
+}
+
+void User::markBoth() {
+  for (panels::Panel* panel : {&left(), &right()})
+    for (std::uint32_t row = 0; row < panel->list.count(); ++row) {
+      controls::MouseEvent mouse{controls::MouseButton::Left, {.ctrl = true}};
+      panel->list.pressFromUser(row, mouse);
+      panel->list.releaseFromUser(mouse);
+    }
 }
 
 void User::markAll() {
