@@ -2,6 +2,7 @@
 
 #include "core/picture_file.hpp"
 #include "qt/cut_off_picture.hpp"
+#include "qt/exif_turn.hpp"
 #include "qt/heif_picture.hpp"
 
 #include <QIODevice>
@@ -79,7 +80,8 @@ DecodedPicture decodeByToolkit(const std::string& bytes, const PictureWish& wish
   reader.setAutoTransform(true);
   const QByteArray format = reader.format();
   if (format == "ico") chooseIcon(reader, wish.area);
-  const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+  const int held = heldByCamera(bytes);
+  const bool turned = liesDown(held) || reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
   const QSize whole = reader.size(), area = turned ? wish.area.transposed() : wish.area;
   const bool scalesEarly = format == "jpeg", isDrawn = format == "svg";
   const bool wantsAll = area.isEmpty() || (wish.fit == Fit::Preview && !scalesEarly);
@@ -89,7 +91,7 @@ DecodedPicture decodeByToolkit(const std::string& bytes, const PictureWish& wish
     reader.setScaledSize(decodedSize(whole, area, wish.fit));
   }
   DecodedPicture decoded;
-  decoded.image = reader.read();
+  decoded.image = turnedUpright(reader.read(), held);
   decoded.natural = !whole.isValid() ? decoded.image.size() : turned ? whole.transposed() : whole;
   return decoded;
 }

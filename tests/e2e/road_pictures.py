@@ -9,7 +9,7 @@ import sys
 from driver import below, expect, run, shows, wait
 
 STRETCHED, BOX = "Stretched picture, left panel", "Picture, left panel"
-RED, GREEN, TILE = (255, 0, 0), (0, 128, 0), (35, 43, 54)
+RED, GREEN, TOOL = (255, 0, 0), (0, 128, 0), (91, 155, 213)
 
 
 def road(program):
@@ -28,7 +28,7 @@ def road(program):
     program.keys("alt+BackSpace")
     wait("the picture", lambda: is_drawn(program, STRETCHED, RED))
     expect("the list has made room", program.extents(program.list(1))[2] < width * 0.6)
-    for what, colour in (("b cut off", TILE), ("c", GREEN), ("d text", TILE), ("e", RED), ("f pipe", TILE)):
+    for what, colour in (("b cut off", TOOL), ("c", GREEN), ("d text", TOOL), ("e", RED), ("f pipe", TOOL)):
         program.keys("Down")
         wait(what, lambda colour=colour: is_drawn(program, STRETCHED, colour))
 
@@ -62,12 +62,12 @@ def pixel(x, y):
 
 
 def is_drawn(program, name, wanted):
-    """Beside the middle of a box, where the fallback picture is a plain tile."""
+    """In the middle of a box, where the fallback picture has the handle of its tool."""
     node = shown(program, name)
     if not node:
         return False
     left, top, width, height = program.extents(node)
-    return all(abs(a - b) < 8 for a, b in zip(pixel(left + width // 2, top + height * 2 // 5), wanted))
+    return all(abs(a - b) < 8 for a, b in zip(pixel(left + width // 2, top + height // 2), wanted))
 
 
 def double_click(node):

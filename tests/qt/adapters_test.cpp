@@ -313,6 +313,17 @@ TEST_F(Adapters, PicturesAreReadByProgramPathAndFitted) {
   EXPECT_EQ(picture.horizontalScrollBar()->maximum(), 10) << "a larger one is scrolled";
 }
 
+TEST_F(Adapters, APictureTellsOfEachClickOnce) {
+  int clicks = 0, doubleClicks = 0;
+  form.Picture1.Click = [&] { ++clicks; };
+  form.Picture1.DblClick = [&] { ++doubleClicks; };
+  draw();
+  QTest::mouseClick(picture.viewport(), Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+  QTest::mouseDClick(picture.viewport(), Qt::LeftButton);
+  EXPECT_EQ(doubleClicks, 1);
+}
+
 TEST_F(Adapters, WhatIsNoPictureGivesWayToTheFallbackAndTheOneBeforeStaysUntilThen) {
   std::promise<void> goOn;
   read.setReader([&, wait = goOn.get_future().share()](const std::string& path, std::uint64_t) {

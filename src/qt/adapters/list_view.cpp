@@ -32,7 +32,7 @@ std::pair<QColor, QColor> tonesOf(const QPixmap& picture) {
 }
 
 /// Widths of the first column, which holds names, and the shares of their widths that the others keep beside it.
-constexpr int UsefulName = 140, NarrowestName = 76;
+constexpr int UsefulName = 140, NarrowestName = 88;
 constexpr double ReadableShare = 0.8, NarrowestShare = 0.68;
 
 /// Widths in which the columns fit the room, if they can: the names give way first, down to what is useful; then the
