@@ -72,7 +72,10 @@ void PictureView::addCommands(panels::CommandTable& table) {
               .run = [this] { Picview_Click(); }}});
 }
 
-void PictureView::load() { desk_.form.Menu["Picview"].Checked = true; }
+void PictureView::load() {
+  desk_.form.Menu["Picview"].Checked = true;
+  drawIcon(false);
+}
 
 // --- Showing -------------------------------------------------------------------------------------------------------
 
@@ -120,21 +123,33 @@ std::string PictureView::fallback() const {
   return desk_.files().fileExists(picture) ? picture : std::string();
 }
 
-// Whether the file is there is asked beside the window: no key waits for a drive that does not answer.
 void PictureView::showIcon(const std::string& item) {
   if (item == iconItem_) return;
   iconItem_ = item;
+  askForIcon();
+}
+
+// Whether the file is there is asked beside the window: no key waits for a drive that does not answer. Two such
+// questions at most, so that they do not pile up and one drive does not keep the next away.
+void PictureView::askForIcon() {
+  constexpr int AtOnce = 2;
+  if (asking_ == AtOnce) return;
+  ++asking_;
   const auto exists = std::make_shared<bool>(false);
-  desk_.program.loop.runBeside(
-      [&files = desk_.program.platform.files, item, exists] { *exists = !item.empty() && files.fileExists(item); },
-      [this, item, exists] {
-        if (item != iconItem_) return;
-        controls::PictureBox& icon = desk_.form.Picture3;
-        if (*exists) return icons_.Iconshow(icon, item);
-        icon.PictureData = std::string();
-        icon.IconName = std::string();
-        icon.Picture = core::program_file::path(desk_.program.platform, core::program_file::ProgramIcon);
-      });
+  desk_.program.loop.runBeside([&files = desk_.program.platform.files, item = iconItem_,
+                                exists] { *exists = !item.empty() && files.fileExists(item); },
+                               [this, item = iconItem_, exists] {
+                                 --asking_;
+                                 item == iconItem_ ? drawIcon(*exists) : askForIcon();
+                               });
+}
+
+void PictureView::drawIcon(bool exists) {
+  controls::PictureBox& icon = desk_.form.Picture3;
+  if (exists) return icons_.Iconshow(icon, iconItem_);
+  icon.PictureData = std::string();
+  icon.IconName = std::string();
+  icon.Picture = core::program_file::path(desk_.program.platform, core::program_file::ProgramIcon);
 }
 
 // --- What the user does --------------------------------------------------------------------------------------------

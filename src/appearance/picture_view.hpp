@@ -44,6 +44,8 @@ class PictureView : public panels::Room {
   /// `Pix`, `pix2`: takes the picture into the image or into the box, by the stretch.
   void Pix(Box& box);
   void open(const std::string& item);
+  void askForIcon();
+  void drawIcon(bool exists);
   void follow(panels::Panel& panel);
   Box& boxOf(const panels::Panel& panel) { return panel.side == panels::Side::Left ? left_ : right_; }
   bool isOn() const { return desk_.form.Picture1.Visible; }
@@ -55,6 +57,7 @@ class PictureView : public panels::Room {
   Box left_, right_;
   bool stretchVDT_ = true;
   std::string iconItem_;
+  int asking_ = 0;
 };
 
 }  // namespace varnholt::appearance
