@@ -23,7 +23,7 @@ using namespace varnholt;
 namespace {
 
 constexpr int Files = 8, Width = 6000, Height = 4000, Quality = 92;
-constexpr qint64 Patience = 20'000;  // milliseconds
+constexpr qint64 Patience = 20'000;                                      // milliseconds
 constexpr double KeyLimit = 50, StretchedLimit = 250, WholeLimit = 800;  // milliseconds
 
 // A photo of soft shapes with the noise of a sensor, about 9 MB. Each has a height of its own, by which it is known.

@@ -338,9 +338,7 @@ bool Operation::exists(const std::string& path) const {
   return VerifyFolderMode_ ? desk_.files().folderExists(path) : desk_.files().fileExists(path);
 }
 
-bool Operation::driveReady(const panels::Panel& panel) {
-  return desk_.program.driveReady(panel.driveRoot().front());
-}
+bool Operation::driveReady(const panels::Panel& panel) { return desk_.program.driveReady(panel.driveRoot().front()); }
 
 // --- Operations with a target --------------------------------------------------------------------------------------
 

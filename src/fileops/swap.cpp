@@ -39,9 +39,7 @@ bool Swap::mayBegin() {
 
 bool Swap::drivesAllow() {
   const panels::Panel* const sides[] = {&desk_.form.Panel1, &desk_.form.Panel2};
-  const auto isReady = [&](const panels::Panel* side) {
-    return desk_.program.driveReady(side->driveRoot().front());
-  };
+  const auto isReady = [&](const panels::Panel* side) { return desk_.program.driveReady(side->driveRoot().front()); };
   const auto isDisc = [&](const panels::Panel* side) {
     const auto volume = desk_.files().volume(side->path());
     return volume && volume->isCompactDisc();

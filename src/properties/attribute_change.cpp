@@ -1,6 +1,5 @@
 #include "properties/attribute_change.hpp"
 
-
 namespace varnholt::properties {
 namespace {
 
