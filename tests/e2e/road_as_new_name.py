@@ -23,7 +23,7 @@ class Road:
         return texts
 
     def open_as(self, key, row, title):
-        wait("the row", lambda: row in self.program.rows(1))
+        self.program.wait_for_rows(1, row)
         self.program.click_row(1, row)
         wait("the selection", lambda: self.program.status_has("1  Item(s) Selected"))
         self.program.keys(key)
@@ -33,7 +33,7 @@ class Road:
 
     def gone(self):
         """The panels are read anew behind the last dialog."""
-        wait("the dialogs to go", lambda: not self.program.dialogs())
+        self.program.wait_for_no_dialog()
         self.program.click(self.program.list(1))
         self.program.keys("F4")
         wait("the panel read anew", lambda: self.program.status_has("View1Active"))
@@ -53,10 +53,10 @@ class Road:
             with open(path, "w", encoding="utf-8") as out:
                 out.write(text)
             self.places[text] = place
-        program.start(tip=True)
+        program.start()
         for number, folder, row in ((1, "Left", "a"), (2, "Right", "d")):
             program.click_row(number, "\\ " + folder, 2)
-            wait("the folder", lambda number=number, row=row: row in program.rows(number))
+            program.wait_for_rows(number, row)
 
         for key, title in (("F5", "Copy Item(s)"), ("F6", "Move Item(s)")):
             self.open_as(key, "a", title)
@@ -110,8 +110,6 @@ class Road:
         program.keys("Return")
         self.gone()
         self.expect("after the kill")
-        program.keys("alt+F4")
-        program.await_end()
 
 
 sys.exit(run(lambda program: Road(program).road()))

@@ -14,8 +14,6 @@
 #include <QMenuBar>
 #include <QScreen>
 
-#include <algorithm>
-
 namespace varnholt::test {
 namespace {
 
@@ -57,16 +55,13 @@ void fillMessages(core::MessageDialogs& dialogs) {
   dialogs.Form11.Command2.Visible = true;
 }
 
-TEST_F(DrawnForms, EveryControlHasItsWidget) {
-  for (controls::Form* form : allForms())
+TEST_F(DrawnForms, EveryControlHasItsWidgetAndEveryFormThatIsDrawnIsTested) {
+  std::set<std::string> tested;
+  for (controls::Form* form : allForms()) {
+    tested.insert(form->name());
     for (const auto& name : draw(*form).unjoined())
       ADD_FAILURE() << form->name() << "." << name << " has no fitting widget of that objectName in its .ui file";
-}
-
-TEST_F(DrawnForms, EveryFormThatIsDrawnIsTested) {
-  std::set<std::string> tested;
-  for (const controls::Form* form : allForms())
-    tested.insert(form->name());
+  }
   for (const auto& name : qt::formNames())
     EXPECT_TRUE(tested.contains(name)) << "add " << name << " to allForms() above";
 }
@@ -127,24 +122,6 @@ TEST_F(DrawnForms, OperationsAndTheirQuestionsBeginOnTheButtonThatEnterStandsFor
   }
 }
 
-// --- Mnemonics -----------------------------------------------------------------------------------------------------
-
-QString mnemonicOf(const QString& text) {
-  const QKeySequence keys = QKeySequence::mnemonic(text);
-  return keys.toString();
-}
-
-void expectUnique(const std::string& where, const QStringList& texts) {
-  std::map<QString, QString> users;
-  for (const QString& text : texts) {
-    const QString mnemonic = mnemonicOf(text);
-    if (mnemonic.isEmpty()) continue;
-    EXPECT_FALSE(users.contains(mnemonic)) << where << ": " << qPrintable(users[mnemonic]) << " and "
-                                           << qPrintable(text) << " share " << qPrintable(mnemonic);
-    users[mnemonic] = text;
-  }
-}
-
 TEST_F(DrawnForms, MnemonicsAreUniqueInAWindow) {
   for (controls::Form* form : allForms()) {
     QWidget& window = draw(*form).widget();
@@ -154,11 +131,15 @@ TEST_F(DrawnForms, MnemonicsAreUniqueInAWindow) {
     if (const auto* bar = window.findChild<QMenuBar*>())
       for (const auto* heading : bar->actions())
         texts += heading->text();
-    expectUnique(form->name(), texts);
+    std::map<QString, QString> users;
+    for (const QString& text : texts) {
+      const QString mnemonic = QKeySequence::mnemonic(text).toString();
+      EXPECT_TRUE(mnemonic.isEmpty() || !users.contains(mnemonic))
+          << form->name() << ": " << qPrintable(users[mnemonic]) << " and " << qPrintable(text) << " share a key";
+      users[mnemonic] = text;
+    }
   }
 }
-
-// --- Icons ---------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawnForms, EveryIconThatIsNamedIsThere) {
   std::set<std::string> names = {"varnholt", "link", "link-gone", "info", "question", "warning", "error"};
@@ -179,21 +160,16 @@ TEST_F(DrawnForms, EveryIconThatIsNamedIsThere) {
     EXPECT_TRUE(qt::hasIcon(name)) << "assets/icons/" << name << ".svg is missing";
 }
 
-TEST(Icons, AreDrawnAtTheDensityOfTheScreen) {
+TEST(Icons, AreDrawnAtTheDensityOfTheScreenAndAnUnknownOneIsASquare) {
   const QIcon icon = qt::iconNamed("folder");
   const QImage once = icon.pixmap(QSize(16, 16), 1.0).toImage(), twice = icon.pixmap(QSize(16, 16), 2.0).toImage();
   EXPECT_EQ(once.size(), QSize(16, 16));
   EXPECT_EQ(twice.size(), QSize(32, 32));
   EXPECT_NE(twice.scaled(16, 16).scaled(32, 32).convertToFormat(once.format()), twice) << "drawn anew, not blown up";
-}
-
-TEST(Icons, AnUnknownNameIsASquareAndTheEmptyNameNothing) {
   EXPECT_FALSE(qt::hasIcon("no such icon"));
   EXPECT_GT(qt::iconNamed("no such icon").pixmap(16, 16).toImage().pixelColor(3, 3).alpha(), 0);
   EXPECT_TRUE(qt::iconNamed("").isNull());
 }
-
-// --- Room for the texts ---------------------------------------------------------------------------------------------
 
 /// Makes the application's font larger while it lives.
 class LargerFont {

@@ -1,10 +1,7 @@
 // The program is killed at any moment of a copy, a move or a delete, and started anew.
 
 #include "support/kill_at.hpp"
-#include "user.hpp"
-
-#include <sys/stat.h>
-#include <unistd.h>
+#include "world.hpp"
 
 namespace varnholt::test {
 namespace {
@@ -232,23 +229,19 @@ class MoveAs : public Passing {
   void prepare(User& user, const World& /*world*/) const override {
     user.open("C:\\From", "C:\\To");
     user.mark({"a"});
-    user.rig.loop.whenShows("Form5")
-        .run([&user](controls::Form&) {
-          auto& ops = user.rig.app().fileops;
-          user.rig.loop.whenShows("Form32")
-              .run([&ops](controls::Form&) { ops.Form32.Text1.typeFromUser("new"); })
-              .press("Command11");
-          ops.Form5.Command5.press();
-        })
-        .press("Command11");
+    auto& ops = user.rig.app().fileops;
+    const auto names = [&ops] { ops.Form32.Text1.typeFromUser("new"); };
+    const auto asks = [&user, &ops, names] {
+      user.meets({{"Form32", "Command11", "", names}});
+      ops.Form5.Command5.press();
+    };
+    user.meets({{"Form5", "Command11", "", asks}});
   }
   void checkEnd(const TreeSnapshot& before, const World& world) const override {
     Passing::checkEnd(before, world);
     EXPECT_TRUE(world.has("C:/To/new"));
   }
 };
-
-// --- Killing -------------------------------------------------------------------------------------------------------
 
 /// One kill: a fresh disk, the program, its end, and what its next starts find.
 class Round {
