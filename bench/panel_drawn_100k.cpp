@@ -2,16 +2,11 @@
 // display, with events as the toolkit sends them.
 //   bench_panel_drawn_100k FOLDER     prints "case <tab> ours_ms <tab> limit_ms"
 
-#include "app/app.hpp"
-#include "qt/run_program.hpp"
-#include "qt/widgets/list_view_widget.hpp"
+#include "drawn_program.hpp"
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -24,45 +19,12 @@ namespace {
 constexpr std::size_t RecallNames = 2'000;
 constexpr double Limit = 50, WholePanelLimit = 100;  // milliseconds
 
-/// Notes that a widget was painted.
-class Painted : public QObject {
+class Measured : public bench::DrawnProgram {
  public:
-  explicit Painted(QObject* watched) { watched->installEventFilter(this); }
-  bool eventFilter(QObject*, QEvent* event) override {
-    seen = seen || event->type() == QEvent::Paint;
-    return false;
-  }
-  bool seen = false;
-};
-
-class Running : public qt::RunningProgram {
- public:
-  Running(qt::QtMessageLoop& loop, const std::string& folder)
-      : loop_(loop), host_(platform::makePlatformHost(folders(folder))), app_(loop, host_->platform()) {
-    core::Settings(host_->platform().settings).save(core::setting::Tip_State, "1");
-    app_.frmSplash.Timer1.Interval = 1;
-    loop.later([this] { measureAll(); });
-    app_.Main();
-  }
-  void storeState() override {}
-  void leave() override { loop_.quit(); }
+  using DrawnProgram::DrawnProgram;
 
  private:
-  platform::HostFolders folders(const std::string& folder) const {
-    platform::HostFolders folders;
-    folders.data = kept_.path().toStdString();
-    folders.drives = "C=" + folder;
-    return folders;
-  }
-
-  void measureAll() {
-    if (!app_.Form1.Visible) return loop_.later([this] { measureAll(); });
-    loop_.flush();
-    for (QWidget* top : QApplication::topLevelWidgets())
-      if (auto* found = top->findChild<qt::ListViewWidget*>(QStringLiteral("ListView1"))) widget_ = found;
-    widget_->window()->resize(1280, 800);
-    list().SetFocus();
-    settle();
+  void measureAll() override {
     measure("drawn-click", Limit, [this] { click(row_ = row_ == 5 ? 9 : 5, {}); });
     measure("drawn-ctrl-click", Limit, [this] { click(row_ = row_ == 5 ? 9 : 5, Qt::ControlModifier); });
     measure("drawn-key", Limit, [this] { key(Qt::Key_Down, {}); });
@@ -87,17 +49,8 @@ class Running : public qt::RunningProgram {
       measure(name, Limit, [this, column = column] { list().headerFromUser(column); });
     measure("drawn-page", Limit,
             [this] { widget_->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd); });
-    loop_.quit();
   }
 
-  controls::ListView& list() { return app_.Form1.ListView1; }
-  void run(const char* handler) { app_.dispatcher.perform(handler); }
-  void key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-      QKeyEvent event(type, key, modifiers);
-      QCoreApplication::sendEvent(widget_, &event);
-    }
-  }
   void click(int row, Qt::KeyboardModifiers modifiers) {
     widget_->verticalScrollBar()->setValue(0);
     const QPoint at = widget_->visualRect(widget_->model()->index(row, 0)).center();
@@ -107,19 +60,13 @@ class Running : public qt::RunningProgram {
     }
   }
 
-  void settle() {
-    loop_.flush();
-    for (int turn = 0; turn < 5; ++turn)
-      QCoreApplication::processEvents();
-  }
-
   void measure(const char* name, double limit, const std::function<void()>& act,
                const std::function<void()>& prepare = {}) {
     std::vector<double> times;
     for (int round = 0; round < 9; ++round) {
       if (prepare) prepare();
       settle();
-      Painted painted(widget_->viewport());
+      bench::Painted painted(widget_->viewport());
       QElapsedTimer timer;
       timer.start();
       act();
@@ -132,18 +79,9 @@ class Running : public qt::RunningProgram {
     std::printf("%s\t%.2f\t%.0f\n", name, times[4], limit);
   }
 
-  QTemporaryDir kept_;
-  qt::QtMessageLoop& loop_;
-  std::unique_ptr<platform::PlatformHost> host_;
-  app::App app_;
-  qt::ListViewWidget* widget_ = nullptr;
   int row_ = 5;
 };
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  if (argc < 2) return 2;
-  return qt::runProgram(argc, argv,
-                        [&](qt::QtMessageLoop& loop, const auto&) { return std::make_unique<Running>(loop, argv[1]); });
-}
+int main(int argc, char** argv) { return bench::measureDrawn<Measured>(argc, argv); }

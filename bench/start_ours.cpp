@@ -26,8 +26,8 @@ int main(int argc, char** argv) {
   return qt::runProgram(argc, argv, [&](qt::QtMessageLoop& loop, const auto&) -> std::unique_ptr<qt::RunningProgram> {
     new bench::FirstPaint(toMain ? QStringLiteral("Form1") : QString());
     auto running = std::make_unique<Running>(loop, host.get());
-    loop.setPictureReader([&files = running->host->platform().files](const std::string& path) {
-      const auto bytes = files.readFile(path);
+    loop.setPictureReader([&files = running->host->platform().files](const std::string& path, std::uint64_t most) {
+      const auto bytes = files.readBeginning(path, most);
       return bytes ? std::optional(*bytes) : std::nullopt;
     });
     if (toMain) running->app.frmSplash.Timer1.Interval = 1;

@@ -30,8 +30,8 @@ std::unique_ptr<qt::RunningProgram> start(qt::QtMessageLoop& loop, const std::ve
   auto running = std::make_unique<Running>(loop, std::move(host));
   auto& system = running->host->platform();
   platform::reportCrashes(system.toSystem(system.programFolder), core::programVersion());
-  loop.setPictureReader([&files = system.files](const std::string& path) {
-    const auto bytes = files.readFile(path);
+  loop.setPictureReader([&files = system.files](const std::string& path, std::uint64_t most) {
+    const auto bytes = files.readBeginning(path, most);
     return bytes ? std::optional(*bytes) : std::nullopt;
   });
   loop.dragAndDrop().setPaths({system.toSystem, system.toProgram});

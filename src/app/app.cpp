@@ -42,6 +42,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       start(desk),
       panelCommands(desk, keys),
       NewSkin(program, looks),
+      pictureView(desk, icons),
       tools(desk),
       fileops(desk),
       basket(desk, fileops),
@@ -196,12 +197,13 @@ void App::bindHooks() {
 }
 
 void App::dress() {
-  for (controls::Form* dialog :
-       std::initializer_list<controls::Form*>{&dialogs.Form11, &dialogs.Form12, &dialogs.Form13, &frmTip, &Form35})
-    NewSkin.addDialog(*dialog);
+  std::vector<controls::Form*> windows{&dialogs.Form11, &dialogs.Form12, &dialogs.Form13, &frmTip, &Form35};
   for (panels::Room* room : rooms())
-    for (controls::Form* dialog : room->dialogs())
-      NewSkin.addDialog(*dialog);
+    std::ranges::copy(room->dialogs(), std::back_inserter(windows));
+  for (controls::Form* dialog : windows) {
+    NewSkin.addDialog(*dialog);
+    looks.addDialog(*dialog);
+  }
   NewSkin.addMainWindow(Form1);
   NewSkin.addMainWindow(Form9);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "appearance/picture_view.hpp"
 #include "appearance/skins.hpp"
 #include "basket/basket.hpp"
 #include "cleanup/cleanup.hpp"
@@ -65,6 +66,7 @@ class App {
 
   panels::PanelCommands panelCommands;
   appearance::NewSkin NewSkin;
+  appearance::PictureView pictureView;
   tools::Tools tools;
   fileops::FileOps fileops;
   basket::Basket basket;
@@ -77,9 +79,9 @@ class App {
 
  private:
   /// In the order of their entries in the menus.
-  std::array<panels::Room*, 11> rooms() {
-    return {&NewSkin,    &tools,   &panelCommands, &fileops, &basket, &rename,
-            &properties, &filters, &presets,       &compare, &cleanup};
+  std::array<panels::Room*, 12> rooms() {
+    return {&NewSkin, &tools,      &panelCommands, &pictureView, &fileops, &basket,
+            &rename,  &properties, &filters,       &presets,     &compare, &cleanup};
   }
   void addCommands();
   void drawButtons();

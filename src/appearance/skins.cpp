@@ -68,6 +68,7 @@ void NewSkin::choose(int number) {
       return;
     }
     program_.dialogs.alert("Missing Skinfile !, - Returning to default skin.");
+    program_.init.Skintype = "0";
     choose(0);
     return;
   }

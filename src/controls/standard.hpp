@@ -109,6 +109,7 @@ class PictureBox : public Control {
  public:
   PictureBox(Form& form, std::string name) : Control(form, std::move(name), Kind::PictureBox) {}
   Property<std::string> Picture{*this};      ///< program path of the image, read beside the window; empty: none
+  Property<std::string> Fallback{*this};     ///< drawn where Picture names no picture; program path; empty: nothing
   Property<std::string> PictureData{*this};  ///< bytes of an image file, drawn instead of Picture; empty: none
   Property<std::string> IconName{*this};     ///< a desktop theme icon instead of a picture; empty: none
   Property<bool> Stretch{*this, false};      ///< fitted to the area, in its own proportions

@@ -20,6 +20,7 @@ inline constexpr std::string_view VDT_Projects = "\\VDT_Projects", Favorites = "
 inline constexpr std::string_view Bookmarks = "\\Bookmarks", Collections = "\\Collections", Notes = "\\Notes";
 inline constexpr std::string_view Skins = "\\Skins", Tmp = "\\Tmp", SwapTmp = "\\SwapTmp";
 inline constexpr std::string_view Line34 = "\\line34.jpg", Line34db = "\\line34db.jpg", Line34dg = "\\line34dg.jpg";
+inline constexpr std::string_view ToolPicture = "\\Tool.gif", ProgramIcon = "\\vn.ico";
 
 /// Full path of one of the above.
 std::string path(const platform::Platform& platform, std::string_view literal);

@@ -68,6 +68,9 @@ class WaitedFiles : public platform::FileSystem {
   platform::Result<std::string> readFile(const std::string& path, std::uint64_t limit) const override {
     return waited([&] { return files_.readFile(path, limit); });
   }
+  platform::Result<std::string> readBeginning(const std::string& path, std::uint64_t most) const override {
+    return waited([&] { return files_.readBeginning(path, most); });
+  }
   platform::Result<void> writeFile(const std::string& path, std::string_view bytes) override {
     return waited([&] { return files_.writeFile(path, bytes); });
   }

@@ -39,12 +39,14 @@ Operation::Operation(panels::Desk& desk, OperationForm& dialog) : desk_(desk), d
 // --- Hand-over -----------------------------------------------------------------------------------------------------
 
 void Operation::start() {
-  if (desk_.dispatcher.panelPreCheck()) handOver(nullptr);
+  if (!desk_.dispatcher.panelPreCheck()) return;
+  handOver(nullptr);
   close();
 }
 
 void Operation::start(const std::vector<core::Item>& items) {
-  if (desk_.dispatcher.panelPreCheck()) handOver(&items);
+  if (!desk_.dispatcher.panelPreCheck()) return;
+  handOver(&items);
   close();
 }
 

@@ -46,7 +46,4 @@ class CommandTable {
   std::vector<Command> commands_;
 };
 
-/// Said in the tool tip of a button that has no command yet.
-inline constexpr std::string_view NotYetBuilt = " (not available in this version)";
-
 }  // namespace varnholt::panels

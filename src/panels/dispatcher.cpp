@@ -53,7 +53,8 @@ bool Dispatcher::panelPreCheck() {
     Fileident();
     return false;
   }
-  if (busy) return false;
+  if (busy || form_.VDT_Aktive) return false;
+  commandBegins();
   busy = true;
   return true;
 }

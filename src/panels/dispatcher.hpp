@@ -29,7 +29,8 @@ class Dispatcher {
   /// Works out source and target of `CurrentItem` by the active panel.
   void Fileident();
   void resetval();
-  /// What every command on a panel's items begins with. False: refused.
+  /// What every command on a panel's items begins with. False: refused, also silently while the Virtual DeskTop has the
+  /// keyboard.
   bool panelPreCheck();
   /// The common closing step of such a command.
   void commandDone();
@@ -43,8 +44,8 @@ class Dispatcher {
   /// True from panelPreCheck to commandDone, and while a loop gives the message loop a turn.
   bool busy = false;
 
-  /// A command has done its closing step.
-  controls::Signal<> commandEnded;
+  /// A command on a panel's items passed its pre-checks; a command has done its closing step.
+  controls::Signal<> commandBegins, commandEnded;
 
   void LockOnLast_Click();
   void PreFolder_Click() { chooseMemory(true); }

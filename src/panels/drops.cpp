@@ -50,9 +50,7 @@ void Drops::DragDropClick(const std::string& handler) {
     selection_.nonselect();
     return;
   }
-  if (form_.commands.find(handler)) return dispatcher_.perform(handler);
-  const auto* button = dynamic_cast<controls::Button*>(form_.control(handler.substr(0, handler.rfind("_Click"))));
-  if (button) form_.statusLine(button->Caption.get() + std::string(NotYetBuilt));
+  dispatcher_.perform(handler);
 }
 
 }  // namespace varnholt::panels

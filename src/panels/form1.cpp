@@ -5,28 +5,12 @@ namespace varnholt::panels {
 Form1::Form1(controls::MessageLoop& loop) : Form(loop, "Form1") {
   Caption = "Varnholt";
   ListView3.Visible = false;
-  Picture1.Visible = false;
-  Picture2.Visible = false;
+  for (controls::PictureBox* box : {&Picture1, &Picture2, &Image1, &Image2})
+    box->Visible = false;
   Text3.Visible = false;
   ImageCombo1.ToolTipText = "Select Folder History supplied From Main Panels !.";
-  drawComingButtons();
   Timer1.Interval = 2000;
   Timer3.Enabled = false;
-}
-
-void Form1::drawComingButtons() {
-  struct Coming {
-    controls::Button& button;
-    const char *caption, *toolTip, *icon;
-  };
-  for (const Coming& coming :
-       {Coming{Command15, "Properties", "File/Folder Details in Seperate window (Ctrl+U)", "properties"},
-        {Command26, "Pview", "Enable/Disable Picture View ( Alt+Bksp)", "picture"}}) {
-    coming.button.Caption = coming.caption;
-    coming.button.ToolTipText = coming.toolTip + std::string(NotYetBuilt);
-    coming.button.Icon = coming.icon;
-    coming.button.Enabled = false;
-  }
 }
 
 void Form1::setMode(std::string_view mode) {

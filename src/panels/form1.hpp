@@ -38,7 +38,7 @@ class Form1 : public controls::Form {
  public:
   explicit Form1(controls::MessageLoop& loop);
 
-  // Left panel, right panel.
+  // Left panel, right panel. A picture is drawn stretched in the image, or in its own size in the box below that.
   controls::ComboBox Drive1{*this, "Drive1"}, Drive2{*this, "Drive2"};
   controls::Button Command23{*this, "Command23"}, Command25{*this, "Command25"};  ///< Browse Back
   controls::Button Command22{*this, "Command22"}, Command24{*this, "Command24"};  ///< Browse Forward
@@ -47,12 +47,14 @@ class Form1 : public controls::Form {
   controls::Button Command6{*this, "Command6"}, Command7{*this, "Command7"};      ///< Root
   controls::TextBox Text1{*this, "Text1"}, Text2{*this, "Text2"};                 ///< path lines
   controls::ListView ListView1{*this, "ListView1"}, ListView2{*this, "ListView2"};
+  controls::PictureBox Picture1{*this, "Picture1"}, Picture2{*this, "Picture2"};
+  controls::PictureBox Image1{*this, "Image1"}, Image2{*this, "Image2"};
 
   // Below the panels.
-  controls::ListView ListView3{*this, "ListView3"};                               ///< the Virtual DeskTop
-  controls::PictureBox Picture1{*this, "Picture1"}, Picture2{*this, "Picture2"};  ///< previews
-  controls::ComboBox ImageCombo1{*this, "ImageCombo1"};                           ///< folder history
-  controls::TextBox Text3{*this, "Text3"};                                        ///< command line
+  controls::ListView ListView3{*this, "ListView3"};      ///< the Virtual DeskTop
+  controls::PictureBox Picture3{*this, "Picture3"};      ///< icon of the type of the item in focus
+  controls::ComboBox ImageCombo1{*this, "ImageCombo1"};  ///< folder history
+  controls::TextBox Text3{*this, "Text3"};               ///< command line
 
   // The command row.
   controls::Button Command1{*this, "Command1"}, Command3{*this, "Command3"}, Command4{*this, "Command4"};
@@ -87,6 +89,7 @@ class Form1 : public controls::Form {
   /// The item in hand as it travels, and the paths that `Fileident` makes of it.
   std::string CurrentItem, SourcePath, TargetPath;
 
+  bool VDT_Aktive = false;  ///< the Virtual DeskTop has the keyboard: commands on the panels' items are refused
   bool CtrlHeld = false;    ///< the Ctrl key is down in a panel
   bool filterMark = false;  ///< the selection was made by the file filter
   RecallBuffer& panelRecall(Side side) { return recall_[side == Side::Left ? 0 : 1]; }
@@ -98,9 +101,6 @@ class Form1 : public controls::Form {
   std::vector<controls::Button*> commandButtons();
 
  private:
-  /// The buttons of commands that are still to come; a command's row draws its button anew.
-  void drawComingButtons();
-
   std::optional<Side> activeSide_;
   std::string mode_;
   RecallBuffer recall_[2];

@@ -67,6 +67,7 @@ void ListLooks::apply() {
   }
   for (Panel* panel : {&form_.Panel1, &form_.Panel2})
     panel->list.BackColor = panel == form_.activePanel() ? active_.activeColor : active_.inactiveColor;
+  applyOther();
   colorMenuState();
 }
 
@@ -102,6 +103,7 @@ void ListLooks::ShiftColorOther_Click() {
   entry.Checked = !entry.Checked;
   program_.init.GetColorState = entry.Checked ? "1" : "0";
   colorMenuState();
+  applyOther();
 }
 
 void ListLooks::chooseSet(int number) {
@@ -118,10 +120,21 @@ void ListLooks::chooseSet(int number) {
   apply();
 }
 
-void ListLooks::ShiftColorOtherM(controls::ListView& list) {
+void ListLooks::ShiftColorOtherM(controls::ListView& list, const std::string& picture) {
   const bool shift = form_.Menu["ShiftColorOther"].Checked;
-  list.Picture = shift ? linePicture_ : std::string();
+  list.Picture = shift ? picture : std::string();
   list.PictureAlignment = shift ? Tile : 0;
+}
+
+void ListLooks::addDialog(const controls::Form& dialog) {
+  for (controls::Control* control : dialog.controls())
+    if (control->kind() == controls::Kind::ListView) otherLists_.push_back(static_cast<controls::ListView*>(control));
+}
+
+// A dialog that is shut takes it over when it opens, one that is open is drawn anew.
+void ListLooks::applyOther() {
+  for (controls::ListView* list : otherLists_)
+    ShiftColorOtherM(*list, linePicture_);
 }
 
 }  // namespace varnholt::panels

@@ -5,6 +5,7 @@
 #include "panels/form1.hpp"
 
 #include <string>
+#include <vector>
 
 namespace varnholt::panels {
 
@@ -37,19 +38,23 @@ class ListLooks {
   void BlueBlack_Click() { chooseSet(0); }
   void BrownBlack_Click() { chooseSet(1); }
   void GrayBlack_Click() { chooseSet(2); }
-  /// Gives one list of a dialog the line image, or takes it away.
-  void ShiftColorOtherM(controls::ListView& list);
+  /// Gives one list of a dialog the line image of that path, or takes it away, by the state of `ShiftColorOther`.
+  void ShiftColorOtherM(controls::ListView& list, const std::string& picture);
+  /// The lists of that dialog wear the line image of the other lists from here on, whenever it is open.
+  void addDialog(const controls::Form& dialog);
 
  private:
   void chooseSet(int number);
   void takeSet(int number);
   bool allLineImagesExist() const;
   std::string lineImage(int number) const;
+  void applyOther();
 
   Form1& form_;
   core::Program& program_;
   ActivePanel& active_;
   std::string linePicture_;
+  std::vector<controls::ListView*> otherLists_;
 };
 
 }  // namespace varnholt::panels

@@ -165,6 +165,8 @@ class FileSystem {
 
   /// The whole file, at most `limit` bytes (TooLarge beyond). NotRegular for pipes and devices.
   virtual Result<std::string> readFile(const std::string& path, std::uint64_t limit = 64u << 20) const = 0;
+  /// The first `most` bytes of the file, or all that it has. NotRegular for pipes and devices.
+  virtual Result<std::string> readBeginning(const std::string& path, std::uint64_t most) const = 0;
   /// Replaces or makes the file in one step: a reader, or the next start after a power cut, finds the old bytes or
   /// the new ones. A link is followed, so that the file it names is replaced and the link stays.
   virtual Result<void> writeFile(const std::string& path, std::string_view bytes) = 0;

@@ -45,6 +45,9 @@ class ForwardingFileSystem : public FileSystem {
   Result<std::string> readFile(const std::string& path, std::uint64_t limit = 64u << 20) const override {
     return base_.readFile(path, limit);
   }
+  Result<std::string> readBeginning(const std::string& path, std::uint64_t most) const override {
+    return base_.readBeginning(path, most);
+  }
   Result<void> writeFile(const std::string& path, std::string_view bytes) override {
     return base_.writeFile(path, bytes);
   }

@@ -1,13 +1,17 @@
 #pragma once
 
 #include "qt/blocking_call.hpp"
+#include "qt/picture_decoder.hpp"
 
 #include <QImage>
 #include <QPixmap>
 
+#include <atomic>
+#include <cstdint>
 #include <functional>
 #include <future>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -16,8 +20,9 @@ namespace varnholt::qt {
 /// Pictures by program path (skins, line images, previews).
 class Pictures {
  public:
-  /// Gives the bytes of the file at a program path; nothing when it cannot be read.
-  using Reader = std::function<std::optional<std::string>(const std::string& path)>;
+  /// Gives the bytes of the file at a program path, at most so many; nothing when it cannot be read. Called on any
+  /// thread.
+  using Reader = std::function<std::optional<std::string>(const std::string& path, std::uint64_t most)>;
 
   void setReader(Reader reader) { reader_ = std::move(reader); }
 
@@ -28,14 +33,13 @@ class Pictures {
   QImage covering(const std::string& path, const QSize& area);
   /// Begins to decode, beside, what `covering` will be asked for: the picture of a window that is being built.
   void decodeAhead(const std::string& path, const QSize& area);
+  /// The picture that these bytes of a file are.
+  static QPixmap drawn(const std::string& bytes);
   /// Reads it anew, beside the window: a folder of photos must not pile up in memory, and any of them may be large or
-  /// lie on a drive that does not answer. At least as large as `area` in pixels lets it be shown, where the format can
-  /// be read smaller; an empty area: in its own size. `done` runs on the window's thread.
-  struct Loaded {
-    QImage image;   ///< null when there is no such picture
-    QSize natural;  ///< its own size
-  };
-  void loadBeside(const std::string& path, const QSize& area, std::function<void(const Loaded&)> done);
+  /// lie on a drive that does not answer. `done` runs on the window's thread. Setting the token makes it end early.
+  using Unwanted = std::shared_ptr<std::atomic<bool>>;
+  void loadBeside(const std::string& path, const PictureWish& wish, Unwanted unwanted,
+                  std::function<void(DecodedPicture)> done);
 
  private:
   struct Ahead {

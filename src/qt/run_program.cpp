@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QLibrary>
+#include <QLoggingCategory>
 #include <QTimer>
 
 #include <chrono>
@@ -25,6 +26,8 @@ void readFontConfiguration() {
 }  // namespace
 
 int runProgram(int argc, char** argv, const StartProgram& start) {
+  // A picture that is cut off or no longer wanted is a matter of its box, and no line on a terminal.
+  QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
   QApplication::setApplicationName(QStringLiteral("varnholt"));
   QGuiApplication::setDesktopFileName(QStringLiteral("varnholt"));
   // Fusion is set below; without a name here the toolkit would first load the desktop's own style.

@@ -18,6 +18,8 @@ TEST_F(FileContents, ReadFileWholeAndWithinTheLimit) {
   EXPECT_TRUE(unknownSize && unknownSize->starts_with("Name:"));
   EXPECT_TRUE(temp.files.readFile(temp.at("a"), 3));
   EXPECT_EQ(codeOf(temp.files.readFile(temp.at("a"), 2)), ErrorCode::TooLarge);
+  EXPECT_EQ(temp.files.readBeginning(temp.at("a"), 2).valueOr("?"), std::string("1\0", 2));
+  EXPECT_EQ(temp.files.readBeginning(temp.at("a"), 9).valueOr("?").size(), 3u);
   EXPECT_EQ(codeOf(temp.files.readFile(temp.at("f"))), ErrorCode::IsAFolder);
   EXPECT_EQ(codeOf(temp.files.readFile(temp.at("none"))), ErrorCode::NotFound);
 }

@@ -281,7 +281,7 @@ TEST_F(Adapters, ATreeStaysWhereItIsScrolledToWhenItGrows) {
 
 TEST_F(Adapters, PicturesAreReadByProgramPathAndFitted) {
   std::string wanted;
-  read.setReader([&](const std::string& path) {
+  read.setReader([&](const std::string& path, std::uint64_t) {
     wanted = path;
     return redPicture(QSize(40, 20));
   });
@@ -291,10 +291,10 @@ TEST_F(Adapters, PicturesAreReadByProgramPathAndFitted) {
   QImage drawn;
   ASSERT_TRUE(QTest::qWaitFor([&] {
     drawn = picture.grab().toImage();
-    return drawn.pixelColor(50, 50) == QColor(Qt::red);
+    return drawn.pixelColor(10, 10) == QColor(Qt::red);
   }));
   EXPECT_EQ(wanted, "C:\\Photos\\red.png");
-  EXPECT_NE(drawn.pixelColor(50, 20), QColor(Qt::red)) << "a small picture keeps its size";
+  EXPECT_NE(drawn.pixelColor(50, 50), QColor(Qt::red)) << "a small picture keeps its size, from the upper left";
   form.Picture1.Stretch = true;
   draw();
   drawn = picture.grab().toImage();
@@ -306,20 +306,52 @@ TEST_F(Adapters, PicturesAreReadByProgramPathAndFitted) {
   EXPECT_EQ(picture.horizontalScrollBar()->maximum(), 10) << "a larger one is scrolled";
 }
 
-TEST_F(Adapters, APictureThatIsNoLongerWantedIsDropped) {
+TEST_F(Adapters, APictureTellsOfEachClickOnce) {
+  int clicks = 0, doubleClicks = 0;
+  form.Picture1.Click = [&] { ++clicks; };
+  form.Picture1.DblClick = [&] { ++doubleClicks; };
+  draw();
+  QTest::mouseClick(picture.viewport(), Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+  QTest::mouseDClick(picture.viewport(), Qt::LeftButton);
+  EXPECT_EQ(doubleClicks, 1);
+}
+
+TEST_F(Adapters, WhatIsNoPictureGivesWayToTheFallbackAndTheOneBeforeStaysUntilThen) {
   std::promise<void> goOn;
-  read.setReader([&, wait = goOn.get_future().share()](const std::string& path) -> std::optional<std::string> {
-    if (path.ends_with("slow.png")) wait.wait();
-    QImage one(40, 20, QImage::Format_RGB32);
-    one.fill(path.ends_with("slow.png") ? Qt::red : Qt::green);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    one.save(&buffer, "PNG");
-    return bytes.toStdString();
+  read.setReader([&, wait = goOn.get_future().share()](const std::string& path, std::uint64_t) {
+    if (path == "text.jpg") wait.wait();
+    return path == "text.jpg" ? "no picture" : redPicture(path == "tool.gif" ? QSize(10, 10) : QSize(40, 20));
   });
   picture.setFixedSize(100, 100);
-  const auto middle = [&] { return picture.grab().toImage().pixelColor(50, 50); };
+  const auto isRed = [&](int x, int y) { return picture.grab().toImage().pixelColor(x, y) == QColor(Qt::red); };
+  form.Picture1.Fallback = "tool.gif";
+  form.Picture1.Picture = "red.png";
+  draw();
+  ASSERT_TRUE(waitFor([&] { return isRed(30, 15); }));
+  form.Picture1.Picture = "text.jpg";
+  draw();
+  EXPECT_TRUE(isRed(30, 15)) << "no flicker";
+  EXPECT_TRUE(waitFor([&] { return !isRed(5, 5); })) << "but not for long";
+  goOn.set_value();
+  EXPECT_TRUE(waitFor([&] { return isRed(5, 5) && !isRed(30, 15); }));
+}
+
+TEST_F(Adapters, APictureThatIsNoLongerWantedIsDropped) {
+  std::promise<void> goOn;
+  read.setReader(
+      [&, wait = goOn.get_future().share()](const std::string& path, std::uint64_t) -> std::optional<std::string> {
+        if (path.ends_with("slow.png")) wait.wait();
+        QImage one(40, 20, QImage::Format_RGB32);
+        one.fill(path.ends_with("slow.png") ? Qt::red : Qt::green);
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::WriteOnly);
+        one.save(&buffer, "PNG");
+        return bytes.toStdString();
+      });
+  picture.setFixedSize(100, 100);
+  const auto middle = [&] { return picture.grab().toImage().pixelColor(20, 10); };
   form.Picture1.Picture = "C:\\slow.png";
   draw();
   form.Picture1.Picture = "C:\\green.png";

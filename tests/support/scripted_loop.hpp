@@ -62,7 +62,9 @@ class ScriptedLoop : public controls::MessageLoop {
   void runModal(controls::Form& form) override;
   void runBlocking(const std::function<void()>& call, const controls::Meanwhile& meanwhile) override;
   void runBeside(std::function<void()> call, std::function<void()> done) override {
+    ++blocked;
     call();
+    --blocked;
     done();
   }
   /// The tick of the call that is running: what the user is shown meanwhile.
@@ -79,7 +81,8 @@ class ScriptedLoop : public controls::MessageLoop {
   /// The attached form of that name, null when there is none.
   controls::Form* form(const std::string& name) const;
 
-  int turns = 0, blocked = 0;
+  int turns = 0;
+  int blocked = 0;  ///< calls under way that may wait for a drive: no window waits for it
   bool quitAsked = false;
   /// Called at each turn: what the user does while a handler works.
   std::function<void()> onTurn;

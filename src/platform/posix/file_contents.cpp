@@ -7,6 +7,7 @@
 #include "platform/posix/posix_error.hpp"
 #include "platform/posix/temp_file.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
@@ -34,6 +35,24 @@ Result<std::string> targetOfLinks(const std::string& path) {
   return systemError(ELOOP, path);
 }
 
+/// Reads from the beginning until the file ends or `most` bytes are there. The size is a hint only: files of /proc tell
+/// 0, and others grow while they are read.
+Result<std::string> readUpTo(const UniqueFd& file, const std::string& path, std::uint64_t expected,
+                             std::uint64_t most) {
+  std::string bytes(static_cast<size_t>(std::min(expected, most)), '\0');
+  size_t filled = 0;
+  while (filled < most) {
+    if (filled == bytes.size()) bytes.resize(static_cast<size_t>(std::min<std::uint64_t>(filled * 2 + 4096, most)));
+    const ssize_t got = ::read(file.get(), bytes.data() + filled, bytes.size() - filled);
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return systemError(errno, path);
+    if (got == 0) break;
+    filled += static_cast<size_t>(got);
+  }
+  bytes.resize(filled);
+  return bytes;
+}
+
 /// The permissions that a new file gets from the process's mask.
 constexpr mode_t newFileMode = 0666;
 
@@ -57,21 +76,19 @@ Result<std::string> readWholeFile(const std::string& path, std::uint64_t limit) 
   struct stat facts {};
   if (::fstat(file->get(), &facts) != 0) return systemError(errno, path);
   const Error tooLarge = refusal(ErrorCode::TooLarge, path, "the file is larger than this use allows");
-  if (static_cast<std::uint64_t>(facts.st_size) > limit) return tooLarge;
-  // The size is a hint only: files of /proc tell 0, and others grow while they are read.
-  std::string bytes(static_cast<size_t>(facts.st_size) + 1, '\0');
-  size_t filled = 0;
-  for (;;) {
-    if (filled == bytes.size()) bytes.resize(bytes.size() * 2 + 4096);
-    const ssize_t got = ::read(file->get(), bytes.data() + filled, bytes.size() - filled);
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return systemError(errno, path);
-    if (got == 0) break;
-    filled += static_cast<size_t>(got);
-    if (filled > limit) return tooLarge;
-  }
-  bytes.resize(filled);
+  const auto size = static_cast<std::uint64_t>(facts.st_size);
+  if (size > limit) return tooLarge;
+  auto bytes = readUpTo(*file, path, size + 1, limit + 1);
+  if (bytes && bytes->size() > limit) return tooLarge;
   return bytes;
+}
+
+Result<std::string> readFileBeginning(const std::string& path, std::uint64_t most) {
+  auto file = openRegular(path);
+  if (!file) return file.error();
+  struct stat facts {};
+  if (::fstat(file->get(), &facts) != 0) return systemError(errno, path);
+  return readUpTo(*file, path, static_cast<std::uint64_t>(facts.st_size) + 1, most);
 }
 
 int writeAll(int fd, const char* bytes, size_t count) {

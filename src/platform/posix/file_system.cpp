@@ -169,6 +169,11 @@ Result<std::string> PosixFileSystem::readFile(const std::string& path, std::uint
   return system ? told(readWholeFile(*system, limit)) : system.error();
 }
 
+Result<std::string> PosixFileSystem::readBeginning(const std::string& path, std::uint64_t most) const {
+  const auto system = map_.toSystem(path);
+  return system ? told(readFileBeginning(*system, most)) : system.error();
+}
+
 Result<void> PosixFileSystem::writeFile(const std::string& path, std::string_view bytes) {
   const auto system = map_.toSystem(path);
   return system ? told(posix::replaceFile(*system, bytes)) : system.error();

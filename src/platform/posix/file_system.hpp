@@ -31,6 +31,7 @@ class PosixFileSystem final : public FileSystem {
   Result<DriveInfo> volume(const std::string& path) const override;
 
   Result<std::string> readFile(const std::string& path, std::uint64_t limit = 64u << 20) const override;
+  Result<std::string> readBeginning(const std::string& path, std::uint64_t most) const override;
   Result<void> writeFile(const std::string& path, std::string_view bytes) override;
 
   Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,

@@ -32,16 +32,19 @@ std::pair<QColor, QColor> tonesOf(const QPixmap& picture) {
 }
 
 /// Widths of the first column, which holds names, and the shares of their widths that the others keep beside it.
-constexpr int UsefulName = 140, NarrowestName = 76;
+constexpr int UsefulName = 140, NarrowestName = 88;
 constexpr double ReadableShare = 0.8, NarrowestShare = 0.68;
 
 /// Widths in which the columns fit the room, if they can: the names give way first, down to what is useful; then the
-/// others, which have room around their texts, and so in turn.
+/// others, which have room around their texts, and so in turn. Where all that is not enough, the list is scrolled, and
+/// nothing is narrower than can be read.
 std::vector<int> fittedWidths(std::vector<int> widths, int room) {
   if (widths.empty()) return widths;
   const int others = std::accumulate(widths.begin() + 1, widths.end(), 0);
   double share = 1;
+  const bool fits = theme::scaled(NarrowestName) + static_cast<int>(others * NarrowestShare) <= room;
   for (const auto& [name, least] : {std::pair{UsefulName, ReadableShare}, {NarrowestName, NarrowestShare}}) {
+    if (!fits && name == NarrowestName) break;
     widths[0] =
         std::clamp(room - static_cast<int>(others * share), std::min(widths[0], theme::scaled(name)), widths[0]);
     if (others > 0) share = std::clamp(double(room - widths[0]) / others, least, share);

@@ -7,15 +7,22 @@
 
 #include <QEvent>
 #include <QPointer>
+#include <QTimer>
 
+#include <chrono>
 #include <optional>
+#include <utility>
 
 namespace varnholt::qt {
 namespace {
 
 class PictureBoxAdapter : public Joined<controls::PictureBox, PictureView> {
  public:
-  using Joined::Joined;
+  PictureBoxAdapter(Host& host, controls::PictureBox& control, PictureView& widget) : Joined(host, control, widget) {
+    late_.setSingleShot(true);
+    connect(&late_, &QTimer::timeout, this, [this] { drawn.setPicture({}); });
+  }
+  ~PictureBoxAdapter() override { stopLoading(); }
 
  protected:
   QString ownName() const override { return QStringLiteral("Picture"); }
@@ -24,16 +31,9 @@ class PictureBoxAdapter : public Joined<controls::PictureBox, PictureView> {
     drawn.setStretch(self.Stretch);
     if (self.PictureData.get() != data_) {
       data_ = self.PictureData.get();
-      QPixmap pixmap;
-      pixmap.loadFromData(reinterpret_cast<const uchar*>(data_.data()), static_cast<uint>(data_.size()));
-      drawn.setPicture(pixmap);
+      drawn.setPicture(Pictures::drawn(data_));
     }
-    if (self.Picture.get() != picture_) {
-      picture_ = self.Picture.get();
-      asked_.reset();
-      drawn.setPicture({});
-      shownWidth_ = 0;
-    }
+    if (self.Picture.get() != picture_) takePicture();
     load();
     if (self.IconName.get() != icon_) drawn.setIcon(desktopIcon(icon_ = self.IconName.get()));
   }
@@ -43,46 +43,86 @@ class PictureBoxAdapter : public Joined<controls::PictureBox, PictureView> {
     return Joined::eventFilter(watched, event);
   }
 
+  // What it has told need not be told again by the widgets around it.
+  bool mouseRelease(const QMouseEvent& event) override { return Joined::mouseRelease(event) || true; }
+  bool mouseDoubleClick(const QMouseEvent& event) override { return Joined::mouseDoubleClick(event) || true; }
+
  private:
   // One that does not come, from a drive that is gone, must not keep the next ones away. More at once would pile up
   // while a key is held down.
   static constexpr int AtOnce = 2;
+  // The one before stays so long, so that a walk through a folder does not flicker.
+  static constexpr std::chrono::milliseconds Patience{250};
 
-  // What was asked for may be too small for a larger area, or for the picture's own size.
+  void takePicture() {
+    stopLoading();
+    picture_ = self.Picture.get();
+    asked_.reset();
+    shownWidth_ = 0;
+    late_.stop();
+    picture_.empty() ? drawn.setPicture({}) : late_.start(Patience);
+  }
+
+  void stopLoading() {
+    if (unwanted_) *unwanted_ = true;
+    unwanted_ = std::make_shared<std::atomic<bool>>(false);
+  }
+
+  // What was asked for may be too small for a larger area, or for the picture's own size, which is asked for only when
+  // the smaller one has come.
   bool isAskedFor(const QSize& area) const {
-    if (!asked_) return false;
-    return asked_->isEmpty() || (!area.isEmpty() && area.boundedTo(*asked_) == area);
+    if (!asked_ || asked_->isEmpty()) return asked_.has_value();
+    return area.isEmpty() ? shownWidth_ == 0 : area.boundedTo(*asked_) == area;
   }
 
   void load() {
     const QSize area = drawn.wantedPixels();
     if (picture_.empty() || loading_ == AtOnce || isAskedFor(area)) return;
-    asked_ = area;
+    const bool first = area.isEmpty() && !asked_;
+    const PictureWish wish =
+        first ? PictureWish{drawn.areaPixels(), PictureWish::Fit::Preview} : PictureWish{area, PictureWish::Fit::Show};
+    asked_ = wish.area;
     ++loading_;
-    host().pictures().loadBeside(picture_, area,
-                                 [self = QPointer(this), path = picture_](const Pictures::Loaded& loaded) {
-                                   if (self && !self->abandoned()) self->came(path, loaded);
+    host().pictures().loadBeside(picture_, wish, unwanted_,
+                                 [self = QPointer(this), path = picture_](DecodedPicture loaded) {
+                                   if (self && !self->abandoned()) self->came(path, std::move(loaded));
                                  });
   }
 
   // What is no longer wanted is dropped, and so is a smaller one that comes late.
-  void came(const std::string& path, const Pictures::Loaded& loaded) {
+  void came(const std::string& path, DecodedPicture loaded) {
     --loading_;
-    if (path == picture_ && loaded.image.width() > shownWidth_) {
-      shownWidth_ = loaded.image.width();
-      drawn.setPicture(QPixmap::fromImage(loaded.image), loaded.natural);
-    }
+    if (path == picture_ && loaded.image.isNull() && shownWidth_ == 0) showFallback();
+    if (path == picture_ && loaded.image.width() > shownWidth_) show(std::move(loaded));
     load();
   }
 
+  void show(DecodedPicture loaded) {
+    late_.stop();
+    shownWidth_ = loaded.image.width();
+    if (loaded.isWhole()) asked_ = QSize();
+    drawn.setPicture(QPixmap::fromImage(std::move(loaded.image)), loaded.natural);
+  }
+
+  void showFallback() {
+    late_.stop();
+    asked_ = QSize();
+    drawn.setPicture(host().pictures().kept(self.Fallback));
+  }
+
+  // A desktop without icons of its own has none for types: one of the program's family stands in.
   static QIcon desktopIcon(const std::string& name) {
-    return name.empty() ? QIcon() : QIcon::fromTheme(toQt(name), iconNamed(name));
+    if (name.empty()) return {};
+    const bool isPicture = name.starts_with("image");
+    return QIcon::fromTheme(toQt(name), iconNamed(hasIcon(name) ? name : isPicture ? "picture" : "file"));
   }
 
   std::string picture_, data_, icon_;
-  std::optional<QSize> asked_;  ///< the area for which the picture was asked; empty: its own size
+  std::optional<QSize> asked_;  ///< the area for which the picture was asked; empty: all of it, or it is none
   int loading_ = 0;
-  int shownWidth_ = 0;
+  int shownWidth_ = 0;  ///< of the picture that is wanted; 0: nothing of it has come
+  Pictures::Unwanted unwanted_;
+  QTimer late_;
 };
 
 }  // namespace

@@ -40,7 +40,9 @@ void PictureView::setStretch(bool stretch) {
   place();
 }
 
-QSize PictureView::wantedPixels() const { return stretch_ ? viewport()->size() * devicePixelRatioF() : QSize(); }
+QSize PictureView::areaPixels() const { return viewport()->size() * devicePixelRatioF(); }
+
+QSize PictureView::wantedPixels() const { return stretch_ ? areaPixels() : QSize(); }
 
 QSize PictureView::sizeHint() const { return {theme::scaled(SmallestSide), theme::scaled(SmallestSide)}; }
 
@@ -73,9 +75,8 @@ void PictureView::paintEvent(QPaintEvent*) {
     paintIcon(painter);
   } else {
     const QSize size = stretch_ ? natural_.scaled(area.size(), Qt::KeepAspectRatio) : natural_;
-    QRect target = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, area);
-    if (size.width() > area.width()) target.moveLeft(-horizontalScrollBar()->value());
-    if (size.height() > area.height()) target.moveTop(-verticalScrollBar()->value());
+    QRect target(QPoint(-horizontalScrollBar()->value(), -verticalScrollBar()->value()), size);
+    if (stretch_) target.moveCenter(area.center());
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(target, picture_);
   }

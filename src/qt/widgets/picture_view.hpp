@@ -6,7 +6,7 @@
 
 namespace varnholt::qt {
 
-/// Shows a picture or an icon, centred. The dynamic property "defaultIcon" names the icon shown while there is neither;
+/// Shows a picture or an icon. The dynamic property "defaultIcon" names the icon shown while there is neither;
 /// without it the area is empty then.
 class PictureView : public QAbstractScrollArea {
   Q_OBJECT
@@ -15,12 +15,16 @@ class PictureView : public QAbstractScrollArea {
   /// `natural`: its own size, of which the pixmap may be a smaller copy; empty: the pixmap's.
   void setPicture(const QPixmap& picture, const QSize& natural = {});
   const QSize& naturalSize() const { return natural_; }
+  /// It has all pixels of the picture, and not a smaller copy.
+  bool isWhole() const { return picture_.size() == natural_; }
   void setIcon(const QIcon& icon);
-  /// As large as the area lets it be, in its own proportions; otherwise in its own size, with scroll bars where the
-  /// area is smaller.
+  /// As large as the area lets it be, in its own proportions; otherwise in its own size from the upper left, with
+  /// scroll bars where the area is smaller.
   void setStretch(bool stretch);
   /// What is drawn of the picture, in pixels of the screen; empty: all that it has.
   QSize wantedPixels() const;
+  /// The area itself in such pixels.
+  QSize areaPixels() const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
