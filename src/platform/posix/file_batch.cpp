@@ -55,11 +55,11 @@ bool isFree(int folder, const char* name) {
 /// Runs `work` for each index, several at once, and begins no further one when one has failed or the caller, who is
 /// asked on his own thread, wants no more. Gives the results up to the first that was not begun.
 template <class Work>
-BatchResults runBatch(std::size_t count, const Progress& progress, const Work& work) {
+BatchResults runBatch(std::size_t count, unsigned mostWorkers, const Progress& progress, const Work& work) {
   std::vector<std::optional<Result<std::uint64_t>>> done(count);
   std::atomic<std::size_t> next = 0;
   std::atomic<bool> over = false;
-  const unsigned workers = static_cast<unsigned>(std::min<std::size_t>(workerCount(), count));
+  const unsigned workers = static_cast<unsigned>(std::min<std::size_t>(mostWorkers, count));
   runWorkers(workers, [&](unsigned worker) {
     auto step = work();
     for (std::size_t at = next++; at < count && !over; at = next++) {
@@ -98,7 +98,7 @@ BatchResults copyBatch(const std::string& from, const Names& names, const std::s
   const auto fromStore = AttributeStore::ofDescriptor(source.get()),
              toStore = AttributeStore::ofDescriptor(target.get());
   NoStop monitor;
-  return runBatch(sizes.size(), progress, [&] {
+  return runBatch(sizes.size(), workerCount(), progress, [&] {
     CopySide fromSide{source.get(), fromStore}, toSide{target.get(), toStore};
     return [&, fromSide, toSide](std::size_t at) mutable -> Result<std::uint64_t> {
       const char* name = names[at].c_str();
@@ -142,7 +142,7 @@ BatchResults deleteBatch(const std::string& folder, const Names& names, const Pr
       return isPlain ? std::optional(facts.size) : std::nullopt;
     };
   });
-  return runBatch(sizes.size(), progress, [&] {
+  return runBatch(sizes.size(), deleteWorkerCount(), progress, [&] {
     return [&](std::size_t at) -> Result<std::uint64_t> {
       if (::unlinkat(open.get(), names[at].c_str(), 0) == 0) return sizes[at];
       return systemError(errno, folder + '/' + names[at]);
