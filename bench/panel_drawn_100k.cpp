@@ -1,6 +1,7 @@
 // What a user waits for in a drawn panel of 100,000 rows, from the press to the painted window: the whole program on a
 // display, with events as the toolkit sends them.
-//   bench_panel_drawn_100k FOLDER     prints "case <tab> ours_ms <tab> limit_ms"
+//   bench_panel_drawn_100k FOLDER            prints "case <tab> ours_ms <tab> limit_ms"
+//   bench_panel_drawn_100k FOLDER resident   prints the bytes that the program holds with FOLDER in both panels
 
 #include "app/app.hpp"
 #include "qt/run_program.hpp"
@@ -17,12 +18,24 @@
 #include <cstdio>
 #include <functional>
 
+#include <unistd.h>
+
 using namespace varnholt;
 
 namespace {
 
 constexpr std::size_t RecallNames = 2'000;
 constexpr double Limit = 50, WholePanelLimit = 100;  // milliseconds
+
+/// Of this process, in the memory of the machine.
+long residentBytes() {
+  long pages = 0;
+  if (std::FILE* file = std::fopen("/proc/self/statm", "r")) {
+    if (std::fscanf(file, "%*d %ld", &pages) != 1) pages = 0;
+    std::fclose(file);
+  }
+  return pages * ::sysconf(_SC_PAGESIZE);
+}
 
 /// Notes that a widget was painted.
 class Painted : public QObject {
@@ -37,8 +50,11 @@ class Painted : public QObject {
 
 class Running : public qt::RunningProgram {
  public:
-  Running(qt::QtMessageLoop& loop, const std::string& folder)
-      : loop_(loop), host_(platform::makePlatformHost(folders(folder))), app_(loop, host_->platform()) {
+  Running(qt::QtMessageLoop& loop, const std::string& folder, bool onlyResident)
+      : loop_(loop),
+        onlyResident_(onlyResident),
+        host_(platform::makePlatformHost(folders(folder))),
+        app_(loop, host_->platform()) {
     core::Settings(host_->platform().settings).save(core::setting::Tip_State, "1");
     app_.frmSplash.Timer1.Interval = 1;
     loop.later([this] { measureAll(); });
@@ -63,6 +79,10 @@ class Running : public qt::RunningProgram {
     widget_->window()->resize(1280, 800);
     list().SetFocus();
     settle();
+    if (onlyResident_) {
+      std::printf("%ld\n", residentBytes());
+      return loop_.quit();
+    }
     measure("drawn-click", Limit, [this] { click(row_ = row_ == 5 ? 9 : 5, {}); });
     measure("drawn-ctrl-click", Limit, [this] { click(row_ = row_ == 5 ? 9 : 5, Qt::ControlModifier); });
     measure("drawn-key", Limit, [this] { key(Qt::Key_Down, {}); });
@@ -134,6 +154,7 @@ class Running : public qt::RunningProgram {
 
   QTemporaryDir kept_;
   qt::QtMessageLoop& loop_;
+  bool onlyResident_;
   std::unique_ptr<platform::PlatformHost> host_;
   app::App app_;
   qt::ListViewWidget* widget_ = nullptr;
@@ -144,6 +165,7 @@ class Running : public qt::RunningProgram {
 
 int main(int argc, char** argv) {
   if (argc < 2) return 2;
-  return qt::runProgram(argc, argv,
-                        [&](qt::QtMessageLoop& loop, const auto&) { return std::make_unique<Running>(loop, argv[1]); });
+  return qt::runProgram(argc, argv, [&](qt::QtMessageLoop& loop, const auto&) {
+    return std::make_unique<Running>(loop, argv[1], argc > 2);
+  });
 }
