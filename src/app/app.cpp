@@ -48,7 +48,9 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       rename(desk, fileops.policy, fileops.Form7),
       properties(desk, fileops.desktop),
       filters(desk),
-      presets(desk) {
+      presets(desk),
+      compare(desk, presets),
+      cleanup(desk, fileops.desktop) {
   addCommands();
   bindPanel(Form1.Panel1);
   bindPanel(Form1.Panel2);

@@ -2,6 +2,8 @@
 
 #include "appearance/skins.hpp"
 #include "basket/basket.hpp"
+#include "cleanup/cleanup.hpp"
+#include "compare/compare.hpp"
 #include "core/program.hpp"
 #include "core/start_windows.hpp"
 #include "fileops/fileops.hpp"
@@ -70,11 +72,14 @@ class App {
   properties::Properties properties;
   filters::Filters filters;
   places::Presets presets;
+  compare::Compare compare;
+  cleanup::CleanUp cleanup;
 
  private:
   /// In the order of their entries in the menus.
-  std::array<panels::Room*, 9> rooms() {
-    return {&NewSkin, &tools, &panelCommands, &fileops, &basket, &rename, &properties, &filters, &presets};
+  std::array<panels::Room*, 11> rooms() {
+    return {&NewSkin,    &tools,   &panelCommands, &fileops, &basket, &rename,
+            &properties, &filters, &presets,       &compare, &cleanup};
   }
   void addCommands();
   void drawButtons();

@@ -1,7 +1,9 @@
 #include "basket/collection_file.hpp"
 
 #include "core/program_files.hpp"
+#include "core/text_character.hpp"
 #include "core/text_file.hpp"
+#include "core/val_input_rule.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
 
@@ -45,6 +47,32 @@ platform::Result<std::size_t> CollectionFiles::save(const std::string& name,
   const auto written = core::writeLines(program_.files(), path(name), lines);
   if (!written) return written.error();
   return items.size() - lines.size();
+}
+
+bool CollectionFiles::saveAs(controls::TextBox& nameBox, const std::deque<core::Item>& items,
+                             const std::function<bool(const std::string& question)>& mayReplace) const {
+  auto& dialogs = program_.dialogs;
+  std::string name(core::trimmed(nameBox.Text.get()));
+  if (name.empty()) return false;
+  if (const auto refused = core::firstRefusedCharacter(name)) {
+    nameBox.Text = name;
+    dialogs.alert(core::refusedCharacterText(*refused));
+    nameBox.SetFocus();
+    return false;
+  }
+  name += ".Col";
+  if (program_.files().fileExists(path(name)) &&
+      !mayReplace("Collection File:  " + name + "\rAlready Exist !, - OverWrite ?"))
+    return false;
+  const auto leftOut = save(name, items);
+  if (!leftOut) {
+    dialogs.alert("Cannot Save Collection File !\r" + name + " :  " + leftOut.error().text);
+    return false;
+  }
+  if (*leftOut > 0)
+    dialogs.alert(std::to_string(*leftOut) + " Item(s) Not Saved !\rTheir names have a line break in them.");
+  dialogs.inform("Saved As:  ...\\" + name);
+  return true;
 }
 
 CollectionFiles::Loaded CollectionFiles::itemsOf(const platform::FileSystem& files, const std::string& bytes,

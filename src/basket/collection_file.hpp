@@ -1,6 +1,7 @@
 #pragma once
 
 #include "basket/paste_collection.hpp"
+#include "controls/standard.hpp"
 #include "core/program.hpp"
 
 #include <functional>
@@ -21,6 +22,11 @@ class CollectionFiles {
   std::string path(const std::string& name) const;
   /// Replaces the file in one step. Paths with a line break in them have no line, and are left out: their number.
   platform::Result<std::size_t> save(const std::string& name, const std::deque<core::Item>& items) const;
+
+  /// Saves under the name in the box, and tells how it went; a name that is refused stays in the box. Where there is
+  /// such a file, `mayReplace` is asked the question. False: nothing was written.
+  bool saveAs(controls::TextBox& name, const std::deque<core::Item>& items,
+              const std::function<bool(const std::string& question)>& mayReplace) const;
 
   struct Loaded {
     std::vector<core::Item> items;  ///< as the disk spells them

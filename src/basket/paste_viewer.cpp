@@ -1,8 +1,6 @@
 #include "basket/paste_viewer.hpp"
 
 #include "core/format.hpp"
-#include "core/text_character.hpp"
-#include "core/val_input_rule.hpp"
 #include "fileops/item_in_hand.hpp"
 #include "platform/paths.hpp"
 
@@ -84,8 +82,8 @@ void basket::Form38::setTexts() {
 void basket::Form38::bind() {
   Load = [this] { Form_Load(); };
   QueryUnload = [this](bool& keep) {
-    keep = working_;
-    stopped_ = true;
+    keep = work_.running();
+    work_.stop();
   };
   Command1.Click = [this] { Command1_Click(); };
   Command2.Click = [this] { Command2_Click(); };
@@ -160,13 +158,21 @@ void basket::Form38::ListView1_ColumnClick(int number) {
 
 // --- The basket ----------------------------------------------------------------------------------------------------
 
+template <class Call>
+bool basket::Form38::runLong(const Call& call) {
+  desk_.pointer() = controls::pointer::Hourglass;
+  const bool whole = work_.run(Command4, call);
+  desk_.pointer() = controls::pointer::Default;
+  return whole;
+}
+
 void basket::Form38::Command1_Click() {
   Caption = std::string(Title) + ", - Calculating Total Size, Please Wait... !";
   std::uint64_t sum = 0;
-  const bool whole = runLong([&](const std::function<bool()>& goesOn) {
-    const auto progress = [&](std::uint64_t) { return goesOn(); };
+  const bool whole = runLong([&] {
+    const auto progress = [&](std::uint64_t) { return work_.goesOn(); };
     for (const core::Item& item : collection_.items()) {
-      if (!goesOn()) return;
+      if (!work_.goesOn()) return;
       sum += item.isFolder ? fileops::treeSize(desk_, item.path, progress).bytes
                            : desk_.files().fileSize(item.path).valueOr(0);
     }
@@ -176,19 +182,9 @@ void basket::Form38::Command1_Click() {
   Caption = std::string(Title) + ", - " + std::to_string(collection_.count()) + " Item(s) In : " + bytes + " Bytes";
 }
 
-bool basket::Form38::runLong(const std::function<void(const std::function<bool()>&)>& call) {
-  working_ = true;
-  stopped_ = false;
-  desk_.pointer() = controls::pointer::Hourglass;
-  desk_.program.loop.runBlocking([&] { call([this] { return !stopped_; }); }, {{}, &Command4});
-  desk_.pointer() = controls::pointer::Default;
-  working_ = false;
-  return !stopped_;
-}
-
 void basket::Form38::Command4_Click() {
-  if (working_)
-    stopped_ = true;
+  if (work_.running())
+    work_.stop();
   else
     UnloadForm();
 }
@@ -233,30 +229,9 @@ void basket::Form38::ListView1_DblClick() {
 
 // --- Collection files ----------------------------------------------------------------------------------------------
 
-std::string basket::Form38::askedName() {
-  const std::string name(core::trimmed(Text2.Text.get()));
-  const auto refused = core::firstRefusedCharacter(name);
-  if (!refused) return name;
-  Text2.Text = name;
-  desk_.program.dialogs.alert(core::refusedCharacterText(*refused));
-  Text2.SetFocus();
-  return {};
-}
-
 void basket::Form38::Command5_Click() {
-  auto& dialogs = desk_.program.dialogs;
-  std::string name = askedName();
-  if (name.empty()) return;
-  name += ".Col";
-  if (desk_.files().fileExists(files_.path(name)) &&
-      !dialogs.AskRetry("Collection File:  " + name + "\rAlready Exist !, - OverWrite ?"))
-    return;
-  const auto leftOut = files_.save(name, collection_.items());
-  if (!leftOut) return dialogs.alert("Cannot Save Collection File !\r" + name + " :  " + leftOut.error().text);
-  if (*leftOut > 0)
-    dialogs.alert(std::to_string(*leftOut) + " Item(s) Not Saved !\rTheir names have a line break in them.");
-  dialogs.inform("Saved As:  ...\\" + name);
-  showFiles();
+  const auto mayReplace = [this](const std::string& question) { return desk_.program.dialogs.AskRetry(question); };
+  if (files_.saveAs(Text2, collection_.items(), mayReplace)) showFiles();
 }
 
 std::string basket::Form38::chosenFile() const { return Combo1.ListIndex < 0 ? std::string() : Combo1.Text.get(); }
@@ -269,9 +244,9 @@ void basket::Form38::Combo1_Click() {
   platform::Result<std::string> bytes = std::string();
   CollectionFiles::Loaded loaded;
   const std::string path = files_.path(name);
-  const bool whole = runLong([&](const std::function<bool()>& goesOn) {
+  const bool whole = runLong([&] {
     bytes = desk_.files().readFile(path);
-    if (bytes) loaded = CollectionFiles::itemsOf(desk_.files(), *bytes, goesOn);
+    if (bytes) loaded = CollectionFiles::itemsOf(desk_.files(), *bytes, [this] { return work_.goesOn(); });
   });
   if (!bytes) desk_.program.dialogs.alert("Cannot Load Collection File !\r" + name + " :  " + bytes.error().text);
   if (!bytes || !whole) return showCount();

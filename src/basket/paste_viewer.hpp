@@ -4,10 +4,9 @@
 #include "basket/paste_collection.hpp"
 #include "controls/list_view.hpp"
 #include "controls/standard.hpp"
+#include "core/stoppable_call.hpp"
 #include "panels/desk.hpp"
 
-#include <atomic>
-#include <functional>
 #include <string>
 
 namespace varnholt::basket {
@@ -54,19 +53,17 @@ class Form38 : public controls::Form {
   void showFiles();
   void showMore(bool more);
   void take(const CollectionFiles::Loaded& loaded, const std::string& name);
-  /// The name to save under; empty: none, which was told.
-  std::string askedName();
   std::string chosenFile() const;
   /// The item of the row in focus that is still there; `gone` is told when it is not.
   std::optional<core::Item> chosenItem(const char* gone);
-  /// Runs a call that may take long; Cancel ends it by what `goesOn` says. False: it was ended.
-  bool runLong(const std::function<void(const std::function<bool()>& goesOn)>& call);
+  /// Runs a call that Cancel ends, under the hourglass. False: it was ended.
+  template <class Call>
+  bool runLong(const Call& call);
 
   panels::Desk& desk_;
   PasteCollection& collection_;
   CollectionFiles files_;
-  bool working_ = false;
-  std::atomic<bool> stopped_ = false;
+  core::StoppableCall work_{desk_.program.loop};
 };
 
 }  // namespace varnholt::basket

@@ -90,6 +90,10 @@ std::string propertiesDate(std::string_view dateTimeFormat, const platform::Cale
   return dateBy({"mm-dd-yy  hh:nn AM/PM", "dd-mm-yy  hh:nn"}, dateTimeFormat, time);
 }
 
+std::string compareDate(std::string_view dateTimeFormat, const platform::CalendarTime& time) {
+  return dateBy({"mm-dd-yy  hh:nn:ss AM/PM", "dd-mm-yy  hh:nn:ss"}, dateTimeFormat, time);
+}
+
 std::string treeDate(std::string_view dateTimeFormat, const platform::CalendarTime& time) {
   return dateBy({"mm-dd-yy hh:mm AM/PM", "dd-mm-yy hh:mm"}, dateTimeFormat, time);
 }
@@ -110,16 +114,27 @@ std::string folderSizeText(std::uint64_t bytes, const platform::RegionalFormats&
   return bytes == 0 ? "Emty Folder!" : bytesText(bytes, regional);
 }
 
-std::string properCase(std::string_view text) {
+namespace {
+
+template <class Parts>
+std::string capitalized(std::string_view text, const Parts& parts) {
   std::string out;
   bool beginsWord = true;
   while (!text.empty()) {
     const std::string_view character = text.substr(0, firstCharacter(text).bytes);
     out += beginsWord ? platform::upperCase(character) : platform::foldCase(character);
-    beginsWord = partsWords(character.front());
+    beginsWord = parts(character.front());
     text.remove_prefix(character.size());
   }
   return out;
+}
+
+}  // namespace
+
+std::string properCase(std::string_view text) { return capitalized(text, partsWords); }
+
+std::string properNames(std::string_view text) {
+  return capitalized(text, [](char c) { return c == ' ' || c == '\\' || c == '.' || c == '-'; });
 }
 
 }  // namespace varnholt::core

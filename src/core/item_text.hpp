@@ -61,6 +61,8 @@ std::int64_t dayNumber(const platform::CalendarTime& time);
 std::string panelRowDate(std::string_view dateTimeFormat, const platform::CalendarTime& time);
 /// "03-09-07  02:05 PM", "09-03-07  14:05".
 std::string propertiesDate(std::string_view dateTimeFormat, const platform::CalendarTime& time);
+/// "03-09-07  02:05:07 PM", "09-03-07  14:05:07".
+std::string compareDate(std::string_view dateTimeFormat, const platform::CalendarTime& time);
 /// "03-09-07 02:05 PM", "09-03-07 14:05".
 std::string treeDate(std::string_view dateTimeFormat, const platform::CalendarTime& time);
 /// "02:05:07 PM", "14:05:07".
@@ -78,5 +80,7 @@ std::string folderSizeText(std::uint64_t bytes, const platform::RegionalFormats&
 /// Each word begins with a capital and goes on in small letters. Words are parted by blanks and control characters
 /// alone, so of a path only the parts behind blanks get capitals.
 std::string properCase(std::string_view text);
+/// The same for names and paths: words begin behind blanks, backslashes, points and hyphens.
+std::string properNames(std::string_view text);
 
 }  // namespace varnholt::core

@@ -29,6 +29,10 @@ struct Program {
   platform::Result<platform::DriveInfo> drive(char letter) const {
     return loop.ask([&] { return platform.drives.info(letter); });
   }
+  bool driveReady(char letter) const {
+    const auto facts = drive(letter);
+    return facts && facts->ready;
+  }
 
   mutable WaitedFiles waitedFiles{platform.files, loop};
 };

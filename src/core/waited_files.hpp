@@ -47,6 +47,15 @@ class WaitedFiles : public platform::FileSystem {
                                                   const platform::Progress& progress) const override {
     return waited([&] { return files_.folderSize(folder, progress); });
   }
+  platform::Result<std::vector<platform::FoundFile>>
+  findFiles(const std::string& folder, unsigned levels, const platform::NameTest& takes,
+            const platform::SearchProgress& progress) const override {
+    return waited([&] { return files_.findFiles(folder, levels, takes, progress); });
+  }
+  std::vector<platform::Result<void>> deleteBelow(const std::string& root, const std::vector<std::string>& paths,
+                                                  const platform::Progress& progress) override {
+    return waited([&] { return files_.deleteBelow(root, paths, progress); });
+  }
   platform::Result<std::string> fileVersion(const std::string& path) const override {
     return waited([&] { return files_.fileVersion(path); });
   }

@@ -35,9 +35,10 @@ void Desktop::copy(const std::vector<std::string>& files) {
   std::size_t tried = 0;
   for (const std::string& file : files) {
     const std::string target = *desktop + std::string(paths::fileName(file));
-    if (desk_.files().fileExists(target) && !mayReplace(target)) continue;
+    const bool isThere = desk_.files().sameEntry(file, target);
+    if (!isThere && desk_.files().fileExists(target) && !mayReplace(target)) continue;
     ++tried;
-    arrived = copyFile(file, target) && arrived;
+    arrived = (isThere || copyFile(file, target)) && arrived;
   }
   if (tried == 0) return;
   desk_.listing.ViewUpdateAll(*desktop);

@@ -12,7 +12,7 @@ bool Move::mayOpen() {
     return false;
   }
   const auto volume = desk_.files().volume(source.path());
-  if (volume && volume->fileSystem == "CDFS") {
+  if (volume && volume->isCompactDisc()) {
     alert("Cannot Move From CD-Rom/DVD-Rom !\rFunction Exits !");
     return false;
   }

@@ -336,10 +336,7 @@ bool Operation::exists(const std::string& path) const {
   return VerifyFolderMode_ ? desk_.files().folderExists(path) : desk_.files().fileExists(path);
 }
 
-bool Operation::driveReady(const panels::Panel& panel) {
-  const auto drive = desk_.program.drive(panel.driveRoot().front());
-  return drive && drive->ready;
-}
+bool Operation::driveReady(const panels::Panel& panel) { return desk_.program.driveReady(panel.driveRoot().front()); }
 
 // --- Operations with a target --------------------------------------------------------------------------------------
 
@@ -417,12 +414,11 @@ bool TargetOperation::verify() {
 }
 
 void TargetOperation::changed() {
-  using platform::DriveType;
   const std::string target = desk_.form.TargetPath;
   bool wait = false;
   (void)runLong({}, [&](const platform::Progress&) {
     const auto volume = desk_.files().volume(target);
-    wait = volume && (volume->type == DriveType::Removable || volume->type == DriveType::Network);
+    wait = volume && volume->mayBePulledOut();
     return platform::Result<void>();
   });
   wait = wait && !dialog_.StopFlag;

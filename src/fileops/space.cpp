@@ -17,8 +17,6 @@ using controls::pointer::Hourglass;
 
 constexpr std::uint64_t Kilobyte = 1000, Megabyte = 1'000'000;
 
-bool isDisc(const platform::DriveInfo& drive) { return drive.fileSystem == "CDFS" || drive.fileSystem == "UDF"; }
-
 // The whole-number part of the percentage.
 std::uint64_t freeShare(const platform::DriveInfo& drive) {
   if (drive.totalBytes == 0) return 1;
@@ -41,7 +39,7 @@ std::string FreeSpaceText(const platform::Result<platform::DriveInfo>& drive,
 bool Space::DiskAvailable(bool moving, const std::string& from, const std::string& to) {
   const auto drive = desk_.files().volume(to);
   if (!drive) return false;
-  if (isDisc(*drive)) {
+  if (drive->isDisc()) {
     desk_.program.dialogs.alert("Cannot Copy Or Move To CD-Rom/DVD-Rom !\rFunction Exits !");
     return true;
   }

@@ -39,13 +39,10 @@ bool Swap::mayBegin() {
 
 bool Swap::drivesAllow() {
   const panels::Panel* const sides[] = {&desk_.form.Panel1, &desk_.form.Panel2};
-  const auto isReady = [&](const panels::Panel* side) {
-    const auto drive = desk_.program.drive(side->driveRoot().front());
-    return drive && drive->ready;
-  };
+  const auto isReady = [&](const panels::Panel* side) { return desk_.program.driveReady(side->driveRoot().front()); };
   const auto isDisc = [&](const panels::Panel* side) {
     const auto volume = desk_.files().volume(side->path());
-    return volume && volume->fileSystem == "CDFS";
+    return volume && volume->isCompactDisc();
   };
   if (!std::ranges::all_of(sides, isReady)) {
     desk_.program.dialogs.alert("Drive(s) Not ready !\rFunction Exits !");

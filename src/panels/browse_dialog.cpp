@@ -62,7 +62,7 @@ void panels::Form35::Form_Load() {
     const auto info = program_.drive(letter);
     if (!info || !info->ready) continue;
     const std::string name = info->share.empty() ? info->label : info->share;
-    const bool cd = info->fileSystem == "CDFS";
+    const bool cd = info->isCompactDisc();
     controls::TreeNode& node = TreeView1.add(
         &computer, (name.empty() ? "" : name + " ") + "(" + std::string(1, letter) + ":)" + (cd ? " [CDFS]" : ""),
         info->root(), cd ? "drive-cd" : "drive-fixed");

@@ -21,7 +21,6 @@ void Form1::drawComingButtons() {
   };
   for (const Coming& coming :
        {Coming{Command15, "Properties", "File/Folder Details in Seperate window (Ctrl+U)", "properties"},
-        {Command17, "CleanUp", "Search a drive for files to clean", "cleanup"},
         {Command26, "Pview", "Enable/Disable Picture View ( Alt+Bksp)", "picture"}}) {
     coming.button.Caption = coming.caption;
     coming.button.ToolTipText = coming.toolTip + std::string(NotYetBuilt);

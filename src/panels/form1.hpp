@@ -74,7 +74,6 @@ class Form1 : public controls::Form {
   Panel Panel2{Side::Right, {ListView2, Text2, Drive2, Command25, Command24, Command9, Command19, Command7}};
   Panel& panel(Side side) { return side == Side::Left ? Panel1 : Panel2; }
   Panel& otherPanel(const Panel& panel) { return panel.side == Side::Left ? Panel2 : Panel1; }
-  Panel& panelOf(const controls::ListView& list) { return &list == &ListView1 ? Panel1 : Panel2; }
 
   /// `View1Active` and `View2Active`: in normal running exactly one is set.
   bool View1Active() const { return activeSide_ == Side::Left; }

@@ -1,7 +1,6 @@
 #include "panels/histories.hpp"
 
 #include "core/program_files.hpp"
-#include "core/text_file.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
 
@@ -12,12 +11,7 @@
 namespace varnholt::panels {
 namespace {
 
-namespace file = core::program_file;
 namespace paths = platform::paths;
-
-std::vector<std::string> read(const core::Program& program, std::string_view literal) {
-  return core::readLines(program.files(), file::path(program.platform, literal));
-}
 
 }  // namespace
 
@@ -62,8 +56,8 @@ void Histories::load(const core::Program& program) {
     line = paths::withClosing(line);
   folders.assign(std::move(known));
   files.assign(filesFile_.load(program));
-  compareRight.assign(read(program, file::CompHis_R));
-  compareLeft.assign(read(program, file::CompHis_L));
+  compareRight.assign(compareRightFile_.load(program));
+  compareLeft.assign(compareLeftFile_.load(program));
   for (const auto& line : lastFoldersFile_.load(program))
     noteLastFolder(line);
 }
@@ -88,6 +82,15 @@ void Histories::forgetVanished(const core::Program& program, std::function<void(
 
 platform::Result<void> Histories::storeFolders(const core::Program& program) {
   return foldersFile_.store(program, folders.entries(), folders.limit());
+}
+
+void Histories::ComphisL_save(const core::Program& program) {
+  if (!compareLeft.entries().empty()) (void)compareLeftFile_.store(program, compareLeft.entries(), compareLeft.limit());
+}
+
+void Histories::ComphisR_save(const core::Program& program) {
+  if (!compareRight.entries().empty())
+    (void)compareRightFile_.store(program, compareRight.entries(), compareRight.limit());
 }
 
 void Histories::store(const core::Program& program) {

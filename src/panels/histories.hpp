@@ -34,7 +34,7 @@ class History {
 struct Histories {
   History folders{50};                        ///< `DirHis.Dat`, behind `ImageCombo1`
   History files{50};                          ///< `FileHis.Dat`
-  History compareLeft{50}, compareRight{50};  ///< `CompHis_L.Dat`, `CompHis_R.Dat`
+  History compareLeft{11}, compareRight{11};  ///< `CompHis_L.Dat`, `CompHis_R.Dat`
   std::vector<std::string> lastFolders;       ///< `GetFolders.Dat`: the last folder of each drive
 
   /// Notes the folder as the last one of its drive.
@@ -49,12 +49,16 @@ struct Histories {
   void forgetVanished(const core::Program& program, std::function<void()> changed);
   /// Writes the three files that are saved at exit.
   void store(const core::Program& program);
+  /// Write `CompHis_L.Dat` and `CompHis_R.Dat`, unless there is nothing to write.
+  void ComphisL_save(const core::Program& program);
+  void ComphisR_save(const core::Program& program);
   /// Writes `DirHis.Dat` alone.
   platform::Result<void> storeFolders(const core::Program& program);
 
  private:
   core::SharedLines foldersFile_{core::program_file::DirHis}, filesFile_{core::program_file::FileHis},
-      lastFoldersFile_{core::program_file::GetFolders};
+      lastFoldersFile_{core::program_file::GetFolders}, compareLeftFile_{core::program_file::CompHis_L},
+      compareRightFile_{core::program_file::CompHis_R};
 };
 
 }  // namespace varnholt::panels

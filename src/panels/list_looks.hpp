@@ -21,9 +21,6 @@ class ListLooks {
       : form_(form), program_(program), active_(active) {}
 
   PanelColors colors;
-  /// Whole path of the chosen line image; empty: none was found.
-  const std::string& linePicture() const { return linePicture_; }
-
   /// Takes colour set, shift and grid from the start-up state. A missing line image is told, and start-up goes on.
   void applyInitState();
   /// The grounds of the active and of the other lists, where no line image covers them.

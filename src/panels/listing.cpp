@@ -89,7 +89,7 @@ RowFormat Listing::rowFormat(const Panel& panel) const {
                    &program_.platform.clock};
   if (format.DateSystem != "3") return format;
   const auto volume = program_.files().volume(panel.path());
-  format.datesNotAvailable = volume && (volume->fileSystem == "CDFS" || volume->fileSystem == "UDF");
+  format.datesNotAvailable = volume && volume->isDisc();
   return format;
 }
 

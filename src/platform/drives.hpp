@@ -25,6 +25,11 @@ struct DriveInfo {
   std::uint64_t availableBytes = 0;  ///< free for this user
 
   std::string root() const { return std::string(1, letter) + ":\\"; }
+  bool isCompactDisc() const { return fileSystem == "CDFS"; }
+  /// What was written has to be on the medium before the user is told that all is done.
+  bool mayBePulledOut() const { return type == DriveType::Removable || type == DriveType::Network; }
+  /// A disc of any kind: nothing on it can be changed.
+  bool isDisc() const { return isCompactDisc() || fileSystem == "UDF"; }
 };
 
 /// The drive letters. `C` is the user's home folder, `Z` the root of the file system, and volumes mounted under

@@ -84,6 +84,23 @@ struct TreeSize {
   bool exact = true;          ///< false when a folder below could not be read
 };
 
+/// A file that a search has found, told as what it is: a link with its own size and dates.
+struct FoundFile {
+  std::string path;
+  std::uint64_t size = 0;
+  Date modified, created, accessed;
+};
+/// Whether a search takes a file of that name; its folder lies `level` folders below the one that is searched, which is
+/// level 0. Called on several threads at once.
+using NameTest = std::function<bool(std::string_view name, unsigned level)>;
+/// How far a search is: the folder that is read just now, and the share of the folders known so far.
+struct SearchAdvance {
+  std::string folder;
+  double share = 0;
+};
+/// As Progress.
+using SearchProgress = std::function<bool(const SearchAdvance&)>;
+
 /// What a batch call did with the first of its files, in their order: the bytes of each, or why it failed. Files behind
 /// these were not touched.
 using BatchResults = std::vector<Result<std::uint64_t>>;
@@ -129,7 +146,14 @@ class FileSystem {
                                                const std::vector<std::string>& names) const = 0;
   /// Bytes and counts below a folder. NotFound, NotAFolder, Stopped; folders that cannot be read make it inexact.
   virtual Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const = 0;
-  /// "a.b.c.d" from the version resource of a Windows program or library; the empty text for any other file.
+  /// The files whose names a test takes, in a folder and so many levels of folders (1: itself alone), level by level
+  /// and in the order of listings within each. Links are files unless they lead to a folder, and are not entered;
+  /// neither are mounted volumes. Folders that cannot be read hold nothing. Stopped, it gives what was found until
+  /// then. NotFound, NotAFolder.
+  virtual Result<std::vector<FoundFile>> findFiles(const std::string& folder, unsigned levels, const NameTest& takes,
+                                                   const SearchProgress& progress = {}) const = 0;
+  /// "a.b.c.d" from the version resource of a Windows program or library; the empty text for any other file,
+  /// and for names that no program has (paths::isProgramName), which are not even looked for.
   virtual Result<std::string> fileVersion(const std::string& path) const = 0;
   /// The icon number `index`, counted from 0, of a Windows program or library, as the bytes of an icon file (ICO).
   /// NotFound when it has none, NotRegular for pipes and devices.
@@ -189,6 +213,11 @@ class FileSystem {
   /// `progress` is told entries.
   virtual Result<void> deleteFolder(const std::string& path, bool force, const Progress& progress = {},
                                     LeftOuts* leftOut = nullptr) = 0;
+  /// Deletes files that a search of `root` has found, read-only ones too, in their order: an answer each, fewer when
+  /// stopped. Links go as links. A path that leads out of the root, also by a link or a volume that has come to stand
+  /// in it since, is refused. `progress` is told the files done.
+  virtual std::vector<Result<void>> deleteBelow(const std::string& root, const std::vector<std::string>& paths,
+                                                const Progress& progress = {}) = 0;
   /// Deletes a folder in which nothing lies.
   virtual Result<void> deleteEmptyFolder(const std::string& path) = 0;
   // The batch calls do what the single calls without overwriting and without force do, for files of one folder, much

@@ -29,6 +29,14 @@ class ForwardingFileSystem : public FileSystem {
   Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override {
     return base_.folderSize(folder, progress);
   }
+  Result<std::vector<FoundFile>> findFiles(const std::string& folder, unsigned levels, const NameTest& takes,
+                                           const SearchProgress& progress = {}) const override {
+    return base_.findFiles(folder, levels, takes, progress);
+  }
+  std::vector<Result<void>> deleteBelow(const std::string& root, const std::vector<std::string>& paths,
+                                        const Progress& progress = {}) override {
+    return base_.deleteBelow(root, paths, progress);
+  }
   Result<std::string> fileVersion(const std::string& path) const override { return base_.fileVersion(path); }
   Result<std::string> programIcon(const std::string& path, std::uint32_t index) const override {
     return base_.programIcon(path, index);

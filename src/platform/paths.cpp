@@ -2,6 +2,8 @@
 
 #include "platform/text_fold.hpp"
 
+#include <algorithm>
+
 namespace varnholt::platform::paths {
 namespace {
 
@@ -67,6 +69,12 @@ std::string_view extension(std::string_view name) {
 }
 
 std::string_view baseName(std::string_view name) { return name.substr(0, extensionPoint(name)); }
+
+bool isProgramName(std::string_view name) {
+  constexpr std::string_view Extensions[] = {"exe", "dll", "ocx", "sys", "drv", "cpl", "scr", "com", "efi", "mui"};
+  const std::string_view end = extension(name);
+  return end.size() == 3 && std::ranges::count(Extensions, foldCase(end)) > 0;
+}
 
 bool sameFolder(std::string_view a, std::string_view b) { return foldCase(trimClosing(a)) == foldCase(trimClosing(b)); }
 

@@ -40,6 +40,10 @@ std::string_view extension(std::string_view name);
 /// The name less its extension and the point before it; the whole name where there is no extension.
 std::string_view baseName(std::string_view name);
 
+/// True for the extensions of programs and libraries of Windows: what else would be opened for a version resource is
+/// known to have none.
+bool isProgramName(std::string_view name);
+
 /// True when both texts name one folder: closing backslash and letter case do not count.
 bool sameFolder(std::string_view a, std::string_view b);
 

@@ -1,7 +1,5 @@
 #include "properties/attribute_change.hpp"
 
-#include "properties/medium.hpp"
-
 namespace varnholt::properties {
 namespace {
 
@@ -64,7 +62,7 @@ void AttributeChange::Command1_Click() {
 bool AttributeChange::refused() {
   const auto drive = desk_.program.drive(folder_.front());
   const bool ready = drive && drive->ready;
-  if (ready && !isReadOnlyMedium(*drive)) return false;
+  if (ready && !drive->isDisc()) return false;
   desk_.program.dialogs.alert(ready ? "Cannot Change Attribute On CD-Rom/DVD-Rom !\rFunction Exits !"
                                     : "Cannot Delete, - Drive(s) Not Ready !\rFunction Exits !");
   return true;

@@ -3,7 +3,6 @@
 #include "core/item_text.hpp"
 #include "core/picture_file.hpp"
 #include "platform/paths.hpp"
-#include "properties/medium.hpp"
 
 namespace varnholt::properties {
 
@@ -41,7 +40,7 @@ void ItemProperties::handOver() {
     desk_.program.dialogs.alert("Cannot View Data, - Drive(s) Not Ready !\rFunction Exits !");
     return;
   }
-  readOnlyMedium_ = isReadOnlyMedium(*drive);
+  readOnlyMedium_ = drive->isDisc();
   desk_.selection.ViewClickCopy(panel);
   form.setMode("FilesMode");
   items_.clear();
@@ -128,20 +127,15 @@ void ItemProperties::Command1_Click() {
 void ItemProperties::foldercalc() {
   const std::string folder = item().path;
   platform::Result<platform::TreeSize> size = platform::TreeSize{};
-  stopAsked_ = false;
-  calculating_ = true;
-  desk_.program.loop.runBlocking(
-      [&] {
-        const auto info = desk_.files().info(folder);
-        if (info && info->isLink) return;
-        size = desk_.files().folderSize(folder, [this](std::uint64_t) { return !stopAsked_; });
-      },
-      {{}, &Form15_.Command2});
-  calculating_ = false;
+  const bool whole = sizing_.run(Form15_.Command2, [&] {
+    const auto info = desk_.files().info(folder);
+    if (info && info->isLink) return;
+    size = desk_.files().folderSize(folder, [this](std::uint64_t) { return sizing_.goesOn(); });
+  });
   if (size) {
     Form15_.Text4.Text = (size->exact ? "" : "~ ") + core::folderSizeText(size->bytes, desk_.program.platform.regional);
   } else {
-    Form15_.Text4.Text = size.error().code == platform::ErrorCode::Stopped ? std::string() : size.error().text;
+    Form15_.Text4.Text = whole ? size.error().text : std::string();
   }
 }
 
@@ -154,10 +148,7 @@ void ItemProperties::Command4_Click() {
 }
 
 void ItemProperties::Command2_Click() {
-  if (calculating_) {
-    stopAsked_ = true;
-    return;
-  }
+  if (sizing_.running()) return sizing_.stop();
   Form15_.Hide();
 }
 

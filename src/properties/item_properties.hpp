@@ -1,10 +1,10 @@
 #pragma once
 
+#include "core/stoppable_call.hpp"
 #include "fileops/desktop.hpp"
 #include "panels/desk.hpp"
 #include "properties/item_dialog.hpp"
 
-#include <atomic>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -43,8 +43,7 @@ class ItemProperties {
   std::size_t index_ = 0;
   platform::Result<platform::EntryInfo> data_ = platform::Error{};
   bool readOnlyMedium_ = false;
-  bool calculating_ = false;
-  std::atomic<bool> stopAsked_ = false;
+  core::StoppableCall sizing_{desk_.program.loop};
   bool changed_ = false;  ///< the panels are to be read again
 };
 

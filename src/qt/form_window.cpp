@@ -174,15 +174,31 @@ void FormWindow::updateMenu(const std::vector<controls::Control*>& changed) {
   menu_->update(changed);
 }
 
-// A surface that holds only invisible controls gives its room away.
+// A surface that holds only invisible controls gives its room away, and the window its height.
 void FormWindow::updateGroups() {
+  const int before = widget_->height();
+  int grown = 0;
   for (auto* surface : widget_->findChildren<Surface*>()) {
     if (!surface->property("hideWhenEmpty").toBool()) continue;
     const bool used = std::ranges::any_of(adapters_, [&](const auto& joined) {
       return joined.first->Visible && surface->isAncestorOf(&joined.second->widget());
     });
-    if (surface->isHidden() == used) surface->setVisible(used);
+    if (surface->isHidden() != used) continue;
+    surface->setVisible(used);
+    const int height = surface->sizeHint().height() + std::max(widget_->layout()->spacing(), 0);
+    grown += used ? height : -height;
   }
+  if (grown != 0 && widget_->isVisible()) setHeight(before + grown);
+}
+
+// One that grows at the lower edge of the screen moves up.
+void FormWindow::setHeight(int height) {
+  const QRect screen = widget_->screen()->availableGeometry();
+  widget_->layout()->activate();
+  widget_->resize(widget_->width(), std::min(height, screen.height()));
+  const QRect frame = widget_->frameGeometry();
+  const int below = frame.bottom() - screen.bottom();
+  if (below > 0) widget_->move(frame.x(), std::max(frame.y() - below, screen.y()));
 }
 
 // A name may depend on other controls: a field is called what its label says.

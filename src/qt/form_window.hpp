@@ -64,6 +64,7 @@ class FormWindow : public QObject, private Host {
   void updatePlace(const QRect& wanted);
   void updateMenu(const std::vector<controls::Control*>& changed);
   void updateGroups();
+  void setHeight(int height);
   void updateNames();
   void updateFocus();
   void updateSkin();

@@ -28,8 +28,8 @@ class BrowseForFolder : public AppTest {
   }
   void click(controls::TreeNode& node) { form().TreeView1.clickFromUser(node); }
 
-  std::vector<std::string> childTexts(const controls::TreeNode& node) const {
-    std::vector<std::string> texts;
+  static Names childTexts(const controls::TreeNode& node) {
+    Names texts;
     for (const auto& each : node.children)
       texts.push_back(each->Text);
     return texts;
@@ -40,7 +40,6 @@ class BrowseForFolder : public AppTest {
     rig.loop.meets({{"Form35", button, "", acts}});
     return form().browse("Copy Item(s)");
   }
-  using Texts = Names;
 };
 
 TEST_F(BrowseForFolder, ReadyDrivesStandUnderMyComputerAndNoOthers) {
@@ -51,7 +50,7 @@ TEST_F(BrowseForFolder, ReadyDrivesStandUnderMyComputerAndNoOthers) {
     rig.loop.onTurn = nullptr;
     EXPECT_EQ(root().Text, "My Computer");
     EXPECT_TRUE(root().Expanded);
-    const Texts drives = childTexts(root());
+    const Names drives = childTexts(root());
     ASSERT_EQ(drives.size(), 2u) << "D: has no folder behind it";
     EXPECT_TRUE(drives[0].ends_with("(C:)") && drives[1].ends_with("(Z:)"));
     EXPECT_EQ(form().StatusBar1.panel(1), "");
@@ -65,27 +64,26 @@ TEST_F(BrowseForFolder, ReadyDrivesStandUnderMyComputerAndNoOthers) {
 }
 
 TEST_F(BrowseForFolder, AClickReadsTheFoldersOnceAndChoosesTheNode) {
-  Texts captions;
+  Names captions;
   const auto taken = browse(
       [&] {
         rig.loop.onTurn = [&] { captions.push_back(form().Caption); };
         click(drive("C"));
-        EXPECT_EQ(childTexts(drive("C")), Texts{"Photos"}) << "folders alone";
+        EXPECT_EQ(childTexts(drive("C")), Names{"Photos"}) << "folders alone";
         EXPECT_TRUE(drive("C").Expanded);
-        EXPECT_EQ(form().Text1.Text.get(), "C:\\");
-        EXPECT_EQ(form().Caption.get(), "Browse For Folder On Ready Drives..");
+        EXPECT_EQ(form().Text1.Text.get() + "|" + form().Caption.get(), "C:\\|Browse For Folder On Ready Drives..");
         click(child(drive("C"), "Photos"));
-        EXPECT_EQ(childTexts(child(drive("C"), "Photos")), (Texts{"2023", "2024"}));
+        EXPECT_EQ(childTexts(child(drive("C"), "Photos")), (Names{"2023", "2024"}));
         rig.makeFolder("C:\\Later");
         click(drive("C"));
-        EXPECT_EQ(childTexts(drive("C")), Texts{"Photos"}) << "scanned before";
+        EXPECT_EQ(childTexts(drive("C")), Names{"Photos"}) << "scanned before";
         click(child(child(drive("C"), "Photos"), "2024"));
         EXPECT_EQ(form().Text1.Text.get(), "C:\\Photos\\2024");
       },
       "Command1");
   EXPECT_EQ(taken, "C:\\Photos\\2024\\");
   const std::string path = "Folder Path", scanning = "Scanning Folders, - Please Wait...";
-  EXPECT_EQ(captions, (Texts{path, scanning, path, scanning, path, path, scanning}));
+  EXPECT_EQ(captions, (Names{path, scanning, path, scanning, path, path, scanning}));
 }
 
 TEST_F(BrowseForFolder, ALinkToAFolderHasNothingBelowItAndAnOpenedNodeIsNotChosen) {
@@ -93,7 +91,7 @@ TEST_F(BrowseForFolder, ALinkToAFolderHasNothingBelowItAndAnOpenedNodeIsNotChose
   browse([&] {
     click(drive("D"));
     form().TreeView1.expandFromUser(drive("C"), true);
-    EXPECT_EQ(childTexts(drive("C")), Texts{"Photos"});
+    EXPECT_EQ(childTexts(drive("C")), Names{"Photos"});
     EXPECT_EQ(form().Text1.Text.get(), "D:\\");
     controls::TreeNode& photos = child(drive("C"), "Photos");
     click(photos);
@@ -144,7 +142,7 @@ TEST_F(BrowseForFolder, NothingElseRunsWhileFoldersAreScanned) {
         rig.loop.onTurn = nullptr;
         EXPECT_TRUE(form().Visible);
         EXPECT_EQ(form().Text1.Text.get(), "C:\\");
-        EXPECT_EQ(childTexts(drive("C")), Texts{"Photos"});
+        EXPECT_EQ(childTexts(drive("C")), Names{"Photos"});
       },
       "Command1");
   EXPECT_EQ(taken, "C:\\");

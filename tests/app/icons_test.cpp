@@ -33,17 +33,13 @@ class IconsTest : public test::AppTest {
  protected:
   void SetUp() override {
     ASSERT_TRUE(rig.start());
-    auto& registry = rig.platform->registry;
-    const auto set = [&](const char* key, const char* value) {
-      ASSERT_TRUE(registry.createKey(platform::RegistryRoot::ClassesRoot, key));
-      ASSERT_TRUE(registry.set(platform::RegistryRoot::ClassesRoot, key, "", std::string(value)));
-    };
-    set(".abc", "abcfile");
-    set("abcfile\\DefaultIcon", " \"C:\\Icons\\library.dll\" , 0 ");
-    set(".def", "deffile");
-    set("deffile\\DefaultIcon", "C:\\Icons\\plain.ico");
-    set(".ghi", "ghifile");
-    set("ghifile\\DefaultIcon", "C:\\Icons\\gone.dll,3");
+    for (const auto& [type, icon] : {std::pair{"abc", " \"C:\\Icons\\library.dll\" , 0 "},
+                                     {"def", "C:\\Icons\\plain.ico"},
+                                     {"ghi", "C:\\Icons\\gone.dll,3"}}) {
+      const std::string kind = std::string(type) + "file";
+      rig.registerText(platform::RegistryRoot::ClassesRoot, std::string(".") + type, "", kind);
+      rig.registerText(platform::RegistryRoot::ClassesRoot, kind + "\\DefaultIcon", "", icon);
+    }
   }
   controls::PictureBox& shown(const std::string& path) {
     rig.app().icons.Iconshow(rig.form().Picture1, path);

@@ -1,11 +1,5 @@
 #include "support/app_rig.hpp"
 
-#include "platform/forwarding_file_system.hpp"
-
-#include <sys/stat.h>
-#include <unistd.h>
-#include <utility>
-
 namespace varnholt::app {
 namespace {
 
@@ -21,6 +15,7 @@ class ListingTest : public test::AppTest {
       all += (column ? "|" : "") + panel.list.cell(row, column);
     return all;
   }
+  /// First columns, folders and files with their extensions.
   std::string order(Panel& panel) {
     std::string all;
     for (const auto& name : rig.names(panel))
@@ -50,15 +45,10 @@ TEST_F(ListingTest, RowsTellFoldersAndFilesApart) {
 
 TEST_F(ListingTest, AwkwardEntriesAreListedAsWhatTheyAre) {
   const std::string folder = rig.systemPath("C:\\");
-  rig.write("C:\\back", "");
-  std::filesystem::rename(folder + "back", folder + "a\\b.txt");
-  rig.write("C:\\line\nbreak.txt");
-  rig.write("C:\\bytes \xFF\xFE.bin");
-  rig.write("C:\\target\\inside.txt");
-  std::filesystem::create_symlink("nowhere", folder + "dangling.lnk");
-  std::filesystem::create_directory_symlink("target", folder + "to folder");
-  std::filesystem::create_symlink("/dev/zero", folder + "endless");
-  ASSERT_EQ(::mkfifo((folder + "pipe").c_str(), 0600), 0);
+  rig.scratch.file("home/a\\b.txt");
+  write({"line\nbreak.txt", "bytes \xFF\xFE.bin", "target\\inside.txt"});
+  rig.scratch.link("home/dangling.lnk", "nowhere").link("home/to folder", "target").link("home/endless", "/dev/zero");
+  rig.scratch.pipe("home/pipe");
   std::filesystem::resize_file((rig.write("C:\\huge.img"), folder + "huge.img"), 5ull << 30);
   rig.setDate("C:\\huge.img", 1950, 12, 31);
   rig.startLeft();
@@ -69,29 +59,23 @@ TEST_F(ListingTest, AwkwardEntriesAreListedAsWhatTheyAre) {
   EXPECT_EQ(left().list.source().emblem(left().list.idAt(rig.rowOf(left(), "\\ to folder"))), controls::Emblem::Link);
   for (const char* row : {"pipe", "endless", "dangling", "line\nbreak", "bytes \xFF\xFE"})
     rig.click(left(), row);  // which looks for a picture of it
-  bool backslash = false;
-  for (std::uint32_t row = 0; row < left().list.count(); ++row)
-    backslash |= rig.systemPath(left().itemPath(left().list.item(row))).size() > 0 &&
-                 left().list.cell(row, 0).starts_with("a\xEF\x81\x9C");
-  EXPECT_TRUE(backslash) << "a backslash in a name is told from one between names";
+  const auto backslash = left().list.item(rig.rowOf(left(), "a\xEF\x81\x9C"
+                                                            "b"));
+  EXPECT_EQ(rig.platform->toSystem(left().itemPath(backslash)), rig.scratch / "home/a\\b.txt");
 }
 
-struct SortRow {
-  int column;
-  const char* order;
-};
+using SortRow = std::pair<int, const char*>;  ///< a click on that column, and the order then
 
 TEST_F(ListingTest, EveryColumnSortsBothWaysTheFirstClickDescending) {
   rig.makeFolder("C:\\zoo");
   rig.makeFolder("C:\\Art");
-  rig.write("C:\\b.zip", std::string(9, 'x'));
-  rig.write("C:\\A.txt", std::string(10, 'x'));
-  rig.write("C:\\c.doc", std::string(1000, 'x'));
-  rig.write("C:\\10.doc", "");
-  rig.setDate("C:\\b.zip", 2020, 1, 1);
-  rig.setDate("C:\\A.txt", 2001, 5, 5);
-  rig.setDate("C:\\c.doc", 2019, 2, 2);
-  rig.setDate("C:\\10.doc", 2019, 2, 2);
+  for (const auto& [name, size, year] : {std::tuple{"C:\\b.zip", 9, 2020},
+                                         {"C:\\A.txt", 10, 2001},
+                                         {"C:\\c.doc", 1000, 2019},
+                                         {"C:\\10.doc", 0, 2019}}) {
+    rig.write(name, std::string(static_cast<std::size_t>(size), 'x'));
+    rig.setDate(name, year, 2, 2);
+  }
   for (const bool onLeft : {true, false}) {
     rig.restart();
     rig.startLeft();
@@ -108,9 +92,9 @@ TEST_F(ListingTest, EveryColumnSortsBothWaysTheFirstClickDescending) {
                             {3, "c A b 10 \\ Art \\ zoo "}, {3, "\\ Art \\ zoo 10 b A c "},
                             {4, "b 10 c A \\ Art \\ zoo "}, {4, "\\ Art \\ zoo A 10 c b "},
                             {3, "c A b 10 \\ Art \\ zoo "}, {2, "\\ Art \\ zoo c 10 A b "}};
-    for (const auto& row : rows) {
-      panel.list.headerFromUser(row.column);
-      EXPECT_EQ(order(), row.order) << "column " << row.column;
+    for (const auto& [number, expected] : rows) {
+      panel.list.headerFromUser(number);
+      EXPECT_EQ(order(), expected) << "column " << number;
       EXPECT_EQ(panel.list.MousePointer, controls::pointer::Default);
     }
     const auto& headers = panel.list.ColumnHeaders.get();
@@ -129,24 +113,21 @@ TEST_F(ListingTest, RowsThatAreAlikeInAColumnKeepTheOrderOfTheListBefore) {
   }
   rig.startLeft();
   constexpr int Name = 1, Ext = 2, Size = 3, Date = 4;
-  const SortRow clicks[] = {
-      {Name, "x|a x|b x|c k3|t k2|t k1|t "}, {Size, "x|a x|b x|c k3|t k2|t k1|t "},
-      {Date, "x|a x|b x|c k3|t k2|t k1|t "}, {Date, "x|a x|b x|c k3|t k2|t k1|t "},
-      {Size, "x|a x|b x|c k3|t k2|t k1|t "}, {Ext, "x|a x|b x|c k3|t k2|t k1|t "},
-      {Ext, "k3|t k2|t k1|t x|c x|b x|a "},  {Name, "k1|t k2|t k3|t x|c x|b x|a "},
-      {Name, "x|c x|b x|a k3|t k2|t k1|t "},
-  };
-  for (const auto& click : clicks) {
-    left().list.headerFromUser(click.column);
-    EXPECT_EQ(order(left()), click.order) << "column " << click.column;
+  const SortRow clicks[] = {{Name, "x|a x|b x|c k3|t k2|t k1|t "}, {Size, "x|a x|b x|c k3|t k2|t k1|t "},
+                            {Date, "x|a x|b x|c k3|t k2|t k1|t "}, {Date, "x|a x|b x|c k3|t k2|t k1|t "},
+                            {Size, "x|a x|b x|c k3|t k2|t k1|t "}, {Ext, "x|a x|b x|c k3|t k2|t k1|t "},
+                            {Ext, "k3|t k2|t k1|t x|c x|b x|a "},  {Name, "k1|t k2|t k3|t x|c x|b x|a "},
+                            {Name, "x|c x|b x|a k3|t k2|t k1|t "}};
+  for (const auto& [number, expected] : clicks) {
+    left().list.headerFromUser(number);
+    EXPECT_EQ(order(left()), expected) << "column " << number;
   }
 }
 
 TEST_F(ListingTest, FoldersLeadWhateverSignAFileBeginsWith) {
   for (const char* folder : {"C:\\zoo", "C:\\.hidden"})
     rig.makeFolder(folder);
-  for (const char* name : {"C:\\!a", "C:\\#b", "C:\\(c", "C:\\[d", "C:\\.e", "C:\\1"})
-    rig.write(name);
+  write({"!a", "#b", "(c", "[d", ".e", "1"});
   rig.startLeft();
   rig.menu("HidSysfiles").choose();
   Names rows = {"\\ .hidden| ", "\\ zoo| ", "!a|", "#b|", "(c|", ".e|", "[d|", "1|"};
@@ -157,8 +138,7 @@ TEST_F(ListingTest, FoldersLeadWhateverSignAFileBeginsWith) {
 }
 
 TEST_F(ListingTest, HiddenFilesAndProgramsOnlyAreChoices) {
-  for (const char* name : {"plain.txt", ".profile", "both.txt", "locked.txt", "Setup.EXE", "edit.Com", "run.bat"})
-    rig.write("C:\\" + std::string(name));
+  write({"plain.txt", ".profile", "both.txt", "locked.txt", "Setup.EXE", "edit.Com", "run.bat"});
   rig.makeFolder("C:\\.config");
   setAttributes("C:\\both.txt", 3);
   setAttributes("C:\\locked.txt", 1);
@@ -214,8 +194,7 @@ TEST_F(ListingTest, AnActivePanelIsUnmistakable) {
 }
 
 TEST_F(ListingTest, ARefreshKeepsTheCurrentRowWhileItExists) {
-  for (const char* name : {"C:\\a.txt", "C:\\b.txt", "C:\\noext", "C:\\d.txt"})
-    rig.write(name);
+  write({"a.txt", "b.txt", "noext", "d.txt"});
   rig.startLeft();
   rig.click(left(), "noext");
   rig.write("C:\\aa.txt");
@@ -233,34 +212,31 @@ TEST_F(ListingTest, ARefreshKeepsTheCurrentRowWhileItExists) {
 
 TEST_F(ListingTest, UpdatesListThePanelsThatShowTheFolder) {
   rig.startLeft();
-  const struct {
-    const char *left, *right, *changed;
-    unsigned onLeft, onRight;  ///< rows that are seen then, of one
-  } rows[] = {{"C:\\1", "C:\\1\\", "c:\\1", 1, 1},
-              {"C:\\2", "C:\\3", "C:\\2", 1, 0},
-              {"C:\\4", "C:\\5", "C:\\5\\", 0, 1},
-              {"C:\\6", "C:\\6", "C:\\", 0, 0}};
-  for (const auto& row : rows) {
-    for (const char* folder : {row.left, row.right})
+  // Folders of the panels, the one that has changed, and the rows that are seen then, of one.
+  for (const auto& [onLeft, onRight, changed, rowsLeft, rowsRight] : {std::tuple{"C:\\1", "C:\\1\\", "c:\\1", 1u, 1u},
+                                                                      {"C:\\2", "C:\\3", "C:\\2", 1, 0},
+                                                                      {"C:\\4", "C:\\5", "C:\\5\\", 0, 1},
+                                                                      {"C:\\6", "C:\\6", "C:\\", 0, 0}}) {
+    for (const std::string folder : {onLeft, onRight})
       rig.makeFolder(folder);
-    show(row.left, row.right);
-    for (const std::string folder : {row.left, row.right})
+    show(onLeft, onRight);
+    for (const std::string folder : {onLeft, onRight})
       rig.write(folder + "\\new");
-    rig.app().listing.ViewUpdateAll(row.changed);
-    EXPECT_EQ(left().list.count(), row.onLeft) << row.changed;
-    EXPECT_EQ(right().list.count(), row.onRight) << row.changed;
+    rig.app().listing.ViewUpdateAll(changed);
+    EXPECT_EQ(left().list.count(), rowsLeft) << changed;
+    EXPECT_EQ(right().list.count(), rowsRight) << changed;
   }
 }
 
 TEST_F(ListingTest, AnOperationListsItsTargetAndBothWhenTheyAreOne) {
   rig.startLeft();
-  for (const char* target : {"D:\\", "C:\\"}) {
-    show("C:\\", target);
+  for (const bool areOne : {false, true}) {
+    show("C:\\", areOne ? "C:\\" : "D:\\");
     for (const std::string folder : {"C:\\", "D:\\"})
-      rig.write(folder + (target[0] == 'D' ? "first" : "second"));
+      rig.write(folder + (areOne ? "second" : "first"));
     rig.app().listing.viewupdate();
-    EXPECT_EQ(right().list.count(), target[0] == 'D' ? 1u : 2u);
-    EXPECT_EQ(left().list.count(), target[0] == 'D' ? 0u : 2u) << "a source alone is not listed again";
+    EXPECT_EQ(right().list.count(), areOne ? 2u : 1u);
+    EXPECT_EQ(left().list.count(), areOne ? 2u : 0u) << "a source alone is not listed again";
   }
 }
 

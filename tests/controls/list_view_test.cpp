@@ -102,40 +102,27 @@ TEST_F(ListViewTest, APressOnASelectedRowKeepsTheSelectionForADrag) {
   EXPECT_EQ(selected(), "a");
 }
 
-struct KeyRow {
-  int code;
-  Modifiers modifiers;
-  std::uint32_t focus;
-  const char* selection;
-};
-
-TEST_F(ListViewTest, KeysMoveExtendAndToggle) {
+TEST_F(ListViewTest, KeysMoveExtendToggleAndMark) {
   fill({"a", "b", "c", "d", "e", "f"});
   constexpr Modifiers None{}, Shift{true, false, false}, Ctrl{false, true, false};
-  const KeyRow rows[] = {{key::Down, None, 0, "a"},          {key::Down, None, 1, "b"},
-                         {key::Down, Shift, 2, "b c"},       {key::Down, Shift, 3, "b c d"},
-                         {key::Up, Shift, 2, "b c"},         {key::Down, Ctrl, 3, "b c"},
-                         {key::Down, Ctrl, 4, "b c"},        {key::Space, Ctrl, 4, "b c e"},
-                         {key::Space, Ctrl, 4, "b c"},       {key::End, None, 5, "f"},
-                         {key::PageUp, None, 3, "d"},        {key::PageUp, None, 1, "b"},
-                         {key::PageUp, None, 0, "a"},        {key::Up, None, 0, "a"},
-                         {key::PageDown, Shift, 2, "a b c"}, {key::Home, None, 0, "a"},
-                         {key::End, Shift, 5, "a b c d e f"}};
-  for (const auto& row : rows) {
-    key(row.code, row.modifiers);
-    EXPECT_EQ(list.focusedRow(), row.focus) << "key " << row.code;
-    EXPECT_EQ(selected(), row.selection) << "key " << row.code;
+  const std::tuple<int, Modifiers, std::uint32_t, const char*> rows[] = {
+      {key::Down, None, 0, "a"},           {key::Down, None, 1, "b"},
+      {key::Down, Shift, 2, "b c"},        {key::Down, Shift, 3, "b c d"},
+      {key::Up, Shift, 2, "b c"},          {key::Down, Ctrl, 3, "b c"},
+      {key::Down, Ctrl, 4, "b c"},         {key::Space, Ctrl, 4, "b c e"},
+      {key::Space, Ctrl, 4, "b c"},        {key::End, None, 5, "f"},
+      {key::PageUp, None, 3, "d"},         {key::PageUp, None, 1, "b"},
+      {key::PageUp, None, 0, "a"},         {key::Up, None, 0, "a"},
+      {key::PageDown, Shift, 2, "a b c"},  {key::Home, None, 0, "a"},
+      {key::End, Shift, 5, "a b c d e f"}, {key::Home, None, 0, "a"},
+      {key::Insert, None, 1, "a"},         {key::Insert, None, 2, "a b"},
+      {key::End, Ctrl, 5, "a b"},          {key::Insert, None, 5, "a b f"},
+      {key::Insert, None, 5, "a b"}};
+  for (const auto& [code, modifiers, focus, selection] : rows) {
+    key(code, modifiers);
+    EXPECT_EQ(list.focusedRow(), focus) << "key " << code;
+    EXPECT_EQ(selected(), selection) << "key " << code;
   }
-}
-
-TEST_F(ListViewTest, InsertMarksAndStepsDown) {
-  fill({"a", "b", "c"});
-  key(key::Down);
-  for (const char* marked : {"a", "a b", "a b c", "a b"}) {
-    key(key::Insert);
-    EXPECT_EQ(selected(), marked);
-  }
-  EXPECT_EQ(list.focusedRow(), 2u) << "the last row stays";
 }
 
 TEST_F(ListViewTest, TypedLettersFindNamesRoundTheEnd) {

@@ -15,22 +15,17 @@ class MessageDialogsTest : public testing::Test {
 
 TEST_F(MessageDialogsTest, AQuestionTellsItsFourAnswersApart) {
   EXPECT_FALSE(dialogs.Form11.Command2.Visible) << "shown by one question alone";
-  struct Row {
-    const char* button;
-    Answer answer;
-    bool yes;
-  };
-  for (const auto& row : {Row{"Command11", Answer::Yes, true}, Row{"Command1", Answer::No, false},
-                          Row{"Command2", Answer::All, false}, Row{"", Answer::None, false}}) {
+  for (const auto& [button, answer] :
+       {std::pair{"Command11", Answer::Yes}, {"Command1", Answer::No}, {"Command2", Answer::All}, {"", Answer::None}}) {
     for (const bool retry : {true, false}) {
       dialogs.Form11.Command2.Visible = true;
-      auto& step = loop.whenShows("Form11").reads("Caption", "Alert !").reads("Label1", "Go on ?");
-      *row.button ? step.press(row.button) : step.closes();
+      auto& step = loop.whenShows("Form11").reads({"Caption|Alert !", "Label1|Go on ?"});
+      *button ? step.press(button) : step.closes();
       if (retry) {
-        EXPECT_EQ(dialogs.AskRetry("Go on ?"), row.yes) << row.button;
+        EXPECT_EQ(dialogs.AskRetry("Go on ?"), answer == Answer::Yes) << button;
       } else {
-        EXPECT_EQ(dialogs.ask("Go on ?"), row.answer) << row.button;
-        EXPECT_EQ(dialogs.Form11.AlertAnswer, row.answer) << "it stays until the next question";
+        EXPECT_EQ(dialogs.ask("Go on ?"), answer) << button;
+        EXPECT_EQ(dialogs.Form11.AlertAnswer, answer) << "it stays until the next question";
       }
     }
   }
@@ -65,8 +60,7 @@ TEST_F(MessageDialogsTest, ANoticeGoesByAClickOrByItsTimerAndStopsIt) {
   const auto tick = [&](controls::Form&) { Timer2.Tick(); };
   for (const std::function<void(controls::Form&)>& goes : {std::function<void(controls::Form&)>(click), {tick}}) {
     loop.whenShows("Form13")
-        .reads("Caption", "Information")
-        .reads("Label1", "Done")
+        .reads({"Caption|Information", "Label1|Done"})
         .run([&](controls::Form&) { EXPECT_TRUE(Timer2.Enabled); })
         .run(goes);
     dialogs.inform("Done");

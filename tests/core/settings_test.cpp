@@ -26,14 +26,11 @@ TEST_F(SettingsTest, NoTwoKeysOfTheVocabularyAreOneInTheStore) {
 }
 
 TEST_F(SettingsTest, NumbersAreSinglePrecisionTextsInTheRegionalForm) {
-  struct Row {
-    const char* text;
-    std::optional<double> number;
-  };
-  for (const auto& row : {Row{"123", 123}, Row{"-15.5", -15.5}, Row{"345,25", 345.25}, Row{"", {}}, Row{"12x", {}},
-                          Row{"x", {}}, Row{"1e400", {}}, Row{"nan", {}}}) {
-    settings.save(setting::Left, row.text);
-    EXPECT_EQ(settings.number(setting::Left), row.number) << row.text;
+  using Row = std::pair<const char*, std::optional<double>>;
+  for (const auto& [text, number] : {Row{"123", 123}, Row{"-15.5", -15.5}, Row{"345,25", 345.25}, Row{"", {}},
+                                     Row{"12x", {}}, Row{"x", {}}, Row{"1e400", {}}, Row{"nan", {}}}) {
+    settings.save(setting::Left, text);
+    EXPECT_EQ(settings.number(setting::Left), number) << text;
   }
   settings.save(setting::Left, 1234.1);
   EXPECT_EQ(settings.get(setting::Left), "1234.1");
@@ -54,9 +51,12 @@ TEST_F(SettingsTest, RegistryWrappersGiveFallbacksAndNeverErrors) {
   EXPECT_FALSE(registry.CheckRegistryKey(RegistryRoot::CurrentUser, key));
   EXPECT_FALSE(registry.SetRegistryValue(RegistryRoot::CurrentUser, key, "name", std::string("x")));
 
-  rig.loop.whenShows("Form13").reads("Caption", "Information").reads("Label1", "Window = 65535").closes();
+  rig.loop.whenShows("Form13").reads({"Caption|Information", "Label1|Window = 65535"}).closes();
   EXPECT_TRUE(registry.SetRegValue(RegistryRoot::CurrentUser, key, "Window", 65535));
-  EXPECT_TRUE(registry.CheckRegistryKey(RegistryRoot::CurrentUser, "SOFTWARE\\varnholt TEST"));
+  for (const char* spelling : {"SOFTWARE\\varnholt TEST", "\\Software\\Varnholt test\\", "software", ""})
+    EXPECT_TRUE(registry.CheckRegistryKey(RegistryRoot::CurrentUser, spelling)) << spelling;
+  for (const char* other : {"Software\\Varnholt", "Varnholt test", "Software\\Varnholt test\\Deeper"})
+    EXPECT_FALSE(registry.CheckRegistryKey(RegistryRoot::CurrentUser, other)) << other;
   const auto number = registry.GetRegistryValue(RegistryRoot::CurrentUser, key, "window", std::uint32_t{1});
   EXPECT_EQ(std::get<std::uint32_t>(number), 65535u);
   EXPECT_EQ(std::get<std::string>(registry.GetRegistryValue(RegistryRoot::CurrentUser, key, "window", "text")), "text")

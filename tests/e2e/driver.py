@@ -74,8 +74,6 @@ class Program:
         with open(os.path.join(self.place, "program", name), newline="") as lines:
             return lines.read().split("\r\n")
 
-    # --- Life --------------------------------------------------------------------------------------------------
-
     def spawn(self, *arguments):
         environment = dict(os.environ)
         environment.update(
@@ -87,12 +85,14 @@ class Program:
         )
         self.process = subprocess.Popen([self.executable, *arguments], env=environment, stderr=subprocess.DEVNULL)
 
-    def start(self, tip=False):
-        self.spawn()
+    def start(self, *arguments):
+        self.spawn(*arguments)
+        self.past_the_tip()
+
+    def past_the_tip(self):
         wait("the main window", self.window)
-        if tip:
-            self.press(wait("the tip", lambda: self.find("push button", "Ok", root=self.application())))
-            wait("the tip to go", lambda: not self.dialogs())
+        self.press(wait("the tip", lambda: self.find("push button", "Ok", root=self.application())))
+        wait("the tip to go", lambda: not self.dialogs())
         wait("a panel with the keyboard", lambda: self.status_has("Active"))
 
     def kill(self):
@@ -121,8 +121,6 @@ class Program:
             self.kill()
         shutil.rmtree(self.place, ignore_errors=True)
 
-    # --- The tree ----------------------------------------------------------------------------------------------
-
     def application(self):
         desktop = Atspi.get_desktop(0)
         for at in range(desktop.get_child_count()):
@@ -147,11 +145,11 @@ class Program:
         return [each for each in self.windows() if each and each.get_role_name() in ("dialog", "alert") and shows(each)]
 
     def find(self, role, name, root=None):
+        """What shows in the main window or another one, by its role and how its name begins."""
         root = root or self.window()
-        for node in below(root) if root else ():
-            if node.get_role_name() == role and node.get_name().startswith(name) and shows(node):
-                return node
-        return None
+        nodes = below(root) if root else ()
+        return next((each for each in nodes if shows(each) and each.get_role_name() == role
+                     and each.get_name().startswith(name)), None)
 
     def dialog(self, title):
         """The dialog on top, once it is that one."""
@@ -168,32 +166,34 @@ class Program:
 
     @staticmethod
     def named(root, name, role="push button"):
-        for node in below(root) if root else ():
-            if node.get_role_name() == role and node.get_name() == name and shows(node):
-                return node
-        return None
+        """The one of exactly that name."""
+        nodes = below(root) if root else ()
+        return next((each for each in nodes if each.get_role_name() == role and each.get_name() == name and shows(each)),
+                    None)
 
     @staticmethod
     def says(root, text):
         """A label or field of a window says that."""
         return any(shows(node) and text in node.get_name() for node in (below(root) if root else ()))
 
-    @staticmethod
-    def field(root, name):
-        for node in below(root):
-            if node.get_role_name() == "text" and node.get_name() == name:
-                return Atspi.Text.get_text(node, 0, -1)
-        return ""
+    def field(self, root, name):
+        """What a field reads."""
+        field = self.named(root, name, "text")
+        return Atspi.Text.get_text(field, 0, -1) if field else ""
 
     @staticmethod
     def focused(root):
-        for node in below(root):
-            if node.get_state_set().contains(Atspi.StateType.FOCUSED):
-                return node.get_name()
-        return ""
+        has_focus = lambda node: node.get_state_set().contains(Atspi.StateType.FOCUSED)
+        return next((node.get_name() for node in below(root) if has_focus(node)), "")
 
     def title(self):
         return self.window().get_name()
+
+    def wait_for_rows(self, number, *texts):
+        wait(f"{texts} in panel {number}", lambda: set(texts) <= set(self.rows(number)))
+
+    def wait_for_no_dialog(self):
+        wait("the dialogs to go", lambda: not self.dialogs())
 
     def list(self, number):
         """The list of a panel, 1 or 2."""
@@ -202,25 +202,17 @@ class Program:
     def rows(self, number):
         """Texts of the first column. What is spoken is the whole name, of which the second column shows the end."""
         table = self.list(number)
-        columns = table.get_table_iface().get_n_columns()
-        count = table.get_table_iface().get_n_rows()
+        columns, count = table.get_table_iface().get_n_columns(), table.get_table_iface().get_n_rows()
         texts = []
         for first in range(columns, (count + 1) * columns, columns):
             name, extension, size = (table.get_child_at_index(first + at).get_name() for at in range(3))
             texts.append("\\ " + name if size == "< Folder >" else name.removesuffix("." + extension))
         return texts
 
-    def status(self):
-        for node in below(self.window()):
-            text = node.get_description() or ""
-            if "Time: " in text:
-                return text
-        return ""
-
     def status_has(self, text):
-        return text in self.status()
-
-    # --- What the user does ------------------------------------------------------------------------------------
+        """The status bar, known by its clock, reads that."""
+        told = (node.get_description() or "" for node in below(self.window()))
+        return any("Time: " in line and text in line for line in told)
 
     @staticmethod
     def press(node):
@@ -238,17 +230,14 @@ class Program:
         x, y = self.place_of_row(number, text)
         keys = [word for key in modifiers for word in ("keydown", key)]
         ups = [word for key in modifiers for word in ("keyup", key)]
-        subprocess.run(
-            ["xdotool", *keys, "mousemove", str(x), str(y), "click", "--repeat",
-             str(times), "--delay", "60", "1", *ups],
-            check=True,
-        )
+        clicks = ["click", "--repeat", str(times), "--delay", "60", "1"]
+        subprocess.run(["xdotool", *keys, "mousemove", str(x), str(y), *clicks, *ups], check=True)
 
-    @staticmethod
-    def click(node):
+    @classmethod
+    def click(cls, node):
         """A mouse click in the middle of a control. What opens a dialog is clicked: a press through the accessibility
         tree would wait until the dialog has gone."""
-        left, top, width, height = Program.extents(node)
+        left, top, width, height = cls.extents(node)
         subprocess.run(["xdotool", "mousemove", str(left + width // 2), str(top + height // 2), "click", "1"], check=True)
 
     def drag_row(self, number, text, to):
@@ -282,10 +271,13 @@ class Program:
 
 
 def run(road):
-    """Runs one road on the program named on the command line, and tells how it ended."""
+    """Runs one road on the program named on the command line, leaves it by its key, and tells how it ended."""
     program = Program(sys.argv[1])
     try:
         road(program)
+        if program.process.poll() is None:
+            program.keys("alt+F4")
+            program.await_end()
     except Failure as failure:
         picture = os.path.join(os.getcwd(), os.path.basename(sys.argv[0]) + ".png")
         subprocess.run(["import", "-window", "root", picture], check=False)

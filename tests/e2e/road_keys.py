@@ -10,7 +10,7 @@ from driver import expect, run, wait
 def road(program):
     for name in ("f.txt", "g.txt", "h.txt", "Sub/old.txt"):
         program.file(name)
-    program.start(tip=True)
+    program.start()
 
     program.click_row(1, "f")
     program.keys("Down", "asterisk")
@@ -35,14 +35,10 @@ def road(program):
     wait("the rest", lambda: program.rows(2) == ["old"])
 
     program.keys("Home", "ctrl+Return", "End", "asterisk", "minus", "BackSpace", "F8")
-    wait("a line with the keys in it", lambda: line(program).endswith("old.txt*"))
+    wait("a line with the keys in it", lambda: program.field(program.window(), "Command line").endswith("old.txt*"))
     expect("nothing was deleted", os.path.exists(program.home + "/Sub/old.txt") and not program.dialogs())
     program.keys("Escape", "BackSpace")
-    wait("the parent folder", lambda: "g" in program.rows(2))
-
-
-def line(program):
-    return program.field(program.window(), "Command line")
+    program.wait_for_rows(2, "g")
 
 
 sys.exit(run(road))

@@ -13,7 +13,7 @@ COUNT = 200
 def road(program):
     for number in range(COUNT):
         program.file(f"Pictures/IMG_{number:04}.JPG", number + 1)
-    program.start(tip=True)
+    program.start()
     program.click_row(1, "\\ Pictures", 2)
     wait("the pictures", lambda: len(program.rows(1)) == COUNT)
 
@@ -24,7 +24,7 @@ def road(program):
     wait("the preview", lambda: preview_rows(program, dialog) == COUNT)
     expect("the preview changes nothing", len(names(program)) == COUNT and "IMG_0000.JPG" in names(program))
     execute(program)
-    wait("the new names", lambda: "Coast1" in program.rows(1) and "Coast200" in program.rows(1))
+    program.wait_for_rows(1, "Coast1", "Coast200")
     expect("all files are there", names(program) == {f"Coast{number}.jpg" for number in range(1, COUNT + 1)})
     expect("the numbers follow the old order", sizes(program, 1) == list(range(1, COUNT + 1)))
 
@@ -41,10 +41,8 @@ def road(program):
     program.dialog("Rename Item(s)")
     program.type_over("Sun")
     program.keys("Return")
-    wait("the single name", lambda: "Sun" in program.rows(1))
-    wait("the dialog to go", lambda: not program.dialogs())
-    program.keys("alt+F4")
-    program.await_end()
+    program.wait_for_rows(1, "Sun")
+    program.wait_for_no_dialog()
 
 
 def mask(program, start):
@@ -64,7 +62,7 @@ def mask(program, start):
 def execute(program):
     program.keys("alt+e")
     button(program, program.dialog("Alert !"), "Execute")
-    wait("the dialog to go", lambda: not program.dialogs())
+    program.wait_for_no_dialog()
 
 
 def sizes(program, start):

@@ -36,30 +36,22 @@ def answers(program, argument):
     return asked.stdout if asked.returncode == 0 else ""
 
 
-def past_the_tip(program):
-    wait("the main window", program.window)
-    program.press(wait("the tip", lambda: program.find("push button", "Ok", root=program.application())))
-    wait("the tip to go", lambda: not program.dialogs())
-    wait("a panel with the keyboard", lambda: program.status_has("Active"))
-
-
 def arguments_and_ends(program):
     expect("the help comes without a display", answers(program, "--help").startswith("Usage: varnholt"))
     expect("the version comes without a display", answers(program, "--version").startswith("Varnholt "))
     program.file("Letters/a.txt")
-    program.start(tip=True)
+    program.start()
     for number in (signal.SIGTERM, signal.SIGHUP):
         program.click_row(1, "\\ Letters", 2)
-        wait("the folder's rows", lambda: "a" in program.rows(1))
+        program.wait_for_rows(1, "a")
         program.process.send_signal(number)
         program.await_end()
         expect("the place is stored", "C:\\Letters\\" in program.kept("DirHis.Dat"))
         os.remove(program.place + "/program/DirHis.Dat")
-        program.start(tip=True)
+        program.start()
     program.keys("alt+F4")
     program.await_end()
-    program.spawn(program.home + "/Letters", program.second)
-    past_the_tip(program)
+    program.start(program.home + "/Letters", program.second)
     wait("the folder of the command line", lambda: program.rows(1) == ["a"] and program.rows(2) == [])
 
 
@@ -73,7 +65,7 @@ def crash(program):
     told = program.dialog("Alert")
     expect("the next start tells where the report is", program.says(told, "Crash.log"))
     program.press(program.named(told, "Ok"))
-    past_the_tip(program)
+    program.past_the_tip()
     program.keys("alt+f", "Up", "Return")  # the last entry of the first menu is the way out
     program.await_end()
 
@@ -88,14 +80,14 @@ def dead_drive(program):
         return
     try:
         begin = time.monotonic()
-        program.start(tip=True)
+        program.start()
         expect("the start does not wait for it", time.monotonic() - begin < 15)
         program.keys("alt+F4")
         program.await_end()
         expect("its folders are kept", "D:\\Far\\" in program.kept("DirHis.Dat"))
         expect("what is gone is not", "C:\\gone\\" not in program.kept("DirHis.Dat"))
         # Now the window waits for it: the close box must end the program all the same.
-        program.start(tip=True)
+        program.start()
         program.click(wait("the drive list", lambda: program.find("combo box", "C:")))
         time.sleep(0.5)  # it unfolds
         program.keys("Down", "Return")

@@ -13,10 +13,7 @@ TEST_F(CopyTest, TheDialogTellsWhatIsSelected) {
   select({"a"});
   const auto color = [&] { return left().list.item(rig.rowOf(left(), "a")).ForeColor(); };
   rig.loop.whenShows("Form3")
-      .reads("Text1", "a.txt")
-      .reads("Text2", "Copy 1 selected File(s) / Folder(s)")
-      .reads("Text3", "C:\\To\\")
-      .reads("Caption", "Copy Item(s)")
+      .reads({"Text1|a.txt", "Text2|Copy 1 selected File(s) / Folder(s)", "Text3|C:\\To\\", "Caption|Copy Item(s)"})
       .run([&](controls::Form&) {
         EXPECT_EQ(form().mode(), "CopyMode");
         EXPECT_EQ(color(), panels::mark_color::Copy);
@@ -115,30 +112,29 @@ TEST_F(CopyTest, AnItemThatDoesNotArriveIsAskedAbout) {
 TEST_F(CopyTest, TheTargetIsBrowsedForAndThePanelGoesBack) {
   rig.write("C:\\From\\a.txt", "a");
   rig.makeFolder("C:\\Elsewhere");
-  struct Case {
-    bool onCancel, onExecute, execute;
-    std::string shownAfter;
-  };
-  for (const Case& each : {Case{false, false, true, "C:\\Elsewhere\\"}, Case{false, true, true, "C:\\To\\"},
-                           Case{true, false, true, "C:\\Elsewhere\\"}, Case{true, false, false, "C:\\To\\"},
-                           Case{false, true, false, "C:\\Elsewhere\\"}}) {
+  // What is checked, what is done with the copy, and where the panel is then.
+  for (const auto& [onCancel, onExecute, execute, shownAfter] : {std::tuple{false, false, true, "C:\\Elsewhere\\"},
+                                                                 {false, true, true, "C:\\To\\"},
+                                                                 {true, false, true, "C:\\Elsewhere\\"},
+                                                                 {true, false, false, "C:\\To\\"},
+                                                                 {false, true, false, "C:\\Elsewhere\\"}}) {
     (void)files().deleteFile("C:\\Elsewhere\\a.txt", true);
     select({"a"});
     rig.loop.whenShows("Form3")
         .press("Command4")
         .reads("Text3", "C:\\Elsewhere\\")
-        .press(each.execute ? "Command11" : "Command2");
-    rig.loop.whenShows("Form35").run([&](controls::Form&) {
-      auto& browser = rig.app().Form35;
+        .press(execute ? "Command11" : "Command2");
+    auto& browser = rig.app().Form35;
+    const auto browses = [&, onCancel = onCancel, onExecute = onExecute] {
       browser.Text1.Text = "C:\\Elsewhere";
-      if (each.onCancel) browser.Check1.toggleFromUser();
-      if (each.onExecute) browser.Check2.toggleFromUser();
-      browser.Command1.press();
-    });
+      if (onCancel) browser.Check1.toggleFromUser();
+      if (onExecute) browser.Check2.toggleFromUser();
+    };
+    rig.loop.meets({{"Form35", "Command1", "", browses}});
     rig.command("Command1_Click");
-    EXPECT_EQ(rig.exists("C:\\Elsewhere\\a.txt"), each.execute);
+    EXPECT_EQ(rig.exists("C:\\Elsewhere\\a.txt"), execute);
     EXPECT_FALSE(rig.exists("C:\\To\\a.txt"));
-    EXPECT_EQ(right().path(), each.shownAfter);
+    EXPECT_EQ(right().path(), shownAfter);
   }
 }
 
@@ -147,7 +143,7 @@ TEST_F(CopyTest, DroppedFilesOfAnotherProgramGoWhereTheyAreDropped) {
   rig.write("D:\\drop\\tree\\y.txt", "y");
   select({});
   controls::DropEvent event{{"D:\\drop\\x.txt", "D:\\drop\\tree"}, {}, nullptr, false};
-  rig.loop.whenShows("Form3").reads("Text1", "MultiCopy Selected !").reads("Text3", "C:\\From\\").press("Command11");
+  rig.loop.whenShows("Form3").reads({"Text1|MultiCopy Selected !", "Text3|C:\\From\\"}).press("Command11");
   left().list.OLEDragDrop(event);
   EXPECT_TRUE(event.accepted);
   EXPECT_EQ(rig.read("C:\\From\\x.txt") + rig.read("C:\\From\\tree\\y.txt"), "xy");

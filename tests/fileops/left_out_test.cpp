@@ -1,8 +1,5 @@
 // What an operation could not do: the rest is done, and it is told once at the ending.
 #include "operation_test.hpp"
-#include "support/faulty_file_system.hpp"
-
-#include <sys/stat.h>
 
 namespace varnholt::fileops {
 namespace {
@@ -13,33 +10,23 @@ class LeftOutTest : public OperationTest {
   std::string wholeList() { return "\r\rThe whole list :  " + rig.programFolder() + "\\LeftOut.txt"; }
 };
 
-TEST_F(LeftOutTest, AFolderWithOnePipeArrivesButForThePipe) {
-  const auto name = [](int number) { return "\\Tree\\" + std::to_string(number % 7) + "\\" + std::to_string(number); };
-  for (int number = 0; number < 300; ++number)
-    rig.write("C:\\From" + name(number));
-  ASSERT_EQ(::mkfifo(rig.systemPath("C:\\From\\Tree\\3\\pipe").c_str(), 0600), 0);
-  copy({"\\ Tree"},
-       {told("1 Item(s) Left Out :\r\rC:\\From\\Tree\\3\\pipe :  a pipe, socket or device" + wholeList())});
-  for (int number = 0; number < 300; ++number)
-    EXPECT_TRUE(rig.exists("C:\\To" + name(number))) << number;
-  EXPECT_EQ(list(), "C:\\From\\Tree\\3\\pipe\ta pipe, socket or device\r\n");
-}
-
-TEST_F(LeftOutTest, AMergeOverManyProtectedFilesTellsTheFirstTenAndListsAll) {
-  std::string text = "12 Item(s) Left Out :\r";
+TEST_F(LeftOutTest, AMergeOverManyProtectedFilesAndAPipeTellsTheFirstTenAndListsAll) {
+  std::string text = "13 Item(s) Left Out :\r\rC:\\From\\Tree\\a pipe :  a pipe, socket or device";
   for (int number = 10; number < 22; ++number) {
     const std::string name = "\\Tree\\" + std::string(60, 'n') + std::to_string(number);
     rig.write("C:\\From" + name, "new");
     rig.write("C:\\To" + name, "old");
     protect("C:\\To" + name);
     const std::string line = "\r..." + name.substr(8) + " :  the target is read-only, hidden or system";
-    if (number < 20) text += line;
+    if (number < 19) text += line;
   }
+  rig.scratch.pipe("home/From/Tree/a pipe");
   rig.write("C:\\From\\Tree\\z", "new");
   rig.write("C:\\To\\Tree\\z", "old");
-  copy({"\\ Tree"}, {yes(), told(text + "\rand 2 more" + wholeList())});
+  copy({"\\ Tree"}, {yes(), told(text + "\rand 3 more" + wholeList())});
   EXPECT_EQ(rig.read("C:\\To\\Tree\\z"), "new");
-  EXPECT_EQ(std::ranges::count(list(), '\n'), 12);
+  EXPECT_TRUE(list().starts_with("C:\\From\\Tree\\a pipe\ta pipe, socket or device\r\n"));
+  EXPECT_EQ(std::ranges::count(list(), '\n'), 13);
 }
 
 TEST_F(LeftOutTest, AFileThatCouldNotBeOverwrittenForWantOfRoomIsTold) {
@@ -72,6 +59,96 @@ TEST_F(LeftOutTest, ADeleteThatLeavesSomethingBehindTellsItAfterItsQuestion) {
   write({"From\\Tree\\stays"});
   remove({"\\ Tree"}, {yes(), yes(),
                        told("1 Item(s) Left Out :\r\rC:\\From\\Tree\\stays :  Operation not permitted" + wholeList())});
+}
+
+/// A volume with as much room as a test wants, over the real one.
+struct Volume : platform::ForwardingFileSystem {
+  using ForwardingFileSystem::ForwardingFileSystem;
+  platform::Result<platform::DriveInfo> volume(const std::string&) const override { return info; }
+  platform::DriveInfo info{};
+};
+
+class SpaceTest : public OperationTest {
+ protected:
+  void SetUp() override {
+    volume.info.ready = true;
+    room(1'000'000, 1'000'000);
+    rig.write("C:\\From\\a.txt", std::string(1000, 'x'));
+    rig.write("C:\\From\\Sub\\deep\\b", std::string(3000, 'x'));
+  }
+  void room(std::uint64_t available, std::uint64_t total) {
+    volume.info.availableBytes = volume.info.freeBytes = available;
+    volume.info.totalBytes = total;
+  }
+  static test::Answer asksRoom(const std::string& bytes, const char* button = "Command11") {
+    return {"Form11", button,
+            "Critical DiskSpace < 1% Available ! (" + bytes +
+                " Bytes)\rConsider Your Copy Or Move Command !\r\rOk = Continue, Cancel = Exit Function"};
+  }
+  void copies(const Answers& answers, bool expected) {
+    copy({"a"}, answers);
+    EXPECT_EQ(rig.exists("C:\\To\\a.txt"), expected);
+    (void)files().deleteFile("C:\\To\\a.txt", true);
+  }
+  Volume& volume = use<Volume>();
+};
+
+TEST_F(SpaceTest, ANearlyFullTargetIsAskedAbout) {
+  room(1999, 100'000);
+  copies({asksRoom("1,999")}, true);
+  room(2000, 100'000);
+  copies({}, true);
+  room(0, 100'000);
+  copies({asksRoom("", "")}, false);
+  room(5, 0);
+  copies({asksRoom("5")}, true);
+  room(1, 100'000);
+  move({"a"});
+  EXPECT_TRUE(rig.exists("C:\\To\\a.txt")) << "a move on one drive needs no room";
+}
+
+TEST_F(SpaceTest, ADiscIsNoTarget) {
+  volume.info.fileSystem = "UDF";
+  copies({told("Cannot Copy Or Move To CD-Rom/DVD-Rom !\rFunction Exits !")}, false);
+}
+
+TEST_F(SpaceTest, WhatIsSelectedMustFit) {
+  rig.menu("ValCopyMove").choose();
+  EXPECT_EQ(rig.app().program.settings.get(core::setting::ValidateCM), "-1");
+  // Bytes that are free, those of the file and of the folder that stand on the target already, and whether it fits.
+  for (const auto& [available, file, folder, fits] : {std::tuple{4000u, 0u, 0u, false},
+                                                      {4001, 0, 0, true},
+                                                      {3900, 100, 0, false},
+                                                      {3901, 100, 0, true},
+                                                      {3001, 5000, 0, true},
+                                                      {1001, 0, 9000, true}}) {
+    if (file) rig.write("C:\\To\\a.txt", std::string(file, 'o'));
+    if (folder) rig.write("C:\\To\\Sub\\o", std::string(folder, 'o'));
+    room(available, 10);
+    Answers answers;
+    if (fits && file) answers.push_back(existing(ThisOne));
+    if (fits && folder) answers.push_back(yes());
+    if (!fits) answers.push_back(told("Insufficient Free Space On Target Drive !\rFurther Operation is Canceled!"));
+    copy({"a", "\\ Sub"}, answers);
+    EXPECT_EQ(rig.exists("C:\\To\\Sub\\deep\\b"), fits) << available;
+    (void)files().deleteFile("C:\\To\\a.txt", true);
+    (void)files().deleteFolder("C:\\To\\Sub", true);
+  }
+  room(0, 0);
+  copies({asksRoom(""), told("Cannot Validate DiskSpace !")}, true);
+}
+
+TEST(FreeSpaceText, InMegabytesOrKilobytes) {
+  const platform::RegionalFormats regional;
+  for (const auto& [bytes, text] : {std::pair{12'345'678'901ull, "[ 12,345 MB Free ]"},
+                                    {1'000'000ull, "[ 1 MB Free ]"},
+                                    {999'999ull, "[ 999 KB Free ]"}}) {
+    platform::DriveInfo drive;
+    drive.ready = true;
+    drive.freeBytes = bytes;
+    EXPECT_EQ(FreeSpaceText(drive, regional), text);
+  }
+  EXPECT_EQ(FreeSpaceText(platform::Error{}, regional), "[ NA ]");
 }
 
 }  // namespace

@@ -24,10 +24,6 @@ class OperationTest : public test::AppTest {
     rig.startLeft();
   }
 
-  void write(const Names& paths) {
-    for (const std::string& path : paths)
-      rig.write("C:\\" + path);
-  }
   /// Lists the folders anew and selects these rows of the left panel, in this order.
   void select(const Names& rows, const Places& places = {}) {
     show(places.from, places.to);

@@ -40,11 +40,9 @@ TEST_F(OverwriteTest, TheQuestionComparesBothFiles) {
   rig.setDate("C:\\From\\a.txt", 2012, 5, 6);
   rig.loop.meets({{"Form3"}});
   rig.loop.whenShows("Form7")
-      .reads("Caption", "Overwrite Warning !, - Files Not Equal !")
-      .reads("Label1", "Source FileName:     a.txt")
-      .reads("Label2", "Date L.m: 06-05-12  12:00   Size: 1,234   Version: NA")
-      .reads("Label3", "Target FileName:     C:\\To\\a.txt")
-      .reads("Label4", "Date L.m: 06-05-10  12:00   Size: 9   Version: NA")
+      .reads({"Caption|Overwrite Warning !, - Files Not Equal !", "Label1|Source FileName:     a.txt",
+              "Label2|Date L.m: 06-05-12  12:00   Size: 1,234   Version: NA",
+              "Label3|Target FileName:     C:\\To\\a.txt", "Label4|Date L.m: 06-05-10  12:00   Size: 9   Version: NA"})
       .run([&](controls::Form&) { EXPECT_TRUE(ops().Form7.Command4.Enabled); })
       .press("Command1");
   select({"a"});
@@ -55,17 +53,16 @@ TEST_F(OverwriteTest, TheQuestionComparesBothFiles) {
   select({"a"});
   rig.loop.meets({{"Form3"}});
   rig.loop.whenShows("Form7")
-      .reads("Caption", "Overwrite Warning !, - Files Equal !")
-      .reads("Label2", "Date L.m: 05-06-10  12:00 PM   Size: 9   Version: NA")
+      .reads({"Caption|Overwrite Warning !, - Files Equal !",
+              "Label2|Date L.m: 05-06-10  12:00 PM   Size: 9   Version: NA"})
       .press("Command2");
   rig.command("Command1_Click");
-  const std::string deep = "C:\\" + std::string(40, 'd');
+  const std::string deep = "C:\\" + std::string(40, 'd'),
+                    label = "Target FileName:     ..." + std::string(34, 'd') + "\\a.txt";
   rig.write(deep + "\\a.txt");
   select({"a"}, {.to = deep});
   rig.loop.meets({{"Form3"}});
-  rig.loop.whenShows("Form7")
-      .reads("Label3", "Target FileName:     ..." + std::string(34, 'd') + "\\a.txt")
-      .press("Command2");
+  rig.loop.whenShows("Form7").reads("Label3", label).press("Command2");
   rig.command("Command1_Click");
 }
 
@@ -79,8 +76,7 @@ TEST_F(OverwriteTest, ThisOneSkipAndCancelHoldForOneItem) {
 
 // The user said All once, and it went on with all sorts of things.
 TEST_F(OverwriteTest, AllAnswersNothingElseAndEndsWithItsOperationHoweverThatEnds) {
-  const Names folders = {"\\ Other", "\\ Sub"}, everything = {"a", "b", "\\ Sub"};
-  const test::Answer allFolders{"Form11", "Command2"};
+  const Names everything = {"a", "b", "\\ Sub"};
   const auto to = [&](const char* name) { protect(std::string("C:\\To\\") + name); };
   const auto from = [&](const char* name) { protect(std::string("C:\\From\\") + name); };
   const std::pair<const char*, std::function<void()>> cases[] = {
@@ -110,13 +106,11 @@ TEST_F(OverwriteTest, AllAnswersNothingElseAndEndsWithItsOperationHoweverThatEnd
        }},
       {"all folders of a delete",
        [&] {
-         from("a"), remove({"a", folders[0], folders[1]}, {isProtected(SkipIt), allFolders});
+         from("a"), remove({"a", "\\ Other", "\\ Sub"}, {isProtected(SkipIt), {"Form11", "Command2"}});
        }},
-      {"all protected files of a delete",
-       [&] {
-         from("a"), from("b"), remove({"a", "b", "\\ Sub"}, {isProtected(AnywayAll), no()});
-       }},
-  };
+      {"all protected files of a delete", [&] {
+         from("a"), from("b"), remove(everything, {isProtected(AnywayAll), no()});
+       }}};
   for (const auto& [what, run] : cases) {
     SCOPED_TRACE(what);
     const auto fresh = [&] {
@@ -165,25 +159,23 @@ TEST_F(OverwriteTest, VersionsThatDifferAreAskedAbout) {
 }
 
 TEST_F(OverwriteTest, ProtectedTargetsAreAskedAboutByTheirAttributes) {
-  struct Case {
-    platform::Attributes attributes;
-    std::string text;  // empty: no dialog
-  };
-  for (const Case& each :
-       {Case{1, "Readonly"}, Case{33, "Readonly"}, Case{2, "Hidden"}, Case{34, "Hidden"}, Case{4, "System File"},
-        Case{36, "System File"}, Case{3, "Readonly and Hidden"}, Case{35, "Readonly and Hidden"},
-        Case{7, "Readonly,Hidden and SystemFile"}, Case{39, "Readonly,Hidden and SystemFile"},
-        Case{38, "Archive,Hidden and SystemFile"}, Case{6, ""}, Case{5, ""}, Case{32, ""}}) {
+  // The words of the question; empty: none is asked.
+  for (const auto text :
+       test::Rows{"1|Readonly", "33|Readonly", "2|Hidden", "34|Hidden", "4|System File", "36|System File",
+                  "3|Readonly and Hidden", "35|Readonly and Hidden", "7|Readonly,Hidden and SystemFile",
+                  "39|Readonly,Hidden and SystemFile", "38|Archive,Hidden and SystemFile", "6|", "5|", "32|"}) {
+    const auto attributes = static_cast<platform::Attributes>(std::stoul(test::Row(text).first));
+    const std::string marks = test::Row(text).second;
     pairs({"a"});
-    protect("C:\\To\\a", each.attributes);
+    protect("C:\\To\\a", attributes);
     Answers answers{existing(ThisOne)};
-    const std::string words = "Current File:  a\r Are marked:  " + each.text + "\rPlease use Command Options !";
-    if (!each.text.empty()) answers.push_back(isProtected(Anyway, words));
+    const std::string words = "Current File:  a\r Are marked:  " + marks + "\rPlease use Command Options !";
+    if (!marks.empty()) answers.push_back(isProtected(Anyway, words));
     // A value that is not listed goes unasked, and then the copy fails.
-    const bool copies = !each.text.empty() || each.attributes == 32;
+    const bool copies = !marks.empty() || attributes == 32;
     if (!copies) answers.push_back(told());
     copy({"a"}, answers);
-    EXPECT_EQ(replaced().contains("a"), copies) << each.attributes;
+    EXPECT_EQ(replaced().contains("a"), copies) << attributes;
     ASSERT_TRUE(files().deleteFile("C:\\To\\a", true));
   }
 }
@@ -261,25 +253,6 @@ TEST_F(OverwriteTest, CancelAndTheCloseBoxOfEachDialogChangeNothing) {
       EXPECT_TRUE(rig.exists("C:\\From\\a") && rig.exists("C:\\From\\Sub\\x"));
       EXPECT_EQ(rig.read("C:\\To\\Sub\\x"), "old Sub\\x");
     }
-}
-
-TEST_F(OverwriteTest, ARenameAsksWithItsOwnLines) {
-  pairs({"a.txt"});
-  rig.loop.whenShows("Form7")
-      .reads("Label1", "OverWrite File:     a.txt")
-      .reads("Label2", "Date:  06-05-10  12:00       Size:  9 Bytes")
-      .reads("Label3", "With File:     b.txt")
-      .reads("Label4", "Date:  06-05-10  12:00       Size:  10 Bytes")
-      .press("Command11");
-  rig.write("C:\\From\\b.txt", std::string(10, 'b'));
-  rig.setDate("C:\\From\\b.txt", 2010, 5, 6);
-  EXPECT_EQ(ops().policy.RenameWarning("C:\\From\\a.txt", "C:\\From\\b.txt"), Overwrite::ThisOne);
-  rig.loop.whenShows("Form7")
-      .reads("Label1", "With Filename:     a.txt")
-      .reads("Label2", "Date:  06-05-10  12:00       size:  9 Bytes")
-      .reads("Label3", "As New File:        a.txt")
-      .press("Command1");
-  EXPECT_EQ(ops().policy.RenameWarning("C:\\From\\a.txt", "C:\\From\\a.txt"), Overwrite::Skip);
 }
 
 }  // namespace

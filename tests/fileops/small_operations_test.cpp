@@ -1,28 +1,18 @@
 #include "fileops/stranded.hpp"
 #include "operation_test.hpp"
-#include "support/faulty_file_system.hpp"
 
 namespace varnholt::fileops {
 namespace {
 
 using controls::MessageAnswer;
 
-class NewFolderTest : public OperationTest {
- protected:
-  void SetUp() override {
-    OperationTest::SetUp();
-    rig.write("C:\\From\\file", "");
-    rig.makeFolder("C:\\From\\there");
-    select({});
-  }
-  Form2& dialog() { return ops().Form2; }
-  void keys(const std::string& name) {
-    dialog().Text1.typeFromUser(name);
-    dialog().Command11.press();
-  }
-};
-
-TEST_F(NewFolderTest, NamesThatMakeNoFolderAreToldAndTheDialogStays) {
+TEST_F(OperationTest, NamesThatMakeNoFolderAreToldAndTheDialogStays) {
+  write({"From\\file", "From\\there\\x"});
+  select({});
+  const auto keys = [&](const std::string& name) {
+    ops().Form2.Text1.typeFromUser(name);
+    ops().Form2.Command11.press();
+  };
   const std::string asked = "New Folder Creation As :    C:\\From\\";
   rig.loop.whenShows("Form2").reads("Caption", "New Folder").run([&](controls::Form&) {
     EXPECT_EQ(form().mode(), "FolderMode");
@@ -40,48 +30,34 @@ TEST_F(NewFolderTest, NamesThatMakeNoFolderAreToldAndTheDialogStays) {
     rig.loop.whenBox("New Folder", MessageAnswer::Cancel, asked + "abc");
     keys("abc\\");
     EXPECT_FALSE(rig.exists("C:\\From\\abc"));
-    EXPECT_TRUE(dialog().Visible);
+    EXPECT_TRUE(ops().Form2.Visible);
     rig.loop.whenBox("New Folder", MessageAnswer::Ok, asked + "abc");
     keys("abc\\");
   });
   rig.command("Command11_Click");
   EXPECT_EQ(rig.names(left()), (Names{"\\ abc| ", "\\ there| ", "file|"}));
-  EXPECT_FALSE(rig.app().dispatcher.busy);
 }
 
-class DesktopTest : public OperationTest {
- protected:
-  void SetUp() override {
-    OperationTest::SetUp();
-    write({"From\\a.txt", "From\\b.txt"});
-    rig.makeFolder("C:\\From\\Sub");
-  }
-  void useDesktop(const std::string& folder) {
-    const char* const key = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
-    auto& registry = rig.platform->registry;
-    ASSERT_TRUE(registry.createKey(platform::RegistryRoot::CurrentUser, key));
-    ASSERT_TRUE(registry.set(platform::RegistryRoot::CurrentUser, key, "Desktop", folder));
-  }
-};
-
-TEST_F(DesktopTest, SelectedFilesGoThereAndAskBeforeTheyReplace) {
-  useDesktop("C:\\Gone");
+TEST_F(OperationTest, FilesForTheDesktopGoThereAndAskBeforeTheyReplace) {
+  rig.useDesktop("C:\\Gone");
+  write({"From\\a.txt", "From\\b.txt", "From\\Sub\\x"});
   select({"a"});
-  start("CopyDesktop_Click", {test::noticed(".. \\Desktop Folder Do Not Exist !")}, {});
-  start("Copyfrom_desktop_Click", {test::noticed(".. \\Desktop Folder Do Not Exist !")}, {});
+  for (const char* handler : {"CopyDesktop_Click", "Copyfrom_desktop_Click"})
+    start(handler, {test::noticed(".. \\Desktop Folder Do Not Exist !")}, {});
 
   rig.makeFolder("C:\\Desk");
-  useDesktop("C:\\Desk");
+  rig.useDesktop("C:\\Desk");
   rig.write("C:\\Desk\\b.txt", "old");
   select({"\\ Sub", "a", "b"});
   start("CopyDesktop_Click", {test::no("File:  b.txt\rAlready Exist !, OverWrite ?")},
         {test::noticed("Copy to Desktop Done !")});
-  EXPECT_TRUE(rig.exists("C:\\Desk\\a.txt"));
-  EXPECT_FALSE(rig.exists("C:\\Desk\\Sub"));
+  EXPECT_TRUE(rig.exists("C:\\Desk\\a.txt") && !rig.exists("C:\\Desk\\Sub"));
   EXPECT_EQ(rig.read("C:\\Desk\\b.txt"), "old");
   start("CopyDesktop_Click", {test::no(), test::yes()}, {test::noticed("Copy to Desktop Done !")});
   EXPECT_NE(rig.read("C:\\Desk\\b.txt"), "old");
 
+  select({"a"}, {.from = "C:\\Desk"});
+  start("CopyDesktop_Click", {test::noticed("Copy to Desktop Done !")}, {});
   select({"\\ Sub"});
   start("CopyDesktop_Click", {test::noticed(" No Items selected. ! ")}, {});
   rig.command("Copyfrom_desktop_Click");
@@ -89,10 +65,10 @@ TEST_F(DesktopTest, SelectedFilesGoThereAndAskBeforeTheyReplace) {
   EXPECT_EQ(form().Caption.get(), "Varnholt -  C:\\Desk");
 }
 
-TEST_F(DesktopTest, ACopyThatDoesNotArriveIsTold) {
+TEST_F(OperationTest, ACopyThatDoesNotArriveOnTheDesktopIsTold) {
   auto& faulty = use<test::FaultyFileSystem>();
   rig.makeFolder("C:\\Desk");
-  useDesktop("C:\\Desk");
+  rig.useDesktop("C:\\Desk");
   write({"From\\a.txt"});
   select({"a"});
   faulty.noSpace = true;
@@ -110,24 +86,19 @@ class SwapTest : public OperationTest {
       rig.write(std::string("C:\\To\\") + name, "from the right");
     rig.makeFolder("C:\\From\\Sub");
   }
-  void selectRight(const Names& rows) {
-    for (const std::string& row : rows)
-      rig.click(right(), row, {.ctrl = true});
-  }
   std::string work(const std::string& name = {}) { return rig.platform->programFolder + "\\SwapTmp" + name; }
 };
 
 TEST_F(SwapTest, FilesOfBothSidesChangePlacesAndNothingIsOverwritten) {
   select({"\\ Sub", "left", "both", "blocked"});
-  selectRight({"right", "both"});
+  for (const char* row : {"right", "both"})
+    rig.click(right(), row, {.ctrl = true});
   start("ExFiles_Click", {test::noticed("All Available/Selected Files Swapped ! ")}, {{"Form12", "Command11"}});
   EXPECT_EQ(rig.names(left()), (Names{"\\ Sub| ", "blocked|", "both|", "right|"}));
   EXPECT_EQ(rig.names(right()), (Names{"blocked|", "both|", "left|"}));
-  EXPECT_EQ(rig.read("C:\\From\\both"), "from the right");
-  EXPECT_EQ(rig.read("C:\\To\\both"), "from the left");
+  EXPECT_EQ(rig.read("C:\\From\\both") + rig.read("C:\\To\\both"), "from the rightfrom the left");
   EXPECT_EQ(rig.read("C:\\From\\blocked"), "from the left");
   EXPECT_FALSE(rig.exists(work()));
-  EXPECT_FALSE(rig.app().dispatcher.busy);
 }
 
 TEST_F(SwapTest, WhatCannotBeSwappedIsTold) {
@@ -162,8 +133,7 @@ TEST_F(SwapTest, FilesThatAKilledSwapLeftAreBroughtBackAndTold) {
   note->reset();
   rig.loop.meets({test::told(interrupted + "\rC:\\From\\home\rC:\\To\\taken" + stays)});
   bringBackStranded(rig.app().desk);
-  EXPECT_EQ(rig.read("C:\\From\\home"), "a");
-  EXPECT_EQ(rig.read("C:\\To\\taken"), "b");
+  EXPECT_EQ(rig.read("C:\\From\\home") + rig.read("C:\\To\\taken"), "ab");
   EXPECT_EQ(rig.read(work("\\stays")), "c");
   ASSERT_TRUE(rig.platform->files.deleteFile("C:\\From\\stays", true));
   rig.loop.meets({test::told(interrupted + "\rC:\\From\\stays")});
@@ -207,8 +177,7 @@ class AsNewNameTest : public OperationTest {
 
 TEST_F(AsNewNameTest, AFileGoesUnderItsNewNameWithAllThatItIs) {
   as(false, "b.txt", "Command11");
-  EXPECT_EQ(rig.read("C:\\To\\b.txt"), "text");
-  EXPECT_EQ(rig.read("C:\\From\\a.txt"), "text");
+  EXPECT_EQ(rig.read("C:\\To\\b.txt") + rig.read("C:\\From\\a.txt"), "texttext");
   as(false, "B.TXT", "Command11");
   as(true, "a.txt", "Command11");
   EXPECT_EQ(rig.read("C:\\To\\a.txt"), "text");
@@ -235,27 +204,92 @@ TEST_F(AsNewNameTest, AMoveThatIsGivenUpBringsTheFileBackUnderItsOldName) {
 TEST_F(AsNewNameTest, AFileThatCannotGoBackStaysInTheWorkFolderUntilItCan) {
   rig.loop.giveTurn();
   select({"a"});
-  rig.loop.whenShows("Form5")
-      .run([this](controls::Form&) {
-        rig.loop.whenShows("Form32")
-            .run([this](controls::Form&) {
-              rig.write("C:\\From\\a.txt", "somebody else's");
-              ops().Form32.Text1.typeFromUser("b.txt");
-            })
-            .press("Command11");
-        ops().Form5.Command5.press();
-        rig.loop.meets({test::told("Cancel Function After Move As Failed!, Get Your File In Varnholt Folder \\Tmp")});
-      })
-      .press("Command2");
+  const auto names = [this] {
+    rig.write("C:\\From\\a.txt", "somebody else's");
+    ops().Form32.Text1.typeFromUser("b.txt");
+  };
+  const auto asks = [&] {
+    rig.loop.meets({{"Form32", "Command11", "", names}});
+    ops().Form5.Command5.press();
+    rig.loop.meets({told("Cancel Function After Move As Failed!, Get Your File In Varnholt Folder \\Tmp")});
+  };
+  rig.loop.meets({{"Form5", "Command2", "", asks}});
   rig.command("Command3_Click");
   EXPECT_EQ(rig.read(tmp("b.txt")), "text");
   ASSERT_TRUE(files().deleteFile("C:\\From\\a.txt", true));
   rig.restart();
-  rig.loop.whenShows("frmSplash").run([this](controls::Form&) { rig.app().frmSplash.Timer1.Tick(); });
+  rig.splashGoes();
   rig.loop.meets({test::told("A Move Or Swap Was Interrupted. Its Files Stand Here Now :\rC:\\From\\a.txt")});
   ASSERT_TRUE(rig.app().Main());
   rig.loop.giveTurn();
   EXPECT_EQ(rig.read("C:\\From\\a.txt"), "text");
+}
+
+class EditFileTest : public OperationTest {
+ protected:
+  void SetUp() override {
+    shell = &rig.useRecordingShell();
+    OperationTest::SetUp();
+    rig.write("C:\\From\\a.txt", "a");
+    rig.makeFolder("C:\\From\\Sub");
+    select({});
+  }
+  /// Files that were opened in the editor.
+  Names edited() {
+    Names files;
+    for (const auto& [command, folder] : shell->started) {
+      const auto at = command.find("notepad.exe\" \"");
+      EXPECT_NE(at, std::string::npos) << command;
+      files.push_back(command.substr(at + 14, command.size() - at - 15));
+    }
+    return files;
+  }
+  test::Answer types(const std::string& name) {
+    return {"Form32", "Command11", "", [this, name] { ops().Form32.Text1.typeFromUser(name); }};
+  }
+
+  test::RecordingShell* shell = nullptr;
+};
+
+TEST_F(EditFileTest, TheFileInFocusIsEditedAndAFileIsMadeListedAndEdited) {
+  rig.click(left(), "a");
+  rig.command("Command2_Click");
+  rig.click(left(), "\\ Sub");
+  EXPECT_FALSE(form().Command2.Enabled);
+  start("EditFile_Click", {test::noticed(" No Items selected. ! ")}, {});
+  start("Command13_Click", {types(" new.txt ")}, {});
+  EXPECT_EQ(rig.names(left()), (Names{"\\ Sub| ", "a|txt", "new|txt"}));
+  EXPECT_EQ(edited(), (Names{"C:\\From\\a.txt", "C:\\From\\new.txt"}));
+}
+
+TEST_F(EditFileTest, NamesThatMakeNoFileAreToldAndAskedForAgain) {
+  rig.loop.whenShows("Form32").reads("Caption", "Make File").run([this](controls::Form&) {
+    auto& dialog = ops().Form32;
+    EXPECT_EQ(form().mode(), "EditMode");
+    dialog.Command11.press();
+    EXPECT_EQ(dialog.Text1.Text.get(), "Key in Valid File Name !.");
+    dialog.Command11.press();
+    EXPECT_TRUE(dialog.Visible);
+    dialog.Command1.press();
+    EXPECT_EQ(dialog.Text1.Text.get(), "");
+    rig.loop.meets({told("[ ?InValid Chr. In Filename !, ")});
+    dialog.Text1.typeFromUser("what?.txt");
+    dialog.Command11.press();
+    EXPECT_TRUE(dialog.Visible);
+    dialog.Command2.press();
+  });
+  rig.command("Makefile_Click");
+  EXPECT_TRUE(shell->started.empty());
+}
+
+TEST_F(EditFileTest, AnExistingFileIsReplacedOnlyWhenTheUserAgrees) {
+  const std::string question = "File:  a.txt\rAlready Exist !, OverWrite ?";
+  for (const bool agrees : {false, true}) {
+    start("Command13_Click", {types("a.txt"), agrees ? yes(question) : no(question)}, {});
+    EXPECT_EQ(rig.read("C:\\From\\a.txt"), agrees ? "" : "a");
+  }
+  start("Command13_Click", {types("Sub"), told("Folder:  Sub\rAlready Exist !")}, {});
+  EXPECT_EQ(edited(), Names{"C:\\From\\a.txt"});
 }
 
 }  // namespace

@@ -6,31 +6,21 @@ namespace {
 
 using FileFilterTest = FilterTestRig;
 
-// --- Patterns ------------------------------------------------------------------------------------------------------
-
-struct PatternRow {
-  const char* pattern;
-  std::vector<std::string> selected;
-};
-
 TEST_F(FileFilterTest, SelectsByPatternsAndNeverAFolder) {
-  for (const char* name : {"a1.txt", "Letter.TXT", "note.doc", "noext", "photo.jpeg", "x,y.txt"})
-    rig.write(std::string("C:\\") + name);
+  write({"a1.txt", "Letter.TXT", "note.doc", "noext", "photo.jpeg", "x,y.txt"});
   rig.makeFolder("C:\\folder.txt");
   rig.startLeft();
-  const PatternRow rows[] = {
+  const std::pair<const char*, Names> rows[] = {
       {"*.txt", {"a1.txt", "Letter.TXT", "x,y.txt"}},
       {"*.doc,,*.jpeg,", {"note.doc", "photo.jpeg"}},
       {"[lp]h*.*", {"photo.jpeg"}},
       {"noext.", {"noext"}},
-      {"*.*", {"a1.txt", "Letter.TXT", "noext", "note.doc", "photo.jpeg", "x,y.txt"}},
-  };
-  for (const auto& row : rows) {
-    fileFilter([&](Form6& dialog) { type(dialog.Text2, row.pattern); });
-    EXPECT_EQ(selected(left()), row.selected) << row.pattern;
-    EXPECT_EQ(form().filecollect.count(), row.selected.size()) << row.pattern;
-    EXPECT_EQ(rig.menu("Filefilter").Caption.get(), std::string("|  File Filter: ") + row.pattern);
-    EXPECT_EQ(left().inconsistency(), "");
+      {"*.*", {"a1.txt", "Letter.TXT", "noext", "note.doc", "photo.jpeg", "x,y.txt"}}};
+  for (const auto& [pattern, names] : rows) {
+    fileFilter([&, pattern = pattern](Form6& dialog) { type(dialog.Text2, pattern); });
+    EXPECT_EQ(selected(left()), names) << pattern;
+    EXPECT_EQ(form().filecollect.count(), names.size()) << pattern;
+    EXPECT_EQ(rig.menu("Filefilter").Caption.get(), std::string("|  File Filter: ") + pattern);
   }
 }
 
@@ -58,8 +48,6 @@ TEST_F(FileFilterTest, MarksCountsAndRemembersWhatItTook) {
   EXPECT_TRUE(rig.menu("Viewfilter").Visible);
   EXPECT_FALSE(form().filterMark);
 }
-
-// --- Nothing selected ----------------------------------------------------------------------------------------------
 
 TEST_F(FileFilterTest, NoMatchAndNoPatternAreToldAndCancelLeavesTheSelection) {
   rig.write("C:\\a.txt");
@@ -91,68 +79,37 @@ TEST_F(FileFilterTest, ThePatternIsThereAgainAfterANewStart) {
   rig.command("Command5_Click");
 }
 
-// --- Sizes ---------------------------------------------------------------------------------------------------------
-
-struct SizeRow {
-  const char *lower, *upper, *decimalSign;
-  std::vector<std::string> selected;
-};
-
-TEST_F(FileFilterTest, BothBoundsAreStrictAndReadInTheRegionalForm) {
-  sized("C:\\a", 0);
-  sized("C:\\b", 999'999);
-  sized("C:\\c", 1'000'000);
-  sized("C:\\d", 1'000'001);
-  sized("C:\\e", 1'500'000);
-  sized("C:\\f", 2'000'000);
+TEST_F(FileFilterTest, BothBoundsAreStrictNumbersOfTheRegionAndRefusedWhenNothingCanLieBetween) {
+  for (const auto row : test::Rows{"a|0", "b|999999", "c|1000000", "d|1000001", "e|1500000", "f|2000000"})
+    sized("C:\\" + test::Row(row).first, std::stoull(test::Row(row).second));
   rig.startLeft();
-  const SizeRow rows[] = {
-      {"1", "2", ".", {"d", "e"}},       {" 1 ", "", ".", {"d", "e", "f"}},
-      {"", "1", ".", {"a", "b"}},        {"0", "1.000001", ".", {"b", "c"}},
-      {"0.999999", "1,500001", ",", {}}, {"0,999999", "1,500001", ",", {"c", "d", "e"}},
-      {"-1", "0.5", ".", {"a"}},
-  };
-  for (const auto& row : rows) {
-    rig.platform->regional.decimalSign = row.decimalSign;
-    rig.loop.whenShows("Form6")
-        .run([&](controls::Form&) {
-          type(filters().Form6.Text2, "*.*");
-          askSizes(filters().Form6, row.lower, row.upper);
-        })
-        .press("Command11")
-        .run([](controls::Form& dialog) { dialog.Hide(); });
-    if (row.selected.empty()) rig.loop.meets({test::noticed("FileSize Input Data Mismatch !")});
-    rig.command("Command5_Click");
-    EXPECT_EQ(selected(left()), row.selected) << row.lower << " < X < " << row.upper;
+  const auto filtered = [&](const test::Row& row, const std::string& refusal) {
+    rig.platform->regional.decimalSign = row.third;
     left().list.selectNone();
     rig.app().selection.resetcollect();
-  }
-}
-
-struct RefusalRow {
-  const char *lower, *upper, *text;
-};
-
-TEST_F(FileFilterTest, BoundsThatCannotBeAreRefusedWithTheDialogOpen) {
-  sized("C:\\a", 1'500'000);
-  rig.startLeft();
-  const RefusalRow rows[] = {
-      {"1", "1", "FileSize Input Data Equal !"},      {"", "", "FileSize Input Data Equal !"},
-      {" 2", "2 ", "FileSize Input Data Equal !"},    {"2", "1", "FileSize Input Data Mismatch !"},
-      {"one", "2", "FileSize Input Data Mismatch !"}, {"1", "2 MB", "FileSize Input Data Mismatch !"}};
-  for (const auto& row : rows) {
     rig.loop.whenShows("Form6")
         .run([&](controls::Form&) {
           type(filters().Form6.Text2, "*.*");
-          askSizes(filters().Form6, row.lower, row.upper);
+          askSizes(filters().Form6, row.first, row.second);
         })
         .press("Command11")
-        .run([](controls::Form& dialog) { EXPECT_TRUE(dialog.Visible); })
-        .press("Command2");
-    rig.loop.meets({test::noticed(row.text)});
+        .run([&](controls::Form& dialog) {
+          EXPECT_EQ(dialog.Visible.get(), !refusal.empty());
+          dialog.Hide();
+        });
+    if (!refusal.empty()) rig.loop.meets({test::noticed(refusal)});
     rig.command("Command5_Click");
-    EXPECT_EQ(left().list.selectedCount(), 0u) << row.lower << " " << row.upper;
-  }
+    std::string names;
+    for (const std::string& name : selected(left()))
+      names += name;
+    return names;
+  };
+  for (const auto row :
+       test::Rows{"1|2|.|de", " 1 ||.|def", "|1|.|ab", "0|1.000001|.|bc", "-1|0.5|.|a", "0,999999|1,500001|,|cde"})
+    EXPECT_EQ(filtered(test::Row(row), {}), test::Row(row).fourth) << row;
+  for (const auto row : test::Rows{"1|1|.|Equal", "||.|Equal", " 2|2 |.|Equal", "2|1|.|Mismatch", "one|2|.|Mismatch",
+                                   "1|2 MB|.|Mismatch", "0.999999|1,500001|,|Mismatch"})
+    EXPECT_EQ(filtered(test::Row(row), "FileSize Input Data " + test::Row(row).fourth + " !"), "") << row;
 }
 
 TEST_F(FileFilterTest, MoreAndLessShowAndHideTheSizes) {
@@ -166,43 +123,31 @@ TEST_F(FileFilterTest, MoreAndLessShowAndHideTheSizes) {
   }
 }
 
-// --- Attributes ----------------------------------------------------------------------------------------------------
-
 TEST_F(FileFilterTest, AttributesAreExactButForArchive) {
-  struct File {
-    const char* name;
-    platform::Attributes bits;
-  };
-  for (const File& file : {File{"C:\\plain", 0}, File{"C:\\ro", 1}, File{"C:\\ro-archive", 33}, File{"C:\\hidden", 2},
-                           File{"C:\\system-archive", 36}, File{"C:\\ro-hidden", 3}, File{"C:\\all", 7}}) {
-    rig.write(file.name);
-    setAttributes(file.name, file.bits);
+  for (const auto row :
+       test::Rows{"plain|0", "ro|1", "ro-archive|33", "hidden|2", "system-archive|36", "ro-hidden|3", "all|7"}) {
+    write({test::Row(row).first});
+    setAttributes("C:\\" + test::Row(row).first, static_cast<platform::Attributes>(std::stoul(test::Row(row).second)));
   }
   rig.startLeft();
   rig.menu("HidSysfiles").choose();
-  struct Row {
-    bool readOnly, system, hidden;
-    Names selected;
-    const char* tip;
-  };
-  const Row rows[] = {{true, false, false, {"ro", "ro-archive"}, "The filter that made the selection [RO]"},
-                      {false, true, false, {"system-archive"}, "The filter that made the selection [SYS]"},
-                      {false, false, true, {"hidden"}, "The filter that made the selection [HID]"},
-                      {true, false, true, {"ro-hidden"}, "The filter that made the selection [RO HID]"},
-                      {true, true, true, {"all"}, "The filter that made the selection [RO SYS HID]"}};
-  for (const Row& row : rows) {
+  // The boxes that are checked, as the tip names them, and the names that are selected.
+  for (const auto text :
+       test::Rows{"RO|ro ro-archive ", "SYS|system-archive ", "HID|hidden ", "RO HID|ro-hidden ", "RO SYS HID|all "}) {
+    const test::Row row(text);
     fileFilter([&](Form6& dialog) {
       type(dialog.Text2, "*.*");
-      set(dialog.Check1, row.readOnly);
-      set(dialog.Check2, row.system);
-      set(dialog.Check3, row.hidden);
+      set(dialog.Check1, row.first.find("RO") != std::string::npos);
+      set(dialog.Check2, row.first.find("SYS") != std::string::npos);
+      set(dialog.Check3, row.first.find("HID") != std::string::npos);
     });
-    EXPECT_EQ(selected(left()), row.selected);
-    EXPECT_EQ(rig.menu("Filefilter").ToolTipText.get(), row.tip);
+    std::string names;
+    for (const std::string& name : selected(left()))
+      names += name + " ";
+    EXPECT_EQ(names, row.second);
+    EXPECT_EQ(rig.menu("Filefilter").ToolTipText.get(), "The filter that made the selection [" + row.first + "]");
   }
 }
-
-// --- The line ------------------------------------------------------------------------------------------------------
 
 TEST_F(FileFilterTest, TheLineTellsWhatIsInForce) {
   sized("C:\\a.txt", 1'500'000);

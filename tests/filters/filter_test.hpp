@@ -31,24 +31,23 @@ class FilterTestRig : public test::AppTest {
     type(dialog.Text3, lower);
     type(dialog.Text1, upper);
   }
-  /// The next date dialog picks these days and takes them.
-  void picks(Day from, Day to, bool on = true) {
-    rig.loop.whenShows("Form24")
-        .run([this, from, to, on](controls::Form&) {
-          filters().Form24.MonthView1.pickFromUser(from);
-          filters().Form24.MonthView2.pickFromUser(to);
-          set(filters().Form24.Check1, on);
-        })
-        .press("Command11");
+  /// In the next date dialog these days are picked, and taken or not.
+  void picks(Day from, Day to, const char* button = "Command11") {
+    const auto acts = [this, from, to] {
+      filters().Form24.MonthView1.pickFromUser(from);
+      filters().Form24.MonthView2.pickFromUser(to);
+      set(filters().Form24.Check1, true);
+    };
+    rig.loop.meets({{"Form24", button, "", acts}});
   }
 
   /// Runs the File Filter: the user does `asks` in the dialog and starts it.
   void fileFilter(const std::function<void(Form6&)>& asks) {
-    rig.loop.whenShows("Form6").run([this, asks](controls::Form&) { asks(filters().Form6); }).press("Command11");
+    rig.loop.meets({{"Form6", "Command11", "", [this, asks] { asks(filters().Form6); }}});
     rig.command("Command5_Click");
   }
   void viewFilter(const std::function<void(Form25&)>& asks) {
-    rig.loop.whenShows("Form25").run([this, asks](controls::Form&) { asks(filters().Form25); }).press("Command11");
+    rig.loop.meets({{"Form25", "Command11", "", [this, asks] { asks(filters().Form25); }}});
     rig.menu("Viewuser").choose();
   }
   /// The File Filter with all else as it stands in its dialog, and these days.

@@ -1,10 +1,9 @@
 // Attributes as files report them and as they are set.
 
+#include "platform/attributes.hpp"
 #include "support/temp_folder.hpp"
 
 #include <sys/mount.h>
-#include <sys/xattr.h>
-#include <unistd.h>
 
 namespace varnholt::platform {
 namespace {
@@ -19,26 +18,29 @@ std::string stored(const TempFolder& temp, const char* name) {
   return got < 0 ? "" : std::string(value, static_cast<size_t>(got));
 }
 
-void expectReported(TempFolder& temp, std::initializer_list<std::pair<const char*, Attributes>> rows) {
-  for (const auto& [name, attributes] : rows)
-    EXPECT_EQ(temp.files.attributes(temp.at(name)).valueOr(0), attributes) << name;
-}
-
-TEST(Attributes, WithoutStoredOnesModeAndNameTell) {
+class SetAttributes : public testing::Test {
+ protected:
+  void expectReported(std::initializer_list<std::pair<const char*, Attributes>> rows) {
+    for (const auto& [name, attributes] : rows)
+      EXPECT_EQ(temp.files.attributes(temp.at(name)).valueOr(0), attributes) << name;
+  }
   TempFolder temp;
+};
+using ReportedAttributes = SetAttributes;
+
+TEST_F(ReportedAttributes, WithoutStoredOnesModeAndNameTell) {
   temp.file("plain").file("locked").mode("locked", 0444).file(".dot").folder("f").folder(".f").folder("fixed");
   temp.mode("fixed", 0555);  // a folder's mode is no attribute
-  expectReported(temp, {{"plain", Archive},
-                        {"locked", Archive | ReadOnly},
-                        {".dot", Archive | Hidden},
-                        {"f", Folder},
-                        {".f", Folder | Hidden},
-                        {"fixed", Folder}});
+  expectReported({{"plain", Archive},
+                  {"locked", Archive | ReadOnly},
+                  {".dot", Archive | Hidden},
+                  {"f", Folder},
+                  {".f", Folder | Hidden},
+                  {"fixed", Folder}});
   EXPECT_EQ(codeOf(temp.files.attributes(temp.at("none"))), ErrorCode::NotFound);
 }
 
-TEST(Attributes, StoredOnesRule) {
-  TempFolder temp;
+TEST_F(ReportedAttributes, StoredOnesRule) {
   temp.file(".dot").file("sys").file("bad").file("locked").folder("f");
   if (!temp.store(".dot", "0x20")) GTEST_SKIP() << "no extended attributes here";
   temp.store("sys", std::string_view("0x6\0", 4));
@@ -46,15 +48,14 @@ TEST(Attributes, StoredOnesRule) {
   temp.store("locked", "0x22");
   temp.store("f", "0x12");
   temp.mode("locked", 0444);
-  expectReported(temp, {{".dot", Archive},
-                        {"sys", Hidden | System},
-                        {"bad", Archive},
-                        {"locked", Archive | Hidden | ReadOnly},
-                        {"f", Folder | Hidden}});
+  expectReported({{".dot", Archive},
+                  {"sys", Hidden | System},
+                  {"bad", Archive},
+                  {"locked", Archive | Hidden | ReadOnly},
+                  {"f", Folder | Hidden}});
 }
 
-TEST(SetAttributes, ChangesNothingElse) {
-  TempFolder temp;
+TEST_F(SetAttributes, ChangesNothingElse) {
   temp.file("a", "bytes", Date{1000, 0});
   ASSERT_TRUE(temp.files.setAttributes(temp.at("a"), Archive | ReadOnly));
   EXPECT_EQ(stored(temp, "a"), "") << "nothing is stored for what mode and name tell";
@@ -67,8 +68,7 @@ TEST(SetAttributes, ChangesNothingElse) {
   EXPECT_EQ(codeOf(temp.files.setAttributes(temp.at("none"), 0)), ErrorCode::NotFound);
 }
 
-TEST(SetAttributes, OfManyFilesSparesThoseOfTheGivenValues) {
-  TempFolder temp;
+TEST_F(SetAttributes, OfManyFilesSparesThoseOfTheGivenValues) {
   temp.file("a").file("b").file("sys").folder("f");
   if (!temp.store("sys", "0x26")) GTEST_SKIP() << "no extended attributes here";
   symlink(temp.system("a").c_str(), temp.system("link").c_str());
@@ -79,11 +79,10 @@ TEST(SetAttributes, OfManyFilesSparesThoseOfTheGivenValues) {
   EXPECT_FALSE(results[1].valueOr(true));
   EXPECT_EQ(codeOf(results[2]), ErrorCode::NotFound);
   EXPECT_EQ(codeOf(results[3]), ErrorCode::NotSupported);
-  expectReported(temp, {{"a", ReadOnly}, {"b", ReadOnly}, {"sys", spared[0]}});
+  expectReported({{"a", ReadOnly}, {"b", ReadOnly}, {"sys", spared[0]}});
 }
 
-TEST(SetAttributes, AResetLeavesSystemAlone) {
-  TempFolder temp;
+TEST_F(SetAttributes, AResetLeavesSystemAlone) {
   temp.file("a").file("sys").file(".dot").mode(".dot", 0444);
   if (!temp.store("a", "0x2823") || !temp.store("sys", "0x827")) GTEST_SKIP() << "no extended attributes here";
   EXPECT_FALSE(temp.files.info(temp.at("a"))->isIndexed) << "it is stored that it is not";
@@ -91,12 +90,11 @@ TEST(SetAttributes, AResetLeavesSystemAlone) {
   EXPECT_FALSE(temp.files.info(temp.at(".dot"))->isIndexed) << "nothing is stored";
   for (const char* name : {"a", "sys", ".dot"})
     ASSERT_TRUE(temp.files.resetAttributes(temp.at(name)));
-  expectReported(temp, {{"a", 0}, {"sys", System}, {".dot", 0}});
+  expectReported({{"a", 0}, {"sys", System}, {".dot", 0}});
   EXPECT_TRUE(temp.files.info(temp.at("a"))->isIndexed);
 }
 
-TEST(SetAttributes, EveryCombinationComesBack) {
-  TempFolder temp;
+TEST_F(SetAttributes, EveryCombinationComesBack) {
   temp.file("a").folder("f");
   if (!temp.store("a", "0x20")) GTEST_SKIP() << "no extended attributes here";
   for (Attributes word = 0; word < 64; ++word) {
@@ -110,8 +108,7 @@ TEST(SetAttributes, EveryCombinationComesBack) {
   }
 }
 
-TEST(SetAttributes, OwnerAloneCanChangeAFileThatIsReadOnly) {
-  TempFolder temp;
+TEST_F(SetAttributes, OwnerAloneCanChangeAFileThatIsReadOnly) {
   temp.file("a").file("others");
   if (!temp.store("a", "0x20")) GTEST_SKIP() << "no extended attributes here";
   temp.mode("a", 0444).mode("", 0755);
@@ -125,8 +122,7 @@ TEST(SetAttributes, OwnerAloneCanChangeAFileThatIsReadOnly) {
   }));
 }
 
-TEST(SetAttributes, VolumeWithoutExtendedAttributesKeepsReadOnly) {
-  TempFolder temp;
+TEST_F(SetAttributes, VolumeWithoutExtendedAttributesKeepsReadOnly) {
   temp.folder("m");
   if (::mount("none", temp.system("m").c_str(), "ramfs", 0, nullptr) != 0) GTEST_SKIP() << "no right to mount here";
   temp.file("m/a");
@@ -137,8 +133,7 @@ TEST(SetAttributes, VolumeWithoutExtendedAttributesKeepsReadOnly) {
   ::umount(temp.system("m").c_str());
 }
 
-TEST(SetModified, AnyDate) {
-  TempFolder temp;
+TEST_F(SetAttributes, AnyDateIsKept) {
   temp.file("a").folder("f");
   for (const Date& date : {Date{-86400, 500}, Date{4102444800, 999999999}}) {
     ASSERT_TRUE(temp.files.setModified(temp.at("a"), date));
@@ -147,6 +142,42 @@ TEST(SetModified, AnyDate) {
   EXPECT_TRUE(temp.files.setModified(temp.at("f"), Date{5, 0}));
   EXPECT_EQ(temp.files.info(temp.at("f"))->modified.seconds, 5);
   EXPECT_EQ(codeOf(temp.files.setModified(temp.at("none"), Date{})), ErrorCode::NotFound);
+}
+
+// Every form in which the extended attribute user.DOSATTRIB is found on disks.
+std::string fromHex(std::string digits) {
+  std::erase(digits, ' ');
+  std::string bytes;
+  for (size_t at = 0; at < digits.size(); at += 2)
+    bytes += static_cast<char>(std::stoi(digits.substr(at, 2), nullptr, 16));
+  return bytes;
+}
+
+// "0x20", NUL, one byte to even, version 3 twice, two bytes to four; flags, attributes, and the sizes and times.
+const std::string version3 = fromHex("30783230 00 00 0300 0300 0000 11000000 22000000") + std::string(36, '\0');
+const std::string version4 = fromHex("0000 0400 0400 0000 11000000 07000000") + std::string(16, '\1');
+const std::string version5 = fromHex("00000500 05000000 11000000 20040000 999c19ae54aadc01");
+
+TEST(DosAttribForms, AreTextOrBinary) {
+  const std::pair<std::string, Attributes> rows[] = {{"0x22", 0x22},     {std::string("0x22\0", 5), 0x22},
+                                                     {"0X7", 7},         {"0x0", 0},
+                                                     {"0x120021", 0x21},  // bits beyond the word are dropped
+                                                     {version3, 0x22},   {version4, 7},
+                                                     {version5, 0x420}};
+  for (const auto& [bytes, attributes] : rows)
+    EXPECT_EQ(decodeDosAttrib(bytes), attributes) << bytes;
+}
+
+TEST(DosAttribForms, MalformedIsNothing) {
+  for (const std::string& bytes :
+       {std::string(), std::string("0x"), std::string("22"), std::string("0xzz"), std::string("0x22 "),
+        std::string("0x123456789"), std::string(1, '\0'), std::string(24, '\0'), version5.substr(0, 23),
+        version4.substr(0, 31), version3.substr(0, 55), fromHex("00000600 06000000 11000000 20000000") + version5,
+        fromHex("00000500 04000000 11000000 20000000 0000000000000000")})
+    EXPECT_EQ(decodeDosAttrib(bytes), std::nullopt);
+  std::string notValid = version5;
+  notValid[8] = 0x10;  // the create time only
+  EXPECT_EQ(decodeDosAttrib(notValid), std::nullopt);
 }
 
 }  // namespace

@@ -3,9 +3,6 @@
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 namespace varnholt::platform {
 namespace {
 
@@ -31,8 +28,6 @@ class MovesAndDeletes : public testing::Test {
   TempFolder temp;
   static constexpr Code Done{};
 };
-
-// --- Move ------------------------------------------------------------------------------------------------------------
 
 TEST_F(MovesAndDeletes, WithinAVolume) {
   temp.file("a", "1", Date{50, 0}).file("tree/x", "2").folder("f").link("l", "a").link("toF", "f");
@@ -195,8 +190,6 @@ TEST_F(OtherVolume, DeleteDoesNotEnterIt) {
   EXPECT_EQ(temp.read("other/precious"), "1");
 }
 
-// --- Delete ----------------------------------------------------------------------------------------------------------
-
 TEST_F(MovesAndDeletes, ReadOnlyFilesNeedForceAndLinksGoAlone) {
   temp.file("locked").mode("locked", 0444).file("stored").file("plain").folder("f").pipe("p");
   temp.link("l", "locked").link("gone", "nowhere");
@@ -286,10 +279,10 @@ TEST_F(MovesAndDeletes, DrivesAndWhatHoldsThemStay) {
   temp.file("holder/drive/a", "1").link("l", "holder/drive");
   posix::PathMap map(posix::parseDriveVariable("C=" + temp.system("") + ";D=" + temp.system("holder/drive") + ";Z=/"));
   posix::PosixFileSystem files(map);
-  for (const std::string& path :
-       {std::string("C:\\"), std::string("D:\\"), std::string("D:"), std::string("Z:\\"),
-        std::string("C:\\holder\\drive"), std::string("C:\\holder\\"), std::string("C:\\holder\\drive\\.."),
-        std::string("C:\\holder\\drive\\."), "Z:" + std::string(temp.at("").substr(2))}) {
+  const std::string byRoot = "Z:" + temp.at("").substr(2);
+  for (const auto each : test::Rows{"C:\\", "D:\\", "D:", "Z:\\", "C:\\holder\\drive", "C:\\holder\\",
+                                    "C:\\holder\\drive\\..", "C:\\holder\\drive\\.", byRoot}) {
+    const std::string path(each);
     EXPECT_FALSE(files.deleteFolder(path, true)) << path;
     EXPECT_FALSE(files.moveFolder(path, "C:\\moved")) << path;
   }

@@ -3,12 +3,9 @@
 #include "platform/platform.hpp"
 #include "platform/posix/passing_names.hpp"
 #include "platform/posix/unique_fd.hpp"
-#include "support/kill_at.hpp"
 #include "support/temp_folder.hpp"
 
-#include <fcntl.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace varnholt::platform::posix {
 namespace {

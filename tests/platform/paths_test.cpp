@@ -21,25 +21,20 @@ TEST(Paths, RootsAndDrives) {
 }
 
 TEST(Paths, NameAndParent) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {{"C:\\a\\b.txt", "b.txt", "C:\\a\\"},
-                                                                     {"C:\\a\\b\\", "b", "C:\\a\\"},
-                                                                     {"C:\\a", "a", "C:\\"},
-                                                                     {"C:\\", "", "C:\\"},
-                                                                     {"C:", "", "C:\\"},
-                                                                     {"plain", "plain", ""}};
-  for (const auto& [path, name, parent] : cases) {
-    EXPECT_EQ(paths::fileName(path), name) << path;
-    EXPECT_EQ(paths::parent(path), parent) << path;
+  for (const auto text : test::Rows{"C:\\a\\b.txt|b.txt|C:\\a\\", "C:\\a\\b\\|b|C:\\a\\", "C:\\a|a|C:\\", "C:\\||C:\\",
+                                    "C:||C:\\", "plain|plain|"}) {
+    const test::Row row(text);
+    EXPECT_EQ(paths::fileName(row.first), row.second) << text;
+    EXPECT_EQ(paths::parent(row.first), row.third) << text;
   }
 }
 
 TEST(Paths, ExtensionIsBehindTheLastPoint) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {
-      {"a.tar.gz", "a.tar", "gz"}, {".profile", ".profile", ""}, {".tar.gz", ".tar", "gz"},
-      {"README", "README", ""},    {"name.", "name.", ""},       {"", "", ""}};
-  for (const auto& [name, base, extension] : cases) {
-    EXPECT_EQ(paths::baseName(name), base) << name;
-    EXPECT_EQ(paths::extension(name), extension) << name;
+  for (const auto text : test::Rows{"a.tar.gz|a.tar|gz", ".profile|.profile|", ".tar.gz|.tar|gz", "README|README|",
+                                    "name.|name.|", "||"}) {
+    const test::Row row(text);
+    EXPECT_EQ(paths::baseName(row.first), row.second) << text;
+    EXPECT_EQ(paths::extension(row.first), row.third) << text;
   }
 }
 

@@ -1,12 +1,13 @@
+#include "platform/crash_report.hpp"
+#include "platform/posix/crash_report.hpp"
 #include "platform/posix/program_folder.hpp"
-
 #include "platform/posix/shipped_files.hpp"
 #include "platform/posix/temp_file.hpp"
-
 #include "support/temp_folder.hpp"
 
+#include <stdexcept>
+#include <sys/resource.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace varnholt::platform::posix {
 namespace {
@@ -72,8 +73,7 @@ TEST_F(ProgramFolderTest, NeverLosesWhatTheUserHas) {
   HostFolders given = at("p");
   given.assets = folder / "assets";
   find(given);
-  EXPECT_EQ(folder.read("p/Readme.txt"), "edited");
-  EXPECT_EQ(folder.read("p/Skins/0/Main.jpg"), "picture");
+  EXPECT_EQ(folder.read("p/Readme.txt") + folder.read("p/Skins/0/Main.jpg"), "editedpicture");
   fs::remove(folder / "p/Readme.txt");
   find(given);
   EXPECT_EQ(folder.read("p/Readme.txt"), "shipped");
@@ -83,13 +83,6 @@ TEST_F(ProgramFolderTest, IsTheUsersWhenTheExecutablesCannotBeWrittenTo) {
   folder.folder("ro");
   folder.mode("ro", 0555).mode("", 0777);
   EXPECT_TRUE(test::heldAsOrdinaryUser([&] { EXPECT_EQ(find(at("ro")).program, folder / "data/varnholt"); }));
-}
-
-TEST_F(ProgramFolderTest, ThatCannotBeMadeIsTold) {
-  folder.write("file", "x");
-  HostFolders given = at("p");
-  given.data = folder / "file/below";
-  EXPECT_EQ(find(given).notices.size(), 1u);
 }
 
 TEST_F(ProgramFolderTest, KeepsNothingOfStartsThatWereCut) {
@@ -126,6 +119,41 @@ TEST_F(ProgramFolderTest, OfAnUnfinishedCopyHoldsNoHalfFile) {
   folder.write("q", "a file where the folder should be");
   EXPECT_FALSE(copyMissingFiles(folder / "assets/program", folder / "q"));
   EXPECT_EQ(folder.read("q"), "a file where the folder should be");
+}
+
+int deeper(int depth) {
+  volatile char room[4096] = {};
+  return depth < 0 ? 0 : deeper(depth + 1) + room[depth % 4096];
+}
+
+TEST(CrashReport, TellsWhatTheProgramWasDoingAtTheNextStart) {
+  using Case = std::tuple<std::function<void()>, int, const char*>;
+  for (const auto& [crash, signal, says] : std::initializer_list<Case>{
+           {[] { ::raise(SIGSEGV); }, SIGSEGV, "SIGSEGV"},
+           {[] { (void)deeper(0); }, SIGSEGV, "SIGSEGV"},
+           {[] { std::thread([] { throw std::runtime_error("no more of it"); }).join(); }, SIGABRT, "no more of it"}}) {
+    const test::ScratchFolder folder;
+    const pid_t child = ::fork();
+    if (child == 0) {
+      const rlimit none{};
+      ::setrlimit(RLIMIT_CORE, &none);
+      ::close(STDERR_FILENO);
+      reportCrashes(folder.path(), "1.2.3");
+      noteDoing("Command1_Click");
+      crash();
+      ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << "it ends as the system would have ended it";
+    const std::string notice = takeCrashNotice(folder.path(), "C:\\Crash.log");
+    EXPECT_NE(notice.find("at:  Command1_Click"), std::string::npos) << notice;
+    EXPECT_TRUE(notice.ends_with("C:\\Crash.log"));
+    const std::string report = folder.read("Crash.log");
+    for (const char* part : {"[Version] 1.2.3\r\n", "[Doing]   Command1_Click\r\n", says, "platform_test"})
+      EXPECT_NE(report.find(part), std::string::npos) << part << " in " << report;
+    EXPECT_EQ(takeCrashNotice(folder.path(), "C:\\Crash.log"), "") << "told once";
+  }
 }
 
 }  // namespace

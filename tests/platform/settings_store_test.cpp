@@ -34,11 +34,7 @@ void sql(const std::string& file, const char* text) {
 }
 
 TEST_F(SettingsTest, ThatAreDamagedAreSetAsideAndAFreshFileIsMade) {
-  struct Damage {
-    const char* what;
-    std::function<void()> make;
-  };
-  const Damage damages[] = {
+  const std::pair<const char*, std::function<void()>> damages[] = {
       {"bytes of something else", [this] { folder.write("settings.db", std::string(5000, 'x')); }},
       {"a page overwritten",
        [this] { folder.write("settings.db", folder.read("settings.db").replace(4096, 2048, 2048, '\x7F')); }},
@@ -47,34 +43,23 @@ TEST_F(SettingsTest, ThatAreDamagedAreSetAsideAndAFreshFileIsMade) {
          std::filesystem::remove(file);
          sql(file, "CREATE TABLE cookies(host, value)");
        }},
-      {"tables of another form", [this] { sql(file, "DROP TABLE settings; CREATE TABLE settings(name, text)"); }},
-  };
+      {"tables of another form", [this] { sql(file, "DROP TABLE settings; CREATE TABLE settings(name, text)"); }}};
   int number = 0;
-  for (const Damage& damage : damages) {
+  for (const auto& [what, make] : damages) {
     ASSERT_TRUE(SqliteSettingsStore(file).save("a", "s", "k", std::string(20'000, 'o')));
-    damage.make();
+    make();
     const std::string damaged = folder.read("settings.db");
     const std::string aside = "settings.db.damaged-" + std::to_string(++number);
     {
       SqliteSettingsStore store(file);
-      ASSERT_EQ(store.database().setAside().value_or(""), folder / aside) << damage.what;
+      ASSERT_EQ(store.database().setAside().value_or(""), folder / aside) << what;
       EXPECT_EQ(store.get("a", "s", "k", "fallback"), "fallback");
       ASSERT_TRUE(store.save("a", "s", "k", "fresh"));
     }
-    EXPECT_EQ(folder.read(aside), damaged) << damage.what;
+    EXPECT_EQ(folder.read(aside), damaged) << what;
     const SqliteSettingsStore again(file);
     EXPECT_EQ(again.get("a", "s", "k"), "fresh");
   }
-}
-
-TEST_F(SettingsTest, InAMissingFolderAnswerWithErrorsUntilItIsThere) {
-  SqliteSettingsStore store(folder / "later/settings.db");
-  EXPECT_EQ(store.get("a", "s", "k", "fallback"), "fallback");
-  EXPECT_EQ(store.save("a", "s", "k", "v").error().code, ErrorCode::NotFound);
-  EXPECT_FALSE(store.saveAll({{"a", "s", "k", "v"}}));
-  std::filesystem::create_directory(folder / "later");
-  ASSERT_TRUE(store.save("a", "s", "k", "v"));
-  EXPECT_EQ(store.get("a", "s", "k"), "v");
 }
 
 TEST_F(SettingsTest, InAReadOnlyFolderAreReadAndNotWritten) {

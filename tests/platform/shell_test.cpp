@@ -1,12 +1,12 @@
 #include "platform/posix/shell.hpp"
 
+#include "platform/text_fold.hpp"
+
 #include "support/scratch_folder.hpp"
 
 #include <sstream>
 
-#include <fcntl.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 namespace varnholt::platform::posix {
 namespace {
@@ -21,18 +21,16 @@ Words wordsOf(std::string_view line) {
 }
 
 TEST(CommandWords, AreSplitByBlanksOutsideQuotes) {
-  const std::pair<const char*, Words> cases[] = {
-      {"", {}},
-      {"  \t ", {}},
-      {"a b\tc", {"a", "b", "c"}},
-      {" \"a b\"  c ", {"a b", "c"}},
-      {"\"\" x", {"", "x"}},
-      {"a\"b c\"d", {"ab cd"}},
-      {"\"say \"\"hi\"\" now\"", {"say \"hi\" now"}},
-      {"\"C:\\folder\\\" next", {"C:\\folder\\", "next"}},
-      {"\"not closed x", {"not closed x"}},
-      {"a 'b c'", {"a", "'b", "c'"}},
-  };
+  const std::pair<const char*, Words> cases[] = {{"", {}},
+                                                 {"  \t ", {}},
+                                                 {"a b\tc", {"a", "b", "c"}},
+                                                 {" \"a b\"  c ", {"a b", "c"}},
+                                                 {"\"\" x", {"", "x"}},
+                                                 {"a\"b c\"d", {"ab cd"}},
+                                                 {"\"say \"\"hi\"\" now\"", {"say \"hi\" now"}},
+                                                 {"\"C:\\folder\\\" next", {"C:\\folder\\", "next"}},
+                                                 {"\"not closed x", {"not closed x"}},
+                                                 {"a 'b c'", {"a", "'b", "c'"}}};
   for (const auto& [line, words] : cases)
     EXPECT_EQ(wordsOf(line), words) << line;
 }
@@ -52,18 +50,17 @@ class ShellTest : public testing::Test {
   }
 
   Result<std::string> findInAnyCase(const std::string& path) const {
-    std::string lower = path;
-    for (char& c : lower)
-      c = static_cast<char>(std::tolower(c));
-    for (const char* known : {"C:\\record.sh", "C:\\windows\\notepad.exe", "C:\\windows\\system32\\ping.exe"}) {
-      std::string knownLower = known;
-      for (char& c : knownLower)
-        c = static_cast<char>(std::tolower(c));
-      if (knownLower == lower && std::filesystem::exists(map.toSystem(known).valueOr(""))) return std::string(known);
-    }
+    for (const char* known : {"C:\\record.sh", "C:\\windows\\notepad.exe", "C:\\windows\\system32\\ping.exe"})
+      if (foldCase(known) == foldCase(path) && std::filesystem::exists(map.toSystem(known).valueOr("")))
+        return std::string(known);
     return Error{ErrorCode::NotFound, path, ""};
   }
 
+  static bool comesTrue(const std::function<bool()>& what) {
+    for (int i = 0; i < 2000 && !what(); ++i)
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    return what();
+  }
   std::string run(const std::string& command, const std::string& workingFolder = {}) {
     const auto process = shell.start(command, workingFolder);
     if (!process) return "error " + process.error().text;
@@ -79,7 +76,7 @@ class ShellTest : public testing::Test {
 };
 
 TEST_F(ShellTest, HandsPathsOverInSystemForm) {
-  const std::string c = folder / "c";
+  const std::string c = folder / "c", tool = folder.writeScript("c/Program Files/a tool.exe", "#!/bin/sh\n");
   const std::pair<const char*, Words> cases[] = {
       {"gimp C:\\plain.txt", {"gimp", c + "/plain.txt"}},
       {"gimp c:\\plain.txt", {"gimp", c + "/plain.txt"}},
@@ -95,17 +92,11 @@ TEST_F(ShellTest, HandsPathsOverInSystemForm) {
       {"c:\\RECORD.SH x", {c + "/record.sh", "x"}},
       {"C:\\My Folder\\a file.txt x", {c + "/My", "Folder\\a", "file.txt", "x"}},
       {"/usr/bin/env x", {"/usr/bin/env", "x"}},
-      {"   ", {}},
-  };
+      {"C:\\Program Files\\a tool.exe -x", {tool, "-x"}},
+      {"\"C:\\Program Files\\a tool.exe\" -x", {tool, "-x"}},
+      {"   ", {}}};
   for (const auto& [command, words] : cases)
     EXPECT_EQ(shell.arguments(command), words) << command;
-}
-
-TEST_F(ShellTest, FindsAProgramWhosePathHoldsBlanks) {
-  folder.writeScript("c/Program Files/a tool.exe", "#!/bin/sh\n");
-  const std::string tool = folder / "c/Program Files/a tool.exe";
-  EXPECT_EQ(shell.arguments("C:\\Program Files\\a tool.exe -x"), (Words{tool, "-x"}));
-  EXPECT_EQ(shell.arguments("\"C:\\Program Files\\a tool.exe\" -x"), (Words{tool, "-x"}));
 }
 
 TEST_F(ShellTest, PassesNothingThroughACommandInterpreter) {
@@ -125,21 +116,17 @@ TEST_F(ShellTest, TellsWhyAProgramDoesNotStart) {
   folder.write("c/no_program.txt", "text");
   std::filesystem::permissions(folder / "c/no_program.txt", std::filesystem::perms(0644));
   folder.writeScript("c/setup.exe", std::string("MZ\x90\0\3\0\0\0", 8));
-  const std::pair<const char*, ErrorCode> cases[] = {
-      {"", ErrorCode::NotFound},
-      {"\"\" x", ErrorCode::NotFound},
-      {"no-such-program-anywhere x", ErrorCode::NotFound},
-      {"C:\\missing.exe", ErrorCode::NotFound},
-      {"Q:\\missing.exe", ErrorCode::NotFound},
-      {"C:\\no_program.txt", ErrorCode::AccessDenied},
-      {"\"C:\\My Folder\"", ErrorCode::AccessDenied},
-      {"C:\\setup.exe", ErrorCode::NotSupported},
-  };
-  for (const auto& [command, code] : cases) {
-    const auto started = shell.start(command);
-    ASSERT_FALSE(started) << command;
-    EXPECT_EQ(started.error().code, code) << command << ": " << started.error().text;
-  }
+  using enum ErrorCode;
+  const std::pair<ErrorCode, Words> cases[] = {
+      {NotFound, {"", "\"\" x", "no-such-program-anywhere x", "C:\\missing.exe", "Q:\\missing.exe"}},
+      {AccessDenied, {"C:\\no_program.txt", "\"C:\\My Folder\""}},
+      {NotSupported, {"C:\\setup.exe"}}};
+  for (const auto& [code, commands] : cases)
+    for (const std::string& command : commands) {
+      const auto started = shell.start(command);
+      ASSERT_FALSE(started) << command;
+      EXPECT_EQ(started.error().code, code) << command << ": " << started.error().text;
+    }
   EXPECT_EQ(shell.start("true", "Q:\\x").error().code, ErrorCode::InvalidPath);
   EXPECT_EQ(shell.start("true", "C:\\missing").error().code, ErrorCode::NotFound);
 }
@@ -182,13 +169,10 @@ TEST_F(ShellTest, LeavesNoZombieOfAProgramThatNobodyWaitsFor) {
   folder.writeScript("c/pid.sh", "#!/bin/sh\necho $$ > \"$OUT\"\n");
   ASSERT_TRUE(shell.start("C:\\pid.sh"));
   // A child that was reaped has no entry in /proc; a zombie keeps one for as long as this process lives.
-  bool gone = false;
-  for (int i = 0; i < 2000 && !gone; ++i) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_TRUE(comesTrue([&] {
     const std::string pid = folder.read("out");
-    gone = pid.ends_with('\n') && !std::filesystem::exists("/proc/" + pid.substr(0, pid.size() - 1));
-  }
-  EXPECT_TRUE(gone);
+    return pid.ends_with('\n') && !std::filesystem::exists("/proc/" + pid.substr(0, pid.size() - 1));
+  }));
 }
 
 TEST_F(ShellTest, MayGoBeforeItsChildrenEnd) {
@@ -197,9 +181,7 @@ TEST_F(ShellTest, MayGoBeforeItsChildrenEnd) {
     PosixShell brief(map, {[](const std::string& path) { return path; }, [] { return ""; }});
     ASSERT_TRUE(brief.start("C:\\slow.sh"));
   }
-  for (int i = 0; i < 2000 && folder.read("out") != "done\n"; ++i)
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  EXPECT_EQ(folder.read("out"), "done\n");
+  EXPECT_TRUE(comesTrue([&] { return folder.read("out") == "done\n"; }));
 }
 
 }  // namespace

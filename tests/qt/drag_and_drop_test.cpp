@@ -101,25 +101,9 @@ class DrawnCopies : public DrawnDrops {
  protected:
   void SetUp() override {
     start();
-    auto* drives = usable<QComboBox>(window, "Drive2");
-    drives->setFocus();
-    QTest::keyClick(drives, Qt::Key_Down);
-    ASSERT_EQ(pathShown("Text2"), "D:\\");
+    ASSERT_TRUE(app.navigation.goTo(app.Form1.Panel2, "D:\\"));
   }
-  /// Presses the dialog's execute button once it is there, and reads its target.
-  void executeWhenAsked(controls::Form& dialog) {
-    execute = [this, &dialog] {
-      if (!dialog.Visible) return loop.later(execute);
-      target = app.fileops.Form3.Text3.Text;
-      QTest::mouseClick(usable<QPushButton>(windowOf(loop, dialog), "Command11"), Qt::LeftButton);
-    };
-    loop.later(execute);
-  }
-  std::function<void()> execute;
-  std::string target;
 };
-
-// --- Out of a panel --------------------------------------------------------------------------------------------------
 
 TEST_F(DrawnDrops, ADragCarriesTheSelectedFilesForAnyProgram) {
   auto* widget = list("ListView1");
@@ -134,13 +118,6 @@ TEST_F(DrawnDrops, ADragCarriesTheSelectedFilesForAnyProgram) {
   EXPECT_EQ(app.Form1.ListView1.selectedCount(), 4u) << "the press on a selected row has kept them all";
 }
 
-TEST_F(DrawnDrops, ADragOfAnotherRowSelectsItAndTellsTheProgramSo) {
-  pull("letter", nullptr);
-  EXPECT_EQ(app.Form1.ListView1.selectedCount(), 1u);
-  EXPECT_EQ(app.Form1.CurrentItem, "letter.txt");
-  EXPECT_FALSE(app.Form1.filecollect.empty());
-}
-
 TEST_F(DrawnDrops, NothingIsDraggedFromBelowTheRows) {
   loop.dragAndDrop().setCarrier([](QWidget&, auto) { ADD_FAILURE() << "nothing was pressed"; });
   const QPoint below(40, left().height() - 4);
@@ -149,8 +126,6 @@ TEST_F(DrawnDrops, NothingIsDraggedFromBelowTheRows) {
                    {});
   QCoreApplication::sendEvent(&left(), &move);
 }
-
-// --- Between the panels ----------------------------------------------------------------------------------------------
 
 TEST_F(DrawnDrops, ADropOnTheOtherPanelCopiesAndWithShiftMovesOnceTheDragIsOver) {
   for (const auto& [modifiers, handler] : {std::pair(Qt::KeyboardModifiers(), "Command1_Click"),
@@ -163,6 +138,7 @@ TEST_F(DrawnDrops, ADropOnTheOtherPanelCopiesAndWithShiftMovesOnceTheDragIsOver)
     EXPECT_EQ(happened(), Ran{handler});
     EXPECT_TRUE(app.Form1.View1Active());
     EXPECT_EQ(app.Form1.CurrentItem, "letter.txt");
+    EXPECT_EQ(app.Form1.filecollect.count(), 1u) << "the drag has selected its row";
   }
 }
 
@@ -185,8 +161,6 @@ TEST_F(DrawnDrops, TheDataOfAnEarlierDragAreThoseOfAnotherProgram) {
   EXPECT_EQ(happened(), Ran{"left copy"});
   EXPECT_EQ(dropped, Ran{"C:\\letter.txt"});
 }
-
-// --- From other programs ---------------------------------------------------------------------------------------------
 
 TEST_F(DrawnDrops, FilesOfAnotherProgramArriveByTheirProgramPaths) {
   const QByteArray letter = QByteArray::fromStdString(rig.systemPath("C:\\letter.txt"));
@@ -212,8 +186,7 @@ TEST_F(DrawnDrops, WhatIsNoFileOfThisMachineIsRefused) {
       {"a file and a page", file + "\r\nhttps://example.org/"},
       {"no path", "file://"},
       {"a name with a zero in it", "file:///tmp/a%00b"},
-      {"nothing", ""},
-  };
+      {"nothing", ""}};
   for (const auto& [what, lines] : cases)
     EXPECT_FALSE(Drag{*uris(lines)}.enter(right())) << what;
   QMimeData text;
@@ -227,13 +200,7 @@ TEST_F(DrawnDrops, WhatIsNoFileOfThisMachineIsRefused) {
 
 TEST_F(DrawnDrops, ADialogKeepsDropsFromTheWindowsBehindIt) {
   const auto data = uris(uriOf("C:\\letter.txt"));
-  std::function<void()> act = [&] {
-    if (!app.Form35.Visible) return loop.later(act);
-    windowOf(loop, app.Form35);
-    EXPECT_FALSE(Drag{*data}.enter(right()));
-    app.Form35.closeFromUser();
-  };
-  loop.later(act);
+  inDialog(app.Form35, [&](QWidget*) { EXPECT_FALSE(Drag{*data}.enter(right())); });
   app.Form35.browse("Copy Item(s)");
   EXPECT_TRUE(Drag{*data}.enter(right()));
 }
@@ -262,12 +229,10 @@ TEST_F(DrawnDrops, ADropThatComesWhileALongCallRunsIsRefusedAndItsFilesStayWithT
 TEST_F(DrawnCopies, ADropOntoAFoldersRowGoesIntoThatFolder) {
   rig.makeFolder("D:\\box");
   app.listing.ViewRenew();
-  struct {
-    const char *list, *row, *target;
-  } const cases[] = {{"ListView2", "box", "D:\\box\\"}, {"ListView1", "Photos", "C:\\Photos\\"}};
-  for (const auto& [name, row, folder] : cases) {
+  for (const auto& [name, row, folder] :
+       {std::tuple{"ListView2", "box", "D:\\box\\"}, {"ListView1", "Photos", "C:\\Photos\\"}}) {
     auto& over = *list(name)->viewport();
-    pull("letter", [&](const QMimeData& data) {
+    pull("letter", [&, name = name, row = row](const QMimeData& data) {
       Drag drag{data, {}, Qt::CopyAction};
       drag.onto = middleOf(list(name), row);
       EXPECT_TRUE(drag.enter(over));
@@ -276,10 +241,12 @@ TEST_F(DrawnCopies, ADropOntoAFoldersRowGoesIntoThatFolder) {
       EXPECT_LT(marks.front()->height(), 60) << "around the row alone";
       EXPECT_TRUE(drag.drop(over));
     });
-    executeWhenAsked(app.fileops.Form3);
+    inDialog(app.fileops.Form3, [&, folder = folder](QWidget* dialog) {
+      EXPECT_EQ(app.fileops.Form3.Text3.Text.get(), folder);
+      QTest::mouseClick(usable<QPushButton>(dialog, "Command11"), Qt::LeftButton);
+    });
     const std::string file = std::string(folder) + "letter.txt";
     EXPECT_TRUE(waitFor([&] { return rig.exists(file) && !app.fileops.Form3.Visible && !app.dispatcher.busy; }));
-    EXPECT_EQ(target, folder);
     EXPECT_EQ(pathShown("Text2"), "D:\\") << "the panel is where it was";
   }
   EXPECT_FALSE(rig.exists("D:\\letter.txt"));

@@ -58,6 +58,15 @@ class DrawnProgram : public testing::Test {
     return qt::fromQt(usable<QLineEdit>(window, name)->text());
   }
 
+  /// `user` acts once the form is there, and leaves it if it still is.
+  void inDialog(controls::Form& form, const std::function<void(QWidget*)>& user) {
+    loop.later([this, &form, user] {
+      if (!form.Visible) return inDialog(form, user);
+      user(windowOf(loop, form));
+      if (form.Visible) form.closeFromUser();
+    });
+  }
+
   AppRig rig;
   qt::QtMessageLoop loop;
   app::App app{loop, *rig.platform};

@@ -14,8 +14,6 @@
 #include <QMenuBar>
 #include <QScreen>
 
-#include <algorithm>
-
 namespace varnholt::test {
 namespace {
 
@@ -34,8 +32,9 @@ class DrawnForms : public testing::Test {
     std::vector<controls::Form*> forms{&app.Form1,          &app.Form9,        &app.dialogs.Form11, &app.dialogs.Form12,
                                        &app.dialogs.Form13, &app.frmSplash,    &app.frmTip,         &app.tools.form8,
                                        &app.Form35,         &app.rename.Form14};
-    for (const auto& dialogs : {app.fileops.dialogs(), app.basket.dialogs(), app.properties.dialogs(),
-                                app.filters.dialogs(), app.presets.dialogs()})
+    for (const auto& dialogs :
+         {app.fileops.dialogs(), app.basket.dialogs(), app.properties.dialogs(), app.filters.dialogs(),
+          app.presets.dialogs(), app.compare.dialogs(), app.cleanup.dialogs()})
       forms.insert(forms.end(), dialogs.begin(), dialogs.end());
     return forms;
   }
@@ -57,16 +56,13 @@ void fillMessages(core::MessageDialogs& dialogs) {
   dialogs.Form11.Command2.Visible = true;
 }
 
-TEST_F(DrawnForms, EveryControlHasItsWidget) {
-  for (controls::Form* form : allForms())
+TEST_F(DrawnForms, EveryControlHasItsWidgetAndEveryFormThatIsDrawnIsTested) {
+  std::set<std::string> tested;
+  for (controls::Form* form : allForms()) {
+    tested.insert(form->name());
     for (const auto& name : draw(*form).unjoined())
       ADD_FAILURE() << form->name() << "." << name << " has no fitting widget of that objectName in its .ui file";
-}
-
-TEST_F(DrawnForms, EveryFormThatIsDrawnIsTested) {
-  std::set<std::string> tested;
-  for (const controls::Form* form : allForms())
-    tested.insert(form->name());
+  }
   for (const auto& name : qt::formNames())
     EXPECT_TRUE(tested.contains(name)) << "add " << name << " to allForms() above";
 }
@@ -127,24 +123,6 @@ TEST_F(DrawnForms, OperationsAndTheirQuestionsBeginOnTheButtonThatEnterStandsFor
   }
 }
 
-// --- Mnemonics -----------------------------------------------------------------------------------------------------
-
-QString mnemonicOf(const QString& text) {
-  const QKeySequence keys = QKeySequence::mnemonic(text);
-  return keys.toString();
-}
-
-void expectUnique(const std::string& where, const QStringList& texts) {
-  std::map<QString, QString> users;
-  for (const QString& text : texts) {
-    const QString mnemonic = mnemonicOf(text);
-    if (mnemonic.isEmpty()) continue;
-    EXPECT_FALSE(users.contains(mnemonic)) << where << ": " << qPrintable(users[mnemonic]) << " and "
-                                           << qPrintable(text) << " share " << qPrintable(mnemonic);
-    users[mnemonic] = text;
-  }
-}
-
 TEST_F(DrawnForms, MnemonicsAreUniqueInAWindow) {
   for (controls::Form* form : allForms()) {
     QWidget& window = draw(*form).widget();
@@ -154,11 +132,15 @@ TEST_F(DrawnForms, MnemonicsAreUniqueInAWindow) {
     if (const auto* bar = window.findChild<QMenuBar*>())
       for (const auto* heading : bar->actions())
         texts += heading->text();
-    expectUnique(form->name(), texts);
+    std::map<QString, QString> users;
+    for (const QString& text : texts) {
+      const QString mnemonic = QKeySequence::mnemonic(text).toString();
+      EXPECT_TRUE(mnemonic.isEmpty() || !users.contains(mnemonic))
+          << form->name() << ": " << qPrintable(users[mnemonic]) << " and " << qPrintable(text) << " share a key";
+      users[mnemonic] = text;
+    }
   }
 }
-
-// --- Icons ---------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawnForms, EveryIconThatIsNamedIsThere) {
   std::set<std::string> names = {"varnholt", "link", "link-gone", "info", "question", "warning", "error"};
@@ -179,21 +161,16 @@ TEST_F(DrawnForms, EveryIconThatIsNamedIsThere) {
     EXPECT_TRUE(qt::hasIcon(name)) << "assets/icons/" << name << ".svg is missing";
 }
 
-TEST(Icons, AreDrawnAtTheDensityOfTheScreen) {
+TEST(Icons, AreDrawnAtTheDensityOfTheScreenAndAnUnknownOneIsASquare) {
   const QIcon icon = qt::iconNamed("folder");
   const QImage once = icon.pixmap(QSize(16, 16), 1.0).toImage(), twice = icon.pixmap(QSize(16, 16), 2.0).toImage();
   EXPECT_EQ(once.size(), QSize(16, 16));
   EXPECT_EQ(twice.size(), QSize(32, 32));
   EXPECT_NE(twice.scaled(16, 16).scaled(32, 32).convertToFormat(once.format()), twice) << "drawn anew, not blown up";
-}
-
-TEST(Icons, AnUnknownNameIsASquareAndTheEmptyNameNothing) {
   EXPECT_FALSE(qt::hasIcon("no such icon"));
   EXPECT_GT(qt::iconNamed("no such icon").pixmap(16, 16).toImage().pixelColor(3, 3).alpha(), 0);
   EXPECT_TRUE(qt::iconNamed("").isNull());
 }
-
-// --- Room for the texts ---------------------------------------------------------------------------------------------
 
 /// Makes the application's font larger while it lives.
 class LargerFont {
@@ -246,10 +223,11 @@ TEST_F(DrawnForms, NothingIsCutInLargerFonts) {
 }
 
 // Every text that may hold a name: labels of the questions, fields, lists to choose from. Labels of the rename dialog
-// show a shortened name, those of the dates show dates, and those of the properties count.
+// show a shortened name, those of the dates show dates, those of the properties count, and those of the compare name
+// file systems.
 void tell(controls::Form& form, const std::string& name) {
   const bool namesStandInLabels =
-      std::ranges::count(std::vector<std::string>{"Form14", "Form15", "Form18", "Form24"}, form.name()) == 0;
+      std::ranges::count(std::vector<std::string>{"Form14", "Form15", "Form18", "Form24", "Form30"}, form.name()) == 0;
   for (controls::Control* control : form.controls()) {
     auto* label = dynamic_cast<controls::Label*>(control);
     if (label && namesStandInLabels) label->Caption = "Target FileName:     C:\\Photos\\" + name;

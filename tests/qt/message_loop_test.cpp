@@ -41,8 +41,6 @@ class MessageLoop : public testing::Test {
   }
 };
 
-// --- Modal forms ---------------------------------------------------------------------------------------------------
-
 TEST_F(MessageLoop, AQuestionIsAnsweredByKeysAndABlindEnterDoesNoHarmWhateverTheLastAnswerWas) {
   using Act = std::function<void(QWidget*)>;
   const auto key = [](Qt::Key code) {
@@ -150,16 +148,9 @@ TEST_F(MessageLoop, ADialogStandsInTheMiddleOfItsCallerAndOnTheScreen) {
       "A question that is somewhat wider than the window on which it stands, so that it would begin left of it");
 }
 
-// --- Message boxes -------------------------------------------------------------------------------------------------
-
-struct BoxCase {
-  controls::MessageIcon icon;
-  controls::MessageButtons buttons;
-  controls::MessageAnswer enter, escape;
-};
-
 TEST_F(MessageLoop, EnterInABoxNeverDoesHarm) {
   using namespace controls;
+  using BoxCase = std::tuple<MessageIcon, MessageButtons, MessageAnswer, MessageAnswer>;  // answers of Enter and Esc
   for (const auto& [icon, buttons, enter, escape] : std::initializer_list<BoxCase>{
            {MessageIcon::Critical, MessageButtons::Ok, MessageAnswer::Ok, MessageAnswer::Ok},
            {MessageIcon::Question, MessageButtons::OkCancel, MessageAnswer::Ok, MessageAnswer::Cancel},
@@ -177,8 +168,6 @@ TEST_F(MessageLoop, EnterInABoxNeverDoesHarm) {
     }
   }
 }
-
-// --- Long calls ----------------------------------------------------------------------------------------------------
 
 /// Counts paint events of one widget.
 class PaintCounter : public QObject {
@@ -320,8 +309,6 @@ TEST_F(MessageLoop, TheCloseBoxLeavesADriveThatDoesNotAnswer) {
   dialogs.alert("Deleting");
   EXPECT_TRUE(stored);
 }
-
-// --- Turns, timers, pointer ----------------------------------------------------------------------------------------
 
 TEST_F(MessageLoop, TimersTickWithoutAWindowWaitForALongCallAndStop) {
   int ticks = 0;

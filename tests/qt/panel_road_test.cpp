@@ -116,38 +116,31 @@ TEST_P(PanelRoad, ButtonsOfThePanelGoWhereTheySayAndLeaveItTheKeyboard) {
   EXPECT_FALSE(window->findChild<QToolButton*>(QLatin1String(side.forward))->isEnabled());
 }
 
-TEST_P(PanelRoad, TheTreeWindowSendsThePanelWhereItIsTold) {
+TEST_P(PanelRoad, TheTreeWindowSendsThePanelWhereItIsToldByMouseAndKeysUnlessTheFolderIsGone) {
   trigger("Treeon");
   auto* tree = usable<QTreeWidget>(windowOf(loop, app.Form9), side.tree);
-  QTreeWidgetItem* here = tree->currentItem();
-  ASSERT_TRUE(here) << "the tree stands on the panel's folder";
-  EXPECT_EQ(here->text(0), QStringLiteral("2024"));
-  const QPoint at = tree->visualItemRect(here->child(1)).center();
+  ASSERT_TRUE(tree->currentItem()) << "the tree stands on the panel's folder";
+  EXPECT_EQ(tree->currentItem()->text(0), QStringLiteral("2024"));
+  const QPoint at = tree->visualItemRect(tree->currentItem()->child(1)).center();
   QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, at);
   EXPECT_EQ(pathShown(side.path), "C:\\Prints\\2024") << "a click is no command";
   QTest::mouseDClick(tree->viewport(), Qt::LeftButton, {}, at);
   QTest::mouseRelease(tree->viewport(), Qt::LeftButton, {}, at);
   EXPECT_EQ(pathShown(side.path), "C:\\Prints\\2024\\Garden");
-  loop.flush();
+  const auto keys = [&](std::initializer_list<Qt::Key> pressed) {
+    for (const auto key : pressed) {
+      QTest::keyClick(tree, key);
+      loop.flush();
+    }
+    return pathShown(side.path);
+  };
+  EXPECT_EQ(keys({Qt::Key_Up, Qt::Key_Return}), "C:\\Prints\\2024\\Coast");
+  EXPECT_EQ(keys({Qt::Key_Up, Qt::Key_Return}), "C:\\Prints\\2024");
+  ASSERT_TRUE(std::filesystem::remove(rig.systemPath("C:\\Prints\\2024\\Garden")));
+  tree->setCurrentItem(tree->currentItem()->child(1));
+  EXPECT_EQ(keys({Qt::Key_Return}), "C:\\Prints\\2024") << "it is gone";
   tree->currentItem()->parent()->setExpanded(false);
   loop.flush();
-  EXPECT_EQ(pathShown(side.path), "C:\\Prints\\2024\\Garden");
-}
-
-TEST_P(PanelRoad, TheTreeWindowObeysTheKeyboardUnlessTheFolderIsGone) {
-  trigger("Treeon");
-  auto* tree = usable<QTreeWidget>(windowOf(loop, app.Form9), side.tree);
-  for (const auto pressed : {Qt::Key_Right, Qt::Key_Return}) {
-    QTest::keyClick(tree, pressed);
-    loop.flush();
-  }
-  EXPECT_EQ(pathShown(side.path), "C:\\Prints\\2024\\Coast");
-  QTest::keyClick(tree, Qt::Key_Up);
-  QTest::keyClick(tree, Qt::Key_Return);
-  loop.flush();
-  tree->setCurrentItem(tree->currentItem()->child(1));
-  ASSERT_TRUE(std::filesystem::remove(rig.systemPath("C:\\Prints\\2024\\Garden")));
-  QTest::keyClick(tree, Qt::Key_Return);
   EXPECT_EQ(pathShown(side.path), "C:\\Prints\\2024");
   EXPECT_EQ(panel().inconsistency(), "");
 }

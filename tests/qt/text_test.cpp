@@ -8,15 +8,17 @@
 namespace varnholt::qt {
 namespace {
 
-TEST(Text, NamesSurviveBeingShownAndEdited) {
+TEST(Text, NamesSurviveBeingShownAndEditedAndTextsAreShownAsTheyRead) {
   for (const std::string& name :
        {std::string("plain.txt"), std::string("Größe – 測試 😀.txt"), std::string("caf\xE9.txt"),
         std::string("\xFF\xFE"), std::string("\xC3"), std::string("a\xE2\x82z"), std::string()})
     EXPECT_EQ(fromQt(toQt(name)), name);
-}
-
-TEST(Text, WholeCharactersNextToBrokenOnesStayReadable) {
-  EXPECT_TRUE(toQt("Größe \xFF").startsWith(QStringLiteral("Größe ")));
+  EXPECT_TRUE(toQt("Größe \xFF").startsWith(QStringLiteral("Größe "))) << "beside broken characters";
+  EXPECT_EQ(linesToQt("a\rb\r\nc"), QStringLiteral("a\nb\nc"));
+  for (const auto& [text, shown] : {std::pair{"&Cancel", "Cancel"}, {"Move &As", "Move As"}, {"A && B", "A & B"}})
+    EXPECT_EQ(withoutMnemonic(QLatin1String(text)), QLatin1String(shown));
+  EXPECT_FALSE(plainToolTip("<b>report</b>.txt").contains(QStringLiteral("<b>")));
+  EXPECT_EQ(plainToolTip("Move Selected Items (Ctrl+X)"), QStringLiteral("Move Selected Items (Ctrl+X)"));
 }
 
 TEST(Text, ABackslashInANameIsDrawnAsOne) {
@@ -34,39 +36,17 @@ TEST(Text, ABackslashInANameIsDrawnAsOne) {
     EXPECT_EQ(typedText(name, shown), text) << qPrintable(shown);
 }
 
-TEST(Text, CarriageReturnsBreakLines) { EXPECT_EQ(linesToQt("a\rb\r\nc"), QStringLiteral("a\nb\nc")); }
-
-TEST(Text, MnemonicsAreTakenOutAndDoubledOnesStay) {
-  EXPECT_EQ(withoutMnemonic(QStringLiteral("&Cancel")), QStringLiteral("Cancel"));
-  EXPECT_EQ(withoutMnemonic(QStringLiteral("Move &As")), QStringLiteral("Move As"));
-  EXPECT_EQ(withoutMnemonic(QStringLiteral("A && B")), QStringLiteral("A & B"));
-}
-
-TEST(Text, ToolTipsAreNeverMarkUp) {
-  EXPECT_FALSE(plainToolTip("<b>report</b>.txt").contains(QStringLiteral("<b>")));
-  EXPECT_EQ(plainToolTip("Move Selected Items (Ctrl+X)"), QStringLiteral("Move Selected Items (Ctrl+X)"));
-}
-
-struct KeyCase {
-  int qt;
-  Qt::KeyboardModifiers modifiers;
-  int code;
-};
-
 TEST(Input, KeysHaveTheNumbersThatHandlersKnow) {
-  for (const auto& [qt, modifiers, code] : std::initializer_list<KeyCase>{{Qt::Key_Return, {}, 13},
-                                                                          {Qt::Key_Enter, Qt::KeypadModifier, 13},
-                                                                          {Qt::Key_Escape, {}, 27},
-                                                                          {Qt::Key_Control, {}, 17},
-                                                                          {Qt::Key_Left, {}, 37},
-                                                                          {Qt::Key_Q, {}, 81},
-                                                                          {Qt::Key_F2, {}, 113},
-                                                                          {Qt::Key_F12, {}, 123},
-                                                                          {Qt::Key_5, Qt::KeypadModifier, 101},
-                                                                          {Qt::Key_Plus, Qt::KeypadModifier, 107},
-                                                                          {Qt::Key_Plus, {}, 107},
-                                                                          {Qt::Key_Slash, {}, 0}})
-    EXPECT_EQ(keyOf(QKeyEvent(QEvent::KeyPress, qt, modifiers)).code, code) << qt;
+  const auto codeOf = [](int key, Qt::KeyboardModifiers modifiers) {
+    return keyOf(QKeyEvent(QEvent::KeyPress, key, modifiers)).code;
+  };
+  const std::pair<int, int> plain[] = {{Qt::Key_Return, 13}, {Qt::Key_Escape, 27}, {Qt::Key_Control, 17},
+                                       {Qt::Key_Left, 37},   {Qt::Key_Q, 81},      {Qt::Key_F2, 113},
+                                       {Qt::Key_F12, 123},   {Qt::Key_Plus, 107},  {Qt::Key_Slash, 0}};
+  for (const auto& [key, code] : plain)
+    EXPECT_EQ(codeOf(key, {}), code) << key;
+  for (const auto& [key, code] : {std::pair<int, int>{Qt::Key_Enter, 13}, {Qt::Key_5, 101}, {Qt::Key_Plus, 107}})
+    EXPECT_EQ(codeOf(key, Qt::KeypadModifier), code) << key;
 }
 
 /// The lines in which a label of that width, in characters, shows a text.
@@ -94,8 +74,7 @@ TEST(Texts, PathsBreakBehindBackslashesNeverBehindADriveAndInsideAPartOnlyWhenAL
       {"C:\\My photos\\Coast, week 2\\a.jpg", 20, {"C:\\My photos\\", "Coast, week 2\\a.jpg"}},
       {"C:\\nnnnnnnnnnnnnnnnnn\\b", 10, {"C:\\nnnnnnn", "nnnnnnnnnn", "n\\b"}},
       {"Name: nnnnnnnnnnnnnnn ?", 10, {"Name: nnnn", "nnnnnnnnnn", "n ?"}},
-      {"two words", 10, {"two words"}},
-  };
+      {"two words", 10, {"two words"}}};
   for (const auto& [text, width, lines] : rows)
     EXPECT_EQ(linesOf(text, width), lines) << text << ": " << qPrintable(linesOf(text, width).join(QLatin1Char('|')));
 }

@@ -1,10 +1,7 @@
 // The program is killed at any moment of a copy, a move or a delete, and started anew.
 
 #include "support/kill_at.hpp"
-#include "user.hpp"
-
-#include <sys/stat.h>
-#include <unistd.h>
+#include "world.hpp"
 
 namespace varnholt::test {
 namespace {
@@ -107,6 +104,33 @@ class Paste : public Copy {
   }
 };
 
+/// The same by a compare that syncs, which replaces what is older.
+class Sync : public Copy {
+ public:
+  Sync() : Copy(&User::syncs) {}
+  void build(World& world) const override {
+    world.file("C:/From/a.txt", pattern(100'000, 1)).file("C:/To/a.txt", pattern(90'000, 2), Old);
+    world.file("C:/From/big.bin", pattern(300'000, 3)).file("C:/From/small", "small");
+    world.file("C:/From/locked", "new").file("C:/To/locked", "old", Old, 0444);
+    world.file("C:/To/kept", "kept", Old);
+  }
+  void prepare(User& user, const World& world) const override {
+    user.open("C:\\From", "C:\\To");
+    const TreeSnapshot from = world.tree("C:/From"), to = world.tree("C:/To");
+    const bool isDone = std::ranges::all_of(
+        from, [&](const auto& each) { return to.contains(each.first) && to.at(each.first) == each.second; });
+    user.rig.loop.whenShows("Form30")
+        .run([&user, isDone](controls::Form&) {
+          auto& dialog = user.rig.app().compare.Form30;
+          dialog.Check3.toggleFromUser();
+          dialog.Check8.toggleFromUser();
+          user.meets({isDone ? noticed("No Files To Execute, - ok !") : yes()});
+          dialog.Command11.press();
+        })
+        .press("Command2");
+  }
+};
+
 /// To the other volume each file is a copy, and then a delete; within the volume also folders, each in one step.
 class Move : public Operation {
  public:
@@ -185,7 +209,66 @@ class Delete : public Operation {
   }
 };
 
-// --- Killing -------------------------------------------------------------------------------------------------------
+/// What passes through a work folder of the program: at each moment a file stands at one place, whole.
+class Passing : public Operation {
+ public:
+  explicit Passing(void (User::*runs)()) : Operation(runs, "C:/To") {}
+  void check(const TreeSnapshot& before, const World& world) const override {
+    TreeSnapshot now = world.all();
+    for (const char* between : {"data/Tmp", "data/SwapTmp"})
+      for (const auto& [name, facts] : world.tree(between))
+        now.emplace(between + ("/" + name), facts);
+    standOnce(before, now);
+  }
+  void checkEnd(const TreeSnapshot& before, const World& world) const override {
+    TreeSnapshot now = world.all();
+    EXPECT_EQ(now.erase("C:/To/z") + now.erase("C:/From/z"), 1u) << "what was copied at the next start";
+    standOnce(before, now);
+  }
+
+ private:
+  static void standOnce(const TreeSnapshot& before, const TreeSnapshot& now) {
+    for (const auto& [name, facts] : before) {
+      if (facts.isFolder()) continue;
+      const auto isIt = [&](const auto& each) { return sameFile(each.second, facts); };
+      EXPECT_EQ(std::ranges::count_if(now, isIt), 1) << name;
+    }
+  }
+};
+
+class Swap : public Passing {
+ public:
+  Swap() : Passing(&User::swaps) {}
+  void build(World& world) const override {
+    world.file("C:/From/a", pattern(5'000, 1)).file("C:/From/both", "left").file("C:/To/both", "right");
+  }
+  void prepare(User& user, const World& /*world*/) const override {
+    user.open("C:\\From", "C:\\To");
+    user.markBoth();
+    user.meets({noticed("All Available/Selected Files Swapped ! ")});
+  }
+};
+
+class MoveAs : public Passing {
+ public:
+  MoveAs() : Passing(&User::moves) {}
+  void build(World& world) const override { world.file("C:/From/a", pattern(5'000, 1)).file("C:/To/kept", "kept"); }
+  void prepare(User& user, const World& /*world*/) const override {
+    user.open("C:\\From", "C:\\To");
+    user.mark({"a"});
+    auto& ops = user.rig.app().fileops;
+    const auto names = [&ops] { ops.Form32.Text1.typeFromUser("new"); };
+    const auto asks = [&user, &ops, names] {
+      user.meets({{"Form32", "Command11", "", names}});
+      ops.Form5.Command5.press();
+    };
+    user.meets({{"Form5", "Command11", "", asks}});
+  }
+  void checkEnd(const TreeSnapshot& before, const World& world) const override {
+    Passing::checkEnd(before, world);
+    EXPECT_TRUE(world.has("C:/To/new"));
+  }
+};
 
 /// One kill: a fresh disk, the program, its end, and what its next starts find.
 class Round {
@@ -243,6 +326,9 @@ class Round {
 std::unique_ptr<Operation> makeOperation(const std::string& name) {
   if (name.starts_with("Copy")) return std::make_unique<Copy>();
   if (name == "Paste") return std::make_unique<Paste>();
+  if (name == "Sync") return std::make_unique<Sync>();
+  if (name == "Swap") return std::make_unique<Swap>();
+  if (name == "MoveAs") return std::make_unique<MoveAs>();
   if (name.starts_with("Delete")) return std::make_unique<Delete>();
   return std::make_unique<Move>(name == "MoveAcross" ? "D:" : "C:");
 }
@@ -272,8 +358,8 @@ TEST_P(Killed, AtAnySystemCall) {
   EXPECT_GE(kills, steps * 9 / 10);
 }
 INSTANTIATE_TEST_SUITE_P(Operations, Killed,
-                         testing::Values("Copy", "Paste", "MoveAcross", "MoveWithin", "Delete", "CopyMany", "MoveMany",
-                                         "DeleteMany"),
+                         testing::Values("Copy", "Paste", "MoveAcross", "MoveWithin", "MoveAs", "Swap", "Sync",
+                                         "Delete", "CopyMany", "MoveMany", "DeleteMany"),
                          [](const auto& each) { return each.param; });
 
 }  // namespace

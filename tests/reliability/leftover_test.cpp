@@ -1,15 +1,12 @@
 // What killed copies leave is cleared by the next change in the folder, and nothing else ever is.
 
-#include "platform/forwarding_file_system.hpp"
 #include "platform/posix/temp_file.hpp"
-#include "support/kill_at.hpp"
 #include "support/temp_folder.hpp"
-#include "support/waiting_child.hpp"
-#include "user.hpp"
+#include "world.hpp"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <iostream>
+
+#include <sys/wait.h>
 
 namespace varnholt::test {
 namespace {
@@ -19,8 +16,6 @@ using platform::posix::isTemporaryName;
 using platform::posix::temporaryName;
 using platform::posix::UniqueFd;
 using Names = std::vector<std::string>;
-
-// --- The next start ------------------------------------------------------------------------------------------------
 
 /// The process is killed as soon as the copy of a folder tells that it is on its way.
 struct Killing : platform::ForwardingFileSystem {
@@ -38,23 +33,19 @@ TEST(AKilledFolderCopy, LeavesNothingBehindTheNextStart) {
     world.file("C:/From/tree/" + std::to_string(file), pattern(1 << 20, 1));
   world.file("D:/To/.vnh-mine", "mine");
   const TreeSnapshot before = world.tree("D:/To");
-  ASSERT_TRUE(KillAt([] {},
-                     [&] {
-                       User user(world, [](auto& real) { return std::make_unique<Killing>(real); });
-                       user.open("C:\\From", "D:\\To");
-                       user.mark({"tree"});
-                       user.meets({{"Form3"}});
-                       user.copies();
-                     })
-                  .byItself());
+  ASSERT_TRUE(diesInChild([&] {
+    User user(world, [](auto& real) { return std::make_unique<Killing>(real); });
+    user.open("C:\\From", "D:\\To");
+    user.mark({"\\ tree"});
+    user.meets({{"Form3"}});
+    user.copies();
+  }));
   ASSERT_NE(difference(before, world.tree("D:/To")), "");
   ASSERT_TRUE(heldInChild([&] { User next(world); }));
   EXPECT_EQ(difference(before, world.tree("D:/To")), "");
   for (const std::string& name : world.names("data"))
     EXPECT_FALSE(name.starts_with(".vnh-working-")) << "it is forgotten, too";
 }
-
-// --- The next change -----------------------------------------------------------------------------------------------
 
 /// Files under temporary names of this program that nobody holds.
 class Leftover : public testing::Test {
@@ -90,8 +81,7 @@ TEST_F(Leftover, IsClearedByAnyChangeInTheFolder) {
       {"moveFiles", [&] { return batched(files.moveFiles(temp.at("from"), {"e"}, temp.at("moveFiles"))); }},
       {"deleteFiles", [&] { return batched(files.deleteFiles(temp.at("deleteFiles"), {"old"})); }},
       {"merge", [&] { return files.copyFolder(temp.at("from/h"), temp.at("merge"), true); }},
-      {"mergeBelow/sub", [&] { return files.copyFolder(temp.at("from/h"), temp.at("mergeBelow"), true); }},
-  };
+      {"mergeBelow/sub", [&] { return files.copyFolder(temp.at("from/h"), temp.at("mergeBelow"), true); }}};
   temp.file("from/a").file("from/b").file("from/e").file("from/f/x").file("from/h/sub/x");
   for (const auto& [folder, change] : changes) {
     SCOPED_TRACE(folder);
@@ -124,6 +114,40 @@ TEST_F(Leftover, WhatOnlyLooksLikeItStays) {
   ASSERT_TRUE(temp.files.deleteFile(temp.at("to/from"), false));
   EXPECT_EQ(difference(before, snapshot(temp.system(""))), ::geteuid() == 0 ? "" : "- " + others + "\n");
 }
+
+/// A second running program: a child process that was started before, so that it knows nothing of what this process has
+/// done since, and does its work when told.
+class WaitingChild {
+ public:
+  explicit WaitingChild(const std::function<void()>& work) {
+    std::cout.flush();
+    child_ = ::fork();
+    if (child_ != 0) return;
+    ::raise(SIGSTOP);
+    work();
+    std::cout.flush();
+    ::_exit(testing::Test::HasFailure() ? 1 : 0);
+  }
+  ~WaitingChild() {
+    if (child_ <= 0) return;
+    ::kill(child_, SIGKILL);
+    ::waitpid(child_, nullptr, 0);
+  }
+  WaitingChild(const WaitingChild&) = delete;
+  WaitingChild& operator=(const WaitingChild&) = delete;
+
+  /// Does the work, once, and waits for its end. True when all checks in it held.
+  bool held() {
+    const pid_t child = std::exchange(child_, -1);
+    int status = 0;
+    return child > 0 && ::waitpid(child, &status, WUNTRACED) == child && WIFSTOPPED(status) &&
+           ::kill(child, SIGCONT) == 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) &&
+           WEXITSTATUS(status) == 0;
+  }
+
+ private:
+  pid_t child_ = -1;
+};
 
 TEST_F(Leftover, OfALivingWriterStays) {
   temp.file("small", "s").folder("to");

@@ -1,7 +1,5 @@
 #include "world.hpp"
 
-#include <unistd.h>
-
 namespace varnholt::test {
 namespace {
 
@@ -47,6 +45,40 @@ std::vector<std::string> World::temporary(std::string_view folder, bool below) c
     if (name.compare(at, 5, ".vnh-") == 0 && (below || at == 0)) names.push_back(name);
   }
   return names;
+}
+
+User::User(const World& world, AppRig::Wrapper wrapper) : rig(world.path()) {
+  if (wrapper) rig.useFiles(std::move(wrapper));
+  rig.startLeft();
+  if (std::ranges::any_of(rig.platform->detours.waiting(),
+                          [this](const std::string& place) { return rig.platform->files.fileExists(place); }))
+    meets({told()});
+  rig.loop.giveTurn();
+}
+
+void User::open(const std::string& from, const std::string& to) {
+  ASSERT_TRUE(rig.app().navigation.goTo(left(), from)) << from;
+  ASSERT_TRUE(rig.app().navigation.goTo(rig.form().Panel2, to)) << to;
+  left().list.SetFocus();
+}
+
+void User::mark(const std::vector<std::string>& rows) {
+  controls::Modifiers modifiers;
+  for (const std::string& row : rows) {
+    rig.click(left(), row, modifiers);
+    modifiers.ctrl = true;
+  }
+}
+
+void User::markBoth() {
+  for (panels::Panel* panel : {&left(), &rig.form().Panel2})
+    for (std::uint32_t row = 0; row < panel->list.count(); ++row)
+      rig.click(*panel, panel->list.cell(row, 0), {.ctrl = true});
+}
+
+void User::markAll() {
+  if (auto& folders = rig.menu("IncludeFolder"); !folders.Checked) folders.choose();
+  rig.command("selectall_Click");
 }
 
 std::string pattern(std::size_t count, unsigned seed) {

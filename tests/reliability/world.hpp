@@ -1,7 +1,7 @@
 #pragma once
 
+#include "support/app_rig.hpp"
 #include "support/own_mounts.hpp"
-#include "support/scratch_folder.hpp"
 #include "support/tree_snapshot.hpp"
 
 namespace varnholt::test {
@@ -24,6 +24,34 @@ class World : public ScratchFolder {
 
  private:
   ScopedMount second_;
+};
+
+/// A program that was started on a world, and its user. The left panel is the active one.
+class User {
+ public:
+  /// The wrapper, where there is one, stands between the program and the disk. Files that a killed program left on
+  /// their way are brought back by this start, which tells it.
+  explicit User(const World& world, AppRig::Wrapper wrapper = {});
+
+  void open(const std::string& from, const std::string& to);
+  /// Selects rows of the left panel.
+  void mark(const std::vector<std::string>& rows);
+  void markAll();
+  /// All rows of both panels.
+  void markBoth();
+  void meets(const std::vector<Answer>& answers) { rig.loop.meets(answers); }
+  /// Runs on what is marked; the dialogs are to be expected before.
+  void copies() { rig.command("Command1_Click"); }
+  void moves() { rig.command("Command3_Click"); }
+  /// What was marked when it was gathered, into the folder of the left panel.
+  void pastes() { rig.command("WinPaste_Click"); }
+  void syncs() { rig.command("Com_Sync_Click"); }
+  void swaps() { rig.command("ExFiles_Click"); }
+  void deletes() { rig.command("Command4_Click"); }
+
+  panels::Panel& left() { return rig.form().Panel1; }
+
+  AppRig rig;
 };
 
 /// Bytes that do not repeat soon, so that a piece in the wrong place is seen.

@@ -40,15 +40,8 @@ std::string nameBy(const Mask& mask, const std::string& name) {
   return maskedName(mask, name, counter, Points);
 }
 
-// --- Names ---------------------------------------------------------------------------------------------------------
-
 TEST(MaskedName, AddsAndCuts) {
-  struct Case {
-    std::string name;
-    Mask mask;
-    std::string expected;
-  };
-  for (const Case& each : std::vector<Case>{
+  for (const auto& [name, mask, expected] : std::vector<std::tuple<std::string, Mask, std::string>>{
            {"Report.txt", adds("Old_"), "Old_Report.txt"},
            {"aXb.txt", cuts("x"), "aXb.txt"},
            {"Report.txt", adds("", "bak"), "Report.bak"},
@@ -60,9 +53,8 @@ TEST(MaskedName, AddsAndCuts) {
            {"README", adds("", "txt"), "READMEtxt"},
            {"ends.", adds("", "txt"), "ends.txt"},
            {".profile", adds("x"), "x.profile"},
-           {".profile", adds("", "bak"), ".profilebak"},
-       })
-    EXPECT_EQ(nameBy(each.mask, each.name), each.expected) << each.name;
+           {".profile", adds("", "bak"), ".profilebak"}})
+    EXPECT_EQ(nameBy(mask, name), expected) << name;
 }
 
 TEST(MaskedName, CountsCharactersAndNotBytes) {
@@ -73,50 +65,30 @@ TEST(MaskedName, CountsCharactersAndNotBytes) {
 }
 
 TEST(MaskedName, ANewBaseTakesACounter) {
-  struct Case {
-    Mask mask;
-    std::string name, start;
-    std::vector<std::string> expected;
-  };
-  for (const Case& each : std::vector<Case>{
+  using Names = std::vector<std::string>;
+  for (const auto& [mask, name, start, names] : std::vector<std::tuple<Mask, std::string, std::string, Names>>{
            {counts("Pic"), "Report.txt", "007", {"Pic007.txt", "Pic8.txt"}},
            {counts("Pic"), "README", "1", {"Pic1.", "Pic2."}},
            {counts("Pic", ""), "Report.txt", "1", {"Pic1."}},
            {counts(""), "Report.txt", "9", {"9.txt", "10.txt"}},
-           {inLetters(counts("Pic", "Jpg"), Letters::Upper), "a.txt", "1", {"PIC1.JPG"}},
-       }) {
-    std::string counter = each.start;
-    for (const std::string& expected : each.expected)
-      EXPECT_EQ(maskedName(each.mask, each.name, counter, Points), expected) << "from " << each.start;
+           {inLetters(counts("Pic", "Jpg"), Letters::Upper), "a.txt", "1", {"PIC1.JPG"}}}) {
+    std::string counter = start;
+    for (const std::string& expected : names)
+      EXPECT_EQ(maskedName(mask, name, counter, Points), expected) << "from " << start;
   }
   std::string counter = "007";
   maskedName(adds("x"), "a.txt", counter, Points);
   EXPECT_EQ(counter, "007") << "without a new base it stands still";
 }
 
-// --- Counters ------------------------------------------------------------------------------------------------------
-
 TEST(NextCounter, GoesOnByOne) {
-  struct Case {
-    std::string counter, point, comma;
-  };
-  for (const Case& each : std::vector<Case>{
-           {"9", "10", "10"},
-           {"0099", "100", "100"},
-           {"1.5", "2.5", "16"},  // the other sign parts groups
-           {"1,5", "16", "2,5"},
-           {"1.50", "2.5", "151"},
-           {"2.0", "3", "21"},
-           {"-1", "0", "0"},
-           {"-0.25", "0.75", "-24"},
-           {"-1.25", "-0.25", "-124"},
-           {"+4", "5", "5"},
-           {" 4 ", "5", "5"},
-           {".5", "1.5", "1"},
-           {"99999999999999999999", "100000000000000000000", "100000000000000000000"},
-       }) {
-    EXPECT_EQ(nextCounter(each.counter, Points), each.point) << each.counter;
-    EXPECT_EQ(nextCounter(each.counter, Commas), each.comma) << each.counter;
+  // The counter, and the next one where a point or a comma stands before decimals; the other sign parts groups.
+  for (const auto text : test::Rows{"9|10|10", "0099|100|100", "1.5|2.5|16", "1,5|16|2,5", "1.50|2.5|151", "2.0|3|21",
+                                    "-1|0|0", "-0.25|0.75|-24", "-1.25|-0.25|-124", "+4|5|5", " 4 |5|5", ".5|1.5|1",
+                                    "99999999999999999999|100000000000000000000|100000000000000000000"}) {
+    const test::Row row(text);
+    EXPECT_EQ(nextCounter(row.first, Points), row.second) << text;
+    EXPECT_EQ(nextCounter(row.first, Commas), row.third) << text;
   }
 }
 
@@ -131,29 +103,21 @@ TEST(NextCounter, ReadsTheSignsOfTheRegion) {
   EXPECT_EQ(nextCounter("1\u202F000,5", narrow), "1001,5");
 }
 
-// --- Fields --------------------------------------------------------------------------------------------------------
-
 TEST(FieldRules, RefuseTheirCharacters) {
-  struct Case {
-    const char* name;
-    const FieldRule& rule;
-    std::string refused, message;
-  };
-  for (const Case& each : std::vector<Case>{
-           {"base", BaseChars, "\\/<>\":|", "InValid Mask Pattern !, "},
-           {"text", AddChars, "\\/<>\":|*?", "InValid Chr. Pattern !, "},
-           {"extension", ExtChars, "\\/<>\":|.?", "InValid Chr. Pattern !, "},
-           {"new name", NewNameChars, "\\/<>\":|*?", "InValid NewName !, "},
-       }) {
-    EXPECT_EQ(each.rule.message, each.message);
+  using Case = std::tuple<const char*, const FieldRule&, std::string, std::string>;
+  for (const auto& [name, rule, refused, message] :
+       std::initializer_list<Case>{{"base", BaseChars, "\\/<>\":|", "InValid Mask Pattern !, "},
+                                   {"text", AddChars, "\\/<>\":|*?", "InValid Chr. Pattern !, "},
+                                   {"extension", ExtChars, "\\/<>\":|.?", "InValid Chr. Pattern !, "},
+                                   {"new name", NewNameChars, "\\/<>\":|*?", "InValid NewName !, "}}) {
+    EXPECT_EQ(rule.message, message);
     for (char c = ' '; c <= '~'; ++c) {
-      if (c == '*' && &each.rule == &ExtChars) continue;
-      EXPECT_EQ(each.rule.allows(std::string("a") + c), each.refused.find(c) == std::string::npos)
-          << each.name << ": " << c;
+      if (c == '*' && &rule == &ExtChars) continue;
+      EXPECT_EQ(rule.allows(std::string("a") + c), refused.find(c) == std::string::npos) << name << ": " << c;
     }
-    EXPECT_FALSE(each.rule.allows("a¤")) << each.name;
-    EXPECT_TRUE(each.rule.allows("Smørrebrød 日本 \xA4")) << each.name;
-    EXPECT_TRUE(each.rule.allows("")) << each.name;
+    EXPECT_FALSE(rule.allows("a¤")) << name;
+    EXPECT_TRUE(rule.allows("Smørrebrød 日本 \xA4")) << name;
+    EXPECT_TRUE(rule.allows("")) << name;
   }
   EXPECT_TRUE(ExtChars.allows(" * "));
   EXPECT_FALSE(ExtChars.allows("*x"));

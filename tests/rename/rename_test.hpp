@@ -33,6 +33,18 @@ class RenameTest : public test::AppTest {
     rig.loop.whenShows("Form14").run([inDialog](controls::Form&) { inDialog(); });
     rig.command("Command14_Click");
   }
+  /// The same on files that are made and selected before.
+  void rename(const Names& files, const Action& inDialog) {
+    make(files);
+    selectFiles(files);
+    rename(inDialog);
+  }
+  void selectFiles(const Names& files) {
+    Names rows;
+    for (const std::string& file : files)
+      rows.push_back(file.substr(0, file.rfind('.')));
+    select(rows);
+  }
   void type(controls::TextBox& field, const std::string& text) { field.typeFromUser(text); }
   /// A new name for the item in hand, and on.
   void next(const std::string& name) {
@@ -40,9 +52,7 @@ class RenameTest : public test::AppTest {
     dialog().Command11.press();
   }
   void expectAlert(const std::string& text) { rig.loop.meets({test::told(text)}); }
-  test::ScriptedLoop::Step& asks(const std::string& text, bool yes) {
-    return rig.loop.whenShows("Form11").reads("Label1", text).press(yes ? "Command11" : "Command1");
-  }
+  void asks(const std::string& text, bool agrees) { rig.loop.meets({agrees ? test::yes(text) : test::no(text)}); }
   /// The preview's rows, "before > after".
   std::vector<std::string> preview() {
     std::vector<std::string> rows;

@@ -1,22 +1,16 @@
 // One item after the other: stepping, questions, and what is refused.
 #include "rename_test.hpp"
 
-#include "platform/forwarding_file_system.hpp"
 #include "platform/paths.hpp"
 
 namespace varnholt::rename {
 namespace {
 
-class SingleRenameTest : public RenameTest {};
-
-// --- Hand-over -----------------------------------------------------------------------------------------------------
+using SingleRenameTest = RenameTest;
 
 TEST_F(SingleRenameTest, TheSelectedFileGetsTheNewName) {
-  make({"a.txt"});
-  select({"a"});
-  rename([&] {
-    EXPECT_EQ(dialog().Caption.get(), "Rename Item(s)");
-    EXPECT_EQ(dialog().Text1.Text.get(), "a.txt");
+  rename({"a.txt"}, [&] {
+    EXPECT_EQ(dialog().Caption.get() + "|" + dialog().Text1.Text.get(), "Rename Item(s)|a.txt");
     EXPECT_TRUE(dialog().Text1.hasFocus());
     EXPECT_EQ(rig.form().mode(), "RenameMode");
     EXPECT_EQ(left().list.foreColor(left().list.selectedIds().at(0)), panels::mark_color::Rename);
@@ -27,18 +21,13 @@ TEST_F(SingleRenameTest, TheSelectedFileGetsTheNewName) {
   });
   EXPECT_EQ(contents("b.txt"), "a.txt");
   EXPECT_EQ(rig.names(left()), Names{"b|txt"});
-  EXPECT_FALSE(rig.app().dispatcher.busy);
   EXPECT_TRUE(rig.form().filecollect.empty());
   EXPECT_EQ(left().list.selectedCount(), 0u);
   EXPECT_TRUE(left().list.hasFocus());
 }
 
-// --- Stepping ------------------------------------------------------------------------------------------------------
-
 TEST_F(SingleRenameTest, ArrowsStepWithoutRenaming) {
-  make({"a.txt", "b.txt"});
-  select({"a", "b"});
-  rename([&] {
+  rename({"a.txt", "b.txt"}, [&] {
     const auto shown = [&] { return dialog().Text1.Text.get(); };
     dialog().Image1.press();
     EXPECT_EQ(shown(), "a.txt") << "there is none before the first";
@@ -65,9 +54,7 @@ TEST_F(SingleRenameTest, ArrowsStepWithoutRenaming) {
 }
 
 TEST_F(SingleRenameTest, ButtonsChangeTheNameInTheField) {
-  make({"Ærø.TXT"});
-  select({"Ærø"});
-  rename([&] {
+  rename({"Ærø.TXT"}, [&] {
     const auto name = [&] { return dialog().Text1.Text.get(); };
     dialog().Command3.press();
     EXPECT_EQ(name(), "ærø.txt");
@@ -83,9 +70,7 @@ TEST_F(SingleRenameTest, ButtonsChangeTheNameInTheField) {
 }
 
 TEST_F(SingleRenameTest, ANameThatCannotStandIsRefusedAndTheItemStays) {
-  make({"a.txt"});
-  select({"a"});
-  rename([&] {
+  rename({"a.txt"}, [&] {
     for (const char* name : {"a/b", "a\\b", "what?"}) {
       expectAlert(std::string("InValid NewName !, ") + name);
       next(name);
@@ -102,14 +87,11 @@ TEST_F(SingleRenameTest, CancelAndTheCloseBoxLeaveTheRest) {
     select({"a", "b"});
     rename([&] { byBox ? dialog().closeFromUser() : dialog().Command2.press(); });
     EXPECT_TRUE(exists("a.txt") && exists("b.txt"));
-    EXPECT_FALSE(rig.app().dispatcher.busy);
   }
 }
 
 TEST_F(SingleRenameTest, WhatIsGoneIsSteppedOver) {
-  make({"a.txt", "b.txt"});
-  select({"a", "b"});
-  rename([&] {
+  rename({"a.txt", "b.txt"}, [&] {
     ASSERT_TRUE(files().deleteFile("C:\\Pics\\a.txt", false));
     expectAlert("File/Folder Path NOT Valid !");
     dialog().Command9.press();
@@ -149,8 +131,6 @@ TEST_F(SingleRenameTest, APictureIsShown) {
   });
 }
 
-// --- Folders -------------------------------------------------------------------------------------------------------
-
 TEST_F(SingleRenameTest, AFolderIsRenamedWithWhatItHoldsAndTakesNoOthersName) {
   rig.write("C:\\Pics\\Coast\\a.txt", "a");
   rig.makeFolder("C:\\Pics\\Empty");
@@ -189,52 +169,46 @@ TEST_F(SingleRenameTest, AnOpenFolderKeepsItsNameAndAPanelInsideARenamedOneGoesT
   EXPECT_EQ(rig.names(left()), Names{"\\ Shore| "});
 }
 
-// --- Attributes ----------------------------------------------------------------------------------------------------
-
 TEST_F(SingleRenameTest, ProtectedFilesAreAskedAbout) {
-  struct Case {
-    platform::Attributes attributes;
-    std::string words;  // empty: no question
-  };
-  for (const Case& each :
-       {Case{1, "Readonly"}, Case{2, "Hidden"}, Case{3, "Readonly and Hidden"}, Case{4, "System"}, Case{6, "Hidden"},
-        Case{7, "Readonly,Hidden,System"}, Case{33, "Archive and Readonly"}, Case{35, "Archive,Readonly,Hidden"},
-        Case{36, "Archive and System"}, Case{37, "Cannot Identify Attributes !"}, Case{38, "Archive,Hidden,System"},
-        Case{39, "Archive,Readonly,Hidden,System"}, Case{32, ""}, Case{34, ""}, Case{0, ""}, Case{5, ""}}) {
+  // The words of the question; empty: none is asked.
+  for (const auto text :
+       test::Rows{"1|Readonly", "2|Hidden", "3|Readonly and Hidden", "4|System", "6|Hidden", "7|Readonly,Hidden,System",
+                  "33|Archive and Readonly", "35|Archive,Readonly,Hidden", "36|Archive and System",
+                  "37|Cannot Identify Attributes !", "38|Archive,Hidden,System", "39|Archive,Readonly,Hidden,System",
+                  "32|", "34|", "0|", "5|"}) {
+    const auto attributes = static_cast<platform::Attributes>(std::stoul(test::Row(text).first));
+    const std::string words = test::Row(text).second;
     for (const bool agrees : {false, true}) {
       make({"a.txt"});
-      protect("a.txt", each.attributes);
+      protect("a.txt", attributes);
       rig.form().Menu["HidSysfiles"].Checked = true;
       select({"a"});
       rename([&] {
-        if (!each.words.empty()) asks("Current File:  a.txt\r Are marked:  " + each.words + "\rAre you Sure ?", agrees);
+        if (!words.empty()) asks("Current File:  a.txt\r Are marked:  " + words + "\rAre you Sure ?", agrees);
         next("b.txt");
       });
-      const bool renamed = agrees || each.words.empty();
-      EXPECT_EQ(exists("b.txt"), renamed) << each.attributes;
-      EXPECT_EQ(exists("a.txt"), !renamed) << each.attributes;
+      const bool renamed = agrees || words.empty();
+      EXPECT_EQ(exists("b.txt"), renamed) << attributes;
+      EXPECT_EQ(exists("a.txt"), !renamed) << attributes;
       ASSERT_TRUE(files().deleteFile(renamed ? "C:\\Pics\\b.txt" : "C:\\Pics\\a.txt", true));
     }
   }
 }
 
-// --- A file in the way ---------------------------------------------------------------------------------------------
-
 TEST_F(SingleRenameTest, AFileInTheWayIsAskedAboutAndReplacedWithoutACopy) {
-  for (const auto& [button, replaces] : {std::pair{"Command11", true},
-                                         {"Command6", true},
-                                         {"Command2", false},
-                                         {"Command3", false},
-                                         {"Command1", false}}) {
+  for (const char* button : {"Command11", "Command6", "Command2", "Command3", "Command1"}) {
+    const bool replaces = button == std::string("Command11") || button == std::string("Command6");
     make({"a.txt", "b.txt"});
     rig.scratch.hardLink("home/Other/second.txt", "home/Pics/a.txt");
+    for (const char* file : {"C:\\Pics\\a.txt", "C:\\Pics\\b.txt"})
+      rig.setDate(file, 2010, 5, 6);
     select({"a"});
     rig.app().fileops.policy.OverwritePrompt = true;
-    rename([&, button = button] {
+    rename([&] {
       rig.loop.whenShows("Form7")
-          .reads("Label1", "OverWrite File:     a.txt")
-          .reads("Label3", "With File:     b.txt")
-          .reads("Label6", "What is in \"b.txt\" now will be lost. \"a.txt\" takes its name.")
+          .reads({"Label1|OverWrite File:     a.txt", "Label2|Date:  06-05-10  12:00       Size:  5 Bytes",
+                  "Label3|With File:     b.txt", "Label4|Date:  06-05-10  12:00       Size:  5 Bytes",
+                  "Label6|What is in \"b.txt\" now will be lost. \"a.txt\" takes its name."})
           .run([&](controls::Form&) {
             EXPECT_FALSE(dialog().Command11.Enabled || dialog().Command2.Enabled);
             EXPECT_FALSE(rig.app().fileops.Form7.Command4.Enabled);
@@ -258,8 +232,7 @@ TEST_F(SingleRenameTest, AllHoldsForTheRestOfTheDialogOnly) {
     next("x.txt");
     next("y.txt");
   });
-  EXPECT_EQ(contents("x.txt"), "a.txt");
-  EXPECT_EQ(contents("y.txt"), "b.txt");
+  EXPECT_EQ(contents("x.txt") + contents("y.txt"), "a.txtb.txt");
   select({"c"});
   rename([&] {
     rig.loop.whenShows("Form7").press("Command1");
@@ -290,8 +263,6 @@ TEST_F(SingleRenameTest, WhatMayNotBeReplacedStays) {
     EXPECT_TRUE(exists("folder") && exists("link.txt"));
   }
 }
-
-// --- Where case is not told apart ----------------------------------------------------------------------------------
 
 /// A volume on which every spelling leads to the file, as on a memory stick.
 class CaselessFileSystem : public platform::ForwardingFileSystem {
@@ -327,14 +298,15 @@ class CaselessRenameTest : public RenameTest {
   }
 };
 
-TEST_F(CaselessRenameTest, ANameInOtherCaseIsAskedAboutAndGiven) {
+TEST_F(CaselessRenameTest, ANameInOtherCaseIsGivenAFileAfterAQuestion) {
   for (const char* button : {"Command11", "Command6"}) {
     make({"read.me"});
+    rig.setDate("C:\\Pics\\read.me", 2010, 5, 6);
     select({"read"});
     rename([&] {
       rig.loop.whenShows("Form7")
-          .reads("Label1", "With Filename:     read.me")
-          .reads("Label3", "As New File:        READ.me")
+          .reads({"Label1|With Filename:     read.me", "Label2|Date:  06-05-10  12:00       size:  7 Bytes",
+                  "Label3|As New File:        READ.me"})
           .press(button);
       next("READ.me");
     });
@@ -342,9 +314,6 @@ TEST_F(CaselessRenameTest, ANameInOtherCaseIsAskedAboutAndGiven) {
     EXPECT_EQ(contents("READ.me"), "read.me");
     std::filesystem::remove(rig.systemPath("C:\\Pics\\READ.me"));
   }
-}
-
-TEST_F(CaselessRenameTest, AFolderInOtherCaseIsRenamed) {
   rig.write("C:\\Pics\\Coast\\a.txt", "a");
   select({"\\ Coast"});
   rename([&] { next("COAST"); });

@@ -2,21 +2,19 @@
 
 #include "core/settings.hpp"
 
-#include <fcntl.h>
-
 namespace varnholt::test {
-
-AppRig::AppRig() { build(); }
-
-AppRig::AppRig(std::string existingFolder) : scratch(std::move(existingFolder)) { build(); }
 
 void AppRig::build() {
   scratch.folder("home").folder("second").folder("program");
   restart();
 }
 
-// Whatever a test does: the program names no menu entry that its tables do not have.
+// Whatever a test does: the program names no menu entry that its tables do not have, no command stays at work, and rows
+// and marks agree.
 AppRig::~AppRig() {
+  EXPECT_FALSE(app_->dispatcher.busy);
+  for (const panels::Panel* panel : {&form().Panel1, &form().Panel2})
+    EXPECT_EQ(panel->inconsistency(), "");
   for (const auto& name : form().Menu.unknown())
     ADD_FAILURE() << "no row of the command table has " << name;
 }
@@ -44,22 +42,9 @@ void AppRig::restart() {
   app_ = std::make_unique<app::App>(loop, *platform);
 }
 
-void AppRig::useFiles(Wrapper wrapper) {
-  wrapper_ = std::move(wrapper);
-  restart();
-}
-
-RecordingShell& AppRig::useRecordingShell() {
-  shell_ = std::make_unique<RecordingShell>();
-  restart();
-  return *shell_;
-}
-
 bool AppRig::start(bool withTip) {
   if (!withTip) core::Settings(platform->settings).save(core::setting::Tip_State, "1");
-  loop.whenShows("frmSplash").run([](controls::Form& form) {
-    dynamic_cast<controls::Timer*>(form.control("Timer1"))->Tick();
-  });
+  splashGoes();
   if (!app_->Main()) return false;
   form().Activate();
   return true;
@@ -79,19 +64,20 @@ std::string AppRig::inScratch(std::string_view path) const {
   return (path.starts_with("D:") ? "second" : "home") + name;
 }
 
-std::string AppRig::systemPath(std::string_view path) const { return scratch / inScratch(path); }
-
-void AppRig::write(std::string_view path, std::string_view bytes) { scratch.write(inScratch(path), bytes); }
-
-void AppRig::makeFolder(std::string_view path) { scratch.folder(inScratch(path)); }
-
-bool AppRig::exists(std::string_view path) const { return scratch.has(inScratch(path)); }
-
-std::string AppRig::read(std::string_view path) const { return scratch.read(inScratch(path)); }
-
 void AppRig::setDate(std::string_view path, int year, int month, int day) {
   const timespec moment{clock.fromLocal({year, month, day, 12, 0, 0, 0}).seconds, 0}, times[] = {moment, moment};
   ASSERT_EQ(::utimensat(AT_FDCWD, systemPath(path).c_str(), times, 0), 0);
+}
+
+void AppRig::registerText(platform::RegistryRoot root, const std::string& key, const std::string& name,
+                          std::string text) {
+  ASSERT_TRUE(platform->registry.createKey(root, key));
+  ASSERT_TRUE(platform->registry.set(root, key, name, std::move(text)));
+}
+
+void AppRig::useDesktop(const std::string& folder) {
+  const char* const key = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
+  registerText(platform::RegistryRoot::CurrentUser, key, "Desktop", folder);
 }
 
 controls::MenuItem& AppRig::menu(const std::string& name) {

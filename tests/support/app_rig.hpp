@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/app.hpp"
-#include "support/fixed_clock.hpp"
 #include "support/scratch_folder.hpp"
 #include "support/scripted_loop.hpp"
 #include "support/stand_ins.hpp"
@@ -13,17 +12,20 @@ namespace varnholt::test {
 /// `D:`.
 class AppRig {
  public:
-  AppRig();
+  AppRig() { build(); }
   /// Over folders that another rig left, or that are still to be made, in a folder that stays: the program's next start
   /// on the same disk.
-  explicit AppRig(std::string existingFolder);
+  explicit AppRig(std::string existingFolder) : scratch(std::move(existingFolder)) { build(); }
   ~AppRig();
 
   /// Builds the program anew over the same folders, as a second start does. Call before start().
   void restart();
   /// Puts a file system of the test's own between the program and the real one, and builds the program anew.
   using Wrapper = std::function<std::unique_ptr<platform::FileSystem>(platform::FileSystem& real)>;
-  void useFiles(Wrapper wrapper);
+  void useFiles(Wrapper wrapper) {
+    wrapper_ = std::move(wrapper);
+    restart();
+  }
   /// The same with one of that kind.
   template <class Files>
   Files& use() {
@@ -31,21 +33,33 @@ class AppRig {
     return dynamic_cast<Files&>(*wrapped_);
   }
   /// Starts no program from here on, and gives what records them. Builds the program anew.
-  RecordingShell& useRecordingShell();
+  RecordingShell& useRecordingShell() {
+    shell_ = std::make_unique<RecordingShell>();
+    restart();
+    return *shell_;
+  }
   /// Runs `Main`, with the splash going away by itself, and activates the main window. The tip is not shown unless
   /// `withTip`, which expects it first. False: the program has ended.
   bool start(bool withTip = false);
+  /// The splash that comes next goes away by itself.
+  void splashGoes() {
+    loop.whenShows("frmSplash").run([this](controls::Form&) { app_->frmSplash.Timer1.Tick(); });
+  }
   /// start() and the left panel active, as after a click into it.
   void startLeft();
 
   /// Makes a file with the folders above it, by program path.
-  void write(std::string_view path, std::string_view bytes = "x");
-  void makeFolder(std::string_view path);
-  bool exists(std::string_view path) const;
-  std::string read(std::string_view path) const;
+  void write(std::string_view path, std::string_view bytes = "x") { scratch.write(inScratch(path), bytes); }
+  void makeFolder(std::string_view path) { scratch.folder(inScratch(path)); }
+  bool exists(std::string_view path) const { return scratch.has(inScratch(path)); }
+  std::string read(std::string_view path) const { return scratch.read(inScratch(path)); }
   /// Local calendar date of a file, noon.
   void setDate(std::string_view path, int year, int month, int day);
-  std::string systemPath(std::string_view path) const;
+  std::string systemPath(std::string_view path) const { return scratch / inScratch(path); }
+  /// A text of the registry; the key is made.
+  void registerText(platform::RegistryRoot root, const std::string& key, const std::string& name, std::string text);
+  /// Where the registry says that the desktop is.
+  void useDesktop(const std::string& folder);
 
   app::App& app() { return *app_; }
   panels::Form1& form() { return app_->Form1; }
@@ -88,6 +102,11 @@ class AppTest : public testing::Test {
   panels::Panel& right() { return rig.form().Panel2; }
   platform::FileSystem& files() { return rig.platform->files; }
   std::string status(int number) { return form().StatusBar1.panel(number); }
+  /// Makes small files below `C:`.
+  void write(const Names& paths) {
+    for (const std::string& path : paths)
+      rig.write("C:\\" + path);
+  }
   /// Takes the panels to these folders; the left one is active then.
   void show(const std::string& leftFolder, const std::string& rightFolder);
   /// Adds these rows of the left panel to what is selected, the first one alone.

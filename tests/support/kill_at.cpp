@@ -1,9 +1,9 @@
 #include "support/kill_at.hpp"
-#include "support/testing.hpp"
 
 #include <iostream>
 
 #include <fcntl.h>
+#include <grp.h>
 #include <sys/ptrace.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -58,7 +58,7 @@ class Tracer {
         continue;
       }
       if (isAtMoment(who, status) && count_++ == moment_) {
-        killAndReap();
+        (void)ends(true);
         return count_;
       }
       if (who == child_ && WSTOPSIG(status) == SIGSTOP && status >> 16 == 0) return count_;
@@ -66,9 +66,10 @@ class Tracer {
     }
   }
 
-  /// Lets it go on to its end. True when all checks in it held. Its threads are waited for, too: the child ends behind
-  /// the last of them.
-  bool endsWell() {
+  /// Lets it go on to its end, or kills it. True when all checks in it held. Its threads are waited for, too: the child
+  /// ends behind the last of them.
+  bool ends(bool killed) {
+    ::kill(child_, killed ? SIGKILL : 0);
     ::ptrace(PTRACE_CONT, child_, nullptr, 0);
     int status = 0;
     for (pid_t who = 0; (who = ::waitpid(-1, &status, __WALL)) > 0;) {
@@ -76,14 +77,6 @@ class Tracer {
       if (who == child_ && !WIFSTOPPED(status)) return WIFEXITED(status) && WEXITSTATUS(status) == 0;
     }
     return false;
-  }
-  void killAndReap() {
-    ::kill(child_, SIGKILL);
-    int status = 0;
-    for (pid_t who = 0; who >= 0;) {
-      who = ::waitpid(-1, &status, __WALL);
-      if (who == child_ && !WIFSTOPPED(status)) return;
-    }
   }
 
  private:
@@ -112,45 +105,46 @@ class Tracer {
 
 }  // namespace
 
-void KillAt::child(bool traced) const {
+void KillAt::child() const {
   prepare_();
   std::cout.flush();
-  if (traced && ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) ::_exit(2);
+  if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) ::_exit(2);
   ::raise(SIGSTOP);
   work_();
-  if (traced) ::raise(SIGSTOP);
+  ::raise(SIGSTOP);
   endChild();
 }
 
 int KillAt::run(int moment) const {
   std::cout.flush();
   const pid_t child = ::fork();
-  if (child == 0) this->child(true);
+  if (child == 0) this->child();
   int status = 0;
   if (child < 0 || ::waitpid(child, &status, 0) != child || !WIFSTOPPED(status)) return Untraceable;
   constexpr long options = PTRACE_O_TRACESYSGOOD | PTRACE_O_TRACECLONE | PTRACE_O_EXITKILL;
   Tracer tracer(child, moment);
   if (::ptrace(PTRACE_SETOPTIONS, child, nullptr, options) != 0) {
-    tracer.killAndReap();
+    (void)tracer.ends(true);
     return Untraceable;
   }
   const int count = tracer.follow();
   if (count < 0 || count == moment + 1) return count;
-  return tracer.endsWell() ? count : Failed;
+  return tracer.ends(false) ? count : Failed;
 }
 
 int KillAt::moments() const { return run(-1); }
 
 bool KillAt::at(int moment) const { return run(moment) == moment + 1; }
 
-bool KillAt::byItself() const {
+bool diesInChild(const std::function<void()>& work) {
   std::cout.flush();
   const pid_t child = ::fork();
-  if (child == 0) this->child(false);
+  if (child == 0) {
+    work();
+    endChild();
+  }
   int status = 0;
-  if (child < 0 || ::waitpid(child, &status, WUNTRACED) != child || !WIFSTOPPED(status)) return false;
-  ::kill(child, SIGCONT);
-  return ::waitpid(child, &status, 0) == child && WIFSIGNALED(status);
+  return child > 0 && ::waitpid(child, &status, 0) == child && WIFSIGNALED(status);
 }
 
 bool heldInChild(const std::function<void()>& checks) {
@@ -162,6 +156,14 @@ bool heldInChild(const std::function<void()>& checks) {
   }
   int status = 0;
   return child > 0 && ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+bool heldAsOrdinaryUser(const std::function<void()>& checks) {
+  return heldInChild([&] {
+    constexpr uid_t nobody = 65534;
+    ASSERT_TRUE(::getuid() != 0 || (::setgroups(0, nullptr) == 0 && ::setgid(nobody) == 0 && ::setuid(nobody) == 0));
+    checks();
+  });
 }
 
 }  // namespace varnholt::test

@@ -22,17 +22,20 @@ class KillAt {
   int moments() const;
   /// Kills it at that moment, counted from 0. False when it ended before.
   bool at(int moment) const;
-  /// For a part that kills itself. False when it ended before.
-  bool byItself() const;
 
  private:
   int run(int moment) const;
-  [[noreturn]] void child(bool traced) const;
+  [[noreturn]] void child() const;
 
   std::function<void()> prepare_, work_;
 };
 
 /// Runs checks in a child process, as a next start of the program is one. True when all held.
 bool heldInChild(const std::function<void()>& checks);
+/// Runs work that kills itself in a child process. False when it ended.
+bool diesInChild(const std::function<void()>& work);
+/// heldInChild in one that has no rights beyond those of an ordinary user, for as root the kernel refuses nothing. The
+/// folder must be open to others.
+bool heldAsOrdinaryUser(const std::function<void()>& checks);
 
 }  // namespace varnholt::test

@@ -13,11 +13,6 @@ Step& Step::press(std::string button) {
   });
 }
 
-Step& Step::run(std::function<void(controls::Form&)> action) {
-  actions.push_back(std::move(action));
-  return *this;
-}
-
 Step& Step::reads(std::string control, std::string text) {
   return run([control = std::move(control), text = std::move(text)](controls::Form& form) {
     if (control == "Caption") {
@@ -32,16 +27,16 @@ Step& Step::reads(std::string control, std::string text) {
   });
 }
 
-Step& Step::closes() {
-  return run([](controls::Form& form) { form.closeFromUser(); });
+Step& Step::reads(Rows rows) {
+  for (const auto row : rows)
+    reads(Row(row).first, std::string(row.substr(row.find('|') + 1)));
+  return *this;
 }
 
 ScriptedLoop::ScriptedLoop() {
   screen_.width = 1280 * controls::TwipsPerPixel;
   screen_.height = 800 * controls::TwipsPerPixel;
 }
-
-ScriptedLoop::~ScriptedLoop() { expectAllReached(); }
 
 Step& ScriptedLoop::whenShows(std::string form) {
   steps_.push_back(std::make_unique<Step>());

@@ -25,17 +25,21 @@ inline Answer noticed(std::string text) { return {"Form13", "", std::move(text)}
 class ScriptedLoop : public controls::MessageLoop {
  public:
   ScriptedLoop();
-  ~ScriptedLoop() override;
+  ~ScriptedLoop() override { expectAllReached(); }
 
   /// One expected dialog or box, and what the user does in it.
   class Step {
    public:
     Step& press(std::string button);
-    Step& run(std::function<void(controls::Form&)> action);
+    Step& run(std::function<void(controls::Form&)> action) { return actions.push_back(std::move(action)), *this; }
     /// Compares the text of a label, a text box or the caption ("Caption").
     Step& reads(std::string control, std::string text);
+    /// The same of several, each a row "Label1|its text".
+    Step& reads(Rows rows);
     /// The window's close box.
-    Step& closes();
+    Step& closes() {
+      return run([](controls::Form& form) { form.closeFromUser(); });
+    }
 
    private:
     friend class ScriptedLoop;

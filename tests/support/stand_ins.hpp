@@ -1,10 +1,42 @@
 #pragma once
 
+#include "platform/clock.hpp"
 #include "platform/drives.hpp"
+#include "platform/forwarding_file_system.hpp"
 #include "platform/shell.hpp"
 #include "support/testing.hpp"
 
+#include <ctime>
+
 namespace varnholt::test {
+
+/// A clock that stands where a test puts it, in a zone without summer time.
+class FixedClock : public platform::Clock {
+ public:
+  /// 2007-03-09 14:05:07 in the afternoon, on which all fields differ.
+  platform::Date current{1173449107, 0};
+  /// Seconds that local time is ahead of UTC.
+  long offset = 0;
+
+  platform::Date now() const override { return current; }
+  platform::CalendarTime local(const platform::Date& date) const override {
+    const std::time_t moment = date.seconds + offset;
+    std::tm fields{};
+    ::gmtime_r(&moment, &fields);
+    return {fields.tm_year + 1900, fields.tm_mon + 1, fields.tm_mday, fields.tm_hour,
+            fields.tm_min,         fields.tm_sec,     fields.tm_wday};
+  }
+  platform::Date fromLocal(const platform::CalendarTime& time) const override {
+    std::tm fields{};
+    fields.tm_year = time.year - 1900;
+    fields.tm_mon = time.month - 1;
+    fields.tm_mday = time.day;
+    fields.tm_hour = time.hour;
+    fields.tm_min = time.minute;
+    fields.tm_sec = time.second;
+    return {::timegm(&fields) - offset, 0};
+  }
+};
 
 /// Drives of which some can go away and come back.
 class RemovableDrives : public platform::Drives {
@@ -56,6 +88,45 @@ class RecordingShell : public platform::Shell {
     return 1;
   }
   platform::Result<int> wait(std::int64_t) override { return 0; }
+};
+
+/// A file system with a switch a trouble, over a real one. Paths and codes are those that the real trouble gives.
+class FaultyFileSystem : public platform::ForwardingFileSystem {
+ public:
+  using ForwardingFileSystem::ForwardingFileSystem;
+
+  bool noSpace = false;  ///< nothing that writes bytes finds room
+  std::string vanishes;  ///< this path is gone by the time it is asked for
+  /// Writing calls find room for so many bytes together, and then none.
+  std::optional<std::uint64_t> failsAfterBytes;
+
+  bool fileExists(const std::string& path) const override { return path != vanishes && base_.fileExists(path); }
+  bool folderExists(const std::string& path) const override { return path != vanishes && base_.folderExists(path); }
+  platform::Result<void> writeFile(const std::string& path, std::string_view bytes) override {
+    if (!findsRoom(bytes.size())) return full(path);
+    return base_.writeFile(path, bytes);
+  }
+  platform::Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
+                                  const platform::Progress& progress) override {
+    const auto source = base_.info(from);
+    if (!findsRoom(source ? source->size : 0)) return full(to);
+    return base_.copyFile(from, to, overwrite, progress);
+  }
+  platform::Result<void> replaceFile(const std::string& from, const std::string& to,
+                                     const platform::Progress& progress) override {
+    if (!findsRoom(0)) return full(to);
+    return base_.replaceFile(from, to, progress);
+  }
+
+ private:
+  static platform::Error full(const std::string& path) {
+    return {platform::ErrorCode::NoSpace, path, "No space left on device"};
+  }
+  bool findsRoom(std::uint64_t bytes) {
+    if (noSpace || (failsAfterBytes && *failsAfterBytes < bytes)) return false;
+    if (failsAfterBytes) *failsAfterBytes -= bytes;
+    return true;
+  }
 };
 
 }  // namespace varnholt::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/posix/file_system.hpp"
+#include "support/kill_at.hpp"
 #include "support/scratch_folder.hpp"
 
 namespace varnholt::test {
@@ -9,13 +10,15 @@ namespace varnholt::test {
 /// a second letter, `Z:` the root of the file system.
 class TempFolder : public ScratchFolder {
  public:
-  TempFolder();
-
   /// Program form under `C:`, or under another letter.
-  std::string at(std::string_view name = {}, char letter = 'C') const;
+  std::string at(std::string_view name = {}, char letter = 'C') const {
+    std::string program = std::string{letter, ':', '\\'}.append(name);
+    std::ranges::replace(program, '/', '\\');
+    return program;
+  }
 
-  platform::posix::PathMap map;
-  platform::posix::PosixFileSystem files;
+  platform::posix::PathMap map{platform::posix::parseDriveVariable("C=" + path() + ";E=" + path() + ";Z=/")};
+  platform::posix::PosixFileSystem files{map};
 };
 
 /// The code of a result, for tables: empty when it is no error.
@@ -23,9 +26,5 @@ template <class T>
 std::optional<platform::ErrorCode> codeOf(const platform::Result<T>& result) {
   return result ? std::nullopt : std::optional(result.error().code);
 }
-
-/// Runs checks in a child process that has no rights beyond those of an ordinary user, for as root the kernel refuses
-/// nothing. True when all checks in it held. The folder must be open to others.
-bool heldAsOrdinaryUser(const std::function<void()>& checks);
 
 }  // namespace varnholt::test

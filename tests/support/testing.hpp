@@ -24,3 +24,21 @@
 #include <tuple>
 #include <utility>
 #include <vector>
+
+namespace varnholt::test {
+
+/// The texts of a row that is written as one: "README.TXT|readme.txt". What is not there is empty.
+struct Row {
+  explicit Row(std::string_view row) {
+    for (std::string* each : {&first, &second, &third, &fourth}) {
+      const auto end = std::min(row.find('|'), row.size());
+      *each = row.substr(0, end);
+      row.remove_prefix(std::min(end + 1, row.size()));
+    }
+  }
+  std::string first, second, third, fourth;
+};
+/// Rows of a table of texts.
+using Rows = std::initializer_list<std::string_view>;
+
+}  // namespace varnholt::test

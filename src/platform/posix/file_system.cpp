@@ -9,6 +9,7 @@
 #include "platform/posix/entry_facts.hpp"
 #include "platform/posix/file_batch.hpp"
 #include "platform/posix/file_contents.hpp"
+#include "platform/posix/find_files.hpp"
 #include "platform/posix/listing.hpp"
 #include "platform/posix/move.hpp"
 #include "platform/posix/path_parts.hpp"
@@ -113,7 +114,26 @@ ByteReader readerOf(const UniqueFd& file) {
 
 }  // namespace
 
+Result<std::vector<FoundFile>> PosixFileSystem::findFiles(const std::string& folder, unsigned levels,
+                                                          const NameTest& takes, const SearchProgress& progress) const {
+  const auto system = map_.toSystem(folder);
+  return system ? told(posix::findFiles(map_, *system, levels, takes, progress)) : system.error();
+}
+
+std::vector<Result<void>> PosixFileSystem::deleteBelow(const std::string& root, const std::vector<std::string>& paths,
+                                                       const Progress& progress) {
+  std::vector<Result<std::string>> system;
+  system.reserve(paths.size());
+  for (const std::string& path : paths)
+    system.push_back(map_.toSystem(path));
+  auto results = posix::deleteBelow(map_.toSystem(root).valueOr({}), system, progress);
+  for (auto& result : results)
+    result = told(std::move(result));
+  return results;
+}
+
 Result<std::string> PosixFileSystem::fileVersion(const std::string& path) const {
+  if (!paths::isProgramName(path)) return std::string();
   const auto system = map_.toSystem(path);
   if (!system) return system.error();
   const auto file = openRegular(*system);
