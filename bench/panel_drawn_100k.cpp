@@ -1,6 +1,7 @@
 // What a user waits for in a drawn panel of 100,000 rows, from the press to the painted window: the whole program on a
 // display, with events as the toolkit sends them.
-//   bench_panel_drawn_100k FOLDER     prints "case <tab> ours_ms <tab> limit_ms"
+//   bench_panel_drawn_100k FOLDER            prints "case <tab> ours_ms <tab> limit_ms"
+//   bench_panel_drawn_100k FOLDER resident   prints the bytes that the program holds with FOLDER in both panels
 
 #include "drawn_program.hpp"
 
@@ -12,12 +13,33 @@
 #include <cstdio>
 #include <functional>
 
+#include <unistd.h>
+
 using namespace varnholt;
 
 namespace {
 
 constexpr std::size_t RecallNames = 2'000;
 constexpr double Limit = 50, WholePanelLimit = 100;  // milliseconds
+
+/// Of this process, in the memory of the machine.
+long residentBytes() {
+  long pages = 0;
+  if (std::FILE* file = std::fopen("/proc/self/statm", "r")) {
+    if (std::fscanf(file, "%*d %ld", &pages) != 1) pages = 0;
+    std::fclose(file);
+  }
+  return pages * ::sysconf(_SC_PAGESIZE);
+}
+
+/// Only holds its folder.
+class Resident : public bench::DrawnProgram {
+ public:
+  using DrawnProgram::DrawnProgram;
+
+ private:
+  void measureAll() override { std::printf("%ld\n", residentBytes()); }
+};
 
 class Measured : public bench::DrawnProgram {
  public:
@@ -84,4 +106,6 @@ class Measured : public bench::DrawnProgram {
 
 }  // namespace
 
-int main(int argc, char** argv) { return bench::measureDrawn<Measured>(argc, argv); }
+int main(int argc, char** argv) {
+  return argc > 2 ? bench::measureDrawn<Resident>(argc, argv) : bench::measureDrawn<Measured>(argc, argv);
+}

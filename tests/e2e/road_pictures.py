@@ -40,6 +40,8 @@ def road(program):
     expect("it names the picture", any("Card\\a.jpg" in line for line in program.kept("Temp.Url")))
     program.command("Pview")
     wait("the list to take the room", lambda: program.extents(program.list(1))[2] == width)
+    program.command("Exit")  # a key might go to what shows the picture now
+    program.await_end()
 
 
 def make(program, name, colour, size):

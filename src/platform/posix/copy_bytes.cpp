@@ -34,15 +34,22 @@ int tryClone(int from, int to, CopyMonitor& monitor) {
   return -1;
 }
 
+constexpr size_t bufferSize = 256 * 1024;
+static_assert(bufferSize > smallFile);
+
+char* buffer() {
+  thread_local const std::unique_ptr<char[]> bytes(new char[bufferSize]);
+  return bytes.get();
+}
+
 /// From the descriptors' positions to the end of the file or of `count` bytes.
 int copyThroughMemory(int from, int to, std::uint64_t count, CopyMonitor& monitor) {
-  constexpr size_t bufferSize = 256 * 1024;
-  thread_local const std::unique_ptr<char[]> buffer(new char[bufferSize]);
+  char* const bytes = buffer();
   while (count > 0) {
-    const ssize_t got = ::read(from, buffer.get(), std::min<std::uint64_t>(bufferSize, count));
+    const ssize_t got = ::read(from, bytes, std::min<std::uint64_t>(bufferSize, count));
     if (got < 0 && errno == EINTR) continue;
     if (got <= 0) return got < 0 ? errno : 0;
-    if (const int error = writeAll(to, buffer.get(), static_cast<size_t>(got))) return error;
+    if (const int error = writeAll(to, bytes, static_cast<size_t>(got))) return error;
     count -= static_cast<std::uint64_t>(got);
     if (!monitor.add(static_cast<std::uint64_t>(got))) return ECANCELED;
   }
@@ -95,6 +102,15 @@ int copyKnownSize(Way way, int from, int to, off_t size, CopyMonitor& monitor) {
   return now.st_size > size ? 0 : way(from, to, toTheEnd, monitor);
 }
 
+/// A file that is read at once. What ends where its facts told is whole; anything else takes the long way.
+int copySmall(int from, int to, off_t size, CopyMonitor& monitor) {
+  const auto whole = static_cast<size_t>(size);
+  const ssize_t got = ::pread(from, buffer(), whole + 1, 0);
+  if (got != size) return copyKnownSize(copyThroughMemory, from, to, size, monitor);
+  if (const int error = writeAll(to, buffer(), whole)) return error;
+  return monitor.add(whole) ? 0 : ECANCELED;
+}
+
 }  // namespace
 
 int copyBytes(int from, int to, const struct stat& facts, CopyMonitor& monitor) {
@@ -104,7 +120,7 @@ int copyBytes(int from, int to, const struct stat& facts, CopyMonitor& monitor) 
     if (cloned > 0) return cloned;
   }
   if (facts.st_size == 0) return copyThroughMemory(from, to, toTheEnd, monitor);
-  if (facts.st_size <= smallFile) return copyKnownSize(copyThroughMemory, from, to, facts.st_size, monitor);
+  if (facts.st_size <= smallFile) return copySmall(from, to, facts.st_size, monitor);
   constexpr off_t statBlock = 512;
   if (facts.st_blocks < facts.st_size / statBlock) return copySparse(from, to, facts.st_size, monitor);
   (void)::posix_fadvise(from, 0, 0, POSIX_FADV_SEQUENTIAL);

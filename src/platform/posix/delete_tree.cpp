@@ -35,7 +35,7 @@ struct DeleteFolder final : WalkFolder {
 
 class DeleteWalk final : public TreeWalk {
  public:
-  DeleteWalk(bool force, const Progress& progress) : TreeWalk(progress, false), force_(force) {}
+  DeleteWalk(bool force, const Progress& progress) : TreeWalk(progress, false, deleteWorkerCount()), force_(force) {}
 
   Result<void> remove(Place place, const std::string& path) {
     // The folder that holds the tree stands above the root of the walk, so that the root is opened, judged and

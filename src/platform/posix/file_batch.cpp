@@ -25,17 +25,25 @@ UniqueFd openFolder(const std::string& folder) {
   return UniqueFd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
-/// The sizes of the first names, up to the first that is no plain file or that `isPlain` rejects.
-template <class Test>
-std::vector<std::uint64_t> plainSizes(int folder, const Names& names, const Test& isPlain) {
-  std::vector<std::uint64_t> sizes;
-  for (const std::string& name : names) {
-    struct stat facts {};
-    if (::fstatat(folder, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(facts.st_mode)) break;
-    const auto size = static_cast<std::uint64_t>(facts.st_size);
-    if (!isPlain(name.c_str(), size)) break;
-    sizes.push_back(size);
-  }
+/// The sizes of the first names, up to the first for which `look`, made anew for each worker, gives none. Nothing is
+/// changed meanwhile, so several workers look at once: in a large folder finding a name is half of the work.
+template <class MakeLook>
+std::vector<std::uint64_t> plainSizes(const Names& names, const MakeLook& makeLook) {
+  constexpr std::size_t Block = 32;
+  std::vector<std::uint64_t> sizes(names.size());
+  std::atomic<std::size_t> next = 0, end = names.size();
+  const std::size_t blocks = (names.size() + Block - 1) / Block;
+  runWorkers(static_cast<unsigned>(std::min<std::size_t>(workerCount(), blocks)), [&](unsigned) {
+    auto look = makeLook();
+    for (std::size_t from = next.fetch_add(Block); from < end; from = next.fetch_add(Block))
+      for (std::size_t at = from; at < std::min(from + Block, end.load()); ++at)
+        if (const std::optional<std::uint64_t> size = look(names[at].c_str()))
+          sizes[at] = *size;
+        else
+          for (std::size_t before = end; at < before && !end.compare_exchange_weak(before, at);) {
+          }
+  });
+  sizes.resize(end);
   return sizes;
 }
 
@@ -47,11 +55,11 @@ bool isFree(int folder, const char* name) {
 /// Runs `work` for each index, several at once, and begins no further one when one has failed or the caller, who is
 /// asked on his own thread, wants no more. Gives the results up to the first that was not begun.
 template <class Work>
-BatchResults runBatch(std::size_t count, const Progress& progress, const Work& work) {
+BatchResults runBatch(std::size_t count, unsigned mostWorkers, const Progress& progress, const Work& work) {
   std::vector<std::optional<Result<std::uint64_t>>> done(count);
   std::atomic<std::size_t> next = 0;
   std::atomic<bool> over = false;
-  const unsigned workers = static_cast<unsigned>(std::min<std::size_t>(workerCount(), count));
+  const unsigned workers = static_cast<unsigned>(std::min<std::size_t>(mostWorkers, count));
   runWorkers(workers, [&](unsigned worker) {
     auto step = work();
     for (std::size_t at = next++; at < count && !over; at = next++) {
@@ -79,13 +87,18 @@ BatchResults copyBatch(const std::string& from, const Names& names, const std::s
   const UniqueFd source = openFolder(from), target = openFolder(to);
   if (!source || !target) return {};
   sweepLeftovers(target.get());
-  const auto sizes = plainSizes(source.get(), names, [&](const char* name, std::uint64_t size) {
-    return size <= limit && isFree(target.get(), name);
+  const auto sizes = plainSizes(names, [&] {
+    return [&](const char* name) -> std::optional<std::uint64_t> {
+      struct stat facts {};
+      const bool isFile = ::fstatat(source.get(), name, &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode);
+      const auto size = static_cast<std::uint64_t>(facts.st_size);
+      return isFile && size <= limit && isFree(target.get(), name) ? std::optional(size) : std::nullopt;
+    };
   });
   const auto fromStore = AttributeStore::ofDescriptor(source.get()),
              toStore = AttributeStore::ofDescriptor(target.get());
   NoStop monitor;
-  return runBatch(sizes.size(), progress, [&] {
+  return runBatch(sizes.size(), workerCount(), progress, [&] {
     CopySide fromSide{source.get(), fromStore}, toSide{target.get(), toStore};
     return [&, fromSide, toSide](std::size_t at) mutable -> Result<std::uint64_t> {
       const char* name = names[at].c_str();
@@ -118,17 +131,18 @@ BatchResults deleteBatch(const std::string& folder, const Names& names, const Pr
   const UniqueFd open = openFolder(folder);
   if (!open) return {};
   sweepLeftovers(open.get());
-  AttributeStore store = AttributeStore::ofDescriptor(open.get());
-  std::vector<std::uint64_t> sizes;
-  for (const std::string& name : names) {
-    Entry facts;
-    facts.name = name;
-    const std::string path = folder + '/' + name;
-    if (readEntryFacts(open.get(), name.c_str(), path.c_str(), DT_UNKNOWN, store, facts) != 0) break;
-    if (facts.isLink || facts.kind != EntryKind::File || facts.attributes != attribute::Archive) break;
-    sizes.push_back(facts.size);
-  }
-  return runBatch(sizes.size(), progress, [&] {
+  const auto folderStore = AttributeStore::ofDescriptor(open.get());
+  const auto sizes = plainSizes(names, [&] {
+    return [&, store = folderStore](const char* name) mutable -> std::optional<std::uint64_t> {
+      Entry facts;
+      facts.name = name;
+      const std::string path = folder + '/' + name;
+      const bool isPlain = readEntryFacts(open.get(), name, path.c_str(), DT_UNKNOWN, store, facts) == 0 &&
+                           !facts.isLink && facts.kind == EntryKind::File && facts.attributes == attribute::Archive;
+      return isPlain ? std::optional(facts.size) : std::nullopt;
+    };
+  });
+  return runBatch(sizes.size(), deleteWorkerCount(), progress, [&] {
     return [&](std::size_t at) -> Result<std::uint64_t> {
       if (::unlinkat(open.get(), names[at].c_str(), 0) == 0) return sizes[at];
       return systemError(errno, folder + '/' + names[at]);

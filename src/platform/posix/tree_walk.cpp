@@ -1,7 +1,6 @@
 #include "platform/posix/tree_walk.hpp"
 
 #include "platform/posix/posix_error.hpp"
-#include "platform/posix/workers.hpp"
 
 #include <algorithm>
 
@@ -70,7 +69,7 @@ Result<void> TreeWalk::run(WalkFolderPtr root) {
   push({std::move(root), {}});
   // Asked once before the work: in a small tree the other worker may leave the calling one nothing to do.
   tick();
-  runWorkers(workerCount(), [this](unsigned index) { work(index == 0); });
+  runWorkers(workers_, [this](unsigned index) { work(index == 0); });
   std::sort(leftOut_.begin(), leftOut_.end(), [](const Error& a, const Error& b) { return a.path < b.path; });
   if (error_) {
     if (error_->code != ErrorCode::Stopped)

@@ -3,6 +3,7 @@
 #include "platform/file_system.hpp"
 #include "platform/posix/dirents.hpp"
 #include "platform/posix/unique_fd.hpp"
+#include "platform/posix/workers.hpp"
 
 #include <atomic>
 #include <chrono>
@@ -42,7 +43,8 @@ class TreeWalk {
   LeftOuts takeLeftOut() { return std::move(leftOut_); }
 
  protected:
-  TreeWalk(const Progress& progress, bool crossMounts) : progress_(progress), crossMounts_(crossMounts) {}
+  TreeWalk(const Progress& progress, bool crossMounts, unsigned workers = workerCount())
+      : progress_(progress), crossMounts_(crossMounts), workers_(workers) {}
 
   /// Walks from an open folder. The calling thread is one of the workers and the one that calls the progress function.
   /// Fails with the reason for giving up, else with the first entry by path that was left out.
@@ -97,6 +99,7 @@ class TreeWalk {
 
   const Progress& progress_;
   const bool crossMounts_;
+  const unsigned workers_;
   std::atomic<bool> over_ = false;
   std::atomic<std::uint64_t> bytes_ = 0;
   std::chrono::steady_clock::time_point nextTick_{};
