@@ -72,23 +72,31 @@ void Selection::collect(Panel& panel, controls::ListItem item) {
 }
 
 void Selection::keepForRecall(Panel& panel, controls::ListItem item) {
-  if (form_.Menu.checked("selhis") && form_.panelRecall(panel.side).push(panel.fileName(item)))
-    form_.statusLine("Recall Bufffer Full ! - Auto Pop out in progress, (Apply Reset to increase speed !)");
+  if (form_.Menu.checked("selhis") && form_.panelRecall(panel.side).push(panel.fileName(item))) tellRecallFull();
 }
 
-// A row is new to the Recall unless it bears the mark of a selection that was kept.
+void Selection::tellRecallFull() {
+  form_.statusLine("Recall Bufffer Full ! - Auto Pop out in progress, (Apply Reset to increase speed !)");
+}
+
+// A row is new to the Recall unless it bears the mark of a selection that was kept. What holds for all rows is asked
+// and told once: there may be a million of them.
 void Selection::collectSelected(Panel& panel, Keeping keeping) {
   const int side = panel.side == Side::Left ? 0 : 1;
   const bool walked = std::exchange(walked_[side], keeping == Keeping::None);
   const bool setsLast = keeping != Keeping::None && panel.list.selectedCount() > 0;
   if (setsLast) lastSet_[side].clear();
+  const bool recalls = keeping != Keeping::None && form_.Menu.checked("selhis");
+  RecallBuffer& recall = form_.panelRecall(panel.side);
+  bool full = false;
   for (const std::uint32_t id : panel.list.selectedIds()) {
     const controls::ListItem item(panel.list, id);
     const bool isNew = walked || !item.Ghosted();
-    if (keeping == Keeping::All || (keeping == Keeping::NewOnes && isNew)) keepForRecall(panel, item);
+    if (recalls && (keeping == Keeping::All || isNew)) full = recall.push(panel.fileName(item)) || full;
     form_.filecollect.push(panel.item(item));
     if (setsLast) lastSet_[side].push_back(panel.fileName(item));
   }
+  if (full) tellRecallFull();
 }
 
 void Selection::ClickPane() {

@@ -87,6 +87,7 @@ class Selection {
   void currentItem(Panel& panel, controls::ListItem item);
   void collectSelected(Panel& panel, Keeping keeping);
   void keepForRecall(Panel& panel, controls::ListItem item);
+  void tellRecallFull();
   /// What the status bar and the commands make of the item in hand; empty: there is none.
   void chooseItem(Panel& panel, std::optional<controls::ListItem> item);
   void addSize(Panel& panel, controls::ListItem item, Sum& sum);
