@@ -15,6 +15,8 @@ namespace paths = platform::paths;
 
 constexpr int FileIcon = 1, EqualIcon = 2, UnequalIcon = 3;
 constexpr const char* Title = "Line Compare";
+// Below the main window, as far as the screen goes: it hides no row.
+constexpr controls::Twips FirstWidth = 10'800, FirstHeight = 1'950;
 
 }  // namespace
 
@@ -36,8 +38,10 @@ Form42::Form42(panels::Desk& desk) : Form(desk.program.loop, "Form42"), desk_(de
 }
 
 void Form42::Form_Load() {
-  Left = desk_.form.Left;
-  Top = desk_.form.Top;
+  Left = desk_.form.Left.get();
+  Top = desk_.form.Top + desk_.form.Height;
+  Width = FirstWidth;
+  Height = FirstHeight;
 }
 
 void Form42::LLComp_Click() {
