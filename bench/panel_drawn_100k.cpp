@@ -20,7 +20,7 @@ using namespace varnholt;
 namespace {
 
 constexpr std::size_t RecallNames = 2'000;
-constexpr double Limit = 50, WholePanelLimit = 100;  // milliseconds
+constexpr double Limit = 50, WholePanelLimit = 100, GatherLimit = 100;  // milliseconds
 
 /// Of this process, in the memory of the machine.
 long residentBytes() {
@@ -65,6 +65,17 @@ class Measured : public bench::DrawnProgram {
         "drawn-recall-2000", Limit, [this] { run("Command16_Click"); }, [this] { click(5, {}); });
     measure(
         "drawn-inverse", WholePanelLimit, [this] { run("Inversel_Click"); }, [this] { click(5, {}); });
+    run("selectall_Click");
+    auto& basket = app_.basket.PasteCollection;
+    const auto gather = [this] { run("WinCopy_Click"); };
+    paints_ = false;  // the title alone changes
+    measure("basket-gather", GatherLimit, gather, [&] { basket.reset(); });
+    measure("basket-gather-beside-as-many", GatherLimit, gather, [&] {
+      basket.reset();
+      for (std::uint32_t number = 0; number < list().count(); ++number)
+        basket.add({"C:\\other\\" + std::to_string(number), false});
+    });
+    paints_ = true;
     click(5, {});
     for (const auto& [name, column] :
          {std::pair("drawn-sort-name", 1), {"drawn-sort-ext", 2}, {"drawn-sort-size", 3}, {"drawn-sort-date", 4}})
@@ -93,7 +104,7 @@ class Measured : public bench::DrawnProgram {
       timer.start();
       act();
       loop_.flush();
-      while (!painted.seen)
+      while (paints_ && !painted.seen)
         QCoreApplication::processEvents();
       times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
     }
@@ -102,6 +113,7 @@ class Measured : public bench::DrawnProgram {
   }
 
   int row_ = 5;
+  bool paints_ = true;  ///< what is measured has the list painted
 };
 
 }  // namespace
