@@ -178,7 +178,7 @@ class Move : public Operation {
 
 class Delete : public Operation {
  public:
-  Delete() : Operation(&User::deletes, "C:/From") {}
+  explicit Delete(void (User::*runs)() = &User::deletes) : Operation(runs, "C:/From") {}
   void build(World& world) const override {
     for (const char* name : {"1", "2", "3", "Tree/4", "Tree/5", "Tree/Sub/6", "Tree/Sub/Deep/7", "Other/8", "Other/9"})
       world.file("C:/From/" + std::string(name), "some bytes");
@@ -206,6 +206,39 @@ class Delete : public Operation {
   void checkEnd(const TreeSnapshot& /*before*/, const World& world) const override {
     EXPECT_TRUE(world.tree("C:/From").empty());
     EXPECT_TRUE(world.has("C:/Kept/file"));
+  }
+};
+
+/// A scan whose hits all go.
+class Clean : public Delete {
+ public:
+  Clean() : Delete(&User::cleans) {}
+  void build(World& world) const override {
+    for (const char* name : {"1.tmp", "2.bak", "3.old", "Tree/4.tmp", "Tree/Sub/5.chk", "Tree/Sub/6.TMP"})
+      world.file("C:/From/" + std::string(name), "some bytes");
+    world.file("C:/Kept/file.tmp", "kept").link("C:/From/Tree/out.tmp", "../../Kept/file.tmp").folder("C:/To");
+  }
+  void prepare(User& user, const World& world) const override {
+    user.open("C:\\From", "C:\\To");
+    const TreeSnapshot from = world.tree("C:/From");
+    const bool anyHit =
+        std::ranges::any_of(from, [](const auto& each) { return !each.second.isFolder() && each.first != "z"; });
+    const auto cleans = [&user, anyHit] {
+      auto& dialog = user.rig.app().cleanup.Form16;
+      dialog.Command4.press();
+      dialog.Text2.typeFromUser("*.none");
+      dialog.Check10.toggleFromUser();
+      dialog.Command1.press();
+      if (!anyHit) return;
+      user.meets({{"Form23", "Command2"}, yes()});
+      dialog.Command3.press();
+    };
+    user.meets({{"Form16", "Command2", "", cleans}});
+  }
+  void checkEnd(const TreeSnapshot& /*before*/, const World& world) const override {
+    for (const auto& [name, facts] : world.tree("C:/From"))
+      EXPECT_TRUE(facts.isFolder() || name == "z") << name;
+    EXPECT_TRUE(world.has("C:/Kept/file.tmp"));
   }
 };
 
@@ -326,6 +359,7 @@ class Round {
 std::unique_ptr<Operation> makeOperation(const std::string& name) {
   if (name.starts_with("Copy")) return std::make_unique<Copy>();
   if (name == "Paste") return std::make_unique<Paste>();
+  if (name == "Clean") return std::make_unique<Clean>();
   if (name == "Sync") return std::make_unique<Sync>();
   if (name == "Swap") return std::make_unique<Swap>();
   if (name == "MoveAs") return std::make_unique<MoveAs>();
@@ -358,7 +392,7 @@ TEST_P(Killed, AtAnySystemCall) {
   EXPECT_GE(kills, steps * 9 / 10);
 }
 INSTANTIATE_TEST_SUITE_P(Operations, Killed,
-                         testing::Values("Copy", "Paste", "MoveAcross", "MoveWithin", "MoveAs", "Swap", "Sync",
+                         testing::Values("Copy", "Paste", "MoveAcross", "MoveWithin", "MoveAs", "Swap", "Sync", "Clean",
                                          "Delete", "CopyMany", "MoveMany", "DeleteMany"),
                          [](const auto& each) { return each.param; });
 

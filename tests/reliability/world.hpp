@@ -45,6 +45,7 @@ class User {
   void moves() { rig.command("Command3_Click"); }
   /// What was marked when it was gathered, into the folder of the left panel.
   void pastes() { rig.command("WinPaste_Click"); }
+  void cleans() { rig.command("Command17_Click"); }
   void syncs() { rig.command("Com_Sync_Click"); }
   void swaps() { rig.command("ExFiles_Click"); }
   void deletes() { rig.command("Command4_Click"); }
