@@ -38,6 +38,7 @@ Form42::Form42(panels::Desk& desk) : Form(desk.program.loop, "Form42"), desk_(de
 }
 
 void Form42::Form_Load() {
+  if (desk_.form.Width <= 0) return;  // the main window has not been placed
   Left = desk_.form.Left.get();
   Top = desk_.form.Top + desk_.form.Height;
   Width = FirstWidth;
