@@ -1,5 +1,7 @@
 #include "basket/paste_viewer.hpp"
 
+#include "controls/dress.hpp"
+#include "controls/header_sort.hpp"
 #include "core/format.hpp"
 #include "fileops/item_in_hand.hpp"
 #include "platform/paths.hpp"
@@ -51,21 +53,14 @@ basket::Form38::Form38(panels::Desk& desk, PasteCollection& collection)
 }
 
 void basket::Form38::setTexts() {
-  struct Text {
-    controls::Button& button;
-    const char *caption, *toolTip;
-  };
-  for (const Text& text : {Text{Command1, "Si&ze", "Get Total Size of Ctrl+C Collection"},
-                           {Command2, "&Reset", "Resets View And Paste Collection."},
-                           {Command3, "&Delete", "Deletes Selected Item In View And Paste Collection."},
-                           {Command4, "&Cancel", "Close the Paste Viewer"},
-                           {Command5, "S&ave Col.", "Save Current Collection."},
-                           {Command6, "&Go To", "Go To Selected File Location, Valid for Files Only !"},
-                           {Command7, "D&elete Col.", "Deletes a Selection."},
-                           {Command8, "More", "Less/More Options !."}}) {
-    text.button.Caption = text.caption;
-    text.button.ToolTipText = text.toolTip;
-  }
+  dress(Command1, "Si&ze", "Get Total Size of Ctrl+C Collection");
+  dress(Command2, "&Reset", "Resets View And Paste Collection.");
+  dress(Command3, "&Delete", "Deletes Selected Item In View And Paste Collection.");
+  dress(Command4, "&Cancel", "Close the Paste Viewer");
+  dress(Command5, "S&ave Col.", "Save Current Collection.");
+  dress(Command6, "&Go To", "Go To Selected File Location, Valid for Files Only !");
+  dress(Command7, "D&elete Col.", "Deletes a Selection.");
+  dress(Command8, "More", "Less/More Options !.");
   ListView1.AccessibleName = "Items in the basket";
   ListView1.ToolTipText = "Dbl. Click to Open item ! ";
   Label1.AccessibleName = "What was left out";
@@ -144,16 +139,7 @@ void basket::Form38::showMore(bool more) {
 void basket::Form38::Command8_Click() { showMore(!Combo1.Visible); }
 
 void basket::Form38::ListView1_ColumnClick(int number) {
-  const int column = number - 1;
-  const bool again = ListView1.Sorted() && ListView1.SortKey() == column;
-  const bool reverses = again && ListView1.SortOrder() == controls::SortOrder::Ascending;
-  ListView1.setSortKey(column);
-  ListView1.setSortOrder(reverses ? controls::SortOrder::Descending : controls::SortOrder::Ascending);
-  ListView1.setSorted(true);
-  auto headers = ListView1.ColumnHeaders.get();
-  for (int at = 0; at < static_cast<int>(headers.size()); ++at)
-    headers[static_cast<std::size_t>(at)].Icon = at != column ? 0 : reverses ? SortedDownIcon : SortedUpIcon;
-  ListView1.ColumnHeaders = headers;
+  controls::sortByHeader(ListView1, number - 1, number - 1, {SortedUpIcon, SortedDownIcon, 0});
 }
 
 // --- The basket ----------------------------------------------------------------------------------------------------

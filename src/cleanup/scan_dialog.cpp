@@ -1,5 +1,7 @@
 #include "cleanup/scan_dialog.hpp"
 
+#include "controls/dress.hpp"
+#include "controls/header_sort.hpp"
 #include "core/text_character.hpp"
 #include "filters/criteria.hpp"
 #include "platform/paths.hpp"
@@ -64,44 +66,26 @@ std::array<Form16::PatternBox, 8> Form16::patternBoxes() {
 }
 
 void Form16::setTexts() {
-  for (const PatternBox& each : patternBoxes()) {
-    each.box.Caption = each.pattern;
-    each.box.ToolTipText = each.toolTip;
-  }
-  struct Press {
-    controls::Button& button;
-    const char *caption, *toolTip;
-  };
-  for (const Press& each :
-       {Press{Command1, "&Scan", "Start Scanning of selected drive"},
-        {Command7, "S&top", "Stop Scanning !"},
-        {Command4, "More", "Enable/Disbale Options !"},
-        {Command5, "&Reset", "Reset/set Standard CleanUp Options."},
-        {Command3, "C&lean", "Select and Delete all Items"},
-        {Command6, "&Go To Location !", "Go to selected file location"},
-        {Command9, "Copy To Windows &Desktop", "Copy Selected File To Windows Desktop. Only One at a time !"},
-        {Command8, "S&ave Collection Set",
-         "Load it from Paste Viewer ! And Dont Use Clean if you want to use the set !"},
-        {Command2, "&Cancel", "Chancel Flatraiba"}}) {
-    each.button.Caption = each.caption;
-    each.button.ToolTipText = each.toolTip;
-  }
-  struct Field {
-    controls::TextBox& box;
-    const char *name, *toolTip;
-  };
+  for (const PatternBox& each : patternBoxes())
+    dress(each.box, each.pattern, each.toolTip);
+  dress(Command1, "&Scan", "Start Scanning of selected drive");
+  dress(Command7, "S&top", "Stop Scanning !");
+  dress(Command4, "More", "Enable/Disbale Options !");
+  dress(Command5, "&Reset", "Reset/set Standard CleanUp Options.");
+  dress(Command3, "C&lean", "Select and Delete all Items");
+  dress(Command6, "&Go To Location !", "Go to selected file location");
+  dress(Command9, "Copy To Windows &Desktop", "Copy Selected File To Windows Desktop. Only One at a time !");
+  dress(Command8, "S&ave Collection Set",
+        "Load it from Paste Viewer ! And Dont Use Clean if you want to use the set !");
+  dress(Command2, "&Cancel", "Chancel Flatraiba");
   constexpr const char* SizeTip = "Numeric value as filesize in MB, floating point as x,x (x.x) Country dependent !. "
                                   "No spaces allowed !, Blank for "
                                   "Disable.";
-  for (const Field& each :
-       {Field{Text1, "What is going on", "The file or folder that is looked at, and how a scan has ended"},
-        {Text2, "UserPattern(s)", "UserPattern must be min. 3 digits, seperate your input with \",\""},
-        {Text3, "More than (MB)", SizeTip},
-        {Text4, "Less than (MB)", SizeTip},
-        {Text5, "Collection Name", "Key Valid Filename for selection Set !, without file extension."}}) {
-    each.box.AccessibleName = each.name;
-    each.box.ToolTipText = each.toolTip;
-  }
+  dress(Text1, "What is going on", "The file or folder that is looked at, and how a scan has ended");
+  dress(Text2, "UserPattern(s)", "UserPattern must be min. 3 digits, seperate your input with \",\"");
+  dress(Text3, "More than (MB)", SizeTip);
+  dress(Text4, "Less than (MB)", SizeTip);
+  dress(Text5, "Collection Name", "Key Valid Filename for selection Set !, without file extension.");
   Text1.Locked = true;
   Label1.Caption = "&UserPattern(s) :";
   Label2.Caption = "Less than (MB):";
@@ -213,8 +197,8 @@ void Form16::setStandard() {
 void Form16::Command4_Click() {
   options_ = !options_;
   Command4.Caption = options_ ? "Less" : "More";
-  for (controls::Control* control : std::initializer_list<controls::Control*>{
-           &Text2, &Check9, &Text3, &Text4, &Check10, &Label1, &Label2, &Label3, &Text5, &Command8})
+  for (controls::Control* control :
+       std::initializer_list<controls::Control*>{&Text2, &Check9, &Text3, &Text4, &Check10, &Label1, &Label2})
     control->Visible = options_;
   Text3.Enabled = Text4.Enabled = Check9.Value != 0;
 }
@@ -282,15 +266,7 @@ void Form16::ListView1_ColumnClick(int number) {
   if (!hitRows()) return;
   const int shown = number - 1;
   const int key = shown == column::Size ? column::SizeKey : shown == column::Date ? column::DateKey : shown;
-  const bool descends =
-      ListView1.Sorted() && ListView1.SortKey() == key && ListView1.SortOrder() == controls::SortOrder::Ascending;
-  ListView1.setSortKey(key);
-  ListView1.setSortOrder(descends ? controls::SortOrder::Descending : controls::SortOrder::Ascending);
-  ListView1.setSorted(true);
-  auto headers = ListView1.ColumnHeaders.get();
-  for (int at = 0; at <= column::Version; ++at)
-    headers[static_cast<std::size_t>(at)].Icon = at != shown ? NotSortedIcon : descends ? SortedDownIcon : SortedUpIcon;
-  ListView1.ColumnHeaders = headers;
+  controls::sortByHeader(ListView1, shown, key, {SortedUpIcon, SortedDownIcon, NotSortedIcon});
 }
 
 }  // namespace varnholt::cleanup

@@ -1,5 +1,6 @@
 #include "compare/compare_dialog.hpp"
 
+#include "controls/dress.hpp"
 #include "core/format.hpp"
 #include "core/item_text.hpp"
 #include "platform/paths.hpp"
@@ -13,7 +14,6 @@ namespace {
 namespace paths = platform::paths;
 using panels::Side;
 
-/// What belongs to the left panel and its mirror.
 constexpr int VersionIcon = 2, MissingIcon = 3, DateIcon = 4, SortedUpIcon = 5, SortedDownIcon = 6, FailedIcon = 7;
 constexpr const char *ReportOn = "Rep. On", *ReportOff = "Rep. Off";
 
@@ -61,37 +61,22 @@ Form30::Form30(panels::Desk& desk) : Form(desk.program.loop, "Form30"), desk_(de
 }
 
 void Form30::setTexts() {
-  struct Box {
-    controls::CheckBox& box;
-    const char *caption, *toolTip;
-  };
-  for (const Box& each :
-       {Box{Check1, "Priority: &Left  >>  Right", "Left Panel (source) overwrites right Panel (target)."},
-        {Check2, "Priority: &Right >> Left", "Right Panel (source) overwrites left Panel (traget)."},
-        {Check3, "Priority: &Both (File Exist/Version/Date l.m.)",
-         "Synchronize selected folders for missing files,version and date in both panels only."},
-        {Check4, "&File Exist.", "Compare includes file exist and copy missing files."},
-        {Check5, "File Si&ze.", "Compare includes file size, and copies Source to target if different."},
-        {Check6, "File &Date.", "Compare includes file date (last modified) and copies if source newer that target."},
-        {Check10, "File &Version.", "Compare includes file version, and copies if Source are > target."},
-        {Check7, "Compare/Report &Only.", "Compares the selected Folders Only."},
-        {Check8, "Compare and &Sync.", "Compares and Sync. selected folders at once."},
-        {Check9, "Sync. System and &Hidden Files.",
-         "If checked, synchronize System and Hidden Files as well (if possible)."}}) {
-    each.box.Caption = each.caption;
-    each.box.ToolTipText = each.toolTip;
-  }
-  struct Press {
-    controls::Button& button;
-    const char *caption, *toolTip;
-  };
-  for (const Press& each : {Press{Command1, "&Apply", "Apply Folder Selection."},
-                            {Command4, ReportOff, "Toggels Report view On/Off"},
-                            {Command11, "&Execute", "Executes Selected Options."},
-                            {Command2, "&Cancel", "Cancel Operation"}}) {
-    each.button.Caption = each.caption;
-    each.button.ToolTipText = each.toolTip;
-  }
+  dress(Check1, "Priority: &Left  >>  Right", "Left Panel (source) overwrites right Panel (target).");
+  dress(Check2, "Priority: &Right >> Left", "Right Panel (source) overwrites left Panel (traget).");
+  dress(Check3, "Priority: &Both (File Exist/Version/Date l.m.)",
+        "Synchronize selected folders for missing files,version and date in both panels only.");
+  dress(Check4, "&File Exist.", "Compare includes file exist and copy missing files.");
+  dress(Check5, "File Si&ze.", "Compare includes file size, and copies Source to target if different.");
+  dress(Check6, "File &Date.", "Compare includes file date (last modified) and copies if source newer that target.");
+  dress(Check10, "File &Version.", "Compare includes file version, and copies if Source are > target.");
+  dress(Check7, "Compare/Report &Only.", "Compares the selected Folders Only.");
+  dress(Check8, "Compare and &Sync.", "Compares and Sync. selected folders at once.");
+  dress(Check9, "Sync. System and &Hidden Files.",
+        "If checked, synchronize System and Hidden Files as well (if possible).");
+  dress(Command1, "&Apply", "Apply Folder Selection.");
+  dress(Command4, ReportOff, "Toggels Report view On/Off");
+  dress(Command11, "&Execute", "Executes Selected Options.");
+  dress(Command2, "&Cancel", "Cancel Operation");
   for (controls::ComboBox* box : {&ImageCombo1, &ImageCombo2})
     box->Editable = true;
   ImageCombo1.ToolTipText = "Select Folder from list as Left panel.";

@@ -1,5 +1,6 @@
 #include "fileops/overwrite_dialogs.hpp"
 
+#include "controls/dress.hpp"
 #include <algorithm>
 #include <string_view>
 
@@ -26,11 +27,6 @@ constexpr AttributeText AttributeTexts[] = {
     {38, "Archive,Hidden and SystemFile"},
     {2081, "Compressed File.. Cannot Continue !"},
 };
-
-void dress(controls::Button& button, std::string caption, std::string toolTip) {
-  button.Caption = std::move(caption);
-  button.ToolTipText = std::move(toolTip);
-}
 
 }  // namespace
 

@@ -1,27 +1,22 @@
 #include "properties/item_dialog.hpp"
 
+#include "controls/dress.hpp"
+
 #include <string>
 #include <utility>
 
 namespace varnholt::properties {
 namespace {
 
-void dress(controls::TextBox& field, std::string name) {
-  field.AccessibleName = name;
-  field.ToolTipText = std::move(name);
+// What is told, and not to be changed.
+void dressLocked(controls::TextBox& field, const std::string& name) {
+  dress(field, name, name);
   field.Locked = true;
 }
 
-void dress(controls::CheckBox& box, std::string caption, std::string toolTip) {
-  box.Caption = std::move(caption);
-  box.ToolTipText = std::move(toolTip);
+void dressLocked(controls::CheckBox& box, std::string caption, std::string toolTip) {
+  dress(box, std::move(caption), std::move(toolTip));
   box.Enabled = false;
-}
-
-void dress(controls::Button& button, std::string caption, std::string toolTip, std::string icon = {}) {
-  button.Caption = std::move(caption);
-  button.ToolTipText = std::move(toolTip);
-  button.Icon = std::move(icon);
 }
 
 }  // namespace
@@ -41,18 +36,18 @@ properties::Form15::Form15(controls::MessageLoop& loop) : Form(loop, "Form15") {
 }
 
 void properties::Form15::dressFacts() {
-  dress(Text1, "Name");
-  dress(Text2, "Folder that the item stands in");
-  dress(Text3, "Type of the item");
-  dress(Text4, "Size of the item");
-  dress(Text5, "Date Created");
-  dress(Text6, "Date last modified");
-  dress(Check1, "Archive", "Changed since it was archived");
-  dress(Check2, "Hidden", "Not shown in ordinary views");
-  dress(Check3, "Read-Only", "Not to be changed or deleted");
-  dress(Check4, "System", "Belongs to the system");
-  dress(Check5, "ComPressed", "Stored compressed by the file system");
-  dress(Check6, " NTFS Indexing Service", "An indexing service may read it");
+  dressLocked(Text1, "Name");
+  dressLocked(Text2, "Folder that the item stands in");
+  dressLocked(Text3, "Type of the item");
+  dressLocked(Text4, "Size of the item");
+  dressLocked(Text5, "Date Created");
+  dressLocked(Text6, "Date last modified");
+  dressLocked(Check1, "Archive", "Changed since it was archived");
+  dressLocked(Check2, "Hidden", "Not shown in ordinary views");
+  dressLocked(Check3, "Read-Only", "Not to be changed or deleted");
+  dressLocked(Check4, "System", "Belongs to the system");
+  dressLocked(Check5, "ComPressed", "Stored compressed by the file system");
+  dressLocked(Check6, " NTFS Indexing Service", "An indexing service may read it");
 }
 
 void properties::Form15::dressButtons() {

@@ -1,5 +1,6 @@
 #include "rename/rename_dialog.hpp"
 
+#include "controls/dress.hpp"
 #include "core/picture_file.hpp"
 #include "core/text_character.hpp"
 #include "panels/listing.hpp"
@@ -15,22 +16,6 @@ constexpr const char* MaskOff = "Mask Off";
 constexpr const char* NoItems = "No Items In View";
 constexpr controls::Twips NameColumn = 3000;
 constexpr std::size_t LongName = 50, LongNameKept = 46;
-
-void dress(controls::Button& button, std::string caption, std::string toolTip, std::string icon = {}) {
-  button.Caption = std::move(caption);
-  button.ToolTipText = std::move(toolTip);
-  button.Icon = std::move(icon);
-}
-
-void dress(controls::TextBox& field, std::string name, std::string toolTip) {
-  field.AccessibleName = std::move(name);
-  field.ToolTipText = std::move(toolTip);
-}
-
-void dress(controls::CheckBox& box, std::string caption, std::string toolTip) {
-  box.Caption = std::move(caption);
-  box.ToolTipText = std::move(toolTip);
-}
 
 const char* captionOf(Caller caller) {
   switch (caller) {
