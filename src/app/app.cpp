@@ -30,13 +30,13 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       drives(Form1, program),
       navigation(Form1, program, listing, activePanel, histories, drives),
       selection(Form1, program, listing, activePanel),
-      opener(program, histories),
+      opener(program, histories, mostUsed),
       icons(program),
       dispatcher(Form1, program),
       trees(Form9, Form1, program),
       Form35(program),
-      desk{program, Form1,      histories, listing, activePanel, looks, choices, state,
-           drives,  navigation, selection, opener,  dispatcher,  trees, Form35,  frmTip},
+      desk{program,    Form1,     histories, listing, activePanel, looks, choices, state, drives,
+           navigation, selection, mostUsed,  opener,  dispatcher,  trees, Form35,  frmTip},
       keys(desk),
       drops(Form1, dispatcher, navigation, selection),
       start(desk),
@@ -50,8 +50,14 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       properties(desk, fileops.desktop),
       filters(desk),
       presets(desk),
+      savedPlaces(desk),
+      openedItems(desk),
+      notes(desk),
+      vdt(desk),
+      search(desk),
       compare(desk, presets),
-      cleanup(desk, fileops.desktop) {
+      cleanup(desk, fileops.desktop),
+      zip(desk) {
   addCommands();
   bindPanel(Form1.Panel1);
   bindPanel(Form1.Panel2);

@@ -16,10 +16,16 @@
 #include "panels/panel_commands.hpp"
 #include "panels/panel_keys.hpp"
 #include "panels/panel_shortcuts.hpp"
+#include "places/notes.hpp"
+#include "places/opened_items.hpp"
 #include "places/presets.hpp"
+#include "places/saved_places.hpp"
 #include "properties/properties.hpp"
 #include "rename/rename.hpp"
+#include "search/search.hpp"
 #include "tools/tools.hpp"
+#include "vdt/vdt.hpp"
+#include "zip/zip.hpp"
 
 #include <array>
 
@@ -54,6 +60,7 @@ class App {
   panels::DriveLists drives;
   panels::Navigation navigation;
   panels::Selection selection;
+  panels::MostUsed mostUsed;
   panels::FileOpener opener;
   panels::Icons icons;
   panels::Dispatcher dispatcher;
@@ -74,14 +81,20 @@ class App {
   properties::Properties properties;
   filters::Filters filters;
   places::Presets presets;
+  places::SavedPlaces savedPlaces;
+  places::OpenedItems openedItems;
+  places::Notes notes;
+  vdt::VDT vdt;
+  search::Search search;
   compare::Compare compare;
   cleanup::CleanUp cleanup;
+  zip::Zip zip;
 
  private:
   /// In the order of their entries in the menus.
-  std::array<panels::Room*, 12> rooms() {
-    return {&NewSkin, &tools,      &panelCommands, &pictureView, &fileops, &basket,
-            &rename,  &properties, &filters,       &presets,     &compare, &cleanup};
+  std::array<panels::Room*, 18> rooms() {
+    return {&NewSkin, &tools,       &panelCommands, &pictureView, &fileops, &basket, &rename,  &properties, &filters,
+            &presets, &savedPlaces, &openedItems,   &notes,       &vdt,     &search, &compare, &cleanup,    &zip};
   }
   void addCommands();
   void drawButtons();

@@ -11,6 +11,7 @@
 #include "panels/histories.hpp"
 #include "panels/list_looks.hpp"
 #include "panels/listing.hpp"
+#include "panels/most_used.hpp"
 #include "panels/navigation.hpp"
 #include "panels/program_state.hpp"
 #include "panels/selection.hpp"
@@ -32,6 +33,7 @@ struct Desk {
   DriveLists& drives;
   Navigation& navigation;
   Selection& selection;
+  MostUsed& mostUsed;
   FileOpener& opener;
   Dispatcher& dispatcher;
   TreeWindow& trees;

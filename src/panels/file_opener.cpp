@@ -36,7 +36,8 @@ bool replaceMark(std::string& text, std::string_view mark, const std::string& va
 }  // namespace
 
 void FileOpener::open(const std::string& path) {
-  if (!program_.files().fileExists(path) && !program_.files().folderExists(path)) {
+  const bool isFile = program_.files().fileExists(path);
+  if (!isFile && !program_.files().folderExists(path)) {
     program_.dialogs.alert("File/Folder Path NOT Valid !");
     return;
   }
@@ -45,6 +46,7 @@ void FileOpener::open(const std::string& path) {
     own->second(path);
     return;
   }
+  if (isFile) mostUsed_.Muf(path);
   const std::string command = reggetdata(path);
   if (command.empty() && std::ranges::find(Archives, extension) != std::end(Archives)) {
     if (startExplorer(path)) Filehis_store(path);

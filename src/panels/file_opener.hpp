@@ -3,6 +3,7 @@
 #include "core/program.hpp"
 #include "panels/form1.hpp"
 #include "panels/histories.hpp"
+#include "panels/most_used.hpp"
 
 #include <functional>
 #include <map>
@@ -13,7 +14,8 @@ namespace varnholt::panels {
 /// Opens a file by its type, and if that fails by another way.
 class FileOpener {
  public:
-  FileOpener(core::Program& program, Histories& histories) : program_(program), histories_(histories) {}
+  FileOpener(core::Program& program, Histories& histories, MostUsed& mostUsed)
+      : program_(program), histories_(histories), mostUsed_(mostUsed) {}
 
   /// Opens the file by its extension. A failing opener ends in the alternate method.
   void open(const std::string& path);
@@ -36,6 +38,7 @@ class FileOpener {
 
   core::Program& program_;
   Histories& histories_;
+  MostUsed& mostUsed_;
 };
 
 }  // namespace varnholt::panels

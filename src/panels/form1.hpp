@@ -30,6 +30,7 @@ struct PanelEvents {
   controls::Signal<> folderChanged;           ///< a panel shows another folder
   controls::Signal<Panel&> itemChanged;       ///< another row of the panel may be the one in focus
   controls::Signal<Panel&> selectionChanged;  ///< other rows are selected
+  controls::Signal<bool> VDT_Aktive;          ///< the Virtual DeskTop gets (true) or loses the keyboard
 };
 
 /// The main window: two folder panels with drive lists and path lines, the Virtual DeskTop list, picture boxes, command
