@@ -43,7 +43,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       panelCommands(desk, keys),
       NewSkin(program, looks),
       pictureView(desk, icons),
-      tools(desk),
+      tools(desk, icons),
       fileops(desk),
       basket(desk, fileops),
       rename(desk, fileops.policy, fileops.Form7),
@@ -202,11 +202,15 @@ void App::bindHooks() {
   };
 }
 
-void App::dress() {
-  std::vector<controls::Form*> windows{&dialogs.Form11, &dialogs.Form12, &dialogs.Form13, &frmTip, &Form35};
+std::vector<controls::Form*> App::allDialogs() {
+  std::vector<controls::Form*> all{&dialogs.Form11, &dialogs.Form12, &dialogs.Form13, &frmTip, &Form35};
   for (panels::Room* room : rooms())
-    std::ranges::copy(room->dialogs(), std::back_inserter(windows));
-  for (controls::Form* dialog : windows) {
+    std::ranges::copy(room->dialogs(), std::back_inserter(all));
+  return all;
+}
+
+void App::dress() {
+  for (controls::Form* dialog : allDialogs()) {
     NewSkin.addDialog(*dialog);
     looks.addDialog(*dialog);
   }

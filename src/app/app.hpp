@@ -41,6 +41,8 @@ class App {
   /// Brings the program up: screen, settings, environment, splash, skin, main window. False: it cannot go on, the user
   /// was told, and nothing is shown.
   bool Main();
+  /// The dialogs of the rooms and those that all share.
+  std::vector<controls::Form*> allDialogs();
   /// Shows folders in the panels, the first left, the second right: paths of the system or of the program; a file
   /// stands for its folder. What cannot be shown is told.
   void openFolders(const std::vector<std::string>& folders);

@@ -74,7 +74,8 @@ MessageDialogs::MessageDialogs(controls::MessageLoop& loop, controls::Timer& Tim
   Form13.Unload = [this] { Timer2_.Enabled = false; };
 }
 
-Answer MessageDialogs::ask(const std::string& text) {
+Answer MessageDialogs::ask(const std::string& text, const std::string& caption) {
+  Form11.Caption = caption;
   Form11.AlertAnswer = Answer::None;
   Form11.Label1.Caption = text;
   Form11.Label2.Visible = false;
@@ -83,7 +84,9 @@ Answer MessageDialogs::ask(const std::string& text) {
   return Form11.AlertAnswer;
 }
 
-bool MessageDialogs::AskRetry(const std::string& text) { return ask(text) == Answer::Yes; }
+bool MessageDialogs::AskRetry(const std::string& text, const std::string& caption) {
+  return ask(text, caption) == Answer::Yes;
+}
 
 void MessageDialogs::alert(const std::string& text) {
   Form12.Label1.Caption = text + "\r";

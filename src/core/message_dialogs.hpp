@@ -65,9 +65,9 @@ class MessageDialogs {
   MessageDialogs(controls::MessageLoop& loop, controls::Timer& Timer2);
 
   /// The question `text`; true for Execute alone.
-  bool AskRetry(const std::string& text);
+  bool AskRetry(const std::string& text, const std::string& caption = "Alert !");
   /// The same with the answer told apart.
-  Answer ask(const std::string& text);
+  Answer ask(const std::string& text, const std::string& caption = "Alert !");
   /// Form12 with the text and a line break behind it.
   void alert(const std::string& text);
   /// Form13 with the text, closed by a click or by `Timer2`.

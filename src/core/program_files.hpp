@@ -15,7 +15,8 @@ inline constexpr std::string_view OpenHis = "\\OpenHis.Dat", MostUsed = "\\MostU
 inline constexpr std::string_view FolderSearchHis = "\\FolderSearchHis.Dat";
 inline constexpr std::string_view GetQF = "\\GetQF.Dat", GetFolders = "\\GetFolders.Dat";
 inline constexpr std::string_view TempUrl = "\\Temp.Url", PresetIni = "\\Preset.Ini", Log = "\\Varnholt.log",
-                                  Crash = "\\Crash.log", LeftOut = "\\LeftOut.txt", Readme = "\\Readme.txt";
+                                  Crash = "\\Crash.log", LeftOut = "\\LeftOut.txt", Readme = "\\Readme.txt",
+                                  HomePage = "\\HomePage.htm";
 inline constexpr std::string_view VDT_Projects = "\\VDT_Projects", Favorites = "\\Favorites";
 inline constexpr std::string_view Bookmarks = "\\Bookmarks", Collections = "\\Collections", Notes = "\\Notes";
 inline constexpr std::string_view Skins = "\\Skins", Tmp = "\\Tmp", SwapTmp = "\\SwapTmp";

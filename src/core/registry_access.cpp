@@ -20,6 +20,12 @@ platform::RegistryValue RegistryAccess::GetRegistryValue(platform::RegistryRoot 
   return *std::move(value);
 }
 
+std::string RegistryAccess::shellFolder(const std::string& name, const std::string& fallback) const {
+  return std::get<std::string>(GetRegistryValue(platform::RegistryRoot::CurrentUser,
+                                                "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
+                                                name, fallback));
+}
+
 bool RegistryAccess::CheckRegistryKey(platform::RegistryRoot root, const std::string& path) const {
   return registry_.keyExists(root, path);
 }

@@ -17,6 +17,8 @@ class RegistryAccess {
   platform::RegistryValue GetRegistryValue(platform::RegistryRoot root, const std::string& path,
                                            const std::string& name, platform::RegistryValue fallback) const;
   bool CheckRegistryKey(platform::RegistryRoot root, const std::string& path) const;
+  /// A folder of the user's profile by its name among the shell folders ("Cookies"), as it is written there.
+  std::string shellFolder(const std::string& name, const std::string& fallback) const;
   /// Writes a text or number into a key that exists.
   bool SetRegistryValue(platform::RegistryRoot root, const std::string& path, const std::string& name,
                         const platform::RegistryValue& value);

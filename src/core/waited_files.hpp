@@ -30,6 +30,9 @@ class WaitedFiles : public platform::FileSystem {
   bool sameEntry(const std::string& a, const std::string& b) const override {
     return waited([&] { return files_.sameEntry(a, b); });
   }
+  bool holdsPlaces(const std::string& folder) const override {
+    return waited([&] { return files_.holdsPlaces(folder); });
+  }
   platform::Result<std::string> resolve(const std::string& path) const override {
     return waited([&] { return files_.resolve(path); });
   }
@@ -42,6 +45,10 @@ class WaitedFiles : public platform::FileSystem {
   std::vector<std::uint64_t> fileSizes(const std::string& folder,
                                        const std::vector<std::string>& names) const override {
     return waited([&] { return files_.fileSizes(folder, names); });
+  }
+  platform::Result<std::vector<std::uint64_t>> sizes(const std::vector<std::string>& paths,
+                                                     const platform::Progress& progress) const override {
+    return waited([&] { return files_.sizes(paths, progress); });
   }
   platform::Result<platform::TreeSize> folderSize(const std::string& folder,
                                                   const platform::Progress& progress) const override {

@@ -8,11 +8,9 @@ namespace varnholt::fileops {
 namespace paths = platform::paths;
 
 std::optional<std::string> Desktop::folder() const {
-  const auto value = desk_.program.registry.GetRegistryValue(
-      platform::RegistryRoot::CurrentUser, "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
-      "Desktop", desk_.program.platform.environment.desktopFolder());
-  const auto* folder = std::get_if<std::string>(&value);
-  if (folder && !folder->empty() && desk_.files().folderExists(*folder)) return paths::withClosing(*folder);
+  const std::string folder =
+      desk_.program.registry.shellFolder("Desktop", desk_.program.platform.environment.desktopFolder());
+  if (!folder.empty() && desk_.files().folderExists(folder)) return paths::withClosing(folder);
   desk_.program.dialogs.inform(".. \\Desktop Folder Do Not Exist !");
   return {};
 }

@@ -26,6 +26,7 @@ constexpr auto HeadingNames = std::to_array<HeadingName>({
     {"Options", "OptionsMenu"},
     {"Help", "HelpMenu"},
     {"Options/List Colors", "ColorMenu"},
+    {"Tools/Clean Windows Items", "Cleanwindows"},
 });
 
 /// The navigation buttons of both panels.

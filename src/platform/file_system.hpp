@@ -134,6 +134,9 @@ class FileSystem {
   virtual bool folderExists(const std::string& path) const = 0;
   /// True when both paths lead to one entry (device and inode), however they are spelled.
   virtual bool sameEntry(const std::string& a, const std::string& b) const = 0;
+  /// True when the folder is, or has anywhere below, the folder of a drive or the user's home, by whatever drive
+  /// letters and links it is named; also when that cannot be told.
+  virtual bool holdsPlaces(const std::string& folder) const = 0;
   /// A typed or remembered path as the disk spells it: part by part, exactly first, else the first entry equal when
   /// lowered; a trailing point is ignored where no exact entry exists. NotFound when a part has no match.
   virtual Result<std::string> resolve(const std::string& path) const = 0;
@@ -146,6 +149,11 @@ class FileSystem {
                                                const std::vector<std::string>& names) const = 0;
   /// Bytes and counts below a folder. NotFound, NotAFolder, Stopped; folders that cannot be read make it inexact.
   virtual Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const = 0;
+  /// Bytes of each of these files and folders, a folder's as folderSize() tells them, but that a file of several names
+  /// (hard links) counts once, for the first of these paths that leads to it. 0 for what is gone or cannot be read.
+  /// `progress` is told how many of the paths are done, on any thread, by one at a time. Stopped.
+  virtual Result<std::vector<std::uint64_t>> sizes(const std::vector<std::string>& paths,
+                                                   const Progress& progress = {}) const = 0;
   /// The files whose names a test takes, in a folder and so many levels of folders (1: itself alone), level by level
   /// and in the order of listings within each. Links are files unless they lead to a folder, and are not entered;
   /// neither are mounted volumes. Folders that cannot be read hold nothing. Stopped, it gives what was found until

@@ -19,12 +19,17 @@ class ForwardingFileSystem : public FileSystem {
   bool fileExists(const std::string& path) const override { return base_.fileExists(path); }
   bool folderExists(const std::string& path) const override { return base_.folderExists(path); }
   bool sameEntry(const std::string& a, const std::string& b) const override { return base_.sameEntry(a, b); }
+  bool holdsPlaces(const std::string& folder) const override { return base_.holdsPlaces(folder); }
   Result<std::string> resolve(const std::string& path) const override { return base_.resolve(path); }
   Result<Attributes> attributes(const std::string& path) const override { return base_.attributes(path); }
   Result<std::uint64_t> fileSize(const std::string& path) const override { return base_.fileSize(path); }
   std::vector<std::uint64_t> fileSizes(const std::string& folder,
                                        const std::vector<std::string>& names) const override {
     return base_.fileSizes(folder, names);
+  }
+  Result<std::vector<std::uint64_t>> sizes(const std::vector<std::string>& paths,
+                                           const Progress& progress) const override {
+    return base_.sizes(paths, progress);
   }
   Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override {
     return base_.folderSize(folder, progress);

@@ -30,6 +30,9 @@ class Shell {
   virtual Result<std::int64_t> start(const std::string& command, const std::string& folder = {}) = 0;
   /// Blocks until the process ends; gives its exit code. Call through MessageLoop::runBlocking.
   virtual Result<int> wait(std::int64_t process) = 0;
+  /// ExitWindowsEx with its logoff flag: ends the desktop session in its orderly way. NotFound where no session
+  /// answers. Call through MessageLoop::ask.
+  virtual Result<void> logOff() = 0;
 };
 
 }  // namespace varnholt::platform

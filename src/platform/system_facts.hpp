@@ -5,12 +5,11 @@
 
 namespace varnholt::platform {
 
-/// GlobalMemoryStatus: bytes, each capped at 4,294,967,295 as its 32-bit fields are.
+/// GlobalMemoryStatus, what the program shows of it: bytes of the machine's memory, or of what a container may have of
+/// it. All are 0 where the system does not tell.
 struct MemoryStatus {
-  std::uint32_t loadPercent = 0;
+  std::uint32_t loadPercent = 0;  ///< used of total
   std::uint64_t totalPhysical = 0, availablePhysical = 0;
-  std::uint64_t totalPageFile = 0, availablePageFile = 0;
-  std::uint64_t totalVirtual = 0, availableVirtual = 0;
 };
 
 struct SystemVersion {

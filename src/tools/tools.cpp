@@ -1,13 +1,25 @@
 #include "tools/tools.hpp"
 
 #include "core/diagnostic_log.hpp"
-#include "core/program_files.hpp"
 #include "core/system_tools.hpp"
-#include "platform/paths.hpp"
 
 namespace varnholt::tools {
 
-Tools::Tools(panels::Desk& desk) : form8(desk.program.loop, core::programVersion()), desk_(desk) {}
+Tools::Tools(panels::Desk& desk, const panels::Icons& icons)
+    : desk_(desk),
+      form8(desk.program.loop, core::programVersion()),
+      Form17(desk),
+      Form31(desk),
+      Form39(desk),
+      Form45(desk, icons),
+      shortcuts(desk),
+      report(desk),
+      cleanWindows(desk) {
+  desk.form.events.VDT_Aktive.listen([this](bool active) {
+    for (const char* entry : {"DiskGraH", "DrivetestAll"})
+      desk_.form.Menu[entry].Enabled = !active;
+  });
+}
 
 void Tools::addCommands(panels::CommandTable& table) {
   table.add({
@@ -16,13 +28,20 @@ void Tools::addCommands(panels::CommandTable& table) {
        .icon = "command-prompt",
        .heading = "Tools",
        .menuText = "Command &Prompt",
-       .run = [this] { Dos_Click(); }},
+       .run = [this] { shortcuts.Dos_Click(); }},
+      {.handler = "CommaFile_Click",
+       .toolTip = "Write the selected items into a comma separated file",
+       .icon = "report",
+       .heading = "Select",
+       .menuText = "Selection > Comma File [ *.Csv  Excel ]",
+       .newGroup = true,
+       .run = [this] { report.CommaFile_Click(); }},
       {.handler = "Readme_Click",
        .toolTip = "Open the file Readme.txt",
        .icon = "info",
        .heading = "Help",
        .menuText = "Read me..",
-       .run = [this] { Readme_Click(); }},
+       .run = [this] { shortcuts.Readme_Click(); }},
       {.handler = "About_program_Click",
        .toolTip = "Version of the program",
        .icon = "about",
@@ -31,30 +50,155 @@ void Tools::addCommands(panels::CommandTable& table) {
        .newGroup = true,
        .run = [this] { form8.ShowModal(); }},
   });
+  addDiskCommands(table);
+  addNetworkCommands(table);
+  addSystemCommands(table);
 }
 
-// A system without its command prompt has none to offer.
+void Tools::addDiskCommands(panels::CommandTable& table) {
+  table.add({
+      {.handler = "DiskInfo_Click",
+       .toolTip = "Space of the active panel's drive, and the memory",
+       .icon = "disk-info",
+       .heading = "Tools/Drives and Memory",
+       .menuText = "Quick Disk/Memory Information",
+       .number = 29,
+       .run = [this] { Form17.DiskInfo_Click(); }},
+      {.handler = "DiskGraH_Click",
+       .toolTip = "How large each of the selected items is, as a chart and as a list",
+       .icon = "usage",
+       .heading = "Tools/Drives and Memory",
+       .menuText = "Disk Usage In Graphics (Selected Items)",
+       .run = [this] { Form45.DiskGraH_Click(); }},
+      {.handler = "DrivetestAll_Click",
+       .toolTip = "Which drives are ready, and how much is free on each",
+       .icon = "drive-fixed",
+       .heading = "Tools/Drives and Memory",
+       .menuText = "Test Your Drives For Ready Condition !",
+       .newGroup = true,
+       .run = [this] { Form17.DrivetestAll_Click(); }},
+      {.handler = "Memory_fast_Click",
+       .toolTip = "How much of the memory is used",
+       .icon = "disk-info",
+       .heading = "Tools/Drives and Memory",
+       .menuText = "Memory",
+       .run = [this] { Form17.DiskInfo_Click(); }},
+      {.handler = "attackdrive_Click",
+       .toolTip = "Connect a network drive",
+       .icon = "drive-network",
+       .heading = "Tools/Drives and Memory",
+       .menuText = "Map Drive",
+       .newGroup = true,
+       .run = [this] { shortcuts.attackdrive_Click(); }},
+      {.handler = "Detachdrive_Click",
+       .toolTip = "Disconnect a network drive",
+       .icon = "drive-network",
+       .heading = "Tools/Drives and Memory",
+       .menuText = "Disconnect Drive",
+       .run = [this] { shortcuts.Detachdrive_Click(); }},
+  });
+}
+
+void Tools::addNetworkCommands(panels::CommandTable& table) {
+  table.add({
+      {.handler = "NetOp_Click",
+       .toolTip = "Network parameters as the program's registry keeps them",
+       .icon = "network",
+       .heading = "Tools/Network",
+       .menuText = "Optimize Networking (XP/Vista)",
+       .number = 28,
+       .run = [this] { Form31.NetOp_Click(); }},
+      {.handler = "PingI_Click",
+       .toolTip = "Ask another machine for answers",
+       .icon = "ping",
+       .heading = "Tools/Network",
+       .menuText = "&Ping Address...",
+       .newGroup = true,
+       .run = [this] { Form39.PingI_Click(); }},
+      {.handler = "IPconfig_Click",
+       .toolTip = "The network addresses of this machine",
+       .icon = "network",
+       .heading = "Tools/Network",
+       .menuText = "IP Config Status",
+       .run = [this] { shortcuts.IPconfig_Click(); }},
+      {.handler = "IPconfignew_Click",
+       .toolTip = "Ask the network for new addresses",
+       .icon = "refresh",
+       .heading = "Tools/Network",
+       .menuText = "IP Config Renew",
+       .run = [this] { shortcuts.IPconfignew_Click(); }},
+  });
+}
+
+void Tools::addSystemCommands(panels::CommandTable& table) {
+  table.add({
+      {.handler = "winexpl_Click",
+       .toolTip = "Show the active panel's folder in the desktop's file manager",
+       .icon = "folder",
+       .heading = "Tools/System",
+       .menuText = "Windows Explorer (View Active Panel)",
+       .run = [this] { shortcuts.winexpl_Click(); }},
+      {.handler = "winexplBoth_Click",
+       .toolTip = "Show the folders of both panels in the desktop's file manager",
+       .icon = "folder",
+       .heading = "Tools/System",
+       .menuText = "Windows Explorer (View Both Panels)",
+       .run = [this] { shortcuts.winexplBoth_Click(); }},
+      {.handler = "regedit_Click",
+       .toolTip = "Look at the program's registry",
+       .icon = "settings",
+       .heading = "Tools/System",
+       .menuText = "Registry Editor",
+       .newGroup = true,
+       .run = [this] { shortcuts.regedit_Click(); }},
+      {.handler = "OutlookExpress_Click",
+       .toolTip = "Start the desktop's mail program",
+       .icon = "run",
+       .heading = "Tools/System",
+       .menuText = "Mail - Outlook Express",
+       .newGroup = true,
+       .run = [this] { shortcuts.OutlookExpress_Click(); }},
+      {.handler = "InternetB_Click",
+       .toolTip = "Open the program's home page in the desktop's browser",
+       .icon = "home",
+       .heading = "Tools/System",
+       .menuText = "Internet Explorer (IE)",
+       .run = [this] { shortcuts.InternetB_Click(); }},
+      {.handler = "WinShutDown_Click",
+       .toolTip = "End the desktop session",
+       .icon = "exit",
+       .heading = "Tools/System",
+       .menuText = "Windows Logoff",
+       .newGroup = true,
+       .run = [this] { shortcuts.WinShutDown_Click(); }},
+      {.handler = "CleanPrefetch_Click",
+       .toolTip = "Empty the folder Prefetch of the Windows folder",
+       .icon = "clean-windows",
+       .heading = "Tools/Clean Windows Items",
+       .menuText = "Clean Prefetch Folder",
+       .run = [this] { cleanWindows.CleanPrefetch_Click(); }},
+      {.handler = "DelCookies_Click",
+       .toolTip = "Delete the files of the cookies folder",
+       .icon = "clean-windows",
+       .heading = "Tools/Clean Windows Items",
+       .menuText = "Delete Cookies",
+       .run = [this] { cleanWindows.DelCookies_Click(); }},
+      {.handler = "DelRecent_Click",
+       .toolTip = "Delete the files of the recent files folder",
+       .icon = "clean-windows",
+       .heading = "Tools/Clean Windows Items",
+       .menuText = "Delete Recent Files",
+       .run = [this] { cleanWindows.DelRecent_Click(); }},
+  });
+}
+
 void Tools::load() {
-  const std::string prompt =
-      platform::paths::join(platform::paths::join(desk_.program.folders.windir, "system32"), "cmd.exe");
-  if (!desk_.files().resolve(prompt)) desk_.form.Menu["Dos"].Enabled = false;
-}
-
-void Tools::Dos_Click() {
-  auto& program = desk_.program;
-  desk_.form.setMode("DosMode");
-  std::string prompt = core::systemTool(program, "system32\\cmd.exe");
-  if (prompt.empty()) prompt = core::systemTool(program, "command.com");
-  if (prompt.empty()) {
-    program.dialogs.alert("Cmd.exe or Command.com Not found");
-    return;
-  }
-  const panels::Panel* active = desk_.form.activePanel();
-  core::startTool(program, platform::quoteArgument(prompt), active ? active->path() : std::string());
-}
-
-void Tools::Readme_Click() {
-  core::openInNotepad(desk_.program, core::program_file::path(desk_.program.platform, core::program_file::Readme));
+  auto& menu = desk_.form.Menu;
+  // A system without its command prompt has none to offer.
+  if (core::systemTool(desk_.program, "system32\\cmd.exe").empty()) menu["Dos"].Enabled = false;
+  const auto version = desk_.program.platform.system.version();
+  for (const char* entry : {"Cleanwindows", "NetOp"})
+    menu[entry].Enabled = version.major > 5 && version.major < 7;
 }
 
 }  // namespace varnholt::tools

@@ -1,28 +1,45 @@
 #pragma once
 
-#include "panels/desk.hpp"
 #include "panels/room.hpp"
 #include "tools/about.hpp"
+#include "tools/clean_windows.hpp"
+#include "tools/disk_graphics.hpp"
+#include "tools/disk_info.hpp"
+#include "tools/networking_dialog.hpp"
+#include "tools/ping_dialog.hpp"
+#include "tools/selection_report.hpp"
+#include "tools/shortcuts.hpp"
 
 namespace varnholt::tools {
 
-/// Small commands that hand over to the system's own tools, each of which is tested for before it is started, and what
-/// the program tells of itself.
+/// Drives, memory and sizes at a glance, commands that hand over to the system's own tools, and what the program tells
+/// of itself.
 class Tools : public panels::Room {
  public:
-  explicit Tools(panels::Desk& desk);
+  Tools(panels::Desk& desk, const panels::Icons& icons);
+  Tools(const Tools&) = delete;
+  Tools& operator=(const Tools&) = delete;
+
   void addCommands(panels::CommandTable& table) override;
-  std::vector<controls::Form*> dialogs() override { return {&form8}; }
+  std::vector<controls::Form*> dialogs() override { return {&form8, &Form17, &Form31, &Form39, &Form45}; }
   void load() override;
 
-  tools::form8 form8;
-
  private:
-  /// A command prompt in the active panel's folder.
-  void Dos_Click();
-  void Readme_Click();
+  void addDiskCommands(panels::CommandTable& table);
+  void addNetworkCommands(panels::CommandTable& table);
+  void addSystemCommands(panels::CommandTable& table);
 
   panels::Desk& desk_;
+
+ public:
+  tools::form8 form8;
+  tools::Form17 Form17;
+  tools::Form31 Form31;
+  tools::Form39 Form39;
+  tools::Form45 Form45;
+  Shortcuts shortcuts;
+  SelectionReport report;
+  CleanWindows cleanWindows;
 };
 
 }  // namespace varnholt::tools

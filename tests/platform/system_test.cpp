@@ -74,22 +74,21 @@ TEST(Clock, AnswersForAnyMoment) {
 
 constexpr std::uint64_t cap = 4'294'967'295;
 
-TEST(Memory, IsReadFromTheKernelsLinesAndCappedAsThe32BitFieldsAre) {
-  // The text; total, available, load in percent, and page file.
-  using Case = std::tuple<const char*, std::uint64_t, std::uint64_t, std::uint64_t, std::uint64_t>;
-  for (const auto& [text, total, available, load, pageFile] :
-       {Case{"MemTotal:        2000000 kB\nMemFree:          100000 kB\nMemAvailable:     500000 kB\n"
-             "SwapCached:           12 kB\nSwapTotal:       1000000 kB\nSwapFree:         900000 kB\n",
-             2'048'000'000, 512'000'000, 75, 3'072'000'000},
-        Case{"MemTotal: 65900000 kB\nMemAvailable: 33000000 kB\nSwapTotal: 0 kB\n", cap, cap, 49, cap},
-        Case{"MemTotal: 100 kB\nMemFree: 40 kB", 102'400, 40'960, 60, 102'400}, Case{"", 0, 0, 0, 0},
-        Case{"MemTotal", 0, 0, 0, 0}, Case{"MemTotal: x kB\n", 0, 0, 0, 0}, Case{"MemTotalX: 5 kB\n", 0, 0, 0, 0}}) {
-    const MemoryStatus status = parseMemInfo(text);
-    EXPECT_EQ(Case(text, status.totalPhysical, status.availablePhysical, status.loadPercent, status.totalPageFile),
-              Case(text, total, available, load, pageFile));
+TEST(Memory, IsTheMachinesOrWhatItsGroupMayHave) {
+  using Case = std::tuple<std::string, MemoryGroup, std::uint64_t, std::uint64_t, std::uint32_t>;
+  const std::string machine = "MemTotal: 8388608 kB\nMemFree: 1 kB\nMemAvailable: 2097152 kB\n";
+  for (const auto& [text, group, total, available, load] :
+       {Case{machine, {}, 8ull << 30, 2ull << 30, 75}, Case{machine, {"max\n", "5", ""}, 8ull << 30, 2ull << 30, 75},
+        Case{machine, {"1000\n", "700\n", "file 300\ninactive_file 200\n"}, 1000, 500, 50},
+        Case{machine, {"1000", "2000", ""}, 1000, 0, 100},
+        Case{"MemTotal: 100 kB\nMemFree: 40 kB", {}, 102'400, 40'960, 60}, Case{"", {}, 0, 0, 0},
+        Case{"MemTotal", {}, 0, 0, 0}, Case{"MemTotal: x kB\n", {}, 0, 0, 0}, Case{"MemTotalX: 5 kB\n", {}, 0, 0, 0},
+        Case{"MemTotal: 0 kB\nMemFree: 9 kB", {}, 0, 0, 0}}) {
+    const MemoryStatus status = parseMemInfo(text, group);
+    EXPECT_EQ(std::tuple(status.totalPhysical, status.availablePhysical, status.loadPercent),
+              std::tuple(total, available, load))
+        << text << group.most;
   }
-  EXPECT_EQ(parseMemInfo("MemTotal: 18446744073709551615 kB").totalPhysical, cap);
-  EXPECT_EQ(parseMemInfo("MemTotal: 0 kB\nMemFree: 9 kB").loadPercent, 0u);
 }
 
 TEST(Regional, TellsTwelveHourTimesByTheirEnd) {

@@ -7,6 +7,7 @@
 #include "support/testing.hpp"
 
 #include <ctime>
+#include <map>
 
 namespace varnholt::test {
 
@@ -48,6 +49,8 @@ class RemovableDrives : public platform::Drives {
   std::string renamed;
   /// What all drives give as their file system; empty: their own.
   std::string fileSystem;
+  /// How much is free, by letter; the others tell their own.
+  std::map<char, std::uint64_t> freeBytes;
 
   std::vector<char> letters() const override {
     auto all = real_.letters();
@@ -60,6 +63,7 @@ class RemovableDrives : public platform::Drives {
     auto info = real_.info(letter);
     if (info && !name_.empty()) info->label = name_;
     if (info && !fileSystem.empty()) info->fileSystem = fileSystem;
+    if (info && freeBytes.contains(letter)) info->freeBytes = freeBytes.at(letter);
     return info;
   }
   void refresh() override {
@@ -88,6 +92,10 @@ class RecordingShell : public platform::Shell {
     return 1;
   }
   platform::Result<int> wait(std::int64_t) override { return 0; }
+  platform::Result<void> logOff() override {
+    started.emplace_back("log off", "");
+    return {};
+  }
 };
 
 /// A file system with a switch a trouble, over a real one. Paths and codes are those that the real trouble gives.

@@ -24,6 +24,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <memory>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -74,6 +75,24 @@ bool PosixFileSystem::sameEntry(const std::string& a, const std::string& b) cons
          one.st_dev == two.st_dev && one.st_ino == two.st_ino;
 }
 
+bool PosixFileSystem::holdsPlaces(const std::string& folder) const {
+  const auto real = [](const std::string& path) {
+    const std::unique_ptr<char, decltype(&::free)> text(::realpath(path.c_str(), nullptr), ::free);
+    return text ? std::string(text.get()) : std::string();
+  };
+  const auto system = map_.toSystem(folder);
+  const std::string outer = system ? real(*system) : std::string();
+  if (outer.empty()) return true;
+  std::vector<std::string> places;
+  for (const DriveMapping& drive : map_.drives())
+    if (!drive.hidden) places.push_back(drive.folder);
+  if (const char* home = std::getenv("HOME")) places.emplace_back(home);
+  return std::ranges::any_of(places, [&](const std::string& place) {
+    const std::string inner = real(place);
+    return inner == outer || outer == "/" || inner.starts_with(outer + '/');
+  });
+}
+
 Result<std::string> PosixFileSystem::resolve(const std::string& path) const { return resolvePath(map_, path); }
 
 Result<Attributes> PosixFileSystem::attributes(const std::string& path) const {
@@ -94,6 +113,15 @@ std::vector<std::uint64_t> PosixFileSystem::fileSizes(const std::string& folder,
                                                       const std::vector<std::string>& names) const {
   const auto system = map_.toSystem(folder);
   return system ? sizesOf(*system, names) : std::vector<std::uint64_t>(names.size());
+}
+
+Result<std::vector<std::uint64_t>> PosixFileSystem::sizes(const std::vector<std::string>& paths,
+                                                          const Progress& progress) const {
+  std::vector<std::string> system;
+  system.reserve(paths.size());
+  for (const std::string& path : paths)
+    system.push_back(map_.toSystem(path).valueOr({}));
+  return measureAll(system, progress);
 }
 
 Result<TreeSize> PosixFileSystem::folderSize(const std::string& folder, const Progress& progress) const {

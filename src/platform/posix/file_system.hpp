@@ -17,10 +17,13 @@ class PosixFileSystem final : public FileSystem {
   bool fileExists(const std::string& path) const override;
   bool folderExists(const std::string& path) const override;
   bool sameEntry(const std::string& a, const std::string& b) const override;
+  bool holdsPlaces(const std::string& folder) const override;
   Result<std::string> resolve(const std::string& path) const override;
   Result<Attributes> attributes(const std::string& path) const override;
   Result<std::uint64_t> fileSize(const std::string& path) const override;
   std::vector<std::uint64_t> fileSizes(const std::string& folder, const std::vector<std::string>& names) const override;
+  Result<std::vector<std::uint64_t>> sizes(const std::vector<std::string>& paths,
+                                           const Progress& progress) const override;
   Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override;
   Result<std::vector<FoundFile>> findFiles(const std::string& folder, unsigned levels, const NameTest& takes,
                                            const SearchProgress& progress) const override;

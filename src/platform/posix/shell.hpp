@@ -27,6 +27,7 @@ class PosixShell : public Shell {
 
   Result<std::int64_t> start(const std::string& command, const std::string& folder = {}) override;
   Result<int> wait(std::int64_t process) override;
+  Result<void> logOff() override;
 
   /// Program and arguments of a command, translated; empty for a command without words.
   std::vector<std::string> arguments(const std::string& command) const;

@@ -10,8 +10,6 @@
 namespace varnholt::platform::posix {
 namespace {
 
-constexpr std::uint64_t cap = 4'294'967'295;
-
 /// Bytes of the line `name`, which the kernel writes in kB of 1024 bytes.
 std::optional<std::uint64_t> bytesOf(std::string_view text, std::string_view name) {
   while (!text.empty()) {
@@ -22,30 +20,64 @@ std::optional<std::uint64_t> bytesOf(std::string_view text, std::string_view nam
     line.remove_prefix(std::min(line.find_first_not_of(" \t", name.size() + 1), line.size()));
     std::uint64_t kilobytes = 0;
     if (std::from_chars(line.data(), line.data() + line.size(), kilobytes).ec != std::errc()) return {};
-    return kilobytes > std::numeric_limits<std::uint64_t>::max() / 1024 ? cap : kilobytes * 1024;
+    return kilobytes > std::numeric_limits<std::uint64_t>::max() / 1024 ? std::numeric_limits<std::uint64_t>::max()
+                                                                        : kilobytes * 1024;
   }
   return {};
 }
 
+std::optional<std::uint64_t> numberOf(std::string_view text) {
+  std::uint64_t number = 0;
+  if (std::from_chars(text.data(), text.data() + text.size(), number).ec != std::errc()) return {};
+  return number;
+}
+
+/// The number behind a name and a blank.
+std::uint64_t factOf(std::string_view facts, std::string_view name) {
+  const auto at = facts.find(name);
+  return at == std::string_view::npos ? 0 : numberOf(facts.substr(at + name.size())).value_or(0);
+}
+
+/// The group that holds this process and has the least limit, it or one above it.
+MemoryGroup ownGroup() {
+  MemoryGroup least;
+  const std::string table = readSystemFile("/proc/self/cgroup");
+  const auto at = table.find("0::");
+  if (at == std::string::npos) return least;
+  std::string group = table.substr(at + 3, table.find('\n', at) - at - 3);
+  for (bool last = false; !last; group.resize(std::min(group.rfind('/'), group.size()))) {
+    last = group.size() <= 1;
+    const std::string folder = "/sys/fs/cgroup" + (last ? std::string() : group) + "/memory.";
+    const auto read = [&](const char* name) { return readSystemFile((folder + name).c_str()); };
+    MemoryGroup found{read("max"), read("current"), read("stat")};
+    const auto most = numberOf(found.most);
+    if (most && *most < numberOf(least.most).value_or(std::numeric_limits<std::uint64_t>::max()))
+      least = std::move(found);
+  }
+  return least;
+}
+
 }  // namespace
 
-MemoryStatus parseMemInfo(std::string_view text) {
-  const std::uint64_t total = bytesOf(text, "MemTotal").value_or(0);
+MemoryStatus parseMemInfo(std::string_view text, const MemoryGroup& group) {
+  std::uint64_t total = bytesOf(text, "MemTotal").value_or(0);
   const auto told = bytesOf(text, "MemAvailable");
-  const std::uint64_t available = std::min(total, told ? *told : bytesOf(text, "MemFree").value_or(0));
-  const std::uint64_t swap = bytesOf(text, "SwapTotal").value_or(0);
-  const std::uint64_t freeSwap = std::min(swap, bytesOf(text, "SwapFree").value_or(0));
+  std::uint64_t available = std::min(total, told ? *told : bytesOf(text, "MemFree").value_or(0));
+  if (const auto most = numberOf(group.most); most && *most < total) {
+    total = *most;
+    const std::uint64_t held = numberOf(group.held).value_or(0);
+    const std::uint64_t kept = std::min(held, factOf(group.facts, "inactive_file "));
+    available = std::min(available, total - std::min(total, held - kept));
+  }
   MemoryStatus status;
-  status.loadPercent = total ? static_cast<std::uint32_t>(100.0 * (total - available) / total) : 0;
-  status.totalPhysical = std::min(total, cap);
-  status.availablePhysical = std::min(available, cap);
-  status.totalPageFile = std::min(total + swap, cap);
-  status.availablePageFile = std::min(available + freeSwap, cap);
-  // A 64-bit process has far more addresses than the field can tell.
-  status.totalVirtual = status.availableVirtual = cap;
+  status.loadPercent =
+      total ? static_cast<std::uint32_t>(100.0 * static_cast<double>(total - available) / static_cast<double>(total))
+            : 0;
+  status.totalPhysical = total;
+  status.availablePhysical = available;
   return status;
 }
 
-MemoryStatus ProcSystemFacts::memory() const { return parseMemInfo(readSystemFile("/proc/meminfo")); }
+MemoryStatus ProcSystemFacts::memory() const { return parseMemInfo(readSystemFile("/proc/meminfo"), ownGroup()); }
 
 }  // namespace varnholt::platform::posix

@@ -2,14 +2,21 @@
 
 #include "platform/system_facts.hpp"
 
+#include <string>
 #include <string_view>
 
 namespace varnholt::platform::posix {
 
-/// Memory from the text of /proc/meminfo (proc(5)), each number capped at 4,294,967,295. The page file is physical
-/// memory and swap together, as the original operation counts it. A kernel that does not tell what is available
-/// (MemAvailable) is answered with what is free; a missing line counts as 0.
-MemoryStatus parseMemInfo(std::string_view text);
+/// What a control group may have and holds of the machine's memory, as text of the files memory.max, memory.current and
+/// memory.stat (cgroup v2). "max" is no limit.
+struct MemoryGroup {
+  std::string most, held, facts;
+};
+
+/// Memory from the text of /proc/meminfo (proc(5)). A kernel that does not tell what is available (MemAvailable) is
+/// answered with what is free; a missing line counts as 0. A group with a limit below the machine's memory has that as
+/// its total; what it only keeps of files read is available.
+MemoryStatus parseMemInfo(std::string_view text, const MemoryGroup& group = {});
 
 /// Facts of the running system.
 class ProcSystemFacts : public SystemFacts {
