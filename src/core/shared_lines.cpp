@@ -41,7 +41,7 @@ Lines merged(const Lines& known, const Lines& there, const Lines& ours, const Sh
 Lines SharedLines::load(const Program& program) {
   KeptFiles kept(program);
   const std::string file = program_file::path(program.platform, literal_);
-  known_ = kept.readLines(file);
+  known_ = splitEntries(kept.read(file));
   (void)kept.setAside(file);
   return known_;
 }
@@ -53,12 +53,12 @@ platform::Result<void> SharedLines::store(const Program& program, const Lines& l
   platform::Result<void> written;
   program.platform.alone([&] {
     const KeyOf folded = [](std::string_view line) { return platform::foldCase(line); };
-    const FileLines there = readWholeLines(files, file);
+    const FileText there = readText(files, file);
     if (!there.whole) {
       written = platform::Error{platform::ErrorCode::Damaged, file, "the file cannot be read to its end"};
       return;
     }
-    Lines all = merged(known_, there.lines, lines, keyOf ? keyOf : folded);
+    Lines all = merged(known_, splitEntries(there.bytes), lines, keyOf ? keyOf : folded);
     if (all.size() > limit) all.erase(all.begin(), all.end() - static_cast<std::ptrdiff_t>(limit));
     written = writeLines(files, file, all);
   });

@@ -85,13 +85,8 @@ FileText readText(const platform::FileSystem& files, const std::string& path) {
   return {std::move(beginning), false};
 }
 
-FileLines readWholeLines(const platform::FileSystem& files, const std::string& path) {
-  const FileText text = readText(files, path);
-  return {splitEntries(text.bytes), text.whole && !endsWithinLine(text.bytes)};
-}
-
 std::vector<std::string> readLines(const platform::FileSystem& files, const std::string& path) {
-  return readWholeLines(files, path).lines;
+  return splitEntries(readText(files, path).bytes);
 }
 
 platform::Result<void> writeLines(platform::FileSystem& files, const std::string& path,

@@ -23,14 +23,7 @@ struct FileText {
 };
 FileText readText(const platform::FileSystem& files, const std::string& path);
 
-/// The same as lines without their ends; empty lines are left out. Not whole either is what was cut off within a line.
-struct FileLines {
-  std::vector<std::string> lines;
-  bool whole = true;
-};
-FileLines readWholeLines(const platform::FileSystem& files, const std::string& path);
-
-/// The lines alone, for files that can be made again.
+/// The lines without their ends; empty lines are left out.
 std::vector<std::string> readLines(const platform::FileSystem& files, const std::string& path);
 
 /// Replaces the file in one step.
