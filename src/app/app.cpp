@@ -53,7 +53,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       savedPlaces(desk),
       openedItems(desk),
       notes(desk),
-      vdt(desk),
+      vdt(desk, pictureView),
       search(desk),
       compare(desk, presets),
       cleanup(desk, fileops.desktop),
@@ -124,7 +124,11 @@ void App::drawButtons() {
     button->Enabled = true;
     button->ToolTipText = command.toolTip;
     button->Click = [this, handler = command.handler] { dispatcher.perform(handler); };
-    button->MouseUp = [this](const controls::MouseEvent&) { listing.FocusView(); };
+    // The Virtual DeskTop keeps the keyboard while its rows may be what the button deletes.
+    const bool deletes = command.handler == "Command4_Click";
+    button->MouseUp = [this, deletes](const controls::MouseEvent&) {
+      if (!deletes || !Form1.VDT_Aktive) listing.FocusView();
+    };
   }
 }
 

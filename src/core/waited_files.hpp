@@ -36,6 +36,9 @@ class WaitedFiles : public platform::FileSystem {
   platform::Result<std::string> resolve(const std::string& path) const override {
     return waited([&] { return files_.resolve(path); });
   }
+  std::vector<platform::Result<std::string>> resolveAll(const std::vector<std::string>& paths) const override {
+    return waited([&] { return files_.resolveAll(paths); });
+  }
   platform::Result<platform::Attributes> attributes(const std::string& path) const override {
     return waited([&] { return files_.attributes(path); });
   }

@@ -114,6 +114,7 @@ void ProgramState::collectFromMenus() {
   const bool grid = menu["GridLines"].Checked, shift = menu["ShiftColors"].Checked;
   init.MainViewState = grid && shift ? "3" : grid ? "2" : shift ? "1" : "0";
   init.Tip_State = flag(!menu["TipStart"].Checked);
+  init.VDT_State = flag(menu["VDTstartup"].Checked);
   init.WinStart = flag(menu["WinStart"].Checked);
   init.AutoPosition = flag(menu["Auto_Save"].Checked);
   init.GetColorState = flag(menu["ShiftColorOther"].Checked);

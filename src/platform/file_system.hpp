@@ -140,6 +140,13 @@ class FileSystem {
   /// A typed or remembered path as the disk spells it: part by part, exactly first, else the first entry equal when
   /// lowered; a trailing point is ignored where no exact entry exists. NotFound when a part has no match.
   virtual Result<std::string> resolve(const std::string& path) const = 0;
+  /// The same for many, in their order; quicker where folders have to be searched.
+  virtual std::vector<Result<std::string>> resolveAll(const std::vector<std::string>& paths) const {
+    std::vector<Result<std::string>> resolved;
+    for (const std::string& path : paths)
+      resolved.push_back(resolve(path));
+    return resolved;
+  }
   virtual Result<Attributes> attributes(const std::string& path) const = 0;
   /// Bytes of a file, of what a link leads to; 0 for a folder. The quick way where nothing else is asked.
   virtual Result<std::uint64_t> fileSize(const std::string& path) const = 0;

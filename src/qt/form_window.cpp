@@ -246,6 +246,8 @@ void FormWindow::keepKeyboard() {
 void FormWindow::hide() {
   const QScopedValueRollback reporting(updating_, true);
   widget_->hide();
+  // The place that the program gave holds for the next time, too.
+  if (placed_) noted_ = {};
 }
 
 bool FormWindow::hasPlace() const { return form_.Width > 0 && form_.Height > 0; }
@@ -262,7 +264,8 @@ void FormWindow::place(const QWidget* caller) {
   QRect wanted;
   // Dialogs stand on their caller each time anew, the other windows where they stood.
   const bool staysWhereItStood = widget_->windowType() == Qt::Window || widget_->windowType() == Qt::Tool;
-  if (staysWhereItStood ? hasPlace() : placedByProgram()) {
+  placed_ = placedByProgram();
+  if (staysWhereItStood ? hasPlace() : placed_) {
     wanted = wantedPlace();
   } else {
     updateLayout();

@@ -92,7 +92,8 @@ class FormWindow : public QObject, private Host {
   std::unique_ptr<MenuBar> menu_;
   std::vector<std::string> unjoined_;
   std::string skin_;
-  QRect noted_;  ///< the place that was last told to the form
+  QRect noted_;          ///< the place that was last told to the form
+  bool placed_ = false;  ///< stands where the program wanted it
   bool updating_ = false;
   /// What was put off ends with the window.
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);

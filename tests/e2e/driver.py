@@ -227,7 +227,10 @@ class Program:
         return left + 20, top + height // 2
 
     def click_row(self, number, text, times=1, *modifiers):
-        x, y = self.place_of_row(number, text)
+        self.click_at(*self.place_of_row(number, text), *modifiers, times=times)
+
+    @staticmethod
+    def click_at(x, y, *modifiers, times=1):
         keys = [word for key in modifiers for word in ("keydown", key)]
         ups = [word for key in modifiers for word in ("keyup", key)]
         clicks = ["click", "--repeat", str(times), "--delay", "60", "1"]
@@ -254,6 +257,14 @@ class Program:
         """Left, top, width and height on the screen."""
         box = node.get_extents(Atspi.CoordType.SCREEN)
         return box.x, box.y, box.width, box.height
+
+    def menu_entry(self, name):
+        """An entry of an open menu."""
+        return next((node for node in below(self.application()) if node.get_name() == name and shows(node)), None)
+
+    @staticmethod
+    def is_enabled(node):
+        return node.get_state_set().contains(Atspi.StateType.ENABLED)
 
     def command(self, name):
         """A button of the main window."""

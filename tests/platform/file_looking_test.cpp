@@ -138,12 +138,17 @@ TEST_F(Looking, HoweverItIsSpelled) {
 
 TEST_F(Looking, SpelledAsTheDiskHasIt) {
   temp.file("Photos/Sommer \xC3\x84/B.jpg").file("twin").file("TWIN").file("point.").file("back\\slash");
+  std::vector<std::string> asked, wanted;
   for (const auto text :
        test::Rows{"c:\\PHOTOS\\sommer \xC3\xA4\\b.JPG|C:\\Photos\\Sommer \xC3\x84\\B.jpg", "C:/photos/|C:\\Photos",
                   "C:\\twin|C:\\twin", "C:\\TWIN|C:\\TWIN", "C:\\Twin|C:\\TWIN", "C:\\point.|C:\\point.",
                   "C:\\photos.|C:\\Photos", "C:\\Photos\\..\\twin|C:\\twin", "C:\\..\\.\\twin|C:\\twin",
-                  "C:\\BACK\xEF\x81\x9CSLASH|C:\\back\xEF\x81\x9Cslash", "c:|C:\\"})
+                  "C:\\BACK\xEF\x81\x9CSLASH|C:\\back\xEF\x81\x9Cslash", "c:|C:\\"}) {
     EXPECT_EQ(temp.files.resolve(test::Row(text).first).valueOr("?"), test::Row(text).second);
+    asked.push_back(test::Row(text).first), wanted.push_back(test::Row(text).second);
+  }
+  for (std::size_t at = 0; auto& answer : temp.files.resolveAll(asked))
+    EXPECT_EQ(answer.valueOr("?"), wanted[at++]);
   EXPECT_EQ(codeOf(temp.files.resolve("C:\\photos\\none")), ErrorCode::NotFound);
   for (const char* path : {"C:photos", "nonsense", ""})
     EXPECT_EQ(codeOf(temp.files.resolve(path)), ErrorCode::InvalidPath) << path;

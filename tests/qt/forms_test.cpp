@@ -235,7 +235,8 @@ void tell(controls::Form& form, const std::string& name) {
 TEST_F(DrawnForms, ALongNameMakesNoQuestionWiderThanTheScreenAndTheNextShortOneIsSmallAgain) {
   const std::string longName(255, 'n');
   for (controls::Form* form : allForms()) {
-    if (form == &app.Form1 || form == &app.Form9 || form == &app.tools.form8) continue;
+    // The last one tells no names, and has its place and size from the main window.
+    if (form == &app.Form1 || form == &app.Form9 || form == &app.tools.form8 || form == &app.vdt.Form44) continue;
     const auto shown = [&](const std::string& name) {
       tell(*form, name);
       QWidget& window = draw(*form).widget();

@@ -93,7 +93,16 @@ bool PosixFileSystem::holdsPlaces(const std::string& folder) const {
   });
 }
 
-Result<std::string> PosixFileSystem::resolve(const std::string& path) const { return resolvePath(map_, path); }
+Result<std::string> PosixFileSystem::resolve(const std::string& path) const { return PathResolver(map_).resolve(path); }
+
+std::vector<Result<std::string>> PosixFileSystem::resolveAll(const std::vector<std::string>& paths) const {
+  PathResolver resolver(map_);
+  std::vector<Result<std::string>> resolved;
+  resolved.reserve(paths.size());
+  for (const std::string& path : paths)
+    resolved.push_back(resolver.resolve(path));
+  return resolved;
+}
 
 Result<Attributes> PosixFileSystem::attributes(const std::string& path) const {
   const auto facts = info(path);

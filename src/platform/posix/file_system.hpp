@@ -19,6 +19,7 @@ class PosixFileSystem final : public FileSystem {
   bool sameEntry(const std::string& a, const std::string& b) const override;
   bool holdsPlaces(const std::string& folder) const override;
   Result<std::string> resolve(const std::string& path) const override;
+  std::vector<Result<std::string>> resolveAll(const std::vector<std::string>& paths) const override;
   Result<Attributes> attributes(const std::string& path) const override;
   Result<std::uint64_t> fileSize(const std::string& path) const override;
   std::vector<std::uint64_t> fileSizes(const std::string& folder, const std::vector<std::string>& names) const override;

@@ -6,7 +6,6 @@
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
-#include <optional>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -34,36 +33,37 @@ bool exists(const std::string& path) {
   return ::lstat(path.c_str(), &facts) == 0;
 }
 
-/// The first name by bytes in the folder that is equal when lowered; system form.
-std::optional<std::string> nameEqualLowered(const std::string& folderPath, std::string_view programName) {
+}  // namespace
+
+// A lowered name leads to the first by bytes of those that have it.
+const PathResolver::Names& PathResolver::namesOf(const std::string& folderPath) {
+  const auto [known, isNew] = folders_.try_emplace(folderPath);
+  if (!isNew) return known->second;
   const UniqueFd folder(::open(folderPath.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  const std::string wanted = foldCase(programName);
-  std::optional<std::string> found;
   DirentBatch batch;
   while (folder && batch.read(folder.get()) > 0)
     batch.forEach([&](const char* name, unsigned char) {
-      if (foldCase(PathMap::nameToProgram(name)) == wanted && (!found || name < *found)) found = name;
+      std::string& first = known->second[foldCase(PathMap::nameToProgram(name))];
+      if (first.empty() || name < first) first = name;
       return true;
     });
-  return found;
+  return known->second;
 }
 
-/// The entry's name as the disk has it; system form.
-std::optional<std::string> matchPart(const std::string& folder, std::string_view part) {
+std::optional<std::string> PathResolver::matchPart(const std::string& folder, std::string_view part) {
   const std::string exact = PathMap::nameToSystem(part);
   if (exists(folder + "/" + exact)) return exact;
-  if (auto lowered = nameEqualLowered(folder, part)) return lowered;
+  const Names& names = namesOf(folder);
+  if (const auto lowered = names.find(foldCase(part)); lowered != names.end()) return lowered->second;
   const size_t end = part.find_last_not_of('.');
   if (end == std::string_view::npos || end + 1 == part.size()) return {};
   return matchPart(folder, part.substr(0, end + 1));
 }
 
-}  // namespace
-
-Result<std::string> resolvePath(const PathMap& map, const std::string& path) {
+Result<std::string> PathResolver::resolve(const std::string& path) {
   if (path.size() > 2 && path[2] != '\\' && path[2] != '/')
     return refusal(ErrorCode::InvalidPath, path, "no backslash after the drive");
-  auto at = map.toSystem(path.substr(0, 2));
+  auto at = map_.toSystem(path.substr(0, 2));
   if (!at) return at.error();
   if (path.find('\0') != std::string::npos) return refusal(ErrorCode::InvalidPath, path, "a NUL in the path");
   std::string resolved{static_cast<char>(path[0] & ~0x20), ':'};

@@ -1,0 +1,61 @@
+#include "vdt/projects.hpp"
+
+#include "core/program_files.hpp"
+#include "core/val_input_rule.hpp"
+#include "platform/paths.hpp"
+#include "platform/text_fold.hpp"
+
+namespace varnholt::vdt {
+namespace {
+
+namespace paths = platform::paths;
+
+constexpr const char* DefaultProject = "Default.Pro";
+constexpr std::string_view Extension = "pro";
+
+}  // namespace
+
+std::string Projects::folder() const {
+  return core::program_file::path(program_.platform, core::program_file::VDT_Projects);
+}
+
+std::string Projects::path(const std::string& name) const { return paths::join(folder(), name); }
+
+void Projects::makeFolder() {
+  if (!program_.files().folderExists(folder())) (void)program_.files().createFolder(folder());
+}
+
+std::vector<std::string> Projects::names() const {
+  std::vector<std::string> found;
+  const auto listing = program_.files().list(folder());
+  if (!listing) return found;
+  for (const platform::Entry& entry : (*listing)->files())
+    if (platform::foldCase(paths::extension(entry.name)) == Extension) found.emplace_back(entry.name);
+  return found;
+}
+
+// The settings may hold anything; a name leads to no other folder.
+const std::string& Projects::current() {
+  std::string& name = program_.init.VDTViewState;
+  if (name.empty() || core::firstRefusedCharacter(name)) name = DefaultProject;
+  return name;
+}
+
+platform::Result<void> Projects::VdtProjectSave() {
+  makeFolder();
+  std::vector<std::string> lines = list_.lines();
+  if (lines.empty()) lines.emplace_back();
+  return kept_.writeLines(path(current()), lines);
+}
+
+void Projects::VdtProjectLoad() {
+  const std::string file = path(current());
+  std::vector<Pointer> pointers;
+  for (const std::string& line : kept_.readLines(file))
+    if (auto pointer = pointerOf(line)) pointers.push_back(*std::move(pointer));
+  list_.take(std::move(pointers));
+  targets_.ask(true);
+  (void)kept_.setAside(file);
+}
+
+}  // namespace varnholt::vdt

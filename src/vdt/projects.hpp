@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/kept_files.hpp"
+#include "core/program.hpp"
+#include "vdt/pointer_list.hpp"
+#include "vdt/targets.hpp"
+
+#include <string>
+#include <vector>
+
+namespace varnholt::vdt {
+
+/// Named sets of pointers, a `.Pro` file each in `\VDT_Projects` of the program's folder. One is current: it fills the
+/// list, and the list is written back to it.
+class Projects {
+ public:
+  Projects(core::Program& program, PointerList& list, Targets& targets)
+      : program_(program), list_(list), targets_(targets), kept_(program) {}
+
+  std::string folder() const;
+  std::string path(const std::string& name) const;
+  /// Makes the folder when it is missing.
+  void makeFolder();
+  /// Names with ".Pro", as the folder lists them.
+  std::vector<std::string> names() const;
+
+  /// The file name of the current project.
+  const std::string& current();
+  void setCurrent(std::string name) { program_.init.VDTViewState = std::move(name); }
+
+  /// Writes the list to the current project.
+  platform::Result<void> VdtProjectSave();
+  /// Fills the list from the current project.
+  void VdtProjectLoad();
+
+ private:
+  core::Program& program_;
+  PointerList& list_;
+  Targets& targets_;
+  core::KeptFiles kept_;
+};
+
+}  // namespace varnholt::vdt
