@@ -50,7 +50,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       properties(desk, fileops.desktop),
       filters(desk),
       presets(desk),
-      savedPlaces(desk),
+      savedPlaces(desk, fileops.Form32, rename),
       openedItems(desk),
       notes(desk),
       vdt(desk),

@@ -34,7 +34,7 @@ class DrawnForms : public testing::Test {
                                        &app.Form35,         &app.rename.Form14};
     for (const auto& dialogs :
          {app.fileops.dialogs(), app.basket.dialogs(), app.properties.dialogs(), app.filters.dialogs(),
-          app.presets.dialogs(), app.compare.dialogs(), app.cleanup.dialogs()})
+          app.presets.dialogs(), app.savedPlaces.dialogs(), app.compare.dialogs(), app.cleanup.dialogs()})
       forms.insert(forms.end(), dialogs.begin(), dialogs.end());
     return forms;
   }
