@@ -32,9 +32,9 @@ class DrawnForms : public testing::Test {
     std::vector<controls::Form*> forms{&app.Form1,          &app.Form9,        &app.dialogs.Form11, &app.dialogs.Form12,
                                        &app.dialogs.Form13, &app.frmSplash,    &app.frmTip,         &app.tools.form8,
                                        &app.Form35,         &app.rename.Form14};
-    for (const auto& dialogs :
-         {app.fileops.dialogs(), app.basket.dialogs(), app.properties.dialogs(), app.filters.dialogs(),
-          app.presets.dialogs(), app.savedPlaces.dialogs(), app.compare.dialogs(), app.cleanup.dialogs()})
+    for (const auto& dialogs : {app.fileops.dialogs(), app.basket.dialogs(), app.properties.dialogs(),
+                                app.filters.dialogs(), app.presets.dialogs(), app.savedPlaces.dialogs(),
+                                app.notes.dialogs(), app.compare.dialogs(), app.cleanup.dialogs()})
       forms.insert(forms.end(), dialogs.begin(), dialogs.end());
     return forms;
   }
@@ -223,11 +223,12 @@ TEST_F(DrawnForms, NothingIsCutInLargerFonts) {
 }
 
 // Every text that may hold a name: labels of the questions, fields, lists to choose from. Labels of the rename dialog
-// show a shortened name, those of the dates show dates, those of the properties count, and those of the compare name
-// file systems.
+// show a shortened name, those of the dates show dates, those of the properties count, those of the compare name file
+// systems, and those of the notes their fields.
 void tell(controls::Form& form, const std::string& name) {
   const bool namesStandInLabels =
-      std::ranges::count(std::vector<std::string>{"Form14", "Form15", "Form18", "Form24", "Form30"}, form.name()) == 0;
+      std::ranges::count(std::vector<std::string>{"Form14", "Form15", "Form18", "Form24", "Form30", "Form46"},
+                         form.name()) == 0;
   for (controls::Control* control : form.controls()) {
     auto* label = dynamic_cast<controls::Label*>(control);
     if (label && namesStandInLabels) label->Caption = "Target FileName:     C:\\Photos\\" + name;
