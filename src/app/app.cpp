@@ -43,6 +43,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       panelCommands(desk, keys),
       NewSkin(program, looks),
       pictureView(desk, icons),
+      commandTree(desk),
       tools(desk),
       fileops(desk),
       basket(desk, fileops),

@@ -29,9 +29,9 @@ class DrawnForms : public testing::Test {
   }
 
   std::vector<controls::Form*> allForms() {
-    std::vector<controls::Form*> forms{&app.Form1,          &app.Form9,        &app.dialogs.Form11, &app.dialogs.Form12,
-                                       &app.dialogs.Form13, &app.frmSplash,    &app.frmTip,         &app.tools.form8,
-                                       &app.Form35,         &app.rename.Form14};
+    std::vector<controls::Form*> forms{
+        &app.Form1,  &app.Form9,       &app.dialogs.Form11, &app.dialogs.Form12, &app.dialogs.Form13,    &app.frmSplash,
+        &app.frmTip, &app.tools.form8, &app.Form35,         &app.rename.Form14,  &app.commandTree.Form22};
     for (const auto& dialogs : {app.fileops.dialogs(), app.basket.dialogs(), app.properties.dialogs(),
                                 app.filters.dialogs(), app.presets.dialogs(), app.savedPlaces.dialogs(),
                                 app.notes.dialogs(), app.compare.dialogs(), app.cleanup.dialogs()})
