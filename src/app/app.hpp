@@ -1,5 +1,6 @@
 #pragma once
 
+#include "appearance/command_tree.hpp"
 #include "appearance/picture_view.hpp"
 #include "appearance/skins.hpp"
 #include "basket/basket.hpp"
@@ -76,6 +77,7 @@ class App {
   panels::PanelCommands panelCommands;
   appearance::NewSkin NewSkin;
   appearance::PictureView pictureView;
+  appearance::CommandTree commandTree;
   tools::Tools tools;
   fileops::FileOps fileops;
   basket::Basket basket;
@@ -94,9 +96,10 @@ class App {
 
  private:
   /// In the order of their entries in the menus.
-  std::array<panels::Room*, 18> rooms() {
-    return {&NewSkin, &tools,       &panelCommands, &pictureView, &fileops, &basket, &rename,  &properties, &filters,
-            &presets, &savedPlaces, &openedItems,   &notes,       &vdt,     &search, &compare, &cleanup,    &zip};
+  std::array<panels::Room*, 19> rooms() {
+    return {&NewSkin, &tools,      &panelCommands, &pictureView, &commandTree, &fileops,     &basket,
+            &rename,  &properties, &filters,       &presets,     &savedPlaces, &openedItems, &notes,
+            &vdt,     &search,     &compare,       &cleanup,     &zip};
   }
   void addCommands();
   void drawButtons();

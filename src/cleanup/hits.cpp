@@ -26,9 +26,7 @@ std::string_view folderOf(std::string_view path) { return path.substr(0, path.rf
 }  // namespace
 
 std::vector<controls::ColumnHeader> hitColumns(std::string_view DateSystem) {
-  const char* const date = DateSystem == "3"   ? "Date Accessed:"
-                           : DateSystem == "2" ? "Date Created:"
-                                               : "Date Modified:";
+  const std::string date = core::dateColumnTitle(DateSystem);
   return {
       {"Path:", 4100, 0, false}, {"Name:", 1800, 0, false},    {".Ext", 1000, 0, false}, {"ByteSize:", 1400, 0, true},
       {date, 1800, 0, false},    {"Version:", 1500, 0, false}, {"", 0, 0, false},        {"", 0, 0, false},

@@ -139,20 +139,6 @@ class MonthView : public Control {
   }
 };
 
-/// Formatted text, held as RTF.
-class RichTextBox : public Control {
- public:
-  RichTextBox(Form& form, std::string name) : Control(form, std::move(name), Kind::RichTextBox) {}
-  Property<std::string> Text{*this};
-  Property<bool> Locked{*this, false};
-  Event<> Change;
-  void typeFromUser(std::string text) {
-    if (Locked || !Enabled) return;
-    Text.takeFromUser(std::move(text));
-    Change();
-  }
-};
-
 /// Named numbers as a pie or as bars. Points are numbered from 0.
 class Chart : public Control {
  public:

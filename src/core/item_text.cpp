@@ -106,6 +106,10 @@ std::string statusDate(std::string_view dateTimeFormat, const platform::Calendar
   return dateBy({"mm-dd-yyyy", "dd-mm-yyyy"}, dateTimeFormat, time);
 }
 
+std::string dateColumnTitle(std::string_view DateSystem) {
+  return DateSystem == "3" ? "Date Accessed:" : DateSystem == "2" ? "Date Created:" : "Date Modified:";
+}
+
 std::string bytesText(std::uint64_t bytes, const platform::RegionalFormats& regional) {
   return panelSize(bytes, regional) + "  Bytes";
 }

@@ -70,6 +70,9 @@ std::string statusTime(std::string_view dateTimeFormat, const platform::Calendar
 /// "03-09-2007", "09-03-2007".
 std::string statusDate(std::string_view dateTimeFormat, const platform::CalendarTime& time);
 
+/// What a column of dates is called under the setting `DateSystem`: "2" created, "3" accessed, else modified.
+std::string dateColumnTitle(std::string_view DateSystem);
+
 // --- Properties --------------------------------------------------------------------------------------------------
 
 /// "1,234  Bytes", "0  Bytes".

@@ -50,6 +50,7 @@ void fileops::Form32::Command11_Click() {
   }
   if (const auto refused = core::firstRefusedCharacter(name)) {
     dialogs_.alert(core::refusedCharacterText(*refused));
+    if (!question_.refusedCaption.empty()) Caption = question_.refusedCaption;
     Text1.SetFocus();
     return;
   }

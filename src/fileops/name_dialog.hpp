@@ -15,6 +15,7 @@ struct NameQuestion {
   std::string pictureTip;   ///< of the picture beside it
   std::string emptyAnswer;  ///< put into the box when nothing is keyed
   std::string preset{};
+  std::string refusedCaption{};  ///< the caption from a refused name on; empty: it stays
 };
 
 /// What the dialogs that ask for a name have in common.

@@ -46,7 +46,12 @@ void FileOpener::open(const std::string& path) {
     own->second(path);
     return;
   }
-  if (isFile) mostUsed_.Muf(path);
+  openByType(path);
+}
+
+void FileOpener::openByType(const std::string& path) {
+  if (program_.files().fileExists(path)) mostUsed_.Muf(path);
+  const std::string extension = platform::foldCase(paths::extension(paths::fileName(path)));
   const std::string command = reggetdata(path);
   if (command.empty() && std::ranges::find(Archives, extension) != std::end(Archives)) {
     if (startExplorer(path)) Filehis_store(path);

@@ -19,6 +19,10 @@ class FileOpener {
 
   /// Opens the file by its extension. A failing opener ends in the alternate method.
   void open(const std::string& path);
+  /// The same past what rooms open themselves.
+  void openByType(const std::string& path);
+  /// Has explorer.exe open what a shortcut file names.
+  void openShortcut(const std::string& file) { startExplorer(file); }
 
   /// The open command of the file's type, not yet expanded; empty when the type is not registered.
   std::string reggetdata(const std::string& path) const;

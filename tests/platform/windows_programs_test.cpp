@@ -41,21 +41,26 @@ TEST_F(WindowsScripts, ExplorerOpensFoldersAndFiles) {
 
 TEST_F(WindowsScripts, ExplorerOpensTheAddressInAUrlFile) {
   const std::string home = folder / "home";
+  folder.write("home/kept.url", "URL=http://example.org/kept\r\n");
   const std::pair<std::string, std::string> cases[] = {
       {"http://example.org/?a=b&c", "http://example.org/?a=b&c"},
-      {"file:///C:\\My Pictures\\a.jpg", home + "/My Pictures/a.jpg"},
-      {"file:///c:\\x$(id)`id`;'\"&.txt", home + "/x$(id)`id`;'\"&.txt"},
-      {"file:///C:\\back\xEF\x81\x9Cslash", home + "/back\\slash"},
-      {"file:///C:\\", home + "/"},
-      {"file:///Q:\\unknown", "file:///Q:\\unknown"},
+      {"file:///C:\\My Pictures\\a.jpg", "file://" + home + "/My%20Pictures/a.jpg"},
+      {"file:///c:\\x$(id)`id`;'\"&#%41.txt", "file://" + home + "/x%24%28id%29%60id%60%3b%27%22%26%23%2541.txt"},
+      {"file:///C:\\back\xEF\x81\x9Cslash", "file://" + home + "/back%5cslash"},
+      {"C:\\li\xEF\x80\x8Ane\xC3\xA4", "file://" + home + "/li%0ane%c3%a4"},
+      {"file:///C:\\", "file://" + home + "/"},
+      {"file:///C:\\kept.url", "http://example.org/kept"},
+      {"file:///C:\\gone.url", "file://" + home + "/gone.url"},
       {"file:///home/me/a%20b", "file:///home/me/a%20b"}};
   for (const auto& [address, opened] : cases) {
     const std::string file = folder.write("Temp.Url", "[Default]\r\nBASEURL=" + address +
                                                           "\r\n[InternetShortcut]\r\nURL=" + address + "\r\n");
     EXPECT_EQ(run("explorer.exe", "'" + file + "'"), "xdg-open\n[" + opened + "]\n") << address;
   }
-  const std::string empty = folder.write("empty.url", "[InternetShortcut]\n");
-  EXPECT_EQ(run("explorer.exe", "'" + empty + "'"), "");
+  for (const char* nothing : {"", "URL=", "URL=file:///Q:\\unknown", "URL=--help", "URL=id", "URL=../up"}) {
+    const std::string file = folder.write("empty.url", std::string("[InternetShortcut]\n") + nothing + "\n");
+    EXPECT_EQ(run("explorer.exe", "'" + file + "'"), "") << nothing;
+  }
 }
 
 TEST_F(WindowsScripts, CmdAndPingOpenATerminalThatStays) {

@@ -1,4 +1,5 @@
 // Each kind of control both ways: what the program sets is shown and fires nothing, what the user does arrives once.
+#include "controls/rich_text.hpp"
 #include "controls/tree_view.hpp"
 #include "joined.hpp"
 #include "qt/widgets/picture_view.hpp"
@@ -95,7 +96,7 @@ TEST_F(Adapters, WhatTheProgramSetsIsShownAndFiresNothing) {
   form.Slider1.Max = 50;
   form.Slider1.Value = 20;
   form.MonthView1.Value = controls::MonthView::Day{2024, 2, 29};
-  form.Rich1.Text = "note";
+  form.Rich1.setDocument(controls::RichText::of("note"));
   draw();
 
   EXPECT_EQ(label.text(), QStringLiteral("one\ntwo <b>"));
@@ -121,7 +122,7 @@ TEST_F(Adapters, WhatTheUserTypesArrivesAtTheCursorUnlessItIsLocked) {
   const auto types = [this](const QString& text) {
     for (QWidget* widget : std::initializer_list<QWidget*>{&line, &lines, &rich})
       QTest::keyClicks(widget, text);
-    return form.Text1.Text.get() + "/" + form.Text2.Text.get() + "/" + form.Rich1.Text.get();
+    return form.Text1.Text.get() + "/" + form.Text2.Text.get() + "/" + form.Rich1.Document().plain();
   };
   EXPECT_EQ(types(QStringLiteral("ad")), "ad/ad/ad");
   EXPECT_EQ(changes, 6);
@@ -134,6 +135,38 @@ TEST_F(Adapters, WhatTheUserTypesArrivesAtTheCursorUnlessItIsLocked) {
   draw();
   EXPECT_EQ(types(QStringLiteral("c")), "abd/ad/adc");
   EXPECT_EQ(line.text(), QStringLiteral("abd"));
+}
+
+TEST_F(Adapters, FormattedTextIsShownAndComesBackAsItIsWritten) {
+  controls::RichText text;
+  text.append("plain \tb\xFF", {});
+  text.append("red", {true, true, true, 36, 0x0000FF});
+  text.endParagraph();
+  text.append("\u2028line", {});
+  form.Rich1.setDocument(text);
+  draw();
+  EXPECT_EQ(form.Rich1.Document(), text);
+  rich.moveCursor(QTextCursor::End);
+  QTest::keyClicks(&rich, QStringLiteral("!"));
+  text.append("!", {});
+  EXPECT_EQ(form.Rich1.Document(), text);
+
+  // The look of what is selected: the button shows what is there, and changes that alone.
+  controls::TextFormat told;
+  form.Rich1.SelChange = [&] { told = form.Rich1.SelFormat(); };
+  QTextCursor cursor = rich.textCursor();
+  cursor.setPosition(8);
+  cursor.setPosition(12, QTextCursor::KeepAnchor);
+  rich.setTextCursor(cursor);
+  EXPECT_TRUE(told.bold && told.size == 36);
+  form.Rich1.format({.bold = false, .color = controls::NoColor});
+  EXPECT_FALSE(told.bold);
+  const auto& changed = form.Rich1.Document().paragraphs[0];
+  ASSERT_EQ(changed.size(), 2u);
+  EXPECT_EQ(changed[1], (controls::TextRun{"red", {false, true, true, 36, controls::NoColor}}));
+  form.Rich1.Locked = true;
+  form.Rich1.format({.bold = true});
+  EXPECT_FALSE(form.Rich1.Document().paragraphs[0][1].format.bold);
 }
 
 TEST_F(Adapters, WhatAssistiveTechnologyTypesArrivesUnlessTheTextIsLocked) {

@@ -26,7 +26,10 @@ class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
   ButtonAdapter(Host& host, controls::Button& control, QAbstractButton& widget) : Joined(host, control, widget) {
     // The form says which button Enter and Esc stand for.
     if (auto* push = qobject_cast<QPushButton*>(&drawn)) push->setAutoDefault(false);
-    connect(&drawn, &QAbstractButton::clicked, this, [this] { this->host().fromUser([this] { self.press(); }); });
+    connect(&drawn, &QAbstractButton::clicked, this, [this] {
+      showOn();  // a click does not switch the button, what comes of it may
+      this->host().fromUser([this] { self.press(); });
+    });
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
@@ -41,6 +44,7 @@ class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
     const QString caption = toQt(self.Caption.get());
     if (caption != drawn.text()) drawn.setText(caption);
     if (self.Icon.get() != icon_) drawn.setIcon(iconNamed(icon_ = self.Icon.get()));
+    showOn();
     if (drawn.font().underline() == self.FontUnderline) return;
     // A tool button that shows its icon alone has no caption to underline: it is framed as well.
     if (auto* tool = qobject_cast<QToolButton*>(&drawn)) tool->setAutoRaise(!self.FontUnderline);
@@ -50,6 +54,11 @@ class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
   }
 
  private:
+  /// A button that is designed to be checked shows so that it is accented.
+  void showOn() {
+    if (drawn.isCheckable()) drawn.setChecked(self.Accented);
+  }
+
   std::string icon_;
 };
 

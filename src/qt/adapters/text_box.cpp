@@ -23,6 +23,14 @@ class LineAdapter : public Joined<controls::TextBox, QLineEdit> {
     });
   }
 
+  // A field that is designed so has the caret behind its text, and nothing of it selected, when it gets the keyboard.
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == &drawn && event->type() == QEvent::FocusIn && drawn.property("caretAtEnd").toBool())
+      QMetaObject::invokeMethod(
+          &drawn, [line = &drawn] { line->end(false); }, Qt::QueuedConnection);
+    return Joined::eventFilter(watched, event);
+  }
+
  protected:
   void updateOwn() override {
     drawn.setReadOnly(self.Locked);
