@@ -32,9 +32,9 @@ class DrawnForms : public testing::Test {
     std::vector<controls::Form*> forms{&app.Form1,          &app.Form9,        &app.dialogs.Form11, &app.dialogs.Form12,
                                        &app.dialogs.Form13, &app.frmSplash,    &app.frmTip,         &app.tools.form8,
                                        &app.Form35,         &app.rename.Form14};
-    for (const auto& dialogs :
-         {app.fileops.dialogs(), app.basket.dialogs(), app.properties.dialogs(), app.filters.dialogs(),
-          app.presets.dialogs(), app.compare.dialogs(), app.cleanup.dialogs()})
+    for (const auto& dialogs : {app.fileops.dialogs(), app.basket.dialogs(), app.properties.dialogs(),
+                                app.filters.dialogs(), app.presets.dialogs(), app.openedItems.dialogs(),
+                                app.search.dialogs(), app.compare.dialogs(), app.cleanup.dialogs()})
       forms.insert(forms.end(), dialogs.begin(), dialogs.end());
     return forms;
   }
