@@ -28,6 +28,9 @@ bool isShortcut(const Lines& lines) { return !lines.empty() && lines.front() == 
 bool isListOfPaths(const Lines& lines) {
   return std::ranges::all_of(lines, [](const std::string& line) { return !paths::driveOf(line).empty(); });
 }
+// What users type holds anything.
+bool isListOfTexts(const Lines&) { return true; }
+bool isListOfEntries(const Lines& lines) { return lines.empty() || lines.front() == "[Entry]"; }
 
 /// A file of the layout and how one of the program's own is told from a user's that has its name.
 struct DataFile {
@@ -39,6 +42,8 @@ constexpr DataFile DataFiles[] = {{DirHis, isListOfPaths},
                                   {CompHis_L, isListOfPaths},
                                   {CompHis_R, isListOfPaths},
                                   {GetFolders, isListOfPaths},
+                                  {OpenHis, isListOfTexts},
+                                  {MostUsed, isListOfEntries},
                                   {TempUrl, isShortcut},
                                   {Log, isLog},
                                   {Crash, isCrashReport},

@@ -16,20 +16,33 @@ using Set = std::unordered_set<std::string>;
 
 Set setOf(const Lines& lines) { return {lines.begin(), lines.end()}; }
 
+/// The known lines that stand in ours as they stood: the others have gone, or have been made the newest since.
+Set inPlace(const Lines& known, const Lines& ours) {
+  const Set isOurs = setOf(ours);
+  Set found;
+  auto next = ours.begin();
+  for (const auto& line : known) {
+    if (!isOurs.contains(line) || next == ours.end() || *next != line) continue;
+    found.insert(line);
+    ++next;
+  }
+  return found;
+}
+
 Lines merged(const Lines& known, const Lines& there, const Lines& ours, const SharedLines::KeyOf& keyOf) {
-  const Set wasKnown = setOf(known), isOurs = setOf(ours), isThere = setOf(there);
+  const Set wasKnown = setOf(known), stood = inPlace(known, ours), isThere = setOf(there);
   Set added, keys;
   for (const auto& line : ours)
-    if (!wasKnown.contains(line)) added.insert(keyOf(line));
+    if (!stood.contains(line)) added.insert(keyOf(line));
   Lines stays, oldest;
   const auto take = [&](const std::string& line, Lines& into) {
     if (keys.insert(keyOf(line)).second) into.push_back(line);
   };
   for (const auto& line : there)
-    if (wasKnown.contains(line) ? isOurs.contains(line) : !added.contains(keyOf(line))) take(line, stays);
+    if (wasKnown.contains(line) ? stood.contains(line) : !added.contains(keyOf(line))) take(line, stays);
   // Another copy had no room for these, or somebody deleted the file.
   for (const auto& line : ours)
-    if (wasKnown.contains(line) && !isThere.contains(line)) take(line, oldest);
+    if (stood.contains(line) && !isThere.contains(line)) take(line, oldest);
   for (const auto& line : ours)
     take(line, stays);
   oldest.insert(oldest.end(), stays.begin(), stays.end());
@@ -43,6 +56,7 @@ Lines SharedLines::load(const Program& program) {
   const std::string file = program_file::path(program.platform, literal_);
   known_ = splitEntries(kept.read(file));
   (void)kept.setAside(file);
+  if (newest_ == Newest::First) std::ranges::reverse(known_);
   return known_;
 }
 
@@ -58,8 +72,11 @@ platform::Result<void> SharedLines::store(const Program& program, const Lines& l
       written = platform::Error{platform::ErrorCode::Damaged, file, "the file cannot be read to its end"};
       return;
     }
-    Lines all = merged(known_, splitEntries(there.bytes), lines, keyOf ? keyOf : folded);
+    Lines inFile = splitEntries(there.bytes);
+    if (newest_ == Newest::First) std::ranges::reverse(inFile);
+    Lines all = merged(known_, inFile, lines, keyOf ? keyOf : folded);
     if (all.size() > limit) all.erase(all.begin(), all.end() - static_cast<std::ptrdiff_t>(limit));
+    if (newest_ == Newest::First) std::ranges::reverse(all);
     written = writeLines(files, file, all);
   });
   if (written) known_ = lines;

@@ -11,15 +11,17 @@ namespace varnholt::core {
 
 struct Program;
 
-/// A text file beside the program that every running copy of it reads at the start and writes at the end, newest line
-/// last. What another copy has added meanwhile stays, and what this one has taken out goes.
+/// A text file beside the program that every running copy of it reads at the start and writes at the end. What another
+/// copy has added meanwhile stays, what this one has taken out goes, and what it has made the newest again is so.
 class SharedLines {
  public:
+  /// Which line of the file is the newest. Here the newest is always the last one.
+  enum class Newest { Last, First };
   /// What makes two lines one entry.
   using KeyOf = std::function<std::string(std::string_view line)>;
 
   /// A file of the layout (`core::program_file`).
-  explicit SharedLines(std::string_view literal) : literal_(literal) {}
+  explicit SharedLines(std::string_view literal, Newest newest = Newest::Last) : literal_(literal), newest_(newest) {}
 
   /// A file that cannot be read to its end is set aside, and the user told.
   std::vector<std::string> load(const Program& program);
@@ -30,6 +32,7 @@ class SharedLines {
 
  private:
   std::string_view literal_;
+  Newest newest_;
   std::vector<std::string> known_;  ///< of the lines in the file, those that were ours when it was last seen
 };
 

@@ -14,6 +14,7 @@ namespace {
 namespace paths = platform::paths;
 
 constexpr std::string_view Archives[] = {"zip", "cab", "rar", "arj"};
+constexpr const char* NoExplorer = "Cannot Find Explorer.exe, - Function Exits";
 
 // Replaces every place of `mark`, its letter case ignored; true when there was one. Marks are ASCII, and so is the
 // comparison: folding more could move the places.
@@ -54,7 +55,7 @@ void FileOpener::openByType(const std::string& path) {
   const std::string extension = platform::foldCase(paths::extension(paths::fileName(path)));
   const std::string command = reggetdata(path);
   if (command.empty() && std::ranges::find(Archives, extension) != std::end(Archives)) {
-    if (startExplorer(path)) Filehis_store(path);
+    if (startExplorer(path, NoExplorer)) Filehis_store(path);
     return;
   }
   if (command.empty()) {
@@ -86,20 +87,25 @@ std::string FileOpener::PathChange(const std::string& command, const std::string
   return marked ? text : text + ' ' + quoted;
 }
 
-bool FileOpener::startExplorer(const std::string& argument) {
+bool FileOpener::startExplorer(const std::string& argument, const char* noExplorer) {
   const std::string explorer = paths::join(program_.folders.windir, "explorer.exe");
   if (!program_.files().fileExists(explorer)) {
-    program_.dialogs.alert("Cannot Find Explorer.exe, - Function Exits");
+    program_.dialogs.alert(noExplorer);
     return false;
   }
-  return program_.start(platform::quoteArgument(explorer) + ' ' + platform::quoteArgument(argument)).ok();
+  const auto started = program_.start(platform::quoteArgument(explorer) + ' ' + platform::quoteArgument(argument));
+  if (!started) program_.dialogs.alert("Cannot Start Explorer.exe !, - " + started.error().text);
+  return started.ok();
 }
 
-void FileOpener::OpenItemPath(const std::string& path) {
+bool FileOpener::openAddress(const std::string& base, const std::string& url, const char* noExplorer) {
   const std::string shortcut = core::program_file::path(program_.platform, core::program_file::TempUrl);
-  const auto written = core::writeLines(
-      program_.files(), shortcut, {"[Default]", "BASEURL=file://" + path, "[InternetShortcut]", "URL=file:///" + path});
-  if (written) startExplorer(shortcut);
+  const auto written = core::writeLines(program_.files(), shortcut,
+                                        {"[Default]", "BASEURL=" + base, "[InternetShortcut]", "URL=" + url});
+  if (!written) program_.dialogs.alert("Cannot Write Temp.Url !, - " + written.error().text);
+  return written && startExplorer(shortcut, noExplorer);
 }
+
+void FileOpener::OpenItemPath(const std::string& path) { openAddress("file://" + path, "file:///" + path, NoExplorer); }
 
 }  // namespace varnholt::panels

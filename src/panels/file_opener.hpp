@@ -31,14 +31,19 @@ class FileOpener {
   std::string PathChange(const std::string& command, const std::string& path) const;
   /// The alternate way: a shortcut file of our own, handed to explorer.exe.
   void OpenItemPath(const std::string& path);
-  /// Notes the file as a recent one.
-  void Filehis_store(const std::string& path) { histories_.files.add(path); }
+  /// The same for any address, as the file has it behind "BASEURL=" and behind "URL=". False: nothing was opened, and
+  /// the user was told, by `noExplorer` when explorer.exe is missing.
+  bool openAddress(const std::string& base, const std::string& url, const char* noExplorer);
+  /// Notes the file as the newest of the recent ones.
+  void Filehis_store(const std::string& path) { histories_.files.renew(path); }
+  /// Counts one open of the file.
+  void Muf(const std::string& path) { mostUsed_.Muf(path); }
 
   /// Extensions that rooms open themselves (".url"), lowered, without the point.
   std::map<std::string, std::function<void(const std::string& path)>> ownTypes;
 
  private:
-  bool startExplorer(const std::string& argument);
+  bool startExplorer(const std::string& argument, const char* noExplorer);
 
   core::Program& program_;
   Histories& histories_;

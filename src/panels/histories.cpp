@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <unordered_set>
+#include <utility>
 
 namespace varnholt::panels {
 namespace {
@@ -27,14 +29,22 @@ bool History::add(const std::string& text) {
   return true;
 }
 
+void History::renew(const std::string& text) {
+  remove(text);
+  add(text);
+}
+
 void History::remove(const std::string& text) {
-  std::erase_if(entries_, [&](const std::string& each) { return each == text; });
+  const std::string unwanted = platform::foldCase(text);
+  std::erase_if(entries_, [&](const std::string& each) { return platform::foldCase(each) == unwanted; });
 }
 
 void History::assign(std::vector<std::string> entries) {
-  entries_.clear();
-  for (const auto& entry : entries)
-    add(entry);
+  std::unordered_set<std::string> known;
+  std::erase_if(
+      entries, [&](const std::string& each) { return each.empty() || !known.insert(platform::foldCase(each)).second; });
+  if (entries.size() > limit_) entries.erase(entries.begin(), entries.end() - static_cast<std::ptrdiff_t>(limit_));
+  entries_ = std::move(entries);
 }
 
 void Histories::noteLastFolder(const std::string& folder) {

@@ -5,6 +5,7 @@
 #include "core/shared_lines.hpp"
 
 #include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,14 +16,18 @@ namespace varnholt::panels {
 /// the oldest goes when it is full.
 class History {
  public:
-  explicit History(std::size_t limit) : limit_(limit) {}
+  static constexpr std::size_t Unlimited = std::numeric_limits<std::size_t>::max();
+  explicit History(std::size_t limit = Unlimited) : limit_(limit) {}
   /// Adds a text at the end; false when it was there already.
   bool add(const std::string& text);
+  /// The same, but a text that was there already becomes the newest.
+  void renew(const std::string& text);
   void assign(std::vector<std::string> entries);
   void clear() { entries_.clear(); }
   std::size_t limit() const { return limit_; }
   const std::vector<std::string>& entries() const { return entries_; }
   bool contains(const std::string& text) const;
+  /// Takes a text out, in whatever letter case.
   void remove(const std::string& text);
 
  private:

@@ -23,6 +23,8 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
       event->ignore();
       return true;
     }
+    // The edit field lies above the box.
+    if (watched != &drawn && event->type() != QEvent::MouseButtonDblClick) return false;
     return Joined::eventFilter(watched, event);
   }
 
@@ -36,7 +38,10 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
     // Setting what stands there already would move the cursor of a user who types.
     if (drawn.isEditable() && text == drawn.currentText()) return;
     if (drawn.currentIndex() != self.ListIndex) drawn.setCurrentIndex(self.ListIndex);
-    if (drawn.isEditable()) drawn.setEditText(text);
+    if (!drawn.isEditable()) return;
+    drawn.setEditText(text);
+    // What a user types takes the place of what the program has put there.
+    drawn.lineEdit()->selectAll();
   }
 
  private:
@@ -45,6 +50,7 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
     drawn.setEditable(editable);
     if (!editable) return;
     drawn.setCompleter(nullptr);
+    drawn.lineEdit()->installEventFilter(this);
     connect(drawn.lineEdit(), &QLineEdit::textEdited, this, [this](const QString& text) { type(text); });
     // Assistive technology sets the text, which is no edit; a text that comes with a choice is told as that choice.
     connect(drawn.lineEdit(), &QLineEdit::textChanged, this, [this](const QString& text) {
