@@ -87,6 +87,8 @@ std::string FileOpener::PathChange(const std::string& command, const std::string
   return marked ? text : text + ' ' + quoted;
 }
 
+void FileOpener::openShortcut(const std::string& file) { startExplorer(file, NoExplorer); }
+
 bool FileOpener::startExplorer(const std::string& argument, const char* noExplorer) {
   const std::string explorer = paths::join(program_.folders.windir, "explorer.exe");
   if (!program_.files().fileExists(explorer)) {

@@ -21,8 +21,8 @@ class FileOpener {
   void open(const std::string& path);
   /// The same past what rooms open themselves.
   void openByType(const std::string& path);
-  /// Has explorer.exe open what a shortcut file names.
-  void openShortcut(const std::string& file) { startExplorer(file); }
+  /// Has explorer.exe open what a shortcut file names; the user is told when it is missing.
+  void openShortcut(const std::string& file);
 
   /// The open command of the file's type, not yet expanded; empty when the type is not registered.
   std::string reggetdata(const std::string& path) const;
