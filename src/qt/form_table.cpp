@@ -19,6 +19,9 @@ constexpr Qt::WindowFlags flagsOf<Ui::frmSplash> = Qt::SplashScreen | Qt::Framel
 /// Stands above the main window, whichever of the two is the active one.
 template <>
 constexpr Qt::WindowFlags flagsOf<Ui::Form9> = Qt::Tool;
+/// The same, and it comes again where it stood.
+template <>
+constexpr Qt::WindowFlags flagsOf<Ui::Form47> = Qt::Tool;
 
 /// Dialogs have the skin behind them.
 template <class Ui, class Designed>
