@@ -28,6 +28,12 @@ bool isShortcut(const Lines& lines) { return !lines.empty() && lines.front() == 
 bool isListOfPaths(const Lines& lines) {
   return std::ranges::all_of(lines, [](const std::string& line) { return !paths::driveOf(line).empty(); });
 }
+bool isListOfItems(const Lines& lines) {
+  return std::ranges::all_of(lines, [](std::string_view line) {
+    if (line.starts_with("|Fold|")) line.remove_prefix(6);
+    return !paths::driveOf(line).empty();
+  });
+}
 // What users type holds anything.
 bool isListOfTexts(const Lines&) { return true; }
 bool isListOfEntries(const Lines& lines) { return lines.empty() || lines.front() == "[Entry]"; }
@@ -43,6 +49,8 @@ constexpr DataFile DataFiles[] = {{DirHis, isListOfPaths},
                                   {CompHis_R, isListOfPaths},
                                   {GetFolders, isListOfPaths},
                                   {OpenHis, isListOfTexts},
+                                  {FolderSearchHis, isListOfTexts},
+                                  {GetQF, isListOfItems},
                                   {MostUsed, isListOfEntries},
                                   {TempUrl, isShortcut},
                                   {Log, isLog},

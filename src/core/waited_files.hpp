@@ -62,6 +62,11 @@ class WaitedFiles : public platform::FileSystem {
             const platform::SearchProgress& progress) const override {
     return waited([&] { return files_.findFiles(folder, levels, takes, progress); });
   }
+  platform::Result<std::string> findFolder(const std::string& folder, unsigned levels,
+                                           const platform::FolderTest& takes, const std::string& after,
+                                           const platform::SearchProgress& progress) const override {
+    return waited([&] { return files_.findFolder(folder, levels, takes, after, progress); });
+  }
   std::vector<platform::Result<void>> deleteBelow(const std::string& root, const std::vector<std::string>& paths,
                                                   const platform::Progress& progress) override {
     return waited([&] { return files_.deleteBelow(root, paths, progress); });

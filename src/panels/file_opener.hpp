@@ -36,8 +36,6 @@ class FileOpener {
   bool openAddress(const std::string& base, const std::string& url, const char* noExplorer);
   /// Notes the file as the newest of the recent ones.
   void Filehis_store(const std::string& path) { histories_.files.renew(path); }
-  /// Counts one open of the file.
-  void Muf(const std::string& path) { mostUsed_.Muf(path); }
 
   /// Extensions that rooms open themselves (".url"), lowered, without the point.
   std::map<std::string, std::function<void(const std::string& path)>> ownTypes;

@@ -4,9 +4,6 @@
 #include "core/text_character.hpp"
 #include "platform/text_fold.hpp"
 
-#include <algorithm>
-#include <ranges>
-
 namespace varnholt::places {
 namespace {
 
@@ -58,8 +55,8 @@ std::string places::Form29::text() const { return std::string(core::trimmed(Comb
 
 void places::Form29::fill(const std::string& text) {
   std::vector<controls::ComboBox::Item> items;
-  for (const std::string& item : items_.entries() | std::views::reverse)
-    items.push_back({item, ""});
+  for (auto item = items_.entries().rbegin(); item != items_.entries().rend(); ++item)
+    items.push_back({*item, ""});
   Combo1.Items = std::move(items);
   Combo1.choose(-1);
   Combo1.Text = text;
@@ -113,7 +110,7 @@ bool places::Form29::openPath(const std::string& text) {
   const auto path = desk_.files().resolve(isDrive ? text + '\\' : text);
   if (path && desk_.files().fileExists(*path)) {
     if (!desk_.opener.openAddress("file://" + *path, "file:///" + *path, NoExplorer)) return false;
-    desk_.opener.Muf(*path);
+    desk_.mostUsed.Muf(*path);
     desk_.opener.Filehis_store(*path);
     return true;
   }

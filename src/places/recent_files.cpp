@@ -2,8 +2,6 @@
 
 #include "controls/dress.hpp"
 
-#include <ranges>
-
 namespace varnholt::places {
 
 places::Form28::Form28(panels::Desk& desk) : Form(desk.program.loop, "Form28"), desk_(desk) {
@@ -33,8 +31,8 @@ void places::Form28::setTexts() {
 void places::Form28::show(const char* whenEmpty) {
   const auto& files = desk_.histories.files.entries();
   std::vector<controls::ComboBox::Item> items;
-  for (const std::string& file : files | std::views::reverse)
-    items.push_back({file, "file"});
+  for (auto file = files.rbegin(); file != files.rend(); ++file)
+    items.push_back({*file, "file"});
   for (controls::Button* button : {&Command11, &Command3, &Command1})
     button->Enabled = !items.empty();
   if (items.empty()) items.push_back({whenEmpty, ""});
@@ -70,7 +68,7 @@ void places::Form28::Command11_Click() {
     show("Recent Files Emty ...");
     return;
   }
-  desk_.opener.Muf(*file);
+  desk_.mostUsed.Muf(*file);
   desk_.opener.OpenItemPath(*file);
   chosen = *file;
   UnloadForm();

@@ -101,6 +101,9 @@ struct SearchAdvance {
 /// As Progress.
 using SearchProgress = std::function<bool(const SearchAdvance&)>;
 
+/// Whether a search takes the folder of that path. Called on several threads at once.
+using FolderTest = std::function<bool(const std::string& path)>;
+
 /// What a batch call did with the first of its files, in their order: the bytes of each, or why it failed. Files behind
 /// these were not touched.
 using BatchResults = std::vector<Result<std::uint64_t>>;
@@ -167,6 +170,13 @@ class FileSystem {
   /// then. NotFound, NotAFolder.
   virtual Result<std::vector<FoundFile>> findFiles(const std::string& folder, unsigned levels, const NameTest& takes,
                                                    const SearchProgress& progress = {}) const = 0;
+  /// The first folder that a test takes, so many levels of folders below another (1: those that lie in it), each before
+  /// what lies in it and otherwise in the order of listings; with `after`, the first one behind that. The empty text
+  /// when there is none. Links and what they lead to are passed over, mounted volumes not entered, and folders that
+  /// cannot be read hold nothing. What follows may have been read already, by other threads. Stopped, NotFound,
+  /// NotAFolder.
+  virtual Result<std::string> findFolder(const std::string& folder, unsigned levels, const FolderTest& takes,
+                                         const std::string& after, const SearchProgress& progress = {}) const = 0;
   /// "a.b.c.d" from the version resource of a Windows program or library; the empty text for any other file,
   /// and for names that no program has (paths::isProgramName), which are not even looked for.
   virtual Result<std::string> fileVersion(const std::string& path) const = 0;

@@ -38,6 +38,10 @@ class ForwardingFileSystem : public FileSystem {
                                            const SearchProgress& progress = {}) const override {
     return base_.findFiles(folder, levels, takes, progress);
   }
+  Result<std::string> findFolder(const std::string& folder, unsigned levels, const FolderTest& takes,
+                                 const std::string& after, const SearchProgress& progress = {}) const override {
+    return base_.findFolder(folder, levels, takes, after, progress);
+  }
   std::vector<Result<void>> deleteBelow(const std::string& root, const std::vector<std::string>& paths,
                                         const Progress& progress = {}) override {
     return base_.deleteBelow(root, paths, progress);

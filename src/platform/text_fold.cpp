@@ -23,6 +23,16 @@ size_t appendChanged(std::string_view text, gunichar (*change)(gunichar), std::s
 }  // namespace
 
 void appendFolded(std::string_view text, std::string& out) {
+  // Most names are ASCII, and a loop without a branch folds many of their letters at once.
+  const size_t before = out.size();
+  out.append(text);
+  unsigned char all = 0;
+  for (char* c = out.data() + before; c != out.data() + out.size(); ++c) {
+    all |= static_cast<unsigned char>(*c);
+    *c = lowerAscii(*c);
+  }
+  if (all < 0x80) return;
+  out.resize(before);
   for (size_t i = 0; i < text.size();) {
     if (static_cast<unsigned char>(text[i]) < 0x80)
       out += lowerAscii(text[i++]);

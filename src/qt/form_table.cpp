@@ -21,6 +21,9 @@ template <>
 constexpr Qt::WindowFlags flagsOf<Ui::Form9> = Qt::Tool;
 template <>
 constexpr Qt::WindowFlags flagsOf<Ui::Form22> = Qt::Tool;
+/// The same, and it comes again where it stood.
+template <>
+constexpr Qt::WindowFlags flagsOf<Ui::Form47> = Qt::Tool;
 
 /// Dialogs have the skin behind them.
 template <class Ui, class Designed>

@@ -229,7 +229,8 @@ void FormWindow::show(bool modal, const QWidget* caller) {
   if (QWidget* first = firstFocus()) first->setFocus(Qt::OtherFocusReason);
   showDefaultButton();
   widget_->show();
-  if (modal) widget_->activateWindow();
+  // A window that is used beside others has the keyboard when its form says so.
+  if (modal || form_.focused()) widget_->activateWindow();
   keepKeyboard();
 }
 

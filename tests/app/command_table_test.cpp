@@ -74,7 +74,7 @@ TEST_F(Commands, KeysAndNumbersThatUsersHaveKeepTheirMeaning) {
   for (const auto row :
        Rows{"MoveItems|Ctrl+X", "presetsetup|Ctrl+P", "Filepatt|Ctrl+M", "Recallprevius|Ctrl+S", "Foldermake|Ctrl+N",
             "Fdetails|Ctrl+U", "WinCopy|Ctrl+C", "WinPaste|Ctrl+V", "Picview_Toggle|Alt+Backspace", "Picview|F12",
-            "exit_program|Alt+F4", "refrechview|F4", "LocalDesk|Ctrl+L"})
+            "exit_program|Alt+F4", "refrechview|F4", "LocalDesk|Ctrl+L", "QuickFind|Ctrl+F"})
     EXPECT_EQ(menu()[Row(row).first].Shortcut.get(), Row(row).second) << row;
 }
 

@@ -4,6 +4,8 @@
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 
+#include <atomic>
+
 namespace varnholt::platform {
 namespace {
 
@@ -176,6 +178,51 @@ TEST_F(Looking, UnreadableFolderMakesTheSizeInexact) {
     const auto size = temp.files.folderSize(temp.at("tree"));
     EXPECT_TRUE(size && size->bytes == 3u && !size->exact);
   }));
+}
+
+class FindingFolders : public Looking {
+ protected:
+  std::string find(const FolderTest& takes, unsigned levels = 10, const std::string& after = {}) {
+    return temp.files.findFolder(temp.at("t"), levels, takes, after).valueOr("failed");
+  }
+  /// All that are found, one after the other, below the folder itself.
+  Names all(unsigned levels = 10) {
+    const auto any = [](const std::string&) { return true; };
+    Names found;
+    for (std::string at = find(any, levels); !at.empty(); at = find(any, levels, at))
+      found.push_back(at.substr(temp.at("t\\").size()));
+    return found;
+  }
+};
+
+TEST_F(FindingFolders, EachComesBeforeThoseInItAndInTheOrderOfListings) {
+  for (const char* path : {"t/b/x/f", "t/B/y/f", "t/a.b/f", "t/a/z/f", "t/a/Z/f", "t/a/k/l/f", "t/\xC4/f"})
+    temp.file(path);
+  temp.link("t/a/link", "../b").link("t/loop", ".");
+  EXPECT_EQ(all(), (Names{"a", "a\\k", "a\\k\\l", "a\\Z", "a\\z", "a.b", "B", "B\\y", "b", "b\\x", "\xC4"}));
+  EXPECT_EQ(all(1), (Names{"a", "a.b", "B", "b", "\xC4"}));
+  EXPECT_EQ(find([](const std::string& path) { return path.ends_with("y") || path.ends_with("x"); }), temp.at("t/B/y"));
+}
+
+TEST_F(FindingFolders, GoesOnBehindOneThatIsGoneByThen) {
+  for (const char* path : {"t/a/b", "t/a/c/d", "t/e"})
+    temp.folder(path);
+  const auto any = [](const std::string&) { return true; };
+  EXPECT_EQ(find(any, 10, temp.at("t/a/bb/c")), temp.at("t/a/c"));
+  EXPECT_EQ(find(any, 10, temp.at("t/aa")), temp.at("t/e"));
+  EXPECT_EQ(find(any, 10, temp.at("t/e")), "");
+}
+
+TEST_F(FindingFolders, SeesWholeTreesOnAllThreadsAndStopsWhenItIsTold) {
+  for (int at = 0; at < 400; ++at)
+    temp.folder("t/" + std::to_string(at) + "/" + std::to_string(at % 7) + "/x");
+  std::atomic<int> seen = 0;
+  EXPECT_EQ(find([&](const std::string&) { return ++seen < 0; }), "");
+  EXPECT_EQ(seen, 1200);
+  const auto none = [](const std::string&) { return false; };
+  const auto stop = [](const SearchAdvance&) { return false; };
+  EXPECT_EQ(codeOf(temp.files.findFolder(temp.at("t"), 10, none, {}, stop)), ErrorCode::Stopped);
+  EXPECT_EQ(codeOf(temp.files.findFolder(temp.at("none"), 10, none, {})), ErrorCode::NotFound);
 }
 
 TEST_F(Looking, MountedVolumesAreNotEntered) {

@@ -10,6 +10,7 @@
 #include "platform/posix/file_batch.hpp"
 #include "platform/posix/file_contents.hpp"
 #include "platform/posix/find_files.hpp"
+#include "platform/posix/find_folder.hpp"
 #include "platform/posix/listing.hpp"
 #include "platform/posix/move.hpp"
 #include "platform/posix/path_parts.hpp"
@@ -155,6 +156,12 @@ Result<std::vector<FoundFile>> PosixFileSystem::findFiles(const std::string& fol
                                                           const NameTest& takes, const SearchProgress& progress) const {
   const auto system = map_.toSystem(folder);
   return system ? told(posix::findFiles(map_, *system, levels, takes, progress)) : system.error();
+}
+
+Result<std::string> PosixFileSystem::findFolder(const std::string& folder, unsigned levels, const FolderTest& takes,
+                                                const std::string& after, const SearchProgress& progress) const {
+  const auto system = map_.toSystem(folder);
+  return system ? told(posix::findFolder(*system, folder, levels, takes, after, progress)) : system.error();
 }
 
 std::vector<Result<void>> PosixFileSystem::deleteBelow(const std::string& root, const std::vector<std::string>& paths,

@@ -26,6 +26,8 @@ class PosixFileSystem final : public FileSystem {
   Result<std::vector<std::uint64_t>> sizes(const std::vector<std::string>& paths,
                                            const Progress& progress) const override;
   Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override;
+  Result<std::string> findFolder(const std::string& folder, unsigned levels, const FolderTest& takes,
+                                 const std::string& after, const SearchProgress& progress = {}) const override;
   Result<std::vector<FoundFile>> findFiles(const std::string& folder, unsigned levels, const NameTest& takes,
                                            const SearchProgress& progress) const override;
   std::vector<Result<void>> deleteBelow(const std::string& root, const std::vector<std::string>& paths,

@@ -1,0 +1,46 @@
+#include "search/name_match.hpp"
+
+#include "core/text_character.hpp"
+#include "core/wildcard.hpp"
+#include "platform/text_fold.hpp"
+
+#include <algorithm>
+
+namespace varnholt::search {
+
+NameMatch::NameMatch(std::string_view letters, Kind kind)
+    : kind_(kind),
+      letters_(platform::foldCase(letters)),
+      mark_(std::min(letters_.find('?'), letters_.size())),
+      isPattern_(kind == Kind::AnywhereOrWhole && letters_.find_first_of("*?#[") != std::string::npos) {}
+
+bool NameMatch::operator()(std::string_view name, bool pointless) {
+  folded_.clear();
+  if (kind_ == Kind::Beginning) {
+    // A letter has at most four bytes, also when it is folded: what lies behind is not looked at.
+    const std::string_view looked = name.substr(0, letters_.size() * 4);
+    platform::appendFolded(looked, folded_);
+    if (pointless && looked.size() == name.size()) folded_ += '.';
+    return begins(folded_);
+  }
+  platform::appendFolded(name, folded_);
+  if (pointless) folded_ += '.';
+  return folded_.find(letters_) != std::string::npos || (isPattern_ && core::wildcardMatch(letters_, folded_));
+}
+
+bool NameMatch::begins(std::string_view name) const {
+  std::string_view letters = letters_;
+  if (!name.starts_with(letters.substr(0, mark_))) return false;
+  letters.remove_prefix(mark_);
+  name.remove_prefix(mark_);
+  while (!letters.empty()) {
+    if (name.empty()) return false;
+    const auto wanted = core::firstCharacter(letters), there = core::firstCharacter(name);
+    if (wanted.code != '?' && wanted.code != there.code) return false;
+    letters.remove_prefix(wanted.bytes);
+    name.remove_prefix(there.bytes);
+  }
+  return true;
+}
+
+}  // namespace varnholt::search
