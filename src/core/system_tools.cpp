@@ -12,6 +12,10 @@ std::string systemTool(const Program& program, const std::string& relative) {
   return found && program.files().fileExists(*found) ? *found : std::string();
 }
 
+std::string profileFolder(const Program& program, const std::string& name) {
+  return program.registry.shellFolder(name, paths::join(paths::join(program.folders.windir, "Profile"), name));
+}
+
 void startTool(const Program& program, const std::string& command, const std::string& folder) {
   const auto started = program.start(command, folder);
   if (!started) program.dialogs.alert(started.error().text);

@@ -2,6 +2,7 @@
 
 #include "controls/dress.hpp"
 #include "core/program_files.hpp"
+#include "core/system_tools.hpp"
 #include "core/text_character.hpp"
 #include "core/text_file.hpp"
 #include "core/val_input_rule.hpp"
@@ -154,11 +155,7 @@ void Favorites::Syncfavorites_Click() {
 
 bool Favorites::import() {
   if (!Form26.places.makeFolder()) return false;
-  const auto value = desk_.program.registry.GetRegistryValue(
-      platform::RegistryRoot::CurrentUser, "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
-      "Favorites", std::string());
-  const auto* named = std::get_if<std::string>(&value);
-  const std::string source = named ? paths::withClosing(*named) : std::string();
+  const std::string source = paths::withClosing(core::profileFolder(desk_.program, "Favorites"));
   const auto listing = desk_.files().list(source);
   if (!listing && !desk_.files().folderExists(source)) {
     desk_.program.dialogs.inform(".. \\Favorites Folder Do Not Exist !");

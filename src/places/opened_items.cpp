@@ -10,7 +10,7 @@ void OpenedItems::addCommands(panels::CommandTable& table) {
        .toolTip = "Open a web address, or a file or folder by its path",
        .icon = "open",
        .heading = "Places",
-       .menuText = "&Open Item...",
+       .menuText = "Open I&tem...",
        .number = 16,
        .newGroup = true,
        .run = [this] { Form29.ShowModal(); }},
@@ -25,7 +25,7 @@ void OpenedItems::addCommands(panels::CommandTable& table) {
        .toolTip = "The files that are opened most often",
        .icon = "most-used",
        .heading = "Places",
-       .menuText = "&Most Used Files...",
+       .menuText = "Most &Used Files...",
        .run = [this] { Mufi_Click(); }},
   });
 }

@@ -1,6 +1,7 @@
 #include "tools/clean_windows.hpp"
 
 #include "core/error_words.hpp"
+#include "core/system_tools.hpp"
 #include "platform/paths.hpp"
 
 namespace varnholt::tools {
@@ -34,8 +35,7 @@ void CleanWindows::DelRecent_Click() {
 
 void CleanWindows::deleteFiles(const Leftovers& leftovers) {
   auto& program = desk_.program;
-  const std::string folder = program.registry.shellFolder(
-      leftovers.value, paths::join(paths::join(program.folders.windir, "Profile"), leftovers.value));
+  const std::string folder = core::profileFolder(program, leftovers.value);
   std::string question = leftovers.question;
   question.replace(question.find('%'), 1, folder);
   if (!program.dialogs.AskRetry(question)) return;

@@ -62,7 +62,7 @@ def typed(program, was_opened):
     open_item(program, "www.example.org")
     wait("the address", lambda: was_opened() == ["http://www.example.org"])
     open_item(program, "c:\\many\\NEW.txt")
-    wait("the file", lambda: was_opened()[1:] == [program.home + "/Many/new.txt"])
+    wait("the file", lambda: was_opened()[1:] == ["file://" + program.home + "/Many/new.txt"])
 
 
 def recent(program, was_opened):
@@ -70,7 +70,7 @@ def recent(program, was_opened):
     expect("it is the newest", program.find("combo box", "C:\\Many\\new.txt", dialog)
            or program.find("combo box", "Recent files", dialog))
     program.keys("alt+o")
-    wait("it was opened again", lambda: was_opened()[2:] == [program.home + "/Many/new.txt"])
+    wait("it was opened again", lambda: was_opened()[2:] == ["file://" + program.home + "/Many/new.txt"])
     choose(program, "Recent Files", "Recent Files")
     program.keys("alt+g")
     program.wait_for_rows(2, "new")  # the active panel
