@@ -38,15 +38,11 @@ std::string CollectionFiles::path(const std::string& name) const {
   return paths::join(core::program_file::path(program_.platform, core::program_file::Collections), name);
 }
 
-platform::Result<std::size_t> CollectionFiles::save(const std::string& name,
-                                                    const std::deque<core::Item>& items) const {
+platform::Result<void> CollectionFiles::save(const std::string& name, const std::deque<core::Item>& items) const {
   std::vector<std::string> lines;
   for (const core::Item& item : items)
-    if (item.path.find_first_of("\r\n") == std::string::npos)
-      lines.push_back((item.isFolder ? std::string(FolderMark) : std::string()) + item.path);
-  const auto written = core::writeLines(program_.files(), path(name), lines);
-  if (!written) return written.error();
-  return items.size() - lines.size();
+    lines.push_back((item.isFolder ? std::string(FolderMark) : std::string()) + item.path);
+  return core::writeLines(program_.files(), path(name), lines);
 }
 
 bool CollectionFiles::saveAs(controls::TextBox& nameBox, const std::deque<core::Item>& items,
@@ -64,13 +60,10 @@ bool CollectionFiles::saveAs(controls::TextBox& nameBox, const std::deque<core::
   if (program_.files().fileExists(path(name)) &&
       !mayReplace("Collection File:  " + name + "\rAlready Exist !, - OverWrite ?"))
     return false;
-  const auto leftOut = save(name, items);
-  if (!leftOut) {
-    dialogs.alert("Cannot Save Collection File !\r" + name + " :  " + leftOut.error().text);
+  if (const auto saved = save(name, items); !saved) {
+    dialogs.alert("Cannot Save Collection File !\r" + name + " :  " + saved.error().text);
     return false;
   }
-  if (*leftOut > 0)
-    dialogs.alert(std::to_string(*leftOut) + " Item(s) Not Saved !\rTheir names have a line break in them.");
   dialogs.inform("Saved As:  ...\\" + name);
   return true;
 }

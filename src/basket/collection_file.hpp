@@ -20,8 +20,8 @@ class CollectionFiles {
   std::vector<std::string> names() const;
   /// Full path of the file of that name.
   std::string path(const std::string& name) const;
-  /// Replaces the file in one step. Paths with a line break in them have no line, and are left out: their number.
-  platform::Result<std::size_t> save(const std::string& name, const std::deque<core::Item>& items) const;
+  /// Replaces the file in one step.
+  platform::Result<void> save(const std::string& name, const std::deque<core::Item>& items) const;
 
   /// Saves under the name in the box, and tells how it went; a name that is refused stays in the box. Where there is
   /// such a file, `mayReplace` is asked the question. False: nothing was written.

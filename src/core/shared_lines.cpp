@@ -1,8 +1,8 @@
 #include "core/shared_lines.hpp"
 
+#include "core/kept_files.hpp"
 #include "core/program.hpp"
 #include "core/program_files.hpp"
-#include "core/text_file.hpp"
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
@@ -39,7 +39,11 @@ Lines merged(const Lines& known, const Lines& there, const Lines& ours, const Sh
 }  // namespace
 
 Lines SharedLines::load(const Program& program) {
-  return known_ = readLines(program.platform.files, program_file::path(program.platform, literal_));
+  KeptFiles kept(program);
+  const std::string file = program_file::path(program.platform, literal_);
+  known_ = kept.readLines(file);
+  (void)kept.setAside(file);
+  return known_;
 }
 
 platform::Result<void> SharedLines::store(const Program& program, const Lines& lines, std::size_t limit,
@@ -49,7 +53,12 @@ platform::Result<void> SharedLines::store(const Program& program, const Lines& l
   platform::Result<void> written;
   program.platform.alone([&] {
     const KeyOf folded = [](std::string_view line) { return platform::foldCase(line); };
-    Lines all = merged(known_, readLines(files, file), lines, keyOf ? keyOf : folded);
+    const FileLines there = readWholeLines(files, file);
+    if (!there.whole) {
+      written = platform::Error{platform::ErrorCode::Damaged, file, "the file cannot be read to its end"};
+      return;
+    }
+    Lines all = merged(known_, there.lines, lines, keyOf ? keyOf : folded);
     if (all.size() > limit) all.erase(all.begin(), all.end() - static_cast<std::ptrdiff_t>(limit));
     written = writeLines(files, file, all);
   });

@@ -21,6 +21,7 @@ class SharedLines {
   /// A file of the layout (`core::program_file`).
   explicit SharedLines(std::string_view literal) : literal_(literal) {}
 
+  /// A file that cannot be read to its end is set aside, and the user told.
   std::vector<std::string> load(const Program& program);
   /// Writes the lines together with those of other copies; the oldest go beyond `limit`. Without a key the letter case
   /// does not count.

@@ -2,68 +2,59 @@
 
 #include "platform/paths.hpp"
 
-#include <utility>
-
 namespace varnholt::core {
 namespace {
 
-// Carriage return and line feed in the range in which platform::paths has its stand-in for the backslash, and with the
-// same mark before one of these that is itself in the text.
-constexpr std::pair<char, std::string_view> StandIns[] = {{'\r', "\xEF\x80\x8D"}, {'\n', "\xEF\x80\x8A"}};
-constexpr std::string_view Mark = platform::paths::EscapeMark;
-// What all three begin with: few texts have it, and the others are their own line.
-constexpr std::string_view Beginning = "\xEF\x80";
+using platform::paths::EscapeMark;
 
-/// What begins with a character that must not be taken for anything else: its bytes, or 0.
-std::size_t markedAt(std::string_view text) {
-  if (text.starts_with(Mark)) return Mark.size();
-  for (const auto& [character, standIn] : StandIns)
-    if (text.starts_with(standIn)) return standIn.size();
-  return 0;
+// All of these have three bytes.
+constexpr std::string_view ReturnStandIn = "\xEF\x80\x8D", FeedStandIn = "\xEF\x80\x8A";
+
+bool isMarked(std::string_view text) {
+  return text.starts_with(ReturnStandIn) || text.starts_with(FeedStandIn) || text.starts_with(EscapeMark);
 }
 
 }  // namespace
 
+bool endsWithinLine(std::string_view text) {
+  return !text.empty() && text.back() != '\n' && text.find("\r\n") != std::string_view::npos;
+}
+
 std::string lineOf(std::string_view entry) {
-  if (entry.find(Beginning) == std::string_view::npos && entry.find_first_of("\r\n") == std::string_view::npos)
-    return std::string(entry);
+  if (entry.find_first_of("\r\n\xEF") == std::string_view::npos) return std::string(entry);
   std::string line;
-  for (std::size_t at = 0; at < entry.size();) {
-    const std::size_t marked = markedAt(entry.substr(at));
-    if (marked > 0) line += Mark;
-    const std::string_view next = entry.substr(at, marked > 0 ? marked : 1);
-    at += next.size();
-    if (next == "\r")
-      line += StandIns[0].second;
-    else if (next == "\n")
-      line += StandIns[1].second;
+  for (std::size_t at = 0; at < entry.size(); ++at) {
+    const char byte = entry[at];
+    if (isMarked(entry.substr(at))) line += EscapeMark;
+    if (byte == '\r' || byte == '\n')
+      line += byte == '\r' ? ReturnStandIn : FeedStandIn;
     else
-      line += next;
+      line += byte;
   }
   return line;
 }
 
 std::string entryOf(std::string_view line) {
-  if (line.find(Beginning) == std::string_view::npos) return std::string(line);
+  if (line.find('\xEF') == std::string_view::npos) return std::string(line);
   std::string entry;
   for (std::size_t at = 0; at < line.size();) {
-    std::string_view rest = line.substr(at);
-    // A mark before anything else is a part of the text: the stand-in for a backslash has one of its own.
-    if (const std::size_t marked = rest.starts_with(Mark) ? markedAt(rest.substr(Mark.size())) : 0) {
-      entry += rest.substr(Mark.size(), marked);
-      at += Mark.size() + marked;
-    } else if (rest.starts_with(StandIns[0].second) || rest.starts_with(StandIns[1].second)) {
-      entry += rest.starts_with(StandIns[0].second) ? '\r' : '\n';
-      at += StandIns[0].second.size();
+    const std::string_view rest = line.substr(at);
+    if (rest.starts_with(EscapeMark) && isMarked(rest.substr(EscapeMark.size()))) {
+      entry += rest.substr(EscapeMark.size(), EscapeMark.size());
+      at += 2 * EscapeMark.size();
+    } else if (rest.starts_with(ReturnStandIn) || rest.starts_with(FeedStandIn)) {
+      entry += rest.starts_with(ReturnStandIn) ? '\r' : '\n';
+      at += ReturnStandIn.size();
     } else {
-      entry += rest.front();
-      ++at;
+      entry += line[at++];
     }
   }
   return entry;
 }
 
-std::vector<std::string> splitLines(std::string_view text) {
+namespace {
+
+std::vector<std::string> split(std::string_view text, bool keepsEmpty) {
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
   std::vector<std::string> lines;
   while (!text.empty()) {
@@ -71,19 +62,36 @@ std::vector<std::string> splitLines(std::string_view text) {
     std::string_view line = text.substr(0, end);
     text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     if (line.ends_with('\r')) line.remove_suffix(1);
-    lines.emplace_back(line);
+    if (keepsEmpty || !line.empty()) lines.push_back(entryOf(line));
   }
   return lines;
 }
 
+}  // namespace
+
+std::vector<std::string> splitLines(std::string_view text) { return split(text, true); }
+
+std::vector<std::string> splitEntries(std::string_view text) { return split(text, false); }
+
+FileText readText(const platform::FileSystem& files, const std::string& path) {
+  auto bytes = files.readFile(path, LargestTextFile);
+  if (bytes) return {*std::move(bytes), true};
+  using platform::ErrorCode;
+  if (bytes.error().code == ErrorCode::NotFound) return {};
+  if (bytes.error().code != ErrorCode::TooLarge) return {{}, false};
+  // The last line is only begun.
+  std::string beginning = files.readBeginning(path, LargestTextFile).valueOr({});
+  beginning.resize(beginning.rfind('\n') + 1);
+  return {std::move(beginning), false};
+}
+
+FileLines readWholeLines(const platform::FileSystem& files, const std::string& path) {
+  const FileText text = readText(files, path);
+  return {splitEntries(text.bytes), text.whole && !endsWithinLine(text.bytes)};
+}
+
 std::vector<std::string> readLines(const platform::FileSystem& files, const std::string& path) {
-  const auto bytes = files.readFile(path);
-  if (!bytes) return {};
-  auto lines = splitLines(*bytes);
-  std::erase_if(lines, [](const std::string& line) { return line.empty(); });
-  for (std::string& line : lines)
-    line = entryOf(line);
-  return lines;
+  return readWholeLines(files, path).lines;
 }
 
 platform::Result<void> writeLines(platform::FileSystem& files, const std::string& path,

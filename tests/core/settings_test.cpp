@@ -1,8 +1,8 @@
 #include "core/settings.hpp"
 
 #include "core/init_state.hpp"
+#include "core/kept_files.hpp"
 #include "core/registry_access.hpp"
-#include "core/text_file.hpp"
 #include "support/app_rig.hpp"
 
 namespace varnholt::core {
@@ -74,6 +74,49 @@ TEST_F(SettingsTest, TextFilesAreReadWithEitherLineEndAndWrittenWithOne) {
   ASSERT_TRUE(writeLines(rig.platform->files, file, {"a", "b"}));
   EXPECT_EQ(*rig.platform->files.readFile(file), "a\r\nb\r\n");
   EXPECT_TRUE(readLines(rig.platform->files, file + " gone").empty());
+}
+
+TEST_F(SettingsTest, ALineBreakOfANameStaysInItsLineAndNoTwoNamesMeet) {
+  const std::string file = rig.programFolder() + "\\lines.txt";
+  const std::vector<std::string> names{"a\r\nb",
+                                       "a\xEF\x80\x8D\xEF\x80\x8A"
+                                       "b",
+                                       "\xEF\x80\x9B\n",
+                                       "\xEF\x80\x9B\xEF\x80\x8A",
+                                       "\xEF\x80\x9B\xEF\x81\x9C",
+                                       "\xEF\x80\x9B\xEF\x80\x9B",
+                                       "\xEF"};
+  ASSERT_TRUE(writeLines(rig.platform->files, file, names));
+  EXPECT_EQ(std::ranges::count(*rig.platform->files.readFile(file), '\n'), std::ssize(names));
+  EXPECT_EQ(readLines(rig.platform->files, file), names);
+  EXPECT_EQ(entryOf("\xEF\x80\x9B\xEF\x81\x9C"), "\xEF\x80\x9B\xEF\x81\x9C") << "as written by hand";
+}
+
+TEST_F(SettingsTest, WhatCannotBeReadToItsEndIsKeptBeforeItsFileIsWrittenAgain) {
+  auto& disk = rig.platform->files;
+  KeptFiles kept(rig.app().program);
+  const std::string file = rig.programFolder() + "\\kept.txt";
+  const std::string large(LargestTextFile, 'x');
+  struct Case {
+    std::string bytes;
+    std::size_t lines;
+    bool whole;
+  };
+  for (const Case& each : {Case{"one\r\ntwo\r\n", 2, true}, Case{"one\ntwo", 2, true}, Case{"one\r\ntw", 2, false},
+                           Case{"one\r\n" + large + "two", 1, false}}) {
+    ASSERT_TRUE(disk.writeFile(file, each.bytes));
+    EXPECT_EQ(kept.readLines(file).size(), each.lines);
+    if (!each.whole) rig.loop.meets({{"Form12"}});
+    ASSERT_TRUE(kept.writeLines(file, {"new"}));
+    EXPECT_EQ(*disk.readFile(file), "new\r\n");
+    const std::string aside = each.lines == 1 ? file + ".damaged-2" : file + ".damaged-1";
+    EXPECT_EQ(disk.fileExists(aside), !each.whole);
+    if (!each.whole) {
+      EXPECT_EQ(*disk.fileSize(aside), each.bytes.size());
+    }
+    rig.loop.expectAllReached();
+  }
+  EXPECT_TRUE(kept.readLines(file + " gone").empty() && kept.wasReadWhole(file + " gone"));
 }
 
 }  // namespace
