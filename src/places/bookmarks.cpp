@@ -53,7 +53,7 @@ Bookmark bookmarkOf(std::string_view bytes) {
                          : lines[at] == FolderMark ? &bookmark.folder
                          : lines[at] == FileMark   ? &bookmark.fileName
                                                    : nullptr;
-    if (value) *value = core::entryOf(lines[++at]);
+    if (value) *value = lines[++at];
   }
   return bookmark;
 }

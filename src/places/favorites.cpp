@@ -78,7 +78,7 @@ bool places::Form26::FavoritExist(const std::string& favorite) const {
   const auto lines = bytes ? core::splitLines(*bytes) : std::vector<std::string>();
   const std::string second = lines.size() > 1 ? lines[1] : std::string();
   if (bytes && (second.size() < MarkAt || second.compare(MarkAt, Mark.size(), Mark) != 0)) return true;
-  const std::string target = bytes ? core::entryOf(second.substr(MarkAt + Mark.size())) : std::string();
+  const std::string target = bytes ? second.substr(MarkAt + Mark.size()) : std::string();
   const auto found = desk_.files().resolve(target);
   if (found && desk_.files().fileExists(*found)) return true;
   desk_.program.dialogs.alert("Favorit has changed and NOT Valid !");
@@ -135,7 +135,7 @@ void Favorites::showfavor_Click() {
 }
 
 bool Favorites::open(const std::string& file) {
-  if (!paths::sameFolder(paths::parent(file), Form26.places.folder())) return false;
+  if (!desk_.files().sameEntry(paths::parent(file), Form26.places.folder())) return false;
   if (!Form26.FavoritExist(file)) return true;
   desk_.mostUsed.Muf(file);
   desk_.opener.openShortcut(file);

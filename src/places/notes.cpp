@@ -201,7 +201,7 @@ bool places::Form46::save() {
   }
   const std::string file = notes.fileOf(name);
   if (!notes.makeFolder() || !mayReplace(name, file)) return false;
-  const auto written = desk_.files().writeFile(file, core::writeRtf(RichTextBox1.Document()));
+  const auto written = kept_.write(file, core::writeRtf(RichTextBox1.Document()));
   if (!written) {
     dialogs.alert("Cannot Save Note !\r" + name + " :  " + written.error().text);
     return false;
@@ -219,24 +219,13 @@ bool places::Form46::mayReplace(const std::string& name, const std::string& file
   if (!desk_.files().fileExists(file)) return true;
   auto& dialogs = desk_.program.dialogs;
   if (!dialogs.AskRetry("Note:  \r" + name + "   Already Exist !\rDo You Want To OverWrite ?")) return false;
-  const auto bytes = desk_.files().readFile(file);
-  const core::RtfText there = bytes ? core::readRtf(*bytes) : core::RtfText();
-  if (!bytes || !there.isWhole) return setAside(name, file);
+  const core::RtfText there = core::readRtf(kept_.read(file));
+  if (!there.isWhole) kept_.foundCutOff(file);
+  if (!kept_.wasReadWhole(file)) return true;
   return !there.holdsMore ||
          dialogs.AskRetry("Note:  \r" + name +
                           "   Holds More Than Text And Its Look !\rPictures, tables, fonts and alike "
                           "are lost. Save ?");
-}
-
-bool places::Form46::setAside(const std::string& name, const std::string& file) {
-  std::string aside;
-  for (int number = 1; aside.empty() || desk_.files().fileExists(aside) || desk_.files().folderExists(aside); ++number)
-    aside = file + ".damaged-" + std::to_string(number);
-  const auto moved = desk_.files().moveFile(file, aside);
-  desk_.program.dialogs.alert(moved ? "Note:  " + name + "\rCould not be read to its end. It is kept as " +
-                                          std::string(paths::fileName(aside))
-                                    : "Cannot Save Note !\r" + name + " :  " + moved.error().text);
-  return moved.ok();
 }
 
 // --- Deleting ------------------------------------------------------------------------------------------------------

@@ -3,6 +3,7 @@
 #include "controls/list_view.hpp"
 #include "controls/rich_text.hpp"
 #include "controls/standard.hpp"
+#include "core/kept_files.hpp"
 #include "panels/desk.hpp"
 #include "panels/room.hpp"
 #include "places/place_list.hpp"
@@ -48,15 +49,14 @@ class Form46 : public controls::Form {
 
   /// Saves under the name in the box; false: it was not.
   bool save();
-  /// What stands in the way of writing over that file was asked and told, and is settled.
+  /// A file that stands there may go. One that could not be read to its end is noted as such.
   bool mayReplace(const std::string& name, const std::string& file);
-  /// Puts a file that could not be read to its end out of the way.
-  bool setAside(const std::string& name, const std::string& file);
   /// A text that was changed may be lost: false, the user keeps it.
   bool mayLose();
   void resetName();
 
   panels::Desk& desk_;
+  core::KeptFiles kept_{desk_.program};
   std::string loaded_;  ///< row of the note in the text box; empty: none
   bool changed_ = false;
 };

@@ -121,7 +121,7 @@ TEST_F(NotesTest, AFileThatCouldNotBeReadToItsEndIsSetAsideAndTold) {
         EXPECT_EQ(text(), "cut off");
         notes().Command1.press();
       },
-      {test::yes(), test::told("Note:  a\rCould not be read to its end. It is kept as a.Rtf.damaged-2")});
+      {test::yes(), test::told("a.Rtf could not be read to its end.\rIt is kept as  " + folder() + "a.Rtf.damaged-2")});
   EXPECT_EQ(kept("a.Rtf.damaged-2"), "{\\rtf1 cut {off");
   EXPECT_EQ(kept("a.Rtf"), core::writeRtf(RichText::of("cut off")));
 }
