@@ -35,8 +35,11 @@ std::unique_ptr<qt::RunningProgram> start(qt::QtMessageLoop& loop, const std::ve
     return bytes ? std::optional(*bytes) : std::nullopt;
   });
   loop.dragAndDrop().setPaths({system.toSystem, system.toProgram});
+  const auto folders = app::foldersNamed(arguments);
+  // A desktop that opens more of them sees no error, so a window is better than none.
+  if (folders.size() > 2) std::fputs("varnholt: more than two folders; the first two are shown\n", stderr);
   if (running->app.Main())
-    running->app.openFolders(app::foldersNamed(arguments));
+    running->app.openFolders(folders);
   else
     loop.quit();
   platform::noteDoing("rest, after the start");

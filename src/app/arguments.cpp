@@ -3,7 +3,6 @@
 #include "core/diagnostic_log.hpp"
 #include "platform/paths.hpp"
 
-#include <algorithm>
 #include <filesystem>
 
 namespace varnholt::app {
@@ -19,8 +18,6 @@ constexpr const char* Help = "Usage: varnholt [LEFT [RIGHT]]\n"
                              "\n"
                              "Variables: VARNHOLT_DRIVES=\"C=/home/me;D=/data\" chooses the drive letters.\n";
 
-constexpr std::size_t MostFolders = 2;
-
 bool isProgramPath(const std::string& text) {
   return !platform::paths::driveOf(text).empty() && (text.size() == 2 || text[2] == '\\');
 }
@@ -28,29 +25,26 @@ bool isProgramPath(const std::string& text) {
 }  // namespace
 
 std::optional<Answer> answerWithoutWindow(const std::vector<std::string>& arguments) {
-  std::size_t folders = 0;
-  for (auto each = arguments.begin(); each != arguments.end(); ++each) {
-    if (*each == "--") {
-      folders += static_cast<std::size_t>(arguments.end() - each - 1);
-      break;
-    }
-    if (*each == "--help") return Answer{Help};
-    if (*each == "--version") return Answer{"Varnholt " + core::programVersion() + "\n"};
-    if (each->starts_with("--")) return Answer{"varnholt: no such option: " + *each + "\n" + Help, 2};
+  for (const std::string& each : arguments) {
+    if (each == "--") return {};
+    if (each == "--help") return Answer{Help};
+    if (each == "--version") return Answer{"Varnholt " + core::programVersion() + "\n"};
+    if (each.starts_with("--")) return Answer{"varnholt: no such option: " + each + "\n" + Help, 2};
     // The toolkit's options may have a value behind them.
-    if (each->starts_with('-')) return {};
-    ++folders;
+    if (each.starts_with('-')) return {};
   }
-  if (folders > MostFolders) return Answer{std::string("varnholt: more than two folders\n") + Help, 2};
   return {};
 }
 
 std::vector<std::string> foldersNamed(const std::vector<std::string>& arguments) {
   namespace fs = std::filesystem;
   std::vector<std::string> folders;
+  bool optionsEnded = false;
   for (const std::string& argument : arguments) {
-    if (argument == "--" && folders.empty()) continue;
-    if (folders.size() == MostFolders) break;
+    if (!optionsEnded && argument == "--") {
+      optionsEnded = true;
+      continue;
+    }
     std::error_code failed;
     if (isProgramPath(argument))
       folders.push_back(platform::paths::driveOf(argument) + argument.substr(2));

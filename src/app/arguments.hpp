@@ -17,7 +17,7 @@ struct Answer {
 std::optional<Answer> answerWithoutWindow(const std::vector<std::string>& arguments);
 
 /// The folders named, in the system's form and absolute, for left and right. A file stands for its folder; a path that
-/// is no system path is a program path and given as it is.
+/// is no system path is a program path and given as it is. A desktop gives as many as are selected there.
 std::vector<std::string> foldersNamed(const std::vector<std::string>& arguments);
 
 }  // namespace varnholt::app

@@ -1,0 +1,3 @@
+# Everybody may read what the package brings, whatever the umask of the one who makes it.
+file(CHMOD_RECURSE "${CPACK_TEMPORARY_DIRECTORY}"
+  DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
