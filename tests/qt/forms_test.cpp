@@ -34,7 +34,7 @@ class DrawnForms : public testing::Test {
                                        &app.Form35,         &app.rename.Form14};
     for (const auto& dialogs :
          {app.fileops.dialogs(), app.basket.dialogs(), app.properties.dialogs(), app.filters.dialogs(),
-          app.presets.dialogs(), app.compare.dialogs(), app.cleanup.dialogs(), app.vdt.dialogs()})
+          app.presets.dialogs(), app.compare.dialogs(), app.cleanup.dialogs(), app.vdt.dialogs(), app.zip.dialogs()})
       forms.insert(forms.end(), dialogs.begin(), dialogs.end());
     return forms;
   }
@@ -227,7 +227,8 @@ TEST_F(DrawnForms, NothingIsCutInLargerFonts) {
 // file systems.
 void tell(controls::Form& form, const std::string& name) {
   const bool namesStandInLabels =
-      std::ranges::count(std::vector<std::string>{"Form14", "Form15", "Form18", "Form24", "Form30"}, form.name()) == 0;
+      std::ranges::count(std::vector<std::string>{"Form14", "Form15", "Form18", "Form24", "Form30", "Form41"},
+                         form.name()) == 0;
   for (controls::Control* control : form.controls()) {
     auto* label = dynamic_cast<controls::Label*>(control);
     if (label && namesStandInLabels) label->Caption = "Target FileName:     C:\\Photos\\" + name;
