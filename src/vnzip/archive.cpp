@@ -158,12 +158,18 @@ void ArchiveRun::passOver(std::vector<Source>& sources, Existing existing) const
 // --- Drafts --------------------------------------------------------------------------------------------------------
 
 bool ArchiveRun::makeDraft(Draft& draft) {
-  draft.name = platform::posix::temporaryName();
+  constexpr int MostAttempts = 100;
   const mode_t mode = old_ ? oldFacts_.st_mode & 0777 : 0666;
-  draft.fd = UniqueFd(::openat(folder_.get(), draft.name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-  if (!draft.fd || !platform::posix::holdTemporary(folder_.get(), draft.name.c_str(), draft.fd.get())) return false;
+  const int folder = folder_.get();
+  for (int attempt = 0; attempt < MostAttempts && !draft.fd; ++attempt) {
+    draft.name = platform::posix::temporaryName();
+    draft.fd = UniqueFd(::openat(folder, draft.name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+    if (!draft.fd && errno != EEXIST) return false;
+    // A clean-up may be quicker with a file that is not held yet.
+    if (draft.fd && !platform::posix::holdTemporary(folder, draft.name.c_str(), draft.fd.get())) draft.fd.reset();
+  }
   struct stat facts {};
-  if (::fstat(draft.fd.get(), &facts) != 0) return false;
+  if (!draft.fd || ::fstat(draft.fd.get(), &facts) != 0) return false;
   sources_.spare({facts.st_dev, facts.st_ino});
   draft.end = 0;
   return true;
@@ -293,24 +299,30 @@ bool ArchiveRun::packFile(Draft& draft, Packer& packer, std::shared_ptr<Piece> p
 }
 
 bool ArchiveRun::finish(Draft& draft, std::vector<Entry> added) {
-  Directory directory = directory_;
-  auto byName = byName_;
+  auto& entries = directory_.entries;
+  const std::size_t before = entries.size();
+  std::vector<std::pair<std::size_t, Entry>> replaced;
   for (Entry& entry : added) {
-    const auto [known, isNew] = byName.try_emplace(entry.name, directory.entries.size());
-    if (isNew)
-      directory.entries.push_back(std::move(entry));
-    else
-      directory.entries[known->second] = std::move(entry);
+    const auto [known, isNew] = byName_.try_emplace(entry.name, entries.size());
+    if (isNew) {
+      entries.push_back(std::move(entry));
+    } else {
+      replaced.emplace_back(known->second, std::move(entries[known->second]));
+      entries[known->second] = std::move(entry);
+    }
   }
-  directory.begin = draft.end;
-  const std::string bytes = directoryBytes(directory);
-  if (!writeAt(draft.fd.get(), bytes.data(), bytes.size(), draft.end) ||
-      ::ftruncate(draft.fd.get(), static_cast<off_t>(draft.end + bytes.size())) != 0 || ::fsync(draft.fd.get()) != 0 ||
-      !publish(draft))
-    return false;
-  directory_ = std::move(directory);
-  byName_ = std::move(byName);
-  return true;
+  directory_.begin = draft.end;
+  const std::string bytes = directoryBytes(directory_);
+  if (writeAt(draft.fd.get(), bytes.data(), bytes.size(), draft.end) &&
+      ::ftruncate(draft.fd.get(), static_cast<off_t>(draft.end + bytes.size())) == 0 && ::fsync(draft.fd.get()) == 0 &&
+      publish(draft))
+    return true;
+  for (std::size_t at = before; at < entries.size(); ++at)
+    byName_.erase(entries[at].name);
+  entries.resize(before);
+  for (auto& [at, entry] : replaced)
+    entries[at] = std::move(entry);
+  return false;
 }
 
 // The file that was the archive until now gets the other's name in the same step.

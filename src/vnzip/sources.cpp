@@ -44,8 +44,8 @@ std::vector<std::string> namesIn(const std::string& folder, int& error) {
 }
 
 /// The stored attributes; none where nothing is stored.
-std::uint8_t storedAttributes(const std::string& path) {
-  auto store = platform::posix::AttributeStore::ofPath(path.c_str());
+std::uint8_t storedAttributes(const std::string& path, dev_t device) {
+  auto store = platform::posix::AttributeStore::ofVolume(device, path.c_str());
   return static_cast<std::uint8_t>(store.read(path.c_str()).value_or(0));
 }
 
@@ -75,17 +75,18 @@ void Sources::addFolder(const Taking& taking, std::size_t drive, const std::stri
   if (error) return leftOut_(folder, std::strerror(error));
   if (names.empty()) return leftOut_(folder, "an empty folder");
   std::vector<std::string> folders;
+  dev_t device = 0;
   for (const std::string& name : names) {
     const std::string path = folder + (folder.ends_with('/') ? "" : "/") + name;
     struct stat facts {};
     if (::lstat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode))
-      folders.push_back(path);
+      folders.push_back(path), device = facts.st_dev;
     else
       addFile(taking, drive, path, sources);
   }
   for (const std::string& each : folders)
     if (taking.recurse) {
-      if (!taking.systemAndHidden && (storedAttributes(each) & (Hidden | System)))
+      if (!taking.systemAndHidden && (storedAttributes(each, device) & (Hidden | System)))
         leftOut_(each, "hidden or system");
       else
         addFolder(taking, drive, each, sources);
@@ -104,7 +105,7 @@ void Sources::addFile(const Taking& taking, std::size_t drive, const std::string
   source.size = static_cast<std::uint64_t>(facts.st_size);
   source.modified = facts.st_mtim;
   source.mode = facts.st_mode;
-  const std::uint8_t stored = source.isLink ? 0 : storedAttributes(path);
+  const std::uint8_t stored = source.isLink ? 0 : storedAttributes(path, facts.st_dev);
   if (!taking.systemAndHidden && (stored & (Hidden | System))) return leftOut_(path, "hidden or system");
   source.attributes = (stored ? stored : Archive) | (facts.st_mode & S_IWUSR ? 0 : ReadOnly);
   source.name = nameOf(taking, drive, path);

@@ -1,4 +1,5 @@
 #include "support/app_rig.hpp"
+#include "support/kill_at.hpp"
 
 #include <array>
 #include <cstdio>
@@ -140,6 +141,89 @@ TEST_F(ZipTest, WithoutTheLibraryOrASelectionThereIsNoDialog) {
   rig.loop.whenBox("Alert !", controls::MessageAnswer::Ok,
                    "File Vnzip.Dll missing in Application Folder, Function exits !");
   rig.command("MakeZip_Click");
+}
+
+/// The library by itself, on a folder of the system.
+class ZipLibraryTest : public testing::Test {
+ protected:
+  ZipLibraryTest() {
+    for (const char* name : {"one", "two", "three"})
+      scratch.write(name, std::string(3000, name[0]) + name);
+  }
+  int pack(const std::vector<std::string>& names, const VnOptions& asked = {}) const {
+    const platform::SharedLibrary library(VARNHOLT_ZIP_LIBRARY);
+    VnOptions options = asked;
+    const std::string root = scratch.path();
+    options.rootDirectory = root.c_str();
+    library.call<decltype(ZpSetOptions)>("ZpSetOptions")(&options);
+    const auto archive = library.call<decltype(ZpArchive)>("ZpArchive");
+    int result = 0;
+    for (const std::string& name : names) {
+      const std::string path = scratch / name;
+      const char* const specifications[] = {path.c_str()};
+      result = std::max(result, archive(1, "x.zip", specifications));
+    }
+    return archive(0, "", nullptr), result;
+  }
+  std::string entries() const {
+    return said("unzip -tqq '" + (scratch / "x.zip") + "' 2>&1 && unzip -Z1 '" + (scratch / "x.zip") + "'");
+  }
+
+  test::ScratchFolder scratch;
+};
+
+TEST_F(ZipLibraryTest, AKillAtAnyCallLeavesTheArchiveOfTheLastWholeBatch) {
+  const auto before = [&] {
+    std::filesystem::remove(scratch / "x.zip");
+    ASSERT_EQ(pack({"one"}), 0);
+  };
+  before();
+  const test::KillAt killer([] {}, [&] { (void)pack({"two", "three"}); });
+  const int moments = killer.moments();
+  if (moments == test::KillAt::Untraceable) GTEST_SKIP() << "processes may not be traced here";
+  ASSERT_GT(moments, 10);
+  std::set<std::string> seen;
+  for (int moment = 0; moment < moments; ++moment) {
+    before();
+    (void)killer.at(moment);
+    seen.insert(entries());
+  }
+  EXPECT_EQ(seen, (std::set<std::string>{"one\n", "one\ntwo\n", "one\ntwo\nthree\n"}));
+}
+
+TEST_F(ZipLibraryTest, AbsurdRequestsAreRefusedAndNothingIsTouched) {
+  const platform::SharedLibrary library(VARNHOLT_ZIP_LIBRARY);
+  EXPECT_NE(library.call<decltype(ZpInit)>("ZpInit")(nullptr), 0);
+  EXPECT_NE(library.call<decltype(ZpSetOptions)>("ZpSetOptions")(nullptr), 0);
+  const auto archive = library.call<decltype(ZpArchive)>("ZpArchive");
+  EXPECT_NE(archive(1, "x.zip", nullptr), 0);
+  EXPECT_NE(archive(-1, "x.zip", nullptr), 0);
+  EXPECT_NE(archive(VnSlots, "x.zip", nullptr), 0);
+  EXPECT_NE(archive(1, nullptr, nullptr), 0);
+  VnOptions secret{};
+  secret.encrypt = 1;
+  EXPECT_NE(pack({"one"}, secret), 0);
+  EXPECT_FALSE(scratch.has("x.zip"));
+}
+
+TEST_F(ZipLibraryTest, NamesTimesModesAndLinksComeOutAsTheyWere) {
+  scratch.write("sub/\xC3\xA4 b\\c.sh", "run");
+  scratch.write("sub/empty", "");
+  scratch.link("sub/l", "../one");
+  std::filesystem::permissions(scratch / "sub/\xC3\xA4 b\\c.sh", std::filesystem::perms(0750));
+  VnOptions all{};
+  all.recurse = 2;
+  ASSERT_EQ(pack({"sub/*.*"}, all), 0);
+  said("cd '" + scratch.path() + "' && mkdir out && cd out && LC_ALL=C.UTF-8 unzip -q ../x.zip");
+  const std::filesystem::path out = scratch / "out/sub";
+  EXPECT_EQ(std::filesystem::read_symlink(out / "l"), "../one");
+  const std::filesystem::path script = out / "\xC3\xA4 b\xEF\x81\x9C"
+                                             "c.sh";
+  struct stat packed {
+  }, was{};
+  ASSERT_EQ(::stat(script.c_str(), &packed) + ::stat((scratch / "sub/\xC3\xA4 b\\c.sh").c_str(), &was), 0);
+  EXPECT_EQ(packed.st_mode, was.st_mode);
+  EXPECT_EQ(packed.st_mtim.tv_sec, was.st_mtim.tv_sec);
 }
 
 TEST(cZipTest, KeepsItsOddities) {
