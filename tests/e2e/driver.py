@@ -59,6 +59,8 @@ class Program:
         for folder in (self.home, self.second, self.place + "/program", self.place + "/config"):
             os.makedirs(folder)
         self.executable = shutil.copy(executable, self.place + "/program/varnholt")
+        library = os.path.join(os.path.dirname(executable), "Vnzip.dll")
+        shutil.copy(library, self.place + "/program")
         assets = os.path.join(os.path.dirname(executable), "assets")
         os.symlink(os.path.realpath(assets), self.place + "/program/assets")
         self.process = None

@@ -52,10 +52,18 @@ TEST_F(ProgramFolderTest, IsTheExecutablesOwnForPortableUse) {
 TEST_F(ProgramFolderTest, IsTheUsersForAnInstalledProgram) {
   fs::create_directories(folder / "opt/bin");
   ship("opt/share/varnholt/assets");
+  // A library of an earlier version was brought before; the last write is by somebody who knows better.
+  for (const char* text : {"first", "second"}) {
+    folder.write("opt/lib/varnholt/Vnzip.dll", text);
+    find(at("opt/bin"));
+    EXPECT_EQ(folder.read("data/varnholt/Vnzip.dll"), text);
+  }
+  folder.write("data/varnholt/Vnzip.dll", "own");
   const ProgramFolders found = find(at("opt/bin"));
   EXPECT_EQ(found.program, folder / "data/varnholt");
   EXPECT_EQ(found.assets, folder / "opt/share/varnholt/assets");
   EXPECT_EQ(folder.read("data/varnholt/Readme.txt"), "shipped");
+  EXPECT_EQ(folder.read("data/varnholt/Vnzip.dll"), "own");
 }
 
 TEST(InstalledPrograms, AreKnownByTheirFolder) {

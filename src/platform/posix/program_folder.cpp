@@ -46,6 +46,15 @@ std::string findAssets(const HostFolders& given, const std::string& executable) 
   return {};
 }
 
+/// The library that makes archives, which the program opens in its own folder.
+constexpr const char* Library = "/Vnzip.dll";
+
+bool bringLibrary(const std::string& executable, const std::string& program) {
+  if (executable == program) return true;
+  return copyNewerFile(executable + Library, program + Library) &&
+         copyNewerFile(parentOf(executable) + "/lib/varnholt" + Library, program + Library);
+}
+
 std::string preferredFolder(const HostFolders& given, const std::string& executable) {
   if (!given.data.empty()) return given.data;
   return canWriteIn(executable) && !isInstalled(executable) ? executable : userDataFolder();
@@ -73,7 +82,8 @@ ProgramFolders findProgramFolders(const HostFolders& given, PathMap& map) {
     return found;
   }
   clearUnfinished(found.program, {"Windows"});
-  if (!found.assets.empty() && !copyMissingFiles(found.assets + "/program", found.program))
+  const bool assets = found.assets.empty() || copyMissingFiles(found.assets + "/program", found.program);
+  if (!bringLibrary(executable, found.program) || !assets)
     found.notices.push_back("Not all files of the program could be copied into its folder.");
   return found;
 }

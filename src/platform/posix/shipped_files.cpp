@@ -94,6 +94,22 @@ bool copyMissingFiles(const std::string& source, const std::string& target) {
   return all;
 }
 
+bool copyNewerFile(const std::string& source, const std::string& target) {
+  struct stat shipped {
+  }, there{};
+  if (::stat(source.c_str(), &shipped) != 0) return true;
+  const auto isOlder = [](const timespec& a, const timespec& b) {
+    return a.tv_sec < b.tv_sec || (a.tv_sec == b.tv_sec && a.tv_nsec < b.tv_nsec);
+  };
+  if (::stat(target.c_str(), &there) == 0 && !isOlder(there.st_mtim, shipped.st_mtim)) return true;
+  const UniqueFd folder = openFolder(fs::path(target).parent_path());
+  const UniqueFd from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
+  TempFile file;
+  if (!folder || !from || file.create(folder.get(), 0600) != 0 || fill(file, from.get(), shipped) != 0) return false;
+  const timespec times[] = {shipped.st_mtim, shipped.st_mtim};
+  return ::futimens(file.fd(), times) == 0 && file.replace(fs::path(target).filename().c_str()) == 0;
+}
+
 bool makeFolderFrom(const std::string& source, const std::string& target) {
   std::error_code failed;
   if (fs::is_directory(target, failed)) return true;

@@ -11,6 +11,10 @@ namespace varnholt::platform::posix {
 /// file appears whole or not at all. False when something could not be copied; a missing source is nothing to copy.
 bool copyMissingFiles(const std::string& source, const std::string& target);
 
+/// Copies a file over the one of an earlier version, which is known by its date, and keeps the date. False when that
+/// could not be done; a missing source is nothing to copy.
+bool copyNewerFile(const std::string& source, const std::string& target);
+
 /// Clears what starts that were cut have left in a folder: unfinished copies of the files and folders named.
 void clearUnfinished(const std::string& folder, const std::vector<std::string>& shipped);
 
