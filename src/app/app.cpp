@@ -65,6 +65,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
   bindMainWindow();
   bindButtonDrops();
   bindHooks();
+  bindHelp();
   dress();
 }
 
@@ -212,6 +213,19 @@ std::vector<controls::Form*> App::allDialogs() {
   for (panels::Room* room : rooms())
     std::ranges::copy(room->dialogs(), std::back_inserter(all));
   return all;
+}
+
+void App::bindHelp() {
+  std::vector<controls::Form*> windows = allDialogs();
+  windows.push_back(&Form9);  // the main window's help is a command of its menu
+  for (controls::Form* window : windows)
+    window->KeyDown = [this, window, own = window->KeyDown](controls::KeyEvent& event) {
+      own(event);
+      const auto& held = event.modifiers;
+      if (event.handled || event.code != controls::key::F1 || held.shift || held.ctrl || held.alt) return;
+      event.handled = true;
+      if (window != &Form9 || !dispatcher.busy) tools.frmHelp.showFor(window->name());
+    };
 }
 
 void App::dress() {

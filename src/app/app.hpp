@@ -107,6 +107,7 @@ class App {
   void bindMainWindow();
   void bindButtonDrops();
   void bindHooks();
+  void bindHelp();
   void dress();
   void tellStartNotices();
 };

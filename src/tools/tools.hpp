@@ -5,6 +5,7 @@
 #include "tools/clean_windows.hpp"
 #include "tools/disk_graphics.hpp"
 #include "tools/disk_info.hpp"
+#include "tools/help_viewer.hpp"
 #include "tools/networking_dialog.hpp"
 #include "tools/ping_dialog.hpp"
 #include "tools/selection_report.hpp"
@@ -21,7 +22,7 @@ class Tools : public panels::Room {
   Tools& operator=(const Tools&) = delete;
 
   void addCommands(panels::CommandTable& table) override;
-  std::vector<controls::Form*> dialogs() override { return {&form8, &Form17, &Form31, &Form39, &Form45}; }
+  std::vector<controls::Form*> dialogs() override { return {&form8, &Form17, &Form31, &Form39, &Form45, &frmHelp}; }
   void load() override;
 
  private:
@@ -37,6 +38,7 @@ class Tools : public panels::Room {
   tools::Form31 Form31;
   tools::Form39 Form39;
   tools::Form45 Form45;
+  tools::frmHelp frmHelp;
   Shortcuts shortcuts;
   SelectionReport report;
   CleanWindows cleanWindows;

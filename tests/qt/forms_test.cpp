@@ -219,12 +219,11 @@ TEST_F(DrawnForms, NothingIsCutInLargerFonts) {
 
 // Every text that may hold a name: labels of the questions, fields, lists to choose from. Labels of the rename dialog
 // show a shortened name, those of the dates show dates, those of the properties, the drives and the network count,
-// those of the compare name file systems, and those of the notes their fields.
+// those of the compare name file systems, those of the notes their fields, and those of the help count topics.
 void tell(controls::Form& form, const std::string& name) {
-  const bool namesStandInLabels =
-      std::ranges::count(std::vector<std::string>{"Form14", "Form15", "Form17", "Form18", "Form24", "Form30", "Form31",
-                                                  "Form41", "Form46"},
-                         form.name()) == 0;
+  const std::vector<std::string> others{"Form14", "Form15", "Form17", "Form18", "Form24",
+                                        "Form30", "Form31", "Form41", "Form46", "frmHelp"};
+  const bool namesStandInLabels = std::ranges::count(others, form.name()) == 0;
   for (controls::Control* control : form.controls()) {
     auto* label = dynamic_cast<controls::Label*>(control);
     if (label && namesStandInLabels) label->Caption = "Target FileName:     C:\\Photos\\" + name;

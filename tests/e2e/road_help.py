@@ -1,0 +1,48 @@
+#!/usr/bin/python3
+"""The help: opened by its key from the main window, from a text, and over a dialog at that dialog's place; searched."""
+
+import sys
+
+from driver import expect, run, wait
+
+
+def text(program, help_window):
+    return program.field(help_window, "Text of the topic")
+
+
+def road(program):
+    program.file("a.txt")
+    program.start()
+    program.keys("F1")
+    help_window = program.dialog("Varnholt Help")
+    wait("the first topic", lambda: text(program, help_window).startswith("The two panels"))
+    program.keys("ctrl+f")
+    for letter in "overwrite":
+        program.keys(letter)
+    wait("the topic of that title", lambda: text(program, help_window).startswith("Overwrite Warning"))
+    program.keys("Down")
+    wait("the next topic", lambda: not text(program, help_window).startswith("Overwrite Warning"))
+    program.keys("Escape")
+    program.wait_for_no_dialog()
+
+    program.keys("F7")
+    program.dialog("New Folder")
+    program.type_over("Kept")
+    program.keys("F1")
+    help_window = program.dialog("Varnholt Help")
+    wait("its own topic", lambda: text(program, help_window).startswith("New Folder"))
+    program.keys("F1", "Escape")
+    dialog = program.dialog("New Folder")
+    expect("what was typed is still there", program.field(dialog, "Folder name") == "Kept")
+    program.keys("Return")
+    program.wait_for_no_dialog()
+    wait("the folder", lambda: "\\ Kept" in program.rows(1) + program.rows(2))
+
+    program.keys("ctrl+Return")  # the command line, a text of the main window
+    program.keys("F1")
+    program.dialog("Varnholt Help")
+    program.keys("Escape")
+    program.wait_for_no_dialog()
+
+
+sys.exit(run(road))
