@@ -53,16 +53,17 @@ def road(program):
     with open(program.place + "/program/MostUsed.Dat", "w", newline="", encoding="utf-8") as kept:
         kept.write("[Entry]\r\n000003\r\nletter 1.txt\r\nC:\\Data\\\r\n")
     program.start(program.home + "/Data", program.second)
-    program.click_row(1, "letter 2")
     for at, (path, title) in enumerate(DIALOGS):
+        program.click_row(1, "letter 2")
         program.keys("Home", "shift+End")
         wait("all selected", lambda: program.status_has("Item(s) Selected"))
         choose(program, path)
-        dialog = program.dialog(title) if title else wait("a dialog by " + path, lambda: other_window())
+        wait("what opens by " + path, other_window)
+        if title:
+            program.dialog(title)
         picture(at, path)
         program.keys("Escape")
         program.wait_for_no_dialog()
-        del dialog
 
 
 def choose(program, path):
