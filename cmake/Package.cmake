@@ -5,14 +5,14 @@ set(CPACK_PACKAGE_NAME varnholt)
 set(CPACK_PACKAGE_VENDOR "The Varnholt authors")
 set(CPACK_PACKAGE_CONTACT "Varnholt developers <varnholt@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "two-panel file manager and disk tool")
-set(CPACK_PACKAGE_DESCRIPTION "Varnholt shows two folders side by side and works from the one to the other: it copies,
-moves, renames, compares and synchronises, with a question before anything is
-overwritten.
+set(CPACK_PACKAGE_DESCRIPTION "Varnholt shows two folders side by side and works from the one to the
+other: it copies, moves, renames, zips, compares and synchronises, with a
+question before anything is overwritten.
 .
-It has drive letters and DOS attributes, a basket that gathers files across
-folders, a Virtual DeskTop of pointers kept as projects, favorites, bookmarks
-and notes, searches, a clean-up, a picture view, and charts of what takes the
-space of a disk.")
+It has drive letters and DOS attributes, a basket that gathers files
+across folders, a Virtual DeskTop of pointers kept as projects, favorites,
+bookmarks and notes, searches, a clean-up, a picture view, and charts of
+what takes the space of a disk.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS "${CMAKE_CURRENT_LIST_DIR}/PackagePermissions.cmake")
 

@@ -16,7 +16,7 @@ constexpr const char* Extension = ".Pro";
 constexpr std::size_t LongestName = 255;
 
 // Where it stands from the main window, and how large it is.
-constexpr controls::Twips FromLeft = 2000, FromTop = 3000, DesignWidth = 440 * 15, DesignHeight = 150 * 15;
+constexpr controls::Twips FromLeft = 2000, FromTop = 3000, DesignWidth = 440 * 15, DesignHeight = 118 * 15;
 
 }  // namespace
 

@@ -262,7 +262,8 @@ class Program:
 
     def menu_entry(self, name):
         """An entry of an open menu."""
-        return next((node for node in below(self.application()) if node.get_name() == name and shows(node)), None)
+        return next((node for node in below(self.application())
+                     if node.get_name() == name and "menu" in node.get_role_name() and shows(node)), None)
 
     @staticmethod
     def is_enabled(node):
