@@ -190,7 +190,7 @@ std::vector<std::size_t> HelpSearch::find(std::string_view words) const {
   std::vector<std::size_t> found;
   for (std::size_t at = 0; at < topics_.size(); ++at)
     if (holds(topics_[at].all)) found.push_back(at);
-  std::ranges::stable_partition(found, [&](std::size_t at) { return holds(topics_[at].title); });
+  std::stable_partition(found.begin(), found.end(), [&](std::size_t at) { return holds(topics_[at].title); });
   return found;
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 
 namespace varnholt::tools {
 namespace {
@@ -13,7 +14,7 @@ namespace {
 namespace key = controls::key;
 
 constexpr std::string_view HelpText = "\\Help.txt";
-constexpr int Page = 10;
+constexpr int Page = 10, TopicIcon = 1;
 
 /// Stands in place of what cannot be read.
 constexpr std::string_view Missing = "# The help text is missing\n"
@@ -37,6 +38,7 @@ tools::frmHelp::frmHelp(panels::Desk& desk) : Form(desk.program.loop, "frmHelp")
   lstTopics.ToolTipText = "The topics that hold the words";
   lstTopics.MultiSelect = false;
   lstTopics.setSorted(false);
+  lstTopics.ImageList = std::map<int, std::string>{{TopicIcon, "help"}};
   lstTopics.ColumnHeaders = std::vector<controls::ColumnHeader>{{"Topics:", 4000, 0, false}};
   rtbText.AccessibleName = "Text of the topic";
   rtbText.ToolTipText = "What the topic tells";
@@ -91,7 +93,7 @@ void tools::frmHelp::search() {
   found_ = search_.find(txtSearch.Text.get());
   lstTopics.clear();
   for (const std::size_t at : found_)
-    lstTopics.add(topics_[at].title);
+    lstTopics.add(topics_[at].title, TopicIcon);
   lblFound.Caption = found_.empty() ? "No topic holds these words." : std::to_string(found_.size()) + " topic(s)";
   if (found_.empty())
     rtbText.setDocument({});
