@@ -3,24 +3,16 @@
 // line a column, tab-separated: the case, the milliseconds of a sort by it, the limit.
 //   bench_folder_dialogs compare|sync|scan|hits LEFT RIGHT      (RIGHT is empty, or only a place for a scan)
 
-#include "app/app.hpp"
-#include "idle_loop.hpp"
+#include "started_program.hpp"
 
-#include <chrono>
 #include <cstdio>
-#include <filesystem>
 #include <string>
 
 using namespace varnholt;
-namespace fs = std::filesystem;
+using bench::Clock;
+using bench::microsecondsSince;
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-long microsecondsSince(Clock::time_point from) {
-  return std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - from).count();
-}
 
 class AnsweringLoop : public bench::IdleLoop {
  public:
@@ -81,24 +73,13 @@ class AnsweringLoop : public bench::IdleLoop {
 int main(int argc, char** argv) {
   if (argc < 4) return 2;
   const std::string what = argv[1];
-  const fs::path scratch = fs::absolute(argv[3]).string() + ".program";
-  const auto host = platform::makePlatformHost({{}, scratch, {}, "C=/;Z=/"});
   AnsweringLoop loop(what);
-  loop.screen().width = 1280 * controls::TwipsPerPixel;
-  app::App app(loop, host->platform());
-  core::Settings(host->platform().settings).save(core::setting::Tip_State, "1");
-  if (!app.Main()) return 1;
-  auto& form = app.Form1;
-  form.Activate();
-  form.ListView1.SetFocus();
-  const auto goTo = [&](panels::Panel& panel, const char* folder) {
-    return app.navigation.goTo(panel, host->platform().toProgram(fs::absolute(folder)));
-  };
-  if (!goTo(form.Panel1, argv[2]) || !goTo(form.Panel2, argv[3])) return 1;
+  bench::StartedProgram program(loop, std::string(argv[3]) + ".program");
+  app::App& app = program.app();
+  if (!program.goTo(app.Form1.Panel1, argv[2]) || !program.goTo(app.Form1.Panel2, argv[3])) return 1;
   const bool ofTwo = what == "compare" || what == "sync";
   ofTwo ? app.compare.Com_Sync_Click() : app.cleanup.Command17_Click();
   if (what != "hits") std::printf("%ld\n", loop.microseconds);
   std::fprintf(stderr, "%u rows\n", loop.rows);
-  fs::remove_all(scratch);
   return 0;
 }

@@ -3,26 +3,19 @@
 // from the press of the dialog's button, or of Ctrl+V, until the dialog hides.
 //   bench_operation_loop copy|move|paste|delete|attributes|validate FROM TO
 
-#include "app/app.hpp"
-#include "idle_loop.hpp"
+#include "started_program.hpp"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <string_view>
 
 using namespace varnholt;
+using bench::Clock;
+using bench::microsecondsSince;
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
-
-long microsecondsSince(Clock::time_point from) {
-  return std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - from).count();
-}
 
 class AnsweringLoop : public bench::IdleLoop {
  public:
@@ -52,28 +45,16 @@ class AnsweringLoop : public bench::IdleLoop {
   Clock::time_point from_ = Clock::now();
 };
 
-std::string programPath(const platform::Platform& platform, const char* path) {
-  return platform.toProgram(std::filesystem::absolute(path).string());
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc < 4) return 2;
   const std::string operation = argv[1];
-  const std::filesystem::path scratch = std::filesystem::absolute(argv[3]) / ".program";
-  const auto host = platform::makePlatformHost({{}, scratch, {}, "C=/;Z=/"});
   AnsweringLoop loop;
-  loop.screen().width = 1280 * controls::TwipsPerPixel;
-  app::App app(loop, host->platform());
-  core::Settings(host->platform().settings).save(core::setting::Tip_State, "1");
-  if (!app.Main()) return 1;
+  bench::StartedProgram program(loop, std::string(argv[3]) + "/.program");
+  app::App& app = program.app();
   auto& form = app.Form1;
-  form.Activate();
-  form.ListView1.SetFocus();
-  if (!app.navigation.goTo(form.Panel1, programPath(host->platform(), argv[2])) ||
-      !app.navigation.goTo(form.Panel2, programPath(host->platform(), argv[3])))
-    return 1;
+  if (!program.goTo(form.Panel1, argv[2]) || !program.goTo(form.Panel2, argv[3])) return 1;
   app.selection.selectall_Click();
   loop.microseconds = 0;
   if (operation == "copy") app.fileops.Copy.start();
@@ -94,6 +75,5 @@ int main(int argc, char** argv) {
     if (!fits) return 1;
   }
   std::printf("%ld\n", loop.microseconds);
-  std::filesystem::remove_all(scratch);
   return 0;
 }

@@ -3,11 +3,9 @@
 // took: of the first, from the press of the dialog's button until it hides, the re-reading of the panels not counted.
 //   bench_rename_loop execute|preview|plain FOLDER
 
-#include "app/app.hpp"
-#include "idle_loop.hpp"
+#include "started_program.hpp"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <string>
@@ -18,16 +16,12 @@
 
 using namespace varnholt;
 namespace fs = std::filesystem;
+using bench::Clock;
+using bench::microsecondsSince;
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr const char* Text = "new ";
-
-long microsecondsSince(Clock::time_point from) {
-  return std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - from).count();
-}
 
 /// Turns the mask on, and presses the button once the fields are filled.
 class MaskingLoop : public bench::IdleLoop {
@@ -81,22 +75,14 @@ int plain(const std::string& folder) {
 }
 
 int throughDialog(const std::string& folder, bool executes) {
-  const fs::path scratch = folder + ".program";
-  const auto host = platform::makePlatformHost({{}, scratch, {}, "C=/;Z=/"});
   MaskingLoop loop(executes);
-  loop.screen().width = 1280 * controls::TwipsPerPixel;
-  app::App app(loop, host->platform());
-  core::Settings(host->platform().settings).save(core::setting::Tip_State, "1");
-  if (!app.Main()) return 1;
-  auto& form = app.Form1;
-  form.Activate();
-  form.ListView1.SetFocus();
-  if (!app.navigation.goTo(form.Panel1, host->platform().toProgram(folder))) return 1;
+  bench::StartedProgram program(loop, folder + ".program");
+  app::App& app = program.app();
+  if (!program.goTo(app.Form1.Panel1, folder)) return 1;
   app.selection.selectall_Click();
   app.rename.Command14_Click();
   std::printf("%ld\n", loop.microseconds);
-  fs::remove_all(scratch);
-  return executes || loop.rows == form.Panel1.list.count() ? 0 : 1;
+  return executes || loop.rows == app.Form1.Panel1.list.count() ? 0 : 1;
 }
 
 }  // namespace

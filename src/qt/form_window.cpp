@@ -174,7 +174,8 @@ void FormWindow::updateMenu(const std::vector<controls::Control*>& changed) {
   menu_->update(changed);
 }
 
-// A surface that holds only invisible controls gives its room away, and the window its height.
+// A surface that holds only invisible controls gives its room away, and a dialog its height. The main window is as high
+// as the user has made it.
 void FormWindow::updateGroups() {
   const int before = widget_->height();
   int grown = 0;
@@ -188,7 +189,7 @@ void FormWindow::updateGroups() {
     const int height = surface->sizeHint().height() + std::max(widget_->layout()->spacing(), 0);
     grown += used ? height : -height;
   }
-  if (grown != 0 && widget_->isVisible()) setHeight(before + grown);
+  if (grown != 0 && widget_->isVisible() && qobject_cast<QDialog*>(widget_.data())) setHeight(before + grown);
 }
 
 // One that grows at the lower edge of the screen moves up.

@@ -256,6 +256,20 @@ TEST_F(OpenedItemsTest, TwoRunningCopiesAddTheirHits) {
   EXPECT_EQ(mostUsed(), (Names{"1 C:\\c", "3 C:\\a"}));
 }
 
+TEST_F(OpenedItemsTest, AListThatWasCutOffIsKeptBesideTheNewOne) {
+  const std::string cut = "[Entry]\r\n000004\r\na.txt\r\nC:\\Work\\\r\n[Entry]\r\n000009\r\n";
+  ASSERT_TRUE(files().writeFile(file("\\MostUsed.Dat"), cut));
+  rig.useRecordingShell();
+  rig.splashGoes();
+  rig.loop.meets(
+      {test::told("MostUsed.Dat could not be read to its end.\rIt is kept as  " + file("\\MostUsed.Dat.damaged-1"))});
+  ASSERT_TRUE(rig.app().Main());
+  EXPECT_EQ(mostUsed(), Names{"4 C:\\Work\\a.txt"});
+  rig.app().state.StoreProgramState();
+  EXPECT_EQ(kept("\\MostUsed.Dat"), cut.substr(0, cut.rfind("[Entry]")));
+  EXPECT_EQ(kept("\\MostUsed.Dat.damaged-1"), cut);
+}
+
 TEST_F(OpenedItemsTest, ADamagedListIsReadForWhatItIsWorth) {
   const auto read = [](const std::string& text) {
     const auto read = panels::MostUsed::entriesOf(text);

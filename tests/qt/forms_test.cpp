@@ -254,7 +254,7 @@ TEST_F(DrawnForms, ALongNameMakesNoQuestionWiderThanTheScreenAndTheNextShortOneI
   }
 }
 
-TEST_F(DrawnForms, APaneWithNothingInItGivesItsRoomAway) {
+TEST_F(DrawnForms, APaneWithNothingInItGivesItsRoomAwayAndTheMainWindowKeepsItsHeight) {
   QWidget& window = draw(app.Form1).widget();
   auto& form = app.Form1;
   auto* lower = window.findChild<QWidget*>(QStringLiteral("panel_lower"));
@@ -262,10 +262,14 @@ TEST_F(DrawnForms, APaneWithNothingInItGivesItsRoomAway) {
        std::initializer_list<controls::Control*>{&form.ListView3, &form.Picture1, &form.Picture2})
     each->Visible = false;
   loop.flush();
-  EXPECT_TRUE(lower->isHidden());
-  form.ListView3.Visible = true;
-  loop.flush();
-  EXPECT_FALSE(lower->isHidden());
+  window.resize(700, 500);
+  const int height = window.height();
+  for (const bool shown : {true, false}) {
+    form.ListView3.Visible = shown;
+    loop.flush();
+    EXPECT_EQ(lower->isHidden(), !shown);
+    EXPECT_EQ(window.height(), height);
+  }
 }
 
 }  // namespace

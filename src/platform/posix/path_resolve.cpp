@@ -38,16 +38,17 @@ bool exists(const std::string& path) {
 // A lowered name leads to the first by bytes of those that have it.
 const PathResolver::Names& PathResolver::namesOf(const std::string& folderPath) {
   const auto [known, isNew] = folders_.try_emplace(folderPath);
-  if (!isNew) return known->second;
+  Names& names = known->second;
+  if (!isNew) return names;
   const UniqueFd folder(::open(folderPath.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   DirentBatch batch;
   while (folder && batch.read(folder.get()) > 0)
     batch.forEach([&](const char* name, unsigned char) {
-      std::string& first = known->second[foldCase(PathMap::nameToProgram(name))];
+      std::string& first = names[foldCase(PathMap::nameToProgram(name))];
       if (first.empty() || name < first) first = name;
       return true;
     });
-  return known->second;
+  return names;
 }
 
 std::optional<std::string> PathResolver::matchPart(const std::string& folder, std::string_view part) {
