@@ -20,6 +20,9 @@ class AnsweringLoop : public bench::IdleLoop {
 
   void runModal(controls::Form& form) override {
     form.Visible = true;
+    if (auto* alert = dynamic_cast<core::Form12*>(&form)) std::fprintf(stderr, "%s\n", alert->Label1.Caption->c_str());
+    if (auto* notice = dynamic_cast<core::Form13*>(&form))
+      std::fprintf(stderr, "%s\n", notice->Label1.Caption->c_str());
     if (auto* dialog = dynamic_cast<compare::Form30*>(&form)) {
       work(*dialog);
     } else if (auto* scan = dynamic_cast<cleanup::Form16*>(&form)) {
@@ -49,6 +52,7 @@ class AnsweringLoop : public bench::IdleLoop {
   void work(cleanup::Form16& dialog) {
     dialog.Command4.press();
     dialog.Check10.toggleFromUser();
+    dialog.Text2.typeFromUser("*.none");
     for (const auto& each : dialog.patternBoxes())
       if (!each.box.Value) each.box.toggleFromUser();
     press(dialog.Command1);
