@@ -88,11 +88,11 @@ ArchiveRun::~ArchiveRun() {
     if (draft.fd && !draft.name.empty()) ::unlinkat(folder_.get(), draft.name.c_str(), 0);
 }
 
-ArchiveRun::End ArchiveRun::add(const Taking& taking, Existing existing, const std::vector<std::string>& specifications,
+ArchiveRun::End ArchiveRun::add(const Taking& taking, Existing existing, const std::vector<std::string>& fileSpecs,
                                 const GoesOn& goesOn) {
-  if (specifications.empty()) return End::Done;
+  if (fileSpecs.empty()) return End::Done;
   if (!begun_ && !begin()) return End::Failed;
-  auto sources = sources_.expand(taking, specifications);
+  auto sources = sources_.expand(taking, fileSpecs);
   passOver(sources, existing);
   if (sources.empty()) return sources_.dropNames(), End::Done;
   if (!prepare(sources)) return sources_.dropNames(), End::Failed;

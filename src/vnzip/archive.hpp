@@ -30,8 +30,7 @@ class ArchiveRun {
   ArchiveRun& operator=(const ArchiveRun&) = delete;
 
   const std::string& path() const { return path_; }
-  End add(const Taking& taking, Existing existing, const std::vector<std::string>& specifications,
-          const GoesOn& goesOn);
+  End add(const Taking& taking, Existing existing, const std::vector<std::string>& fileSpecs, const GoesOn& goesOn);
 
  private:
   /// One of the files beside the archive: its temporary name, unless it is the archive now, and where entries end.

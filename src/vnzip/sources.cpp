@@ -51,11 +51,11 @@ std::uint8_t storedAttributes(const std::string& path, dev_t device) {
 
 }  // namespace
 
-std::vector<Source> Sources::expand(const Taking& taking, const std::vector<std::string>& specifications) {
+std::vector<Source> Sources::expand(const Taking& taking, const std::vector<std::string>& fileSpecs) {
   std::vector<Source> sources;
-  for (const std::string& specification : specifications) {
-    const bool isFolder = specification.ends_with(AllFiles);
-    std::string_view path = specification;
+  for (const std::string& fileSpec : fileSpecs) {
+    const bool isFolder = fileSpec.ends_with(AllFiles);
+    std::string_view path = fileSpec;
     if (isFolder) path.remove_suffix(AllFiles.size());
     const std::size_t mark = path.find("//");
     const std::size_t drive = mark == std::string_view::npos ? 0 : mark;

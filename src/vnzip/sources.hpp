@@ -36,14 +36,14 @@ using LeftOut = std::function<void(const std::string& path, std::string_view why
 /// Device and inode.
 using Identity = std::pair<dev_t, ino_t>;
 
-/// The files that specifications name, in their order. Names that files of one run would share are told apart.
+/// The files that file specs name, in their order. Names that files of one run would share are told apart.
 class Sources {
  public:
   explicit Sources(LeftOut leftOut) : leftOut_(std::move(leftOut)) {}
 
   /// Files of the archive itself.
   void spare(Identity own) { own_.insert(own); }
-  std::vector<Source> expand(const Taking& taking, const std::vector<std::string>& specifications);
+  std::vector<Source> expand(const Taking& taking, const std::vector<std::string>& fileSpecs);
   /// The batch is in the archive: its names are taken. Else they are free again.
   void keepNames() { used_.merge(fresh_), fresh_.clear(); }
   void dropNames() { fresh_.clear(); }

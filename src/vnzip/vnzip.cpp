@@ -54,7 +54,7 @@ std::string resolved(const std::string& path, const std::string& root) {
   return root + (root.ends_with('/') ? "" : "/") + path;
 }
 
-int32_t archive(const std::string& name, const std::vector<std::string>& specifications) {
+int32_t archive(const std::string& name, const std::vector<std::string>& fileSpecs) {
   State& now = state();
   const std::string path = resolved(name, now.root);
   if (!path.starts_with('/')) return VnBadRequest;
@@ -64,7 +64,7 @@ int32_t archive(const std::string& name, const std::vector<std::string>& specifi
   const Existing existing = now.options.freshen  ? Existing::Freshen
                             : now.options.update ? Existing::Update
                                                  : Existing::Replace;
-  switch (now.run->add(taking, existing, specifications, goesOn)) {
+  switch (now.run->add(taking, existing, fileSpecs, goesOn)) {
   case ArchiveRun::End::Done:
     return VnSuccess;
   case ArchiveRun::End::Stopped:
@@ -97,15 +97,15 @@ EXPORTED int32_t ZpGetOptions(VnOptions* options) {
   return VnSuccess;
 }
 
-EXPORTED int32_t ZpArchive(int32_t count, const char* name, const char* const* specifications) {
-  if (!name || count < 0 || count >= VnSlots || (count > 0 && !specifications)) return VnBadRequest;
+EXPORTED int32_t ZpArchive(int32_t count, const char* name, const char* const* fileSpecs) {
+  if (!name || count < 0 || count >= VnSlots || (count > 0 && !fileSpecs)) return VnBadRequest;
   if (count == 0) {
     state().run.reset();
     return VnSuccess;
   }
   std::vector<std::string> wanted;
   for (int32_t at = 0; at < count; ++at)
-    if (specifications[at] && *specifications[at]) wanted.emplace_back(specifications[at]);
+    if (fileSpecs[at] && *fileSpecs[at]) wanted.emplace_back(fileSpecs[at]);
   // Nothing may be thrown out of a library of plain calls.
   try {
     return archive(name, wanted);

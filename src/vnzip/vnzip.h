@@ -42,16 +42,16 @@ typedef struct {
 
 enum { VnSuccess = 0, VnFailed = 2, VnNotSupported = 3, VnStopped = 9, VnBadRequest = 16 };
 
-/* The largest number of specifications of one call. */
+/* The largest number of file specs of one call. */
 enum { VnSlots = 1024 };
 
 int32_t ZpInit(const VnUserFunctions* functions);
 int32_t ZpSetOptions(const VnOptions* options);
 int32_t ZpGetOptions(VnOptions* options);
-/* Adds what the first `count` specifications name to the archive: a file, or FOLDER slash "*.*". Nothing of it is in
- * the archive unless all is. Calls for one archive go on with each other until one with no specification,
+/* Adds what the first `count` file specs name to the archive: a file, or FOLDER slash "*.*". Nothing of it is in
+ * the archive unless all is. Calls for one archive go on with each other until one with no file spec,
  * which writes nothing. */
-int32_t ZpArchive(int32_t count, const char* archive, const char* const* specifications);
+int32_t ZpArchive(int32_t count, const char* archive, const char* const* fileSpecs);
 
 #ifdef __cplusplus
 }

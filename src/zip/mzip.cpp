@@ -59,7 +59,7 @@ void mZip::close() {
   library_.reset();
 }
 
-std::string mZip::specification(const std::string& path) const {
+std::string mZip::fileSpec(const std::string& path) const {
   const std::string drive = program_.platform.toSystem(paths::driveOf(path) + "\\");
   const std::string system = program_.platform.toSystem(path);
   const std::size_t below = drive == "/" ? 0 : drive.size();
@@ -82,7 +82,7 @@ std::optional<std::int32_t> mZip::Zip(cZip& zip) {
   const char* slots[VnSlots] = {};
   std::vector<std::string> specs;
   for (std::size_t at = 0; at < zip.FileSpecCount(); ++at)
-    specs.push_back(specification(zip.FileSpec(at)));
+    specs.push_back(fileSpec(zip.FileSpec(at)));
   for (std::size_t at = 0; at < specs.size(); ++at)
     slots[at] = specs[at].c_str();
   slots[specs.size()] = "";

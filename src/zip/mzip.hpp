@@ -23,8 +23,8 @@ class mZip {
   /// it could not even be tried.
   std::optional<std::int32_t> Zip(cZip& zip);
 
-  /// A specification as the library takes it: where names below the drive begin is marked.
-  std::string specification(const std::string& path) const;
+  /// A file spec as the library takes it: where names below the drive begin is marked.
+  std::string fileSpec(const std::string& path) const;
 
  private:
   const core::Program& program_;

@@ -160,8 +160,8 @@ class ZipLibraryTest : public testing::Test {
     int result = 0;
     for (const std::string& name : names) {
       const std::string path = scratch / name;
-      const char* const specifications[] = {path.c_str()};
-      result = std::max(result, archive(1, "x.zip", specifications));
+      const char* const fileSpecs[] = {path.c_str()};
+      result = std::max(result, archive(1, "x.zip", fileSpecs));
     }
     return archive(0, "", nullptr), result;
   }
