@@ -42,7 +42,7 @@ class AnsweringLoop : public bench::IdleLoop {
     microseconds = microsecondsSince(from);
   }
   void work(compare::Form30& dialog) {
-    dialog.Check1.toggleFromUser();
+    dialog.Check3.toggleFromUser();  // one way, from the active panel
     for (controls::CheckBox* test : {&dialog.Check4, &dialog.Check5, &dialog.Check6, &dialog.Check10})
       if (!test->Value) test->toggleFromUser();
     if (what_ == "sync") dialog.Check8.toggleFromUser();

@@ -95,8 +95,6 @@ void Comparison::Command11_Click() {
     run();
     desk_.selection.ClickPane();
   }
-  left_.reset();
-  right_.reset();
   Form30_.ProgressBar1.Visible = false;
   if (syncs) keepFailed(Form30_);
 }
@@ -108,16 +106,22 @@ std::optional<const char*> Comparison::refusal() {
   if (!paths::sameFolder(left, desk_.form.Panel1.path()) || !paths::sameFolder(right, desk_.form.Panel2.path()))
     return "Apply settings before Execute !.";
   Form30_.FolderLabels();
-  if (!read()) return "No Files to Execute In Folders !";
+  if (!anyFile()) return "No Files to Execute In Folders !";
   return {};
 }
 
-bool Comparison::read() {
-  desk_.program.loop.runBlocking([&] {
-    left_.emplace(desk_.files(), desk_.form.Panel1.path());
-    right_.emplace(desk_.files(), desk_.form.Panel2.path());
-  });
-  return left_->count() + right_->count() > 0;
+bool Comparison::anyFile() {
+  const auto holdsFile = [this](const panels::Panel& panel) {
+    // A row tells it at once, where the folder is not to be read for nothing more than this.
+    for (std::uint32_t row = 0; row < panel.list.count(); ++row)
+      if (const auto item = panel.list.item(row); !panel.isFolder(item)) {
+        if (desk_.files().fileExists(panel.itemPath(item))) return true;
+        break;
+      }
+    const auto listing = desk_.files().list(panel.path());
+    return listing && !(*listing)->files().empty();
+  };
+  return holdsFile(desk_.form.Panel1) || holdsFile(desk_.form.Panel2);
 }
 
 void Comparison::run() {
@@ -151,11 +155,14 @@ void Comparison::compare(Side source) {
   std::vector<std::string> names;
   for (std::uint32_t row = 0; row < panel.list.count(); ++row)
     if (const auto item = panel.list.item(row); !panel.isFolder(item)) names.push_back(panel.fileName(item));
-  const FolderFiles &from = source == Side::Left ? *left_ : *right_, &to = source == Side::Left ? *right_ : *left_;
+  const std::string folder = panel.path(), other = desk_.form.otherPanel(panel).path();
   std::vector<Difference> found;
   std::atomic<std::size_t> done = 0;
-  desk_.program.loop.runBlocking([&] { found = differences(from, names, to, Form30_.tests(), done); },
-                                 {[&] { CompareProgress(done, names.size()); }, nullptr});
+  const auto walk = [&, tests = Form30_.tests()] {
+    const FolderFiles from(desk_.files(), folder, names), to(desk_.files(), other, names);
+    found = differences(from, names, to, tests, done);
+  };
+  desk_.program.loop.runBlocking(walk, {[&] { CompareProgress(done, names.size()); }, nullptr});
   std::vector<Transfer> rows;
   rows.reserve(found.size());
   for (Difference& each : found)

@@ -26,8 +26,8 @@ class Comparison {
   void store(panels::History& history, controls::ComboBox& box, const std::string& folder);
   /// Tells what stands against a run; then it does not begin.
   std::optional<const char*> refusal();
-  /// Reads the folders; nothing when neither holds a file.
-  bool read();
+  /// Whether one of the folders holds a file, whatever its panel shows of it.
+  bool anyFile();
   void run();
   void CompareBoth();
   void CompareLeftRight() { compareOneWay(panels::Side::Left); }
@@ -43,7 +43,6 @@ class Comparison {
 
   panels::Desk& desk_;
   Form30& Form30_;
-  std::optional<FolderFiles> left_, right_;  ///< while a run works
 };
 
 }  // namespace varnholt::compare

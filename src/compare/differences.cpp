@@ -9,18 +9,18 @@ namespace varnholt::compare {
 namespace {
 
 /// The first test that holds for a file which both folders have.
-std::optional<Reason> reasonFor(const std::string& name, const FolderFiles& source, const FolderFiles& target,
+std::optional<Reason> reasonFor(std::size_t at, const FolderFiles& source, const FolderFiles& target,
                                 const Tests& tests) {
-  const platform::Entry *from = source.find(name), *to = target.find(name);
-  if (!from) return {};
+  const platform::FileFacts &from = source.facts(at), &to = target.facts(at);
+  if (!from.isThere) return {};
   if (tests.version) {
     // As texts, sign by sign: 9.0 is above 10.0.
-    const auto ours = source.version(name), theirs = target.version(name);
+    const auto ours = source.version(at), theirs = target.version(at);
     if (ours && theirs && *ours > *theirs) return Reason::Version;
   }
-  const bool dated = from->hasDates && to->hasDates;
-  if (tests.date && dated && !fileops::NotNewer(to->modified, from->modified)) return Reason::Date;
-  if (tests.size && dated && from->size != to->size) return Reason::Size;
+  const bool dated = from.hasDates && to.hasDates;
+  if (tests.date && dated && !fileops::NotNewer(to.modified, from.modified)) return Reason::Date;
+  if (tests.size && dated && from.size != to.size) return Reason::Size;
   return {};
 }
 
@@ -31,44 +31,25 @@ const char* wordFor(Reason reason) {
   return Words[static_cast<std::size_t>(reason)];
 }
 
-FolderFiles::FolderFiles(const platform::FileSystem& files, std::string folder)
-    : files_(files), folder_(std::move(folder)) {
-  if (auto listing = files.list(folder_)) listing_ = *listing;
-  if (!listing_) return;
-  byName_.reserve(listing_->files().size());
-  for (const platform::Entry& entry : listing_->files())
-    byName_.emplace(entry.name, &entry);
-}
+FolderFiles::FolderFiles(const platform::FileSystem& files, std::string folder, const std::vector<std::string>& names)
+    : files_(files), folder_(std::move(folder)), names_(names), facts_(files.fileFacts(folder_, names)) {}
 
-const platform::Entry* FolderFiles::find(std::string_view name) const {
-  const auto found = byName_.find(name);
-  return found == byName_.end() ? nullptr : found->second;
-}
-
-std::optional<std::string> FolderFiles::version(const std::string& name) const {
-  if (!platform::paths::isProgramName(name)) return std::string();
-  const auto [known, isNew] = versions_.try_emplace(name);
-  if (isNew) {
-    auto version = files_.fileVersion(platform::paths::join(folder_, name));
-    if (version) known->second = *std::move(version);
-  }
-  return known->second;
+std::optional<std::string> FolderFiles::version(std::size_t at) const {
+  if (!platform::paths::isProgramName(names_[at])) return std::string();
+  auto version = files_.fileVersion(platform::paths::join(folder_, names_[at]));
+  return version ? std::optional(*std::move(version)) : std::nullopt;
 }
 
 std::vector<Difference> differences(const FolderFiles& source, const std::vector<std::string>& names,
                                     const FolderFiles& target, const Tests& tests, std::atomic<std::size_t>& done) {
   std::vector<Difference> found;
-  for (const std::string& name : names) {
-    ++done;
-    const bool exists = target.find(name) != nullptr;
+  for (std::size_t at = 0; at < names.size(); ++at, ++done) {
     std::optional<Reason> reason;
-    if (exists)
-      reason = reasonFor(name, source, target, tests);
+    if (target.facts(at).isThere)
+      reason = reasonFor(at, source, target, tests);
     else if (tests.exist)
       reason = Reason::Missing;
-    if (!reason) continue;
-    const platform::Entry* from = source.find(name);
-    found.push_back({name, *reason, from ? from->size : 0});
+    if (reason) found.push_back({names[at], *reason, source.facts(at).size});
   }
   return found;
 }

@@ -6,8 +6,6 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace varnholt::compare {
@@ -30,28 +28,26 @@ struct Difference {
   std::uint64_t bytes = 0;
 };
 
-/// The files of one folder as they stand on the disk, read once; versions as they are asked for.
+/// Files of one folder by their number in a list of names, as they stand on the disk: facts read once for all, versions
+/// when they are asked for.
 class FolderFiles {
  public:
-  /// A folder that cannot be read holds nothing.
-  FolderFiles(const platform::FileSystem& files, std::string folder);
+  /// Of a folder that cannot be read no file is there. `names` must outlive this.
+  FolderFiles(const platform::FileSystem& files, std::string folder, const std::vector<std::string>& names);
 
-  /// Null when there is no file of exactly that name; a folder is none.
-  const platform::Entry* find(std::string_view name) const;
+  const platform::FileFacts& facts(std::size_t at) const { return facts_[at]; }
   /// Empty for a file without a version; nothing when it cannot be read.
-  std::optional<std::string> version(const std::string& name) const;
-  std::size_t count() const { return listing_ ? listing_->files().size() : 0; }
+  std::optional<std::string> version(std::size_t at) const;
 
  private:
   const platform::FileSystem& files_;
   std::string folder_;
-  platform::ListingPtr listing_;
-  std::unordered_map<std::string_view, const platform::Entry*> byName_;
-  mutable std::unordered_map<std::string, std::optional<std::string>> versions_;
+  const std::vector<std::string>& names_;
+  std::vector<platform::FileFacts> facts_;
 };
 
-/// Which of the files named `names`, in their order, `target` is to get from `source`. A fact that cannot be read
-/// leaves its test unmet. Counts up `done` for each name.
+/// Which of the files named `names`, in their order, `target` is to get from `source`, both made of these names. A fact
+/// that cannot be read leaves its test unmet. Counts up `done` for each name.
 std::vector<Difference> differences(const FolderFiles& source, const std::vector<std::string>& names,
                                     const FolderFiles& target, const Tests& tests, std::atomic<std::size_t>& done);
 

@@ -45,9 +45,9 @@ class WaitedFiles : public platform::FileSystem {
   platform::Result<std::uint64_t> fileSize(const std::string& path) const override {
     return waited([&] { return files_.fileSize(path); });
   }
-  std::vector<std::uint64_t> fileSizes(const std::string& folder,
-                                       const std::vector<std::string>& names) const override {
-    return waited([&] { return files_.fileSizes(folder, names); });
+  std::vector<platform::FileFacts> fileFacts(const std::string& folder,
+                                             const std::vector<std::string>& names) const override {
+    return waited([&] { return files_.fileFacts(folder, names); });
   }
   platform::Result<std::vector<std::uint64_t>> sizes(const std::vector<std::string>& paths,
                                                      const platform::Progress& progress) const override {

@@ -65,17 +65,15 @@ std::uint64_t needOfFiles(platform::FileSystem& files, const std::vector<std::st
   std::vector<std::string> leaves;
   for (const std::string& item : items)
     leaves.emplace_back(paths::fileName(item));
-  std::vector<std::uint64_t> sizes;
   // Items that bring paths of their own lie anywhere.
-  if (leaves == items)
-    sizes = files.fileSizes(from, items);
-  else
-    for (const std::string& item : items)
-      sizes.push_back(files.fileSize(core::entryPath(item, from)).valueOr(0));
-  const auto there = files.fileSizes(to, leaves);
+  const bool together = leaves == items;
+  const auto here = together ? files.fileFacts(from, items) : std::vector<platform::FileFacts>();
+  const auto there = files.fileFacts(to, leaves);
   std::uint64_t needed = 0;
-  for (std::size_t at = 0; at < items.size(); ++at)
-    needed += growth(sizes[at], there[at]);
+  for (std::size_t at = 0; at < items.size(); ++at) {
+    const auto size = together ? here[at].size : files.fileSize(core::entryPath(items[at], from)).valueOr(0);
+    needed += growth(size, there[at].size);
+  }
   return needed;
 }
 

@@ -101,6 +101,14 @@ struct SearchAdvance {
 /// As Progress.
 using SearchProgress = std::function<bool(const SearchAdvance&)>;
 
+/// What a compare asks of one file; links as what they lead to.
+struct FileFacts {
+  std::uint64_t size = 0;  ///< bytes; 0 for a link that leads nowhere
+  Date modified;
+  bool isThere = false;   ///< as FileSystem::fileExists tells it, and for an entry that may not be asked
+  bool hasDates = false;  ///< false too for one that could not be asked, with size 0
+};
+
 /// Whether a search takes the folder of that path. Called on several threads at once.
 using FolderTest = std::function<bool(const std::string& path)>;
 
@@ -153,10 +161,9 @@ class FileSystem {
   virtual Result<Attributes> attributes(const std::string& path) const = 0;
   /// Bytes of a file, of what a link leads to; 0 for a folder. The quick way where nothing else is asked.
   virtual Result<std::uint64_t> fileSize(const std::string& path) const = 0;
-  /// The sizes of many files of one folder, as fileSize() tells each; 0 for names that are not there. Quicker than one
-  /// by one.
-  virtual std::vector<std::uint64_t> fileSizes(const std::string& folder,
-                                               const std::vector<std::string>& names) const = 0;
+  /// The facts of many files of one folder, in their order; a folder of a name counts as not there. Quicker than one by
+  /// one, and than a listing, which asks for attributes too.
+  virtual std::vector<FileFacts> fileFacts(const std::string& folder, const std::vector<std::string>& names) const = 0;
   /// Bytes and counts below a folder. NotFound, NotAFolder, Stopped; folders that cannot be read make it inexact.
   virtual Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const = 0;
   /// Bytes of each of these files and folders, a folder's as folderSize() tells them, but that a file of several names

@@ -23,9 +23,8 @@ class ForwardingFileSystem : public FileSystem {
   Result<std::string> resolve(const std::string& path) const override { return base_.resolve(path); }
   Result<Attributes> attributes(const std::string& path) const override { return base_.attributes(path); }
   Result<std::uint64_t> fileSize(const std::string& path) const override { return base_.fileSize(path); }
-  std::vector<std::uint64_t> fileSizes(const std::string& folder,
-                                       const std::vector<std::string>& names) const override {
-    return base_.fileSizes(folder, names);
+  std::vector<FileFacts> fileFacts(const std::string& folder, const std::vector<std::string>& names) const override {
+    return base_.fileFacts(folder, names);
   }
   Result<std::vector<std::uint64_t>> sizes(const std::vector<std::string>& paths,
                                            const Progress& progress) const override {

@@ -74,6 +74,23 @@ TEST_F(Looking, FactsInOnePassAndLinksAsWhatTheyPointTo) {
   EXPECT_EQ(codeOf(temp.files.fileVersion(temp.at("pipe.exe"))), ErrorCode::NotRegular);
 }
 
+TEST_F(Looking, FactsOfManyNamesWhetherMostAreThereOrFew) {
+  temp.file("old.txt", "12345", Date{-1000, 5}).folder("f").link("toFile", "old.txt").link("gone", "nowhere");
+  for (const std::size_t strangers : {0u, 100u}) {
+    Names asked{"old.txt", "f", "toFile", "gone", "none"};
+    for (std::size_t number = 0; number < strangers; ++number)
+      asked.push_back("stranger " + std::to_string(number));
+    const auto facts = temp.files.fileFacts(temp.at(""), asked);
+    ASSERT_EQ(facts.size(), asked.size());
+    std::string there;
+    for (const FileFacts& each : facts)
+      there += each.isThere ? std::to_string(each.size) + (each.hasDates ? "d " : " ") : "- ";
+    EXPECT_TRUE(there.starts_with("5d - 5d 0d - ")) << there;
+    EXPECT_EQ(there.size(), 13 + 2 * strangers) << "no stranger is there";
+    EXPECT_EQ(facts[2].modified, (Date{-1000, 5}));
+  }
+}
+
 TEST_F(Looking, LargeFolderIsCompleteAndInOrder) {
   constexpr int count = 12000;  // above what one thread sorts
   for (int i = 0; i < count; ++i)

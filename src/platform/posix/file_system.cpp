@@ -9,6 +9,7 @@
 #include "platform/posix/entry_facts.hpp"
 #include "platform/posix/file_batch.hpp"
 #include "platform/posix/file_contents.hpp"
+#include "platform/posix/file_facts.hpp"
 #include "platform/posix/find_files.hpp"
 #include "platform/posix/find_folder.hpp"
 #include "platform/posix/listing.hpp"
@@ -119,10 +120,10 @@ Result<std::uint64_t> PosixFileSystem::fileSize(const std::string& path) const {
   return S_ISDIR(facts.st_mode) ? 0 : static_cast<std::uint64_t>(facts.st_size);
 }
 
-std::vector<std::uint64_t> PosixFileSystem::fileSizes(const std::string& folder,
-                                                      const std::vector<std::string>& names) const {
+std::vector<FileFacts> PosixFileSystem::fileFacts(const std::string& folder,
+                                                  const std::vector<std::string>& names) const {
   const auto system = map_.toSystem(folder);
-  return system ? sizesOf(*system, names) : std::vector<std::uint64_t>(names.size());
+  return system ? factsOf(*system, names) : std::vector<FileFacts>(names.size());
 }
 
 Result<std::vector<std::uint64_t>> PosixFileSystem::sizes(const std::vector<std::string>& paths,

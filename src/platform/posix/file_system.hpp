@@ -22,7 +22,7 @@ class PosixFileSystem final : public FileSystem {
   std::vector<Result<std::string>> resolveAll(const std::vector<std::string>& paths) const override;
   Result<Attributes> attributes(const std::string& path) const override;
   Result<std::uint64_t> fileSize(const std::string& path) const override;
-  std::vector<std::uint64_t> fileSizes(const std::string& folder, const std::vector<std::string>& names) const override;
+  std::vector<FileFacts> fileFacts(const std::string& folder, const std::vector<std::string>& names) const override;
   Result<std::vector<std::uint64_t>> sizes(const std::vector<std::string>& paths,
                                            const Progress& progress) const override;
   Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override;

@@ -1,7 +1,6 @@
 #include "platform/posix/walk_size.hpp"
 
 #include "platform/posix/dirents.hpp"
-#include "platform/posix/path_map.hpp"
 #include "platform/posix/posix_error.hpp"
 #include "platform/posix/tree_walk.hpp"
 #include "platform/posix/workers.hpp"
@@ -9,9 +8,7 @@
 #include <algorithm>
 #include <atomic>
 #include <mutex>
-#include <optional>
 #include <tuple>
-#include <unordered_set>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -130,42 +127,6 @@ Result<TreeSize> measureTree(const std::string& path, const Progress& progress) 
   root->fd = UniqueFd(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
   if (!root->fd) return systemError(errno, path);
   return SizeWalk(progress).measure(std::move(root));
-}
-
-namespace {
-
-/// The names in a folder that holds at most `limit` of them; nothing for a fuller one.
-std::optional<std::unordered_set<std::string>> fewNames(int folder, std::size_t limit) {
-  std::unordered_set<std::string> names;
-  DirentBatch batch;
-  while (batch.read(folder) > 0) {
-    batch.forEach([&](const char* name, unsigned char) { return names.emplace(name), true; });
-    if (names.size() > limit) return {};
-  }
-  return names;
-}
-
-}  // namespace
-
-std::vector<std::uint64_t> sizesOf(const std::string& systemFolder, const std::vector<std::string>& names) {
-  std::vector<std::uint64_t> sizes(names.size());
-  const UniqueFd folder(::open(systemFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK));
-  if (!folder) return sizes;
-  // Where most are not there, the folder's own word is quicker than a question for each.
-  const auto there = fewNames(folder.get(), names.size() / 4);
-  constexpr std::size_t Block = 1024;
-  std::atomic<std::size_t> next = 0;
-  runWorkers(workerCount(), [&](unsigned) {
-    for (std::size_t from = next.fetch_add(Block); from < names.size(); from = next.fetch_add(Block))
-      for (std::size_t at = from; at < std::min(from + Block, names.size()); ++at) {
-        struct stat facts {};
-        const std::string name = PathMap::nameToSystem(names[at]);
-        if (there && !there->contains(name)) continue;
-        if (::fstatat(folder.get(), name.c_str(), &facts, 0) == 0 && !S_ISDIR(facts.st_mode))
-          sizes[at] = static_cast<std::uint64_t>(facts.st_size);
-      }
-  });
-  return sizes;
 }
 
 }  // namespace varnholt::platform::posix

@@ -10,7 +10,4 @@ Result<TreeSize> measureTree(const std::string& systemPath, const Progress& prog
 /// FileSystem::sizes on system paths; an empty one is 0.
 Result<std::vector<std::uint64_t>> measureAll(const std::vector<std::string>& systemPaths, const Progress& progress);
 
-/// FileSystem::fileSizes: the folder as a system path, the names in program form.
-std::vector<std::uint64_t> sizesOf(const std::string& systemFolder, const std::vector<std::string>& names);
-
 }  // namespace varnholt::platform::posix
