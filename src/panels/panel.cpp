@@ -31,10 +31,7 @@ std::string Panel::fileName(controls::ListItem item) const {
 
 std::string Panel::itemPath(controls::ListItem item) const { return paths::join(path_, fileName(item)); }
 
-core::Item Panel::item(controls::ListItem row) const {
-  const bool folder = isFolder(row);
-  return {folder ? itemPath(row) : fileName(row), folder};
-}
+core::Item Panel::item(controls::ListItem row) const { return rows ? rows->item(row.id(), path_) : core::Item(); }
 
 std::string Panel::compareText(controls::ListItem item) const {
   return core::rowCompareText(item.Text(), item.SubItems(column::Ext));

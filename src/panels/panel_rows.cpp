@@ -1,6 +1,5 @@
 #include "panels/panel_rows.hpp"
 
-#include "core/item_text.hpp"
 #include "platform/paths.hpp"
 
 #include <limits>
@@ -56,6 +55,12 @@ std::string PanelRows::fileCell(std::uint32_t row, int column) const {
     return hasDate(row) ? core::dateKey(format_.clock->local(shownDate(file))) : std::string();
   }
   return {};
+}
+
+core::Item PanelRows::item(std::uint32_t row, const std::string& folder) const {
+  const std::string_view name = entry(row).name;
+  if (isFolder(row)) return {paths::join(folder, name), true};
+  return {std::string(name), false};
 }
 
 int PanelRows::icon(std::uint32_t row) const {

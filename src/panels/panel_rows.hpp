@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/row_source.hpp"
+#include "core/item_text.hpp"
 #include "platform/clock.hpp"
 #include "platform/file_system.hpp"
 #include "platform/regional.hpp"
@@ -48,6 +49,8 @@ class PanelRows : public controls::RowSource {
 
   const platform::Entry& entry(std::uint32_t row) const { return *entries_[row]; }
   bool isFolder(std::uint32_t row) const { return row < folders_; }
+  /// The row as it travels: a folder with its path in the folder that the rows are of, a file by its name.
+  core::Item item(std::uint32_t row, const std::string& folder) const;
 
  private:
   const platform::Date& shownDate(const platform::Entry& entry) const;

@@ -84,19 +84,28 @@ void Selection::tellRecallFull() {
 void Selection::collectSelected(Panel& panel, Keeping keeping) {
   const int side = panel.side == Side::Left ? 0 : 1;
   const bool walked = std::exchange(walked_[side], keeping == Keeping::None);
-  const bool setsLast = keeping != Keeping::None && panel.list.selectedCount() > 0;
-  if (setsLast) lastSet_[side].clear();
-  const bool recalls = keeping != Keeping::None && form_.Menu.checked("selhis");
-  RecallBuffer& recall = form_.panelRecall(panel.side);
-  bool full = false;
-  for (const std::uint32_t id : panel.list.selectedIds()) {
-    const controls::ListItem item(panel.list, id);
-    const bool isNew = walked || !item.Ghosted();
-    if (recalls && (keeping == Keeping::All || isNew)) full = recall.push(panel.fileName(item)) || full;
-    form_.filecollect.push(panel.item(item));
-    if (setsLast) lastSet_[side].push_back(panel.fileName(item));
+  const RowSet selected = selectedRows(panel);
+  if (keeping != Keeping::None && !selected.ids.empty()) {
+    lastSet_[side].hold(selected);
+    if (form_.Menu.checked("selhis")) {
+      std::vector<std::uint32_t> kept = selected.ids;
+      if (keeping == Keeping::NewOnes && !walked)
+        std::erase_if(kept, [&](std::uint32_t id) { return panel.list.isGhosted(id); });
+      if (form_.panelRecall(panel.side).push(*panel.rows, kept)) tellRecallFull();
+    }
   }
-  if (full) tellRecallFull();
+  form_.filecollect.hold(selected);
+}
+
+RowSet Selection::selectedRows(Panel& panel) {
+  if (!panel.rows) return {};
+  return {panel.rows, panel.path(), panel.list.selectedIds()};
+}
+
+// Recalling looks for names, not for the rows that bore them: a listing of a folder that was left is not to be held.
+void Selection::letRowsGo() {
+  for (const FileCollect& set : lastSet_)
+    (void)set.items();
 }
 
 void Selection::ClickPane() {
@@ -110,8 +119,7 @@ void Selection::ViewClickCopy(Panel& panel) {
   active_.UpdateClock();
   resetcollect();
   listing_.colorreset(panel);
-  for (const std::uint32_t id : panel.list.selectedIds())
-    form_.filecollect.push(panel.item({panel.list, id}));
+  form_.filecollect.hold(selectedRows(panel));
   if (const auto item = panel.list.SelectedItem()) fileatrib(panel, *item);
 }
 
@@ -169,6 +177,16 @@ void Selection::reportSelected(Panel& panel) {
   form_.events.selectionChanged(panel);
 }
 
+void Selection::select(Panel& panel, const std::function<bool(controls::ListItem)>& takes) {
+  for (std::uint32_t row = 0; row < panel.list.count(); ++row) {
+    controls::ListItem item = panel.list.item(row);
+    if (!takes(item)) continue;
+    item.setSelected(true);
+    item.setGhosted(true);
+  }
+  form_.filecollect.hold(selectedRows(panel));
+}
+
 // --- Selection commands --------------------------------------------------------------------------------------------
 
 void Selection::selectall_Click() {
@@ -178,13 +196,8 @@ void Selection::selectall_Click() {
   form_.statusLine("Calculating...  Please Wait !");
   resetcollect();
   panel->list.selectNone();
-  for (std::uint32_t row = 0; row < panel->list.count(); ++row) {
-    controls::ListItem item = panel->list.item(row);
-    if (panel->isFolder(item) && !includesFolders()) continue;
-    item.setSelected(true);
-    item.setGhosted(true);
-    form_.filecollect.push(panel->item(item));
-  }
+  select(*panel,
+         [&, folders = includesFolders()](controls::ListItem item) { return folders || !panel->isFolder(item); });
   reportSelected(*panel);
   form_.statusLine("");
 }
@@ -202,13 +215,9 @@ void Selection::Inversel_Click() {
   list.clearGhosted();
   list.selectNone();
   resetcollect();
-  for (std::uint32_t row = 0; row < list.count(); ++row) {
-    controls::ListItem item = list.item(row);
-    if (wasSelected[item.id()] || (panel->isFolder(item) && !includesFolders())) continue;
-    item.setSelected(true);
-    item.setGhosted(true);
-    form_.filecollect.push(panel->item(item));
-  }
+  select(*panel, [&, folders = includesFolders()](controls::ListItem item) {
+    return !wasSelected[item.id()] && (folders || !panel->isFolder(item));
+  });
   reportSelected(*panel);
   form_.statusLine("");
 }
@@ -252,8 +261,10 @@ void Selection::Recallprevius_Click() {
   Panel* panel = form_.activePanel();
   if (!panel) return;
   form_.setMode("RecallMode");
-  const auto& names = lastSet_[panel->side == Side::Left ? 0 : 1];
-  recall(*panel, {names.begin(), names.end()});
+  std::unordered_set<std::string_view> names;
+  for (const core::Item& item : lastSet_[panel->side == Side::Left ? 0 : 1].items())
+    names.insert(paths::fileName(item.path));
+  recall(*panel, names);
 }
 
 void Selection::recall(Panel& panel, const std::unordered_set<std::string_view>& names) {
@@ -262,13 +273,8 @@ void Selection::recall(Panel& panel, const std::unordered_set<std::string_view>&
   resetcollect();
   panel.list.selectNone();
   panel.list.clearGhosted();
-  for (std::uint32_t row = 0; row < panel.list.count(); ++row) {
-    controls::ListItem item = panel.list.item(row);
-    if (!panel.rows || !names.contains(panel.rows->entry(item.id()).name)) continue;
-    item.setSelected(true);
-    item.setGhosted(true);
-    form_.filecollect.push(panel.item(item));
-  }
+  select(panel,
+         [&](controls::ListItem item) { return panel.rows && names.contains(panel.rows->entry(item.id()).name); });
   program_.loop.screen().MousePointer = controls::pointer::Default;
   form_.statusLine("");
   showCount(panel.list.selectedCount());

@@ -23,6 +23,7 @@ class Selection {
     form_.events.activated.listen([this](Panel& panel, bool another) {
       if (another) showItem(panel);
     });
+    form_.events.folderChanged.listen([this] { letRowsGo(); });
   }
 
   // --- Clicks ----------------------------------------------------------------------------------------------------
@@ -86,6 +87,10 @@ class Selection {
   void follow(Panel& panel, Keeping keeping);
   void currentItem(Panel& panel, controls::ListItem item);
   void collectSelected(Panel& panel, Keeping keeping);
+  static RowSet selectedRows(Panel& panel);
+  void letRowsGo();
+  /// Selects and marks the rows that a test takes, where none is selected, and collects them.
+  void select(Panel& panel, const std::function<bool(controls::ListItem)>& takes);
   void keepForRecall(Panel& panel, controls::ListItem item);
   void tellRecallFull();
   /// What the status bar and the commands make of the item in hand; empty: there is none.
@@ -103,8 +108,8 @@ class Selection {
   Listing& listing_;
   ActivePanel& active_;
   // A side each.
-  std::vector<std::string> lastSet_[2];  ///< names that were selected last by other than walking
-  bool walked_[2] = {};                  ///< keys have walked to the selected row, and it is not kept yet
+  FileCollect lastSet_[2];  ///< what was selected last by other than walking
+  bool walked_[2] = {};     ///< keys have walked to the selected row, and it is not kept yet
 };
 
 }  // namespace varnholt::panels
