@@ -54,11 +54,18 @@ struct Folder {
   mutable UniqueFd fd;
 };
 
+struct Name {
+  std::string order, system;
+};
+
+/// Where a folder lies that is to be looked at.
+struct Place {
+  FolderPtr parent;
+  Name name;
+};
+
 /// Folders of one folder that are still to come, in order.
 struct Coming {
-  struct Name {
-    std::string order, system;
-  };
   FolderPtr folder;
   std::vector<Name> names;
   std::size_t next = 0;
@@ -73,7 +80,7 @@ class FolderWalk {
 
   Result<std::string> find(FolderPtr root, const std::string& after) {
     split(root->path, after);
-    read(root);
+    insert(read(root));
     runWorkers(workerCount(), [this](unsigned index) { work(index == 0); });
     if (stopped_) return Error{ErrorCode::Stopped, {}, "stopped"};
     return found_ ? found_->path : std::string();
@@ -94,81 +101,92 @@ class FolderWalk {
   }
 
   void work(bool isCaller) {
-    while (auto folder = take(isCaller)) {
+    std::optional<Coming> below;
+    while (auto folder = take(isCaller, std::move(below))) {
       if (isCaller) {
         told_ = folder->path;
         tick();
       }
-      handle(folder);
-      const std::lock_guard lock(mutex_);
-      --running_;
-      changed_.notify_all();
+      below = handle(folder);
     }
   }
 
-  std::shared_ptr<const Folder> take(bool isCaller) {
+  /// Gives what the worker has found below its last folder, and takes the next one.
+  FolderPtr take(bool isCaller, std::optional<Coming> below) {
     std::unique_lock lock(mutex_);
+    if (below) {
+      if (!below->names.empty()) insert(*std::move(below));
+      --running_;
+      if (waiting_ > 0) changed_.notify_all();
+    }
     while (!over_) {
-      if (auto folder = next()) {
+      if (auto place = next()) {
         ++running_;
-        return folder;
+        lock.unlock();
+        return folderAt(*std::move(place));
       }
       if (running_ == 0) break;
-      if (!isCaller) {
+      ++waiting_;
+      if (isCaller) {
+        changed_.wait_for(lock, TickInterval);
+        lock.unlock();
+        tick();
+        lock.lock();
+      } else {
         changed_.wait(lock);
-        continue;
       }
-      changed_.wait_for(lock, TickInterval);
-      lock.unlock();
-      tick();
-      lock.lock();
+      --waiting_;
     }
     over_ = true;
     changed_.notify_all();
     return nullptr;
   }
 
-  /// The next folder in order; null when none is known, or what comes lies behind one that was found.
-  FolderPtr next() {
+  /// The name that comes next in order; nothing when none is known, or what comes lies behind a folder that was found.
+  std::optional<Place> next() {
     while (!coming_.empty()) {
       Coming& first = coming_.back();
       if (first.next == first.names.size()) {
         coming_.pop_back();
         continue;
       }
-      Coming::Name& name = first.names[first.next];
-      std::string order = first.folder->order + name.order;
-      if (found_ && order > found_->order) {
+      if (found_ && first.folder->order + first.names[first.next].order > found_->order) {
         coming_.clear();
         break;
       }
-      ++first.next;
-      auto folder = std::make_shared<Folder>();
-      folder->parent = first.folder;
-      folder->level = first.folder->level + 1;
-      folder->isKnown =
-          first.folder->isKnown && folder->level <= before_.size() && name.order == before_[folder->level - 1];
-      folder->path = paths::join(first.folder->path, nameIn(name.order));
-      folder->order = std::move(order);
-      folder->name = std::move(name.system);
-      return folder;
+      return Place{first.folder, std::move(first.names[first.next++])};
     }
-    return nullptr;
+    return {};
   }
-  void handle(const FolderPtr& folder) {
+
+  FolderPtr folderAt(Place place) const {
+    auto folder = std::make_shared<Folder>();
+    const Folder& parent = *place.parent;
+    folder->level = parent.level + 1;
+    folder->isKnown =
+        parent.isKnown && folder->level <= before_.size() && place.name.order == before_[folder->level - 1];
+    folder->path = paths::join(parent.path, nameIn(place.name.order));
+    folder->order = parent.order + place.name.order;
+    folder->name = std::move(place.name.system);
+    folder->parent = std::move(place.parent);
+    return folder;
+  }
+
+  /// What there is below the folder: nothing where that is not asked for.
+  Coming handle(const FolderPtr& folder) {
     if (!folder->isKnown && takes_(folder->path)) {
       const std::lock_guard lock(mutex_);
       if (!found_ || folder->order < found_->order) found_ = folder;
-      return;
+      return {};
     }
-    if (folder->level >= levels_) return;
+    if (folder->level >= levels_) return {};
     const int fd = openFolderAt(folder->parent->fd.get(), folder->name.c_str(), false);
-    if (fd < 0) return;
+    if (fd < 0) return {};
     folder->fd = UniqueFd(fd);
-    read(folder);
+    return read(folder);
   }
 
-  void read(const FolderPtr& folder) {
+  Coming read(const FolderPtr& folder) {
     Coming below{folder, {}, 0};
     DirentBatch batch;
     while (!over_ && batch.read(folder->fd.get()) > 0)
@@ -177,17 +195,19 @@ class FolderWalk {
         if (type == DT_DIR) below.names.push_back({orderOf(PathMap::nameToProgram(name)), name});
         return true;
       });
-    std::ranges::sort(below.names, {}, &Coming::Name::order);
+    std::ranges::sort(below.names, {}, &Name::order);
     if (folder->isKnown && folder->level < before_.size()) {
-      const auto past = std::ranges::lower_bound(below.names, before_[folder->level], {}, &Coming::Name::order);
+      const auto past = std::ranges::lower_bound(below.names, before_[folder->level], {}, &Name::order);
       below.next = static_cast<std::size_t>(past - below.names.begin());
     }
-    const std::lock_guard lock(mutex_);
+    return below;
+  }
+
+  void insert(Coming below) {
     const auto place = std::ranges::find_if(coming_.rbegin(), coming_.rend(), [&](const Coming& each) {
-                         return isBefore(*folder, *each.folder);
+                         return isBefore(*below.folder, *each.folder);
                        }).base();
     coming_.insert(place, std::move(below));
-    changed_.notify_all();
   }
 
   /// What lies in the one comes before what is still to come in the other.
@@ -219,7 +239,7 @@ class FolderWalk {
   std::mutex mutex_;  ///< guards all below
   std::condition_variable changed_;
   std::vector<Coming> coming_;  ///< the next one last
-  std::size_t running_ = 0;
+  std::size_t running_ = 0, waiting_ = 0;
   FolderPtr found_;
 };
 
