@@ -1,10 +1,12 @@
 // Runs one call of the file system object on system paths: the measured process beside du, cp and rm.
-//   bench_file_operation size FOLDER | copy-folder FROM TO | copy-file FROM TO | delete FOLDER
+//   bench_file_operation size FOLDER | sizes PATH... | copy-folder FROM TO | copy-file FROM TO | delete FOLDER
 
 #include "platform/posix/file_system.hpp"
 
 #include <cstdio>
+#include <string>
 #include <string_view>
+#include <vector>
 
 using namespace varnholt::platform;
 
@@ -23,6 +25,14 @@ int printSize(const FileSystem& files, const std::string& folder) {
   return size->exact ? 0 : 1;
 }
 
+int printSizes(const FileSystem& files, const std::vector<std::string>& paths) {
+  const auto sizes = files.sizes(paths);
+  if (!sizes) return report(sizes.error());
+  for (const std::uint64_t size : *sizes)
+    std::printf("%llu\n", static_cast<unsigned long long>(size));
+  return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -33,6 +43,12 @@ int main(int argc, char** argv) {
   const std::string first = map.toProgram(argv[2]).valueOr("");
   const std::string second = argc > 3 ? map.toProgram(argv[3]).valueOr("") : "";
   if (operation == "size") return printSize(files, first);
+  if (operation == "sizes") {
+    std::vector<std::string> paths;
+    for (int at = 2; at < argc; ++at)
+      paths.push_back(map.toProgram(argv[at]).valueOr(""));
+    return printSizes(files, paths);
+  }
   if (operation == "delete") return report(files.deleteFolder(first, true));
   if (operation == "copy-folder") return report(files.copyFolder(first, second, false));
   if (operation == "copy-file") return report(files.copyFile(first, second, false));

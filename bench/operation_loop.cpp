@@ -1,7 +1,7 @@
-// Copies, moves, pastes or deletes all files of a folder through the program's own loops, makes them hidden and
+// Copies, moves, pastes, zips or deletes all files of a folder through the program's own loops, makes them hidden and
 // read-only, or tests whether they fit, with the dialogs answered as a user who goes on would. Prints the microseconds
 // from the press of the dialog's button, or of Ctrl+V, until the dialog hides.
-//   bench_operation_loop copy|move|paste|delete|attributes|validate FROM TO
+//   bench_operation_loop copy|move|paste|zip|delete|attributes|validate FROM TO
 
 #include "started_program.hpp"
 
@@ -26,8 +26,13 @@ class AnsweringLoop : public bench::IdleLoop {
       attributes->Check2.toggleFromUser();
       attributes->Check3.toggleFromUser();
     }
+    if (auto* zip = dynamic_cast<zip::Form41*>(&form)) {
+      zip->Text1.Text = target;
+      zip->Text2.Text = "packed.zip";
+    }
     if (isOperation(form)) begin();
-    const char* button = form.name() == "Form18" ? "Command1" : "Command11";
+    const bool ofFirst = form.name() == "Form18" || form.name() == "Form41";
+    const char* button = ofFirst ? "Command1" : "Command11";
     if (auto* start = dynamic_cast<controls::Button*>(form.control(button))) start->press();
     form.Visible = false;
   }
@@ -36,10 +41,11 @@ class AnsweringLoop : public bench::IdleLoop {
   }
   void begin() { from_ = Clock::now(); }
   long microseconds = 0;
+  std::string target;  ///< folder of an archive
 
  private:
   static bool isOperation(const controls::Form& form) {
-    static constexpr std::string_view Forms[] = {"Form3", "Form4", "Form5", "Form18", "Form43"};
+    static constexpr std::string_view Forms[] = {"Form3", "Form4", "Form5", "Form18", "Form41", "Form43"};
     return std::ranges::find(Forms, form.name()) != std::end(Forms);
   }
   Clock::time_point from_ = Clock::now();
@@ -65,6 +71,8 @@ int main(int argc, char** argv) {
     loop.begin();
     app.basket.Paste.WinPaste_Click();
   }
+  loop.target = form.Panel2.path();
+  if (operation == "zip") app.zip.MakeZip_Click();
   if (operation == "delete") app.fileops.Delete.start();
   if (operation == "attributes") app.properties.attributes.multiAtribut_Click();
   if (operation == "validate") {
