@@ -1,5 +1,6 @@
 // Favorites and bookmarks: made, listed, followed, renamed, deleted.
 #include "support/app_rig.hpp"
+#include "support/mutations.hpp"
 
 namespace varnholt::places {
 namespace {
@@ -131,6 +132,9 @@ TEST_F(SavedPlacesTest, FavoritesAreListedWithTheDateOfTheSettingAndSortedByIt) 
     EXPECT_EQ(list.ColumnHeaders.get()[1].Text, "Date Modified:");
     list.ColumnClick(2);
     EXPECT_EQ(rows(list), (Names{"b.Url", "A.url"}));
+    list.ColumnClick(1);
+    EXPECT_EQ(rows(list), (Names{"b.Url", "A.url"})) << "each click turns the order";
+    list.ColumnClick(2);
     list.ColumnClick(2);
     EXPECT_EQ(rows(list), (Names{"A.url", "b.Url"}));
     EXPECT_EQ(list.ImageList.get().at(list.ColumnHeaders.get()[1].Icon), "sort-down");
@@ -188,7 +192,7 @@ TEST_F(SavedPlacesTest, SeveralAreDeletedAfterOneQuestionReadOnlyOnesToo) {
   setAttributes(folder("Favorites") + "a.Url", 1);
   auto& list = favorites().ListView1;
   inDialog("showfavor", favorites(), [&] { favorites().Command1.press(); }, {test::noticed(" No Items selected. ! ")});
-  const std::string question = "You Are About To Delete \r2 Favorit(s) !\rAre You Sure ?";
+  const std::string question = "You Are About To Delete \r2 Favorit(es) !\rAre You Sure ?";
   const auto act = [&] {
     select(list, {"a.Url", "c.Url"});
     favorites().Command1.press();
@@ -292,6 +296,11 @@ TEST_F(SavedPlacesTest, ABookmarkIsReadForWhatItIsWorth) {
     const Bookmark bookmark = bookmarkOf(bytes);
     EXPECT_EQ(bookmark.path + "|" + bookmark.folder + "|" + bookmark.fileName, expected) << bytes;
   }
+  test::forMutationsOf(std::get<0>(cases[0]), {"[Path]\r\n", "[Folder]\n", "[FileName]", "\n", "\\ ", "..\\"},
+                       [](const std::string& bytes) {
+                         const Bookmark read = bookmarkOf(bytes);
+                         ASSERT_LE(read.path.size() + read.folder.size() + read.fileName.size(), bytes.size()) << bytes;
+                       });
 }
 
 TEST_F(SavedPlacesTest, FollowingOneShowsItsRowOrSaysWhatIsMissing) {

@@ -1,4 +1,6 @@
+#include "core/text_file.hpp"
 #include "support/app_rig.hpp"
+#include "support/mutations.hpp"
 
 namespace varnholt::vdt {
 namespace {
@@ -189,6 +191,12 @@ TEST_F(VDTTest, LinesAreReadForWhatTheyAreWorthAndWrittenByteForByte) {
        "abc\nC:\\y.txt\nc:\\DATA\\A.txt\nC:\\Data\\old\\<Folder>\nC:\\Data\\Old<Folder>\nno drive at all\n");
   EXPECT_EQ(rows(), (Names{"C:\\Data\\|a.txt", "C:\\Data\\Old\\|<Folder>", "C:\\Data\\Old\\|<Folder>",
                            "|no drive at all|gone"}));
+  test::forMutationsOf(lines, {"<Folder>", "\r\n", "\n", "\\", "c:\\", "\xEF\x80\x8A"}, [](const std::string& bytes) {
+    for (const std::string& line : core::splitEntries(bytes)) {
+      const auto pointer = pointerOf(line);
+      ASSERT_TRUE(!pointer || pointerOf(pointer->key()) == pointer) << line;
+    }
+  });
 }
 
 TEST_F(VDTTest, AProjectThatIsCutOffIsKeptBesideAndTold) {
@@ -244,7 +252,8 @@ TEST_F(VDTTest, TheDialogStoresTheProjectOpensAnotherAndBeginsNewOnes) {
       .run([&](auto&) { EXPECT_EQ(rows().size(), 1u); })
       .run(type("New"))
       .press("Command1");
-  rig.loop.meets({test::no("Project \rDefault.Pro Already Exits !, - Overwrite ?")});
+  rig.loop.meets({test::told("[ \\InValid Chr. In Filename !, "),
+                  test::no("Project \rDefault.Pro Already Exits !, - Overwrite ?")});
   rig.command("NewPro_Click");
   EXPECT_EQ(vdt().projects.current(), "New.Pro");
   EXPECT_TRUE(rows().empty() && !rig.exists(project("New.Pro")));
@@ -257,6 +266,15 @@ TEST_F(VDTTest, TheDialogStoresTheProjectOpensAnotherAndBeginsNewOnes) {
   rig.command("DeletePro_Click");
   EXPECT_EQ(left().path(), rig.programFolder() + "\\VDT_Projects\\");
   EXPECT_TRUE(rig.exists(project("New.Pro")));
+}
+
+TEST_F(VDTTest, AProjectThatCannotBeStoredIsToldToTheUserWhoLeaves) {
+  auto& disk = rig.use<test::FaultyFileSystem>();
+  rig.startLeft();
+  disk.noSpace = true;
+  rig.app().state.StoreProgramState();
+  rig.loop.meets({test::told("Cannot Save Project !\rDefault.Pro :  No space left on device")});
+  form().closeFromUser();
 }
 
 TEST_F(VDTTest, TheNextStartShowsTheListAsItWasLeft) {
