@@ -73,18 +73,15 @@ class Road:
 
     def stopped(self):
         """In the middle of a large file: nothing of it is kept."""
-        program = self.program
+        program, parts = self.program, lambda: [name for name in os.listdir(self.work) if name.startswith(".vnh-")]
         os.truncate(self.work + "/huge", HUGE)
         self.select("huge")
         self.begin("huge.zip")
         program.dialog("Zip File Options, - Writing Zip File !, - Please Wait...")
-        wait("a part of it", lambda: any(os.path.getsize(os.path.join(self.work, name)) > 0 for name in self.parts()))
+        wait("a part of it", lambda: any(os.path.getsize(os.path.join(self.work, name)) > 0 for name in parts()))
         program.keys("alt+s")
         program.wait_for_no_dialog()
-        expect("nothing is left", not self.parts() and not os.path.exists(self.work + "/huge.zip"))
-
-    def parts(self):
-        return [name for name in os.listdir(self.work) if name.startswith(".vnh-")]
+        expect("nothing is left", not parts() and not os.path.exists(self.work + "/huge.zip"))
 
     def many(self):
         self.program.click_row(1, "\\ Many", 2)

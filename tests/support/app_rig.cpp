@@ -35,26 +35,11 @@ void AppRig::restart() {
   platform::FileSystem& files = wrapped_ ? *wrapped_ : real.files;
   drives = std::make_unique<RemovableDrives>(real.drives);
   platform::Shell& shell = shell_ ? *shell_ : real.shell;
-  platform.reset(new platform::Platform{files,
-                                        *drives,
-                                        real.environment,
-                                        real.settings,
-                                        real.registry,
-                                        shell,
-                                        real.detours,
-                                        real.fileTypes,
-                                        real.system,
-                                        clock,
-                                        platform::RegionalFormats{},
-                                        real.programFolder,
-                                        real.assetsFolder,
-                                        real.startNotices,
-                                        real.toSystem,
-                                        real.toProgram,
-                                        real.alone,
-                                        real.replaces,
-                                        real.clearLeftovers,
-                                        real.ownsProgramFolder});
+  platform.reset(new platform::Platform{files, *drives, real.environment, real.settings, real.registry, shell,
+                                        real.detours, real.fileTypes, real.system, clock, platform::RegionalFormats{},
+                                        real.programFolder, real.assetsFolder, real.startNotices, real.toSystem,
+                                        real.toProgram, real.alone, real.replaces, real.clearLeftovers});
+  platform->ownsProgramFolder = real.ownsProgramFolder;
   app_ = std::make_unique<app::App>(loop, *platform);
 }
 

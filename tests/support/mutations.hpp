@@ -10,21 +10,14 @@ namespace varnholt::test {
 template <class Reads>
 void forMutationsOf(const std::string& good, const std::vector<std::string>& parts, const Reads& reads) {
   std::mt19937 random(20070309);
-  const auto below = [&](std::size_t end) { return std::uniform_int_distribution<std::size_t>(0, end - 1)(random); };
+  const auto below = [&](std::size_t end) { return random() % end; };
   for (int time = 0; time < 3000; ++time) {
     std::string bytes = good;
     for (std::size_t change = 0; change <= below(8) && !bytes.empty(); ++change) {
-      const std::size_t at = below(bytes.size());
-      switch (below(3)) {
-      case 0:
-        bytes.insert(at, parts[below(parts.size())]);
-        break;
-      case 1:
-        bytes[at] = static_cast<char>(below(256));
-        break;
-      default:
-        bytes.erase(at, below(20));
-      }
+      const std::size_t at = below(bytes.size()), kind = below(3);
+      if (kind == 0) bytes.insert(at, parts[below(parts.size())]);
+      if (kind == 1) bytes[at] = static_cast<char>(below(256));
+      if (kind == 2) bytes.erase(at, below(20));
     }
     reads(bytes);
   }
