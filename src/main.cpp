@@ -18,7 +18,7 @@ class Running : public qt::RunningProgram {
   Running(controls::MessageLoop& loop, std::unique_ptr<platform::PlatformHost> system)
       : host(std::move(system)), app(loop, host->platform()) {}
   void storeState() override { app.state.StoreProgramState(); }
-  void leave() override { app.state.Form_QueryUnload(); }
+  void leave() override { app.state.leave(); }
 
   std::unique_ptr<platform::PlatformHost> host;
   app::App app;

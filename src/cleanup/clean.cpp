@@ -92,7 +92,10 @@ std::optional<std::string> Clean::fileInHand(const char* gone) {
 }
 
 void Clean::ListView1_DblClick() {
-  if (const auto path = fileInHand("\rFile/Folder Path NOT Valid !")) desk_.opener.open(*path);
+  const auto path = fileInHand("\rFile/Folder Path NOT Valid !");
+  if (!path) return;
+  desk_.mostUsed.Muf(*path);
+  desk_.opener.OpenItemPath(*path);
 }
 
 void Clean::Command6_Click() {

@@ -30,7 +30,7 @@ class Form : public Changing {
   Property<std::string> Caption{*this};
   Property<bool> Visible{*this, false};
   Property<controls::WindowState> WindowState{*this, controls::WindowState::Normal};
-  /// Where the window stands. 0 width: the designed size and place.
+  /// Where the window stands. 0 width: the designed size, and the designed place without Left and Top.
   Property<Twips> Left{*this, 0}, Top{*this, 0}, Width{*this, 0}, Height{*this, 0};
   /// Background picture, program path; empty: the theme's surface.
   Property<std::string> Picture{*this};

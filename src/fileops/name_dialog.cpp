@@ -1,5 +1,6 @@
 #include "fileops/name_dialog.hpp"
 
+#include "controls/placing.hpp"
 #include "core/text_character.hpp"
 #include "core/val_input_rule.hpp"
 
@@ -22,6 +23,11 @@ NameForm::NameForm(controls::MessageLoop& loop, std::string name) : Form(loop, s
   Command2.Click = [this] { UnloadForm(); };
 }
 
+void NameForm::placeBeside(const controls::Form& window) {
+  constexpr controls::Twips Away = 2000;
+  controls::standBeside(*this, window, Away, Away);
+}
+
 fileops::Form32::Form32(core::MessageDialogs& dialogs) : NameForm(dialogs.loop(), "Form32"), dialogs_(dialogs) {
   Caption = "Make File";
   Text1.AccessibleName = "File name";
@@ -37,6 +43,7 @@ std::optional<std::string> fileops::Form32::ask(NameQuestion question) {
   Text1.ToolTipText = question_.toolTip;
   Image1.ToolTipText = question_.pictureTip;
   Text1.Text = question_.preset;
+  question_.beside ? placeBeside(*question_.beside) : controls::standAsDesigned(*this);
   ShowModal();
   return name_;
 }

@@ -16,6 +16,8 @@ struct NameQuestion {
   std::string emptyAnswer;  ///< put into the box when nothing is keyed
   std::string preset{};
   std::string refusedCaption{};  ///< the caption from a refused name on; empty: it stays
+  /// The window from whose place it stands; null: on its caller.
+  const controls::Form* beside = nullptr;
 };
 
 /// What the dialogs that ask for a name have in common.
@@ -29,6 +31,7 @@ class NameForm : public controls::Form {
 
  protected:
   NameForm(controls::MessageLoop& loop, std::string name);
+  void placeBeside(const controls::Form& window);
 };
 
 /// `Form32`: asks for one file name.

@@ -130,6 +130,7 @@ void ProgramState::StoreProgramState() {
   batch.add(setting::view1path, form_.Panel1.path());
   batch.add(setting::view2path, form_.Panel2.path());
   program_.settings.save(batch);
+  notStored.clear();
   if (store) store();
 }
 
@@ -145,6 +146,18 @@ void ProgramState::exit_program_Click() { form_.UnloadForm(); }
 
 void ProgramState::Command10_Click() {
   StoreProgramState();
+  for (const std::string& text : notStored)
+    program_.dialogs.alert(text);
+  close();
+}
+
+void ProgramState::leave() {
+  if (ended_) return;
+  StoreProgramState();
+  close();
+}
+
+void ProgramState::close() {
   core::CleanTempFolders(program_.files(), program_.folders.tmp, program_.folders.temp);
   form_.Visible = false;
   Form9_.UnloadForm();

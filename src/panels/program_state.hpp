@@ -32,8 +32,11 @@ class ProgramState {
   void restoreColumns();
 
   void exit_program_Click();
+  /// The user leaves: he is told what could not be stored.
   void Command10_Click();
   void Form_QueryUnload();
+  /// The system ends the program, and nobody may be there to read anything.
+  void leave();
   void ReturnDefault_Click();
   void Peruninstall_Click();
 
@@ -41,10 +44,13 @@ class ProgramState {
   std::function<void()> FocusView;
   /// Writes the files of the rooms.
   std::function<void()> store;
+  /// What rooms could not write of what the user would miss, in words for him.
+  std::vector<std::string> notStored;
 
  private:
   void collectFromMenus();
   void tellKept(const std::vector<std::string>& kept);
+  void close();
   void end();
 
   Form1& form_;

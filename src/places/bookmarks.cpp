@@ -69,6 +69,7 @@ places::Form33::Form33(panels::Desk& desk, rename::Rename& rename)
   dress(Command1, "&Del. Bookmark(s)", "Delete Selected Bookmark(s)");
   dress(Command4, "&Rename Bookmark", "Rename Selected Bookmark");
   dress(Command3, "&Cancel", "Close the Bookmarks");
+  places.selected = [this] { ListView1_Click(); };
   places.refreshed = [this] {
     Caption = Title;
     testRows();
@@ -76,7 +77,6 @@ places::Form33::Form33(panels::Desk& desk, rename::Rename& rename)
 }
 
 void places::Form33::ListView1_Click() {
-  PlacesForm::ListView1_Click();
   if (const auto row = places.inHand()) Caption = std::string(Title) + ", - " + row->Text();
 }
 
@@ -137,7 +137,8 @@ void Bookmarks::addBookmark(const panels::Panel& panel) {
                                  .pictureTip = "BookMark Creation As *.bmk Files",
                                  .emptyAnswer = "Key Bookmark Name !",
                                  .preset = preset,
-                                 .refusedCaption = "Bookmark Creation"});
+                                 .refusedCaption = "Bookmark Creation",
+                                 .beside = &desk_.form});
   if (!name) return;
   const std::string file = Form33.places.fileOf(*name);
   if (desk_.files().fileExists(file) && !dialogs.AskRetry("Bookmark:  " + *name + "\r\rAlready Exist !, OverWrite ?"))

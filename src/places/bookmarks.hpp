@@ -37,7 +37,7 @@ class Form33 : public PlacesForm {
 
  private:
   void open(controls::ListItem row) override;
-  void ListView1_Click() override;
+  void ListView1_Click();
   /// The icons of all rows, as their drives answer.
   void testRows();
 

@@ -31,11 +31,12 @@ places::Form27::Form27(core::MessageDialogs& dialogs) : NameForm(dialogs.loop(),
   Command11.Click = [this] { Command11_Click(); };
 }
 
-std::optional<std::string> places::Form27::ask(const std::string& preset) {
+std::optional<std::string> places::Form27::ask(const std::string& preset, const controls::Form& mainWindow) {
   accepted_ = false;
   Caption = CreationTitle;
   Text1.Text = preset;
   Text1.SetFocus();
+  placeBeside(mainWindow);
   ShowModal();
   if (!accepted_) return {};
   return Text1.Text.get();
@@ -62,7 +63,7 @@ void places::Form27::Command11_Click() {
 
 places::Form26::Form26(panels::Desk& desk, rename::Rename& rename)
     : PlacesForm(desk, rename, "Form26", {core::program_file::Favorites, ".Url", "Name:", place_icon::Favorite},
-                 {rename::Caller::Favourite, " Favorit(s) !"}) {
+                 {rename::Caller::Favourite, " Favorit(es) !"}) {
   Caption = "Favorites";
   ListView1.AccessibleName = "Favorites";
   ListView1.ToolTipText = "Dbl. Click to Open Favorit, or press Enter key.";
@@ -110,7 +111,7 @@ void Favorites::addFavorite(const panels::Panel& panel) {
   if (!item) return desk_.selection.nonselect();
   if (panel.isFolder(*item)) return dialogs.inform("Cannot Create Folder Favorite !");
   const std::string target = panel.itemPath(*item);
-  const auto name = Form27.ask(item->Text());
+  const auto name = Form27.ask(item->Text(), desk_.form);
   if (!name) return;
   const std::string file = Form26.places.fileOf(*name);
   if (desk_.files().fileExists(file) && !dialogs.AskRetry("Favorit:  " + *name + "\r\rAlready Exist !, OverWrite ?"))

@@ -15,7 +15,7 @@ class Form27 : public fileops::NameForm {
   explicit Form27(core::MessageDialogs& dialogs);
 
   /// The trimmed name, which may stand in a file name; nothing when the user cancels.
-  std::optional<std::string> ask(const std::string& preset);
+  std::optional<std::string> ask(const std::string& preset, const controls::Form& mainWindow);
 
  private:
   void Command11_Click();

@@ -81,14 +81,9 @@ void places::Form46::bind() {
   QueryUnload = [this](bool& keep) { keep = !mayLose(); };
   Activate = [this] { notes.showDateHeader(); };
   KeyDown = [this](controls::KeyEvent& event) { Form_KeyDown(event); };
-  ListView1.Click = [this] { ListView1_Click(); };
-  ListView1.KeySelect = [this](bool) { ListView1_Click(); };
-  ListView1.DblClick = [this] { ListView1_DblClick(); };
-  ListView1.KeyDown = [this](controls::KeyEvent& event) {
-    if (event.code != controls::key::Enter && event.code != controls::key::Delete) return;
-    event.handled = true;
-    event.code == controls::key::Enter ? ListView1_DblClick() : Command2_Click();
-  };
+  notes.selected = [this] { ListView1_Click(); };
+  notes.opened = [this](controls::ListItem row) { ListView1_DblClick(row); };
+  notes.deleted = [this] { Command2_Click(); };
   Text1.DblClick = [this] { Text1.Text = ""; };
   RichTextBox1.Change = [this] { changed_ = true; };
   RichTextBox1.SelChange = [this] { showFormat(); };
@@ -152,7 +147,6 @@ void places::Form46::showFormat() {
 // --- Loading -------------------------------------------------------------------------------------------------------
 
 void places::Form46::ListView1_Click() {
-  notes.followSelection();
   const auto row = notes.inHand();
   if (!row || !row->Selected() || row->Text() == loaded_) return;
   const std::string name = row->Text();
@@ -168,12 +162,10 @@ void places::Form46::ListView1_Click() {
   Text1.Text = std::string(paths::baseName(name));
 }
 
-void places::Form46::ListView1_DblClick() {
-  const auto row = notes.inHand();
-  if (!row) return;
-  if (!desk_.files().fileExists(notes.path(*row)))
+void places::Form46::ListView1_DblClick(controls::ListItem row) {
+  if (!desk_.files().fileExists(notes.path(row)))
     return desk_.program.dialogs.alert("Invalid Path, - File Do Not Exist !");
-  desk_.opener.open(notes.path(*row));
+  desk_.opener.open(notes.path(row));
 }
 
 bool places::Form46::mayLose() {

@@ -42,7 +42,7 @@ class Form46 : public controls::Form {
   void Form_Load();
   void Form_KeyDown(controls::KeyEvent& event);
   void ListView1_Click();
-  void ListView1_DblClick();
+  void ListView1_DblClick(controls::ListItem row);
   void Command2_Click();
   void Command4_Click();
   void showFormat();

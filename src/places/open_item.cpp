@@ -2,6 +2,7 @@
 
 #include "controls/dress.hpp"
 #include "core/text_character.hpp"
+#include "places/open_file.hpp"
 #include "platform/text_fold.hpp"
 
 namespace varnholt::places {
@@ -9,7 +10,6 @@ namespace {
 
 // What the box says while nothing has been typed.
 constexpr const char* Nothing = "Address...";
-constexpr const char* NoExplorer = "..\\Explorer.exe, - Do Not Exist !";
 
 bool beginsWith(const std::string& text, std::string_view beginning) {
   return platform::foldCase(text.substr(0, beginning.size())) == beginning;
@@ -109,8 +109,7 @@ bool places::Form29::openPath(const std::string& text) {
   const bool isDrive = text.size() == 2 && text.back() == ':';
   const auto path = desk_.files().resolve(isDrive ? text + '\\' : text);
   if (path && desk_.files().fileExists(*path)) {
-    if (!desk_.opener.openAddress("file://" + *path, "file:///" + *path, NoExplorer)) return false;
-    desk_.mostUsed.Muf(*path);
+    if (!openFile(desk_, *path)) return false;
     desk_.opener.Filehis_store(*path);
     return true;
   }

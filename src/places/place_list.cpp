@@ -22,8 +22,28 @@ PlaceList::PlaceList(panels::Desk& desk, controls::ListView& list, PlaceKind kin
       std::map<int, std::string>{{place_icon::Favorite, "favorites"},   {place_icon::Note, "notes"},
                                  {place_icon::Good, "bookmark-good"},   {place_icon::Broken, "bookmark-broken"},
                                  {place_icon::SortedDown, "sort-down"}, {place_icon::SortedUp, "sort-up"}};
-  list_.ColumnClick = [this](int number) { ColumnClick(number); };
+  bind();
   resetColumns();
+}
+
+void PlaceList::bind() {
+  const auto select = [this] {
+    clearMarks();
+    selected();
+  };
+  list_.Click = select;
+  list_.KeySelect = [select](bool) { select(); };
+  list_.DblClick = [this] { open(); };
+  list_.KeyDown = [this](controls::KeyEvent& event) {
+    if (event.code != controls::key::Enter && event.code != controls::key::Delete) return;
+    event.handled = true;
+    event.code == controls::key::Enter ? open() : deleted();
+  };
+  list_.ColumnClick = [this](int number) { ColumnClick(number); };
+}
+
+void PlaceList::open() {
+  if (const auto row = inHand()) opened(*row);
 }
 
 std::string PlaceList::folder() const { return core::program_file::path(desk_.program.platform, kind_.folder) + '\\'; }
@@ -52,7 +72,7 @@ void PlaceList::showDateHeader() {
 
 void PlaceList::ColumnClick(int number) {
   const int column = number - 1;
-  controls::sortByHeader(list_, column, column == DateColumn ? KeyColumn : column,
+  controls::turnByHeader(list_, column, column == DateColumn ? KeyColumn : column,
                          {place_icon::SortedUp, place_icon::SortedDown, 0});
 }
 
@@ -95,13 +115,13 @@ bool PlaceList::selectName(const std::string& name) {
 
 // --- What is selected ----------------------------------------------------------------------------------------------
 
-void PlaceList::followSelection() {
+void PlaceList::clearMarks() {
   list_.clearColors();
   list_.clearGhosted();
 }
 
 std::vector<std::string> PlaceList::markSelected() {
-  followSelection();
+  clearMarks();
   std::vector<std::string> files;
   for (std::uint32_t row = 0; row < list_.count(); ++row) {
     controls::ListItem item = list_.item(row);

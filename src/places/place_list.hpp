@@ -49,8 +49,6 @@ class PlaceList {
   /// Selects that row alone; false when there is none of that name.
   bool selectName(const std::string& name);
 
-  /// What a click or key has selected is what the buttons work on: marks of an earlier question go.
-  void followSelection();
   /// Marks the selected rows as those to be deleted, and gives their files.
   std::vector<std::string> markSelected();
   /// Deletes files, read-only ones too; what stays is told. The list is read anew, and its first row selected.
@@ -59,8 +57,17 @@ class PlaceList {
 
   /// Called after each refresh.
   std::function<void()> refreshed;
+  /// Another selection, by click or key. Marks of an earlier question have gone: it is what the buttons work on.
+  std::function<void()> selected = [] {};
+  /// The row in focus is to be opened.
+  std::function<void(controls::ListItem row)> opened;
+  /// Del: what is selected is to be deleted.
+  std::function<void()> deleted;
 
  private:
+  void bind();
+  void clearMarks();
+  void open();
   const platform::Date& dateOf(const platform::Entry& entry) const;
 
   panels::Desk& desk_;

@@ -13,14 +13,8 @@ PlacesForm::PlacesForm(panels::Desk& desk, rename::Rename& rename, std::string n
   cancelButton = "Command3";
   Load = [this] { Form_Load(); };
   Activate = [this] { places.showDateHeader(); };
-  ListView1.Click = [this] { ListView1_Click(); };
-  ListView1.KeySelect = [this](bool) { ListView1_Click(); };
-  ListView1.DblClick = [this] { ListView1_DblClick(); };
-  ListView1.KeyDown = [this](controls::KeyEvent& event) {
-    if (event.code != controls::key::Enter && event.code != controls::key::Delete) return;
-    event.handled = true;
-    event.code == controls::key::Enter ? ListView1_DblClick() : Command1_Click();
-  };
+  places.opened = [this](controls::ListItem row) { open(row); };
+  places.deleted = [this] { Command1_Click(); };
   Command1.Click = [this] { Command1_Click(); };
   Command3.Click = [this] { UnloadForm(); };
   Command4.Click = [this] { Command4_Click(); };
@@ -31,10 +25,6 @@ void PlacesForm::Form_Load() {
   places.refresh();
   if (ListView1.count() > 0) ListView1.focusRow(0);
   ListView1.SetFocus();
-}
-
-void PlacesForm::ListView1_DblClick() {
-  if (const auto row = places.inHand()) open(*row);
 }
 
 void PlacesForm::Command1_Click() {

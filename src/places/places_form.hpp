@@ -28,13 +28,11 @@ class PlacesForm : public controls::Form {
 
   /// Follows the row that the user has chosen.
   virtual void open(controls::ListItem row) = 0;
-  virtual void ListView1_Click() { places.followSelection(); }
 
   panels::Desk& desk_;
 
  private:
   void Form_Load();
-  void ListView1_DblClick();
   void Command1_Click();
   void Command4_Click();
 

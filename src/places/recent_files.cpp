@@ -1,6 +1,7 @@
 #include "places/recent_files.hpp"
 
 #include "controls/dress.hpp"
+#include "places/open_file.hpp"
 
 namespace varnholt::places {
 
@@ -68,8 +69,7 @@ void places::Form28::Command11_Click() {
     show("Recent Files Emty ...");
     return;
   }
-  desk_.mostUsed.Muf(*file);
-  desk_.opener.OpenItemPath(*file);
+  if (!openFile(desk_, *file)) return;
   chosen = *file;
   UnloadForm();
 }

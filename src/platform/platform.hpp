@@ -39,6 +39,9 @@ struct Platform {
   std::function<std::string(const std::string&)> toSystem = {}, toProgram = {};
   /// Runs the call while no other running copy of the program runs one; waits for that two seconds at most.
   std::function<void(const std::function<void()>& call)> alone = [](const auto& call) { call(); };
+  /// A library of ours is about to replace this file by way of temporary names. What killed copies of it left beside it
+  /// is cleared away, and what it leaves itself will be found by `clearLeftovers`.
+  std::function<void(const std::string& path)> replaces = [](const auto&) {};
   /// Clears away what killed copies of the program left where they worked. Asks drives, so that it may not return.
   std::function<void()> clearLeftovers = [] {};
   /// False in portable use, where the user keeps files of his own beside the program.

@@ -274,6 +274,7 @@ void FormWindow::place(const QWidget* caller) {
     if (qobject_cast<QDialog*>(widget_.data())) widget_->resize(comfortableSize(room.size()));
     wanted = QRect(QPoint(), widget_->size());
     wanted.moveCenter(caller ? caller->frameGeometry().center() : room.center());
+    if (form_.Width <= 0 && !wantedPlace().topLeft().isNull()) wanted.moveTopLeft(wantedPlace().topLeft());
   }
   putAt(wanted, room);
 }

@@ -1,6 +1,7 @@
 #include "vdt/project_dialog.hpp"
 
 #include "controls/dress.hpp"
+#include "controls/placing.hpp"
 #include "core/text_character.hpp"
 #include "core/val_input_rule.hpp"
 
@@ -15,8 +16,8 @@ constexpr const char* Extension = ".Pro";
 // The longest name that the file systems of this world take.
 constexpr std::size_t LongestName = 255;
 
-// Where it stands from the main window, and how large it is.
-constexpr controls::Twips FromLeft = 2000, FromTop = 3000, DesignWidth = 440 * 15, DesignHeight = 118 * 15;
+// Where it stands from the main window.
+constexpr controls::Twips FromLeft = 2000, FromTop = 3000;
 
 }  // namespace
 
@@ -59,12 +60,9 @@ bool Form44::open(bool names) {
 }
 
 void Form44::Form_Load() {
-  Left = desk_.form.Left + FromLeft;
-  Top = desk_.form.Top + FromTop;
-  Width = DesignWidth;
-  Height = DesignHeight;
+  controls::standBeside(*this, desk_.form, FromLeft, FromTop);
   if (const auto saved = projects_.VdtProjectSave(); !saved)
-    desk_.program.dialogs.alert("Cannot Save Project !\r" + projects_.current() + " :  " + saved.error().text);
+    desk_.program.dialogs.alert(projects_.notSaved(saved.error()));
   Text1.Text = "";
   Combo1.Clear();
   for (std::string& name : projects_.names())
@@ -100,7 +98,12 @@ void Form44::takeName() {
   const std::string name(core::trimmed(Text1.Text.get()));
   if (name.empty() || name == Empty || name == NotValid) return refuse(Empty);
   const std::string project = name + Extension;
-  if (core::firstRefusedCharacter(name) || project.size() > LongestName) return refuse(NotValid);
+  const auto refused = core::firstRefusedCharacter(name);
+  if (refused || project.size() > LongestName) {
+    refuse(NotValid);
+    if (refused) desk_.program.dialogs.alert(core::refusedCharacterText(*refused));
+    return;
+  }
   if (desk_.files().fileExists(projects_.path(project)) && !mayReplace(name)) return;
   projects_.setCurrent(project);
   list_.clear();

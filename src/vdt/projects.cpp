@@ -48,6 +48,10 @@ platform::Result<void> Projects::VdtProjectSave() {
   return kept_.writeLines(path(current()), lines);
 }
 
+std::string Projects::notSaved(const platform::Error& error) {
+  return "Cannot Save Project !\r" + current() + " :  " + error.text;
+}
+
 void Projects::VdtProjectLoad() {
   const std::string file = path(current());
   std::vector<Pointer> pointers;

@@ -30,6 +30,8 @@ class Projects {
 
   /// Writes the list to the current project.
   platform::Result<void> VdtProjectSave();
+  /// That it could not, in words for the user.
+  std::string notSaved(const platform::Error& error);
   /// Fills the list from the current project.
   void VdtProjectLoad();
 

@@ -1,5 +1,6 @@
 #include "vdt/vdt.hpp"
 
+#include "controls/header_sort.hpp"
 #include "core/item_text.hpp"
 #include "platform/paths.hpp"
 
@@ -77,6 +78,11 @@ void VDT::load() {
   desk_.form.Menu["VDTstartup"].Checked = init.VDT_State == "1";
   if (init.VDT_State == "1") showList();
   updateMenu();
+}
+
+void VDT::store() {
+  if (const auto saved = projects.VdtProjectSave(); !saved)
+    desk_.state.notStored.push_back(projects.notSaved(saved.error()));
 }
 
 // --- What is shown -------------------------------------------------------------------------------------------------
@@ -184,17 +190,8 @@ void VDT::selectAll() {
   showCount();
 }
 
-// The icons show the new order also where another column was clicked before: the order is the list's own.
 void VDT::listview3_columnclick(int number) {
-  const bool descends = list().Sorted() && list().SortOrder() == controls::SortOrder::Ascending;
-  list().setSortKey(number - 1);
-  list().setSortOrder(descends ? controls::SortOrder::Descending : controls::SortOrder::Ascending);
-  list().setSorted(true);
-  auto headers = list().ColumnHeaders.get();
-  for (auto& header : headers)
-    header.Icon = NotSortedIcon;
-  headers.at(static_cast<std::size_t>(number - 1)).Icon = descends ? SortedDownIcon : SortedUpIcon;
-  list().ColumnHeaders = std::move(headers);
+  controls::turnByHeader(list(), number - 1, number - 1, {SortedUpIcon, SortedDownIcon, NotSortedIcon});
 }
 
 // --- VDT_Aktive ----------------------------------------------------------------------------------------------------

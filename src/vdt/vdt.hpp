@@ -26,7 +26,7 @@ class VDT : public panels::Room {
   void addCommands(panels::CommandTable& table) override;
   std::vector<controls::Form*> dialogs() override { return {&Form44}; }
   void load() override;
-  void store() override { (void)projects.VdtProjectSave(); }
+  void store() override;
 
   // --- The list --------------------------------------------------------------------------------------------------
   void ListView3_Click();

@@ -7,6 +7,9 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <numeric>
+#include <string_view>
+#include <unordered_set>
 
 #include <fcntl.h>
 #include <stdio.h>
@@ -107,6 +110,15 @@ ArchiveRun::End ArchiveRun::add(const Taking& taking, Existing existing, const s
   return end;
 }
 
+void ArchiveRun::end() {
+  constexpr std::uint64_t Most = 8;  // what is rewritten for less costs more than it gains
+  if (current_ < 0 || dead_ == 0 || dead_ < drafts_[current_].end / Most || !isUnchanged()) return;
+  Draft& draft = drafts_[current_ == 0 ? 1 : 0];
+  if (!draft.fd && !makeDraft(draft)) return;
+  draft.end = 0;
+  if (takeOver(drafts_[current_].fd.get(), directory_, {}, draft)) (void)finish(draft, {});
+}
+
 // --- The archive as it is ------------------------------------------------------------------------------------------
 
 bool ArchiveRun::begin() {
@@ -175,13 +187,15 @@ bool ArchiveRun::makeDraft(Draft& draft) {
   return true;
 }
 
-bool ArchiveRun::prepare(std::vector<Source>& sources) {
+bool ArchiveRun::prepare(const std::vector<Source>& sources) {
   if (!isUnchanged()) return false;
   Draft& draft = drafts_[current_ == 0 ? 1 : 0];
   if (!draft.fd && !makeDraft(draft)) return false;
   if (current_ >= 0) return catchUp(draft, drafts_[current_]);
   draft.end = 0;
-  return !old_ || takeOver(sources);
+  if (!old_) return true;
+  auto taken = readDirectory(old_.get());
+  return taken && takeOver(old_.get(), *std::move(taken), sources, draft);
 }
 
 // Both hold the same up to where the one behind ends.
@@ -192,40 +206,37 @@ bool ArchiveRun::catchUp(Draft& draft, const Draft& from) {
   return true;
 }
 
-// What the first batch replaces is not taken along.
-bool ArchiveRun::takeOver(std::vector<Source>& sources) {
-  auto fresh = readDirectory(old_.get());
-  if (!fresh) return false;
-  std::unordered_map<std::string_view, bool> replaced;
-  for (const Source& source : sources)
-    replaced[source.name] = true;
-  auto& entries = fresh->entries;
+// Neither what the first batch replaces nor what no entry claims is taken along.
+bool ArchiveRun::takeOver(int from, Directory taken, const std::vector<Source>& without, Draft& draft) {
+  std::unordered_set<std::string_view> replaced;
+  for (const Source& source : without)
+    replaced.insert(source.name);
+  auto& entries = taken.entries;
   std::vector<std::size_t> byOffset(entries.size());
-  for (std::size_t at = 0; at < entries.size(); ++at)
-    byOffset[at] = at;
+  std::iota(byOffset.begin(), byOffset.end(), 0);
   std::ranges::sort(byOffset, {}, [&](std::size_t at) { return entries[at].offset; });
-  Draft& draft = drafts_[0];
-  std::uint64_t from = 0, until = byOffset.empty() ? fresh->begin : entries[byOffset.front()].offset;
-  const auto flushRange = [&] {
-    if (!copyRange(old_.get(), from, draft.fd.get(), draft.end, until - from)) return false;
-    draft.end += until - from;
+  // What is copied next: bytes that stand together are copied in one piece.
+  std::uint64_t until = byOffset.empty() ? taken.begin : entries[byOffset.front()].offset;
+  std::uint64_t begin = beginsWithEntry(from) ? until : 0;
+  const auto copy = [&] {
+    if (!copyRange(from, begin, draft.fd.get(), draft.end, until - begin)) return false;
+    draft.end += until - begin;
     return true;
   };
   for (std::size_t place = 0; place < byOffset.size(); ++place) {
     Entry& entry = entries[byOffset[place]];
-    const std::uint64_t begin = entry.offset;
-    const std::uint64_t end = place + 1 < byOffset.size() ? entries[byOffset[place + 1]].offset : fresh->begin;
-    if (replaced.contains(entry.name)) {
-      if (!flushRange()) return false;
-      from = until = end;
-      continue;
+    const std::uint64_t next = place + 1 < byOffset.size() ? entries[byOffset[place + 1]].offset : taken.begin;
+    if (!replaced.contains(entry.name)) {
+      until = entry.end > entry.offset ? std::min(entry.end, next) : next;
+      moveTo(entry, draft.end + (entry.offset - begin));
+      if (until == next) continue;
     }
-    moveTo(entry, draft.end + (begin - from));
-    until = end;
+    if (!copy()) return false;
+    begin = until = next;
   }
-  if (!flushRange()) return false;
+  if (!copy()) return false;
   std::erase_if(entries, [&](const Entry& entry) { return replaced.contains(entry.name); });
-  directory_ = *std::move(fresh);
+  directory_ = std::move(taken);
   byName_.clear();
   for (std::size_t at = 0; at < directory_.entries.size(); ++at)
     byName_[directory_.entries[at].name] = at;
@@ -248,19 +259,19 @@ ArchiveRun::End ArchiveRun::pack(Draft& draft, const std::vector<Source>& source
   buffered_ = draft.end;
   while (auto piece = packer.next()) {
     const Source& source = sources[piece->source];
-    if (!packFile(draft, packer, std::move(piece), source, added)) return End::Failed;
+    if (const End end = packFile(draft, packer, std::move(piece), source, goesOn, added); end != End::Done) return end;
     if (buffer_.size() >= BufferLength && !flush(draft)) return End::Failed;
     if (!goesOn(source.name)) return End::Stopped;
   }
   return flush(draft) ? End::Done : End::Failed;
 }
 
-bool ArchiveRun::packFile(Draft& draft, Packer& packer, std::shared_ptr<Piece> piece, const Source& source,
-                          std::vector<Entry>& added) {
+ArchiveRun::End ArchiveRun::packFile(Draft& draft, Packer& packer, std::shared_ptr<Piece> piece, const Source& source,
+                                     const GoesOn& goesOn, std::vector<Entry>& added) {
   NewEntry entry = entryOf(source);
   entry.offset = draft.end;
   if (piece->isLast) {
-    if (!piece->failure.empty()) return leftOut_(source.path, piece->failure), true;
+    if (!piece->failure.empty()) return leftOut_(source.path, piece->failure), End::Done;
     entry.method = piece->isStored ? Stored : Deflated;
     entry.crc = piece->crc;
     entry.packed = piece->packed.size();
@@ -269,33 +280,36 @@ bool ArchiveRun::packFile(Draft& draft, Packer& packer, std::shared_ptr<Piece> p
     buffer_ += piece->packed;
     draft.end += header.size() + entry.packed;
     added.push_back(directoryEntry(entry));
-    return true;
+    added.back().end = draft.end;
+    return End::Done;
   }
   // The header of a large file is known behind it.
   entry.method = Deflated;
   const std::size_t headerLength = localHeader(entry).size();
-  if (!flush(draft)) return false;
+  if (!flush(draft)) return End::Failed;
   std::uint64_t end = entry.offset + headerLength;
   std::string failure;
   while (true) {
     if (failure.empty()) failure = piece->failure;
     if (failure.empty()) {
-      if (!writeAt(draft.fd.get(), piece->packed.data(), piece->packed.size(), end)) return false;
+      if (!writeAt(draft.fd.get(), piece->packed.data(), piece->packed.size(), end)) return End::Failed;
       end += piece->packed.size();
       entry.crc =
           static_cast<std::uint32_t>(::crc32_combine(entry.crc, piece->crc, static_cast<z_off_t>(piece->length)));
     }
     if (piece->isLast) break;
+    if (!goesOn(source.name)) return End::Stopped;
     piece = packer.next();
   }
   buffered_ = draft.end;
-  if (!failure.empty()) return leftOut_(source.path, failure), true;
+  if (!failure.empty()) return leftOut_(source.path, failure), End::Done;
   entry.packed = end - entry.offset - headerLength;
   const std::string header = localHeader(entry);
-  if (!writeAt(draft.fd.get(), header.data(), header.size(), entry.offset)) return false;
+  if (!writeAt(draft.fd.get(), header.data(), header.size(), entry.offset)) return End::Failed;
   draft.end = buffered_ = end;
   added.push_back(directoryEntry(entry));
-  return true;
+  added.back().end = draft.end;
+  return End::Done;
 }
 
 bool ArchiveRun::finish(Draft& draft, std::vector<Entry> added) {
@@ -315,8 +329,11 @@ bool ArchiveRun::finish(Draft& draft, std::vector<Entry> added) {
   const std::string bytes = directoryBytes(directory_);
   if (writeAt(draft.fd.get(), bytes.data(), bytes.size(), draft.end) &&
       ::ftruncate(draft.fd.get(), static_cast<off_t>(draft.end + bytes.size())) == 0 && ::fsync(draft.fd.get()) == 0 &&
-      publish(draft))
+      publish(draft)) {
+    for (const auto& [at, entry] : replaced)
+      dead_ += std::max(entry.end, entry.offset) - entry.offset;
     return true;
+  }
   for (std::size_t at = before; at < entries.size(); ++at)
     byName_.erase(entries[at].name);
   entries.resize(before);

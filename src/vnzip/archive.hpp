@@ -21,7 +21,7 @@ enum class Existing { Replace, Update, Freshen };
 class ArchiveRun {
  public:
   enum class End { Done, Stopped, Failed };
-  /// Asked after each entry; false stops.
+  /// Asked after each entry, and within a large one; false stops.
   using GoesOn = std::function<bool(const std::string& name)>;
 
   ArchiveRun(std::string path, LeftOut leftOut);
@@ -31,6 +31,8 @@ class ArchiveRun {
 
   const std::string& path() const { return path_; }
   End add(const Taking& taking, Existing existing, const std::vector<std::string>& fileSpecs, const GoesOn& goesOn);
+  /// No more batches come. Where they have replaced much of each other or of the archive, that is taken out of it.
+  void end();
 
  private:
   /// One of the files beside the archive: its temporary name, unless it is the archive now, and where entries end.
@@ -42,13 +44,13 @@ class ArchiveRun {
 
   bool begin();
   bool makeDraft(Draft& draft);
-  bool takeOver(std::vector<Source>& sources);
-  bool prepare(std::vector<Source>& sources);
+  bool takeOver(int from, Directory taken, const std::vector<Source>& without, Draft& draft);
+  bool prepare(const std::vector<Source>& sources);
   bool catchUp(Draft& draft, const Draft& from);
   void passOver(std::vector<Source>& sources, Existing existing) const;
   End pack(Draft& draft, const std::vector<Source>& sources, const GoesOn& goesOn, std::vector<Entry>& added);
-  bool packFile(Draft& draft, Packer& packer, std::shared_ptr<Piece> piece, const Source& source,
-                std::vector<Entry>& added);
+  End packFile(Draft& draft, Packer& packer, std::shared_ptr<Piece> piece, const Source& source, const GoesOn& goesOn,
+               std::vector<Entry>& added);
   bool finish(Draft& draft, std::vector<Entry> added);
   bool publish(Draft& draft);
   bool isUnchanged() const;
@@ -63,7 +65,8 @@ class ArchiveRun {
   Directory directory_;  ///< of the archive as it is now
   std::unordered_map<std::string, std::size_t> byName_;
   Draft drafts_[2];
-  int current_ = -1;  ///< the draft that is the archive now
+  int current_ = -1;        ///< the draft that is the archive now
+  std::uint64_t dead_ = 0;  ///< bytes of it that no entry claims any more
   bool begun_ = false;
   std::string buffer_;  ///< written behind `buffered_`
   std::uint64_t buffered_ = 0;

@@ -14,7 +14,7 @@ namespace {
 // PKWARE's APPNOTE.TXT: signatures, and the lengths of the records without their texts.
 constexpr std::uint32_t LocalMark = 0x04034b50, EntryMark = 0x02014b50, EndMark = 0x06054b50;
 constexpr std::uint32_t LargeEndMark = 0x06064b50, LargeLocatorMark = 0x07064b50;
-constexpr std::size_t EntryLength = 46, EndLength = 22, LargeEndLength = 56, LocatorLength = 20;
+constexpr std::size_t LocalLength = 30, EntryLength = 46, EndLength = 22, LargeEndLength = 56, LocatorLength = 20;
 constexpr std::uint16_t LargeField = 0x0001, TimeField = 0x5455;
 constexpr std::uint32_t All32 = 0xFFFFFFFF;
 constexpr std::uint16_t All16 = 0xFFFF;
@@ -74,6 +74,26 @@ std::size_t largeOffsetAt(const std::string& record) {
   for (const std::size_t size : {24u, 20u})
     if (get<std::uint32_t>(record.data() + size) == All32) at += 8;
   return at + 8 <= end ? at : 0;
+}
+
+std::uint64_t packedSize(const std::string& record) {
+  const auto packed = get<std::uint32_t>(record.data() + 20);
+  std::size_t at = packed == All32 ? findField(record, LargeField) : 0;
+  if (at == 0) return packed;
+  const std::size_t end = at + get<std::uint16_t>(record.data() + at - 2);
+  if (get<std::uint32_t>(record.data() + 24) == All32) at += 8;
+  return at + 8 <= end ? get<std::uint64_t>(record.data() + at) : packed;
+}
+
+/// Whether its local header is where the entry says; then its end is known, too.
+bool findBytes(int fd, Entry& entry) {
+  constexpr std::uint16_t SizesBehind = 1u << 3;
+  char header[LocalLength];
+  if (!readAt(fd, header, sizeof header, entry.offset) || get<std::uint32_t>(header) != LocalMark) return false;
+  if (!(get<std::uint16_t>(header + 6) & SizesBehind))
+    entry.end = entry.offset + LocalLength + get<std::uint16_t>(header + 26) + get<std::uint16_t>(header + 28) +
+                packedSize(entry.record);
+  return true;
 }
 
 struct End {
@@ -165,18 +185,21 @@ std::optional<Directory> readDirectory(int fd) {
   Directory directory{{}, end->begin, end->comment};
   for (std::size_t at = 0; directory.entries.size() < end->count;) {
     auto entry = entryAt(bytes, at);
-    char mark[4];
-    if (!entry || entry->offset >= end->begin || !readAt(fd, mark, sizeof mark, entry->offset) ||
-        get<std::uint32_t>(mark) != LocalMark)
-      return {};
+    if (!entry || entry->offset >= end->begin || !findBytes(fd, *entry)) return {};
     at += entry->record.size();
     directory.entries.push_back(*std::move(entry));
   }
   return directory;
 }
 
+bool beginsWithEntry(int fd) {
+  char mark[4];
+  return readAt(fd, mark, sizeof mark, 0) && get<std::uint32_t>(mark) == LocalMark;
+}
+
 void moveTo(Entry& entry, std::uint64_t offset) {
   std::string bytes;
+  if (entry.end != 0) entry.end = entry.end - entry.offset + offset;
   entry.offset = offset;
   if (const std::size_t large = largeOffsetAt(entry.record)) {
     put(bytes, offset);
@@ -274,7 +297,7 @@ Entry directoryEntry(const NewEntry& entry) {
   put(bytes, std::uint16_t{0});
   put(bytes, entry.external);
   put(bytes, offset);
-  return {bytes + entry.name + extra, entry.name, entry.offset, entry.modified};
+  return {bytes + entry.name + extra, entry.name, entry.offset, 0, entry.modified};
 }
 
 }  // namespace varnholt::vnzip

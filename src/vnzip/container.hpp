@@ -12,6 +12,7 @@ struct Entry {
   std::string record;
   std::string name;
   std::uint64_t offset = 0;   ///< of its local header
+  std::uint64_t end = 0;      ///< behind its last byte; 0: not told in front of its bytes
   std::int64_t modified = 0;  ///< seconds; 0: told to two seconds in local time alone
 };
 
@@ -24,6 +25,9 @@ struct Directory {
 
 /// Reads the directory of an archive; nothing when it is no whole one.
 std::optional<Directory> readDirectory(int fd);
+/// Whether an entry begins at the file's first byte, be it one that the directory still names or not: no program that
+/// unpacks the archive stands in front.
+bool beginsWithEntry(int fd);
 /// The directory as it stands at `begin`, with its end record.
 std::string directoryBytes(const Directory& directory);
 /// The entry's local header stands at `offset` from now on, which is no larger than before.

@@ -75,6 +75,15 @@ int32_t archive(const std::string& name, const std::vector<std::string>& fileSpe
   return VnFailed;
 }
 
+void end() {
+  auto& run = state().run;
+  try {
+    if (run) run->end();
+  } catch (...) {  // the archive is as the last batch made it
+  }
+  run.reset();
+}
+
 }  // namespace
 
 EXPORTED int32_t ZpInit(const VnUserFunctions* functions) {
@@ -100,7 +109,7 @@ EXPORTED int32_t ZpGetOptions(VnOptions* options) {
 EXPORTED int32_t ZpArchive(int32_t count, const char* name, const char* const* fileSpecs) {
   if (!name || count < 0 || count >= VnSlots || (count > 0 && !fileSpecs)) return VnBadRequest;
   if (count == 0) {
-    state().run.reset();
+    end();
     return VnSuccess;
   }
   std::vector<std::string> wanted;

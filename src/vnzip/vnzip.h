@@ -37,7 +37,7 @@ typedef struct {
   int32_t (*print)(char* text, uint32_t length); /* what is left out and why, a line each */
   int32_t (*comment)(char* text);                /* 4097 bytes */
   int32_t (*password)(char* text, int32_t length);
-  int32_t (*service)(char* text, uint32_t length); /* the entry that is done; 1 stops in front of the next */
+  int32_t (*service)(char* text, uint32_t length); /* the entry in hand, more than once for a large one; 1 stops */
 } VnUserFunctions;
 
 enum { VnSuccess = 0, VnFailed = 2, VnNotSupported = 3, VnStopped = 9, VnBadRequest = 16 };

@@ -77,6 +77,7 @@ std::optional<std::int32_t> mZip::Zip(cZip& zip) {
   VnOptions options = zip.options();
   const std::string root = program_.platform.toSystem(zip.BasePath);
   options.rootDirectory = root.c_str();
+  program_.platform.replaces(paths::join(zip.BasePath, zip.ZipFile));
   init(&functions);
   setOptions(&options);
   const char* slots[VnSlots] = {};

@@ -1,6 +1,7 @@
 #include "zip/zip_dialog.hpp"
 
 #include "controls/dress.hpp"
+#include "controls/placing.hpp"
 #include "core/error_words.hpp"
 #include "core/text_character.hpp"
 #include "core/val_input_rule.hpp"
@@ -61,7 +62,7 @@ void Form41::setTexts() {
 void Form41::bind() {
   Load = [this] { Form_Load(); };
   QueryUnload = [this](bool& keep) {
-    keep = work_.running();
+    keep = running_;
     if (keep) Command4_Click();
   };
   Command1.Click = [this] { Command1_Click(); };
@@ -77,8 +78,8 @@ void Form41::bind() {
     if (event.handled) Command3.press();
   };
   zip_.Progress = [this](const std::string& line) { takeMessage(line); };
-  zip_.Service = [this](const std::string&, bool& cancel) {
-    ++done_;
+  zip_.Service = [this](const std::string& entry, bool& cancel) {
+    if (std::exchange(inHand_, entry) != entry) ++done_;
     cancel = cancel || !work_.goesOn();
   };
 }
@@ -165,12 +166,16 @@ void Form41::ListView1_DblClick() {
 }
 
 void Form41::Command5_Click() {
+  constexpr controls::Twips Right = 300, Down = -700;
+  controls::standBeside(desk_.browser, *this, Right, Down);
   if (const auto folder = desk_.browser.browse(Title)) Text1.Text = *folder;
+  controls::standAsDesigned(desk_.browser);
 }
 
 // --- The archive ---------------------------------------------------------------------------------------------------
 
 void Form41::setRunning(bool running) {
+  running_ = running;
   for (controls::Control* control :
        std::initializer_list<controls::Control*>{&Command1, &Command2, &Command3, &Command5, &Check1, &Check2, &Text2})
     control->Enabled = !running;
@@ -180,10 +185,9 @@ void Form41::setRunning(bool running) {
 }
 
 void Form41::Command4_Click() {
-  if (work_.running())
-    work_.stop();
-  else
-    UnloadForm();
+  if (!running_) return UnloadForm();
+  stopped_ = true;
+  work_.stop();
 }
 
 bool Form41::mayWrite(const std::string& folder, const std::string& name) {
@@ -208,6 +212,7 @@ bool Form41::mayWrite(const std::string& folder, const std::string& name) {
 
 void Form41::Command1_Click() {
   setRunning(true);
+  stopped_ = false;
   const std::string folder(core::trimmed(Text1.Text.get())), name(core::trimmed(Text2.Text.get()));
   if (!mayWrite(folder, name)) return setRunning(false);
   zip_.setEncrypt(false);
@@ -223,6 +228,7 @@ void Form41::Command1_Click() {
   zip_.cancel = false;
   failed_ = false;
   messages_.clear();
+  inHand_.clear();
   done_ = 0;
   ProgressBar1.Max = ListView1.count();
   ProgressBar1.Value = 0;
@@ -235,6 +241,7 @@ bool Form41::zipRows() {
   std::size_t batch = 1;
   for (std::uint32_t row = 0; row < ListView1.count(); ++row) {
     if (row % RowsPerTurn == 0) desk_.program.loop.giveTurn();
+    if (stopped_) return false;
     addRow(row);
     if (batch > LastOfBatch) {
       Caption = "Buffer Reset, - Writing Zip File !, - Please Wait...";
@@ -274,7 +281,6 @@ bool Form41::zipBatch() {
   const bool whole = work_.run(
       Command4, [&] { tried = library.Zip(zip_); }, tick);
   tick();
-  if (!whole) zip_.result = VnStopped;
   if (tried || !whole) return whole && zip_.Success();
   failed_ = true;
   zip_.result = VnFailed;
@@ -285,17 +291,17 @@ bool Form41::zipBatch() {
 void Form41::ended(bool success) {
   auto& dialogs = desk_.program.dialogs;
   ProgressBar1.Value = 0;
-  library.close();
-  const bool stopped = zip_.result == VnStopped;
+  // The library may have the archive written anew, without what batches have replaced.
+  desk_.program.loop.runBlocking([this] { library.close(); });
   if (success) {
     Caption = std::string(Title) + ", - Zip Success";
     dialogs.inform("Zip Function Success, - Menu Close !");
-  } else if (!stopped && !failed_) {
+  } else if (!stopped_ && !failed_) {
     dialogs.alert("Zip Function Failed !");
   }
   tellMessages();
   desk_.listing.ViewUpdateAll(zip_.BasePath);
-  if (!success && !stopped) return;
+  if (!success && !stopped_) return;
   made_ = success;
   UnloadForm();
 }

@@ -64,9 +64,10 @@ class Form41 : public controls::Form {
   panels::Desk& desk_;
   cZip zip_;
   core::StoppableCall work_;
+  std::string inHand_;                 ///< the entry of which the library has told last
   std::atomic<std::size_t> done_ = 0;  ///< entries of the run
   std::vector<std::string> messages_;
-  bool failed_ = false, made_ = false;
+  bool running_ = false, stopped_ = false, failed_ = false, made_ = false;
 };
 
 }  // namespace varnholt::zip

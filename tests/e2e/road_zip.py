@@ -9,6 +9,7 @@ import zipfile
 from driver import expect, run, wait
 
 MANY = 902  # one more than a batch holds
+HUGE = 16 << 30  # bytes that take no room on the disk, but time to pack
 
 
 class Road:
@@ -30,7 +31,7 @@ class Road:
                 with open(os.path.join(self.work, source), "rb") as file:
                     expect("the bytes of " + name, read.read(name) == file.read())
 
-    def zip(self, archive, *checks, adds=False):
+    def begin(self, archive, *checks):
         program = self.program
         program.keys("alt+f", "k")
         dialog = program.dialog("Zip File Options")
@@ -39,6 +40,10 @@ class Road:
         program.click(wait("the name", lambda: program.find("text", "Zip file name", dialog)))
         program.type_over(archive)
         program.keys("alt+x")
+
+    def zip(self, archive, *checks, adds=False):
+        self.begin(archive, *checks)
+        program = self.program
         if adds:
             program.click(program.named(program.dialog("Alert !"), "Execute"))
         wait("the end", lambda: not program.dialogs())
@@ -66,6 +71,18 @@ class Road:
         self.sound("tree.zip", {"Deep/rose.txt": "Deep/rose.txt", "Deep/er/tulip.txt": "Deep/er/tulip.txt",
                                 "alpha.txt": "alpha.txt"})
 
+    def stopped(self):
+        """In the middle of a large file: nothing of it is kept."""
+        program, parts = self.program, lambda: [name for name in os.listdir(self.work) if name.startswith(".vnh-")]
+        os.truncate(self.work + "/huge", HUGE)
+        self.select("huge")
+        self.begin("huge.zip")
+        program.dialog("Zip File Options, - Writing Zip File !, - Please Wait...")
+        wait("a part of it", lambda: any(os.path.getsize(os.path.join(self.work, name)) > 0 for name in parts()))
+        program.keys("alt+s")
+        program.wait_for_no_dialog()
+        expect("nothing is left", not parts() and not os.path.exists(self.work + "/huge.zip"))
+
     def many(self):
         self.program.click_row(1, "\\ Many", 2)
         wait("the folder", lambda: self.program.title().endswith("Many"))
@@ -81,13 +98,14 @@ class Road:
 def road(program):
     for name in ("alpha.txt", "beta.txt", "Deep/rose.txt", "Deep/er/tulip.txt"):
         program.file("Work/" + name, 5000)
+    program.file("Work/huge", 0)
     for number in range(MANY):
         program.file(f"Work/Many/{number}.txt", number)
     program.start()
     program.click_row(1, "\\ Work", 2)
     program.wait_for_rows(1, "alpha")
     steps = Road(program)
-    for step in (steps.files, steps.folders, steps.added, steps.many):
+    for step in (steps.files, steps.folders, steps.added, steps.stopped, steps.many):
         print(step.__name__, flush=True)
         step()
 

@@ -1,5 +1,6 @@
 // What was opened: the recent files, the typed addresses, the most used files.
 #include "support/app_rig.hpp"
+#include "support/mutations.hpp"
 
 #include "core/program_files.hpp"
 #include "core/text_file.hpp"
@@ -285,6 +286,12 @@ TEST_F(OpenedItemsTest, ADamagedListIsReadForWhatItIsWorth) {
   EXPECT_EQ(read("[Entry]\r\n000001\r\na\r\nC:\\Wor"), "cut off 1C:\\Wor\\a;");
   EXPECT_EQ(read("[Entry]\n-1\n[Entry]\nC:\\\n"), "0C:\\[Entry];") << "a file may be called so";
   EXPECT_EQ(read("[Entry]\n99999999999999999999999\na\nC:\\\n" + good + good), "999999C:\\a;4C:\\x\\b;");
+  test::forMutationsOf(good + "[Entry]\r\n-9\r\n\xFF\r\nD:\\\r\n",
+                       {"[Entry]\n", "\n", "\r", "C:\\", "/..\\", "9999999"}, [](const std::string& bytes) {
+                         for (const auto& entry : panels::MostUsed::entriesOf(bytes).entries)
+                           ASSERT_TRUE(!entry.name.empty() && entry.folder.ends_with('\\') && entry.hits <= 999'999)
+                               << bytes;
+                       });
 }
 
 }  // namespace

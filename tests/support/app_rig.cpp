@@ -38,7 +38,8 @@ void AppRig::restart() {
   platform.reset(new platform::Platform{files, *drives, real.environment, real.settings, real.registry, shell,
                                         real.detours, real.fileTypes, real.system, clock, platform::RegionalFormats{},
                                         real.programFolder, real.assetsFolder, real.startNotices, real.toSystem,
-                                        real.toProgram, real.alone, real.clearLeftovers, real.ownsProgramFolder});
+                                        real.toProgram, real.alone, real.replaces, real.clearLeftovers});
+  platform->ownsProgramFolder = real.ownsProgramFolder;
   app_ = std::make_unique<app::App>(loop, *platform);
 }
 

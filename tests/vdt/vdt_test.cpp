@@ -1,4 +1,6 @@
+#include "core/text_file.hpp"
 #include "support/app_rig.hpp"
+#include "support/mutations.hpp"
 
 namespace varnholt::vdt {
 namespace {
@@ -177,6 +179,10 @@ TEST_F(VDTTest, AHeadSortsAndTheNextClickTurnsTheOrderWhicheverItIsOn) {
 // --- Projects ------------------------------------------------------------------------------------------------------
 
 TEST_F(VDTTest, LinesAreReadForWhatTheyAreWorthAndWrittenByteForByte) {
+  rig.loop.meets({{"Form12"}});
+  load("C:\\Data\\a.txt\r\nC:\\Data\\Ol");
+  EXPECT_EQ(rows().size(), 2u);
+  EXPECT_TRUE(rig.exists(project("Default.Pro.damaged-1")) && !rig.exists(project("Default.Pro"))) << "it was cut off";
   rig.write("C:\\x.txt");
   rig.write("D:\\\xFF.txt");
   const std::string gone = "C:\\Data\\note.txt\r\n",
@@ -189,24 +195,12 @@ TEST_F(VDTTest, LinesAreReadForWhatTheyAreWorthAndWrittenByteForByte) {
        "abc\nC:\\y.txt\nc:\\DATA\\A.txt\nC:\\Data\\old\\<Folder>\nC:\\Data\\Old<Folder>\nno drive at all\n");
   EXPECT_EQ(rows(), (Names{"C:\\Data\\|a.txt", "C:\\Data\\Old\\|<Folder>", "C:\\Data\\Old\\|<Folder>",
                            "|no drive at all|gone"}));
-}
-
-TEST_F(VDTTest, AProjectThatIsCutOffIsKeptBesideAndTold) {
-  rig.loop.meets({{"Form12"}});
-  load("C:\\Data\\a.txt\r\nC:\\Data\\Ol");
-  EXPECT_EQ(rows().size(), 2u);
-  EXPECT_TRUE(rig.exists(project("Default.Pro.damaged-1")));
-  EXPECT_FALSE(rig.exists(project("Default.Pro")));
-}
-
-TEST_F(VDTTest, AHundredThousandLinesAreRowsAndEachIsKnownByItsKey) {
-  std::string lines;
-  for (int number = 0; number < 100'000; ++number)
-    lines += "C:\\Data\\" + std::to_string(number) + ".txt\n";
-  load(lines);
-  EXPECT_EQ(list().count(), 100'000u);
-  rig.loop.meets({test::noticed(Exists)});
-  drop({"C:\\Data\\99999.txt"});
+  test::forMutationsOf(lines, {"<Folder>", "\r\n", "\n", "\\", "c:\\", "\xEF\x80\x8A"}, [](const std::string& bytes) {
+    for (const std::string& line : core::splitEntries(bytes)) {
+      const auto pointer = pointerOf(line);
+      ASSERT_TRUE(!pointer || pointerOf(pointer->key()) == pointer) << line;
+    }
+  });
 }
 
 TEST_F(VDTTest, TheDialogStoresTheProjectOpensAnotherAndBeginsNewOnes) {
@@ -244,7 +238,8 @@ TEST_F(VDTTest, TheDialogStoresTheProjectOpensAnotherAndBeginsNewOnes) {
       .run([&](auto&) { EXPECT_EQ(rows().size(), 1u); })
       .run(type("New"))
       .press("Command1");
-  rig.loop.meets({test::no("Project \rDefault.Pro Already Exits !, - Overwrite ?")});
+  rig.loop.meets({test::told("[ \\InValid Chr. In Filename !, "),
+                  test::no("Project \rDefault.Pro Already Exits !, - Overwrite ?")});
   rig.command("NewPro_Click");
   EXPECT_EQ(vdt().projects.current(), "New.Pro");
   EXPECT_TRUE(rows().empty() && !rig.exists(project("New.Pro")));
@@ -257,6 +252,14 @@ TEST_F(VDTTest, TheDialogStoresTheProjectOpensAnotherAndBeginsNewOnes) {
   rig.command("DeletePro_Click");
   EXPECT_EQ(left().path(), rig.programFolder() + "\\VDT_Projects\\");
   EXPECT_TRUE(rig.exists(project("New.Pro")));
+}
+
+TEST_F(VDTTest, AProjectThatCannotBeStoredIsToldToTheUserWhoLeaves) {
+  auto& disk = rig.use<test::FaultyFileSystem>();
+  rig.startLeft();
+  disk.noSpace = true;
+  rig.loop.meets({test::told("Cannot Save Project !\rDefault.Pro :  No space left on device")});
+  form().closeFromUser();
 }
 
 TEST_F(VDTTest, TheNextStartShowsTheListAsItWasLeft) {

@@ -118,6 +118,13 @@ TEST_F(ZipTest, NoArchiveIsTouchedThatIsBrokenAndNoneIsMadeUnderANameThatIsNone)
 
 TEST_F(ZipTest, StopKeepsNothingOfTheBatchAndTellsWhatCouldNotBeRead) {
   clickAll({"a", "b"});
+  rig.loop.onTurn = [&] {
+    if (!dialog().Command1.Enabled) dialog().Command4.press();
+  };
+  zip([] {}, {});
+  rig.loop.onTurn = {};
+  EXPECT_FALSE(rig.exists("C:\\Pack\\MyZip.Zip")) << "stopped between two rows";
+  clickAll({"a", "b"});
   std::filesystem::remove(rig.systemPath("C:\\Pack\\b.txt"));
   zip([] {}, {done(), test::told()});
   EXPECT_EQ(entries(), (std::set<std::string>{"a.txt"}));
@@ -178,7 +185,7 @@ TEST_F(ZipLibraryTest, AKillAtAnyCallLeavesTheArchiveOfTheLastWholeBatch) {
     ASSERT_EQ(pack({"one"}), 0);
   };
   before();
-  const test::KillAt killer([] {}, [&] { (void)pack({"two", "three"}); });
+  const test::KillAt killer([] {}, [&] { (void)pack({"two", "three", "one"}); });
   const int moments = killer.moments();
   if (moments == test::KillAt::Untraceable) GTEST_SKIP() << "processes may not be traced here";
   ASSERT_GT(moments, 10);
@@ -189,6 +196,14 @@ TEST_F(ZipLibraryTest, AKillAtAnyCallLeavesTheArchiveOfTheLastWholeBatch) {
     seen.insert(entries());
   }
   EXPECT_EQ(seen, (std::set<std::string>{"one\n", "one\ntwo\n", "one\ntwo\nthree\n"}));
+}
+
+TEST_F(ZipLibraryTest, WhatBatchesReplaceDoesNotStayInTheArchive) {
+  ASSERT_EQ(pack({"one", "two", "three"}), 0);
+  const auto size = std::filesystem::file_size(scratch / "x.zip");
+  ASSERT_EQ(pack({"three", "one", "two", "one"}), 0);
+  EXPECT_EQ(std::filesystem::file_size(scratch / "x.zip"), size);
+  EXPECT_EQ(entries(), "one\ntwo\nthree\n");
 }
 
 TEST_F(ZipLibraryTest, AbsurdRequestsAreRefusedAndNothingIsTouched) {

@@ -6,6 +6,7 @@
 #include "platform/posix/environment.hpp"
 #include "platform/posix/file_system.hpp"
 #include "platform/posix/file_types.hpp"
+#include "platform/posix/leftovers.hpp"
 #include "platform/posix/passing_names.hpp"
 #include "platform/posix/path_map.hpp"
 #include "platform/posix/program_folder.hpp"
@@ -113,6 +114,9 @@ class PosixHost final : public PlatformHost {
                   [this](const std::string& path) { return map_.toSystem(path).valueOr({}); },
                   [this](const std::string& path) { return map_.toProgram(path).valueOr({}); },
                   [this](const std::function<void()>& call) { runAlone(folders_.program, call); },
+                  [this](const std::string& path) {
+                    if (const auto system = map_.toSystem(path)) sweepFolderOf(*system);
+                  },
                   [folder = folders_.program] { clearWorkPlaces(folder); },
                   folders_.isOwn} {
     noteWorkPlacesIn(folders_.program);
