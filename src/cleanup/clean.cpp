@@ -1,7 +1,6 @@
 #include "cleanup/clean.hpp"
 
 #include "core/format.hpp"
-#include "core/picture_file.hpp"
 #include "core/program_files.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
@@ -76,7 +75,7 @@ void Clean::putInHand(std::uint32_t row) {
 void Clean::PaintRow(std::uint32_t id, controls::Color color) { Form16_.ListView1.setForeColor(id, color); }
 
 void Clean::showPreview(const std::string& path) {
-  Form16_.Image2.Picture = core::hasPictureName(paths::fileName(path)) ? path : std::string();
+  Form16_.Image2.Picture = path;
   Form16_.Picture1.IconName =
       desk_.program.platform.fileTypes.iconName(platform::foldCase(paths::extension(paths::fileName(path))));
 }
@@ -103,7 +102,13 @@ void Clean::Command6_Click() {
 }
 
 void Clean::Command9_Click() {
-  if (const auto path = fileInHand("\rFile Path NOT Valid !")) desktop_.copy({*path});
+  if (const auto path = fileInHand("\rFile Path NOT Valid !"))
+    desktop_.copy({*path}, [this](const fileops::LongCall& call) {
+      Form16_.setRunning(true);
+      const auto result = Form16_.work.runTelling(Form16_.Command7, call);
+      Form16_.setRunning(false);
+      return result;
+    });
   Form16_.ListView1.SetFocus();
 }
 
@@ -139,7 +144,7 @@ bool Clean::mayClean() {
     dialogs.inform("\rCannot Clean From CD-Rom/DVD-Rom !\rFunction Exits !");
     return false;
   }
-  if (!Form16_.hitRows() || Form16_.ListView1.count() == 0) {
+  if (!scan_.hits() || Form16_.ListView1.count() == 0) {
     Form16_.Text1.Text = "Nothing to Clean,- make a new scan !";
     return false;
   }

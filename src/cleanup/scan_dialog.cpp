@@ -153,6 +153,7 @@ void Form16::Form_Unload() {
   Timer1.Enabled = false;
   desk_.program.settings.save(core::setting::SCRData, Text2.Text.get());
   setStandard();
+  Check9.Value = 0;
   clearHits();
   desk_.form.filecollect.reset();
 }
@@ -187,8 +188,6 @@ void Form16::showCaption() { Caption = Title + platform::upperCase(root_) + " ..
 void Form16::setStandard() {
   for (const PatternBox& each : patternBoxes())
     each.box.Value = each.standard ? 1 : 0;
-  Check9.Value = 0;
-  Text3.Enabled = Text4.Enabled = false;
   boxesOff_ = false;
 }
 
@@ -245,13 +244,18 @@ void Form16::clearHits() {
   ListView1.clear();
   Image2.Picture = "";
   Picture1.IconName = "";
+  followRows(false);
 }
 
-void Form16::setRunning(bool running) {
+void Form16::followRows(bool running) {
   const bool hasRows = !running && hitRows() && ListView1.count() > 0;
   for (controls::Control* control :
        std::initializer_list<controls::Control*>{&Command3, &Command6, &Command8, &Command9, &Text5})
     control->Enabled = hasRows;
+}
+
+void Form16::setRunning(bool running) {
+  followRows(running);
   for (controls::Control* control :
        std::initializer_list<controls::Control*>{&Command1, &Command2, &Command4, &Command5, &Text2, &Check10})
     control->Enabled = !running;

@@ -93,6 +93,8 @@ class Form16 : public controls::Form {
   void FlotingPointError(const controls::TextBox& box);
   void ListView1_ColumnClick(int number);
   void setStandard();
+  /// What works while the list has rows and nothing runs.
+  void followRows(bool running);
 
   panels::Desk& desk_;
   std::string root_;

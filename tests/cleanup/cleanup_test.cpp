@@ -157,8 +157,10 @@ TEST_F(CleanUpTest, AllGoesOnlyWhenTheAnswerIsNotNo) {
     scan();
     clean("Command2", {test::no(question)});
     EXPECT_EQ(told(), "CleanUp Canceled . . . . . , - Make a new scan to CleanUp !");
+    dialog().Command3.press();
+    EXPECT_EQ(told(), "Nothing to Clean,- make a new scan !");
     dialog().Timer1.Tick();
-    EXPECT_TRUE(rows().empty());
+    EXPECT_TRUE(rows().empty() && !dialog().Command8.Enabled);
     EXPECT_EQ(left().size(), 2u);
     scan();
     clean("Command2", {test::yes(question)});

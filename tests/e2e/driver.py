@@ -280,7 +280,7 @@ class Program:
     @classmethod
     def type_over(cls, text):
         """Replaces what stands in the field that has the keyboard."""
-        names = {" ": "space", ".": "period"}
+        names = {" ": "space", ".": "period", ",": "comma", "*": "asterisk"}
         cls.keys("ctrl+a", *(names.get(letter, letter) for letter in text))
 
 
