@@ -3,7 +3,6 @@
 #include "core/format.hpp"
 #include "core/program_files.hpp"
 #include "platform/paths.hpp"
-#include "platform/text_fold.hpp"
 
 #include <algorithm>
 #include <unordered_set>
@@ -18,8 +17,15 @@ constexpr std::size_t NamedFiles = 5;
 
 }  // namespace
 
-Clean::Clean(panels::Desk& desk, fileops::Desktop& desktop, Form16& dialog, Form23& choice, Scan& scan)
-    : desk_(desk), desktop_(desktop), Form16_(dialog), Form23_(choice), scan_(scan), collections_(desk.program) {
+Clean::Clean(panels::Desk& desk, fileops::Desktop& desktop, const panels::Icons& icons, Form16& dialog, Form23& choice,
+             Scan& scan)
+    : desk_(desk),
+      desktop_(desktop),
+      icons_(icons),
+      Form16_(dialog),
+      Form23_(choice),
+      scan_(scan),
+      collections_(desk.program) {
   Form16_.Command3.Click = [this] { Command3_Click(); };
   Form16_.Command6.Click = [this] { Command6_Click(); };
   Form16_.Command8.Click = [this] { Command8_Click(); };
@@ -76,8 +82,7 @@ void Clean::PaintRow(std::uint32_t id, controls::Color color) { Form16_.ListView
 
 void Clean::showPreview(const std::string& path) {
   Form16_.Image2.Picture = path;
-  Form16_.Picture1.IconName =
-      desk_.program.platform.fileTypes.iconName(platform::foldCase(paths::extension(paths::fileName(path))));
+  icons_.Iconshow(Form16_.Picture1, path);
 }
 
 std::optional<std::string> Clean::fileInHand(const char* gone) {
@@ -104,9 +109,9 @@ void Clean::Command6_Click() {
 void Clean::Command9_Click() {
   if (const auto path = fileInHand("\rFile Path NOT Valid !"))
     desktop_.copy({*path}, [this](const fileops::LongCall& call) {
-      Form16_.setRunning(true);
+      Form16_.letStop(true);
       const auto result = Form16_.work.runTelling(Form16_.Command7, call);
-      Form16_.setRunning(false);
+      Form16_.letStop(false);
       return result;
     });
   Form16_.ListView1.SetFocus();

@@ -2,12 +2,12 @@
 
 namespace varnholt::cleanup {
 
-CleanUp::CleanUp(panels::Desk& desk, fileops::Desktop& desktop)
+CleanUp::CleanUp(panels::Desk& desk, fileops::Desktop& desktop, const panels::Icons& icons)
     : desk_(desk),
       Form16(desk),
       Form23(desk.program.loop),
       scan(desk, Form16),
-      clean(desk, desktop, Form16, Form23, scan) {
+      clean(desk, desktop, icons, Form16, Form23, scan) {
   Form16.Command1.Click = [this] {
     scan.Command1_Click();
     clean.putInHand(0);

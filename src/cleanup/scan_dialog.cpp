@@ -244,6 +244,7 @@ void Form16::clearHits() {
   ListView1.clear();
   Image2.Picture = "";
   Picture1.IconName = "";
+  Picture1.PictureData = "";
   followRows(false);
 }
 
@@ -261,9 +262,13 @@ void Form16::setRunning(bool running) {
     control->Enabled = !running;
   Text3.Enabled = Text4.Enabled = !running && Check9.Value != 0;
   Drive1.Enabled = !running && !Check10.Value;
+  letStop(running);
+  desk_.pointer() = running ? controls::pointer::Hourglass : controls::pointer::Default;
+}
+
+void Form16::letStop(bool running) {
   Command7.Enabled = running;
   cancelButton = running ? "Command7" : "Command2";
-  desk_.pointer() = running ? controls::pointer::Hourglass : controls::pointer::Default;
 }
 
 void Form16::ListView1_ColumnClick(int number) {

@@ -75,6 +75,8 @@ class Form16 : public controls::Form {
   const HitRows* hitRows() const { return dynamic_cast<const HitRows*>(&ListView1.source()); }
   /// What works while the list has rows, and what only does so when nothing runs.
   void setRunning(bool running);
+  /// A call runs that the stop button, or Esc, ends.
+  void letStop(bool running);
   void showCaption();
 
   core::StoppableCall work{loop()};
