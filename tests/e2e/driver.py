@@ -28,7 +28,7 @@ def wait(what, condition):
     while time.monotonic() < limit:
         try:
             answer = condition()
-        except GLib.Error:  # a control went away while it was asked
+        except (GLib.Error, FileNotFoundError):  # a control went away while it was asked, a file is not there yet
             answer = None
         if answer:
             return answer
