@@ -96,13 +96,16 @@ std::optional<std::string> Clean::fileInHand(const char* gone) {
 }
 
 void Clean::ListView1_DblClick() {
-  if (const auto path = fileInHand("\rFile/Folder Path NOT Valid !")) desk_.opener.open(*path);
+  const auto path = fileInHand("\rFile/Folder Path NOT Valid !");
+  if (!path) return;
+  desk_.mostUsed.Muf(*path);
+  desk_.opener.OpenItemPath(*path);
 }
 
 void Clean::Command6_Click() {
   const auto path = fileInHand("\rFile Path NOT Valid !");
   if (!path || !desk_.navigation.GoToDirection(*path)) return;
-  Form16_.UnloadForm();
+  Form16_.Hide();
   desk_.listing.FocusView();
 }
 

@@ -36,8 +36,10 @@ void CleanUp::addCommands(panels::CommandTable& table) {
 void CleanUp::Command17_Click() {
   if (!desk_.dispatcher.panelPreCheck()) return;
   desk_.form.setMode("CleanMode");
+  // It was hidden to show where a file lies: the list is still there.
+  if (Form16.isLoaded()) clean.putInHand(Form16.ListView1.focusedRow().value_or(0));
   Form16.ShowModal();
-  scan.forget();
+  if (!Form16.isLoaded()) scan.forget();
   desk_.listing.FocusView();
   desk_.dispatcher.commandDone();
 }

@@ -2,6 +2,7 @@
 
 #include "controls/dress.hpp"
 #include "controls/header_sort.hpp"
+#include "core/item_text.hpp"
 #include "core/text_character.hpp"
 #include "filters/criteria.hpp"
 #include "platform/paths.hpp"
@@ -108,7 +109,7 @@ void Form16::setTexts() {
 void Form16::bind() {
   Load = [this] { Form_Load(); };
   Unload = [this] { Form_Unload(); };
-  Activate = [this] { showCaption(); };
+  Activate = [this] { Form_Activate(); };
   QueryUnload = [this](bool& keep) {
     keep = work.running();
     work.stop();
@@ -180,6 +181,13 @@ void Form16::fillDrives() {
 
 void Form16::setRoot(const std::string& root) {
   root_ = root;
+  showCaption();
+}
+
+void Form16::Form_Activate() {
+  auto headers = ListView1.ColumnHeaders.get();
+  if (!headers.empty()) headers[column::Date].Text = core::dateColumnTitle(desk_.program.init.DateSystem);
+  ListView1.ColumnHeaders = headers;
   showCaption();
 }
 

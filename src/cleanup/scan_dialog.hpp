@@ -86,6 +86,7 @@ class Form16 : public controls::Form {
   void bind();
   void Form_Load();
   void Form_Unload();
+  void Form_Activate();
   const panels::Panel& activePanel() const;
   void fillDrives();
   void Drive1_Change();

@@ -269,8 +269,11 @@ void Form30::ListView_Click(const Direction& direction) {
 }
 
 void Form30::ListView_DblClick(const Direction& direction) {
-  if (const auto row = direction.list.SelectedItem())
-    desk_.opener.open(paths::join(direction.source.path(), row->Text()));
+  const auto row = direction.list.SelectedItem();
+  if (!row) return;
+  const std::string file = paths::join(direction.source.path(), row->Text());
+  desk_.mostUsed.Muf(file);
+  desk_.opener.OpenItemPath(file);
 }
 
 void Form30::ListView_ColumnClick(controls::ListView& list, int number) {

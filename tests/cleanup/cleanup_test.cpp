@@ -198,6 +198,21 @@ TEST_F(CleanUpTest, NothingOutsideOfTheScannedFolderIsTouched) {
   EXPECT_EQ(left(), (Names{"Sub"}));
 }
 
+TEST_F(CleanUpTest, TheListIsStillThereBehindALookAtAFilesFolder) {
+  rig.write("C:\\In\\Sub\\a.tmp", "x");
+  show("C:\\In", "C:\\");
+  rig.loop.whenShows("Form16").run([&](controls::Form&) {
+    ASSERT_EQ(scan(), Names{"C:\\In\\Sub|A|Tmp"});
+    dialog().Command6.press();
+  });
+  rig.command("Command17_Click");
+  EXPECT_EQ(rig.form().Panel1.path(), "C:\\In\\Sub\\");
+  rig.loop.whenShows("Form16").run([&](controls::Form&) { clean("Command1"); }).press("Command2");
+  rig.command("Command17_Click");
+  EXPECT_FALSE(rig.exists("C:\\In\\Sub\\a.tmp"));
+  open([&] { EXPECT_TRUE(rows().empty()); });
+}
+
 TEST_F(CleanUpTest, ACollectionHoldsTheRowsAsTheyAreSorted) {
   rig.write("C:\\In\\small.tmp", "x");
   rig.write("C:\\In\\A large.tmp", "xxx");
