@@ -57,7 +57,7 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
       vdt(desk, pictureView),
       search(desk),
       compare(desk, presets),
-      cleanup(desk, fileops.desktop),
+      cleanup(desk, fileops.desktop, icons),
       zip(desk) {
   addCommands();
   bindPanel(Form1.Panel1);

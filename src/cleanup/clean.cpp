@@ -1,10 +1,8 @@
 #include "cleanup/clean.hpp"
 
 #include "core/format.hpp"
-#include "core/picture_file.hpp"
 #include "core/program_files.hpp"
 #include "platform/paths.hpp"
-#include "platform/text_fold.hpp"
 
 #include <algorithm>
 #include <unordered_set>
@@ -19,8 +17,15 @@ constexpr std::size_t NamedFiles = 5;
 
 }  // namespace
 
-Clean::Clean(panels::Desk& desk, fileops::Desktop& desktop, Form16& dialog, Form23& choice, Scan& scan)
-    : desk_(desk), desktop_(desktop), Form16_(dialog), Form23_(choice), scan_(scan), collections_(desk.program) {
+Clean::Clean(panels::Desk& desk, fileops::Desktop& desktop, const panels::Icons& icons, Form16& dialog, Form23& choice,
+             Scan& scan)
+    : desk_(desk),
+      desktop_(desktop),
+      icons_(icons),
+      Form16_(dialog),
+      Form23_(choice),
+      scan_(scan),
+      collections_(desk.program) {
   Form16_.Command3.Click = [this] { Command3_Click(); };
   Form16_.Command6.Click = [this] { Command6_Click(); };
   Form16_.Command8.Click = [this] { Command8_Click(); };
@@ -76,9 +81,8 @@ void Clean::putInHand(std::uint32_t row) {
 void Clean::PaintRow(std::uint32_t id, controls::Color color) { Form16_.ListView1.setForeColor(id, color); }
 
 void Clean::showPreview(const std::string& path) {
-  Form16_.Image2.Picture = core::hasPictureName(paths::fileName(path)) ? path : std::string();
-  Form16_.Picture1.IconName =
-      desk_.program.platform.fileTypes.iconName(platform::foldCase(paths::extension(paths::fileName(path))));
+  Form16_.Image2.Picture = path;
+  icons_.Iconshow(Form16_.Picture1, path);
 }
 
 std::optional<std::string> Clean::fileInHand(const char* gone) {
@@ -101,12 +105,18 @@ void Clean::ListView1_DblClick() {
 void Clean::Command6_Click() {
   const auto path = fileInHand("\rFile Path NOT Valid !");
   if (!path || !desk_.navigation.GoToDirection(*path)) return;
-  Form16_.UnloadForm();
+  Form16_.Hide();
   desk_.listing.FocusView();
 }
 
 void Clean::Command9_Click() {
-  if (const auto path = fileInHand("\rFile Path NOT Valid !")) desktop_.copy({*path});
+  if (const auto path = fileInHand("\rFile Path NOT Valid !"))
+    desktop_.copy({*path}, [this](const fileops::LongCall& call) {
+      Form16_.letStop(true);
+      const auto result = Form16_.work.runTelling(Form16_.Command7, call);
+      Form16_.letStop(false);
+      return result;
+    });
   Form16_.ListView1.SetFocus();
 }
 
@@ -142,7 +152,7 @@ bool Clean::mayClean() {
     dialogs.inform("\rCannot Clean From CD-Rom/DVD-Rom !\rFunction Exits !");
     return false;
   }
-  if (!Form16_.hitRows() || Form16_.ListView1.count() == 0) {
+  if (!scan_.hits() || Form16_.ListView1.count() == 0) {
     Form16_.Text1.Text = "Nothing to Clean,- make a new scan !";
     return false;
   }

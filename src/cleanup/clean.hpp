@@ -4,6 +4,7 @@
 #include "cleanup/scan.hpp"
 #include "cleanup/scan_dialog.hpp"
 #include "fileops/desktop.hpp"
+#include "panels/icons.hpp"
 
 #include <cstdint>
 #include <string>
@@ -14,7 +15,8 @@ namespace varnholt::cleanup {
 /// What is done with the hits of a scan.
 class Clean {
  public:
-  Clean(panels::Desk& desk, fileops::Desktop& desktop, Form16& dialog, Form23& choice, Scan& scan);
+  Clean(panels::Desk& desk, fileops::Desktop& desktop, const panels::Icons& icons, Form16& dialog, Form23& choice,
+        Scan& scan);
 
   /// Puts the hit of that row in hand, as a click on it does, or the last one.
   void putInHand(std::uint32_t row);
@@ -40,6 +42,7 @@ class Clean {
 
   panels::Desk& desk_;
   fileops::Desktop& desktop_;
+  const panels::Icons& icons_;
   Form16& Form16_;
   Form23& Form23_;
   Scan& scan_;

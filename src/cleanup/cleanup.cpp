@@ -2,12 +2,12 @@
 
 namespace varnholt::cleanup {
 
-CleanUp::CleanUp(panels::Desk& desk, fileops::Desktop& desktop)
+CleanUp::CleanUp(panels::Desk& desk, fileops::Desktop& desktop, const panels::Icons& icons)
     : desk_(desk),
       Form16(desk),
       Form23(desk.program.loop),
       scan(desk, Form16),
-      clean(desk, desktop, Form16, Form23, scan) {
+      clean(desk, desktop, icons, Form16, Form23, scan) {
   Form16.Command1.Click = [this] {
     scan.Command1_Click();
     clean.putInHand(0);
@@ -36,8 +36,10 @@ void CleanUp::addCommands(panels::CommandTable& table) {
 void CleanUp::Command17_Click() {
   if (!desk_.dispatcher.panelPreCheck()) return;
   desk_.form.setMode("CleanMode");
+  // It was hidden to show where a file lies: the list is still there.
+  if (Form16.isLoaded()) clean.putInHand(Form16.ListView1.focusedRow().value_or(0));
   Form16.ShowModal();
-  scan.forget();
+  if (!Form16.isLoaded()) scan.forget();
   desk_.listing.FocusView();
   desk_.dispatcher.commandDone();
 }

@@ -12,7 +12,7 @@ namespace varnholt::cleanup {
 /// Finds the leftovers of a drive or folder, and clears them away.
 class CleanUp : public panels::Room {
  public:
-  CleanUp(panels::Desk& desk, fileops::Desktop& desktop);
+  CleanUp(panels::Desk& desk, fileops::Desktop& desktop, const panels::Icons& icons);
   CleanUp(const CleanUp&) = delete;
   CleanUp& operator=(const CleanUp&) = delete;
 

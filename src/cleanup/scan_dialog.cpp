@@ -2,6 +2,7 @@
 
 #include "controls/dress.hpp"
 #include "controls/header_sort.hpp"
+#include "core/item_text.hpp"
 #include "core/text_character.hpp"
 #include "filters/criteria.hpp"
 #include "platform/paths.hpp"
@@ -108,7 +109,7 @@ void Form16::setTexts() {
 void Form16::bind() {
   Load = [this] { Form_Load(); };
   Unload = [this] { Form_Unload(); };
-  Activate = [this] { showCaption(); };
+  Activate = [this] { Form_Activate(); };
   QueryUnload = [this](bool& keep) {
     keep = work.running();
     work.stop();
@@ -153,6 +154,7 @@ void Form16::Form_Unload() {
   Timer1.Enabled = false;
   desk_.program.settings.save(core::setting::SCRData, Text2.Text.get());
   setStandard();
+  Check9.Value = 0;
   clearHits();
   desk_.form.filecollect.reset();
 }
@@ -182,13 +184,18 @@ void Form16::setRoot(const std::string& root) {
   showCaption();
 }
 
+void Form16::Form_Activate() {
+  auto headers = ListView1.ColumnHeaders.get();
+  if (!headers.empty()) headers[column::Date].Text = core::dateColumnTitle(desk_.program.init.DateSystem);
+  ListView1.ColumnHeaders = headers;
+  showCaption();
+}
+
 void Form16::showCaption() { Caption = Title + platform::upperCase(root_) + " ..."; }
 
 void Form16::setStandard() {
   for (const PatternBox& each : patternBoxes())
     each.box.Value = each.standard ? 1 : 0;
-  Check9.Value = 0;
-  Text3.Enabled = Text4.Enabled = false;
   boxesOff_ = false;
 }
 
@@ -245,21 +252,31 @@ void Form16::clearHits() {
   ListView1.clear();
   Image2.Picture = "";
   Picture1.IconName = "";
+  Picture1.PictureData = "";
+  followRows(false);
 }
 
-void Form16::setRunning(bool running) {
+void Form16::followRows(bool running) {
   const bool hasRows = !running && hitRows() && ListView1.count() > 0;
   for (controls::Control* control :
        std::initializer_list<controls::Control*>{&Command3, &Command6, &Command8, &Command9, &Text5})
     control->Enabled = hasRows;
+}
+
+void Form16::setRunning(bool running) {
+  followRows(running);
   for (controls::Control* control :
        std::initializer_list<controls::Control*>{&Command1, &Command2, &Command4, &Command5, &Text2, &Check10})
     control->Enabled = !running;
   Text3.Enabled = Text4.Enabled = !running && Check9.Value != 0;
   Drive1.Enabled = !running && !Check10.Value;
+  letStop(running);
+  desk_.pointer() = running ? controls::pointer::Hourglass : controls::pointer::Default;
+}
+
+void Form16::letStop(bool running) {
   Command7.Enabled = running;
   cancelButton = running ? "Command7" : "Command2";
-  desk_.pointer() = running ? controls::pointer::Hourglass : controls::pointer::Default;
 }
 
 void Form16::ListView1_ColumnClick(int number) {

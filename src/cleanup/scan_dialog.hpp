@@ -75,6 +75,8 @@ class Form16 : public controls::Form {
   const HitRows* hitRows() const { return dynamic_cast<const HitRows*>(&ListView1.source()); }
   /// What works while the list has rows, and what only does so when nothing runs.
   void setRunning(bool running);
+  /// A call runs that the stop button, or Esc, ends.
+  void letStop(bool running);
   void showCaption();
 
   core::StoppableCall work{loop()};
@@ -84,6 +86,7 @@ class Form16 : public controls::Form {
   void bind();
   void Form_Load();
   void Form_Unload();
+  void Form_Activate();
   const panels::Panel& activePanel() const;
   void fillDrives();
   void Drive1_Change();
@@ -93,6 +96,8 @@ class Form16 : public controls::Form {
   void FlotingPointError(const controls::TextBox& box);
   void ListView1_ColumnClick(int number);
   void setStandard();
+  /// What works while the list has rows and nothing runs.
+  void followRows(bool running);
 
   panels::Desk& desk_;
   std::string root_;

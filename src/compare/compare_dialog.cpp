@@ -182,10 +182,12 @@ void Form30::FolderLabels() {
 // --- Boxes that hang on each other ---------------------------------------------------------------------------------
 
 void Form30::Check1_Click(controls::CheckBox& self, controls::CheckBox& other) {
-  if (self.Value)
+  if (self.Value) {
     other.Value = 0;
-  else if (!other.Value)
+  } else if (!other.Value) {
     setBoth(true);
+    blankStatus();
+  }
   showArrows();
   ClearResults();
 }

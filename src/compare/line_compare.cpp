@@ -2,6 +2,7 @@
 
 #include "core/format.hpp"
 #include "core/item_text.hpp"
+#include "core/text_character.hpp"
 #include "fileops/overwrite_policy.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
@@ -16,7 +17,13 @@ namespace paths = platform::paths;
 constexpr int FileIcon = 1, EqualIcon = 2, UnequalIcon = 3;
 constexpr const char* Title = "Line Compare";
 // Below the main window, as far as the screen goes: it hides no row.
+// About what a text takes in a row.
+constexpr controls::Twips Character = 105, BesideText = 360;
 constexpr controls::Twips FirstWidth = 10'800, FirstHeight = 1'950;
+
+controls::Twips widthOf(const std::string& text) {
+  return static_cast<controls::Twips>(core::characterCount(text)) * Character + BesideText;
+}
 
 }  // namespace
 
@@ -67,6 +74,7 @@ void Form42::LineCompare(const std::string& sourceFolder, const std::string& tar
   const auto clicked = factsOf(paths::join(sourceFolder, name));
   if (!clicked) return addNote("Clicked", "Only File Compare !");
   addRow("Clicked", *clicked);
+  headers({});
   const auto target = factsOf(paths::join(targetFolder, name));
   if (!target) return addNote("Target", "No Match Found");
   addRow("Target", *target);
@@ -115,6 +123,11 @@ void Form42::headers(const std::vector<int>& icons) {
                                               {"Version:", 1600, 0, false}};
   for (std::size_t at = 0; at < icons.size(); ++at)
     headers[at].Icon = icons[at];
+  for (std::uint32_t row = 0; row < ListView1.count(); ++row)
+    for (int column = 0; column < static_cast<int>(headers.size()); ++column) {
+      auto& width = headers[static_cast<std::size_t>(column)].Width;
+      width = std::max(width, widthOf(ListView1.cell(row, column)));
+    }
   ListView1.ColumnHeaders = headers;
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "controls/message_loop.hpp"
+#include "platform/result.hpp"
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
 
 namespace varnholt::core {
@@ -21,6 +23,13 @@ class StoppableCall {
     loop_.runBlocking(call, {tick, &button});
     running_ = false;
     return !stopped_;
+  }
+  /// The same for a call of the platform that tells how far it is.
+  template <class Call>
+  platform::Result<void> runTelling(controls::Button& button, const Call& call) {
+    platform::Result<void> result;
+    run(button, [&] { result = call([this](std::uint64_t) { return goesOn(); }); });
+    return result;
   }
   bool running() const { return running_; }
   void stop() { stopped_ = true; }

@@ -16,13 +16,13 @@ std::string AsNewName::TmpFolder() const {
   return core::program_file::path(desk_.program.platform, core::program_file::Tmp) + '\\';
 }
 
-std::optional<std::string> AsNewName::begin(const std::string& file, bool moving) {
+std::optional<std::string> AsNewName::begin(const std::string& file, bool moving, const Stoppable& run) {
   moving_ = moving;
   origin_ = file;
   AsNewName_.clear();
   bringBackStranded(desk_);
   clearTmpFolder();
-  if (!makeTmpFolder() || !enter(file)) return {};
+  if (!makeTmpFolder() || !enter(file, run)) return {};
   const auto name = dialog_.ask({.caption = moving ? "Move Item As" : "Copy Item As",
                                  .toolTip = "Key in Valit Filename With File Extension.",
                                  .pictureTip = "Copy As Or Move AS Function",
@@ -56,15 +56,20 @@ bool AsNewName::makeTmpFolder() {
   return false;
 }
 
-bool AsNewName::enter(const std::string& file) {
+bool AsNewName::enter(const std::string& file, const Stoppable& run) {
   const std::string place = TmpFolder() + std::string(paths::fileName(file));
   if (moving_ && !note({place})) return false;
   auto& pointer = desk_.pointer();
   pointer = controls::pointer::Hourglass;
-  const auto entered = moving_ ? desk_.files().moveFile(file, place) : desk_.files().copyFile(file, place, true);
+  const auto entered = run([&](const platform::Progress& progress) {
+    auto& files = desk_.files();
+    return moving_ ? files.moveFile(file, place, progress) : files.copyFile(file, place, true, progress);
+  });
   pointer = controls::pointer::Default;
   if (entered)
     waits_ = place;
+  else if (entered.error().code == platform::ErrorCode::Stopped)
+    desk_.program.dialogs.alert(std::string(moving_ ? "Move" : "Copy") + " Process Aborted. !");
   else
     tell(entered.error(), file);
   return entered.ok();

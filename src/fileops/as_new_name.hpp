@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fileops/name_dialog.hpp"
+#include "fileops/progress.hpp"
 #include "panels/desk.hpp"
 
 #include <memory>
@@ -17,8 +18,8 @@ class AsNewName {
   AsNewName& operator=(const AsNewName&) = delete;
 
   /// Copies or moves the file into the work folder and asks for its name. Gives its path there; nothing when the user
-  /// cancels or it cannot be done: then the file is where it was.
-  std::optional<std::string> begin(const std::string& file, bool moving);
+  /// stops or cancels, or it cannot be done: then the file is where it was.
+  std::optional<std::string> begin(const std::string& file, bool moving, const Stoppable& run);
   /// `TmpMode`: a file goes this way.
   bool TmpMode() const { return !waits_.empty(); }
   /// The operation is over: a moved file that has not gone on goes back, and the new name's row comes into focus.
@@ -28,7 +29,7 @@ class AsNewName {
   using Names = std::vector<std::string>;
   bool makeTmpFolder();
   void clearTmpFolder();
-  bool enter(const std::string& file);
+  bool enter(const std::string& file, const Stoppable& run);
   bool rename(const std::string& name);
   bool note(const Names& places);
   void goBack();

@@ -3,9 +3,17 @@
 #include "core/item_text.hpp"
 #include "platform/paths.hpp"
 
+#include <atomic>
+
 namespace varnholt::fileops {
+namespace {
 
 namespace paths = platform::paths;
+
+// So many bytes may take long enough to be stopped.
+constexpr std::uint64_t LongCopy = 16u << 20;
+
+}  // namespace
 
 std::optional<std::string> Desktop::folder() const {
   const std::string folder =
@@ -22,25 +30,66 @@ void Desktop::CopyDesktop_Click() {
   std::vector<std::string> files;
   for (const core::Item& item : desk_.form.filecollect.items())
     if (!item.isFolder) files.push_back(core::entryPath(item.path, panel.path()));
-  files.empty() ? desk_.selection.nonselect() : copy(files);
+  files.empty() ? desk_.selection.nonselect() : copySelected(files);
   desk_.dispatcher.commandDone();
 }
 
-void Desktop::copy(const std::vector<std::string>& files) {
+// What is done at once shows no dialog.
+void Desktop::copySelected(const std::vector<std::string>& files) {
+  const auto bytes = desk_.program.loop.ask([&] {
+    std::uint64_t sum = 0;
+    for (const std::string& file : files)
+      sum += desk_.files().fileSize(file).valueOr(0);
+    return sum;
+  });
+  if (bytes < LongCopy)
+    return copy(files, [](const LongCall& call) { return call([](std::uint64_t) { return true; }); });
+  const std::string count = std::to_string(files.size());
+  Form3_.Caption = Form3_.words.caption;
+  Form3_.showItem(files.size() == 1 ? std::string(paths::fileName(files.front())) : "MultiCopy Selected !");
+  Form3_.summary.Text = "Copy " + count + " selected File(s) / Folder(s)";
+  Form3_.Label4.Caption = "";
+  Form3_.ProgressBar1.Max = static_cast<double>(bytes);
+  copy(files, [this](const LongCall& call) { return runInDialog(call); });
+}
+
+platform::Result<void> Desktop::runInDialog(const LongCall& call) {
+  platform::Result<void> result;
+  std::atomic<std::uint64_t> done = 0;
+  const auto progress = [&](std::uint64_t bytes) {
+    done = bytes;
+    return !Form3_.StopFlag;
+  };
+  Form3_.StopFlag = false;
+  Form3_.showProgress("Processing...");
+  Form3_.setRunning(true);
+  Form3_.Show();
+  desk_.program.loop.runBlocking([&] { result = call(progress); },
+                                 {[&] { Form3_.ProgressBar1.Value = static_cast<double>(done); }, &Form3_.Command1});
+  Form3_.Hide();
+  Form3_.setRunning(false);
+  Form3_.hideProgress();
+  return result;
+}
+
+void Desktop::copy(const std::vector<std::string>& files, const Stoppable& run) {
   const auto desktop = folder();
   if (!desktop) return;
-  bool arrived = true;
-  std::size_t tried = 0;
+  std::vector<std::string> wanted;
   for (const std::string& file : files) {
     const std::string target = *desktop + std::string(paths::fileName(file));
-    const bool isThere = desk_.files().sameEntry(file, target);
-    if (!isThere && desk_.files().fileExists(target) && !mayReplace(target)) continue;
-    ++tried;
-    arrived = (isThere || copyFile(file, target)) && arrived;
+    const bool mayBe = desk_.files().sameEntry(file, target) || !desk_.files().fileExists(target) || mayReplace(target);
+    if (mayBe) wanted.push_back(file);
   }
-  if (tried == 0) return;
+  if (wanted.empty()) return;
+  Form3_.Text3.Text = *desktop;
+  desk_.pointer() = controls::pointer::Hourglass;
+  const auto copied = run([&](const platform::Progress& progress) { return copyFiles(wanted, *desktop, progress); });
+  desk_.pointer() = controls::pointer::Default;
   desk_.listing.ViewUpdateAll(*desktop);
-  desk_.program.dialogs.inform(arrived ? "Copy to Desktop Done !" : "Copy Failed To Desktop !");
+  if (!copied && copied.error().code == platform::ErrorCode::Stopped)
+    return desk_.program.dialogs.alert("Copy Process Aborted. !");
+  desk_.program.dialogs.inform(copied ? "Copy to Desktop Done !" : "Copy Failed To Desktop !");
 }
 
 bool Desktop::mayReplace(const std::string& target) const {
@@ -48,12 +97,21 @@ bool Desktop::mayReplace(const std::string& target) const {
                                         "\rAlready Exist !, OverWrite ?");
 }
 
-bool Desktop::copyFile(const std::string& file, const std::string& target) const {
-  auto& pointer = desk_.pointer();
-  pointer = controls::pointer::Hourglass;
-  const auto copied = desk_.files().copyFile(file, target, true);
-  pointer = controls::pointer::Default;
-  return copied && desk_.files().fileExists(target);
+/// All that can be copied; the last failure, if there is one.
+platform::Result<void> Desktop::copyFiles(const std::vector<std::string>& files, const std::string& desktop,
+                                          const platform::Progress& progress) const {
+  platform::Result<void> result;
+  std::uint64_t before = 0;
+  for (const std::string& file : files) {
+    const std::string target = desktop + std::string(paths::fileName(file));
+    if (desk_.files().sameEntry(file, target)) continue;
+    const auto copied =
+        desk_.files().copyFile(file, target, true, [&](std::uint64_t bytes) { return progress(before + bytes); });
+    if (!copied) result = copied;
+    if (!copied && copied.error().code == platform::ErrorCode::Stopped) break;
+    before += desk_.files().fileSize(file).valueOr(0);
+  }
+  return result;
 }
 
 void Desktop::Copyfrom_desktop_Click() {

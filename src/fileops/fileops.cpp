@@ -21,7 +21,7 @@ FileOps::FileOps(panels::Desk& desk)
       Move(desk, Form5, Space, Form32),
       Delete(desk, Form4, Space, Form10),
       editor(desk, Form32),
-      desktop(desk),
+      desktop(desk, Form3),
       swap(desk) {
   policy.copyDialogVisible = [this] { return Form3.Visible.get(); };
   auto& dialogs = desk_.program.dialogs;

@@ -374,7 +374,8 @@ void TargetOperation::Command4_Click() {
 // The loop takes the file from the work folder, where it bears its new name.
 void TargetOperation::Command5_Click() {
   auto& form = desk_.form;
-  const auto file = asNewName_->begin(form.SourcePath, takesAway());
+  const auto file =
+      asNewName_->begin(form.SourcePath, takesAway(), [this](const LongCall& call) { return runAlone(call); });
   if (!file) return;
   form.filecollect.reset();
   form.filecollect.push({*file, false});
@@ -383,6 +384,22 @@ void TargetOperation::Command5_Click() {
   showItem(name);
   target_->Text3.Text = name;
   target_->Command11.SetFocus();
+}
+
+// One call in front of the loop, which can be stopped as those of the loop.
+platform::Result<void> TargetOperation::runAlone(const LongCall& call) {
+  const std::uint64_t bytes = fileBytes(desk_.form.SourcePath);
+  tally_.ItemsDone = 0;
+  tally_.BytesDone = 0;
+  dialog_.StopFlag = false;
+  dialog_.showProgress("Processing...");
+  dialog_.setRunning(true);
+  const auto result = runLong({bytes, bytes}, call);
+  dialog_.setRunning(false);
+  dialog_.hideProgress();
+  dialog_.StopFlag = false;
+  target_->Command5.Enabled = true;
+  return result;
 }
 
 void TargetOperation::closed(bool executed) {

@@ -102,7 +102,6 @@ class Operation {
   };
   /// Runs a call that may take long, while the windows go on painting, the bars move and the stop button works:
   /// pressed, it ends the call (Stopped).
-  using LongCall = std::function<platform::Result<void>(const platform::Progress&)>;
   platform::Result<void> runLong(const Extent& extent, const LongCall& call);
   using FolderCall = std::function<platform::Result<void>(const platform::FolderProgress&)>;
   /// The same for a whole folder, of which nobody knows the size before; adds it to `BytesDone`.
@@ -183,6 +182,7 @@ class TargetOperation : public Operation {
  private:
   void Command4_Click();
   void Command5_Click();
+  platform::Result<void> runAlone(const LongCall& call);
 
   TargetForm* target_ = nullptr;
   Space& space_;

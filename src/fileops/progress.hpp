@@ -2,8 +2,16 @@
 
 #include "fileops/operation_dialogs.hpp"
 #include "panels/form1.hpp"
+#include "platform/file_system.hpp"
+
+#include <functional>
 
 namespace varnholt::fileops {
+
+/// A call of the platform that tells how far it is, and asks whether it is to go on.
+using LongCall = std::function<platform::Result<void>(const platform::Progress&)>;
+/// How such a call is made by a window that has a button to stop it.
+using Stoppable = std::function<platform::Result<void>(const LongCall&)>;
 
 /// What the loop of an operation counts.
 struct Tally {

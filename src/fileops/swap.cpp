@@ -5,6 +5,8 @@
 #include "platform/paths.hpp"
 
 #include <algorithm>
+#include <string_view>
+#include <unordered_set>
 
 namespace varnholt::fileops {
 
@@ -66,9 +68,10 @@ Swap::Names Swap::selectedFiles(panels::Panel& panel) const {
 
 void Swap::leaveBlocked(Names& names, const panels::Panel& side, const Names& others) {
   const auto& files = desk_.files();
+  const std::unordered_set<std::string_view> leaving(others.begin(), others.end());
   std::erase_if(names, [&](const std::string& name) {
     const std::string target = paths::join(side.path(), name);
-    if (std::ranges::count(others, name) > 0) return false;
+    if (leaving.contains(name)) return false;
     if (!files.fileExists(target) && !files.folderExists(target)) return false;
     leftOut_.add({platform::ErrorCode::AlreadyThere, target, "stands on the other side, and was not selected"});
     return true;
@@ -82,20 +85,27 @@ void Swap::ExChange() {
   leaveBlocked(rights, desk_.form.Panel1, lefts);
   if (lefts.empty() && rights.empty()) return desk_.selection.NoItemsSelected("No Item(s) To Swap !");
   desk_.pointer() = controls::pointer::Hourglass;
-  carryOut(lefts, rights);
+  const bool began = carryOut(lefts, rights);
   desk_.pointer() = controls::pointer::Default;
-  desk_.selection.NoItemsSelected("All Available/Selected Files Swapped ! ");
+  if (began) desk_.selection.NoItemsSelected("All Available/Selected Files Swapped ! ");
 }
 
-void Swap::carryOut(const Names& lefts, const Names& rights) {
+bool Swap::carryOut(const Names& lefts, const Names& rights) {
   const std::string left = desk_.form.Panel1.path(), right = desk_.form.Panel2.path();
   const std::string between = core::program_file::path(desk_.program.platform, core::program_file::SwapTmp);
   core::program_file::makeFolders(desk_.program.platform);
+  if (!desk_.files().folderExists(between)) {
+    leftOut_.add({platform::ErrorCode::NotFound, between, "cannot be made: nothing is swapped"});
+    return false;
+  }
   std::vector<platform::Detour> detours;
   for (const std::string& name : lefts)
     detours.push_back({paths::join(between, name), paths::join(left, name), paths::join(right, name)});
   const auto note = desk_.program.platform.detours.note(detours);
-  if (!note) return leftOut_.add(note.error());
+  if (!note) {
+    leftOut_.add(note.error());
+    return false;
+  }
 
   std::erase_if(detours, [&](const platform::Detour& each) { return !move(each.origin, each.waits); });
   for (const std::string& name : rights)
@@ -105,6 +115,7 @@ void Swap::carryOut(const Names& lefts, const Names& rights) {
     arrived = (move(each.waits, each.target) || move(each.waits, each.origin)) && arrived;
   if (!arrived) (*note)->keep();
   core::program_file::removeWorkFolder(desk_.program.platform, core::program_file::SwapTmp);
+  return true;
 }
 
 bool Swap::move(const std::string& from, const std::string& to) {

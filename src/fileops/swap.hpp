@@ -27,7 +27,8 @@ class Swap {
   Names selectedFiles(panels::Panel& panel) const;
   /// Takes out of `names` what cannot take its place on the other side, where something of its name stays.
   void leaveBlocked(Names& names, const panels::Panel& side, const Names& others);
-  void carryOut(const Names& lefts, const Names& rights);
+  /// False when it did not begin.
+  bool carryOut(const Names& lefts, const Names& rights);
   bool move(const std::string& from, const std::string& to);
 
   panels::Desk& desk_;

@@ -1,7 +1,6 @@
 #include "properties/item_properties.hpp"
 
 #include "core/item_text.hpp"
-#include "core/picture_file.hpp"
 #include "platform/paths.hpp"
 
 namespace varnholt::properties {
@@ -15,7 +14,10 @@ ItemProperties::ItemProperties(panels::Desk& desk, fileops::Desktop& desktop, Fo
   Form15_.Command2.Click = [this] { Command2_Click(); };
   Form15_.Command3.Click = [this] { desk_.opener.OpenItemPath(item().path); };
   Form15_.Command4.Click = [this] { Command4_Click(); };
-  Form15_.Command5.Click = [this] { desktop_.copy({item().path}); };
+  Form15_.Command5.Click = [this] {
+    desktop_.copy({item().path},
+                  [this](const fileops::LongCall& call) { return work_.runTelling(Form15_.Command2, call); });
+  };
   Form15_.Image1.Click = [this] { step(-1); };
   for (controls::Button* next : {&Form15_.Image2, &Form15_.Command11})
     next->Click = [this] { step(+1); };
@@ -85,8 +87,8 @@ void ItemProperties::AttUpdate() {
   Form15_.Command1.Enabled = item().isFolder;
   Form15_.Command5.Enabled = !item().isFolder;
   Form15_.Command4.Enabled = !item().isFolder && !readOnlyMedium_;
-  const bool mayBePicture = data_ && data_->kind == platform::EntryKind::File && core::hasPictureName(name);
-  Form15_.Image3.Picture = mayBePicture ? item().path : std::string();
+  const bool isFile = data_ && data_->kind == platform::EntryKind::File;
+  Form15_.Image3.Picture = isFile ? item().path : std::string();
   showBoxes();
 }
 
@@ -127,10 +129,10 @@ void ItemProperties::Command1_Click() {
 void ItemProperties::foldercalc() {
   const std::string folder = item().path;
   platform::Result<platform::TreeSize> size = platform::TreeSize{};
-  const bool whole = sizing_.run(Form15_.Command2, [&] {
+  const bool whole = work_.run(Form15_.Command2, [&] {
     const auto info = desk_.files().info(folder);
     if (info && info->isLink) return;
-    size = desk_.files().folderSize(folder, [this](std::uint64_t) { return sizing_.goesOn(); });
+    size = desk_.files().folderSize(folder, [this](std::uint64_t) { return work_.goesOn(); });
   });
   if (size) {
     Form15_.Text4.Text = (size->exact ? "" : "~ ") + core::folderSizeText(size->bytes, desk_.program.platform.regional);
@@ -148,7 +150,7 @@ void ItemProperties::Command4_Click() {
 }
 
 void ItemProperties::Command2_Click() {
-  if (sizing_.running()) return sizing_.stop();
+  if (work_.running()) return work_.stop();
   Form15_.Hide();
 }
 

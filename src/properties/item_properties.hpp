@@ -43,7 +43,7 @@ class ItemProperties {
   std::size_t index_ = 0;
   platform::Result<platform::EntryInfo> data_ = platform::Error{};
   bool readOnlyMedium_ = false;
-  core::StoppableCall sizing_{desk_.program.loop};
+  core::StoppableCall work_{desk_.program.loop};
   bool changed_ = false;  ///< the panels are to be read again
 };
 

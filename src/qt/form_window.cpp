@@ -31,7 +31,7 @@ bool canBegin(const QWidget& widget) {
 }
 
 // What a window manager puts around a window, about: kept free when a window is fitted to the screen.
-constexpr int FrameAllowance = 32;
+constexpr int FrameAllowance = 32, FrameSides = 8;
 
 int pixels(controls::Twips twips) { return static_cast<int>(std::lround(twips / controls::TwipsPerPixel)); }
 
@@ -293,7 +293,7 @@ void FormWindow::updateLayout() {
 }
 
 QSize FormWindow::comfortableSize(const QSize& room) const {
-  QSize size = widget_->sizeHint().boundedTo(room);
+  QSize size = widget_->sizeHint().boundedTo(room - QSize(FrameSides, 0));
   const QLayout* layout = widget_->layout();
   if (layout && layout->hasHeightForWidth()) size.setHeight(layout->totalHeightForWidth(size.width()));
   return size;

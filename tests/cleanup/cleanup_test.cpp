@@ -157,8 +157,10 @@ TEST_F(CleanUpTest, AllGoesOnlyWhenTheAnswerIsNotNo) {
     scan();
     clean("Command2", {test::no(question)});
     EXPECT_EQ(told(), "CleanUp Canceled . . . . . , - Make a new scan to CleanUp !");
+    dialog().Command3.press();
+    EXPECT_EQ(told(), "Nothing to Clean,- make a new scan !");
     dialog().Timer1.Tick();
-    EXPECT_TRUE(rows().empty());
+    EXPECT_TRUE(rows().empty() && !dialog().Command8.Enabled);
     EXPECT_EQ(left().size(), 2u);
     scan();
     clean("Command2", {test::yes(question)});
@@ -194,6 +196,21 @@ TEST_F(CleanUpTest, NothingOutsideOfTheScannedFolderIsTouched) {
   });
   EXPECT_TRUE(rig.exists("C:\\Out\\a.tmp"));
   EXPECT_EQ(left(), (Names{"Sub"}));
+}
+
+TEST_F(CleanUpTest, TheListIsStillThereBehindALookAtAFilesFolder) {
+  rig.write("C:\\In\\Sub\\a.tmp", "x");
+  show("C:\\In", "C:\\");
+  rig.loop.whenShows("Form16").run([&](controls::Form&) {
+    ASSERT_EQ(scan(), Names{"C:\\In\\Sub|A|Tmp"});
+    dialog().Command6.press();
+  });
+  rig.command("Command17_Click");
+  EXPECT_EQ(rig.form().Panel1.path(), "C:\\In\\Sub\\");
+  rig.loop.whenShows("Form16").run([&](controls::Form&) { clean("Command1"); }).press("Command2");
+  rig.command("Command17_Click");
+  EXPECT_FALSE(rig.exists("C:\\In\\Sub\\a.tmp"));
+  open([&] { EXPECT_TRUE(rows().empty()); });
 }
 
 TEST_F(CleanUpTest, ACollectionHoldsTheRowsAsTheyAreSorted) {

@@ -28,7 +28,7 @@ def wait(what, condition):
     while time.monotonic() < limit:
         try:
             answer = condition()
-        except GLib.Error:  # a control went away while it was asked
+        except (GLib.Error, FileNotFoundError):  # a control went away while it was asked, a file is not there yet
             answer = None
         if answer:
             return answer
@@ -280,7 +280,7 @@ class Program:
     @classmethod
     def type_over(cls, text):
         """Replaces what stands in the field that has the keyboard."""
-        names = {" ": "space", ".": "period"}
+        names = {" ": "space", ".": "period", ",": "comma", "*": "asterisk"}
         cls.keys("ctrl+a", *(names.get(letter, letter) for letter in text))
 
 

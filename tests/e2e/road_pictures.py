@@ -62,12 +62,12 @@ def pixel(x, y):
 
 
 def is_drawn(program, name, wanted):
-    """In the middle of a box, where the fallback picture has the handle of its tool."""
+    """Beside the middle of a box, where the fallback picture has the handle of its tool."""
     node = shown(program, name)
     if not node:
         return False
     left, top, width, height = program.extents(node)
-    return all(abs(a - b) < 8 for a, b in zip(pixel(left + width // 2, top + height // 2), wanted))
+    return all(abs(a - b) < 8 for a, b in zip(pixel(left + width // 2 - 6, top + height // 2 + 6), wanted))
 
 
 def double_click(node):

@@ -202,6 +202,17 @@ TEST_F(LongCallTest, StopEndsTheCopyOfABigFileAndTheCopyAndTheDeleteOfAFolder) {
   EXPECT_EQ(rig.read("C:\\To\\big"), "old");
   copy({"\\ Tree"}, {aborted});
   EXPECT_EQ(rig.names(right()), Names{"big|"});
+  rig.useDesktop("C:\\To");
+  select({"big"});
+  start("CopyDesktop_Click", {yes(), aborted}, {});
+  EXPECT_EQ(rig.read("C:\\To\\big"), "old");
+  EXPECT_FALSE(ops().Form3.Visible);
+  const auto as = [&] {
+    rig.loop.meets({aborted});
+    ops().Form3.Command5.press();
+    EXPECT_TRUE(ops().Form3.Command5.Enabled && ops().Form3.Command11.Enabled);
+  };
+  start("Command1_Click", {{"Form3", "Command2", "", as}}, {});
   busy.onTheWay = [&](std::uint64_t) { ops().Form4.Command1.press(); };
   remove({"\\ Tree"}, {yes(), told()});
   EXPECT_TRUE(rig.exists("C:\\From\\Tree"));

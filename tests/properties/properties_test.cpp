@@ -57,7 +57,7 @@ TEST_F(ItemPropertiesTest, StepsStayAtTheEndsAndPicturesAreShown) {
   view({"a", "b"}, [this] {
     EXPECT_EQ(dialog().Label1.Caption.get(), "2 Items To View");
     dialog().Image1.press();
-    EXPECT_EQ(dialog().Text1.Text.get() + dialog().Image3.Picture.get(), "a.txt");
+    EXPECT_EQ(dialog().Text1.Text.get(), "a.txt");
     for (int times = 0; times < 2; ++times)
       dialog().Command11.press();
     EXPECT_EQ(dialog().Label2.Caption.get() + "|" + dialog().Image3.Picture.get(), "2 / 2|C:\\From\\b.PNG");

@@ -213,20 +213,28 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
     QHeaderView& header = *drawn.listHeader();
     for (int column = 0; column < header.count(); ++column)
       header.setSectionHidden(column, drawnWidth(column) <= 0);
+    const std::vector<int> widths = drawnWidths();
+    const int all = std::accumulate(widths.begin(), widths.end(), 0);
+    const int others = widths.empty() ? 0 : all - widths.front();
+    drawn.setColumnsWidth(all, theme::scaled(NarrowestName) + static_cast<int>(others * ReadableShare));
     fitColumns();
     header.viewport()->update();
+  }
+
+  std::vector<int> drawnWidths() const {
+    const int count = std::min(drawn.listHeader()->count(), static_cast<int>(headers_.size()));
+    std::vector<int> widths;
+    for (int column = 0; column < count; ++column)
+      widths.push_back(std::max(0, drawnWidth(column)));
+    return widths;
   }
 
   // What the user has set stays what is kept, however narrow the window is.
   void fitColumns() {
     const QScopedValueRollback fitting(fitting_, true);
     QHeaderView& header = *drawn.listHeader();
-    const int count = std::min(header.count(), static_cast<int>(headers_.size()));
-    std::vector<int> widths;
-    for (int column = 0; column < count; ++column)
-      widths.push_back(std::max(0, drawnWidth(column)));
-    widths = fittedWidths(std::move(widths), drawn.viewport()->width());
-    for (int column = 0; column < count; ++column)
+    const std::vector<int> widths = fittedWidths(drawnWidths(), drawn.viewport()->width());
+    for (int column = 0; column < static_cast<int>(widths.size()); ++column)
       if (const int width = widths[static_cast<std::size_t>(column)]; width > 0) header.resizeSection(column, width);
   }
 

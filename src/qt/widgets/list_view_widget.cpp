@@ -53,6 +53,18 @@ void ListViewWidget::setList(controls::ListView& list) {
   setModel(model_);
 }
 
+void ListViewWidget::setColumnsWidth(int kept, int needed) {
+  keptColumns_ = kept;
+  neededColumns_ = needed;
+}
+
+QSize ListViewWidget::sizeHint() const {
+  const QSize size = QTreeView::sizeHint();
+  return {std::max(size.width(), keptColumns_ + besideColumns()), size.height()};
+}
+
+int ListViewWidget::besideColumns() const { return 2 * frameWidth() + verticalScrollBar()->sizeHint().width(); }
+
 void ListViewWidget::detach() {
   if (model_) model_->detach();
   list_ = nullptr;

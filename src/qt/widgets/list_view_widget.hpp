@@ -45,6 +45,12 @@ class ListViewWidget : public QTreeView {
   ListHeader* listHeader() const { return header_; }
   void setColors(const ListColors& colors);
   const ListColors& colors() const { return colors_; }
+  /// What the columns take as they are kept, and what they need to be read.
+  void setColumnsWidth(int kept, int needed);
+  /// As wide as all columns are, beside a scroll bar.
+  QSize sizeHint() const override;
+  /// As wide as all columns can be read in.
+  int neededWidth() const { return neededColumns_ + besideColumns(); }
   /// The control goes away: shows nothing and reads nothing more.
   void detach();
 
@@ -74,6 +80,7 @@ class ListViewWidget : public QTreeView {
   void drawCell(QPainter& painter, const QRect& cell, const RowLook& look, int column) const;
   void drawIcon(QPainter& painter, const QRect& area, const RowLook& look) const;
   void drawGridLines(QPainter& painter, const QRect& row) const;
+  int besideColumns() const;
   int iconSide() const;
   void applyRowHeight();
   QString cutTextAt(const QPoint& position) const;
@@ -82,6 +89,7 @@ class ListViewWidget : public QTreeView {
   ListModel* model_ = nullptr;
   ListHeader* header_;
   ListColors colors_;
+  int keptColumns_ = 0, neededColumns_ = 0;
 };
 
 }  // namespace varnholt::qt
