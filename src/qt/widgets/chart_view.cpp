@@ -1,11 +1,14 @@
 #include "qt/widgets/chart_view.hpp"
 
+#include "qt/text.hpp"
 #include "qt/theme.hpp"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 #include <array>
@@ -17,6 +20,7 @@ namespace {
 
 constexpr int Padding = 8, Apart = 8, ScaleLines = 4;
 constexpr int DescribedPoints = 20;
+constexpr double NarrowestBar = 4;
 // Neighbours differ in hue and lightness, and each is 3:1 or more on the chart's ground.
 constexpr std::array<QRgb, 8> Colors = {0xFF5B9BD5, 0xFFF0A33A, 0xFF7BC47F, 0xFFC792EA,
                                         0xFFE5C558, 0xFF4DB6AC, 0xFFEF7A85, 0xFFA9B1BC};
@@ -35,7 +39,13 @@ QString brief(double number) {
 
 }  // namespace
 
-ChartView::ChartView(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
+ChartView::ChartView(QWidget* parent) : QWidget(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  scroll_.hide();
+  scroll_.setFocusPolicy(Qt::NoFocus);
+  scroll_.setAccessibleName(QStringLiteral("Bars in view"));
+  connect(&scroll_, &QScrollBar::valueChanged, this, qOverload<>(&QWidget::update));
+}
 
 // --- What is shown -------------------------------------------------------------------------------------------------
 
@@ -48,11 +58,14 @@ void ChartView::setPoints(std::vector<Point> points) {
     ends_.push_back(sum += number(point));
     highest_ = std::max(highest_, number(point));
   }
+  fitScroll();
   describe();
 }
 
 void ChartView::setType(Type type) {
+  if (type_ == type) return;
   type_ = type;
+  fitScroll();
   describe();
 }
 
@@ -62,7 +75,9 @@ void ChartView::setTitle(const QString& title) {
 }
 
 void ChartView::setSelected(int point) {
+  if (selected_ == point) return;
   selected_ = point;
+  showSelected();
   update();
 }
 
@@ -111,18 +126,44 @@ QRect ChartView::pieBox() const {
 QRect ChartView::plot() const {
   if (type_ == Type::Pie) return pieBox();
   const int scale = fontMetrics().horizontalAdvance(QStringLiteral("88.8 M")) + Padding;
-  return body().adjusted(scale, Padding, 0, -(fontMetrics().height() + Padding));
+  const QRect area = body();
+  const int bar = NarrowestBar * count() > area.width() - scale ? scroll_.sizeHint().height() : 0;
+  return area.adjusted(scale, Padding, 0, -(fontMetrics().height() + Padding + bar));
 }
 
-// Rounded edges meet, however narrow the bars are.
+double ChartView::barWidth() const {
+  return count() > 0 ? std::max(static_cast<double>(plot().width()) / count(), NarrowestBar) : 0;
+}
+
+// Rounded edges meet, whatever fraction of a pixel a bar's width has.
 QRect ChartView::barOf(int point) const {
   const QRect area = plot();
-  const double width = static_cast<double>(area.width()) / count();
-  const int left = area.left() + static_cast<int>(width * point);
-  const int right = area.left() + static_cast<int>(width * (point + 1));
+  const double width = barWidth();
+  const int first = area.left() - scroll_.value();
+  const int left = first + static_cast<int>(width * point);
+  const int right = first + static_cast<int>(width * (point + 1));
   const int gap = width >= 6 ? static_cast<int>(width / 6) : 0;
   const int height = highest_ > 0 ? static_cast<int>(std::lround(number(point) / highest_ * area.height())) : 0;
   return {left + gap, area.bottom() + 1 - height, std::max(1, right - left - 2 * gap), height};
+}
+
+void ChartView::fitScroll() {
+  const QRect area = plot();
+  const int hidden = type_ == Type::Bar ? static_cast<int>(barWidth() * count()) - area.width() : 0;
+  scroll_.setVisible(hidden > 0);
+  scroll_.setRange(0, std::max(hidden, 0));
+  scroll_.setPageStep(area.width());
+  scroll_.setSingleStep(theme::scaled(40));
+  const int height = scroll_.sizeHint().height();
+  scroll_.setGeometry(area.left(), this->height() - height - 1, area.width(), height);
+  showSelected();
+}
+
+void ChartView::showSelected() {
+  if (selected_ < 0 || selected_ >= count() || scroll_.maximum() == 0) return;
+  const QRect bar = barOf(selected_), area = plot();
+  if (bar.left() < area.left() || bar.right() > area.right())
+    scroll_.setValue(scroll_.value() + bar.center().x() - area.center().x());
 }
 
 int ChartView::pointOf(double sum) const {
@@ -134,7 +175,7 @@ int ChartView::pointAt(const QPoint& position) const {
   const QRectF area = plot();
   if (type_ == Type::Bar) {
     if (!area.contains(position)) return -1;
-    return std::min(static_cast<int>((position.x() - area.left()) / area.width() * count()), count() - 1);
+    return std::min(static_cast<int>((position.x() - area.left() + scroll_.value()) / barWidth()), count() - 1);
   }
   const QPointF from = QPointF(position) - area.center();
   if (total() <= 0 || std::hypot(from.x(), from.y()) > area.width() / 2) return -1;
@@ -244,13 +285,11 @@ void ChartView::drawScale(QPainter& painter) const {
 void ChartView::drawBars(QPainter& painter) const {
   painter.setRenderHint(QPainter::Antialiasing, false);
   drawScale(painter);
-  // Where several bars share a column of pixels, the highest stands for them.
-  int column = -1, height = 0;
-  for (int point = 0; point < count(); ++point) {
+  const QRect area = plot();
+  painter.setClipRect(area);
+  for (int point = std::max(pointAt(area.topLeft()), 0); point < count(); ++point) {
     const QRect bar = barOf(point);
-    if (bar.left() == column && bar.height() <= height && point != selected_) continue;
-    column = bar.left();
-    height = bar.height();
+    if (bar.left() > area.right()) break;
     painter.fillRect(bar, colorOf(point));
   }
   if (selected_ >= 0 && selected_ < count()) {
@@ -258,6 +297,7 @@ void ChartView::drawBars(QPainter& painter) const {
     painter.setBrush(colorOf(selected_));
     painter.drawRect(barOf(selected_));
   }
+  painter.setClipping(false);
   drawBarLabels(painter);
 }
 
@@ -280,6 +320,28 @@ void ChartView::drawBarLabels(QPainter& painter) const {
 }
 
 // --- The user ------------------------------------------------------------------------------------------------------
+
+// Most points of a large chart have no label: pointing tells which one it is.
+bool ChartView::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    if (const int point = pointAt(help->pos()); point >= 0) {
+      const QString name = points_[static_cast<std::size_t>(point)].label + QStringLiteral("   ") + share(point);
+      QToolTip::showText(help->globalPos(), plainToolTip(fromQt(name + QLatin1Char('\n') + toolTip())), this);
+      return true;
+    }
+  }
+  return QWidget::event(event);
+}
+
+void ChartView::resizeEvent(QResizeEvent*) { fitScroll(); }
+
+void ChartView::wheelEvent(QWheelEvent* event) {
+  if (scroll_.isVisible()) QCoreApplication::sendEvent(&scroll_, event);
+}
+
+// A click on a chart is not one on the window behind it.
+void ChartView::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
 
 void ChartView::mousePressEvent(QMouseEvent* event) {
   const int point = event->button() == Qt::LeftButton ? pointAt(event->position().toPoint()) : -1;
