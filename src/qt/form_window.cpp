@@ -12,6 +12,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -431,6 +432,9 @@ bool FormWindow::eventFilter(QObject*, QEvent* event) {
   }
   case QEvent::KeyPress:
     return keyPress(*static_cast<QKeyEvent*>(event));
+  case QEvent::MouseButtonRelease:
+    if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) fromUser([this] { form_.Click(); });
+    return false;
   default:
     return false;
   }
