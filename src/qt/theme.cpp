@@ -15,8 +15,8 @@ namespace {
 constexpr double ReadableContrast = 4.5, SelectionContrast = 5, OutlineContrast = 3;
 // A large area of an accent that is livelier than this would outshine the texts.
 constexpr double CalmSaturation = 0.6;
-// Size of the font for which the forms were drawn, in points: the toolkit's own default.
-constexpr double DesignedPointSize = 9;
+// Size of the font for which the forms were drawn, in pixels: the toolkit's own default.
+constexpr double DesignedPixelSize = 12;
 constexpr int SmallestButton = 84;
 
 // Relative luminance by WCAG 2.1.
@@ -135,7 +135,8 @@ QColor readable(QColor text, const QColor& background) {
   return text;
 }
 
-double fontScale() { return std::max(1.0, QFontInfo(QApplication::font()).pointSizeF() / DesignedPointSize); }
+// In pixels: a desktop may ask for larger letters by its resolution as well as by the size of its font.
+double fontScale() { return std::max(1.0, QFontInfo(QApplication::font()).pixelSize() / DesignedPixelSize); }
 
 int scaled(int pixels) { return static_cast<int>(std::lround(pixels * fontScale())); }
 
