@@ -14,6 +14,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 
 namespace varnholt::qt {
 namespace {
@@ -35,6 +36,15 @@ QString brief(double number) {
     number /= 1000;
   const QString digits = QLocale::c().toString(number, 'g', 3);
   return power == 0 ? digits : digits + QLatin1Char(' ') + QLatin1Char(" kMGT"[power]);
+}
+
+/// The next larger of 1, 2, 2.5, 5, 10, 20 and so on; at least 1.
+double roundStep(double number) {
+  if (number <= 1) return 1;
+  const double power = std::pow(10, std::floor(std::log10(number)));
+  for (const double factor : {1.0, 2.0, 2.5, 5.0})
+    if (number <= factor * power) return factor * power;
+  return 10 * power;
 }
 
 }  // namespace
@@ -254,31 +264,48 @@ void ChartView::drawLegend(QPainter& painter) const {
   const int line = fontMetrics().height() + 4, side = fontMetrics().ascent();
   const int left = pieBox().right() + 3 * Apart, width = area.right() - left;
   const int fitting = std::max(1, area.height() / line);
-  const int shown = count() > fitting ? fitting - 1 : count();
+  const std::vector<int> shown = largestPoints(count() > fitting ? fitting - 1 : count());
   int top = area.center().y() - (std::min(count(), fitting) * line) / 2;
-  for (int point = 0; point <= shown && point < count(); ++point, top += line) {
-    const bool rest = point == shown;
-    const QString label = rest ? QString() : points_[static_cast<std::size_t>(point)].label;
-    const QString value = rest ? QStringLiteral("+ %1").arg(count() - shown) : share(point);
-    const int valueWidth = fontMetrics().horizontalAdvance(value) + Padding;
-    if (!rest) painter.fillRect(left, top + 2, side, side, colorOf(point));
-    painter.setPen(point == selected_ ? QColor(Qt::white) : QColor::fromRgb(theme::Text));
+  const auto draw = [&](const QString& label, const QString& value) {
     const QRect text(left + side + Padding, top, width - side - Padding, line);
+    const int room = text.width() - fontMetrics().horizontalAdvance(value) - Padding;
     painter.drawText(text, Qt::AlignRight | Qt::AlignVCenter, value);
-    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
-                     fontMetrics().elidedText(label, Qt::ElideMiddle, text.width() - valueWidth));
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, fontMetrics().elidedText(label, Qt::ElideMiddle, room));
+    top += line;
+  };
+  for (const int point : shown) {
+    painter.fillRect(left, top + 2, side, side, colorOf(point));
+    painter.setPen(point == selected_ ? QColor(Qt::white) : QColor::fromRgb(theme::Text));
+    draw(points_[static_cast<std::size_t>(point)].label, share(point));
   }
+  painter.setPen(QColor::fromRgb(theme::Text));
+  if (const auto rest = count() - static_cast<int>(shown.size()); rest > 0) draw({}, QStringLiteral("+ %1").arg(rest));
+}
+
+// In the order of the points: those that have room are told, and of too many the largest.
+std::vector<int> ChartView::largestPoints(int most) const {
+  std::vector<int> points(points_.size());
+  std::iota(points.begin(), points.end(), 0);
+  if (most >= count()) return points;
+  const auto larger = [this](int one, int other) {
+    return std::pair(-number(one), one) < std::pair(-number(other), other);
+  };
+  std::ranges::partial_sort(points, points.begin() + most, larger);
+  points.resize(static_cast<std::size_t>(most));
+  std::ranges::sort(points);
+  return points;
 }
 
 void ChartView::drawScale(QPainter& painter) const {
   const QRect area = plot();
-  for (int line = 0; line <= ScaleLines; ++line) {
-    const int y = area.bottom() - area.height() * line / ScaleLines;
+  const double step = roundStep(highest_ / ScaleLines);
+  for (double value = 0; value <= highest_; value += step) {
+    const int y = area.bottom() - static_cast<int>(highest_ > 0 ? area.height() * value / highest_ : 0);
     painter.setPen(theme::gridLine());
     painter.drawLine(area.left(), y, area.right(), y);
     painter.setPen(QColor::fromRgb(theme::DimText));
     painter.drawText(QRect(0, y - fontMetrics().height() / 2, area.left() - Padding, fontMetrics().height()),
-                     Qt::AlignRight | Qt::AlignVCenter, brief(highest_ * line / ScaleLines));
+                     Qt::AlignRight | Qt::AlignVCenter, brief(value));
   }
 }
 

@@ -66,6 +66,7 @@ class ChartView : public QWidget {
   void drawPie(QPainter& painter) const;
   void drawSlice(QPainter& painter, double from, double to, const QColor& color, bool apart) const;
   void drawLegend(QPainter& painter) const;
+  std::vector<int> largestPoints(int most) const;
   void drawBars(QPainter& painter) const;
   void drawScale(QPainter& painter) const;
   void drawBarLabels(QPainter& painter) const;
