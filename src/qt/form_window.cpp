@@ -299,8 +299,9 @@ QSize FormWindow::comfortableSize(const QSize& room) const {
   return size;
 }
 
+// A window that has not been shown yet does not know its layout's least size by itself.
 void FormWindow::putAt(QRect wanted, const QRect& room) {
-  wanted.setSize(wanted.size().expandedTo(widget_->minimumSize()));
+  wanted.setSize(wanted.size().expandedTo(widget_->minimumSize()).expandedTo(widget_->minimumSizeHint()));
   const QRect fitted = fittedToScreen(wanted, room);
   widget_->resize(fitted.size());
   widget_->move(fitted.topLeft());
