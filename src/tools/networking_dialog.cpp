@@ -29,15 +29,15 @@ std::array<tools::Form31::Parameter, 5> tools::Form31::parameters() {
 std::array<tools::Form31::Connection, 4> tools::Form31::connections() {
   return {{{Check100, Label100, "Modem1", 576, 8760, "&Dialup Modem",
             "Enable Auto Settings for MaxtransmissionsUnit and MaxTCPwindow as DialUp Modem Systems.",
-            "MTU 576, window 8760"},
+            "MTU 576\rWindow 8760"},
            {Check101, Label101, "Modem2", 1480, 186880, "Ca&ble/DSL Modem",
             "Enable Auto Settings for MaxtransmissionsUnit and MaxTCPwindow as Cable/DSL Modem Systems.",
-            "MTU 1480, window 186880"},
+            "MTU 1480\rWindow 186880"},
            {Check102, Label102, "Modem3", 1480, 256960, "T&1 Or More",
             "Enable Auto Settings for MaxtransmissionsUnit and MaxTCPwindow as T1 and Lan Systems.",
-            "MTU 1480, window 256960"},
+            "MTU 1480\rWindow 256960"},
            {Check103, Label103, "Modem4", 0, 0, "User De&fined",
-            "Enable Manuel Settings of MaxtransmissionsUnit and MaxTCPwindow.", "As the sliders stand"}}};
+            "Enable Manuel Settings of MaxtransmissionsUnit and MaxTCPwindow.", "As the\rsliders stand"}}};
 }
 
 tools::Form31::Form31(panels::Desk& desk) : Form(desk.program.loop, "Form31"), desk_(desk) {
