@@ -98,6 +98,11 @@ void App::openFolders(const std::vector<std::string>& folders) {
     if (!there || !navigation.goTo(*targets[at], isFile ? platform::paths::parent(*there) : *there))
       dialogs.alert("Folder Not Found !\r" + (path.empty() ? named : path));
   }
+  // Who names folders names first the one to work in.
+  if (!folders.empty()) {
+    activePanel.GotFocus(Form1.Panel1);
+    navigation.showPlace();
+  }
   listing.FocusView();
 }
 

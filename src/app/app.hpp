@@ -97,9 +97,9 @@ class App {
  private:
   /// In the order of their entries in the menus.
   std::array<panels::Room*, 19> rooms() {
-    return {&NewSkin, &tools,      &panelCommands, &pictureView, &commandTree, &fileops,     &basket,
-            &rename,  &properties, &filters,       &presets,     &savedPlaces, &openedItems, &notes,
-            &vdt,     &search,     &compare,       &cleanup,     &zip};
+    return {&NewSkin, &panelCommands, &tools,   &pictureView, &commandTree, &fileops,     &basket,
+            &rename,  &properties,    &filters, &presets,     &savedPlaces, &openedItems, &notes,
+            &vdt,     &search,        &compare, &cleanup,     &zip};
   }
   void addCommands();
   void drawButtons();

@@ -40,6 +40,7 @@ class Form : public Changing {
   Event<> Resize;
   Event<bool&> QueryUnload;  ///< before unloading; set the argument to keep the window
   Event<> Unload;
+  Event<> Click;             ///< beside all controls that take clicks themselves: on its ground and its texts
   Event<KeyEvent&> KeyDown;  ///< seen before the focused control (key preview)
 
   /// Shows and goes on.

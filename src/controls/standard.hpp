@@ -89,6 +89,7 @@ class Slider : public Control {
  public:
   Slider(Form& form, std::string name) : Control(form, std::move(name), Kind::Slider) {}
   Property<int> Min{*this, 0}, Max{*this, 10}, Value{*this, 0};
+  Property<int> SmallChange{*this, 1}, LargeChange{*this, 5};  ///< a step by arrow keys, by page keys
   Event<> Change;
   void slideFromUser(int value);
 };

@@ -61,7 +61,7 @@ void core::Form12::Command11_Click() { UnloadForm(); }
 
 core::Form13::Form13(controls::MessageLoop& loop) : Form(loop, "Form13") {
   Caption = "Information !";
-  Label1.Click = [this] { UnloadForm(); };
+  Click = [this] { UnloadForm(); };
 }
 
 // --- MessageDialogs ------------------------------------------------------------------------------------------------

@@ -453,19 +453,6 @@ Rows startRows(Desk& d) {
   };
 }
 
-Rows helpRows(Desk& d) {
-  return {
-      {.handler = "Peruninstall_Click",
-       .toolTip = "Delete all settings and data of the program before it is uninstalled",
-       .icon = "warning",
-       .heading = "Help",
-       .menuText = "&Prepare For Uninstall...",
-       .after = "Readme",
-       .newGroup = true,
-       .run = [&d] { d.state.Peruninstall_Click(); }},
-  };
-}
-
 }  // namespace
 
 void PanelCommands::addCommands(CommandTable& table) {
@@ -482,7 +469,6 @@ void PanelCommands::addCommands(CommandTable& table) {
   table.add(positionRows(desk_));
   table.add(lastCommandRows(desk_));
   table.add(startRows(desk_));
-  table.add(helpRows(desk_));
 }
 
 std::vector<Command> closingCommands(Desk& d) {
@@ -495,6 +481,14 @@ std::vector<Command> closingCommands(Desk& d) {
        .shortcut = "Alt+F4",
        .newGroup = true,
        .run = [&d] { d.state.exit_program_Click(); }},
+      {.handler = "Peruninstall_Click",
+       .toolTip = "Delete all settings and data of the program before it is uninstalled",
+       .icon = "warning",
+       .heading = "Help",
+       .menuText = "&Prepare For Uninstall...",
+       .after = "Readme",
+       .newGroup = true,
+       .run = [&d] { d.state.Peruninstall_Click(); }},
   };
 }
 

@@ -22,7 +22,7 @@ class PanelCommands : public Room {
   PanelKeys& keys_;
 };
 
-/// The entries that end their menus. They are added to the table after the rows of all rooms.
+/// The last ways out of the program, at the ends of their menus: added to the table after the rows of all rooms.
 std::vector<Command> closingCommands(Desk& desk);
 
 /// Path of a menu heading, and the control name under which code finds it.

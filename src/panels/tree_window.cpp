@@ -60,6 +60,11 @@ TreeWindow::TreeWindow(Form9& form9, Form1& form, core::Program& program)
     keep = form_.Visible;
     if (keep) Form9_.Hide();
   };
+  Form9_.KeyDown = [this](controls::KeyEvent& event) {
+    if (event.code != controls::key::Esc) return;
+    event.handled = true;
+    Form9_.Hide();
+  };
   auto& events = form_.events;
   events.activated.listen([this](Panel& panel, bool) {
     Form9_.StatusBar1.setPanel(tree_status::ActiveView,

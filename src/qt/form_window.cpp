@@ -12,6 +12,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -299,8 +300,9 @@ QSize FormWindow::comfortableSize(const QSize& room) const {
   return size;
 }
 
+// A window that has not been shown yet does not know its layout's least size by itself.
 void FormWindow::putAt(QRect wanted, const QRect& room) {
-  wanted.setSize(wanted.size().expandedTo(widget_->minimumSize()));
+  wanted.setSize(wanted.size().expandedTo(widget_->minimumSize()).expandedTo(widget_->minimumSizeHint()));
   const QRect fitted = fittedToScreen(wanted, room);
   widget_->resize(fitted.size());
   widget_->move(fitted.topLeft());
@@ -432,6 +434,9 @@ bool FormWindow::eventFilter(QObject*, QEvent* event) {
   }
   case QEvent::KeyPress:
     return keyPress(*static_cast<QKeyEvent*>(event));
+  case QEvent::MouseButtonRelease:
+    if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) fromUser([this] { form_.Click(); });
+    return false;
   default:
     return false;
   }

@@ -15,8 +15,8 @@ namespace {
 constexpr double ReadableContrast = 4.5, SelectionContrast = 5, OutlineContrast = 3;
 // A large area of an accent that is livelier than this would outshine the texts.
 constexpr double CalmSaturation = 0.6;
-// Size of the font for which the forms were drawn, in points: the toolkit's own default.
-constexpr double DesignedPointSize = 9;
+// Size of the font for which the forms were drawn, in pixels: the toolkit's own default.
+constexpr double DesignedPixelSize = 12;
 constexpr int SmallestButton = 84;
 
 // Relative luminance by WCAG 2.1.
@@ -135,7 +135,8 @@ QColor readable(QColor text, const QColor& background) {
   return text;
 }
 
-double fontScale() { return std::max(1.0, QFontInfo(QApplication::font()).pointSizeF() / DesignedPointSize); }
+// In pixels: a desktop may ask for larger letters by its resolution as well as by the size of its font.
+double fontScale() { return std::max(1.0, QFontInfo(QApplication::font()).pixelSize() / DesignedPixelSize); }
 
 int scaled(int pixels) { return static_cast<int>(std::lround(pixels * fontScale())); }
 
@@ -181,6 +182,17 @@ void drawOutlined(QPainter& painter, const QRect& area, const QStyleOption& opti
   painter.drawRoundedRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
 }
 
+// The style's own is a shade that is hard to see on dark. It shows as soon as a key has moved the keyboard.
+void drawFocus(QPainter& painter, const QStyleOption& option) {
+  if (!option.state.testFlag(QStyle::State_KeyboardFocusChange)) return;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(accent());
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+  painter.restore();
+}
+
 void drawTick(QPainter& painter, const QRectF& box, bool enabled) {
   const auto at = [&](double x, double y) {
     return QPointF(box.left() + box.width() * x, box.top() + box.height() * y);
@@ -193,6 +205,7 @@ void drawTick(QPainter& painter, const QRectF& box, bool enabled) {
 
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const {
+  if (element == PE_FrameFocusRect) return drawFocus(*painter, *option);
   const bool box = element == PE_IndicatorCheckBox, field = element == PE_FrameLineEdit;
   if (!box && !field) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   painter->save();
@@ -206,7 +219,7 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
                               const QWidget* widget) const {
   const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
   if (type != CT_PushButton) return size;
-  return {std::max(scaled(SmallestButton), contents.width() + scaled(4 * Gap)), size.height()};
+  return {std::max(SmallestButton, contents.width() + scaled(4 * Gap)), size.height()};
 }
 
 int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {

@@ -23,13 +23,13 @@ void CleanWindows::CleanPrefetch_Click() {
 
 void CleanWindows::DelCookies_Click() {
   deleteFiles({"Cookies",
-               "\rYou are about to Delete All Cookie Files In Folder :\r%\r"
+               "\rYou are about to Delete All Cookie Files In Folder :%\r"
                "You will Loose all information related to web sides !\rARE YOU SURE ?",
                "No Cookies Folder Exist or NO Cookies !", "All Cookie Files Deleted !"});
 }
 
 void CleanWindows::DelRecent_Click() {
-  deleteFiles({"Recent", "\rYou are about to Delete All Recent Files In Folder :\r%\rARE YOU SURE ?",
+  deleteFiles({"Recent", "\rYou are about to Delete All Recent Files In Folder :%\rARE YOU SURE ?",
                "No Recent Folder Exist or No Recent Files !", "All Recent Files Deleted !"});
 }
 

@@ -108,6 +108,7 @@ void tools::Form45::Form_Load() {
 }
 
 void tools::Form45::Form_Unload() {
+  if (sizing_) desk_.navigation.showPlace();
   giveUp();
   clearResults();
 }
@@ -116,6 +117,7 @@ void tools::Form45::Form_Unload() {
 
 void tools::Form45::DiskGraH_Click() {
   desk_.form.Caption = "Varnholt, - Calculating Size of Data ... Please Wait !";
+  Caption = "Calculating Shart Data, - Please Wait...";
   Show();
   compute();
 }
@@ -142,7 +144,7 @@ void tools::Form45::compute() {
     button->Enabled = enough;
   if (!enough) {
     Caption = "Disk Usage In Graphics, - Please Select More Than One Item !";
-    return;
+    return desk_.navigation.showPlace();
   }
   Caption = "Calculating " + std::to_string(items->size()) + " Chart Data, - Please Wait...";
   ProgressBar1.Max = static_cast<double>(items->size());
@@ -198,11 +200,13 @@ void tools::Form45::showResults() {
   for (const UsageItem& each : *items_)
     values.push_back({each.text, static_cast<double>(each.bytes)});
   MSChart1.Values = std::move(values);
-  // With nothing but empty items there is no largest; of several equal ones the first holds the place.
+  // Of several equal ones the first holds the place; where all are empty there is none.
   const auto largest = std::ranges::max_element(*items_, {}, &UsageItem::bytes),
              smallest = std::ranges::min_element(*items_, {}, &UsageItem::bytes);
-  if (largest->bytes > 0) showHolder(Label3, *largest);
-  showHolder(Label4, *smallest);
+  if (largest->bytes > 0) {
+    showHolder(Label3, *largest);
+    showHolder(Label4, *smallest);
+  }
   desk_.form.Caption = "Varnholt, - Calculation Done...";
   Caption = "Disk Usage In Graphics, - " + std::to_string(items_->size()) + " Item(s)";
   Command4.Enabled = true;

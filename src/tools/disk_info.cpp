@@ -59,8 +59,7 @@ tools::Form17::Form17(panels::Desk& desk) : Form(desk.program.loop, "Form17"), d
   Unload = [this] { shown_ = false; };
   Command1.Click = [this] { Command1_Click(); };
   Command3.Click = [this] { UnloadForm(); };
-  for (const auto& [label, name] : labels)
-    label->Click = [this] { UnloadForm(); };
+  Click = [this] { UnloadForm(); };
 }
 
 void tools::Form17::DiskInfo_Click() {

@@ -14,27 +14,30 @@ constexpr char Tcp[] = "SYSTEM\\CurrentControlSet\\Services\\Tcpip\\Parameters";
 
 // The most that a slider gives is the most that its tool tip names.
 std::array<tools::Form31::Parameter, 5> tools::Form31::parameters() {
-  return {{{Slider1, Label1, Label10, Workstation, "MaxCmds", 255, 5, "&MaxCmds",
+  return {{{Slider1, Label1, Label10, Workstation, "MaxCmds", 255, 1, 5,
             "Max value = 255, default = 15 (try small steps as 5 each)"},
-           {Slider2, Label2, Label11, Workstation, "MaxThreads", 255, 5, "Max&Threads",
+           {Slider2, Label2, Label11, Workstation, "MaxThreads", 255, 1, 5,
             "Max value = 255, default = 15 (same as maxcmds, try small steps as 5 each)"},
-           {Slider3, Label3, Label12, Workstation, "MaxCollectionCount", 65000, 500, "MaxC&ollectionCount",
+           {Slider3, Label3, Label12, Workstation, "MaxCollectionCount", 65000, 100, 500,
             "Max value = 65000, default = 15 (try small steps as 500 each)"},
-           {Slider4, Label4, Label13, Tcp, "MTU", 1500, 8, "MT&U",
+           {Slider4, Label4, Label13, Tcp, "MTU", 1500, 1, 8,
             "Max value = 1500, Dialup Modem = 576 . Cable/Dsl or T1 or more = 1480"},
-           {Slider5, Label5, Label14, Tcp, "TCPWindowSize", 300000, 1460, "TCP&WindowSize",
+           {Slider5, Label5, Label14, Tcp, "TCPWindowSize", 300000, 1460, 14600,
             "Max value =300000, dialup Modem = 8760 , Cable/Dsl = 186880, T1 >= 256960"}}};
 }
 
 std::array<tools::Form31::Connection, 4> tools::Form31::connections() {
-  return {{{Check100, "Modem1", 576, 8760, "&Dialup Modem",
-            "Enable Auto Settings for MaxtransmissionsUnit and MaxTCPwindow as DialUp Modem Systems."},
-           {Check101, "Modem2", 1480, 186880, "&Cable/DSL Modem",
-            "Enable Auto Settings for MaxtransmissionsUnit and MaxTCPwindow as Cable/DSL Modem Systems."},
-           {Check102, "Modem3", 1480, 256960, "T&1 Or More",
-            "Enable Auto Settings for MaxtransmissionsUnit and MaxTCPwindow as T1 and Lan Systems."},
-           {Check103, "Modem4", 0, 0, "User De&fined",
-            "Enable Manuel Settings of MaxtransmissionsUnit and MaxTCPwindow."}}};
+  return {{{Check100, Label100, "Modem1", 576, 8760, "&Dialup Modem",
+            "Enable Auto Settings for MaxtransmissionsUnit and MaxTCPwindow as DialUp Modem Systems.",
+            "MTU 576\rWindow 8760"},
+           {Check101, Label101, "Modem2", 1480, 186880, "Ca&ble/DSL Modem",
+            "Enable Auto Settings for MaxtransmissionsUnit and MaxTCPwindow as Cable/DSL Modem Systems.",
+            "MTU 1480\rWindow 186880"},
+           {Check102, Label102, "Modem3", 1480, 256960, "T&1 Or More",
+            "Enable Auto Settings for MaxtransmissionsUnit and MaxTCPwindow as T1 and Lan Systems.",
+            "MTU 1480\rWindow 256960"},
+           {Check103, Label103, "Modem4", 0, 0, "User De&fined",
+            "Enable Manuel Settings of MaxtransmissionsUnit and MaxTCPwindow.", "As the\rsliders stand"}}};
 }
 
 tools::Form31::Form31(panels::Desk& desk) : Form(desk.program.loop, "Form31"), desk_(desk) {
@@ -42,6 +45,8 @@ tools::Form31::Form31(panels::Desk& desk) : Form(desk.program.loop, "Form31"), d
   setTexts();
   for (const Parameter& each : parameters()) {
     each.slider.Max = each.most;
+    each.slider.SmallChange = each.step;
+    each.slider.LargeChange = each.page;
     each.slider.Change = [&slider = each.slider, &moving = each.moving] {
       moving.Caption = std::to_string(slider.Value.get());
     };
@@ -62,15 +67,25 @@ void tools::Form31::setTexts() {
     each.moving.AccessibleName = std::string(each.name) + ", new value";
     each.current.AccessibleName = std::string(each.name) + ", current value";
   }
-  for (const Connection& each : connections())
+  for (const Connection& each : connections()) {
     dress(each.box, each.caption, each.toolTip);
+    addWords(each.box, each.told, each.words);
+  }
   dress(Check104, "&Large TCP Window", "Enable Large TCPIP Window, Recommended !.");
   dress(Check105, "TCP.w &Auto Recover", "Enable TCP Window Auto Recover, Recommended !.");
+  addWords(Check104, Label104, "(recommended)");
+  addWords(Check105, Label105, "(recommended)");
   dress(Command11, "&Execute", "Executes values, Computer restart needed !.");
   dress(Command1, "&Return to Original", "The sliders stand at the stored values again");
-  dress(Command2, "Ca&ncel", "Cancel Operation without changes.");
+  dress(Command2, "&Cancel", "Cancel Operation without changes.");
   StatusBar1.setPanel(1,
                       "Values are kept in the program's own registry; the system's network settings stay as they are.");
+}
+
+void tools::Form31::addWords(controls::CheckBox& box, controls::Label& label, const char* words) {
+  label.Caption = words;
+  label.ToolTipText = box.ToolTipText.get();
+  label.Click = [&box] { box.toggleFromUser(); };
 }
 
 void tools::Form31::NetOp_Click() {

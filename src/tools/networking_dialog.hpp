@@ -16,6 +16,9 @@ class Form31 : public controls::Form {
   controls::CheckBox Check100{*this, "Check100"}, Check101{*this, "Check101"};  ///< dialup modem, cable
   controls::CheckBox Check102{*this, "Check102"}, Check103{*this, "Check103"};  ///< T1 or more, user defined
   controls::CheckBox Check104{*this, "Check104"}, Check105{*this, "Check105"};  ///< large window, auto recover
+  controls::Label Label100{*this, "Label100"}, Label101{*this, "Label101"};  ///< what each box does; clicked as it is
+  controls::Label Label102{*this, "Label102"}, Label103{*this, "Label103"};
+  controls::Label Label104{*this, "Label104"}, Label105{*this, "Label105"};
   controls::Slider Slider1{*this, "Slider1"}, Slider2{*this, "Slider2"}, Slider3{*this, "Slider3"};
   controls::Slider Slider4{*this, "Slider4"}, Slider5{*this, "Slider5"};
   controls::Label Label1{*this, "Label1"}, Label2{*this, "Label2"}, Label3{*this, "Label3"};  ///< of the sliders
@@ -35,22 +38,24 @@ class Form31 : public controls::Form {
     controls::Slider& slider;
     controls::Label &moving, &current;
     const char *key, *name;
-    int most, step;
-    const char *caption, *toolTip;
+    int most, step, page;
+    const char* toolTip;
   };
   std::array<Parameter, 5> parameters();
   /// A kind of connection with the two values that it sets; 0: they stay, and are the user's.
   struct Connection {
     controls::CheckBox& box;
+    controls::Label& told;
     const char* stored;
     int transmission, window;
-    const char *caption, *toolTip;
+    const char *caption, *toolTip, *words;
   };
   std::array<Connection, 4> connections();
 
   std::uint32_t GetRegistryValue(const char* key, const char* name) const;
   bool SetRegValue(const char* key, const char* name, int number);
   void setTexts();
+  static void addWords(controls::CheckBox& box, controls::Label& label, const char* words);
   void readSliders();
   void choose(const Connection& chosen);
   void Command11_Click();

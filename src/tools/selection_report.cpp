@@ -36,8 +36,11 @@ void SelectionReport::CommaFile_Click() {
       "ItemToFile " + std::string(paths::isRoot(folder) ? folder.substr(0, 1) : paths::fileName(folder)) + ".Csv";
   const std::string path = core::program_file::path(desk_.program.platform, '\\' + name);
   if (!dialogs.AskRetry("Do You Want To Print Selected Items To File As :\r" + name, "Print To File Option !")) return;
-  (void)desk_.files().writeFile(path, text(panel));
-  if (!desk_.files().fileExists(path)) return dialogs.alert("Error !, File Was Not Created !, Check Your Harddrive.");
+  if (!desk_.files().writeFile(path, text(panel))) {
+    desk_.program.loop.show({"Alert", "Error !, File Was Not Created !, Check Your Harddrive.",
+                             controls::MessageIcon::Exclamation, controls::MessageButtons::Ok});
+    return;
+  }
   dialogs.inform("Selected Items Printed To File :\r" + path);
 }
 

@@ -38,13 +38,12 @@ void Shortcuts::prompt(const std::string& command, const char* missing) {
 void Shortcuts::winexpl_Click() {
   const panels::Panel* active = desk_.form.activePanel();
   if (!active) return;
-  explorer(active->path());
-  desk_.form.Caption = "Varnholt - Use F4 To Update Panel !";
+  if (explorer(active->path())) desk_.form.Caption = "Varnholt - Use F4 To Update Panel !";
 }
 
 void Shortcuts::winexplBoth_Click() {
   for (const panels::Panel* panel : {&desk_.form.Panel1, &desk_.form.Panel2})
-    explorer(panel->path());
+    if (!explorer(panel->path())) return;
   desk_.form.Caption = "Varnholt - Use F4 To Update Panels !";
 }
 
@@ -63,8 +62,7 @@ void Shortcuts::InternetB_Click() {
 }
 
 void Shortcuts::driveDialog(const char* which) {
-  explorer(which, "Explorer.exe not found !");
-  desk_.drives.refresh();
+  if (explorer(which, "Explorer.exe not found !")) desk_.drives.refresh();
 }
 
 void Shortcuts::WinShutDown_Click() {
@@ -74,11 +72,15 @@ void Shortcuts::WinShutDown_Click() {
   if (!left) program.dialogs.alert(left.error().text);
 }
 
-void Shortcuts::explorer(const std::string& argument, const char* missing) {
+bool Shortcuts::explorer(const std::string& argument, const char* missing) {
   auto& program = desk_.program;
   const std::string explorer = core::systemTool(program, "explorer.exe");
-  if (explorer.empty()) return program.dialogs.alert(missing);
+  if (explorer.empty()) {
+    program.dialogs.alert(missing);
+    return false;
+  }
   core::startTool(program, quoteArgument(explorer) + ' ' + quoteArgument(argument), {});
+  return true;
 }
 
 }  // namespace varnholt::tools

@@ -27,7 +27,8 @@ class Shortcuts {
 
  private:
   void prompt(const std::string& command, const char* missing);
-  void explorer(const std::string& argument, const char* missing = "Explorer.exe Not Found !");
+  /// False: it is missing, and the user is told.
+  bool explorer(const std::string& argument, const char* missing = "Explorer.exe Not Found !");
   void driveDialog(const char* which);
 
   panels::Desk& desk_;

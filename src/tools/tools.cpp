@@ -202,8 +202,11 @@ void Tools::addSystemCommands(panels::CommandTable& table) {
 
 void Tools::load() {
   auto& menu = desk_.form.Menu;
-  // A system without its command prompt has none to offer.
+  // What hands over to a tool that the system lacks is not offered.
   if (core::systemTool(desk_.program, "system32\\cmd.exe").empty()) menu["Dos"].Enabled = false;
+  if (core::systemTool(desk_.program, "system32\\ipconfig.exe").empty())
+    for (const char* entry : {"IPconfig", "IPconfignew"})
+      menu[entry].Enabled = false;
   const auto version = desk_.program.platform.system.version();
   for (const char* entry : {"Cleanwindows", "NetOp"})
     menu[entry].Enabled = version.major > 5 && version.major < 7;

@@ -218,6 +218,7 @@ TEST_F(StartTest, FoldersOfTheCommandLineAreShownLeftAndRight) {
   rig.app().openFolders({rig.systemPath("C:\\Photos\\coast.jpg"), "D:\\old"});
   EXPECT_EQ(left().path(), "C:\\Photos\\");
   EXPECT_EQ(right().path(), "D:\\Old\\");
+  EXPECT_EQ(form().Caption.get() + status(3), "Varnholt -  C:\\PhotosView1Active");
   rig.loop.meets({test::told("Folder Not Found !\rC:\\gone")});
   rig.app().openFolders({rig.systemPath("C:\\gone")});
   EXPECT_EQ(left().path(), "C:\\Photos\\");

@@ -1,11 +1,11 @@
 #!/usr/bin/python3
-"""Every dialog is opened by its command in the menus, and closed by Esc. With a folder in GALLERY each is pictured."""
+"""Every dialog and window is opened by its command in the menus, and closed by Esc. With a folder in GALLERY each is pictured."""
 
 import os
 import subprocess
 import sys
 
-from driver import run, wait
+from driver import run, shows, wait
 
 # Where the command stands, and how the title of what it opens begins.
 DIALOGS = [
@@ -45,6 +45,13 @@ DIALOGS = [
     ("Help/About Varnholt...", "About Varnholt"),
 ]
 
+# What stands beside the main window.
+WINDOWS = [
+    ("View/Commands", "Commands"),
+    ("View/Tree Window", "TreeView"),
+    ("Tools/Compare/Line To Line Compare", "Line Compare"),
+]
+
 
 def road(program):
     for number in range(6):
@@ -64,6 +71,16 @@ def road(program):
         picture(at, path)
         program.keys("Escape")
         program.wait_for_no_dialog()
+    for at, (path, title) in enumerate(WINDOWS, len(DIALOGS)):
+        choose(program, path)
+        program.click(wait(title, lambda: window(program, title)))
+        picture(at, path)
+        program.keys("Escape")
+        wait(title + " to go", lambda: not window(program, title))
+
+
+def window(program, title):
+    return next((each for each in program.windows() if each and each.get_name().startswith(title) and shows(each)), None)
 
 
 def choose(program, path):

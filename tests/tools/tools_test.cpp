@@ -27,7 +27,7 @@ class ToolsTest : public test::AppTest {
 // --- Windows' leftovers --------------------------------------------------------------------------------------------
 
 TEST_F(ToolsTest, CookiesGoWithoutTheirFoldersAndOnlyAfterAYes) {
-  const std::string question = "\rYou are about to Delete All Cookie Files In Folder :\rC:\\Jar\r"
+  const std::string question = "\rYou are about to Delete All Cookie Files In Folder :C:\\Jar\r"
                                "You will Loose all information related to web sides !\rARE YOU SURE ?";
   write({"Jar\\a.txt", "Jar\\locked.txt", "Jar\\below\\b.txt", "elsewhere.txt"});
   setAttributes("C:\\Jar\\locked.txt", platform::attribute::ReadOnly);
@@ -52,7 +52,7 @@ TEST_F(ToolsTest, AStoredFolderThatHoldsPlacesOfTheUserIsNotCleaned) {
     std::ranges::replace(named, '/', '\\');
     shellFolder("Recent", named);
     rig.write("D:\\also.txt");
-    rig.loop.meets({yes("\rYou are about to Delete All Recent Files In Folder :\r" + named + "\rARE YOU SURE ?"),
+    rig.loop.meets({yes("\rYou are about to Delete All Recent Files In Folder :" + named + "\rARE YOU SURE ?"),
                     noticed("Folder NOT Allowed To Clean !\r" + named)});
     rig.command("DelRecent_Click");
     rig.loop.expectAllReached();

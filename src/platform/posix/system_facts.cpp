@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <limits>
 #include <optional>
 
@@ -70,9 +71,9 @@ MemoryStatus parseMemInfo(std::string_view text, const MemoryGroup& group) {
     available = std::min(available, total - std::min(total, held - kept));
   }
   MemoryStatus status;
-  status.loadPercent =
-      total ? static_cast<std::uint32_t>(100.0 * static_cast<double>(total - available) / static_cast<double>(total))
-            : 0;
+  status.loadPercent = total ? static_cast<std::uint32_t>(std::lround(100.0 * static_cast<double>(total - available) /
+                                                                      static_cast<double>(total)))
+                             : 0;
   status.totalPhysical = total;
   status.availablePhysical = available;
   return status;

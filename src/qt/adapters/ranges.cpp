@@ -50,6 +50,8 @@ class SliderAdapter : public Joined<controls::Slider, QSlider> {
 
   void updateOwn() override {
     drawn.setRange(self.Min, self.Max);
+    drawn.setSingleStep(self.SmallChange);
+    drawn.setPageStep(self.LargeChange);
     drawn.setValue(self.Value);
   }
 };

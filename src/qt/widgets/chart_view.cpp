@@ -1,22 +1,27 @@
 #include "qt/widgets/chart_view.hpp"
 
+#include "qt/text.hpp"
 #include "qt/theme.hpp"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 
 namespace varnholt::qt {
 namespace {
 
 constexpr int Padding = 8, Apart = 8, ScaleLines = 4;
 constexpr int DescribedPoints = 20;
+constexpr double NarrowestBar = 4;
 // Neighbours differ in hue and lightness, and each is 3:1 or more on the chart's ground.
 constexpr std::array<QRgb, 8> Colors = {0xFF5B9BD5, 0xFFF0A33A, 0xFF7BC47F, 0xFFC792EA,
                                         0xFFE5C558, 0xFF4DB6AC, 0xFFEF7A85, 0xFFA9B1BC};
@@ -33,9 +38,24 @@ QString brief(double number) {
   return power == 0 ? digits : digits + QLatin1Char(' ') + QLatin1Char(" kMGT"[power]);
 }
 
+/// The next larger of 1, 2, 2.5, 5, 10, 20 and so on; at least 1.
+double roundStep(double number) {
+  if (number <= 1) return 1;
+  const double power = std::pow(10, std::floor(std::log10(number)));
+  for (const double factor : {1.0, 2.0, 2.5, 5.0})
+    if (number <= factor * power) return factor * power;
+  return 10 * power;
+}
+
 }  // namespace
 
-ChartView::ChartView(QWidget* parent) : QWidget(parent) { setFocusPolicy(Qt::StrongFocus); }
+ChartView::ChartView(QWidget* parent) : QWidget(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  scroll_.hide();
+  scroll_.setFocusPolicy(Qt::NoFocus);
+  scroll_.setAccessibleName(QStringLiteral("Bars in view"));
+  connect(&scroll_, &QScrollBar::valueChanged, this, qOverload<>(&QWidget::update));
+}
 
 // --- What is shown -------------------------------------------------------------------------------------------------
 
@@ -48,11 +68,14 @@ void ChartView::setPoints(std::vector<Point> points) {
     ends_.push_back(sum += number(point));
     highest_ = std::max(highest_, number(point));
   }
+  fitScroll();
   describe();
 }
 
 void ChartView::setType(Type type) {
+  if (type_ == type) return;
   type_ = type;
+  fitScroll();
   describe();
 }
 
@@ -62,7 +85,9 @@ void ChartView::setTitle(const QString& title) {
 }
 
 void ChartView::setSelected(int point) {
+  if (selected_ == point) return;
   selected_ = point;
+  showSelected();
   update();
 }
 
@@ -111,18 +136,44 @@ QRect ChartView::pieBox() const {
 QRect ChartView::plot() const {
   if (type_ == Type::Pie) return pieBox();
   const int scale = fontMetrics().horizontalAdvance(QStringLiteral("88.8 M")) + Padding;
-  return body().adjusted(scale, Padding, 0, -(fontMetrics().height() + Padding));
+  const QRect area = body();
+  const int bar = NarrowestBar * count() > area.width() - scale ? scroll_.sizeHint().height() : 0;
+  return area.adjusted(scale, Padding, 0, -(fontMetrics().height() + Padding + bar));
 }
 
-// Rounded edges meet, however narrow the bars are.
+double ChartView::barWidth() const {
+  return count() > 0 ? std::max(static_cast<double>(plot().width()) / count(), NarrowestBar) : 0;
+}
+
+// Rounded edges meet, whatever fraction of a pixel a bar's width has.
 QRect ChartView::barOf(int point) const {
   const QRect area = plot();
-  const double width = static_cast<double>(area.width()) / count();
-  const int left = area.left() + static_cast<int>(width * point);
-  const int right = area.left() + static_cast<int>(width * (point + 1));
+  const double width = barWidth();
+  const int first = area.left() - scroll_.value();
+  const int left = first + static_cast<int>(width * point);
+  const int right = first + static_cast<int>(width * (point + 1));
   const int gap = width >= 6 ? static_cast<int>(width / 6) : 0;
   const int height = highest_ > 0 ? static_cast<int>(std::lround(number(point) / highest_ * area.height())) : 0;
   return {left + gap, area.bottom() + 1 - height, std::max(1, right - left - 2 * gap), height};
+}
+
+void ChartView::fitScroll() {
+  const QRect area = plot();
+  const int hidden = type_ == Type::Bar ? static_cast<int>(barWidth() * count()) - area.width() : 0;
+  scroll_.setVisible(hidden > 0);
+  scroll_.setRange(0, std::max(hidden, 0));
+  scroll_.setPageStep(area.width());
+  scroll_.setSingleStep(theme::scaled(40));
+  const int height = scroll_.sizeHint().height();
+  scroll_.setGeometry(area.left(), this->height() - height - 1, area.width(), height);
+  showSelected();
+}
+
+void ChartView::showSelected() {
+  if (selected_ < 0 || selected_ >= count() || scroll_.maximum() == 0) return;
+  const QRect bar = barOf(selected_), area = plot();
+  if (bar.left() < area.left() || bar.right() > area.right())
+    scroll_.setValue(scroll_.value() + bar.center().x() - area.center().x());
 }
 
 int ChartView::pointOf(double sum) const {
@@ -134,7 +185,7 @@ int ChartView::pointAt(const QPoint& position) const {
   const QRectF area = plot();
   if (type_ == Type::Bar) {
     if (!area.contains(position)) return -1;
-    return std::min(static_cast<int>((position.x() - area.left()) / area.width() * count()), count() - 1);
+    return std::min(static_cast<int>((position.x() - area.left() + scroll_.value()) / barWidth()), count() - 1);
   }
   const QPointF from = QPointF(position) - area.center();
   if (total() <= 0 || std::hypot(from.x(), from.y()) > area.width() / 2) return -1;
@@ -213,44 +264,59 @@ void ChartView::drawLegend(QPainter& painter) const {
   const int line = fontMetrics().height() + 4, side = fontMetrics().ascent();
   const int left = pieBox().right() + 3 * Apart, width = area.right() - left;
   const int fitting = std::max(1, area.height() / line);
-  const int shown = count() > fitting ? fitting - 1 : count();
+  const std::vector<int> shown = largestPoints(count() > fitting ? fitting - 1 : count());
   int top = area.center().y() - (std::min(count(), fitting) * line) / 2;
-  for (int point = 0; point <= shown && point < count(); ++point, top += line) {
-    const bool rest = point == shown;
-    const QString label = rest ? QString() : points_[static_cast<std::size_t>(point)].label;
-    const QString value = rest ? QStringLiteral("+ %1").arg(count() - shown) : share(point);
-    const int valueWidth = fontMetrics().horizontalAdvance(value) + Padding;
-    if (!rest) painter.fillRect(left, top + 2, side, side, colorOf(point));
-    painter.setPen(point == selected_ ? QColor(Qt::white) : QColor::fromRgb(theme::Text));
+  const auto draw = [&](const QString& label, const QString& value) {
     const QRect text(left + side + Padding, top, width - side - Padding, line);
+    const int room = text.width() - fontMetrics().horizontalAdvance(value) - Padding;
     painter.drawText(text, Qt::AlignRight | Qt::AlignVCenter, value);
-    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
-                     fontMetrics().elidedText(label, Qt::ElideMiddle, text.width() - valueWidth));
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, fontMetrics().elidedText(label, Qt::ElideMiddle, room));
+    top += line;
+  };
+  for (const int point : shown) {
+    painter.fillRect(left, top + 2, side, side, colorOf(point));
+    painter.setPen(point == selected_ ? QColor(Qt::white) : QColor::fromRgb(theme::Text));
+    draw(points_[static_cast<std::size_t>(point)].label, share(point));
   }
+  painter.setPen(QColor::fromRgb(theme::Text));
+  if (const auto rest = count() - static_cast<int>(shown.size()); rest > 0) draw({}, QStringLiteral("+ %1").arg(rest));
+}
+
+// In the order of the points: those that have room are told, and of too many the largest.
+std::vector<int> ChartView::largestPoints(int most) const {
+  std::vector<int> points(points_.size());
+  std::iota(points.begin(), points.end(), 0);
+  if (most >= count()) return points;
+  const auto larger = [this](int one, int other) {
+    return std::pair(-number(one), one) < std::pair(-number(other), other);
+  };
+  std::ranges::partial_sort(points, points.begin() + most, larger);
+  points.resize(static_cast<std::size_t>(most));
+  std::ranges::sort(points);
+  return points;
 }
 
 void ChartView::drawScale(QPainter& painter) const {
   const QRect area = plot();
-  for (int line = 0; line <= ScaleLines; ++line) {
-    const int y = area.bottom() - area.height() * line / ScaleLines;
+  const double step = roundStep(highest_ / ScaleLines);
+  for (double value = 0; value <= highest_; value += step) {
+    const int y = area.bottom() - static_cast<int>(highest_ > 0 ? area.height() * value / highest_ : 0);
     painter.setPen(theme::gridLine());
     painter.drawLine(area.left(), y, area.right(), y);
     painter.setPen(QColor::fromRgb(theme::DimText));
     painter.drawText(QRect(0, y - fontMetrics().height() / 2, area.left() - Padding, fontMetrics().height()),
-                     Qt::AlignRight | Qt::AlignVCenter, brief(highest_ * line / ScaleLines));
+                     Qt::AlignRight | Qt::AlignVCenter, brief(value));
   }
 }
 
 void ChartView::drawBars(QPainter& painter) const {
   painter.setRenderHint(QPainter::Antialiasing, false);
   drawScale(painter);
-  // Where several bars share a column of pixels, the highest stands for them.
-  int column = -1, height = 0;
-  for (int point = 0; point < count(); ++point) {
+  const QRect area = plot();
+  painter.setClipRect(area);
+  for (int point = std::max(pointAt(area.topLeft()), 0); point < count(); ++point) {
     const QRect bar = barOf(point);
-    if (bar.left() == column && bar.height() <= height && point != selected_) continue;
-    column = bar.left();
-    height = bar.height();
+    if (bar.left() > area.right()) break;
     painter.fillRect(bar, colorOf(point));
   }
   if (selected_ >= 0 && selected_ < count()) {
@@ -258,6 +324,7 @@ void ChartView::drawBars(QPainter& painter) const {
     painter.setBrush(colorOf(selected_));
     painter.drawRect(barOf(selected_));
   }
+  painter.setClipping(false);
   drawBarLabels(painter);
 }
 
@@ -280,6 +347,28 @@ void ChartView::drawBarLabels(QPainter& painter) const {
 }
 
 // --- The user ------------------------------------------------------------------------------------------------------
+
+// Most points of a large chart have no label: pointing tells which one it is.
+bool ChartView::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    if (const int point = pointAt(help->pos()); point >= 0) {
+      const QString name = points_[static_cast<std::size_t>(point)].label + QStringLiteral("   ") + share(point);
+      QToolTip::showText(help->globalPos(), plainToolTip(fromQt(name + QLatin1Char('\n') + toolTip())), this);
+      return true;
+    }
+  }
+  return QWidget::event(event);
+}
+
+void ChartView::resizeEvent(QResizeEvent*) { fitScroll(); }
+
+void ChartView::wheelEvent(QWheelEvent* event) {
+  if (scroll_.isVisible()) QCoreApplication::sendEvent(&scroll_, event);
+}
+
+// A click on a chart is not one on the window behind it.
+void ChartView::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
 
 void ChartView::mousePressEvent(QMouseEvent* event) {
   const int point = event->button() == Qt::LeftButton ? pointAt(event->position().toPoint()) : -1;

@@ -1,14 +1,16 @@
 #pragma once
 
 #include <QColor>
+#include <QScrollBar>
 #include <QWidget>
 
 #include <vector>
 
 namespace varnholt::qt {
 
-/// Draws named numbers as a pie or as bars. It is painted here rather than by a chart library: a chart of all files of
-/// a folder has as many points as the folder has files, and points are chosen by keyboard as well as by mouse.
+/// Draws named numbers as a pie or as bars, of which those that have no room are scrolled to. It is painted here rather
+/// than by a chart library: a chart of all files of a folder has as many points as the folder has files, and points are
+/// chosen by keyboard as well as by mouse.
 class ChartView : public QWidget {
   Q_OBJECT
  public:
@@ -27,7 +29,7 @@ class ChartView : public QWidget {
 
   /// The point drawn there; -1: none.
   int pointAt(const QPoint& position) const;
-  /// Somewhere in the middle of a point.
+  /// Somewhere in the middle of a point, which may be a bar out of view.
   QPoint middleOf(int point) const;
   /// The area of the slices or bars.
   QRect plot() const;
@@ -39,8 +41,12 @@ class ChartView : public QWidget {
   void pointChosen(int point);
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -53,10 +59,14 @@ class ChartView : public QWidget {
   int pointOf(double sum) const;
   QRect body() const;
   QRect pieBox() const;
+  double barWidth() const;
   QRect barOf(int point) const;
+  void fitScroll();
+  void showSelected();
   void drawPie(QPainter& painter) const;
   void drawSlice(QPainter& painter, double from, double to, const QColor& color, bool apart) const;
   void drawLegend(QPainter& painter) const;
+  std::vector<int> largestPoints(int most) const;
   void drawBars(QPainter& painter) const;
   void drawScale(QPainter& painter) const;
   void drawBarLabels(QPainter& painter) const;
@@ -68,6 +78,7 @@ class ChartView : public QWidget {
   Type type_ = Type::Pie;
   QString title_;
   int selected_ = -1;
+  QScrollBar scroll_{Qt::Horizontal, this};  ///< of the bars, in pixels
 };
 
 }  // namespace varnholt::qt

@@ -217,9 +217,18 @@ void ListViewWidget::drawGridLines(QPainter& painter, const QRect& row) const {
   }
 }
 
-// The stripes go on below the last row, so that a short list looks like a long one.
 void ListViewWidget::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
+  paintStripes();
+  // Where there is no row, nothing else tells that the list has the keyboard.
+  if (!hasFocus() || !model_ || model_->rowCount() > 0) return;
+  QPainter painter(viewport());
+  painter.setPen(theme::accent());
+  painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+}
+
+// The stripes go on below the last row, so that a short list looks like a long one.
+void ListViewWidget::paintStripes() {
   if (!model_ || colors_.stripe == colors_.base) return;
   const int rows = model_->rowCount();
   const int height = rowHeight();

@@ -75,6 +75,7 @@ class ListViewWidget : public QTreeView {
   void changeEvent(QEvent* event) override;
 
  private:
+  void paintStripes();
   struct RowLook;
   RowLook lookOf(std::uint32_t row) const;
   void drawCell(QPainter& painter, const QRect& cell, const RowLook& look, int column) const;

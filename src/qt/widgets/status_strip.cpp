@@ -23,11 +23,8 @@ void StatusStrip::setTexts(const QStringList& texts) {
   if (texts == texts_) return;
   texts_ = texts;
   widest_.resize(static_cast<std::size_t>(texts.size()));
-  for (std::size_t at = 0; at < widest_.size(); ++at) {
-    const QString& text = texts_[static_cast<qsizetype>(at)];
-    if (!text.isEmpty())
-      widest_[at] = std::max(widest_[at], fontMetrics().horizontalAdvance(text) + 2 * Padding + Slack);
-  }
+  for (std::size_t at = 0; at < widest_.size(); ++at)
+    widest_[at] = std::max(widest_[at], textWidth(texts_[static_cast<qsizetype>(at)]));
   setAccessibleDescription(texts_.join(QLatin1String(", ")));
   update();
 }
@@ -38,18 +35,31 @@ QSize StatusStrip::sizeHint() const {
 
 QSize StatusStrip::minimumSizeHint() const { return {0, sizeHint().height()}; }
 
-// When the texts do not fit, the room around them goes first, and then all sections give up the same share.
+int StatusStrip::textWidth(const QString& text) const {
+  return text.isEmpty() ? 0 : fontMetrics().horizontalAdvance(text) + 2 * Padding + Slack;
+}
+
+// Sections stay as wide as their widest text was. Where that does not fit, the room around the texts goes first, then
+// what no text of now needs, and then all sections give up the same share.
 int StatusStrip::padding() const { return sizeHint().width() > width() ? TightPadding : Padding; }
 
 std::vector<int> StatusStrip::sectionWidths() const {
   std::vector<int> widths = widest_;
-  for (int& each : widths)
-    if (each > 0) each -= 2 * (Padding - padding());
-  const int wanted = std::accumulate(widths.begin(), widths.end(), 0);
+  const auto sum = [&widths] { return std::accumulate(widths.begin(), widths.end(), 0); };
+  const auto tighten = [this, &widths] {
+    for (int& each : widths)
+      if (each > 0) each -= 2 * (Padding - padding());
+  };
+  tighten();
+  if (sum() > width()) {
+    std::ranges::transform(texts_, widths.begin(), [this](const QString& text) { return textWidth(text); });
+    tighten();
+  }
+  const int wanted = sum();
   if (wanted > width())
     for (int& each : widths)
       each = each * width() / wanted;
-  if (!widths.empty()) widths.back() += width() - std::accumulate(widths.begin(), widths.end(), 0);
+  if (!widths.empty()) widths.back() += width() - sum();
   return widths;
 }
 

@@ -26,6 +26,7 @@ class StatusStrip : public QWidget {
 
  private:
   std::vector<int> sectionWidths() const;
+  int textWidth(const QString& text) const;
   int padding() const;
   int sectionAt(int x) const;
 
