@@ -16,9 +16,9 @@ namespace paths = platform::paths;
 
 constexpr int FileIcon = 1, EqualIcon = 2, UnequalIcon = 3;
 constexpr const char* Title = "Line Compare";
-// Below the main window, as far as the screen goes: it hides no row.
 // About what a text takes in a row.
 constexpr controls::Twips Character = 105, BesideText = 360;
+// Below the main window, as far as the screen goes: it hides no row.
 constexpr controls::Twips FirstWidth = 10'800, FirstHeight = 1'950;
 
 controls::Twips widthOf(const std::string& text) {
