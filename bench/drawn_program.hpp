@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <string>
 
 namespace varnholt::bench {
@@ -28,7 +29,14 @@ class Painted : public QObject {
 class DrawnProgram : public qt::RunningProgram {
  public:
   DrawnProgram(qt::QtMessageLoop& loop, const std::string& folder)
-      : loop_(loop), host_(platform::makePlatformHost(folders(folder))), app_(loop, host_->platform()) {
+      : DrawnProgram(loop, folder, [](platform::Platform& real) { return real; }) {}
+  /// On a system of which `changed` has changed something.
+  DrawnProgram(qt::QtMessageLoop& loop, const std::string& folder,
+               const std::function<platform::Platform(platform::Platform& real)>& changed)
+      : loop_(loop),
+        host_(platform::makePlatformHost(folders(folder))),
+        platform_(changed(host_->platform())),
+        app_(loop, platform_) {
     core::Settings(host_->platform().settings).save(core::setting::Tip_State, "1");
     loop_.setPictureReader([&files = host_->platform().files](const std::string& path, std::uint64_t most) {
       const auto bytes = files.readBeginning(path, most);
@@ -81,6 +89,7 @@ class DrawnProgram : public qt::RunningProgram {
 
   QTemporaryDir kept_;
   std::unique_ptr<platform::PlatformHost> host_;
+  platform::Platform platform_;
 
  protected:
   app::App app_;

@@ -1,5 +1,6 @@
 #include "appearance/skins.hpp"
 
+#include "controls/menu.hpp"
 #include "core/program_files.hpp"
 
 #include <charconv>
@@ -77,6 +78,14 @@ void NewSkin::choose(int number) {
   large_ = large;
   wear(number);
   dressAll();
+  checkEntry(number);
+}
+
+void NewSkin::checkEntry(int number) {
+  for (controls::Form* form : mainWindows_)
+    for (int each = 0; each < Count; ++each)
+      if (auto* entry = dynamic_cast<controls::MenuItem*>(form->control("Skin" + nameOf(each))))
+        entry->Checked = each == number;
 }
 
 void NewSkin::wear(int number) {

@@ -32,6 +32,7 @@ class NewSkin : public panels::Room {
  private:
   void dressAll();
   void wear(int number);
+  void checkEntry(int number);
   std::string picture(int number, bool large) const;
 
   core::Program& program_;

@@ -45,6 +45,7 @@ TEST_F(LooksTest, ASkinThatLacksAPictureGivesWayToTheFirstAndThatIsToldOfToo) {
   rig.loop.meets({test::told(missing)});
   rig.menu("SkinMetal").choose();
   EXPECT_TRUE(form().Picture->ends_with("mainblue2500.jpg"));
+  EXPECT_TRUE(rig.menu("SkinBlue").Checked && !rig.menu("SkinGreen").Checked && !rig.menu("SkinMetal").Checked);
   rig.menu("SkinGreen").choose();
   remove("\\Skins\\Blue\\mainblue800.jpg");
   rig.loop.meets({test::told(missing), test::told("Needed Skinfile Missing !, - Reinstall Program From New, Or Try To "

@@ -195,6 +195,17 @@ TEST_F(DrawnDialogs, TheKeyboardWalksTheFolderTreeAndTakes) {
   EXPECT_EQ(app.Form35.browse("Copy Item(s)"), "C:\\Photos\\2024\\");
 }
 
+TEST_F(DrawnDialogs, DiskInfoClosesByAClickOnItsTextsButNotOnItsCharts) {
+  start();
+  inDialog(app.tools.Form17, [&](QWidget* dialog) {
+    QTest::mouseClick(dialog->findChild<QWidget*>(QStringLiteral("MSChart1")), Qt::LeftButton);
+    EXPECT_TRUE(app.tools.Form17.Visible);
+    QTest::mouseClick(dialog->findChild<QWidget*>(QStringLiteral("label_freespace")), Qt::LeftButton);
+    EXPECT_FALSE(app.tools.Form17.Visible);
+  });
+  app.tools.Form17.DiskInfo_Click();
+}
+
 TEST_F(DrawnDialogs, TheMaskMakesTheWindowLargerAndSmallerAgainAndEnterPreviews) {
   rig.write("C:\\Photos\\a.txt");
   start();

@@ -160,6 +160,10 @@ TEST_F(UsageTest, FollowsTheSelectionAndCountsAFileOfTwoNamesOnce) {
   dialog().Label4.Click();
   EXPECT_EQ(dialog().MSChart1.SelectedPoint.get(), 1);
 
+  rig.write("C:\\U\\zero.txt", "");
+  show("C:\\U", "C:\\");
+  clickAll({"none", "zero"});
+  EXPECT_EQ(dialog().Label3.Caption.get() + dialog().Label4.Caption.get(), "") << "the largest of nothing";
   clickAll({"none"});
   EXPECT_EQ(dialog().Caption.get(), "Disk Usage In Graphics, - Please Select More Than One Item !");
   EXPECT_TRUE(rows().empty() && dialog().MSChart1.Values->empty() && !dialog().Command1.Enabled);
@@ -203,7 +207,7 @@ TEST_F(NetworkingTest, AConnectionTypeSetsItsValuesAndAllAreWritten) {
         EXPECT_EQ(dialog().Label10.Caption.get() + dialog().Label14.Caption.get(),
                   "Current Value = Not PresentCurrent Value = Not Present");
         EXPECT_TRUE(dialog().Check103.Value && dialog().Slider4.Enabled && dialog().Slider4.Value == 0);
-        dialog().Check101.toggleFromUser();
+        dialog().Label101.Click();
         EXPECT_FALSE(dialog().Check103.Value || dialog().Slider5.Enabled);
       },
       "Command2");

@@ -25,9 +25,8 @@ constexpr double NarrowestBar = 4;
 // Neighbours differ in hue and lightness, and each is 3:1 or more on the chart's ground.
 constexpr std::array<QRgb, 8> Colors = {0xFF5B9BD5, 0xFFF0A33A, 0xFF7BC47F, 0xFFC792EA,
                                         0xFFE5C558, 0xFF4DB6AC, 0xFFEF7A85, 0xFFA9B1BC};
-// Slices thinner than this are drawn together with the next, in sixteenths of a degree.
-constexpr double ThinnestSlice = 4, LinedSlice = 40;
-constexpr double FullCircle = 360 * 16;
+// In sixteenths of a degree.
+constexpr double LinedSlice = 40, FullCircle = 360 * 16;
 
 /// "12 k", "1.4 G": short enough for a scale.
 QString brief(double number) {
@@ -246,12 +245,14 @@ void ChartView::drawPie(QPainter& painter) const {
   }
   const bool apart = total() > 0 && selected_ >= 0 && selected_ < count() && number(selected_) > 0;
   const auto at = [this](double sum) { return sum / total() * FullCircle; };
+  // What is thinner than a pixel at the rim is drawn together with the next.
+  const double thinnest = FullCircle / (std::numbers::pi * pieBox().width());
   double drawn = 0;
   for (int point = 0; point < count() && total() > 0; ++point) {
     const bool last = point + 1 == count() || (apart && point + 1 == selected_);
     const double to = at(end(point));
     const bool own = apart && point == selected_;
-    if (!own && !last && to - drawn < ThinnestSlice) continue;
+    if (!own && !last && to - drawn < thinnest) continue;
     if (!own && to > drawn) drawSlice(painter, drawn, to, colorOf(point), false);
     drawn = to;
   }
