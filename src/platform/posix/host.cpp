@@ -23,18 +23,8 @@
 #include <thread>
 #include <utility>
 
-#include <malloc.h>
-
 namespace varnholt::platform::posix {
 namespace {
-
-// A folder of a million files is sorted in arrays of many megabytes. The allocator would learn from the first of them to
-// keep what is given back, for the next one.
-void returnLargeBlocks() {
-  constexpr int LargeBlock = 4 << 20;
-  ::mallopt(M_MMAP_THRESHOLD, LargeBlock);
-  ::mallopt(M_TRIM_THRESHOLD, LargeBlock);
-}
 
 DriveSources driveSources(const HostFolders& given) {
   DriveSources sources = DriveSources::fromSystem();
@@ -160,7 +150,6 @@ class PosixHost final : public PlatformHost {
 }  // namespace varnholt::platform::posix
 
 std::unique_ptr<varnholt::platform::PlatformHost> varnholt::platform::makePlatformHost(const HostFolders& folders) {
-  posix::returnLargeBlocks();
   auto host = std::make_unique<posix::PosixHost>(folders);
   // The stand-in Windows folder is made now, so that start-up finds it and so does a user who looks for it.
   (void)host->platform().environment.windowsFolder();

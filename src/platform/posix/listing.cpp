@@ -15,10 +15,13 @@
 #include <thread>
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <sched.h>
 
 namespace varnholt::platform::posix {
 namespace {
+
+constexpr size_t LargeFolder = 200'000;
 
 /// Bytes of names in blocks that never move, so that views into them stay good.
 class NameArena {
@@ -174,11 +177,21 @@ void takeSorted(std::vector<SortRow>& rows, std::vector<Entry>& out) {
     out.push_back(*row.entry);
 }
 
+// A folder of a million files is sorted in arrays of many megabytes. The allocator learns from the first of them to
+// keep what is given back, for the next one. A window's own blocks are smaller and better kept, so this is left to the
+// first such folder.
+void returnLargeBlocks() {
+  constexpr int LargeBlock = 4 << 20;
+  ::mallopt(M_MMAP_THRESHOLD, LargeBlock);
+  ::mallopt(M_TRIM_THRESHOLD, LargeBlock);
+}
+
 ListingPtr makeListing(std::vector<EntryCollector>& collectors) {
   std::vector<SortRow> folders, files;
   size_t total = 0;
   for (const EntryCollector& collector : collectors)
     total += collector.size();
+  if (total >= LargeFolder) returnLargeBlocks();
   files.reserve(total);
   for (const EntryCollector& collector : collectors)
     collector.appendRows(folders, files);
