@@ -20,7 +20,7 @@ using namespace varnholt;
 namespace {
 
 constexpr std::size_t RecallNames = 2'000;
-constexpr double Limit = 50, WholePanelLimit = 100, GatherLimit = 100;  // milliseconds
+constexpr double Limit = 50, WholePanelLimit = 100, GatherLimit = 100, FindLimit = 10;  // milliseconds
 
 /// Of this process, in the memory of the machine.
 long residentBytes() {
@@ -82,6 +82,20 @@ class Measured : public bench::DrawnProgram {
       measure(name, Limit, [this, column = column] { list().headerFromUser(column); });
     measure("drawn-page", Limit,
             [this] { widget_->verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd); });
+    measureFind();
+  }
+
+  /// One key in the window that finds an item while its name is typed.
+  void measureFind() {
+    run("QuickFind_Click");
+    auto& text = app_.search.Form47.Text1;
+    const std::string last = app_.Form1.Panel1.fileName(list().item(list().count() - 1));
+    paints_ = false;  // of what is not found the list shows nothing
+    for (const auto& [name, typed] :
+         {std::pair<const char*, std::string>("find-item-last", last), {"find-item-none", "none of them"}})
+      measure(
+          name, FindLimit, [&, typed = typed] { text.typeFromUser(typed); }, [&] { text.typeFromUser(""); });
+    paints_ = true;
   }
 
   void click(int row, Qt::KeyboardModifiers modifiers) {
