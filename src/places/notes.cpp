@@ -16,6 +16,8 @@ namespace {
 
 namespace paths = platform::paths;
 
+// A box fills at about two megabytes a second, and nothing else happens meanwhile.
+constexpr std::uint64_t LongestNote = 8u << 20;
 constexpr const char *DefaultName = "My Note Name", *EmptyName = "Key File Name!",
                      *FirstWords = "Write your Note Here:";
 
@@ -154,7 +156,7 @@ void places::Form46::ListView1_Click() {
     if (loaded_.empty() || !notes.selectName(loaded_)) ListView1.selectNone();
     return;
   }
-  const auto bytes = desk_.files().readFile(notes.path(*row));
+  const auto bytes = desk_.files().readFile(notes.path(*row), LongestNote);
   if (!bytes) return desk_.program.dialogs.alert("Cannot Load Note !\r" + name + " :  " + bytes.error().text);
   RichTextBox1.setDocument(core::readRtf(*bytes).text);
   loaded_ = name;
