@@ -9,9 +9,8 @@ namespace varnholt::core {
 bool hasPictureName(std::string_view name);
 /// How much of a file is enough to tell.
 inline constexpr std::size_t PictureBeginning = 4096;
-/// True when the bytes begin as one of the picture formats that are drawn.
-bool isPicture(std::string_view bytes);
-/// True for the formats among them that phones write: HEIC, HEIF and AVIF.
-bool isHeif(std::string_view bytes);
+/// The format of a picture that begins with these bytes: "bmp", "gif", "heif" (with HEIC and AVIF), "ico" (with pointers),
+/// "jpeg", "png", "svg", "tiff" or "webp"; empty for what is drawn as no picture.
+std::string_view pictureFormat(std::string_view bytes);
 
 }  // namespace varnholt::core

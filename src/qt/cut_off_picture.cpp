@@ -1,5 +1,7 @@
 #include "qt/cut_off_picture.hpp"
 
+#include "core/picture_file.hpp"
+
 #include <cstdint>
 #include <optional>
 
@@ -53,9 +55,10 @@ bool isCutOffBmp(std::string_view bytes) {
 }  // namespace
 
 bool isCutOff(std::string_view bytes) {
-  if (bytes.starts_with("\xFF\xD8"sv)) return isCutOffJpeg(bytes);
-  if (bytes.starts_with("GIF8"sv)) return isCutOffGif(bytes);
-  return bytes.starts_with("BM"sv) && isCutOffBmp(bytes);
+  const std::string_view format = core::pictureFormat(bytes);
+  if (format == "jpeg") return isCutOffJpeg(bytes);
+  if (format == "gif") return isCutOffGif(bytes);
+  return format == "bmp" && isCutOffBmp(bytes);
 }
 
 }  // namespace varnholt::qt

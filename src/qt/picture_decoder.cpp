@@ -74,11 +74,14 @@ void chooseIcon(QImageReader& reader, const QSize& area) {
   reader.jumpToImage(best);
 }
 
-DecodedPicture decodeByToolkit(const std::string& bytes, const PictureWish& wish, const std::atomic<bool>& unwanted) {
+DecodedPicture decodeByToolkit(const std::string& bytes, std::string_view format, const PictureWish& wish,
+                               const std::atomic<bool>& unwanted) {
   StoppableBytes device(bytes, unwanted);
   QImageReader reader(&device);
   reader.setAutoTransform(true);
-  const QByteArray format = reader.format();
+  // Left to find out the format, the toolkit would load its readers of all, which takes longer than a small picture.
+  reader.setAutoDetectImageFormat(false);
+  reader.setFormat(QByteArray(format.data(), static_cast<qsizetype>(format.size())));
   if (format == "ico") chooseIcon(reader, wish.area);
   const int held = heldByCamera(bytes);
   const bool turned = liesDown(held) || reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
@@ -99,8 +102,9 @@ DecodedPicture decodeByToolkit(const std::string& bytes, const PictureWish& wish
 }  // namespace
 
 DecodedPicture decodePicture(const std::string& bytes, const PictureWish& wish, const std::atomic<bool>& unwanted) {
-  if (!core::isPicture(bytes) || isCutOff(bytes)) return {};
-  DecodedPicture decoded = core::isHeif(bytes) ? decodeHeif(bytes) : decodeByToolkit(bytes, wish, unwanted);
+  const std::string_view format = core::pictureFormat(bytes);
+  if (format.empty() || isCutOff(bytes)) return {};
+  DecodedPicture decoded = format == "heif" ? decodeHeif(bytes) : decodeByToolkit(bytes, format, wish, unwanted);
   if (unwanted || decoded.image.isNull()) return {};
   // What the screen is drawn in: drawing it later is a mere copy.
   const bool seeThrough = decoded.image.hasAlphaChannel();

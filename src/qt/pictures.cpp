@@ -18,7 +18,7 @@ const std::atomic<bool> AlwaysWanted{false};
 std::optional<std::string> pictureFile(const Pictures::Reader& reader, const std::string& path) {
   if (!reader) return {};
   const auto beginning = reader(path, core::PictureBeginning);
-  if (!beginning || !core::isPicture(*beginning)) return {};
+  if (!beginning || core::pictureFormat(*beginning).empty()) return {};
   return reader(path, LargestFile);
 }
 

@@ -1,5 +1,7 @@
 #include "qt/theme.hpp"
 
+#include "qt/icons.hpp"
+
 #include <QApplication>
 #include <QFontInfo>
 #include <QPainter>
@@ -227,6 +229,13 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
   if (hint == SH_Widget_Animation_Duration || hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
   if (hint == SH_MessageBox_TextInteractionFlags) return Qt::NoTextInteraction;
   return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+// Each menu bar asks for the style's own at once; the first such picture makes the toolkit load all its readers of
+// pictures.
+QIcon Style::standardIcon(StandardPixmap name, const QStyleOption* option, const QWidget* widget) const {
+  if (name == SP_ToolBarHorizontalExtensionButton) return iconNamed("more");
+  return QProxyStyle::standardIcon(name, option, widget);
 }
 
 void apply() {

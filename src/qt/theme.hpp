@@ -67,6 +67,7 @@ class Style : public QProxyStyle {
                          const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* data) const override;
+  QIcon standardIcon(StandardPixmap name, const QStyleOption* option, const QWidget* widget) const override;
 };
 
 /// Style and palette of the application.

@@ -141,7 +141,7 @@ void rename::Form14::showPicture() {
   if (core::hasPictureName(Item)) {
     const std::string path = platform::paths::join(Folder, Item);
     picture = program_.files().readFile(path).valueOr({});
-    if (!core::isPicture(picture)) picture.clear();
+    if (core::pictureFormat(picture).empty()) picture.clear();
   }
   Image3.Visible = !picture.empty();
   Image3.PictureData = std::move(picture);

@@ -127,10 +127,10 @@ TEST(FieldRules, RefuseTheirCharacters) {
 TEST(Pictures, AreKnownByNameAndFirstBytes) {
   EXPECT_TRUE(core::hasPictureName("coast.JPG"));
   EXPECT_FALSE(core::hasPictureName("letter.txt"));
-  EXPECT_TRUE(core::isPicture("\xFF\xD8\xFF\xE0 the rest"));
-  EXPECT_TRUE(core::isPicture("<?xml version='1.0'?><!-- drawn --><svg/>"));
-  EXPECT_FALSE(core::isPicture("picture"));
-  EXPECT_FALSE(core::isPicture(""));
+  EXPECT_EQ(core::pictureFormat("\xFF\xD8\xFF\xE0 the rest"), "jpeg");
+  EXPECT_EQ(core::pictureFormat("<?xml version='1.0'?><!-- drawn --><svg/>"), "svg");
+  EXPECT_EQ(core::pictureFormat("picture"), "");
+  EXPECT_EQ(core::pictureFormat(""), "");
 }
 
 }  // namespace
