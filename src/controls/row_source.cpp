@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <future>
 #include <string_view>
 
 namespace varnholt::controls {
@@ -18,68 +19,70 @@ struct KeyedRow {
   std::uint32_t row, place;
 };
 
-template <class Key, class KeyOf>
-std::vector<KeyedRow<Key>> keyedRows(const std::vector<std::uint32_t>& before, KeyOf keyOf) {
+/// The rows in the order of `less`. They are tried as they stood, and as the source has them, before they are sorted: a
+/// listing comes in the order of its names.
+template <class Key, class KeyOf, class Less>
+std::vector<std::uint32_t> sortedBy(KeyOf keyOf, Less less, bool descending, const std::vector<std::uint32_t>& before) {
   std::vector<KeyedRow<Key>> rows(before.size());
+  for (std::uint32_t row = 0; row < rows.size(); ++row)
+    rows[row] = {keyOf(row), row, 0};
   for (std::uint32_t place = 0; place < rows.size(); ++place)
-    rows[place] = {keyOf(before[place]), before[place], place};
-  return rows;
-}
-
-template <class Key>
-std::vector<std::uint32_t> rowsOf(const std::vector<KeyedRow<Key>>& sorted) {
-  std::vector<std::uint32_t> rows(sorted.size());
-  std::ranges::transform(sorted, rows.begin(), &KeyedRow<Key>::row);
-  return rows;
+    rows[before[place]].place = place;
+  if (std::ranges::is_sorted(before, [&](std::uint32_t a, std::uint32_t b) { return less(rows[a], rows[b]); }))
+    return before;
+  if (descending) std::ranges::reverse(rows);
+  platform::sortOnTwoCores(rows, less);
+  std::vector<std::uint32_t> order(rows.size());
+  std::ranges::transform(rows, order.begin(), &KeyedRow<Key>::row);
+  return order;
 }
 
 std::vector<std::uint32_t> sortedByNumber(const std::vector<std::int64_t>& keys, bool descending,
                                           const std::vector<std::uint32_t>& before) {
   using Row = KeyedRow<std::int64_t>;
-  auto rows = keyedRows<std::int64_t>(before, [&](std::uint32_t row) { return keys[row]; });
-  platform::sortOnTwoCores(rows, [&](const Row& a, const Row& b) {
+  const auto less = [descending](const Row& a, const Row& b) {
     if (a.key != b.key) return descending ? a.key > b.key : a.key < b.key;
     return a.place < b.place;
-  });
-  return rowsOf(rows);
+  };
+  return sortedBy<std::int64_t>([&](std::uint32_t row) { return keys[row]; }, less, descending, before);
 }
 
-/// The order keys of all rows, one behind the other.
+/// The order keys of some neighbouring rows, one behind the other.
 class TextKeys {
  public:
-  TextKeys(const RowSource& source, int column) {
-    const std::uint32_t count = source.rowCount();
-    starts_.reserve(count + 1);
-    bytes_.reserve(count * std::size_t{16});
+  TextKeys(const RowSource& source, int column, std::uint32_t from, std::uint32_t to) : from_(from) {
+    starts_.reserve(to - from + 1);
+    bytes_.reserve((to - from) * std::size_t{16});
     std::string text;
-    for (std::uint32_t row = 0; row < count; ++row) {
+    for (std::uint32_t row = from; row < to; ++row) {
       starts_.push_back(bytes_.size());
       text.clear();
       source.appendSortText(row, column, text);
       platform::appendOrderKey(text, bytes_);
+      if (row > from)
+        shared_ = std::min(shared_, sharedLength(key(from), std::string_view(bytes_).substr(starts_.back())));
     }
     starts_.push_back(bytes_.size());
+    if (from < to) shared_ = std::min(shared_, key(from).size());
   }
 
   std::string_view key(std::uint32_t row) const {
-    return std::string_view(bytes_).substr(starts_[row], starts_[row + 1] - starts_[row]);
+    const std::size_t at = row - from_;
+    return std::string_view(bytes_).substr(starts_[at], starts_[at + 1] - starts_[at]);
   }
 
   /// Length of the beginning that all keys share.
-  std::size_t sharedLength() const {
-    if (starts_.size() < 2) return 0;
-    std::string_view shared = key(0);
-    for (std::uint32_t row = 1; row + 1 < starts_.size() && !shared.empty(); ++row) {
-      const std::string_view other = key(row);
-      const auto differs = std::mismatch(shared.begin(), shared.end(), other.begin(), other.end()).first;
-      shared = shared.substr(0, static_cast<std::size_t>(differs - shared.begin()));
-    }
-    return shared.size();
+  std::size_t shared() const { return shared_; }
+
+  static std::size_t sharedLength(std::string_view a, std::string_view b) {
+    return static_cast<std::size_t>(std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin());
   }
 
  private:
+  std::uint32_t from_;
   std::string bytes_;
   std::vector<std::size_t> starts_;
+  std::size_t shared_ = std::string::npos;
 };
 
 // Eight bytes as a number that compares as they do; a shorter text is filled up with zeros.
@@ -90,19 +93,25 @@ std::uint64_t leadingBytes(std::string_view text) {
   return bytes;
 }
 
-std::vector<std::uint32_t> sortedByText(const TextKeys& keys, bool descending,
+std::vector<std::uint32_t> sortedByText(const RowSource& source, int column, bool descending,
                                         const std::vector<std::uint32_t>& before) {
+  const std::uint32_t count = source.rowCount(), middle = count < platform::WorthTwoCores ? count : count / 2;
+  auto lowerKeys = std::async(middle < count ? std::launch::async : std::launch::deferred,
+                              [&] { return TextKeys(source, column, 0, middle); });
+  const TextKeys upper(source, column, middle, count), lower = lowerKeys.get();
+  const auto key = [&](std::uint32_t row) { return row < middle ? lower.key(row) : upper.key(row); };
+  std::size_t shared = std::min(lower.shared(), upper.shared());
+  if (middle < count) shared = std::min(shared, TextKeys::sharedLength(key(0), key(middle)));
+
   using Row = KeyedRow<std::uint64_t>;
-  const std::size_t shared = keys.sharedLength();
-  auto rows =
-      keyedRows<std::uint64_t>(before, [&](std::uint32_t row) { return leadingBytes(keys.key(row).substr(shared)); });
-  platform::sortOnTwoCores(rows, [&](const Row& a, const Row& b) {
+  const auto less = [&](const Row& a, const Row& b) {
     if (a.key != b.key) return descending ? a.key > b.key : a.key < b.key;
-    const int order = keys.key(a.row).compare(keys.key(b.row));
+    const int order = key(a.row).compare(key(b.row));
     if (order != 0) return descending ? order > 0 : order < 0;
     return a.place < b.place;
-  });
-  return rowsOf(rows);
+  };
+  return sortedBy<std::uint64_t>([&](std::uint32_t row) { return leadingBytes(key(row).substr(shared)); }, less,
+                                 descending, before);
 }
 
 }  // namespace
@@ -111,7 +120,7 @@ std::vector<std::uint32_t> sortedRows(const RowSource& source, int column, bool 
                                       const std::vector<std::uint32_t>& before) {
   std::vector<std::int64_t> numbers;
   if (source.numericKeys(column, numbers)) return sortedByNumber(numbers, descending, before);
-  return sortedByText({source, column}, descending, before);
+  return sortedByText(source, column, descending, before);
 }
 
 }  // namespace varnholt::controls

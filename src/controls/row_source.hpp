@@ -24,7 +24,7 @@ class RowSource {
   virtual std::string seekText(std::uint32_t row) const { return cell(row, 0); }
   /// Fills one number a row whose order is that of the column's texts, where there is one: far cheaper to sort.
   virtual bool numericKeys(int /*column*/, std::vector<std::int64_t>& /*keys*/) const { return false; }
-  /// Appends the text that the column is sorted by.
+  /// Appends the text that the column is sorted by. Called on two threads at once.
   virtual void appendSortText(std::uint32_t row, int column, std::string& text) const { text += cell(row, column); }
 };
 

@@ -86,7 +86,7 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
 
   void updateOwn() override {
     const auto& headers = self.ColumnHeaders.get();
-    const bool rowsChanged = drawn.listModel()->catchUp();
+    const bool rowsChanged = drawn.catchUp();
     if (rowsChanged || headers != headers_) showColumns();
     drawn.listHeader()->setEmphasis(emphasis());
     if (auto* panel = dynamic_cast<Surface*>(drawn.parentWidget())) panel->setActive(emphasis() == Emphasis::Active);

@@ -14,15 +14,17 @@ ListModel::ListModel(controls::ListView& list, QObject* parent)
       columns_(static_cast<int>(list.ColumnHeaders->size())),
       version_(list.rowsVersion()) {}
 
-bool ListModel::catchUp() {
+ListModel::Change ListModel::catchUp() {
   const int columns = static_cast<int>(list_->ColumnHeaders->size());
-  if (version_ == list_->rowsVersion() && columns == columns_) return false;
-  beginResetModel();
+  if (version_ == list_->rowsVersion() && columns == columns_) return Change::None;
   version_ = list_->rowsVersion();
-  rows_ = static_cast<int>(list_->count());
+  const int rows = static_cast<int>(list_->count());
+  if (rows == rows_ && columns == columns_) return Change::Contents;
+  beginResetModel();
+  rows_ = rows;
   columns_ = columns;
   endResetModel();
-  return true;
+  return Change::Size;
 }
 
 void ListModel::detach() {

@@ -12,8 +12,11 @@ class ListModel : public QAbstractTableModel {
  public:
   explicit ListModel(controls::ListView& list, QObject* parent = nullptr);
 
-  /// Catches up with the control: a reset when its rows or columns are others. True when the rows were reset.
-  bool catchUp();
+  /// What a change of the control means for a view. As many rows in another order have the same places: the view need
+  /// not lay out a million of them again, only draw them.
+  enum class Change { None, Contents, Size };
+  /// Catches up with the control; a reset when it has another number of rows or columns.
+  Change catchUp();
   /// The rows may go away at any time: reads nothing more.
   void detach();
   void setRowHeight(int height) { rowHeight_ = height; }

@@ -4,6 +4,7 @@
 #include "qt/text.hpp"
 #include "qt/theme.hpp"
 
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -64,6 +65,17 @@ QSize ListViewWidget::sizeHint() const {
 }
 
 int ListViewWidget::besideColumns() const { return 2 * frameWidth() + verticalScrollBar()->sizeHint().width(); }
+
+bool ListViewWidget::catchUp() {
+  const auto change = model_->catchUp();
+  if (change == ListModel::Change::Contents) {
+    viewport()->update();
+    // Assistive technology keeps what it has read of a row until it hears this.
+    QAccessibleTableModelChangeEvent reread(this, QAccessibleTableModelChangeEvent::ModelReset);
+    if (QAccessible::isActive()) QAccessible::updateAccessibility(&reread);
+  }
+  return change != ListModel::Change::None;
+}
 
 void ListViewWidget::detach() {
   if (model_) model_->detach();

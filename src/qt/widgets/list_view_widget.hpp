@@ -41,7 +41,6 @@ class ListViewWidget : public QTreeView {
   explicit ListViewWidget(QWidget* parent = nullptr);
 
   void setList(controls::ListView& list);
-  ListModel* listModel() const { return model_; }
   ListHeader* listHeader() const { return header_; }
   void setColors(const ListColors& colors);
   const ListColors& colors() const { return colors_; }
@@ -51,6 +50,8 @@ class ListViewWidget : public QTreeView {
   QSize sizeHint() const override;
   /// As wide as all columns can be read in.
   int neededWidth() const { return neededColumns_ + besideColumns(); }
+  /// Shows the rows that the control has now. False: they are those that were shown.
+  bool catchUp();
   /// The control goes away: shows nothing and reads nothing more.
   void detach();
 
