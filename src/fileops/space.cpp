@@ -15,8 +15,6 @@ namespace paths = platform::paths;
 using controls::pointer::Default;
 using controls::pointer::Hourglass;
 
-constexpr std::uint64_t Kilobyte = 1000, Megabyte = 1'000'000;
-
 // The whole-number part of the percentage.
 std::uint64_t freeShare(const platform::DriveInfo& drive) {
   if (drive.totalBytes == 0) return 1;
@@ -25,14 +23,6 @@ std::uint64_t freeShare(const platform::DriveInfo& drive) {
 }
 
 }  // namespace
-
-std::string FreeSpaceText(const platform::Result<platform::DriveInfo>& drive,
-                          const platform::RegionalFormats& regional) {
-  if (!drive || !drive->ready) return "[ NA ]";
-  const std::uint64_t free = drive->freeBytes;
-  if (free >= Megabyte) return "[ " + core::format("#,#", free / Megabyte, regional) + " MB Free ]";
-  return "[ " + core::format("#,#", free / Kilobyte, regional) + " KB Free ]";
-}
 
 // --- The drive -----------------------------------------------------------------------------------------------------
 

@@ -8,10 +8,6 @@
 
 namespace varnholt::fileops {
 
-/// `FreeSpaceText`: "[ 12,345 MB Free ]", "[ 12 KB Free ]", or "[ NA ]" for a drive that tells nothing.
-std::string FreeSpaceText(const platform::Result<platform::DriveInfo>& drive,
-                          const platform::RegionalFormats& regional);
-
 /// Looks at the room that the target has, and at the room that a selection needs.
 class Space {
  public:

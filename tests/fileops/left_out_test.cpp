@@ -114,7 +114,7 @@ TEST_F(SpaceTest, ADiscIsNoTarget) {
 
 TEST_F(SpaceTest, WhatIsSelectedMustFit) {
   rig.menu("ValCopyMove").choose();
-  EXPECT_EQ(rig.app().program.settings.get(core::setting::ValidateCM), "-1");
+  EXPECT_EQ(rig.app().program.settings.get(core::setting::ValidateCM), "1");
   // Bytes that are free, those of the file and of the folder that stand on the target already, and whether it fits.
   for (const auto& [available, file, folder, fits] : {std::tuple{4000u, 0u, 0u, false},
                                                       {4001, 0, 0, true},
@@ -136,19 +136,6 @@ TEST_F(SpaceTest, WhatIsSelectedMustFit) {
   }
   room(0, 0);
   copies({asksRoom(""), told("Cannot Validate DiskSpace !")}, true);
-}
-
-TEST(FreeSpaceText, InMegabytesOrKilobytes) {
-  const platform::RegionalFormats regional;
-  for (const auto& [bytes, text] : {std::pair{12'345'678'901ull, "[ 12,345 MB Free ]"},
-                                    {1'000'000ull, "[ 1 MB Free ]"},
-                                    {999'999ull, "[ 999 KB Free ]"}}) {
-    platform::DriveInfo drive;
-    drive.ready = true;
-    drive.freeBytes = bytes;
-    EXPECT_EQ(FreeSpaceText(drive, regional), text);
-  }
-  EXPECT_EQ(FreeSpaceText(platform::Error{}, regional), "[ NA ]");
 }
 
 }  // namespace
