@@ -93,7 +93,7 @@ class SpaceTest : public OperationTest {
   Volume& volume = use<Volume>();
 };
 
-TEST_F(SpaceTest, ANearlyFullTargetIsAskedAbout) {
+TEST_F(SpaceTest, ANearlyFullTargetIsAskedAboutAndADiscIsNone) {
   room(1999, 100'000);
   copies({asksRoom("1,999")}, true);
   room(2000, 100'000);
@@ -102,14 +102,12 @@ TEST_F(SpaceTest, ANearlyFullTargetIsAskedAbout) {
   copies({asksRoom("", "")}, false);
   room(5, 0);
   copies({asksRoom("5")}, true);
+  volume.info.fileSystem = "UDF";
+  copies({told("Cannot Copy Or Move To CD-Rom/DVD-Rom !\rFunction Exits !")}, false);
+  volume.info.fileSystem = "EXT4";
   room(1, 100'000);
   move({"a"});
   EXPECT_TRUE(rig.exists("C:\\To\\a.txt")) << "a move on one drive needs no room";
-}
-
-TEST_F(SpaceTest, ADiscIsNoTarget) {
-  volume.info.fileSystem = "UDF";
-  copies({told("Cannot Copy Or Move To CD-Rom/DVD-Rom !\rFunction Exits !")}, false);
 }
 
 TEST_F(SpaceTest, WhatIsSelectedMustFit) {

@@ -74,14 +74,7 @@ class DeleteTest : public OperationTest {
 class SlowDrive : public platform::ForwardingFileSystem {
  public:
   using ForwardingFileSystem::ForwardingFileSystem;
-  platform::Result<platform::EntryInfo> info(const std::string& path) const override {
-    return asked(path), base_.info(path);
-  }
-  bool fileExists(const std::string& path) const override { return asked(path), base_.fileExists(path); }
   bool folderExists(const std::string& path) const override { return asked(path), base_.folderExists(path); }
-  platform::Result<std::uint64_t> fileSize(const std::string& path) const override {
-    return asked(path), base_.fileSize(path);
-  }
   platform::Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
                                   const platform::Progress& progress) override {
     return asked(to), base_.copyFile(from, to, overwrite, progress);
@@ -110,9 +103,11 @@ TEST_F(DeleteTest, ADriveThatDoesNotAnswerHoldsUpNoWindow) {
   copy({"a"}, {}, places);
   move({"b"}, {}, places);
   remove({"c"}, {}, places);
-  rig.loop.meets({{"Form3"}});
-  ops().dropFiles(left(), {"D:\\To\\b.txt"}, false);
+  rig.write("D:\\Tree\\y.txt");
+  rig.loop.whenShows("Form3").reads({"Text1|MultiCopy Selected !", "Text3|D:\\From\\"}).press("Command11");
+  ops().dropFiles(left(), {"D:\\To\\b.txt", "D:\\Tree"}, false);
   EXPECT_TRUE(rig.exists("D:\\To\\a.txt") && rig.exists("D:\\To\\b.txt") && rig.exists("D:\\From\\b.txt"));
+  EXPECT_TRUE(rig.exists("D:\\From\\Tree\\y.txt") && form().View1Active());
   EXPECT_FALSE(rig.exists("D:\\From\\c.txt"));
 }
 
