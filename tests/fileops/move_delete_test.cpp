@@ -54,12 +54,16 @@ TEST_F(MoveTest, AFolderStaysOnItsVolumeUnderOneLetterToo) {
   EXPECT_EQ(rig.names(right()), Names{"y|"});
 }
 
-TEST_F(MoveTest, AVanishedDriveIsRefusedInFrontOfTheDialog) {
+TEST_F(MoveTest, AVanishedDriveIsRefusedInFrontOfTheDialogAlsoByADelete) {
   write({"From\\a"});
   rig.makeFolder("D:\\To");
-  select({"a"}, {.to = "D:\\To"});
-  std::filesystem::rename(rig.scratch / "second", rig.scratch / "away");
-  start("Command3_Click", {told("Drive(s) Not ready !\rFunction Exits !")}, {});
+  for (const auto& [handler, drive] :
+       {std::pair{"Command3_Click", 'D'}, {"Command3_Click", 'C'}, {"Command4_Click", 'C'}}) {
+    rig.drives->away = {};
+    select({"a"}, {.to = "D:\\To"});
+    rig.drives->away = {drive};
+    start(handler, {told("Drive(s) Not ready !\rFunction Exits !")}, {});
+  }
   EXPECT_TRUE(rig.exists("C:\\From\\a"));
 }
 
