@@ -115,8 +115,8 @@ void Copy::counted() {
   if (!leftOut) PogressCal(desk_.form, dialog_, tally_);
 }
 
-void Copy::ended(bool normally) {
-  if (normally) form7_.OverwriteAnswer = Overwrite::None;
+void Copy::ended(bool /*normally*/) {
+  form7_.OverwriteAnswer = Overwrite::None;
   form10_.AttrAnswer = AttributeAnswer::None;
 }
 

@@ -36,12 +36,11 @@ void FileOps::load() {
   desk_.program.loop.later([this] { bringBackStranded(desk_); });
 }
 
-// As the stored value has it, -1 is on.
 void FileOps::ValCopyMove_Click() {
   auto& entry = desk_.form.Menu["ValCopyMove"];
   entry.Checked = !entry.Checked;
   auto& value = desk_.program.init.ValidateCM;
-  value = entry.Checked ? "-1" : "0";
+  value = entry.Checked ? "1" : "0";
   desk_.program.settings.save(core::setting::ValidateCM, value);
 }
 

@@ -15,8 +15,6 @@ namespace paths = platform::paths;
 using controls::pointer::Default;
 using controls::pointer::Hourglass;
 
-constexpr std::uint64_t Kilobyte = 1000, Megabyte = 1'000'000;
-
 // The whole-number part of the percentage.
 std::uint64_t freeShare(const platform::DriveInfo& drive) {
   if (drive.totalBytes == 0) return 1;
@@ -25,14 +23,6 @@ std::uint64_t freeShare(const platform::DriveInfo& drive) {
 }
 
 }  // namespace
-
-std::string FreeSpaceText(const platform::Result<platform::DriveInfo>& drive,
-                          const platform::RegionalFormats& regional) {
-  if (!drive || !drive->ready) return "[ NA ]";
-  const std::uint64_t free = drive->freeBytes;
-  if (free >= Megabyte) return "[ " + core::format("#,#", free / Megabyte, regional) + " MB Free ]";
-  return "[ " + core::format("#,#", free / Kilobyte, regional) + " KB Free ]";
-}
 
 // --- The drive -----------------------------------------------------------------------------------------------------
 
@@ -59,31 +49,62 @@ namespace {
 // What replaces something gives its room back.
 std::uint64_t growth(std::uint64_t source, std::uint64_t target) { return source > target ? source - target : 0; }
 
-/// What files need, asked about many at once: one by one takes several times as long.
-std::uint64_t needOfFiles(platform::FileSystem& files, const std::vector<std::string>& items, const std::string& from,
-                          const std::string& to) {
+using Sizes = std::vector<std::uint64_t>;
+
+/// Sizes of files, asked about many at once: one by one takes several times as long.
+Sizes sizesOf(const platform::FileSystem& files, const std::vector<std::string>& items, const std::string& from,
+              const std::vector<std::string>& leaves) {
+  Sizes sizes;
+  // Items that bring paths of their own lie anywhere.
+  if (leaves == items) {
+    for (const platform::FileFacts& facts : files.fileFacts(from, items))
+      sizes.push_back(facts.size);
+  } else {
+    for (const std::string& item : items)
+      sizes.push_back(files.fileSize(core::entryPath(item, from)).valueOr(0));
+  }
+  return sizes;
+}
+
+/// What files take; with a target, what they need there.
+std::uint64_t bytesOf(const platform::FileSystem& files, const std::vector<std::string>& items, const std::string& from,
+                      const std::string* to) {
   std::vector<std::string> leaves;
   for (const std::string& item : items)
     leaves.emplace_back(paths::fileName(item));
-  // Items that bring paths of their own lie anywhere.
-  const bool together = leaves == items;
-  const auto here = together ? files.fileFacts(from, items) : std::vector<platform::FileFacts>();
-  const auto there = files.fileFacts(to, leaves);
-  std::uint64_t needed = 0;
-  for (std::size_t at = 0; at < items.size(); ++at) {
-    const auto size = together ? here[at].size : files.fileSize(core::entryPath(items[at], from)).valueOr(0);
-    needed += growth(size, there[at].size);
-  }
-  return needed;
+  const Sizes sizes = sizesOf(files, items, from, leaves);
+  const auto there = to ? files.fileFacts(*to, leaves) : std::vector<platform::FileFacts>(items.size());
+  std::uint64_t bytes = 0;
+  for (std::size_t at = 0; at < items.size(); ++at)
+    bytes += growth(sizes[at], there[at].size);
+  return bytes;
 }
 
 constexpr std::size_t Block = 8192;
 
 }  // namespace
 
-std::uint64_t Space::needOfFolder(const std::string& folder, const std::string& to) const {
-  const std::string target = paths::join(to, paths::fileName(folder));
-  return growth(folderBytes(desk_, folder), desk_.files().folderExists(target) ? folderBytes(desk_, target) : 0);
+std::uint64_t Space::bytesOfItems(const panels::FileCollect& collected, const std::string& from, const std::string* to,
+                                  std::uint64_t enough) const {
+  std::uint64_t bytes = 0;
+  const auto& items = collected.items();
+  for (auto item = items.begin(); item != items.end() && bytes < enough;) {
+    if (item->isFolder) {
+      bytes += bytesOfFolder((item++)->path, to);
+      continue;
+    }
+    std::vector<std::string> block;
+    for (; item != items.end() && block.size() < Block && !item->isFolder; ++item)
+      block.push_back(item->path);
+    bytes += desk_.program.loop.ask([&] { return bytesOf(desk_.files(), block, from, to); });
+  }
+  return bytes;
+}
+
+std::uint64_t Space::bytesOfFolder(const std::string& folder, const std::string* to) const {
+  const std::string target = to ? paths::join(*to, paths::fileName(folder)) : std::string();
+  const bool merges = to && desk_.files().folderExists(target);
+  return growth(folderBytes(desk_, folder), merges ? folderBytes(desk_, target) : 0);
 }
 
 bool Space::ValidateSpaceNeeded(ProgressForm& dialog, const panels::FileCollect& collected, const std::string& from,
@@ -95,18 +116,7 @@ bool Space::ValidateSpaceNeeded(ProgressForm& dialog, const panels::FileCollect&
   }
   dialog.showProgress("Validating Space Available...");
   desk_.pointer() = Hourglass;
-  std::uint64_t needed = 0;
-  const auto& items = collected.items();
-  for (auto item = items.begin(); item != items.end() && needed < drive->availableBytes;) {
-    if (item->isFolder) {
-      needed += needOfFolder((item++)->path, to);
-      continue;
-    }
-    std::vector<std::string> block;
-    for (; item != items.end() && block.size() < Block && !item->isFolder; ++item)
-      block.push_back(item->path);
-    needed += desk_.program.loop.ask([&] { return needOfFiles(desk_.files(), block, from, to); });
-  }
+  const std::uint64_t needed = bytesOfItems(collected, from, &to, drive->availableBytes);
   desk_.pointer() = Default;
   const bool fits = needed < drive->availableBytes;
   if (!fits) desk_.program.dialogs.alert("Insufficient Free Space On Target Drive !\rFurther Operation is Canceled!");
@@ -114,19 +124,11 @@ bool Space::ValidateSpaceNeeded(ProgressForm& dialog, const panels::FileCollect&
   return fits;
 }
 
-std::uint64_t Space::sizeOf(const core::Item& item) {
-  desk_.form.CurrentItem = item.path;
-  desk_.dispatcher.Fileident();
-  const std::string path = desk_.form.SourcePath;
-  return item.isFolder ? folderBytes(desk_, path) : desk_.files().fileSize(path).valueOr(0);
-}
-
 void Space::selectsize(OperationForm& dialog) {
   dialog.Label4.Caption = "Calculating... Please wait  !";
   desk_.program.loop.giveTurn();
-  std::uint64_t sum = 0;
-  for (const core::Item& item : desk_.form.filecollect.items())
-    sum += sizeOf(item);
+  const panels::Panel* source = desk_.form.activePanel();
+  const std::uint64_t sum = bytesOfItems(desk_.form.filecollect, source ? source->path() : std::string());
   dialog.Label4.Caption = "Size of selected Item(s) :  " +
                           (sum == 0 ? "0" : core::format("###,###", sum, desk_.program.platform.regional)) + "   Bytes";
 }

@@ -8,10 +8,6 @@
 
 namespace varnholt::fileops {
 
-/// `FreeSpaceText`: "[ 12,345 MB Free ]", "[ 12 KB Free ]", or "[ NA ]" for a drive that tells nothing.
-std::string FreeSpaceText(const platform::Result<platform::DriveInfo>& drive,
-                          const platform::RegionalFormats& regional);
-
 /// Looks at the room that the target has, and at the room that a selection needs.
 class Space {
  public:
@@ -28,8 +24,11 @@ class Space {
   void selectsize(OperationForm& dialog);
 
  private:
-  std::uint64_t sizeOf(const core::Item& item);
-  std::uint64_t needOfFolder(const std::string& folder, const std::string& to) const;
+  /// What items take, or with a target what they need there: what they replace gives its room back. The sum stops when
+  /// it is enough.
+  std::uint64_t bytesOfItems(const panels::FileCollect& items, const std::string& from, const std::string* to = nullptr,
+                             std::uint64_t enough = ~std::uint64_t{0}) const;
+  std::uint64_t bytesOfFolder(const std::string& folder, const std::string* to) const;
 
   panels::Desk& desk_;
 };

@@ -54,6 +54,7 @@ void Filters::match(panels::Panel& panel, const Criteria& criteria) {
     if (test.passes(panel.compareText(item), panel.rows->entry(item.id()))) take(panel, item);
   }
   desk_.form.filterMark = panel.list.selectedCount() > 0;
+  desk_.form.statusLine("");
   desk_.selection.reportSelected(panel);
   program.loop.screen().MousePointer = pointer::Default;
 }

@@ -27,6 +27,11 @@ MaskedRename::MaskedRename(panels::Desk& desk, Form14& dialog) : desk_(desk), di
   };
 }
 
+void MaskedRename::forget() {
+  paths_.clear();
+  reasons_.clear();
+}
+
 void MaskedRename::take(const Item& item, std::size_t place, std::vector<Renamings>& renamings,
                         std::vector<Kept>& kept) const {
   if (dialog_.NewName == item.name) return;
@@ -54,7 +59,7 @@ void MaskedRename::run(const std::vector<Renamings>& renamings, std::vector<Kept
 void MaskedRename::preview(const std::vector<Item>& items) {
   if (!dialog_.readMask()) return;
   dialog_.ListView1.clear();
-  paths_.clear();
+  forget();
   std::vector<Renamings> renamings;
   std::vector<Kept> kept;
   const bool allDiffer = fillPreview(items, renamings, kept);

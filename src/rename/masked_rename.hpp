@@ -14,6 +14,8 @@ class MaskedRename {
  public:
   MaskedRename(panels::Desk& desk, Form14& dialog);
 
+  /// The dialog opens anew: what an earlier preview showed is gone.
+  void forget();
   /// Fills the preview, and marks the names that could not be given. Items that are gone get no row.
   void preview(const std::vector<Item>& items);
   /// Asks, and renames what can be renamed; nothing is replaced. False: the user said no, or a field was refused.

@@ -85,6 +85,7 @@ std::optional<std::string> Rename::renameOne(Caller caller, const std::string& p
 void Rename::show(Caller caller) {
   renamedTo_.reset();
   single_.askAgain();
+  masked_.forget();
   Form14.reset(caller);
   showItem();
   Form14.Text1.SetFocus();

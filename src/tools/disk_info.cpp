@@ -118,7 +118,7 @@ std::string tools::Form17::bytes(const char* picture, std::uint64_t number) cons
   return core::format(picture, number, desk_.program.platform.regional) + " Bytes";
 }
 
-std::string tools::Form17::freeText(std::uint64_t bytes) const {
+std::string tools::Form17::FreeSpaceText(std::uint64_t bytes) const {
   const auto& regional = desk_.program.platform.regional;
   if (bytes == 0) return "[ NA ]";
   const double free = static_cast<double>(bytes);
@@ -152,9 +152,9 @@ void tools::Form17::Command1_Click() {
       const bool answered = answer != answers->drives.end() && answer->second;
       const std::string share = answered && !answer->second->share.empty() ? "[ " + answer->second->share + " ]" : "";
       const std::string head = std::string("\r") + letter + ":\\";
-      report += answered && answer->second->ready
-                    ? head + "  ...  Drive Is Ready !          " + share + "   " + freeText(answer->second->freeBytes)
-                    : head + "  ...  Drive Not Ready !         " + share;
+      report += answered && answer->second->ready ? head + "  ...  Drive Is Ready !          " + share + "   " +
+                                                        FreeSpaceText(answer->second->freeBytes)
+                                                  : head + "  ...  Drive Not Ready !         " + share;
     }
   }
   desk_.pointer() = controls::pointer::Default;

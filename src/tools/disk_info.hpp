@@ -29,7 +29,7 @@ class Form17 : public controls::Form {
   void showDrive(const platform::DriveInfo& drive);
   void showMemory();
   std::string bytes(const char* picture, std::uint64_t number) const;
-  std::string freeText(std::uint64_t bytes) const;
+  std::string FreeSpaceText(std::uint64_t bytes) const;
   void Command1_Click();
 
   panels::Desk& desk_;

@@ -17,17 +17,11 @@ TEST_F(MessageDialogsTest, AQuestionTellsItsFourAnswersApart) {
   EXPECT_FALSE(dialogs.Form11.Command2.Visible) << "shown by one question alone";
   for (const auto& [button, answer] :
        {std::pair{"Command11", Answer::Yes}, {"Command1", Answer::No}, {"Command2", Answer::All}, {"", Answer::None}}) {
-    for (const bool retry : {true, false}) {
-      dialogs.Form11.Command2.Visible = true;
-      auto& step = loop.whenShows("Form11").reads({"Caption|Alert !", "Label1|Go on ?"});
-      *button ? step.press(button) : step.closes();
-      if (retry) {
-        EXPECT_EQ(dialogs.AskRetry("Go on ?"), answer == Answer::Yes) << button;
-      } else {
-        EXPECT_EQ(dialogs.ask("Go on ?"), answer) << button;
-        EXPECT_EQ(dialogs.Form11.AlertAnswer, answer) << "it stays until the next question";
-      }
-    }
+    dialogs.Form11.Command2.Visible = true;
+    auto& step = loop.whenShows("Form11").reads({"Caption|Alert !", "Label1|Go on ?"});
+    *button ? step.press(button) : step.closes();
+    EXPECT_EQ(dialogs.ask("Go on ?"), answer) << button;
+    EXPECT_EQ(dialogs.Form11.AlertAnswer, answer) << "it stays until the next question";
   }
 }
 
@@ -55,17 +49,13 @@ TEST_F(MessageDialogsTest, AnAlertTellsThatItHasClosedHoweverItCloses) {
   EXPECT_EQ(dialogs.Form12.cancelButton, "Command11") << "Esc acts as the button";
 }
 
-TEST_F(MessageDialogsTest, ANoticeGoesByAClickOrByItsTimerAndStopsIt) {
-  const auto click = [](controls::Form& form) { form.Click(); };
-  const auto tick = [&](controls::Form&) { Timer2.Tick(); };
-  for (const std::function<void(controls::Form&)>& goes : {std::function<void(controls::Form&)>(click), {tick}}) {
-    loop.whenShows("Form13")
-        .reads({"Caption|Information", "Label1|Done"})
-        .run([&](controls::Form&) { EXPECT_TRUE(Timer2.Enabled); })
-        .run(goes);
-    dialogs.inform("Done");
-    EXPECT_FALSE(Timer2.Enabled);
-  }
+TEST_F(MessageDialogsTest, ANoticeGoesByAClickWhichStopsItsTimer) {
+  loop.whenShows("Form13").reads({"Caption|Information", "Label1|Done"}).run([&](controls::Form& form) {
+    EXPECT_TRUE(Timer2.Enabled);
+    form.Click();
+  });
+  dialogs.inform("Done");
+  EXPECT_FALSE(Timer2.Enabled);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #!/usr/bin/python3
-"""Two hundred pictures get new names and numbers at once, and others that are still their own old ones; then one file
-gets a name of its own."""
+"""Two hundred pictures get new names and numbers at once, and others that are still their own old ones."""
 
 import os
 import sys
@@ -34,15 +33,6 @@ def road(program):
     wait("the numbers from two", lambda: "Coast201" in program.rows(1) and "Coast1" not in program.rows(1))
     # The list has them by the letters of their names: 1, 10, 100, 101 ... 11, 110.
     expect("no file is lost or left out", sizes(program, 2) == sorted(range(1, COUNT + 1), key=str))
-
-    program.keys("Home")
-    wait("one selected", lambda: program.status_has("1  Item(s) Selected"))
-    program.keys("alt+f", "r")
-    program.dialog("Rename Item(s)")
-    program.type_over("Sun")
-    program.keys("Return")
-    program.wait_for_rows(1, "Sun")
-    program.wait_for_no_dialog()
 
 
 def mask(program, start):

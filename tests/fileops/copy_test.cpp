@@ -138,17 +138,5 @@ TEST_F(CopyTest, TheTargetIsBrowsedForAndThePanelGoesBack) {
   }
 }
 
-TEST_F(CopyTest, DroppedFilesOfAnotherProgramGoWhereTheyAreDropped) {
-  rig.write("D:\\drop\\x.txt", "x");
-  rig.write("D:\\drop\\tree\\y.txt", "y");
-  select({});
-  controls::DropEvent event{{"D:\\drop\\x.txt", "D:\\drop\\tree"}, {}, nullptr, false};
-  rig.loop.whenShows("Form3").reads({"Text1|MultiCopy Selected !", "Text3|C:\\From\\"}).press("Command11");
-  left().list.OLEDragDrop(event);
-  EXPECT_TRUE(event.accepted);
-  EXPECT_EQ(rig.read("C:\\From\\x.txt") + rig.read("C:\\From\\tree\\y.txt"), "xy");
-  EXPECT_TRUE(form().View1Active());
-}
-
 }  // namespace
 }  // namespace varnholt::fileops

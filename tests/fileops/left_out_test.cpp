@@ -93,7 +93,7 @@ class SpaceTest : public OperationTest {
   Volume& volume = use<Volume>();
 };
 
-TEST_F(SpaceTest, ANearlyFullTargetIsAskedAbout) {
+TEST_F(SpaceTest, ANearlyFullTargetIsAskedAboutAndADiscIsNone) {
   room(1999, 100'000);
   copies({asksRoom("1,999")}, true);
   room(2000, 100'000);
@@ -102,19 +102,17 @@ TEST_F(SpaceTest, ANearlyFullTargetIsAskedAbout) {
   copies({asksRoom("", "")}, false);
   room(5, 0);
   copies({asksRoom("5")}, true);
+  volume.info.fileSystem = "UDF";
+  copies({told("Cannot Copy Or Move To CD-Rom/DVD-Rom !\rFunction Exits !")}, false);
+  volume.info.fileSystem = "EXT4";
   room(1, 100'000);
   move({"a"});
   EXPECT_TRUE(rig.exists("C:\\To\\a.txt")) << "a move on one drive needs no room";
 }
 
-TEST_F(SpaceTest, ADiscIsNoTarget) {
-  volume.info.fileSystem = "UDF";
-  copies({told("Cannot Copy Or Move To CD-Rom/DVD-Rom !\rFunction Exits !")}, false);
-}
-
 TEST_F(SpaceTest, WhatIsSelectedMustFit) {
   rig.menu("ValCopyMove").choose();
-  EXPECT_EQ(rig.app().program.settings.get(core::setting::ValidateCM), "-1");
+  EXPECT_EQ(rig.app().program.settings.get(core::setting::ValidateCM), "1");
   // Bytes that are free, those of the file and of the folder that stand on the target already, and whether it fits.
   for (const auto& [available, file, folder, fits] : {std::tuple{4000u, 0u, 0u, false},
                                                       {4001, 0, 0, true},
@@ -136,19 +134,6 @@ TEST_F(SpaceTest, WhatIsSelectedMustFit) {
   }
   room(0, 0);
   copies({asksRoom(""), told("Cannot Validate DiskSpace !")}, true);
-}
-
-TEST(FreeSpaceText, InMegabytesOrKilobytes) {
-  const platform::RegionalFormats regional;
-  for (const auto& [bytes, text] : {std::pair{12'345'678'901ull, "[ 12,345 MB Free ]"},
-                                    {1'000'000ull, "[ 1 MB Free ]"},
-                                    {999'999ull, "[ 999 KB Free ]"}}) {
-    platform::DriveInfo drive;
-    drive.ready = true;
-    drive.freeBytes = bytes;
-    EXPECT_EQ(FreeSpaceText(drive, regional), text);
-  }
-  EXPECT_EQ(FreeSpaceText(platform::Error{}, regional), "[ NA ]");
 }
 
 }  // namespace

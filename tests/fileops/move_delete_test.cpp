@@ -54,12 +54,16 @@ TEST_F(MoveTest, AFolderStaysOnItsVolumeUnderOneLetterToo) {
   EXPECT_EQ(rig.names(right()), Names{"y|"});
 }
 
-TEST_F(MoveTest, AVanishedDriveIsRefusedInFrontOfTheDialog) {
+TEST_F(MoveTest, AVanishedDriveIsRefusedInFrontOfTheDialogAlsoByADelete) {
   write({"From\\a"});
   rig.makeFolder("D:\\To");
-  select({"a"}, {.to = "D:\\To"});
-  std::filesystem::rename(rig.scratch / "second", rig.scratch / "away");
-  start("Command3_Click", {told("Drive(s) Not ready !\rFunction Exits !")}, {});
+  for (const auto& [handler, drive] :
+       {std::pair{"Command3_Click", 'D'}, {"Command3_Click", 'C'}, {"Command4_Click", 'C'}}) {
+    rig.drives->away = {};
+    select({"a"}, {.to = "D:\\To"});
+    rig.drives->away = {drive};
+    start(handler, {told("Drive(s) Not ready !\rFunction Exits !")}, {});
+  }
   EXPECT_TRUE(rig.exists("C:\\From\\a"));
 }
 
@@ -74,14 +78,7 @@ class DeleteTest : public OperationTest {
 class SlowDrive : public platform::ForwardingFileSystem {
  public:
   using ForwardingFileSystem::ForwardingFileSystem;
-  platform::Result<platform::EntryInfo> info(const std::string& path) const override {
-    return asked(path), base_.info(path);
-  }
-  bool fileExists(const std::string& path) const override { return asked(path), base_.fileExists(path); }
   bool folderExists(const std::string& path) const override { return asked(path), base_.folderExists(path); }
-  platform::Result<std::uint64_t> fileSize(const std::string& path) const override {
-    return asked(path), base_.fileSize(path);
-  }
   platform::Result<void> copyFile(const std::string& from, const std::string& to, bool overwrite,
                                   const platform::Progress& progress) override {
     return asked(to), base_.copyFile(from, to, overwrite, progress);
@@ -110,9 +107,11 @@ TEST_F(DeleteTest, ADriveThatDoesNotAnswerHoldsUpNoWindow) {
   copy({"a"}, {}, places);
   move({"b"}, {}, places);
   remove({"c"}, {}, places);
-  rig.loop.meets({{"Form3"}});
-  ops().dropFiles(left(), {"D:\\To\\b.txt"}, false);
+  rig.write("D:\\Tree\\y.txt");
+  rig.loop.whenShows("Form3").reads({"Text1|MultiCopy Selected !", "Text3|D:\\From\\"}).press("Command11");
+  ops().dropFiles(left(), {"D:\\To\\b.txt", "D:\\Tree"}, false);
   EXPECT_TRUE(rig.exists("D:\\To\\a.txt") && rig.exists("D:\\To\\b.txt") && rig.exists("D:\\From\\b.txt"));
+  EXPECT_TRUE(rig.exists("D:\\From\\Tree\\y.txt") && form().View1Active());
   EXPECT_FALSE(rig.exists("D:\\From\\c.txt"));
 }
 

@@ -77,41 +77,29 @@ TEST_F(OverwriteTest, ThisOneSkipAndCancelHoldForOneItem) {
 // The user said All once, and it went on with all sorts of things.
 TEST_F(OverwriteTest, AllAnswersNothingElseAndEndsWithItsOperationHoweverThatEnds) {
   const Names everything = {"a", "b", "\\ Sub"};
-  const auto to = [&](const char* name) { protect(std::string("C:\\To\\") + name); };
-  const auto from = [&](const char* name) { protect(std::string("C:\\From\\") + name); };
-  const std::pair<const char*, std::function<void()>> cases[] = {
-      {"all",
-       [&] {
-         copy(everything, {existing(All), no()});
-       }},
-      {"all older",
-       [&] {
-         copy(everything, {existing(AllOlder), no()});
-       }},
-      {"all, and stopped",
-       [&] {
-         rig.loop.onTurn = [&] { ops().Form3.StopFlag = true; };
-         copy({"a", "b"}, {existing(All), told()});
-       }},
-      {"all, and failed",
-       [&] {
-         select({"a", "b"});
-         for (const char* path : {"C:\\From\\a", "C:\\To\\a"})
-           ASSERT_TRUE(files().deleteFile(path, true));
-         start("Command1_Click", {{"Form3"}}, {existing(All), no()});
-       }},
+  const auto stops = [&] { ops().Form3.StopFlag = true; };
+  const auto takesAway = [&] {
+    for (const char* path : {"C:\\From\\a", "C:\\To\\a"})
+      ASSERT_TRUE(files().deleteFile(path, true));
+  };
+  constexpr bool copies = false, removes = true;
+  const std::tuple<const char*, bool, Names, Names, Answers> cases[] = {
+      {"all", copies, {}, everything, {existing(All), no()}},
+      {"all older", copies, {}, everything, {existing(AllOlder), no()}},
+      {"all, and stopped", copies, {}, {"a", "b"}, {{"Form7", All, "", stops}, told()}},
+      {"all, and failed", copies, {}, {"a", "b"}, {{"Form7", All, "", takesAway}, no()}},
       {"all protected targets",
-       [&] {
-         to("a"), to("b"), copy(everything, {existing(ThisOne), isProtected(AnywayAll), existing(Skip), no()});
-       }},
+       copies,
+       {"To\\a", "To\\b"},
+       everything,
+       {existing(ThisOne), isProtected(AnywayAll), existing(Skip), no()}},
       {"all folders of a delete",
-       [&] {
-         from("a"), remove({"a", "\\ Other", "\\ Sub"}, {isProtected(SkipIt), {"Form11", "Command2"}});
-       }},
-      {"all protected files of a delete", [&] {
-         from("a"), from("b"), remove(everything, {isProtected(AnywayAll), no()});
-       }}};
-  for (const auto& [what, run] : cases) {
+       removes,
+       {"From\\a"},
+       {"a", "\\ Other", "\\ Sub"},
+       {isProtected(SkipIt), {"Form11", "Command2"}}},
+      {"all protected files of a delete", removes, {"From\\a", "From\\b"}, everything, {isProtected(AnywayAll), no()}}};
+  for (const auto& [what, deletes, locked, rows, answers] : cases) {
     SCOPED_TRACE(what);
     const auto fresh = [&] {
       for (const char* folder : {"C:\\From", "C:\\To"})
@@ -119,10 +107,11 @@ TEST_F(OverwriteTest, AllAnswersNothingElseAndEndsWithItsOperationHoweverThatEnd
       pairs({"a", "b", "Sub\\x", "Other\\y"}, 2012);
     };
     fresh();
-    run();
-    rig.loop.onTurn = {};
+    for (const std::string& name : locked)
+      protect("C:\\" + name);
+    deletes ? remove(rows, answers) : copy(rows, answers);
     fresh();
-    to("a"), from("b");
+    protect("C:\\To\\a"), protect("C:\\From\\b");
     copy(everything, {existing(Skip, "b"), existing(ThisOne, "a"), isProtected(SkipIt), no()});
     remove({"b", "\\ Sub"}, {isProtected(SkipIt), no()});
     EXPECT_EQ(replaced(), Set{});
@@ -192,40 +181,11 @@ TEST_F(OverwriteTest, AnswersAboutAttributes) {
   EXPECT_EQ(ops().Form10.AttrAnswer, AttributeAnswer::None);
 }
 
-TEST_F(OverwriteTest, TheTargetIsRenamedOutOfTheWay) {
+TEST_F(OverwriteTest, ATargetThatWasNotRenamedAfterAllStays) {
   pairs({"a"});
-  ops().policy.renameTarget = [&](const std::string& folder, const std::string& name) {
-    EXPECT_EQ(folder, "C:\\To\\");
-    EXPECT_TRUE(files().moveFile(folder + name, folder + "kept"));
-    form().CurrentItem = "something else";
-    return true;
-  };
-  copy({"a"}, {existing(RenameIt)});
-  EXPECT_EQ(replaced(), Set{"a"});
-  EXPECT_EQ(rig.read("C:\\To\\kept"), "old a");
-  // A rename that the user cancels, and one that fails, leave the target alone.
-  for (const bool cancelled : {true, false}) {
-    pairs({"a"});
-    ops().policy.renameTarget = [&](const std::string&, const std::string&) { return !cancelled; };
-    copy({"a"}, cancelled ? Answers{existing(RenameIt)} : Answers{existing(RenameIt), told()});
-    EXPECT_EQ(replaced(), Set{});
-  }
-}
-
-// The user overwrote links of a config folder, and the files behind them could be written from then on.
-TEST_F(OverwriteTest, OverwritingALinkLeavesTheFileBehindItAlone) {
-  for (const char* answer : {ThisOne, All}) {
-    pairs({"a"});
-    rig.write("C:\\Behind\\a", "behind");
-    protect("C:\\Behind\\a");
-    std::filesystem::remove(rig.systemPath("C:\\To\\a"));
-    std::filesystem::create_symlink("../Behind/a", rig.systemPath("C:\\To\\a"));
-    copy({"a"}, answer == All ? Answers{existing(All)} : Answers{existing(ThisOne), isProtected(Anyway)});
-    EXPECT_EQ(replaced(), Set{"a"});
-    EXPECT_EQ(rig.read("C:\\Behind\\a"), "behind");
-    EXPECT_EQ(files().attributes("C:\\Behind\\a").valueOr(0), platform::attribute::ReadOnly);
-    ASSERT_TRUE(files().deleteFile("C:\\Behind\\a", true));
-  }
+  ops().policy.renameTarget = [](const std::string&, const std::string&) { return true; };
+  copy({"a"}, {existing(RenameIt), told()});
+  EXPECT_EQ(replaced(), Set{});
 }
 
 TEST_F(OverwriteTest, CancelAndTheCloseBoxOfEachDialogChangeNothing) {

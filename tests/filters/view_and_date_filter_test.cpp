@@ -29,27 +29,22 @@ TEST_F(ViewFilterTest, BothPanelsShowWhatMatchesAndEveryFolder) {
   EXPECT_EQ(files(left()), Names{"d.txt"});
 }
 
-TEST_F(ViewFilterTest, AllFilesSwitchItOff) {
-  rig.startLeft();
-  viewFilter([](Form25& dialog) { type(dialog.Text2, "*.*"); });
-  EXPECT_EQ(files(left()), (Names{"a.txt", "b.doc", "c.jpg"})) << "a name without a point has none to match";
-  rig.menu("Viewall").choose();
-  EXPECT_EQ(files(left()).size(), 4u);
-  EXPECT_FALSE(rig.menu("Viewfilter").Accented || rig.menu("Viewuser").Checked);
-  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*) - Excl. Hidden and System Files.");
-}
-
-TEST_F(ViewFilterTest, ItStaysOnThroughListingsAndHiddenFiles) {
+TEST_F(ViewFilterTest, ItStaysOnThroughListingsAndHiddenFilesUntilAllFilesSwitchItOff) {
   rig.write("C:\\hidden.txt");
   setAttributes("C:\\hidden.txt", 2);
   rig.startLeft();
-  viewFilter([](Form25& dialog) { type(dialog.Text2, "*.txt"); });
-  write({"new.txt", "new.doc"});
+  viewFilter([](Form25& dialog) { type(dialog.Text2, "*.t*"); });
+  write({"new.txt", "new.doc", "t"});
   rig.menu("refrechview").choose();
-  EXPECT_EQ(files(left()), (Names{"a.txt", "new.txt"}));
+  EXPECT_EQ(files(left()), (Names{"a.txt", "new.txt"})) << "a name without a point has none to match";
   rig.menu("HidSysfiles").choose();
   EXPECT_EQ(files(left()), (Names{"a.txt", "hidden.txt", "new.txt"}));
-  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter: *.txt");
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter: *.t*");
+  rig.menu("HidSysfiles").choose();
+  rig.menu("Viewall").choose();
+  EXPECT_EQ(files(left()).size(), 7u);
+  EXPECT_FALSE(rig.menu("Viewfilter").Accented || rig.menu("Viewuser").Checked);
+  EXPECT_EQ(rig.menu("Viewfilter").Caption.get(), "|  View Filter:  All Files  (*.*) - Excl. Hidden and System Files.");
 }
 
 TEST_F(ViewFilterTest, SizesDatesAndAttributesMustAllHold) {
@@ -183,7 +178,7 @@ TEST_F(DateFilterTest, TheDateThatThePanelsShowCounts) {
   EXPECT_EQ(selected(left()), Names{}) << "it was made just now";
 }
 
-TEST_F(DateFilterTest, TheChosenDaysAreShownKeptAndStored) {
+TEST_F(DateFilterTest, TheChosenDaysAndThePatternAreShownKeptAndStored) {
   start();
   rig.loop.whenShows("Form6")
       .press("Command1")
@@ -191,8 +186,9 @@ TEST_F(DateFilterTest, TheChosenDaysAreShownKeptAndStored) {
         EXPECT_EQ(dialog.Caption.get(), "File Filter, - Date :  01-03-2007  <->  05-03-2007");
         EXPECT_EQ(filters().Form6.Command1.Caption.get(), "Date On");
         EXPECT_TRUE(filters().Form6.Command11.hasFocus());
+        type(filters().Form6.Text2, " *.zzz ");
       })
-      .press("Command2");
+      .press("Command11");
   rig.loop.whenShows("Form24")
       .reads({"Caption|Date (Regional Format) Filtering", "Label5|09-03-2007", "Label6|09-03-2007"})
       .run([this](controls::Form&) {
@@ -208,9 +204,9 @@ TEST_F(DateFilterTest, TheChosenDaysAreShownKeptAndStored) {
   EXPECT_EQ(rig.platform->settings.get("kelvarton", "datefilter", "Check"), "true");
 
   rig.restart();
-  start();
+  rig.startLeft();
   rig.loop.whenShows("Form6")
-      .reads("Caption", "File Filter, - Date :  01-03-2007  <->  05-03-2007")
+      .reads({"Text2|*.zzz", "Caption|File Filter, - Date :  01-03-2007  <->  05-03-2007"})
       .press("Command1")
       .press("Command2");
   rig.loop.whenShows("Form24").reads({"Label5|01-03-2007", "Label6|05-03-2007"}).press("Command2");

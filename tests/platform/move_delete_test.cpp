@@ -85,12 +85,18 @@ class OtherVolume : public MovesAndDeletes {
 };
 
 TEST_F(OtherVolume, AMoveOfAFileIsACopyAndThenADelete) {
-  temp.file("a", "bytes", Date{50, 0}).mode("a", 0640).link("l", "nowhere");
+  temp.file("a", "bytes", Date{50, 0}).link("l", "nowhere");
+  const uid_t owner = ::chown(temp.system("a").c_str(), 7, 8) == 0 ? 7 : ::getuid();
+  temp.mode("a", 06640);
+  ASSERT_TRUE(temp.files.copyFile(temp.at("a"), temp.at("c"), false));
+  EXPECT_EQ(temp.facts("c").st_mode & 07777, owner == 7 ? 0640u : 06640u) << "it would lend the rights of its maker";
   EXPECT_EQ(move("a", "other/b"), Done);
+  EXPECT_EQ(temp.facts("other/b").st_uid, owner);
+  ASSERT_EQ(remove("c"), Done);
   EXPECT_EQ(move("l", "other/"), Done);
   EXPECT_EQ(temp.read("other/b"), "bytes");
   EXPECT_EQ(temp.facts("other/b").st_mtim.tv_sec, 50);
-  EXPECT_EQ(temp.facts("other/b").st_mode & 0777, 0640u);
+  EXPECT_EQ(temp.facts("other/b").st_mode & 07777, 06640u);
   EXPECT_EQ(temp.linkText("other/l"), "nowhere");
   EXPECT_EQ(temp.names(), (Names{"other"}));
   temp.file("f/a", "1");

@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSlider>
+#include <QTableView>
 #include <QTextEdit>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -237,6 +238,10 @@ TEST_F(Adapters, WhatTheUserClicksArrivesOnce) {
   EXPECT_EQ(form.Combo1.Text.get(), "D:");
   EXPECT_EQ(form.Slider1.Value.get(), 6);
   EXPECT_EQ(form.MonthView1.Value.get(), (controls::MonthView::Day{2024, 3, 20}));
+  check.toggle();  // as assistive technology does
+  QTest::keyClick(month.findChild<QTableView*>(), Qt::Key_Left);
+  EXPECT_EQ(form.Check1.Value.get(), 0);
+  EXPECT_EQ(form.MonthView1.Value.get(), (controls::MonthView::Day{2024, 3, 19}));
 }
 
 TEST_F(Adapters, ATreeShowsItsNodesAndTellsClicksOnceAndNothingOfNodesThatAreGone) {

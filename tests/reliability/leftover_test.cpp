@@ -2,7 +2,7 @@
 
 #include "platform/posix/temp_file.hpp"
 #include "support/temp_folder.hpp"
-#include "world.hpp"
+#include "support/tree_snapshot.hpp"
 
 #include <iostream>
 
@@ -16,36 +16,6 @@ using platform::posix::isTemporaryName;
 using platform::posix::temporaryName;
 using platform::posix::UniqueFd;
 using Names = std::vector<std::string>;
-
-/// The process is killed as soon as the copy of a folder tells that it is on its way.
-struct Killing : platform::ForwardingFileSystem {
-  using ForwardingFileSystem::ForwardingFileSystem;
-  platform::Result<void> copyFolder(const std::string& from, const std::string& to, bool overwrite,
-                                    const platform::FolderProgress&, platform::LeftOuts* leftOut) override {
-    return base_.copyFolder(
-        from, to, overwrite, [](const auto&) { return ::raise(SIGKILL) == 0; }, leftOut);
-  }
-};
-
-TEST(AKilledFolderCopy, LeavesNothingBehindTheNextStart) {
-  World world;
-  for (int file = 0; file < 40; ++file)
-    world.file("C:/From/tree/" + std::to_string(file), pattern(1 << 20, 1));
-  world.file("D:/To/.vnh-mine", "mine");
-  const TreeSnapshot before = world.tree("D:/To");
-  ASSERT_TRUE(diesInChild([&] {
-    User user(world, [](auto& real) { return std::make_unique<Killing>(real); });
-    user.open("C:\\From", "D:\\To");
-    user.mark({"\\ tree"});
-    user.meets({{"Form3"}});
-    user.copies();
-  }));
-  ASSERT_NE(difference(before, world.tree("D:/To")), "");
-  ASSERT_TRUE(heldInChild([&] { User next(world); }));
-  EXPECT_EQ(difference(before, world.tree("D:/To")), "");
-  for (const std::string& name : world.names("data"))
-    EXPECT_FALSE(name.starts_with(".vnh-working-")) << "it is forgotten, too";
-}
 
 /// Files under temporary names of this program that nobody holds.
 class Leftover : public testing::Test {

@@ -38,12 +38,10 @@ TreeSnapshot World::all() const {
   return both;
 }
 
-std::vector<std::string> World::temporary(std::string_view folder, bool below) const {
+std::vector<std::string> World::temporary(std::string_view folder) const {
   std::vector<std::string> names;
-  for (const auto& [name, facts] : tree(folder)) {
-    const size_t at = name.rfind('/') + 1;
-    if (name.compare(at, 5, ".vnh-") == 0 && (below || at == 0)) names.push_back(name);
-  }
+  for (const auto& [name, facts] : tree(folder))
+    if (name.compare(name.rfind('/') + 1, 5, ".vnh-") == 0) names.push_back(name);
   return names;
 }
 

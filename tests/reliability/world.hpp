@@ -19,8 +19,8 @@ class World : public ScratchFolder {
   TreeSnapshot tree(std::string_view folder) const { return snapshot(system(folder)); }
   /// Both drives.
   TreeSnapshot all() const;
-  /// The temporary files in a folder, or in all below it.
-  std::vector<std::string> temporary(std::string_view folder, bool below = true) const;
+  /// The temporary files below a folder.
+  std::vector<std::string> temporary(std::string_view folder) const;
 
  private:
   ScopedMount second_;
@@ -43,9 +43,6 @@ class User {
   /// Runs on what is marked; the dialogs are to be expected before.
   void copies() { rig.command("Command1_Click"); }
   void moves() { rig.command("Command3_Click"); }
-  /// What was marked when it was gathered, into the folder of the left panel.
-  void pastes() { rig.command("WinPaste_Click"); }
-  void cleans() { rig.command("Command17_Click"); }
   void syncs() { rig.command("Com_Sync_Click"); }
   void swaps() { rig.command("ExFiles_Click"); }
   void deletes() { rig.command("Command4_Click"); }

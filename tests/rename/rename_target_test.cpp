@@ -67,21 +67,5 @@ TEST_F(RenameForOthersTest, ANameThatIsTakenTooIsAskedAboutWithoutEnd) {
   EXPECT_EQ(other("a.txt"), "old a.txt") << "\"All\" was said of the rename, not of the copy";
 }
 
-TEST_F(RenameForOthersTest, FavouritesAndBookmarksHaveTheirCaption) {
-  rig.write("C:\\Other\\site.url");
-  make({"a.txt"});
-  select({"a"});
-  rig.form().CurrentItem = "a.txt";
-  rig.loop.whenShows("Form14").reads("Caption", "Rename Favorit To : *.Url").run([&](controls::Form&) {
-    next("page.url");
-  });
-  EXPECT_EQ(rig.app().rename.renameOne(Caller::Favourite, "C:\\Other\\site.url"), "page.url");
-  EXPECT_TRUE(rig.exists("C:\\Other\\page.url"));
-  rig.loop.whenShows("Form14").reads("Caption", "Rename Bookmark To : *.Bmk").press("Command2");
-  EXPECT_EQ(rig.app().rename.renameOne(Caller::Bookmark, "C:\\Other\\page.url"), std::nullopt);
-  EXPECT_EQ(rig.form().CurrentItem, "a.txt");
-  EXPECT_EQ(rig.form().filecollect.items().size(), 1u) << "the selection of the panel stays";
-}
-
 }  // namespace
 }  // namespace varnholt::rename

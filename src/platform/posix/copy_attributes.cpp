@@ -55,11 +55,15 @@ int copyAll(const char* fromPath, int from, int to) {
 
 int copyExtendedAttributes(int from, int to) { return copyAll(nullptr, from, to); }
 
+void giveOwner(const struct stat& old, int newFd) {
+  if (::fchown(newFd, old.st_uid, old.st_gid) != 0) (void)!::fchown(newFd, static_cast<uid_t>(-1), old.st_gid);
+}
+
 void copyOwnership(const struct stat& old, int oldFd, int newFd) {
   const std::string path = "/proc/self/fd/" + std::to_string(oldFd);
   (void)copyAll(path.c_str(), -1, newFd);
   // The owner first: a change of owner takes set-user-id bits away again.
-  if (::fchown(newFd, old.st_uid, old.st_gid) != 0) (void)!::fchown(newFd, static_cast<uid_t>(-1), old.st_gid);
+  giveOwner(old, newFd);
   (void)::fchmod(newFd, old.st_mode & 07777);
 }
 

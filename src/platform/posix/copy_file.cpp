@@ -51,11 +51,22 @@ Failed judgeTarget(const struct stat& source, CopySide& to, const char* name, co
 /// What volumes say that have no modes, times or syncing of their own.
 bool cannotKeep(int error) { return error == EPERM || error == EOPNOTSUPP || error == ENOSYS; }
 
+/// A file that lends the rights of its owner or group to whoever runs it lends nobody else's.
+mode_t modeFor(int to, const struct stat& facts) {
+  constexpr mode_t lends = S_ISUID | S_ISGID;
+  struct stat made {};
+  const bool own = !(facts.st_mode & lends) ||
+                   (::fstat(to, &made) == 0 && made.st_uid == facts.st_uid && made.st_gid == facts.st_gid);
+  return facts.st_mode & (own ? 07777 : 07777 & ~lends);
+}
+
 /// Everything of a file but its bytes and its native attributes. Extended attributes before the mode: a file that may
-/// not be written takes none. Gives 0 or errno.
-int copyFacts(int from, int to, const struct stat& facts) {
+/// not be written takes none. A copy is its maker's; what is moved keeps its owner where that is allowed. Gives 0 or
+/// errno.
+int copyFacts(int from, int to, const struct stat& facts, bool moves) {
   if (const int error = copyExtendedAttributes(from, to)) return error;
-  if (::fchmod(to, facts.st_mode & 07777) != 0 && !cannotKeep(errno)) return errno;
+  if (moves) giveOwner(facts, to);
+  if (::fchmod(to, modeFor(to, facts)) != 0 && !cannotKeep(errno)) return errno;
   const timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
   return ::futimens(to, times) == 0 || cannotKeep(errno) ? 0 : errno;
 }
@@ -91,10 +102,10 @@ Failed fill(TempFile& file, int source, const FileCopy& copy, CopyMonitor& monit
   if (created) return atTarget(created);
   if (const int error = copyBytes(source, file.fd(), copy.facts, monitor))
     return error == ECANCELED ? stopped() : error == EIO ? atSource(error) : atTarget(error);
-  if (const int error = copyFacts(source, file.fd(), copy.facts)) return atTarget(error);
+  if (const int error = copyFacts(source, file.fd(), copy.facts, copy.rules.moves)) return atTarget(error);
   copyNativeAttributes(copy.from, copy.fromName, copy.to.store, file.openPath());
   // The old file goes only when the new one is on the disk.
-  const bool mustLast = copy.replaces || copy.rules.sync;
+  const bool mustLast = copy.replaces || copy.rules.moves;
   const int error = mustLast ? writeOut(file.fd(), copy.facts.st_size, monitor) : 0;
   if (error == ECANCELED) return stopped();
   return error ? atTarget(error) : Failed();
@@ -152,6 +163,7 @@ Failed copyLink(CopySide& from, const char* fromName, CopySide& to, const char* 
   if (auto failed = judgeTarget(facts, to, toName, rules, replaces)) return failed;
   if (const int error = replaces ? replaceByLink(text, to.folder, toName) : makeLink(text, to.folder, toName))
     return atTarget(error);
+  if (rules.moves) (void)!::fchownat(to.folder, toName, facts.st_uid, facts.st_gid, AT_SYMLINK_NOFOLLOW);
   const timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
   (void)::utimensat(to.folder, toName, times, AT_SYMLINK_NOFOLLOW);
   return {};
@@ -221,7 +233,7 @@ Result<void> copyFileTo(const std::string& from, const std::string& to, const Co
     failed->error.path = failed->atTarget ? to : from;
     return failed->error;
   }
-  const int error = rules.sync ? syncName(toSide.folder, target->name.c_str()) : 0;
+  const int error = rules.moves ? syncName(toSide.folder, target->name.c_str()) : 0;
   if (!error) return {};
   ::unlinkat(toSide.folder, target->name.c_str(), 0);
   return systemError(error, to);

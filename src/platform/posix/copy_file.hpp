@@ -23,7 +23,7 @@ struct CopyRules {
   /// of others is in it, and its files need no temporary names of their own.
   bool freshFolder = false;
   bool targetIsFree = false;  ///< nothing had the target's name when it was looked at, and nothing may be replaced
-  bool sync = false;          ///< the bytes must be on the disk before this returns
+  bool moves = false;         ///< the bytes must be on the disk before this returns, and the owner stays
   bool protectedToo = false;  ///< with overwrite: a target with read-only, hidden or system is replaced like any other
 };
 
@@ -41,7 +41,7 @@ std::optional<CopyFailure> copyEntry(CopySide& from, const char* fromName, unsig
 /// Attributes, where one side keeps them in a way of its own that copying extended attributes does not carry over.
 void copyNativeAttributes(CopySide& from, const char* fromName, AttributeStore& to, const std::string& toPath);
 
-/// FileSystem::copyFile and replaceFile on system paths. With `sync` the bytes and the name are on the disk when it
+/// FileSystem::copyFile and replaceFile on system paths. With `moves` the bytes and the name are on the disk when it
 /// succeeds, and the copy is gone again when it fails.
 Result<void> copyFileTo(const std::string& from, const std::string& to, const CopyRules& rules,
                         const Progress& progress);

@@ -10,6 +10,7 @@
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "platform/posix/tree_walk.hpp"
+#include "platform/posix/work_places.hpp"
 
 #include <fcntl.h>
 
@@ -18,11 +19,12 @@ namespace {
 
 struct CopyFolder final : WalkFolder {
   UniqueFd target;
-  UniqueFd rootPlace;         ///< the root only: the folder that holds the target
-  std::string targetName;     ///< the root only: the whole path
-  std::string temporaryName;  ///< until it is settled; empty for a folder that was there
-  bool made = false;          ///< by this copy
-  struct stat facts {};       ///< of the source
+  UniqueFd rootPlace;                 ///< the root only: the folder that holds the target
+  std::string targetName;             ///< the root only: the whole path
+  std::string temporaryName;          ///< until it is settled; empty for a folder that was there
+  bool made = false;                  ///< by this copy
+  std::atomic<bool> isNoted = false;  ///< as a place where a kill may leave something
+  struct stat facts {};               ///< of the source
   AttributeStore fromStore, toStore;
   size_t entriesRead = 0;
   std::atomic<size_t> entries = 0;  ///< all of them, when the last is read
@@ -133,6 +135,8 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
       return 0;
     }
     if (!fresh && errno != ENOENT) return errno == ENOTDIR || errno == ELOOP ? EEXIST : errno;
+    // What was there has been noted when it was swept. By its last name: under its temporary one it goes as a whole.
+    if (fresh && !folder.above()->isNoted.exchange(true)) noteWorkPlace(folder.above()->targetPath());
     const int error = makeTemporaryFolder(place, folder.temporaryName, folder.target);
     folder.made = error == 0;
     return error;

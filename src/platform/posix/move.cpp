@@ -132,7 +132,7 @@ Source sourceNow(const Move& move) {
 /// The source goes only when the copy and its name are on the disk, and only as what was copied: bytes written to it
 /// meanwhile are perhaps not in the copy. The copy goes again when the source stays with all that is in the copy.
 Result<void> moveAcross(const Move& move, const std::string& from, const std::string& to, const Progress& progress) {
-  if (auto copied = copyFileTo(from, to, {.sync = true}, progress); !copied) return copied;
+  if (auto copied = copyFileTo(from, to, {.moves = true}, progress); !copied) return copied;
   const Source source = sourceNow(move);
   if (source == Source::Gone) return {};  // somebody deleted it: the copy is all there is
   const Error changed = refusal(ErrorCode::Failed, from, "the file was changed while it was moved");

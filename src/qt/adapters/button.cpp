@@ -21,15 +21,21 @@ bool clickedByMnemonic(QAbstractButton& button, const QObject* watched, const QE
   return true;
 }
 
+// What can be checked is listened to by its state: assistive technology switches it without a click.
+
 class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
  public:
   ButtonAdapter(Host& host, controls::Button& control, QAbstractButton& widget) : Joined(host, control, widget) {
     // The form says which button Enter and Esc stand for.
     if (auto* push = qobject_cast<QPushButton*>(&drawn)) push->setAutoDefault(false);
-    connect(&drawn, &QAbstractButton::clicked, this, [this] {
-      showOn();  // a click does not switch the button, what comes of it may
-      this->host().fromUser([this] { self.press(); });
-    });
+    if (drawn.isCheckable())
+      connect(&drawn, &QAbstractButton::toggled, this, [this](bool on) {
+        if (updating() || on == self.Accented) return;
+        showOn();  // a click does not switch the button, what comes of it may
+        press();
+      });
+    else
+      connect(&drawn, &QAbstractButton::clicked, this, [this] { press(); });
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
@@ -54,6 +60,10 @@ class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
   }
 
  private:
+  void press() {
+    host().fromUser([this] { self.press(); });
+  }
+
   /// A button that is designed to be checked shows so that it is accented.
   void showOn() {
     if (drawn.isCheckable()) drawn.setChecked(self.Accented);
@@ -65,7 +75,9 @@ class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
 class CheckBoxAdapter : public Joined<controls::CheckBox, QCheckBox> {
  public:
   CheckBoxAdapter(Host& host, controls::CheckBox& control, QCheckBox& widget) : Joined(host, control, widget) {
-    connect(&drawn, &QCheckBox::clicked, this, [this] { this->host().fromUser([this] { self.toggleFromUser(); }); });
+    connect(&drawn, &QCheckBox::toggled, this, [this] {
+      if (!updating()) this->host().fromUser([this] { self.toggleFromUser(); });
+    });
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {

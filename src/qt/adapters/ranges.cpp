@@ -65,6 +65,10 @@ class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
       if (auto* button = drawn.findChild<QToolButton*>(QLatin1String(part))) button->setIcon(iconNamed(icon));
     connect(&drawn, &QCalendarWidget::clicked, this, &MonthViewAdapter::pick);
     connect(&drawn, &QCalendarWidget::activated, this, &MonthViewAdapter::pick);
+    // The day that the keys have gone to looks chosen.
+    connect(&drawn, &QCalendarWidget::selectionChanged, this, [this] {
+      if (!updating()) pick(drawn.selectedDate());
+    });
   }
 
  protected:
@@ -83,7 +87,8 @@ class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
 
  private:
   void pick(QDate date) {
-    host().fromUser([this, date] { self.pickFromUser({date.year(), date.month(), date.day()}); });
+    const controls::MonthView::Day day{date.year(), date.month(), date.day()};
+    if (self.Value.get() != day) host().fromUser([this, day] { self.pickFromUser(day); });
   }
 };
 
