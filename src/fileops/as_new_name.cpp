@@ -27,7 +27,9 @@ std::optional<std::string> AsNewName::begin(const std::string& file, bool moving
                                  .toolTip = "Key in Valit Filename With File Extension.",
                                  .pictureTip = "Copy As Or Move AS Function",
                                  .emptyAnswer = "Key in Valid File Name !.",
-                                 .preset = std::string(paths::fileName(file))});
+                                 .preset = std::string(paths::fileName(file)),
+                                 .beside = &window_,
+                                 .away = {.right = 2300, .down = 210}});
   if (name && rename(*name)) return waits_;
   end();
   return {};

@@ -13,7 +13,9 @@ namespace varnholt::fileops {
 /// Copy As and Move As: one file goes to its target by way of a work folder, where it gets its new name.
 class AsNewName {
  public:
-  AsNewName(panels::Desk& desk, Form32& dialog) : desk_(desk), dialog_(dialog) {}
+  /// `window` is the operation's own dialog.
+  AsNewName(panels::Desk& desk, const controls::Form& window, Form32& dialog)
+      : desk_(desk), window_(window), dialog_(dialog) {}
   AsNewName(const AsNewName&) = delete;
   AsNewName& operator=(const AsNewName&) = delete;
 
@@ -38,6 +40,7 @@ class AsNewName {
   std::string TmpFolder() const;
 
   panels::Desk& desk_;
+  const controls::Form& window_;
   Form32& dialog_;
   std::string origin_;     ///< the file as it was selected
   std::string waits_;      ///< the file in the work folder; empty: none

@@ -23,9 +23,8 @@ NameForm::NameForm(controls::MessageLoop& loop, std::string name) : Form(loop, s
   Command2.Click = [this] { UnloadForm(); };
 }
 
-void NameForm::placeBeside(const controls::Form& window) {
-  constexpr controls::Twips Away = 2000;
-  controls::standBeside(*this, window, Away, Away);
+void NameForm::placeBeside(const controls::Form& window, Away away) {
+  controls::standBeside(*this, window, away.right, away.down);
 }
 
 fileops::Form32::Form32(core::MessageDialogs& dialogs) : NameForm(dialogs.loop(), "Form32"), dialogs_(dialogs) {
@@ -43,7 +42,7 @@ std::optional<std::string> fileops::Form32::ask(NameQuestion question) {
   Text1.ToolTipText = question_.toolTip;
   Image1.ToolTipText = question_.pictureTip;
   Text1.Text = question_.preset;
-  question_.beside ? placeBeside(*question_.beside) : controls::standAsDesigned(*this);
+  question_.beside ? placeBeside(*question_.beside, question_.away) : controls::standAsDesigned(*this);
   ShowModal();
   return name_;
 }

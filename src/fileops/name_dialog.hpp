@@ -8,6 +8,11 @@
 
 namespace varnholt::fileops {
 
+/// How far a dialog for a name stands from the place of the window that asks: to the right and down.
+struct Away {
+  controls::Twips right = 2000, down = 2000;
+};
+
 /// What the small name dialog asks for, and how it says so.
 struct NameQuestion {
   std::string caption;
@@ -18,6 +23,7 @@ struct NameQuestion {
   std::string refusedCaption{};  ///< the caption from a refused name on; empty: it stays
   /// The window from whose place it stands; null: on its caller.
   const controls::Form* beside = nullptr;
+  Away away{};
 };
 
 /// What the dialogs that ask for a name have in common.
@@ -31,7 +37,7 @@ class NameForm : public controls::Form {
 
  protected:
   NameForm(controls::MessageLoop& loop, std::string name);
-  void placeBeside(const controls::Form& window);
+  void placeBeside(const controls::Form& window, Away away = {});
 };
 
 /// `Form32`: asks for one file name.

@@ -344,7 +344,7 @@ bool Operation::driveReady(const panels::Panel& panel) { return desk_.program.dr
 
 TargetOperation::TargetOperation(panels::Desk& desk, TargetForm& dialog, Space& space, Form32& nameDialog)
     : Operation(desk, dialog), target_(&dialog), space_(space) {
-  asNewName_.emplace(desk, nameDialog);
+  asNewName_.emplace(desk, dialog, nameDialog);
   dialog.Command3.Click = [this] { space_.selectsize(*target_); };
   dialog.Command4.Click = [this] { Command4_Click(); };
   dialog.Command5.Click = [this] { Command5_Click(); };

@@ -6,11 +6,14 @@
 namespace varnholt::platform {
 
 /// A moment: seconds since 1970-01-01 UTC (negative before it) and nanoseconds 0 to 999,999,999 after that second.
+/// Twelve bytes and not sixteen: each entry of a listing holds three.
+#pragma pack(push, 4)
 struct Date {
   std::int64_t seconds = 0;
   std::int32_t nanoseconds = 0;
   auto operator<=>(const Date&) const = default;
 };
+#pragma pack(pop)
 
 /// A moment taken apart in local time. month 1 to 12, day 1 to 31, weekday 0 (Sunday) to 6.
 struct CalendarTime {

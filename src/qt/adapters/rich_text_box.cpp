@@ -93,10 +93,12 @@ class RichTextBoxAdapter : public Joined<controls::RichTextBox, QTextEdit> {
   }
 
  private:
+  // Filled before it is shown: a document that is shown lays out anew at each insertion, seconds for a few megabytes.
   void show(const RichText& text) {
-    drawn.clear();
-    drawn.setCurrentCharFormat(drawnAs({}));
-    QTextCursor cursor(drawn.document());
+    auto* document = new QTextDocument(&drawn);
+    document->setDefaultFont(drawn.font());
+    document->setUndoRedoEnabled(false);
+    QTextCursor cursor(document);
     cursor.beginEditBlock();
     for (std::size_t at = 0; at < text.paragraphs.size(); ++at) {
       if (at > 0) cursor.insertBlock();
@@ -104,8 +106,11 @@ class RichTextBoxAdapter : public Joined<controls::RichTextBox, QTextEdit> {
         cursor.insertText(qt::toQt(run.text), drawnAs(run.format));
     }
     cursor.endEditBlock();
-    drawn.document()->clearUndoRedoStacks();
-    drawn.moveCursor(QTextCursor::Start);
+    document->setUndoRedoEnabled(true);
+    const QTextDocument* before = drawn.document();
+    drawn.setDocument(document);
+    if (before->parent() == &drawn) delete before;  // the first is the toolkit's own
+    if (document->isEmpty()) drawn.setCurrentCharFormat(drawnAs({}));
   }
 
   RichText document() const {
