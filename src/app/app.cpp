@@ -196,7 +196,9 @@ void App::bindHooks() {
       room->load();
   };
   navigation.ClickPane = [this] { selection.ClickPane(); };
-  selection.goTo = [this](panels::Panel& panel, const std::string& folder) { return navigation.goTo(panel, folder); };
+  selection.goTo = [this](panels::Panel& panel, const std::string& folder) {
+    return navigation.goToStored(panel, folder);
+  };
   dispatcher.commandEnded.listen([this] { activePanel.UpdateClock(); });
   trees.goTo = [this](panels::Panel& panel, const std::string& folder) {
     return !dispatcher.busy && navigation.goTo(panel, folder);

@@ -302,7 +302,7 @@ void Selection::memundo() {
   Panel* panel = form_.activePanel();
   if (!panel) return;
   const std::string folder = program_.settings.get(core::setting::viewpath);
-  if (!goTo || folder.empty() || !goTo(*panel, folder)) program_.dialogs.alert("Location has Changed and NOT Valid !");
+  if (!goTo || !goTo(*panel, folder)) program_.dialogs.alert("Location has Changed and NOT Valid !");
 }
 
 }  // namespace varnholt::panels
