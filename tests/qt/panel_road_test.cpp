@@ -145,7 +145,7 @@ TEST_P(PanelRoad, TheTreeWindowSendsThePanelWhereItIsToldByMouseAndKeysUnlessThe
   EXPECT_EQ(panel().inconsistency(), "");
 }
 
-TEST_P(PanelRoad, CtrlThatGoesUpElsewhereIsUpHereToo) {
+TEST_P(PanelRoad, CtrlThatGoesUpOrDownElsewhereDoesSoHereToo) {
   clickRow(4);
   QTest::keyPress(widget, Qt::Key_Control);
   ASSERT_TRUE(app.Form1.CtrlHeld);
@@ -158,9 +158,8 @@ TEST_P(PanelRoad, CtrlThatGoesUpElsewhereIsUpHereToo) {
   EXPECT_FALSE(app.Form1.CtrlHeld);
   clickRow(6);
   EXPECT_FALSE(panel().list.item(4).Ghosted()) << "a plain click drops the marks";
-}
 
-TEST_P(PanelRoad, ACtrlClickFromElsewhereKeepsTheMarks) {
+  // And what goes down elsewhere is down here.
   clickRow(4);
   clickRow(7, Ctrl);
   auto* drives = usable<QComboBox>(window, side.list == Left.list ? "Drive1" : "Drive2");
