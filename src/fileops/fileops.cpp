@@ -41,7 +41,7 @@ void FileOps::ValCopyMove_Click() {
   auto& entry = desk_.form.Menu["ValCopyMove"];
   entry.Checked = !entry.Checked;
   auto& value = desk_.program.init.ValidateCM;
-  value = entry.Checked ? "-1" : "0";
+  value = entry.Checked ? "1" : "0";
   desk_.program.settings.save(core::setting::ValidateCM, value);
 }
 

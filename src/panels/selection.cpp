@@ -199,7 +199,7 @@ void Selection::selectall_Click() {
   select(*panel,
          [&, folders = includesFolders()](controls::ListItem item) { return folders || !panel->isFolder(item); });
   reportSelected(*panel);
-  form_.statusLine("");
+  chooseItem(*panel, panel->list.SelectedItem());
 }
 
 void Selection::Inversel_Click() {
@@ -219,7 +219,7 @@ void Selection::Inversel_Click() {
     return !wasSelected[item.id()] && (folders || !panel->isFolder(item));
   });
   reportSelected(*panel);
-  form_.statusLine("");
+  chooseItem(*panel, panel->list.SelectedItem());
 }
 
 void Selection::Selsize_Click() {
@@ -276,7 +276,7 @@ void Selection::recall(Panel& panel, const std::unordered_set<std::string_view>&
   select(panel,
          [&](controls::ListItem item) { return panel.rows && names.contains(panel.rows->entry(item.id()).name); });
   program_.loop.screen().MousePointer = controls::pointer::Default;
-  form_.statusLine("");
+  chooseItem(panel, panel.list.SelectedItem());
   showCount(panel.list.selectedCount());
 }
 
@@ -287,7 +287,7 @@ void Selection::Command27_Click() {
   form_.panelRecall(panel->side).reset();
   listing_.colorreset(*panel);
   listing_.viewrefresh();
-  form_.statusLine("");
+  chooseItem(*panel, panel->list.SelectedItem());
 }
 
 void Selection::ResetRecall_Click() {

@@ -151,6 +151,7 @@ TEST_F(SelectionTest, ResetEmptiesTheRecallOfItsSideAndKeepsTheRow) {
   EXPECT_TRUE(form().panelRecall(panels::Side::Right).empty());
   EXPECT_FALSE(form().panelRecall(panels::Side::Left).empty());
   EXPECT_EQ(selected(right()), Names{"b.txt"});
+  EXPECT_EQ(status(status::Line), "Archive") << "it is still in hand";
 }
 
 TEST_F(SelectionTest, AFullRecallDropsTheOldestAndSaysSo) {

@@ -114,7 +114,7 @@ TEST_F(SpaceTest, ADiscIsNoTarget) {
 
 TEST_F(SpaceTest, WhatIsSelectedMustFit) {
   rig.menu("ValCopyMove").choose();
-  EXPECT_EQ(rig.app().program.settings.get(core::setting::ValidateCM), "-1");
+  EXPECT_EQ(rig.app().program.settings.get(core::setting::ValidateCM), "1");
   // Bytes that are free, those of the file and of the folder that stand on the target already, and whether it fits.
   for (const auto& [available, file, folder, fits] : {std::tuple{4000u, 0u, 0u, false},
                                                       {4001, 0, 0, true},
