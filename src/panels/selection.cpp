@@ -19,9 +19,7 @@ void Selection::Click(Panel& panel) {
 void Selection::KeySelect(Panel& panel, bool builds) { follow(panel, builds ? Keeping::NewOnes : Keeping::None); }
 
 void Selection::follow(Panel& panel, Keeping keeping) {
-  form_.Menu["Filefilter"].Visible = false;
-  form_.filterMark = false;
-  form_.Menu["Viewfilter"].Visible = true;
+  clearFilterLine();
   form_.setMode("SelectMode");
   active_.UpdateClock();
 
@@ -36,6 +34,11 @@ void Selection::follow(Panel& panel, Keeping keeping) {
   panel.list.ghostSelected(form_.CtrlHeld);
   if (form_.Menu.checked("Psi")) showCount(panel.list.selectedCount());
   form_.events.selectionChanged(panel);
+}
+
+void Selection::clearFilterLine() {
+  form_.Menu["Filefilter"].Visible = false;
+  form_.Menu["Viewfilter"].Visible = true;
 }
 
 void Selection::currentItem(Panel& panel, controls::ListItem item) {
@@ -138,8 +141,7 @@ void Selection::ResetAll() {
   resetcollect();
   ResetView(form_.Panel1);
   ResetView(form_.Panel2);
-  form_.filterMark = false;
-  form_.Menu["Filefilter"].Visible = false;
+  clearFilterLine();
 }
 
 // --- Reports -------------------------------------------------------------------------------------------------------
@@ -206,7 +208,7 @@ void Selection::Inversel_Click() {
   Panel* panel = form_.activePanel();
   if (!panel) return;
   form_.setMode("SelectMode");
-  form_.filterMark = false;
+  clearFilterLine();
   form_.statusLine("Calculating...  Please Wait !");
   controls::ListView& list = panel->list;
   std::vector<bool> wasSelected(list.count());

@@ -81,10 +81,9 @@ class Road:
             question = program.dialog("Alert !")
             expect("the way is named", program.says(question, way))
             program.click(program.named(question, "Execute"))
-            wait(way, lambda target=target, source=source: os.path.exists(f"{program.home}/{target}/only in {source}.txt"))
+            carried = lambda target, source: [self.text(f"{target}/{name}.txt") for name in ("two", "size", f"only in {source}")]
+            wait(way, lambda target=target, source=source: carried(target, source) == ["newer by three", "s", "new"])
             program.dialog("Compare - Sync.")
-            found = [self.text(f"{target}/{name}.txt") for name in ("two", "size")]
-            expect(f"{way}: {found}", found == ["newer by three", "s"])
             expect("nothing goes back", not os.path.exists(f"{program.home}/{source}/never from {target}.txt"))
         program.keys("alt+b", "alt+e")
         program.click(program.named(program.dialog("Alert !"), "Execute"))
