@@ -144,8 +144,13 @@ void App::bindPanel(panels::Panel& panel) {
   list.GotFocus = [this, &panel] { activePanel.GotFocus(panel); };
   // The key itself may have gone down while the keyboard was elsewhere.
   list.MouseDown = [this](const controls::MouseEvent& mouse) { Form1.CtrlHeld = mouse.modifiers.ctrl; };
-  list.Click = [this, &panel] { selection.Click(panel); };
-  list.KeySelect = [this, &panel](bool builds) { selection.KeySelect(panel, builds); };
+  // While a command works its mode word and its item stand, whatever is looked at.
+  list.Click = [this, &panel] {
+    if (!dispatcher.busy) selection.Click(panel);
+  };
+  list.KeySelect = [this, &panel](bool builds) {
+    if (!dispatcher.busy) selection.KeySelect(panel, builds);
+  };
   list.DblClick = [this, &panel] { keys.DblClick(panel); };
   list.ColumnClick = [this, &panel](int number) { listing.ColumnClick(panel, number); };
   list.KeyDown = [this, &panel](controls::KeyEvent& event) { keys.KeyDown(panel, event); };
@@ -196,7 +201,9 @@ void App::bindHooks() {
       room->load();
   };
   navigation.ClickPane = [this] { selection.ClickPane(); };
-  selection.goTo = [this](panels::Panel& panel, const std::string& folder) { return navigation.goTo(panel, folder); };
+  selection.goTo = [this](panels::Panel& panel, const std::string& folder) {
+    return navigation.goToStored(panel, folder);
+  };
   dispatcher.commandEnded.listen([this] { activePanel.UpdateClock(); });
   trees.goTo = [this](panels::Panel& panel, const std::string& folder) {
     return !dispatcher.busy && navigation.goTo(panel, folder);

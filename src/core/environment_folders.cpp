@@ -19,6 +19,7 @@ std::string findSystemFolder(const platform::Platform& platform, const std::stri
 }
 
 void loadWindowsFolder(const platform::Platform& platform, MessageDialogs& dialogs, EnvironmentFolders& folders) {
+  folders.windir.clear();
   const std::string value = platform.environment.variable("windir");
   if (isLongEnough(value)) {
     if (platform.files.folderExists(value)) {

@@ -43,19 +43,12 @@ struct DataFile {
   std::string_view literal;
   bool (*isOurs)(const Lines& lines);
 };
-constexpr DataFile DataFiles[] = {{DirHis, isListOfPaths},
-                                  {FileHis, isListOfPaths},
-                                  {CompHis_L, isListOfPaths},
-                                  {CompHis_R, isListOfPaths},
-                                  {GetFolders, isListOfPaths},
-                                  {OpenHis, isListOfTexts},
-                                  {FolderSearchHis, isListOfTexts},
-                                  {GetQF, isListOfItems},
-                                  {MostUsed, isListOfEntries},
-                                  {TempUrl, isShortcut},
-                                  {Log, isLog},
-                                  {Crash, isCrashReport},
-                                  {LeftOut, isListOfPaths}};
+constexpr DataFile DataFiles[] = {
+    {DirHis, isListOfPaths},          {FileHis, isListOfPaths},    {CompHis_L, isListOfPaths},
+    {CompHis_R, isListOfPaths},       {GetFolders, isListOfPaths}, {OpenHis, isListOfTexts},
+    {FolderSearchHis, isListOfTexts}, {GetQF, isListOfItems},      {MostUsed, isListOfEntries},
+    {PresetIni, isListOfTexts},       {TempUrl, isShortcut},       {Log, isLog},
+    {Crash, isCrashReport},           {LeftOut, isListOfPaths}};
 
 /// Removes what the program has written and notes what stays.
 class Removal {

@@ -53,7 +53,6 @@ void Filters::match(panels::Panel& panel, const Criteria& criteria) {
     if (panel.isFolder(item)) continue;
     if (test.passes(panel.compareText(item), panel.rows->entry(item.id()))) take(panel, item);
   }
-  desk_.form.filterMark = panel.list.selectedCount() > 0;
   desk_.form.statusLine("");
   desk_.selection.reportSelected(panel);
   program.loop.screen().MousePointer = pointer::Default;

@@ -20,10 +20,8 @@ void ActivePanel::GotFocus(Panel& panel) {
   for (auto* button : form_.commandButtons())
     button->FontUnderline = false;
   form_.setActive(panel.side);
-  const auto info = drive(panel);
-  if (info) form_.StatusBar1.setPanel(status::FileSystem, info->fileSystem);
+  showDrive(panel);
   if (auto item = panel.list.SelectedItem()) item->EnsureVisible();
-  showFreeSpace(info);
   form_.StatusBar1.setPanel(status::ActiveView, left ? "View1Active" : "View2Active");
   colorLists();
   form_.Command27.MousePointer = controls::pointer::Hourglass;
@@ -46,7 +44,12 @@ platform::Result<platform::DriveInfo> ActivePanel::drive(const Panel& panel) con
   return program_.drive(panel.driveRoot().front());
 }
 
+void ActivePanel::followDrive(const Panel& panel) {
+  if (shownDrive_ != panel.driveRoot()) showDrive(panel);
+}
+
 void ActivePanel::showDrive(const Panel& panel) {
+  shownDrive_ = panel.driveRoot();
   const auto info = drive(panel);
   if (info) form_.StatusBar1.setPanel(status::FileSystem, info->fileSystem);
   showFreeSpace(info);

@@ -18,6 +18,8 @@ class ActivePanel {
   void UpdateClock();
   /// File system and free space of the panel's drive in the status bar.
   void showDrive(const Panel& panel);
+  /// The same, if the panel has come to another drive.
+  void followDrive(const Panel& panel);
   void showFreeSpace(const Panel& panel);
 
   /// Colours of the active and of the other list, from the list colour set.
@@ -30,6 +32,7 @@ class ActivePanel {
 
   Form1& form_;
   core::Program& program_;
+  std::string shownDrive_;
 };
 
 }  // namespace varnholt::panels

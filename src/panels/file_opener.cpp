@@ -16,22 +16,19 @@ namespace paths = platform::paths;
 constexpr std::string_view Archives[] = {"zip", "cab", "rar", "arj"};
 constexpr const char* NoExplorer = "Cannot Find Explorer.exe, - Function Exits";
 
-// Replaces every place of `mark`, its letter case ignored; true when there was one. Marks are ASCII, and so is the
-// comparison: folding more could move the places.
-bool replaceMark(std::string& text, std::string_view mark, const std::string& value) {
+/// What stands for a text in a command that was stored.
+struct Mark {
+  std::string_view text;
+  const std::string& value;
+  bool isPath = false;
+};
+
+// Marks are ASCII, their letter case ignored.
+bool begins(std::string_view text, std::string_view mark) {
   const auto sameLetter = [](char a, char b) {
     return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
   };
-  bool found = false;
-  auto from = text.begin();
-  while (true) {
-    const auto at = std::search(from, text.end(), mark.begin(), mark.end(), sameLetter);
-    if (at == text.end()) return found;
-    const auto offset = at - text.begin();
-    text.replace(at, at + static_cast<std::ptrdiff_t>(mark.size()), value);
-    from = text.begin() + offset + static_cast<std::ptrdiff_t>(value.size());
-    found = true;
-  }
+  return std::ranges::equal(text.substr(0, mark.size()), mark, sameLetter);
 }
 
 }  // namespace
@@ -66,7 +63,7 @@ void FileOpener::openByType(const std::string& path) {
     Filehis_store(path);
     return;
   }
-  program_.dialogs.inform("Trying Alternate Opening Method ! .....");
+  program_.dialogs.alert("Trying Alternate Opening Method ! .....");
   OpenItemPath(path);
 }
 
@@ -78,12 +75,21 @@ std::string FileOpener::reggetdata(const std::string& path) const {
 
 std::string FileOpener::PathChange(const std::string& command, const std::string& path) const {
   const std::string quoted = platform::quoteArgument(path);
-  std::string text = command;
-  replaceMark(text, "%systemroot%", program_.folders.SystemRoot);
-  replaceMark(text, "%programfiles%", program_.folders.ProgramFiles);
+  const Mark marks[] = {{"\"%1\"", quoted, true},
+                        {"\"%l\"", quoted, true},
+                        {"%1", quoted, true},
+                        {"%l", quoted, true},
+                        {"%systemroot%", program_.folders.SystemRoot},
+                        {"%programfiles%", program_.folders.ProgramFiles}};
+  std::string text;
   bool marked = false;
-  for (const std::string_view mark : {"\"%1\"", "\"%l\"", "%1", "%l"})
-    if (!marked) marked = replaceMark(text, mark, quoted);
+  for (std::string_view rest = command; !rest.empty();) {
+    const auto* mark = std::ranges::find_if(marks, [&](const Mark& each) { return begins(rest, each.text); });
+    const bool found = mark != std::end(marks);
+    text += found ? std::string_view(mark->value) : rest.substr(0, 1);
+    marked = marked || (found && mark->isPath);
+    rest.remove_prefix(found ? mark->text.size() : 1);
+  }
   return marked ? text : text + ' ' + quoted;
 }
 

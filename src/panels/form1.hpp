@@ -92,7 +92,6 @@ class Form1 : public controls::Form {
 
   bool VDT_Aktive = false;  ///< the Virtual DeskTop has the keyboard: commands on the panels' items are refused
   bool CtrlHeld = false;    ///< the Ctrl key is down in a panel
-  bool filterMark = false;  ///< the selection was made by the file filter
   RecallBuffer& panelRecall(Side side) { return recall_[side == Side::Left ? 0 : 1]; }
   /// The mode word: names the running function, shown in the status bar.
   const std::string& mode() const { return mode_; }

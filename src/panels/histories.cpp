@@ -80,7 +80,10 @@ void Histories::forgetVanished(const core::Program& program, std::function<void(
     auto gone = std::make_shared<std::vector<std::string>>(std::move(asked));
     program.loop.runBeside(
         [gone, &disk = program.platform.files] {
-          std::erase_if(*gone, [&](const std::string& folder) { return disk.folderExists(folder); });
+          std::erase_if(*gone, [&](const std::string& folder) {
+            const auto path = disk.resolve(folder);
+            return path && disk.folderExists(*path);
+          });
         },
         [this, gone, changed] {
           for (const auto& folder : *gone)

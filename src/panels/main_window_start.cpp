@@ -153,7 +153,7 @@ void MainWindowStart::LoadHistoryFiles() {
 
 void MainWindowStart::Form_Activate() {
   auto& menu = d_.form.Menu;
-  d_.drives.refresh();
+  if (!d_.dispatcher.busy) d_.drives.refresh();
   const bool first = !std::exchange(activated_, true);
   menu["TipStart"].Checked = d_.tip.LoadTip.Value == 0;
   // Closing the tip activates the window again: once a run is enough.

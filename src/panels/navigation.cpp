@@ -11,6 +11,11 @@ namespace paths = platform::paths;
 
 bool Navigation::exists(const std::string& folder) const { return program_.files().folderExists(folder); }
 
+std::string Navigation::spelled(const std::string& stored) const {
+  const auto path = program_.files().resolve(stored);
+  return path && exists(*path) ? *path : std::string();
+}
+
 // --- Showing a folder ----------------------------------------------------------------------------------------------
 
 void Navigation::list(Panel& panel) {
@@ -21,6 +26,8 @@ void Navigation::list(Panel& panel) {
 
 void Navigation::noteFolder(Panel& panel) {
   histories_.noteLastFolder(panel.path());
+  ViewDriveSelection();
+  if (form_.activePanel() == &panel) active_.followDrive(panel);
   showPlace();
   form_.events.folderChanged();
 }
@@ -148,10 +155,14 @@ bool Navigation::goTo(Panel& panel, const std::string& folder) {
   panel.setPath(folder);
   fstack_push(panel);
   enter(panel);
-  ViewDriveSelection();
   Folderhis_store(panel);
   browseButtons(panel);
   return true;
+}
+
+bool Navigation::goToStored(Panel& panel, const std::string& stored) {
+  const std::string folder = spelled(stored);
+  return !folder.empty() && goTo(panel, folder);
 }
 
 bool Navigation::visit(Panel& panel, const std::string& folder) {
@@ -214,7 +225,6 @@ void Navigation::ResetHomeDrive_Click() {
     enter(*panel);
     browseButtons(*panel);
   }
-  ViewDriveSelection();
   listing_.viewrefresh();
   if (ClickPane) ClickPane();
 }
@@ -230,9 +240,10 @@ void Navigation::leaveVanished() {
 }
 
 void Navigation::ImageCombo1_Click() {
-  const std::string folder = form_.ImageCombo1.Text;
-  if (folder.empty()) return;
-  if (!program_.files().folderExists(folder)) {
+  const std::string chosen = form_.ImageCombo1.Text;
+  if (chosen.empty()) return;
+  const std::string folder = spelled(chosen);
+  if (folder.empty()) {
     program_.dialogs.alert("Invalid Path, - Folder Do Not Exist !");
     return;
   }
@@ -242,8 +253,8 @@ void Navigation::ImageCombo1_Click() {
 
 std::string Navigation::folderForDrive(const std::string& drive) const {
   if (form_.Menu.checked("WinStart")) {
-    const std::string last = histories_.lastFolder(drive);
-    if (!last.empty() && exists(last)) return last;
+    const std::string last = spelled(histories_.lastFolder(drive));
+    if (!last.empty()) return last;
   }
   return drive + "\\";
 }
@@ -266,7 +277,6 @@ void Navigation::DriveChange(Panel& panel) {
     browseButtons(panel);
     Folderhis_store(panel);
     panel.list.SetFocus();
-    active_.showDrive(panel);
   }
   form_.Menu["WinStart"].Enabled = true;
 }
@@ -283,8 +293,7 @@ void Navigation::store_Click() {
 void Navigation::memfolder() {
   Panel* panel = form_.activePanel();
   if (!panel) return;
-  const std::string folder = program_.settings.get(core::setting::viewStorepath);
-  if (!goTo(*panel, folder)) {
+  if (!goToStored(*panel, program_.settings.get(core::setting::viewStorepath))) {
     program_.dialogs.alert("Location has Changed and NOT Valid !");
     return;
   }
@@ -292,9 +301,9 @@ void Navigation::memfolder() {
 }
 
 void Navigation::Presetfolder() {
-  const std::string left = program_.settings.get(core::setting::view1path);
-  const std::string right = program_.settings.get(core::setting::view2path);
-  if (!exists(left) || !exists(right)) {
+  const std::string left = spelled(program_.settings.get(core::setting::view1path));
+  const std::string right = spelled(program_.settings.get(core::setting::view2path));
+  if (left.empty() || right.empty()) {
     program_.dialogs.alert("Location has Changed and NOT Valid !");
     return;
   }
@@ -305,7 +314,6 @@ void Navigation::Presetfolder() {
 void Navigation::goToPair(const std::string& left, const std::string& right) {
   goTo(form_.Panel1, left);
   goTo(form_.Panel2, right);
-  ViewDriveSelection();
 }
 
 void Navigation::Folderhis_store(const Panel& panel) {

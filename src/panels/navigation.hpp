@@ -43,6 +43,8 @@ class Navigation {
   /// folder, and the panel stays.
   bool GoToDirection(const std::string& target);
   bool goTo(Panel& panel, const std::string& folder);
+  /// To a folder that a stored text names, in whatever letter case. False: it is not there, and the panel stays.
+  bool goToStored(Panel& panel, const std::string& stored);
   /// Shows a folder for a while: no history hears of it. False: there is no such folder, and the panel stays.
   bool visit(Panel& panel, const std::string& folder);
   /// Both panels go to folders that are there; title and history box are the active one's.
@@ -89,6 +91,8 @@ class Navigation {
   void browseButtons(Panel& panel);
   std::string folderForDrive(const std::string& drive) const;
   bool exists(const std::string& folder) const;
+  /// The folder that a stored text names, as the disk spells it; empty: it is not there.
+  std::string spelled(const std::string& stored) const;
 
   Form1& form_;
   core::Program& program_;

@@ -180,6 +180,7 @@ Rows viewRows(Desk& d) {
              d.drives.refresh();
              d.navigation.leaveVanished();
              d.listing.viewrefresh();
+             d.navigation.showPlace();
            }},
       {.handler = "Viewall_Click",
        .toolTip = "Show all files in both panels",

@@ -24,6 +24,12 @@ std::string properCaseParts(std::string_view path) {
   }
 }
 
+// A path that stands in quotes by itself, without them.
+std::string unquoted(const std::string& line) {
+  const bool isQuoted = line.size() > 2 && line.front() == '"' && line.find('"', 1) == line.size() - 1;
+  return isQuoted ? line.substr(1, line.size() - 2) : line;
+}
+
 }  // namespace
 
 void PanelKeys::KeyDown(Panel& panel, controls::KeyEvent& event) {
@@ -119,7 +125,7 @@ void PanelKeys::pathKey(Panel& panel, controls::KeyEvent& event) {
 
 void PanelKeys::goToTyped(Panel& panel) {
   if (d_.dispatcher.busy) return;
-  std::string typed(core::trimmed(panel.controls.Text.Text.get()));
+  std::string typed = unquoted(std::string(core::trimmed(panel.controls.Text.Text.get())));
   if (typed.size() == 2 && typed.back() == ':') typed += '\\';
   // The list takes the keyboard first, since it is the active panel that goes; what was typed waits meanwhile.
   panel.list.SetFocus();
@@ -157,11 +163,11 @@ void PanelKeys::Text3_KeyDown(controls::KeyEvent& event) {
 }
 
 void PanelKeys::runLine() {
-  const std::string line = d_.form.Text3.Text;
+  const std::string line(core::trimmed(d_.form.Text3.Text.get()));
   if (d_.dispatcher.busy || line.empty()) return;
   std::string command = line;
   // A typed path may spell its parts in another letter case than the disk does.
-  if (const auto path = d_.program.files().resolve(line)) {
+  if (const auto path = d_.program.files().resolve(unquoted(line))) {
     command = platform::quoteArgument(*path);
     if (d_.program.files().folderExists(*path))
       command = platform::quoteArgument(paths::join(d_.program.folders.windir, "explorer.exe")) + ' ' + command;

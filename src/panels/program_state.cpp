@@ -123,7 +123,7 @@ void ProgramState::collectFromMenus() {
 void ProgramState::StoreProgramState() {
   collectFromMenus();
   if (program_.init.FolderHistory == "1") histories_.store(program_);
-  if (program_.init.AutoPosition == "1") Program_pos_Click();
+  if (program_.init.AutoPosition == "1" && !positionsReset_) Program_pos_Click();
   core::Settings::Batch batch;
   core::StoreInitSettings(program_.init, batch);
   batch.add(setting::SysHidShow, flag(form_.Menu["HidSysfiles"].Checked));
@@ -175,8 +175,7 @@ void ProgramState::ReturnDefault_Click() {
   if (answer != controls::MessageAnswer::Ok) return;
   if (program_.settings.holds(setting::Hight)) program_.settings.removeSection(setting::Hight);
   if (program_.settings.holds(setting::W1Col1)) program_.settings.removeSection(setting::W1Col1);
-  // Saving the positions at this exit would undo the reset.
-  form_.Menu["Auto_Save"].Checked = false;
+  positionsReset_ = true;
   Command10_Click();
 }
 

@@ -58,6 +58,7 @@ class ProgramState {
   core::Program& program_;
   Histories& histories_;
   bool ended_ = false;
+  bool positionsReset_ = false;  ///< saving them at this exit would undo it
 };
 
 }  // namespace varnholt::panels

@@ -19,9 +19,7 @@ void Selection::Click(Panel& panel) {
 void Selection::KeySelect(Panel& panel, bool builds) { follow(panel, builds ? Keeping::NewOnes : Keeping::None); }
 
 void Selection::follow(Panel& panel, Keeping keeping) {
-  form_.Menu["Filefilter"].Visible = false;
-  form_.filterMark = false;
-  form_.Menu["Viewfilter"].Visible = true;
+  clearFilterLine();
   form_.setMode("SelectMode");
   active_.UpdateClock();
 
@@ -36,6 +34,11 @@ void Selection::follow(Panel& panel, Keeping keeping) {
   panel.list.ghostSelected(form_.CtrlHeld);
   if (form_.Menu.checked("Psi")) showCount(panel.list.selectedCount());
   form_.events.selectionChanged(panel);
+}
+
+void Selection::clearFilterLine() {
+  form_.Menu["Filefilter"].Visible = false;
+  form_.Menu["Viewfilter"].Visible = true;
 }
 
 void Selection::currentItem(Panel& panel, controls::ListItem item) {
@@ -138,8 +141,7 @@ void Selection::ResetAll() {
   resetcollect();
   ResetView(form_.Panel1);
   ResetView(form_.Panel2);
-  form_.filterMark = false;
-  form_.Menu["Filefilter"].Visible = false;
+  clearFilterLine();
 }
 
 // --- Reports -------------------------------------------------------------------------------------------------------
@@ -199,14 +201,14 @@ void Selection::selectall_Click() {
   select(*panel,
          [&, folders = includesFolders()](controls::ListItem item) { return folders || !panel->isFolder(item); });
   reportSelected(*panel);
-  form_.statusLine("");
+  chooseItem(*panel, panel->list.SelectedItem());
 }
 
 void Selection::Inversel_Click() {
   Panel* panel = form_.activePanel();
   if (!panel) return;
   form_.setMode("SelectMode");
-  form_.filterMark = false;
+  clearFilterLine();
   form_.statusLine("Calculating...  Please Wait !");
   controls::ListView& list = panel->list;
   std::vector<bool> wasSelected(list.count());
@@ -219,7 +221,7 @@ void Selection::Inversel_Click() {
     return !wasSelected[item.id()] && (folders || !panel->isFolder(item));
   });
   reportSelected(*panel);
-  form_.statusLine("");
+  chooseItem(*panel, panel->list.SelectedItem());
 }
 
 void Selection::Selsize_Click() {
@@ -276,7 +278,7 @@ void Selection::recall(Panel& panel, const std::unordered_set<std::string_view>&
   select(panel,
          [&](controls::ListItem item) { return panel.rows && names.contains(panel.rows->entry(item.id()).name); });
   program_.loop.screen().MousePointer = controls::pointer::Default;
-  form_.statusLine("");
+  chooseItem(panel, panel.list.SelectedItem());
   showCount(panel.list.selectedCount());
 }
 
@@ -287,7 +289,7 @@ void Selection::Command27_Click() {
   form_.panelRecall(panel->side).reset();
   listing_.colorreset(*panel);
   listing_.viewrefresh();
-  form_.statusLine("");
+  chooseItem(*panel, panel->list.SelectedItem());
 }
 
 void Selection::ResetRecall_Click() {
@@ -302,7 +304,7 @@ void Selection::memundo() {
   Panel* panel = form_.activePanel();
   if (!panel) return;
   const std::string folder = program_.settings.get(core::setting::viewpath);
-  if (!goTo || folder.empty() || !goTo(*panel, folder)) program_.dialogs.alert("Location has Changed and NOT Valid !");
+  if (!goTo || !goTo(*panel, folder)) program_.dialogs.alert("Location has Changed and NOT Valid !");
 }
 
 }  // namespace varnholt::panels

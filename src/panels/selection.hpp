@@ -52,7 +52,7 @@ class Selection {
   /// Marks, selection and colours of the active list off; the Recall stays.
   void ResetView();
   void ResetView(Panel& panel);
-  /// `resetcollect`, both lists as by ResetView, the file filter's mark and line cleared.
+  /// `resetcollect`, both lists as by ResetView, the file filter's line cleared.
   void ResetAll();
   void nonselect() { NoItemsSelected(" No Items selected. ! "); }
   void NoItemsSelected(const std::string& text) { program_.dialogs.inform(text); }
@@ -86,6 +86,8 @@ class Selection {
   /// What clicks and keys have in common: item in hand, marks and collected items follow what is selected.
   void follow(Panel& panel, Keeping keeping);
   void currentItem(Panel& panel, controls::ListItem item);
+  /// The selection is no longer the file filter's: its line gives way to that of the view.
+  void clearFilterLine();
   void collectSelected(Panel& panel, Keeping keeping);
   static RowSet selectedRows(Panel& panel);
   void letRowsGo();

@@ -2,7 +2,6 @@
 
 #include "core/item_text.hpp"
 #include "core/program_files.hpp"
-#include "core/text_file.hpp"
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
@@ -30,7 +29,7 @@ bool PresetStore::isReserved(std::string_view name) {
 
 std::vector<std::string> PresetStore::names() {
   if (!program_.files().fileExists(path())) (void)program_.files().writeFile(path(), "");
-  auto lines = core::readLines(program_.files(), path());
+  auto lines = core::splitEntries(kept_.read(path()));
   for (std::string& line : lines)
     line = platform::upperCase(line);
   return lines;
@@ -41,12 +40,15 @@ std::string PresetStore::text(const std::string& name) const {
 }
 
 FolderPair PresetStore::folders(const std::string& name) const {
-  return {program_.settings.get(keyOf(name, setting::view1path.key)),
-          program_.settings.get(keyOf(name, setting::view2path.key))};
+  const auto folder = [&](const core::SettingKey& key) {
+    const std::string stored = program_.settings.get(keyOf(name, key.key));
+    return program_.files().resolve(stored).valueOr(stored);
+  };
+  return {folder(setting::view1path), folder(setting::view2path)};
 }
 
 bool PresetStore::write(const std::vector<std::string>& names) {
-  const auto written = core::writeLines(program_.files(), path(), names);
+  const auto written = kept_.writeLines(path(), names);
   if (!written) program_.dialogs.alert("Presets Not Stored !, - " + written.error().text);
   return static_cast<bool>(written);
 }

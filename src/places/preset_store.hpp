@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/kept_files.hpp"
 #include "core/program.hpp"
 #include "places/folder_pair.hpp"
 
@@ -13,7 +14,7 @@ namespace varnholt::places {
 /// Names are in upper case throughout.
 class PresetStore {
  public:
-  explicit PresetStore(core::Program& program) : program_(program) {}
+  explicit PresetStore(core::Program& program) : program_(program), kept_(program) {}
 
   /// Names in the order in which they were made. A file that is missing is made empty.
   std::vector<std::string> names();
@@ -33,6 +34,7 @@ class PresetStore {
   void removeSection(const std::string& name);
 
   core::Program& program_;
+  core::KeptFiles kept_;
 };
 
 }  // namespace varnholt::places

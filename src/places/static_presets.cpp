@@ -126,7 +126,7 @@ void places::Form20::setTexts() {
 }
 
 void places::Form20::open() {
-  if (!desk_.files().folderExists(desk_.program.platform.environment.variable("windir"))) {
+  if (!desk_.files().folderExists(desk_.program.folders.windir)) {
     desk_.program.dialogs.critical("%windir% folder not found !, - make/set [windir=windows folder] Entvirontvariable");
     return;
   }

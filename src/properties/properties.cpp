@@ -3,7 +3,11 @@
 namespace varnholt::properties {
 
 Properties::Properties(panels::Desk& desk, fileops::Desktop& desktop)
-    : Form15(desk.program.loop), Form18(desk.program.loop), items(desk, desktop, Form15), attributes(desk, Form18) {}
+    : Form15(desk.program.loop),
+      Form18(desk.program.loop),
+      items(desk, desktop, Form15),
+      attributes(desk, Form18),
+      desk_(desk) {}
 
 void Properties::addCommands(panels::CommandTable& table) {
   table.add({
@@ -21,7 +25,7 @@ void Properties::addCommands(panels::CommandTable& table) {
        .menuText = "Pr&operties...",
        .shortcut = "Ctrl+U",
        .newGroup = true,
-       .run = [this] { items.Command15_Click(); }},
+       .run = [this] { desk_.dispatcher.perform("Command15_Click"); }},
       {.handler = "multiAtribut_Click",
        .toolTip = "Set the attributes of the selected files",
        .icon = "attributes",

@@ -20,6 +20,9 @@ class Properties : public panels::Room {
   properties::Form18 Form18;
   ItemProperties items;
   AttributeChange attributes;
+
+ private:
+  panels::Desk& desk_;
 };
 
 }  // namespace varnholt::properties

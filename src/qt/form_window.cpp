@@ -34,7 +34,11 @@ bool canBegin(const QWidget& widget) {
 // What a window manager puts around a window, about: kept free when a window is fitted to the screen.
 constexpr int FrameAllowance = 32, FrameSides = 8;
 
-int pixels(controls::Twips twips) { return static_cast<int>(std::lround(twips / controls::TwipsPerPixel)); }
+// A stored number may be anything.
+int pixels(controls::Twips twips) {
+  constexpr double Most = 1e6;
+  return static_cast<int>(std::lround(std::clamp(twips / controls::TwipsPerPixel, -Most, Most)));
+}
 
 bool isDrawn(const controls::Control& control) {
   return control.kind() != controls::Kind::Timer && control.kind() != controls::Kind::MenuItem;
@@ -274,8 +278,10 @@ void FormWindow::place(const QWidget* caller) {
     updateLayout();
     if (qobject_cast<QDialog*>(widget_.data())) widget_->resize(comfortableSize(room.size()));
     wanted = QRect(QPoint(), widget_->size());
+    if (staysWhereItStood && form_.Width > 0) wanted.setWidth(wantedPlace().width());
+    if (staysWhereItStood && form_.Height > 0) wanted.setHeight(wantedPlace().height());
     wanted.moveCenter(caller ? caller->frameGeometry().center() : room.center());
-    if (form_.Width <= 0 && !wantedPlace().topLeft().isNull()) wanted.moveTopLeft(wantedPlace().topLeft());
+    if (!hasPlace() && !wantedPlace().topLeft().isNull()) wanted.moveTopLeft(wantedPlace().topLeft());
   }
   putAt(wanted, room);
 }

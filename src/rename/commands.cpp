@@ -17,7 +17,7 @@ void Rename::addCommands(panels::CommandTable& table) {
        .heading = "File",
        .menuText = "&Rename...",
        .newGroup = true,
-       .run = [this] { RenFileFolder_Click(); }},
+       .run = [this] { desk_.dispatcher.perform("Command14_Click"); }},
   });
 }
 

@@ -55,11 +55,6 @@ void Rename::Command14_Click() {
   close();
 }
 
-void Rename::RenFileFolder_Click() {
-  Command14_Click();
-  desk_.dispatcher.busy = false;
-}
-
 void Rename::ViewIdent() {
   items_.clear();
   const std::string folder = desk_.form.activePanel()->path();

@@ -26,7 +26,6 @@ class Rename : public panels::Room {
   void addCommands(panels::CommandTable& table) override;
   std::vector<controls::Form*> dialogs() override { return {&Form14}; }
   void Command14_Click();
-  void RenFileFolder_Click();
   /// One file for another room, under that caller's caption; the selection, the item in hand and the mode word stay as
   /// they are. Gives the new name, or nothing when the file has kept its own.
   std::optional<std::string> renameOne(Caller caller, const std::string& path);

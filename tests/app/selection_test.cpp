@@ -151,6 +151,7 @@ TEST_F(SelectionTest, ResetEmptiesTheRecallOfItsSideAndKeepsTheRow) {
   EXPECT_TRUE(form().panelRecall(panels::Side::Right).empty());
   EXPECT_FALSE(form().panelRecall(panels::Side::Left).empty());
   EXPECT_EQ(selected(right()), Names{"b.txt"});
+  EXPECT_EQ(status(status::Line), "Archive") << "it is still in hand";
 }
 
 TEST_F(SelectionTest, AFullRecallDropsTheOldestAndSaysSo) {
@@ -184,6 +185,10 @@ TEST_F(SelectionTest, TheLastCommandIsRememberedUnlessLocked) {
   const auto stored = [&] { return core::Settings(rig.platform->settings).get(core::setting::LastCommandNumber); };
   rig.command("selectall_Click");
   EXPECT_EQ(stored(), "15");
+  rig.loop.meets({test::noticed(" No Items selected. ! ")});
+  left().list.selectNone();
+  rig.menu("RenFileFolder").choose();
+  EXPECT_EQ(stored(), "9") << "by its menu entry as by its button";
   rig.command("Command16_Click");
   EXPECT_EQ(stored(), "6");
   rig.menu("RLC").choose();

@@ -269,6 +269,7 @@ TEST_F(StartTest, MissingLineImagesAreToldAndLeaveTheGrid) {
 TEST_F(StartTest, ResettingToDefaultsAsksFirst) {
   core::Settings(rig.platform->settings).save(core::setting::Hight, 6000.0);
   ASSERT_TRUE(rig.start());
+  rig.menu("Auto_Save").choose();
   const std::string text = "Varnholt Resets To Default Positions/Size !\rProgram Shut Down... !";
   for (const auto answer : {MessageAnswer::Cancel, MessageAnswer::Ok}) {
     rig.loop.whenBox("Alert !", answer, text);
@@ -276,6 +277,7 @@ TEST_F(StartTest, ResettingToDefaultsAsksFirst) {
     EXPECT_EQ(rig.loop.quitAsked, answer == MessageAnswer::Ok);
     EXPECT_EQ(setting(core::setting::Hight), answer == MessageAnswer::Ok ? "" : "6000");
   }
+  EXPECT_EQ(setting(core::setting::AutoPosition), "1") << "the choice is not one of the positions";
 }
 
 TEST_F(StartTest, UninstallingNeedsTwoConfirmations) {
@@ -317,6 +319,7 @@ TEST_F(StartTest, UninstallingLeavesTheUsersOwnFilesAndNamesThem) {
   for (const char* ours : {"\\Bookmarks\\a.Bmk", "\\VDT_Projects\\Default.Pro", "\\Favorites\\Work\\a.url"})
     write(ours, "x");
   write("\\FileHis.Dat", "C:\\a.txt\r\n");
+  write("\\Preset.Ini", "HOME\r\n");
   const Names users = {at("\\Temp.Url"), at("\\Favorites\\list.txt"), at("\\Notes"), at("\\Tmp\\moved once.txt"),
                        at("\\SwapTmp\\half a swap")};
   write("\\Temp.Url", "my own address");
@@ -332,7 +335,7 @@ TEST_F(StartTest, UninstallingLeavesTheUsersOwnFilesAndNamesThem) {
     EXPECT_TRUE(files.fileExists(at(name))) << name;
   for (const char* gone : {"\\Bookmarks", "\\VDT_Projects", "\\Favorites\\Work", "\\Collections"})
     EXPECT_FALSE(files.folderExists(at(gone))) << gone;
-  EXPECT_FALSE(files.fileExists(at("\\FileHis.Dat")));
+  EXPECT_FALSE(files.fileExists(at("\\FileHis.Dat")) || files.fileExists(at("\\Preset.Ini")));
 }
 
 TEST_F(StartTest, LeavingCleansOnlyTheProgramsOwnTemporaryFiles) {

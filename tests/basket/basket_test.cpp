@@ -68,8 +68,9 @@ TEST_F(BasketTest, IsPastedInTheOrderOfAddingIntoTheActivePanelAndStaysFull) {
     rig.app().dispatcher.perform("Command1_Click");
     rig.app().dispatcher.perform("WinPaste_Click");
     rig.key(left(), controls::key::Left);
-    left().list.item(0).setSelected(true);
-    rig.app().selection.ClickPane();
+    left().list.pressFromUser(0, {});
+    left().list.releaseFromUser({});
+    EXPECT_EQ(form().mode(), "PasteMode");
   };
   rig.loop.meets({{"Form7", "Command11", "Source FileName:     a.txt", [&] {
                      EXPECT_FALSE(rig.app().fileops.Form7.Command4.Enabled) << "no target is renamed in a paste";

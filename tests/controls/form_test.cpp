@@ -1,6 +1,5 @@
 #include "controls/menu.hpp"
 #include "controls/standard.hpp"
-#include "controls/tree_view.hpp"
 #include "support/scripted_loop.hpp"
 
 namespace varnholt::controls {
@@ -28,13 +27,6 @@ TEST_F(FormTest, LoadsAtItsFirstShowAndAgainAfterUnloading) {
   EXPECT_FALSE(form.Visible);
   form.Show();
   EXPECT_EQ(loads, 2);
-}
-
-TEST_F(FormTest, QueryUnloadCanKeepTheWindow) {
-  form.QueryUnload = [](bool& keep) { keep = true; };
-  form.Show();
-  form.closeFromUser();
-  EXPECT_TRUE(form.Visible);
 }
 
 TEST_F(FormTest, FocusMovesOnceAndIsRefusedToWhatCannotHaveIt) {
@@ -99,17 +91,6 @@ TEST_F(FormTest, AHandlerMayUnloadItsOwnFormOrReplaceItself) {
   EXPECT_FALSE(form.Visible);
   Command1.press();
   EXPECT_EQ(second, 1);
-}
-
-TEST_F(FormTest, TreePathsJoinWithoutDoublingARootsBackslash) {
-  TreeView tree{form, "TreeView1"};
-  auto& root = tree.add(nullptr, "C:\\");
-  auto& photos = tree.add(&root, "Photos");
-  EXPECT_EQ(tree.add(&photos, "2024").fullPath(), "C:\\Photos\\2024");
-  bool opened = false;
-  tree.Expand = [&](TreeNode& node) { opened = node.Expanded; };
-  tree.expandFromUser(photos, true);
-  EXPECT_TRUE(opened);
 }
 
 }  // namespace

@@ -39,17 +39,6 @@ TEST(Rows, ShowTheClassOfTheirAttributes) {
     EXPECT_EQ(itemClass(value), classes.contains(value) ? classes.at(value) : FileClass) << value;
 }
 
-TEST(Rows, SortByTheirHiddenKeys) {
-  std::vector<std::string> keys;
-  for (const std::uint64_t size : {1ull, 9ull, 10ull, 999ull, 1000ull, 1'000'000ull, 999'999'999'999ull})
-    keys.push_back(sizeKey(size, english));
-  EXPECT_TRUE(std::is_sorted(keys.begin(), keys.end()));
-  EXPECT_EQ(keys[4], "000,000,001,000");
-  EXPECT_EQ(sizeKey(0, english), "0");
-  EXPECT_EQ(panelSize(0, english), "0");
-  EXPECT_EQ(panelSize(1'234'567, english), "1,234,567");
-}
-
 TEST(Rows, CountDaysFromTheEndOf1899) {
   const std::pair<platform::CalendarTime, std::int64_t> cases[] = {
       {{1899, 12, 30}, 0},     {{1900, 3, 1}, 61},   {{2007, 3, 9, 23, 59, 59}, 39150},

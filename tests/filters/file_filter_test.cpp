@@ -38,11 +38,11 @@ TEST_F(FileFilterTest, MarksCountsAndRemembersWhatItTook) {
   EXPECT_EQ(form().StatusBar1.panel(panels::status::SelectedCount), "2  Item(s) Selected");
   EXPECT_EQ(form().StatusBar1.panel(panels::status::SizeReport), "2 Item(s) ,  In 1,234 Bytes");
   EXPECT_EQ(form().mode(), "FilterMode");
-  EXPECT_TRUE(form().filterMark);
   EXPECT_EQ(form().panelRecall(panels::Side::Left).names().back(), "b.txt");
 
   rig.click(left(), "c");
-  EXPECT_FALSE(form().filterMark);
+  EXPECT_FALSE(rig.menu("Filefilter").Visible);
+  EXPECT_TRUE(rig.menu("Viewfilter").Visible);
 }
 
 TEST_F(FileFilterTest, NoMatchAndNoPatternAreToldAndCancelLeavesTheSelection) {

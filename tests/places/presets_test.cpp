@@ -123,7 +123,7 @@ TEST_F(PresetsTest, AListThatCannotBeWrittenAndAWindowsFolderThatIsGoneAreTold) 
   rig.loop.meets({test::told("Presets Not Stored !, - No space left on device")});
   rig.command("Command12_Click");
   EXPECT_EQ(stored("HOME", "view1path"), "");
-  files.vanishes = rig.platform->environment.variable("windir");
+  files.vanishes = rig.app().program.folders.windir;
   rig.loop.whenBox("Alert !", controls::MessageAnswer::Ok,
                    "%windir% folder not found !, - make/set [windir=windows folder] Entvirontvariable");
   rig.command("Command12_Click");
@@ -132,6 +132,7 @@ TEST_F(PresetsTest, AListThatCannotBeWrittenAndAWindowsFolderThatIsGoneAreTold) 
 TEST_F(PresetsTest, EnterAndDoubleClickTakeBothPanelsThere) {
   show("C:\\Work", "D:\\Backup");
   make("work");
+  ASSERT_TRUE(rig.platform->settings.save("presets", "WORK", "view2path", "d:\\BACKUP"));  // as it was spelled once
   for (const bool byKey : {true, false}) {
     show("C:\\Photos", "C:\\Photos");
     const auto before = rows(presets().Form34.ListView1);

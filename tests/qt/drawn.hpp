@@ -17,10 +17,10 @@ bool waitFor(Condition condition) {
   return QTest::qWaitFor(condition, 10'000);
 }
 
-/// A picture's file, red all over.
-inline std::string redPicture(const QSize& size, const char* format = "PNG") {
+/// A picture's file, of one colour all over.
+inline std::string redPicture(const QSize& size, const char* format = "PNG", Qt::GlobalColor color = Qt::red) {
   QImage red(size, QImage::Format_RGB32);
-  red.fill(Qt::red);
+  red.fill(color);
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScopeGuard>
 #include <QScreen>
 
 namespace varnholt::test {
@@ -167,20 +168,6 @@ TEST(Icons, AreDrawnAtTheDensityOfTheScreenAndAnUnknownOneIsASquare) {
   EXPECT_TRUE(qt::iconNamed("").isNull());
 }
 
-/// Makes the application's font larger while it lives.
-class LargerFont {
- public:
-  explicit LargerFont(double factor) : before_(QApplication::font()) {
-    QFont larger = before_;
-    larger.setPointSizeF(before_.pointSizeF() * factor);
-    QApplication::setFont(larger);
-  }
-  ~LargerFont() { QApplication::setFont(before_); }
-
- private:
-  QFont before_;
-};
-
 void expectNothingCut(const std::string& where, const QWidget& window) {
   for (const auto* label : window.findChildren<QLabel*>()) {
     if (!label->isVisible()) continue;
@@ -199,21 +186,20 @@ void expectNothingCut(const std::string& where, const QWidget& window) {
 }
 
 TEST_F(DrawnForms, NothingIsCutInLargerFonts) {
-  for (const double factor : {1.0, 1.5}) {
-    const LargerFont font(factor);
-    qt::QtMessageLoop fresh;
-    app::App drawn{fresh, *rig.platform};
-    fillMessages(drawn.dialogs);
-    for (controls::Form* form :
-         std::initializer_list<controls::Form*>{&drawn.dialogs.Form11, &drawn.dialogs.Form12, &drawn.dialogs.Form13,
-                                                &drawn.Form35, &drawn.frmTip, &drawn.frmSplash, &drawn.Form1}) {
-      form->Show();
-      QWidget* window = windowOf(fresh, *form);
-      QCoreApplication::processEvents();
-      expectNothingCut(form->name() + " at " + std::to_string(factor), *window);
-      form->Visible = false;
-      fresh.flush();
-    }
+  const QFont before = QApplication::font();
+  const auto back = qScopeGuard([&] { QApplication::setFont(before); });
+  QFont larger = before;
+  larger.setPointSizeF(before.pointSizeF() * 1.5);
+  QApplication::setFont(larger);
+  fillMessages(app.dialogs);
+  for (controls::Form* form :
+       std::initializer_list<controls::Form*>{&app.dialogs.Form11, &app.dialogs.Form12, &app.dialogs.Form13,
+                                              &app.Form35, &app.frmTip, &app.frmSplash, &app.Form1}) {
+    QWidget& window = draw(*form).widget();
+    QCoreApplication::processEvents();
+    expectNothingCut(form->name(), window);
+    form->Visible = false;
+    loop.flush();
   }
 }
 
