@@ -107,9 +107,8 @@ class RichTextBoxAdapter : public Joined<controls::RichTextBox, QTextEdit> {
     }
     cursor.endEditBlock();
     document->setUndoRedoEnabled(true);
-    const QTextDocument* before = drawn.document();
     drawn.setDocument(document);
-    if (before->parent() == &drawn) delete before;  // the first is the toolkit's own
+    delete std::exchange(filled_, document);
     if (document->isEmpty()) drawn.setCurrentCharFormat(drawnAs({}));
   }
 
@@ -160,6 +159,7 @@ class RichTextBoxAdapter : public Joined<controls::RichTextBox, QTextEdit> {
   }
 
   unsigned version_ = 0;
+  QTextDocument* filled_ = nullptr;  ///< the widget's, but for the first, which is the toolkit's own
   std::shared_ptr<char> here_ = std::make_shared<char>();
 };
 
