@@ -9,13 +9,25 @@ namespace varnholt::panels {
 namespace paths = platform::paths;
 
 PanelRows::PanelRows(platform::ListingPtr listing, const FileTest& shows, RowFormat format)
-    : listing_(std::move(listing)), format_(std::move(format)) {
-  entries_.reserve(listing_->folders().size() + listing_->files().size());
-  for (const auto& folder : listing_->folders())
-    entries_.push_back(&folder);
-  folders_ = rowCount();
-  for (const auto& file : listing_->files())
-    if (!shows || shows(file)) entries_.push_back(&file);
+    : listing_(std::move(listing)),
+      folders_(static_cast<std::uint32_t>(listing_->folders().size())),
+      format_(std::move(format)) {
+  const auto& files = listing_->files();
+  if (shows)
+    for (std::uint32_t number = 0; number < files.size(); ++number)
+      if (shows(files[number])) shown_.push_back(number);
+  leavesOut_ = shows && shown_.size() < files.size();
+  if (!leavesOut_) shown_ = std::vector<std::uint32_t>();
+}
+
+std::uint32_t PanelRows::rowCount() const {
+  return folders_ + static_cast<std::uint32_t>(leavesOut_ ? shown_.size() : listing_->files().size());
+}
+
+const platform::Entry& PanelRows::entry(std::uint32_t row) const {
+  if (isFolder(row)) return listing_->folders()[row];
+  const std::uint32_t number = row - folders_;
+  return listing_->files()[leavesOut_ ? shown_[number] : number];
 }
 
 std::string PanelRows::cell(std::uint32_t row, int column) const {
