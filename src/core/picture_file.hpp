@@ -9,8 +9,8 @@ namespace varnholt::core {
 bool hasPictureName(std::string_view name);
 /// How much of a file is enough to tell.
 inline constexpr std::size_t PictureBeginning = 4096;
-/// The format of a picture that begins with these bytes: "bmp", "gif", "heif" (with HEIC and AVIF), "ico" (with pointers),
-/// "jpeg", "png", "svg", "tiff" or "webp"; empty for what is drawn as no picture.
+/// The format of a picture that begins with these bytes: "bmp", "gif", "heif" (with HEIC and AVIF), "ico" (with
+/// pointers), "jpeg", "png", "svg", "tiff" or "webp"; empty for what is drawn as no picture.
 std::string_view pictureFormat(std::string_view bytes);
 
 }  // namespace varnholt::core
