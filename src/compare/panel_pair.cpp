@@ -13,8 +13,7 @@ void PanelPair::SourceToTarget_Click() {
 void PanelPair::follow(panels::Panel& panel) {
   const std::string folder = desk_.form.otherPanel(panel).path();
   desk_.dispatcher.busy = true;
-  if (!paths::sameFolder(panel.path(), folder) && desk_.navigation.goTo(panel, folder))
-    desk_.navigation.ViewDriveSelection();
+  if (!paths::sameFolder(panel.path(), folder)) desk_.navigation.goTo(panel, folder);
   desk_.dispatcher.busy = false;
   desk_.selection.ClickPane();
 }

@@ -16,7 +16,8 @@ namespace {
 
 namespace paths = platform::paths;
 
-// A box fills at about two megabytes a second, and nothing else happens meanwhile.
+// One of this length stands after a second, or after four where it is a few long paragraphs, and nothing else happens
+// meanwhile.
 constexpr std::uint64_t LongestNote = 8u << 20;
 constexpr const char *DefaultName = "My Note Name", *EmptyName = "Key File Name!",
                      *FirstWords = "Write your Note Here:";
