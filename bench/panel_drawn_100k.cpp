@@ -1,7 +1,8 @@
 // What a user waits for in a drawn panel of 100,000 rows, from the press to the painted window: the whole program on a
 // display, with events as the toolkit sends them.
 //   bench_panel_drawn_100k FOLDER            prints "case <tab> ours_ms <tab> limit_ms"
-//   bench_panel_drawn_100k FOLDER resident   prints the bytes that the program holds with FOLDER in both panels
+//   bench_panel_drawn_100k FOLDER both       prints the bytes that the program holds with FOLDER in both panels
+//   bench_panel_drawn_100k FOLDER left       the same with the left panel alone in the folder "big" of FOLDER
 
 #include "drawn_program.hpp"
 
@@ -12,6 +13,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <string_view>
 
 #include <unistd.h>
 
@@ -37,8 +39,20 @@ class Resident : public bench::DrawnProgram {
  public:
   using DrawnProgram::DrawnProgram;
 
- private:
+ protected:
   void measureAll() override { std::printf("%ld\n", residentBytes()); }
+};
+
+class ResidentLeft : public Resident {
+ public:
+  using Resident::Resident;
+
+ private:
+  void measureAll() override {
+    app_.navigation.goTo(app_.Form1.Panel1, "C:\\big");
+    settle();
+    Resident::measureAll();
+  }
 };
 
 class Measured : public bench::DrawnProgram {
@@ -133,5 +147,8 @@ class Measured : public bench::DrawnProgram {
 }  // namespace
 
 int main(int argc, char** argv) {
-  return argc > 2 ? bench::measureDrawn<Resident>(argc, argv) : bench::measureDrawn<Measured>(argc, argv);
+  const std::string_view what = argc > 2 ? argv[2] : "";
+  if (what == "both") return bench::measureDrawn<Resident>(argc, argv);
+  if (what == "left") return bench::measureDrawn<ResidentLeft>(argc, argv);
+  return bench::measureDrawn<Measured>(argc, argv);
 }

@@ -1,8 +1,12 @@
 #include "panels/panel_rows.hpp"
 
 #include "platform/paths.hpp"
+#include "platform/text_fold.hpp"
 
+#include <algorithm>
 #include <limits>
+#include <optional>
+#include <utility>
 
 namespace varnholt::panels {
 
@@ -28,6 +32,30 @@ const platform::Entry& PanelRows::entry(std::uint32_t row) const {
   if (isFolder(row)) return listing_->folders()[row];
   const std::uint32_t number = row - folders_;
   return listing_->files()[leavesOut_ ? shown_[number] : number];
+}
+
+std::vector<bool> PanelRows::named(const std::unordered_set<std::string_view>& names) const {
+  std::vector<bool> found(rowCount());
+  const auto numberIn = [](const std::vector<platform::Entry>& entries, std::string_view name) {
+    const auto key = std::pair(platform::foldCase(name), name);
+    const auto place = std::ranges::lower_bound(entries, key, {}, [](const platform::Entry& each) {
+      return std::pair(platform::foldCase(each.name), each.name);
+    });
+    const bool isIt = place != entries.end() && place->name == name;
+    return isIt ? std::optional(static_cast<std::uint32_t>(place - entries.begin())) : std::nullopt;
+  };
+  for (const std::string_view name : names) {
+    if (const auto folder = numberIn(listing_->folders(), name)) found[*folder] = true;
+    auto file = numberIn(listing_->files(), name);
+    if (!file) continue;
+    if (leavesOut_) {
+      const auto place = std::ranges::lower_bound(shown_, *file);
+      if (place == shown_.end() || *place != *file) continue;
+      file = static_cast<std::uint32_t>(place - shown_.begin());
+    }
+    found[folders_ + *file] = true;
+  }
+  return found;
 }
 
 std::string PanelRows::cell(std::uint32_t row, int column) const {

@@ -8,6 +8,8 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace varnholt::panels {
@@ -49,6 +51,8 @@ class PanelRows : public controls::RowSource {
 
   const platform::Entry& entry(std::uint32_t row) const;
   bool isFolder(std::uint32_t row) const { return row < folders_; }
+  /// Which rows have one of these names, by row. Names are looked up in the order of the listing.
+  std::vector<bool> named(const std::unordered_set<std::string_view>& names) const;
   /// The row as it travels: a folder with its path in the folder that the rows are of, a file by its name.
   core::Item item(std::uint32_t row, const std::string& folder) const;
 

@@ -275,8 +275,8 @@ void Selection::recall(Panel& panel, const std::unordered_set<std::string_view>&
   resetcollect();
   panel.list.selectNone();
   panel.list.clearGhosted();
-  select(panel,
-         [&](controls::ListItem item) { return panel.rows && names.contains(panel.rows->entry(item.id()).name); });
+  const auto wanted = panel.rows ? panel.rows->named(names) : std::vector<bool>();
+  select(panel, [&](controls::ListItem item) { return item.id() < wanted.size() && wanted[item.id()]; });
   program_.loop.screen().MousePointer = controls::pointer::Default;
   chooseItem(panel, panel.list.SelectedItem());
   showCount(panel.list.selectedCount());

@@ -27,13 +27,14 @@ struct Entry {
   std::string_view name;             ///< program form; lives as long as the Listing it came from
   std::uint64_t size = 0;            ///< bytes; 0 for folders
   Date modified, created, accessed;  ///< created is the birth time, or modified where the volume has none
-  Attributes attributes = 0;
-  EntryKind kind = EntryKind::File;
-  bool isLink = false;
-  bool isDangling = false;
-  bool hasDates = true;    ///< false when the entry could not be asked (no permission, vanished)
-  bool isIndexed = false;  ///< attributes are stored, and they do not forbid an indexing service
+  Attributes attributes : 24 = 0;    ///< the words of DOS attributes go no further; see attribute
+  EntryKind kind : 2 = EntryKind::File;
+  bool isLink : 1 = false;
+  bool isDangling : 1 = false;
+  bool hasDates : 1 = true;    ///< false when the entry could not be asked (no permission, vanished)
+  bool isIndexed : 1 = false;  ///< attributes are stored, and they do not forbid an indexing service
 };
+static_assert(sizeof(Entry) == 64, "a folder may hold a million of them");
 
 /// One folder, read in one pass. Folders and files apart, each by lowered name and then by bytes.
 /// Owns the bytes of the names; may hold 100,000 entries, so it is shared and not copied.

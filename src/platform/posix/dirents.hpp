@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <memory>
 
 #include <dirent.h>
@@ -24,7 +25,7 @@ class DirentBatch {
     while (!ended_ && bytes_ <= full) {
       const ssize_t got = ::getdents64(folder, buffer_.get() + bytes_, capacity - static_cast<size_t>(bytes_));
       if (got < 0 && errno != ENOENT) return bytes_ > 0 ? bytes_ : got;
-      if (got <= 0) ended_ = true;
+      ended_ = got <= 0 || isEnd(bytes_, got);
       bytes_ += std::max<ssize_t>(got, 0);
     }
     return bytes_;
@@ -51,6 +52,16 @@ class DirentBatch {
  private:
   static bool isDots(const char* name) {
     return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
+  }
+
+  /// Whether nothing comes behind the entries read to `from`. Each tells where the next one lies: ext4 and btrfs have
+  /// no place behind the largest number (EXT4_HTREE_EOF_64BIT, LLONG_MAX), so a second call that gives nothing is
+  /// spared.
+  bool isEnd(ssize_t from, ssize_t got) const {
+    const dirent64* last = nullptr;
+    for (ssize_t at = from; at < from + got; at += last->d_reclen)
+      last = reinterpret_cast<const dirent64*>(buffer_.get() + at);
+    return last->d_off == std::numeric_limits<off64_t>::max();
   }
 
   // What is left then may be too small for an entry.

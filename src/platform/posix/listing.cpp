@@ -77,8 +77,17 @@ class BatchQueue {
     batches_.pop_front();
     return batch;
   }
+  /// Nothing while the workers keep up. Never waits.
+  std::optional<DirentBatch> popWhenLong() {
+    const std::lock_guard lock(mutex_);
+    if (batches_.size() <= longQueue) return {};
+    DirentBatch batch = std::move(batches_.back());
+    batches_.pop_back();
+    return batch;
+  }
 
  private:
+  static constexpr size_t longQueue = 64;  // two megabytes
   std::mutex mutex_;
   std::condition_variable changed_;
   std::deque<DirentBatch> batches_;
@@ -148,20 +157,22 @@ int collectEntries(int folder, std::vector<EntryCollector>& collectors) {
       collector.collect(*batch);
   };
   int error = 0;
-  for (;;) {
+  for (bool isLast = false; !isLast;) {
     DirentBatch batch;
     const ssize_t got = batch.read(folder);
     error = got < 0 ? errno : 0;
     if (got <= 0) break;
+    isLast = batch.isLast();
     queue.push(std::move(batch));
     // A small folder is done by the first worker before the second one would have started.
     if (threads.size() + 1 < collectors.size()) {
       try {
         threads.emplace_back(work, std::ref(collectors[threads.size()]), true);
       } catch (const std::system_error&) {
-        // Without a thread the reader asks for itself at the end.
+        // Without a thread the reader asks for itself.
       }
     }
+    if (const auto late = queue.popWhenLong()) collectors.back().collect(*late);
   }
   queue.close();
   if (threads.empty()) work(collectors.back(), false);
@@ -213,7 +224,11 @@ Result<ListingPtr> readListing(const std::string& path) {
   for (unsigned i = 0; i < workerCount() + 1; ++i)
     collectors.emplace_back(folder.get());
   if (const int error = collectEntries(folder.get(), collectors)) return systemError(error, path);
-  return makeListing(collectors);
+  auto listing = makeListing(collectors);
+  collectors.clear();
+  // The smaller blocks, too, by which the workers' arrays grew: they lie between those of the names.
+  if (listing->files().size() >= LargeFolder) ::malloc_trim(0);
+  return listing;
 }
 
 }  // namespace varnholt::platform::posix
