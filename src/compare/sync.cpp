@@ -2,6 +2,7 @@
 
 #include "platform/paths.hpp"
 
+#include <algorithm>
 #include <atomic>
 #include <utility>
 
@@ -39,6 +40,7 @@ class Transfers {
     if (!written && written.error().code != platform::ErrorCode::Stopped)
       for (Transfer& row : rows)
         if (row.failure.empty()) row.failure = "Not written out to the medium: " + written.error().text;
+    if (std::ranges::all_of(rows, [](const Transfer& row) { return row.failure.empty(); })) keepDate();
   }
   /// Between 0 and 1.
   double share() const { return total_ == 0 ? 0 : static_cast<double>(done_) / static_cast<double>(total_); }
@@ -74,6 +76,11 @@ class Transfers {
     const auto copied = files_.replaceFile(source, target, progress);
     done_ = before + row.bytes;
     if (!copied) row.failure = "Not copied: " + copied.error().text;
+  }
+
+  /// Folders that are alike have one date, as after the copy of a folder. A volume that keeps none has its own.
+  void keepDate() {
+    if (const auto folder = files_.info(from_)) (void)files_.setModified(to_, folder->modified);
   }
 
   platform::FileSystem& files_;

@@ -178,6 +178,8 @@ TEST_F(CompareTest, ASyncReplacesWhatItTellsAndKeepsTheRestInItsList) {
 TEST_F(CompareTest, AFileThatBothSidesWantEndsAsTheLeftOne) {
   file("v.exe", Side{program(2)}, Side{program(1), 9});
   const std::string leftBytes = rig.read("C:\\L\\v.exe");
+  const platform::Date date{1'000'000'000, 5};
+  ASSERT_TRUE(files().setModified("C:\\L", date));
   open([&] {
     toggle(dialog().Check8);
     toggle(dialog().Check9);
@@ -186,6 +188,8 @@ TEST_F(CompareTest, AFileThatBothSidesWantEndsAsTheLeftOne) {
   });
   EXPECT_EQ(rig.read("C:\\L\\v.exe"), leftBytes);
   EXPECT_EQ(rig.read("D:\\R\\v.exe"), leftBytes);
+  for (const char* folder : {"C:\\L", "D:\\R"})
+    EXPECT_EQ(files().info(folder)->modified, date) << folder;
 }
 
 TEST_F(CompareTest, AFullVolumeLeavesTheOldFileAndSaysSo) {
