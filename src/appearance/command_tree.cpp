@@ -22,7 +22,6 @@ appearance::Form22::Form22(panels::Desk& desk) : Form(desk.program.loop, "Form22
   Caption = "Commands";
   cancelButton = "Image1";
   makeButtons();
-  dress(Command12, "Tree On/Off", "TreeView On/Off As Toggle.", "tree");
   dress(Image1, "Close", "Close menu. (Right click selects only one item and resets others)");
   dress(Text1, "Folder in the tree", "Folder that is selected in the tree");
   Text1.Locked = true;
@@ -36,23 +35,20 @@ appearance::Form22::Form22(panels::Desk& desk) : Form(desk.program.loop, "Form22
 }
 
 void appearance::Form22::makeButtons() {
-  buttons_ = {{&Command1, "Command1_Click", "Copy", "Copy Selected item"},
-              {&Command2, "Command3_Click", "Move", "Move Selected item"},
-              {&Command3, "Command4_Click", "Delete", "Delete Selected item"},
-              {&Command4, "Command14_Click", "Rename", "Rename Selected item"},
-              {&Command5, "Command15_Click", "Properties", "Property of selected Item"},
-              {&Command6, "Command2_Click", "Edit File", "Edit Selected Item"},
-              {&Command7, "OpenSelected_Click", "Open", "Open Selected Item"},
-              {&Command8, "refrechview_Click", "Refresh View", "Refresh Current View"},
-              {&Command9, "selectall_Click", "Select All", "Select All Items in Current View"},
-              {&Command10, "", "Parent Folder", "Open Parent Folder"},
-              {&Command11, FindHandler, "Quick Find", "Quick Find Item In Active View."},
-              {&Command12, "", "", ""}};
-  constexpr const char* Icons[] = {"copy", "move",    "delete",     "rename", "properties", "edit",
-                                   "open", "refresh", "select-all", "parent", "find-item",  "tree"};
-  for (std::size_t at = 0; at < buttons_.size(); ++at) {
-    const CommandButton& each = buttons_[at];
-    dress(*each.button, each.caption, each.toolTip, Icons[at]);
+  buttons_ = {{&Command1, "Command1_Click", "Copy", "Copy Selected item", "copy"},
+              {&Command2, "Command3_Click", "Move", "Move Selected item", "move"},
+              {&Command3, "Command4_Click", "Delete", "Delete Selected item", "delete"},
+              {&Command4, "Command14_Click", "Rename", "Rename Selected item", "rename"},
+              {&Command5, "Command15_Click", "Properties", "Property of selected Item", "properties"},
+              {&Command6, "Command2_Click", "Edit File", "Edit Selected Item", "edit"},
+              {&Command7, "OpenSelected_Click", "Open", "Open Selected Item", "open"},
+              {&Command8, "refrechview_Click", "Refresh View", "Refresh Current View", "refresh"},
+              {&Command9, "selectall_Click", "Select All", "Select All Items in Current View", "select-all"},
+              {&Command10, "", "Parent Folder", "Open Parent Folder", "parent"},
+              {&Command11, FindHandler, "Quick Find", "Quick Find Item In Active View.", "find-item"},
+              {&Command12, "", "Tree On/Off", "TreeView On/Off As Toggle.", "tree"}};
+  for (const CommandButton& each : buttons_) {
+    dress(*each.button, each.caption, each.toolTip, each.icon);
     each.button->Click = [this, handler = std::string(each.handler)] { run(handler); };
     each.button->GotFocus = [this, button = each.button] {
       UnderScoreRemove();

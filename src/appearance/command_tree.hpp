@@ -45,7 +45,7 @@ class Form22 : public controls::Form {
  private:
   struct CommandButton {
     controls::Button* button;
-    const char *handler, *caption, *toolTip;
+    const char *handler, *caption, *toolTip, *icon;
   };
   void makeButtons();
   void bind();

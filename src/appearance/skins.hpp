@@ -21,8 +21,8 @@ class NewSkin : public panels::Room {
   /// Stores the number, takes both pictures and dresses all windows.
   void choose(int number);
 
-  /// Windows that take the small picture, and the two that take the large one.
   void addCommands(panels::CommandTable& table) override;
+  /// Windows that take the small picture, and the two that take the large one.
   void addDialog(controls::Form& form);
   void addMainWindow(controls::Form& form);
 

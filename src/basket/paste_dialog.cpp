@@ -1,5 +1,6 @@
 #include "basket/paste_dialog.hpp"
 
+#include "controls/dress.hpp"
 #include "core/text_character.hpp"
 
 namespace varnholt::basket {
@@ -16,8 +17,7 @@ basket::Form43::Form43(controls::MessageLoop& loop)
   Label2.AccessibleName = "Items";
   Label3.AccessibleName = "The item in hand";
   Label4.Caption = "Working...";
-  Command2.Caption = "&Cancel";
-  Command2.ToolTipText = "Cancel Operation";
+  dress(Command2, "&Cancel", "Cancel Operation");
   cancelButton = "Command2";
   defaultButton = "Command2";
   Command2.Click = [this] { StopFlag = true; };

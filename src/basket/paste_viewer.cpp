@@ -2,7 +2,7 @@
 
 #include "controls/dress.hpp"
 #include "controls/header_sort.hpp"
-#include "core/format.hpp"
+#include "core/item_text.hpp"
 #include "fileops/item_in_hand.hpp"
 #include "platform/paths.hpp"
 
@@ -68,10 +68,8 @@ void basket::Form38::setTexts() {
   Label3.Caption = "Collection &Name:";
   Combo1.AccessibleName = "Collection file to load";
   Combo1.ToolTipText = "Click To Load Collection File !.";
-  Text2.AccessibleName = "Name of the collection";
-  Text2.ToolTipText = "Key A Valid FileName for your Collection , Without FileExtension !";
-  Check1.Caption = "Add New Loads To Current Set.";
-  Check1.ToolTipText = "Enable/Disbale Adding Loads Option !.";
+  dress(Text2, "Name of the collection", "Key A Valid FileName for your Collection , Without FileExtension !");
+  dress(Check1, "Add New Loads To Current Set.", "Enable/Disbale Adding Loads Option !.");
 }
 
 void basket::Form38::bind() {
@@ -164,7 +162,7 @@ void basket::Form38::Command1_Click() {
     }
   });
   if (!whole) return showCount();
-  const std::string bytes = sum == 0 ? "0" : core::format("###,###", sum, desk_.program.platform.regional);
+  const std::string bytes = core::panelSize(sum, desk_.program.platform.regional);
   Caption = std::string(Title) + ", - " + std::to_string(collection_.count()) + " Item(s) In : " + bytes + " Bytes";
 }
 

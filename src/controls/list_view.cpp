@@ -202,6 +202,12 @@ void ListView::focusRow(std::uint32_t row) {
   markChanged();
 }
 
+void ListView::chooseRow(std::uint32_t row) {
+  selectOnly(row);
+  focusRow(row);
+  ensureVisible(row);
+}
+
 void ListView::ensureVisible(std::uint32_t row) {
   visibleRequest_ = row;
   markChanged();

@@ -132,6 +132,8 @@ class ListView : public Control {
   std::optional<std::uint32_t> focusedRow() const;
   /// Makes a row the focused one; selects nothing.
   void focusRow(std::uint32_t row);
+  /// Makes a row the only selected one, in focus and on the screen.
+  void chooseRow(std::uint32_t row);
   void ensureVisible(std::uint32_t row);
 
   // --- What the user does ----------------------------------------------------------------------------------------

@@ -8,15 +8,6 @@ void ComboBox::AddItem(std::string text, std::string icon) {
   Items = std::move(items);
 }
 
-void ComboBox::RemoveItem(std::size_t index) {
-  if (index >= Items->size()) return;
-  auto items = Items.get();
-  items.erase(items.begin() + static_cast<std::ptrdiff_t>(index));
-  Items = std::move(items);
-  if (ListIndex.get() == static_cast<int>(index)) choose(-1);
-  if (ListIndex.get() > static_cast<int>(index)) ListIndex = ListIndex.get() - 1;
-}
-
 void ComboBox::Clear() {
   Items = std::vector<Item>{};
   choose(-1);

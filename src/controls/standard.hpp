@@ -69,7 +69,6 @@ class ComboBox : public Control {
   Event<> Change;  ///< another item was chosen or the edit field changed
 
   void AddItem(std::string text, std::string icon = {});
-  void RemoveItem(std::size_t index);
   void Clear();
   /// Chooses without firing.
   void choose(int index);

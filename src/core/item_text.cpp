@@ -47,10 +47,6 @@ std::string_view folderRowName(std::string_view rowText) {
   return rowText.substr(std::min(FolderRowPrefix.size(), rowText.size()));
 }
 
-std::string rowFileName(std::string_view base, std::string_view extension) {
-  return extension.empty() ? std::string(base) : rowCompareText(base, extension);
-}
-
 std::string rowCompareText(std::string_view base, std::string_view extension) {
   return std::string(base).append(".").append(extension);
 }

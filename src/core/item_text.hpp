@@ -39,12 +39,10 @@ inline constexpr std::string_view FolderRowPrefix = "\\ ";
 std::string folderRowText(std::string_view name);
 /// The name of a folder's row text.
 std::string_view folderRowName(std::string_view rowText);
-/// The file name of the two columns; no point without an extension.
-std::string rowFileName(std::string_view base, std::string_view extension);
 /// Base, point and extension, with the point also where there is no extension: what rows are compared by.
 std::string rowCompareText(std::string_view base, std::string_view extension);
 
-/// Column "ByteSize:": "1,234"; "0" for an empty file.
+/// A count of bytes as the column "ByteSize:" and the dialogs show it: "1,234", "0".
 std::string panelSize(std::uint64_t bytes, const platform::RegionalFormats& regional);
 /// The hidden key of that column: twelve digits in groups, so that text order is the order of sizes; "0" for an empty
 /// file.
@@ -54,8 +52,8 @@ std::string dateKey(const platform::CalendarTime& time);
 /// The number in that key, negative before 1899-12-30.
 std::int64_t dayNumber(const platform::CalendarTime& time);
 
-// --- Dates and times by the setting `DateTimeFormat`: "1" is the 12-hour form, anything else the 24-hour form
-// ----------
+// --- Dates and times -----------------------------------------------------------------------------------------------
+// By the setting `DateTimeFormat`: "1" is the 12-hour form, anything else the 24-hour form.
 
 /// "03-09-07  02:05  PM", "09-03-07  14:05".
 std::string panelRowDate(std::string_view dateTimeFormat, const platform::CalendarTime& time);

@@ -1,17 +1,16 @@
 #include "core/message_dialogs.hpp"
 
+#include "controls/dress.hpp"
+
 namespace varnholt::core {
 
 // --- Form11 --------------------------------------------------------------------------------------------------------
 
 core::Form11::Form11(controls::MessageLoop& loop) : Form(loop, "Form11") {
   Caption = "Alert !";
-  Command11.Caption = "Execute";
-  Command11.ToolTipText = "Execute Operation";
-  Command1.Caption = "&Cancel";
-  Command1.ToolTipText = "Cancel Operation";
-  Command2.Caption = "All";
-  Command2.ToolTipText = "Delete All Folders without Further Prompt !";
+  dress(Command11, "Execute", "Execute Operation");
+  dress(Command1, "&Cancel", "Cancel Operation");
+  dress(Command2, "All", "Delete All Folders without Further Prompt !");
   Command2.Visible = false;
   Label2.Visible = false;
   ProgressBar1.Visible = false;
@@ -44,8 +43,7 @@ void core::Form11::Command2_Click() { finish(Answer::All); }
 
 core::Form12::Form12(controls::MessageLoop& loop) : Form(loop, "Form12") {
   Caption = "Alert";
-  Command11.Caption = "&Ok";
-  Command11.ToolTipText = "Close";
+  dress(Command11, "&Ok", "Close");
   defaultButton = "Command11";
   cancelButton = "Command11";
   Command11.Click = [this] { Command11_Click(); };

@@ -28,23 +28,6 @@ constexpr std::uint16_t CodePage[] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x
                                       0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                       0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-void appendUtf8(std::uint32_t code, std::string& out) {
-  const auto add = [&](std::uint32_t byte) { out += static_cast<char>(byte); };
-  const auto tail = [&](int shift) { add(0x80u | ((code >> shift) & 0x3Fu)); };
-  if (code < 0x80) return add(code);
-  if (code < 0x800) {
-    add(0xC0u | (code >> 6));
-  } else if (code < 0x10000) {
-    add(0xE0u | (code >> 12));
-    tail(6);
-  } else {
-    add(0xF0u | (code >> 18));
-    tail(12);
-    tail(6);
-  }
-  tail(0);
-}
-
 /// Words that stand for a character.
 struct NamedCharacter {
   std::string_view word;
@@ -163,7 +146,7 @@ class Reader {
       flushSurrogate();
       if (code >= ' ' || code == '\t') {
         std::string text;
-        appendUtf8(code, text);
+        platform::appendCharacter(code, text);
         made_.text.append(text, state_.format);
       }
       break;
@@ -174,7 +157,7 @@ class Reader {
       if (code == ';')
         endFont();
       else
-        appendUtf8(code, font_);
+        platform::appendCharacter(code, font_);
       break;
     case Destination::Skipped:
       break;

@@ -1,5 +1,7 @@
 #include "core/start_windows.hpp"
 
+#include "controls/dress.hpp"
+
 namespace varnholt::core {
 namespace {
 // Long enough to read two words, short enough that nobody waits for it.
@@ -28,8 +30,7 @@ core::frmTip::frmTip(controls::MessageLoop& loop) : Form(loop, "frmTip") {
       "Make Sure You Have Admin. Rights To All Your Drives, As Varnholt Needs Full Access To Files And Folders ! "
       "(Read,Write,Modify Ect.). If Not An error Will Force Varnholt To End !!.";
   LoadTip.Caption = "Do Not Show Tip at Startup";
-  cmdOK.Caption = "&Ok";
-  cmdOK.ToolTipText = "Close the tip";
+  dress(cmdOK, "&Ok", "Close the tip");
   defaultButton = "cmdOK";
   cancelButton = "cmdOK";
   LoadTip.Click = [this] {

@@ -5,11 +5,11 @@
 namespace varnholt::core {
 namespace {
 
-/// Walks a class from its inside; `next` gives false at the end.
 struct ClassRange {
   std::uint32_t first = 0, last = 0;
 };
 
+/// Walks a class from its inside; `next` gives false at the end.
 class ClassReader {
  public:
   explicit ClassReader(std::string_view inside) : rest_(inside) {}

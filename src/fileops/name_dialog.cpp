@@ -1,5 +1,6 @@
 #include "fileops/name_dialog.hpp"
 
+#include "controls/dress.hpp"
 #include "controls/placing.hpp"
 #include "core/text_character.hpp"
 #include "core/val_input_rule.hpp"
@@ -10,10 +11,8 @@ namespace varnholt::fileops {
 
 NameForm::NameForm(controls::MessageLoop& loop, std::string name) : Form(loop, std::move(name)) {
   Command11.Caption = "&Ok";
-  Command1.Caption = "&Reset";
-  Command1.ToolTipText = "Resets input to blank";
-  Command2.Caption = "&Cancel";
-  Command2.ToolTipText = "Exits without any changes.";
+  dress(Command1, "&Reset", "Resets input to blank");
+  dress(Command2, "&Cancel", "Exits without any changes.");
   defaultButton = "Command11";
   cancelButton = "Command2";
   Command1.Click = [this] {
@@ -29,8 +28,7 @@ void NameForm::placeBeside(const controls::Form& window, Away away) {
 
 fileops::Form32::Form32(core::MessageDialogs& dialogs) : NameForm(dialogs.loop(), "Form32"), dialogs_(dialogs) {
   Caption = "Make File";
-  Text1.AccessibleName = "File name";
-  Text1.ToolTipText = "Key in Valit Filename With File Extension.";
+  dress(Text1, "File name", "Key in Valit Filename With File Extension.");
   Command11.ToolTipText = "Take the name as keyed";
   Command11.Click = [this] { Command11_Click(); };
 }

@@ -1,5 +1,6 @@
 #include "fileops/new_folder.hpp"
 
+#include "controls/dress.hpp"
 #include "core/text_character.hpp"
 #include "platform/paths.hpp"
 
@@ -12,8 +13,7 @@ using controls::MessageIcon;
 fileops::Form2::Form2(panels::Desk& desk) : NameForm(desk.program.loop, "Form2"), desk_(desk) {
   Caption = "New Folder";
   Image1.ToolTipText = "New Folder";
-  Text1.AccessibleName = "Folder name";
-  Text1.ToolTipText = "Key valid foldername without any backslash , - only one folder is permitted !";
+  dress(Text1, "Folder name", "Key valid foldername without any backslash , - only one folder is permitted !");
   Command11.ToolTipText = "Executes foldername as keyed.";
   Command11.Click = [this] { Command11_Click(); };
 }

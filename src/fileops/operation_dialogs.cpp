@@ -1,5 +1,6 @@
 #include "fileops/operation_dialogs.hpp"
 
+#include "controls/dress.hpp"
 #include "panels/command_table.hpp"
 
 #include <utility>
@@ -51,15 +52,11 @@ OperationForm::OperationForm(controls::MessageLoop& loop, OperationWords given)
   summary.ToolTipText = "What is selected";
   Text3.ToolTipText = "The folder in question";
   Label4.AccessibleName = "Size of what is selected";
-  Command11.Caption = words.button;
-  Command11.ToolTipText = words.buttonTip;
-  Command1.Caption = "&Stop";
-  Command1.ToolTipText = "Stop Operation !";
+  dress(Command11, words.button, words.buttonTip);
+  dress(Command1, "&Stop", "Stop Operation !");
   Command1.Enabled = false;
-  Command2.Caption = "&Cancel";
-  Command2.ToolTipText = "Cancel Operation";
-  Command3.Caption = "Si&ze";
-  Command3.ToolTipText = "Calculates size of selected item(s)";
+  dress(Command2, "&Cancel", "Cancel Operation");
+  dress(Command3, "Si&ze", "Calculates size of selected item(s)");
   defaultButton = "Command11";
   cancelButton = "Command2";
   Command1.Click = [this] { StopFlag = true; };
@@ -71,21 +68,18 @@ void OperationForm::rest(bool running) {
 }
 
 TargetForm::TargetForm(controls::MessageLoop& loop, OperationWords words) : OperationForm(loop, std::move(words)) {
-  Command4.Caption = "&Browse";
-  Command4.ToolTipText = "Browse to folder using treeview";
+  dress(Command4, "&Browse", "Browse to folder using treeview");
   Command5.Enabled = false;
 }
 
 fileops::Form3::Form3(controls::MessageLoop& loop)
     : TargetForm(loop, {"Form3", "Copy", "Copy Item(s)", "C&opy", "Copies selected item(s)"}) {
-  Command5.Caption = "Copy &As";
-  Command5.ToolTipText = "Copy File As New Name.";
+  dress(Command5, "Copy &As", "Copy File As New Name.");
 }
 
 fileops::Form5::Form5(controls::MessageLoop& loop)
     : TargetForm(loop, {"Form5", "Move", "Move Item(s)", "&Move", "Moves selected item(s)"}) {
-  Command5.Caption = "Move &As";
-  Command5.ToolTipText = "Move Item as New Name.";
+  dress(Command5, "Move &As", "Move Item as New Name.");
 }
 
 fileops::Form4::Form4(controls::MessageLoop& loop)

@@ -129,8 +129,8 @@ void Space::selectsize(OperationForm& dialog) {
   desk_.program.loop.giveTurn();
   const panels::Panel* source = desk_.form.activePanel();
   const std::uint64_t sum = bytesOfItems(desk_.form.filecollect, source ? source->path() : std::string());
-  dialog.Label4.Caption = "Size of selected Item(s) :  " +
-                          (sum == 0 ? "0" : core::format("###,###", sum, desk_.program.platform.regional)) + "   Bytes";
+  dialog.Label4.Caption =
+      "Size of selected Item(s) :  " + core::panelSize(sum, desk_.program.platform.regional) + "   Bytes";
 }
 
 }  // namespace varnholt::fileops

@@ -1,5 +1,6 @@
 #include "filters/date_dialog.hpp"
 
+#include "controls/dress.hpp"
 #include "core/item_text.hpp"
 
 #include <charconv>
@@ -49,8 +50,7 @@ DatePair storedDates(const core::Program& program, const FilterWords& words) {
 
 filters::Form24::Form24(core::Program& program) : Form(program.loop, "Form24"), program_(program) {
   Caption = "Date (Regional Format) Filtering";
-  Check1.Caption = "Date filtering";
-  Check1.ToolTipText = "Click to select date filtering on/off.";
+  dress(Check1, "Date filtering", "Click to select date filtering on/off.");
   Label1.Caption = "Files dated between, not including, these two days:";
   MonthView1.ToolTipText = "The first day; files of this day itself do not pass.";
   MonthView1.AccessibleName = "First day";
@@ -58,10 +58,8 @@ filters::Form24::Form24(core::Program& program) : Form(program.loop, "Form24"), 
   MonthView2.AccessibleName = "Last day";
   Label5.AccessibleName = "Chosen first day";
   Label6.AccessibleName = "Chosen last day";
-  Command11.Caption = "&Select";
-  Command11.ToolTipText = "Selects the chosen Interval";
-  Command2.Caption = "&Cancel";
-  Command2.ToolTipText = "Cancels without Changes";
+  dress(Command11, "&Select", "Selects the chosen Interval");
+  dress(Command2, "&Cancel", "Cancels without Changes");
   defaultButton = "Command11";
   cancelButton = "Command2";
   MonthView1.DateClick = [this] { showLabels(); };

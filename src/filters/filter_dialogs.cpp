@@ -1,5 +1,6 @@
 #include "filters/filter_dialogs.hpp"
 
+#include "controls/dress.hpp"
 #include "core/item_text.hpp"
 #include "core/text_character.hpp"
 #include "filters/date_dialog.hpp"
@@ -52,8 +53,7 @@ void FilterForm::setTexts() {
     box->Caption = text;
     box->ToolTipText = text;
   }
-  Check4.Caption = "Filesize";
-  Check4.ToolTipText = "Enable/disable filesize option.";
+  dress(Check4, "Filesize", "Enable/disable filesize option.");
   Label3.Caption = "More than (MB):";
   Label1.Caption = "Less than (MB):";
   Text3.AccessibleName = "Lower bound of the size";
@@ -61,11 +61,9 @@ void FilterForm::setTexts() {
   Text3.ToolTipText = SizeTip;
   Text1.ToolTipText = SizeTip;
   Command3.ToolTipText = "More/Less Options (Filesize)";
-  Command1.Caption = DateOff;
-  Command1.ToolTipText = "Filter with Dates On/Off.";
+  dress(Command1, DateOff, "Filter with Dates On/Off.");
   Command11.Caption = "&Filter";
-  Command2.Caption = "&Cancel";
-  Command2.ToolTipText = "Cancel Operation";
+  dress(Command2, "&Cancel", "Cancel Operation");
 }
 
 // --- Dates ---------------------------------------------------------------------------------------------------------

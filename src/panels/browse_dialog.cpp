@@ -1,5 +1,6 @@
 #include "panels/browse_dialog.hpp"
 
+#include "controls/dress.hpp"
 #include "panels/tree_window.hpp"
 #include "platform/paths.hpp"
 
@@ -20,14 +21,12 @@ panels::Form35::Form35(core::Program& program) : Form(program.loop, "Form35"), p
   Text1.ToolTipText = "The chosen folder";
   TreeView1.ToolTipText = "Click on a drive or folder to open and choose it.";
   TreeView1.AccessibleName = "Folders on ready drives";
-  Check1.Caption = "Return To Init Folder If Cancel Pri. Function";
-  Check2.Caption = "Return To Init Folder After Execute Pri. Function ";
-  Check1.ToolTipText = "The panel goes back to the folder that it shows now, if the function is cancelled.";
-  Check2.ToolTipText = "The panel goes back to the folder that it shows now, after the function.";
-  Command1.Caption = "&Ok";
-  Command1.ToolTipText = "Take the chosen folder";
-  Command3.Caption = "&Cancel";
-  Command3.ToolTipText = "Cancel Operation";
+  dress(Check1, "Return To Init Folder If Cancel Pri. Function",
+        "The panel goes back to the folder that it shows now, if the function is cancelled.");
+  dress(Check2, "Return To Init Folder After Execute Pri. Function ",
+        "The panel goes back to the folder that it shows now, after the function.");
+  dress(Command1, "&Ok", "Take the chosen folder");
+  dress(Command3, "&Cancel", "Cancel Operation");
   defaultButton = "Command1";
   cancelButton = "Command3";
   Load = [this] { Form_Load(); };

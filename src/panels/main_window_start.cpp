@@ -117,12 +117,9 @@ void MainWindowStart::ApplyInitState() {
 }
 
 void MainWindowStart::applyCommands() {
-  auto& menu = d_.form.Menu;
-  const bool preFolder = d_.program.init.LastCommand == "0";
-  menu["PreFolder"].Checked = preFolder;
-  menu["RLC"].Checked = !preFolder;
-  menu["LockOnLast"].Enabled = !preFolder;
-  if (d_.program.init.LockCommand == "1") menu["LockOnLast"].Checked = true;
+  const auto& init = d_.program.init;
+  init.LastCommand == "0" ? d_.dispatcher.PreFolder_Click() : d_.dispatcher.RLC_Click();
+  if (init.LockCommand == "1") d_.form.Menu["LockOnLast"].Checked = true;
 }
 
 // --- History files -------------------------------------------------------------------------------------------------

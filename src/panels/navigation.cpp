@@ -48,10 +48,7 @@ void Navigation::selectFolderRow(Panel& panel, const std::string& folder) {
 }
 
 void Navigation::selectRow(Panel& panel, controls::ListItem item) {
-  panel.list.selectNone();
-  item.setSelected(true);
-  panel.list.focusRow(item.row());
-  item.EnsureVisible();
+  panel.list.chooseRow(item.row());
   form_.events.itemChanged(panel);
 }
 

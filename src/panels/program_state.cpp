@@ -1,9 +1,8 @@
 #include "panels/program_state.hpp"
 
+#include "core/error_words.hpp"
 #include "core/program_files.hpp"
 #include "core/temp_folders.hpp"
-
-#include <algorithm>
 
 namespace varnholt::panels {
 namespace {
@@ -181,13 +180,8 @@ void ProgramState::ReturnDefault_Click() {
 
 // A text of its own, which stays until it is read: the one behind it goes away by itself.
 void ProgramState::tellKept(const std::vector<std::string>& kept) {
-  constexpr std::size_t MostTold = 10;
   if (kept.empty()) return;
-  std::string text = "These were not made by Varnholt, or hold your files, and stay:";
-  for (std::size_t at = 0; at < std::min(kept.size(), MostTold); ++at)
-    text += "\r" + kept[at];
-  if (kept.size() > MostTold) text += "\rand " + std::to_string(kept.size() - MostTold) + " more";
-  program_.dialogs.alert(text);
+  program_.dialogs.alert(core::leftOutText("These were not made by Varnholt, or hold your files, and stay:", kept));
 }
 
 void ProgramState::Peruninstall_Click() {

@@ -1,26 +1,24 @@
 #include "panels/view_choices.hpp"
 
+#include "core/item_text.hpp"
+
 namespace varnholt::panels {
 namespace {
 
 struct DateChoice {
-  const char *system, *menu, *caption;
+  const char *system, *menu;
 };
-constexpr DateChoice DateChoices[] = {
-    {"1", "DateModi", "Date Modified:"}, {"2", "DateCreate", "Date Created:"}, {"3", "DateAcess", "Date Accessed:"}};
+constexpr DateChoice DateChoices[] = {{"1", "DateModi"}, {"2", "DateCreate"}, {"3", "DateAcess"}};
 
 }  // namespace
 
 void ViewChoices::applyDateSystem() {
-  for (const auto& choice : DateChoices) {
-    const bool chosen = program_.init.DateSystem == choice.system;
-    form_.Menu[choice.menu].Checked = chosen;
-    if (!chosen) continue;
-    for (controls::ListView* list : {&form_.ListView1, &form_.ListView2}) {
-      auto headers = list->ColumnHeaders.get();
-      headers.at(column::Date).Text = choice.caption;
-      list->ColumnHeaders = std::move(headers);
-    }
+  for (const auto& choice : DateChoices)
+    form_.Menu[choice.menu].Checked = program_.init.DateSystem == choice.system;
+  for (controls::ListView* list : {&form_.ListView1, &form_.ListView2}) {
+    auto headers = list->ColumnHeaders.get();
+    headers.at(column::Date).Text = core::dateColumnTitle(program_.init.DateSystem);
+    list->ColumnHeaders = std::move(headers);
   }
 }
 

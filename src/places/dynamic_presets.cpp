@@ -1,5 +1,7 @@
 #include "places/dynamic_presets.hpp"
 
+#include "controls/dress.hpp"
+#include "controls/header_sort.hpp"
 #include "places/static_presets.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
@@ -7,6 +9,11 @@
 #include <vector>
 
 namespace varnholt::places {
+namespace {
+
+constexpr controls::SortIcons HeaderIcons{SortedUpIcon, SortedDownIcon, 0};
+
+}  // namespace
 
 namespace paths = platform::paths;
 
@@ -44,16 +51,11 @@ void places::Form34::setTexts() {
   Label2.AccessibleName = "Path of the right view";
   ListView1.AccessibleName = "Visited pairs of folders";
   ListView1.ToolTipText = "Dbl Click on Item to open the pair, or press Enter key.";
-  Check2.Caption = "Sorting";
-  Check2.ToolTipText = "Disable/Enable Sorting In View";
-  Check1.Caption = "Record visited pairs";
-  Check1.ToolTipText = "Disable/Enable Option";
-  Command1.Caption = "&Open";
-  Command1.ToolTipText = "Open Dynamic Preset";
-  Command11.Caption = "C&lear";
-  Command11.ToolTipText = "Empty the list";
-  Command3.Caption = "&Cancel";
-  Command3.ToolTipText = "Close without change";
+  dress(Check2, "Sorting", "Disable/Enable Sorting In View");
+  dress(Check1, "Record visited pairs", "Disable/Enable Option");
+  dress(Command1, "&Open", "Open Dynamic Preset");
+  dress(Command11, "C&lear", "Empty the list");
+  dress(Command3, "&Cancel", "Close without change");
 }
 
 // --- The list ------------------------------------------------------------------------------------------------------
@@ -112,26 +114,12 @@ void places::Form34::Command1_Click() {
 
 void places::Form34::Check2_Click() {
   const bool on = Check2.Value != 0;
-  ListView1.setSortKey(0);
-  ListView1.setSortOrder(controls::SortOrder::Ascending);
+  controls::sortShown(ListView1, on ? 0 : -1, 0, false, HeaderIcons);
   ListView1.setSorted(on);
-  showSortIcon(on ? 0 : -1);
 }
 
 void places::Form34::ListView1_ColumnClick(int number) {
-  if (!ListView1.Sorted()) return;
-  ListView1.setSortKey(number - 1);
-  const bool ascending = ListView1.SortOrder() == controls::SortOrder::Ascending;
-  ListView1.setSortOrder(ascending ? controls::SortOrder::Descending : controls::SortOrder::Ascending);
-  showSortIcon(number - 1);
-}
-
-void places::Form34::showSortIcon(int column) {
-  auto headers = ListView1.ColumnHeaders.get();
-  const bool ascending = ListView1.SortOrder() == controls::SortOrder::Ascending;
-  for (int at = 0; at < static_cast<int>(headers.size()); ++at)
-    headers[static_cast<std::size_t>(at)].Icon = at != column ? 0 : ascending ? SortedUpIcon : SortedDownIcon;
-  ListView1.ColumnHeaders = std::move(headers);
+  if (ListView1.Sorted()) controls::turnByHeader(ListView1, number - 1, number - 1, HeaderIcons);
 }
 
 }  // namespace varnholt::places

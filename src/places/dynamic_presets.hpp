@@ -36,7 +36,6 @@ class Form34 : public controls::Form {
   void Command11_Click();
   void Check2_Click();
   void ListView1_ColumnClick(int number);
-  void showSortIcon(int column);
 
   panels::Desk& desk_;
   std::vector<std::string> tips_;  ///< of the rows

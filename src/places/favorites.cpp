@@ -25,8 +25,7 @@ constexpr std::uint64_t Beginning = 1 << 16;
 places::Form27::Form27(core::MessageDialogs& dialogs) : NameForm(dialogs.loop(), "Form27"), dialogs_(dialogs) {
   Caption = CreationTitle;
   Image1.ToolTipText = CreationTitle;
-  Text1.AccessibleName = "Name of the favorite";
-  Text1.ToolTipText = "Key in Valit Filename without any backslash, extension  ect.";
+  dress(Text1, "Name of the favorite", "Key in Valit Filename without any backslash, extension  ect.");
   dress(Command11, "Create Favorit", "Create Favorit");
   Command11.Click = [this] { Command11_Click(); };
 }

@@ -103,11 +103,7 @@ void PlaceList::refresh() {
 bool PlaceList::selectName(const std::string& name) {
   for (std::uint32_t row = 0; row < list_.count(); ++row) {
     if (list_.cell(row, NameColumn) != name) continue;
-    list_.selectNone();
-    controls::ListItem item = list_.item(row);
-    item.setSelected(true);
-    list_.focusRow(row);
-    item.EnsureVisible();
+    list_.chooseRow(row);
     return true;
   }
   return false;

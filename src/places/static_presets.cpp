@@ -1,5 +1,6 @@
 #include "places/static_presets.hpp"
 
+#include "controls/dress.hpp"
 #include "core/item_text.hpp"
 #include "core/text_character.hpp"
 #include "panels/dispatcher.hpp"
@@ -37,14 +38,10 @@ std::string markPair(panels::Desk& desk, controls::ListItem row, const FolderPai
 
 places::Form21::Form21(core::Program& program) : Form(program.loop, "Form21"), program_(program) {
   Caption = "New Preset";
-  Text1.AccessibleName = "Name of the preset";
-  Text1.ToolTipText = "Name of the preset; it is kept in capitals.";
-  Text2.AccessibleName = "Description";
-  Text2.ToolTipText = "What the preset is for";
-  Command11.Caption = "&Ok";
-  Command11.ToolTipText = "Store the preset";
-  Command3.Caption = "&Cancel";
-  Command3.ToolTipText = "Cancel Operation";
+  dress(Text1, "Name of the preset", "Name of the preset; it is kept in capitals.");
+  dress(Text2, "Description", "What the preset is for");
+  dress(Command11, "&Ok", "Store the preset");
+  dress(Command3, "&Cancel", "Cancel Operation");
   defaultButton = "Command11";
   cancelButton = "Command3";
   Activate = [this] { Text1.SetFocus(); };
@@ -113,16 +110,11 @@ places::Form20::Form20(panels::Desk& desk, places::Form21& Form21)
 void places::Form20::setTexts() {
   ListView1.AccessibleName = "Presets";
   ListView1.ToolTipText = "Dbl Click on Item to activate your Preset, or press Enter key.";
-  Command11.Caption = "Default,&Last Exit";
-  Command11.ToolTipText = "Return Folder Setup at last Progam Exit !";
-  Command2.Caption = "&New Preset";
-  Command2.ToolTipText = "Store Current View In Panel1 and Panel2.";
-  Command1.Caption = "&Delete Preset";
-  Command1.ToolTipText = "Delete Selected Preset in View";
-  Command4.Caption = "Delete &All Presets";
-  Command4.ToolTipText = "Delete all presets in the view";
-  Command3.Caption = "&Cancel";
-  Command3.ToolTipText = "Close without change";
+  dress(Command11, "Default,&Last Exit", "Return Folder Setup at last Progam Exit !");
+  dress(Command2, "&New Preset", "Store Current View In Panel1 and Panel2.");
+  dress(Command1, "&Delete Preset", "Delete Selected Preset in View");
+  dress(Command4, "Delete &All Presets", "Delete all presets in the view");
+  dress(Command3, "&Cancel", "Close without change");
 }
 
 void places::Form20::open() {
@@ -180,11 +172,7 @@ void places::Form20::Command2_Click() {
   if (!preset || preset->name.empty()) return;
   if (!store_.add(preset->name, preset->text, {desk_.form.Panel1.path(), desk_.form.Panel2.path()})) return;
   addRow(preset->name, preset->text);
-  ListView1.selectNone();
-  controls::ListItem added = ListView1.item(ListView1.count() - 1);
-  added.setSelected(true);
-  ListView1.focusRow(added.row());
-  added.EnsureVisible();
+  ListView1.chooseRow(ListView1.count() - 1);
 }
 
 void places::Form20::Command1_Click() {

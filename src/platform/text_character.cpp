@@ -12,4 +12,9 @@ TextCharacter firstCharacter(std::string_view text) {
   return {code, static_cast<std::size_t>(g_utf8_skip[first])};
 }
 
+void appendCharacter(std::uint32_t code, std::string& out) {
+  char bytes[6];
+  out.append(bytes, static_cast<std::size_t>(g_unichar_to_utf8(code, bytes)));
+}
+
 }  // namespace varnholt::platform

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace varnholt::platform {
@@ -18,5 +19,8 @@ struct TextCharacter {
 /// `text` must not be empty. A byte that begins no valid UTF-8 character (RFC 3629) counts as a character alone, so
 /// every text can be walked and no two texts look alike.
 TextCharacter firstCharacter(std::string_view text);
+
+/// Adds a Unicode code point as UTF-8.
+void appendCharacter(std::uint32_t code, std::string& out);
 
 }  // namespace varnholt::platform

@@ -12,11 +12,10 @@ char lowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('
 /// Adds the first character of the text as `change` makes it; gives its length in bytes.
 size_t appendChanged(std::string_view text, gunichar (*change)(gunichar), std::string& out) {
   const auto [code, length] = firstCharacter(text);
-  char bytes[6];
   if (code >= NotUtf8)
     out += text.front();
   else
-    out.append(bytes, static_cast<size_t>(g_unichar_to_utf8(change(code), bytes)));
+    appendCharacter(change(code), out);
   return length;
 }
 

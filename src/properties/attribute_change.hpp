@@ -19,7 +19,7 @@ class AttributeChange {
  private:
   void open();
   void Command1_Click();
-  /// Why it cannot be done here, and the user was told.
+  /// True: it cannot be done here, and the user was told why.
   bool refused();
   void atribsettingsform18();
   void run();

@@ -1,27 +1,22 @@
 #include "properties/attribute_dialog.hpp"
 
+#include "controls/dress.hpp"
+
 namespace varnholt::properties {
 
 properties::Form18::Form18(controls::MessageLoop& loop) : Form(loop, "Form18") {
   Caption = "Attribut Change";
   Label1.AccessibleName = "Files to change";
-  Text1.AccessibleName = "What is changed";
-  Text1.ToolTipText = "No folders can be changed !";
+  dress(Text1, "What is changed", "No folders can be changed !");
   Text1.Locked = true;
-  Check1.Caption = "&Archive";
-  Check1.ToolTipText = "Apply Archive Attribut";
-  Check2.Caption = "&Read-Only";
-  Check2.ToolTipText = "Apply Read-Only Attribut";
-  Check3.Caption = "&Hidden";
-  Check3.ToolTipText = "Apply Hidden Attribut";
-  Text2.AccessibleName = "Attribut changed on file";
-  Text2.ToolTipText = "The file that was changed last";
+  dress(Check1, "&Archive", "Apply Archive Attribut");
+  dress(Check2, "&Read-Only", "Apply Read-Only Attribut");
+  dress(Check3, "&Hidden", "Apply Hidden Attribut");
+  dress(Text2, "Attribut changed on file", "The file that was changed last");
   Text2.Locked = true;
-  Command1.Caption = "&Execute";
-  Command1.ToolTipText =
-      "Executes Attribut Changes on Selected Items. Cannot Change attribute on compressed and indexed files !.";
-  Command2.Caption = "&Cancel";
-  Command2.ToolTipText = "Cancel Operation Without changes";
+  dress(Command1, "&Execute",
+        "Executes Attribut Changes on Selected Items. Cannot Change attribute on compressed and indexed files !.");
+  dress(Command2, "&Cancel", "Cancel Operation Without changes");
   defaultButton = "Command1";
   cancelButton = "Command2";
   Command2.Click = [this] { running_ ? void(StopFlag = true) : Hide(); };

@@ -129,10 +129,8 @@ bool InputHold::isItsEscape(const QObject* watched, const QEvent& event) const {
   if (!button_ || !escapePresses || (event.type() != QEvent::KeyPress && event.type() != QEvent::KeyRelease))
     return false;
   const auto* widget = qobject_cast<const QWidget*>(watched);
-  return static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape &&
-         (widget                                ? widget->window()
-          : watched == window()->windowHandle() ? window()
-                                                : nullptr) == window();
+  const bool isInItsWindow = widget ? widget->window() == window() : watched == window()->windowHandle();
+  return isInItsWindow && static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
 }
 
 bool InputHold::isOnButton(const QMouseEvent& event) const {

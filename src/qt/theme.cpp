@@ -42,9 +42,9 @@ Tint worn;
 // `color`, which was chosen beside `from`, beside `to`: the difference in lightness stays, the hue is the other's.
 QColor moved(QRgb color, const QColor& from, const QColor& to) {
   const QColor designed = QColor::fromRgb(color);
+  if (from == to) return designed;
   const float saturation = designed.hslSaturationF() * to.hslSaturationF() / from.hslSaturationF();
   const float lightness = designed.lightnessF() + to.lightnessF() - from.lightnessF();
-  if (from == to) return designed;
   const QColor there =
       QColor::fromHslF(std::max(0.0F, to.hslHueF()), std::min(1.0F, saturation), std::clamp(lightness, 0.0F, 1.0F));
   return QColor::fromRgb(there.rgb());

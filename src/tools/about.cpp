@@ -1,5 +1,7 @@
 #include "tools/about.hpp"
 
+#include "controls/dress.hpp"
+
 namespace varnholt::tools {
 
 tools::form8::form8(controls::MessageLoop& loop, const std::string& version) : Form(loop, "form8") {
@@ -9,8 +11,7 @@ tools::form8::form8(controls::MessageLoop& loop, const std::string& version) : F
   Label2.Caption = "Two-panel file manager and disk tool.\r\r"
                    "Free software under the GNU General Public License, version 3 or later. It comes without warranty.";
   Label2.AccessibleName = "About the program";
-  Command1.Caption = "&Ok";
-  Command1.ToolTipText = "Close";
+  dress(Command1, "&Ok", "Close");
   defaultButton = "Command1";
   cancelButton = "Command1";
   Command1.Click = [this] { UnloadForm(); };

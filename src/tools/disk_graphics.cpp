@@ -2,7 +2,7 @@
 
 #include "controls/dress.hpp"
 #include "controls/header_sort.hpp"
-#include "core/format.hpp"
+#include "core/item_text.hpp"
 #include "core/program_files.hpp"
 #include "platform/paths.hpp"
 
@@ -29,7 +29,7 @@ class tools::Form45::Rows : public controls::RowSource {
   std::string cell(std::uint32_t row, int column) const override {
     const UsageItem& item = (*items_)[row];
     if (column == ItemColumn) return item.text;
-    return item.bytes == 0 ? "0" : core::format("###,###", item.bytes, regional_);
+    return core::panelSize(item.bytes, regional_);
   }
   int icon(std::uint32_t) const override { return 0; }
   bool numericKeys(int column, std::vector<std::int64_t>& keys) const override {
@@ -218,7 +218,7 @@ void tools::Form45::showHolder(controls::Label& label, const UsageItem& holder) 
 }
 
 std::string tools::Form45::sizeText(std::uint64_t bytes) const {
-  return bytes == 0 ? "0" : core::format("###,###", bytes, desk_.program.platform.regional);
+  return core::panelSize(bytes, desk_.program.platform.regional);
 }
 
 void tools::Form45::setChart(controls::Chart::Type type) {
@@ -230,10 +230,7 @@ void tools::Form45::setChart(controls::Chart::Type type) {
 
 void tools::Form45::selectRow(std::uint32_t id) {
   if (id >= ListView1.count()) return;
-  ListView1.selectNone();
-  ListView1.setSelected(id, true);
-  ListView1.focusRow(ListView1.rowOf(id));
-  ListView1.ensureVisible(ListView1.rowOf(id));
+  ListView1.chooseRow(ListView1.rowOf(id));
   ListView1_Click();
 }
 

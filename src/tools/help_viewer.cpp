@@ -127,10 +127,7 @@ void tools::frmHelp::step(int by) {
 }
 
 void tools::frmHelp::choose(std::uint32_t row) {
-  lstTopics.selectNone();
-  lstTopics.item(row).setSelected(true);
-  lstTopics.focusRow(row);
-  lstTopics.ensureVisible(row);
+  lstTopics.chooseRow(row);
   showChosen();
 }
 

@@ -24,6 +24,11 @@ constexpr std::size_t LastOfBatch = 900;
 constexpr std::uint32_t RowsPerTurn = 50;
 constexpr int FolderIcon = 1, FileIcon = 2;
 
+/// The path of a row's item. Of a folder, the first column alone is its path.
+std::string itemOf(const controls::ListItem& row) {
+  return row.Text() + (row.SubItems(1) == FolderMark ? "" : row.SubItems(1));
+}
+
 }  // namespace
 
 Form41::Form41(panels::Desk& desk)
@@ -126,7 +131,7 @@ void Form41::showCount() { Label3.Caption = "Entries In View :  " + std::to_stri
 void Form41::showTitle() {
   const auto row = ListView1.SelectedItem();
   if (!row) return;
-  const std::string item = row->Text() + (row->SubItems(1) == FolderMark ? "" : row->SubItems(1));
+  const std::string item = itemOf(*row);
   const bool isLong = core::characterCount(item) > LongTitle;
   Caption = std::string(Title) + ", - " + (isLong ? " ..." + std::string(core::lastCharacters(item, LongTitle)) : item);
 }
@@ -158,7 +163,7 @@ void Form41::Command3_Click() {
 void Form41::ListView1_DblClick() {
   const auto row = ListView1.SelectedItem();
   if (!row) return;
-  const std::string item = row->Text() + (row->SubItems(1) == FolderMark ? "" : row->SubItems(1));
+  const std::string item = itemOf(*row);
   if (desk_.files().fileExists(item) || desk_.files().folderExists(item))
     desk_.opener.OpenItemPath(item);
   else

@@ -114,20 +114,6 @@ TEST_F(Commands, TheMenusAreInOrder) {
   }
 }
 
-TEST_F(Commands, StandBehindWhatTheyNameAndLinesPartGroupsAlsoAboveAMenuThatBeginsOne) {
-  const auto names = [&](const char* heading) {
-    Names names;
-    for (const MenuItem* item : menu()[heading].children())
-      names.push_back(item->Caption == "-" ? "-" : item->name());
-    return names;
-  };
-  const Names view = names("View"), group{"ViewProg", "Viewuser", "HidSysfiles"};
-  EXPECT_FALSE(std::ranges::search(view, group).empty());
-  const Names go = names("GoMenu");
-  EXPECT_EQ(go[go.size() - 2], "-");
-  EXPECT_NE(menu()["GoMenu"].children().back()->children().front()->Caption.get(), "-");
-}
-
 // Names that handlers pass in code that no test may run.
 TEST_F(Commands, EveryNameInTheSourcesIsInTheTable) {
   const std::regex asked(R"re([Mm]enu\["(\w+)"\]|checked\("(\w+)"\)|perform\("(\w+)")re");

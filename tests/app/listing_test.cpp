@@ -9,12 +9,6 @@ namespace column = panels::column;
 
 class ListingTest : public test::AppTest {
  protected:
-  std::string cells(const Panel& panel, std::uint32_t row) {
-    std::string all;
-    for (int column = 0; column < column::Count; ++column)
-      all += (column ? "|" : "") + panel.list.cell(row, column);
-    return all;
-  }
   /// First columns, the extensions behind a mark if `whole`.
   std::string order(Panel& panel, bool whole) {
     std::string all;
@@ -36,8 +30,7 @@ TEST_F(ListingTest, RowsTellFoldersAndFilesApart) {
   const Names rows{"\\ Photos.2024| |< Folder >|" + date + "||", "empty||0|" + date + "|0|" + day,
                    "ends in point.||2|" + date + "|000,000,000,002|" + day,
                    "report.final|txt|1,234,567|" + date + "|000,001,234,567|" + day};
-  for (std::uint32_t row = 0; row < rows.size(); ++row)
-    EXPECT_EQ(cells(left(), row), rows[row]);
+  EXPECT_EQ(test::rowsOf(left().list, column::Count), rows);
   EXPECT_EQ(left().list.item(0).SmallIcon(), 6);
   EXPECT_EQ(left().list.item(1).SmallIcon(), 7);
   EXPECT_EQ(left().fileName(left().list.item(1)), "empty");
@@ -262,8 +255,7 @@ TEST_F(ListingTest, AListingAsksOnceForTheFolderAndNothingForItsRows) {
   left().setPath("C:\\many");
   rig.app().listing.filedir1();
   left().list.headerFromUser(3);
-  for (std::uint32_t row = 0; row < 300; ++row)
-    cells(left(), row);
+  EXPECT_EQ(test::rowsOf(left().list, column::Count).size(), 300u);
   EXPECT_EQ(files.listings, 1);
   EXPECT_EQ(files.questions, 0);
 }

@@ -120,8 +120,7 @@ TEST_F(NavigationTest, AnotherDriveShowsItsRootOrItsLastFolder) {
 
 TEST_F(NavigationTest, APlaceThatIsGoneIsToldAndThePanelStays) {
   go("C:\\two");
-  rig.loop.meets({test::noticed(" Location Stored In Memory ! ")});
-  rig.command("store_Click");
+  rig.command("store_Click", {test::noticed(" Location Stored In Memory ! ")});
   go("C:\\three");
   form().ImageCombo1.chooseFromUser(0);
   EXPECT_EQ(left().path(), "C:\\two\\");
@@ -151,8 +150,7 @@ TEST_F(NavigationTest, TheHistoryHoldsEachFolderOnceAndFiftyAtMost) {
   EXPECT_EQ(form().ImageCombo1.Items->size(), 50u);
   EXPECT_EQ(form().ImageCombo1.Items.get().front().text, "C:\\many\\5");
 
-  rig.loop.meets({test::noticed("Folder History Stored in File !")});
-  rig.command("savefolder_his_Click");
+  rig.command("savefolder_his_Click", {test::noticed("Folder History Stored in File !")});
   rig.command("ClearHis_Click");
   EXPECT_TRUE(form().ImageCombo1.Items->empty());
   rig.loop.whenShows("Form13").reads({"Caption|Information", "Label1|No Folder History To Store !"}).closes();

@@ -163,8 +163,7 @@ class PasteViewerTest : public BasketTest {
           user();
         })
         .press("Command4");
-    rig.loop.meets(answers);
-    rig.command("RegOptions_Click");
+    rig.command("RegOptions_Click", answers);
     rig.loop.expectAllReached();
   }
   void saveAs(const std::string& name) {

@@ -142,16 +142,5 @@ TEST_F(ListViewTest, TypedLettersFindNamesRoundTheEnd) {
   EXPECT_EQ(list.focusedRow(), 3u);
 }
 
-TEST_F(ListViewTest, ManyChangesMarkTheListOnceForTheDrawingSide) {
-  fill({"a", "b", "c"});
-  form.takeChangedControls();
-  list.takeChanged();
-  list.selectNone();
-  EXPECT_TRUE(form.takeChangedControls().empty()) << "nothing was selected, nothing changed";
-  for (std::uint32_t row = 0; row < 3; ++row)
-    list.item(row).setSelected(true);
-  EXPECT_EQ(form.takeChangedControls().size(), 1u);
-}
-
 }  // namespace
 }  // namespace varnholt::controls

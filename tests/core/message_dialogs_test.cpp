@@ -13,18 +13,6 @@ class MessageDialogsTest : public testing::Test {
   MessageDialogs dialogs{loop, Timer2};
 };
 
-TEST_F(MessageDialogsTest, AQuestionTellsItsFourAnswersApart) {
-  EXPECT_FALSE(dialogs.Form11.Command2.Visible) << "shown by one question alone";
-  for (const auto& [button, answer] :
-       {std::pair{"Command11", Answer::Yes}, {"Command1", Answer::No}, {"Command2", Answer::All}, {"", Answer::None}}) {
-    dialogs.Form11.Command2.Visible = true;
-    auto& step = loop.whenShows("Form11").reads({"Caption|Alert !", "Label1|Go on ?"});
-    *button ? step.press(button) : step.closes();
-    EXPECT_EQ(dialogs.ask("Go on ?"), answer) << button;
-    EXPECT_EQ(dialogs.Form11.AlertAnswer, answer) << "it stays until the next question";
-  }
-}
-
 TEST_F(MessageDialogsTest, WorkGoesOnVisiblyWhileTheDeleteDialogIsOpen) {
   bool deleting = false;
   dialogs.Form11.deleteDialogOpen = [&] { return deleting; };

@@ -1,7 +1,6 @@
 #include "core/attribute_words.hpp"
 #include "core/format.hpp"
 #include "core/item_text.hpp"
-#include "core/name_split.hpp"
 #include "core/val_input_rule.hpp"
 #include "core/wildcard.hpp"
 #include "support/testing.hpp"
@@ -17,16 +16,6 @@ TEST(ItemText, LeadsToOneFullPath) {
                   "D:odd name|C:\\Photos|C:\\Photos\\D:odd name", "a.txt||a.txt"}) {
     const test::Row row(text);
     EXPECT_EQ(entryPath(row.first, row.second), row.third);
-  }
-}
-
-TEST(Rows, SplitNamesSoThatTheyCanBePutTogetherAgain) {
-  for (const auto text :
-       test::Rows{"a.b.txt|a.b|txt", "Makefile|Makefile|", ".profile|.profile|", "ends.|ends.|", "||"}) {
-    const test::Row row(text);
-    const NameParts parts = splitName(row.first);
-    EXPECT_TRUE(parts.base == row.second && parts.extension == row.third) << text;
-    EXPECT_EQ(rowFileName(parts.base, parts.extension), row.first);
   }
 }
 

@@ -130,8 +130,7 @@ TEST_F(CopyTest, TheTargetIsBrowsedForAndThePanelGoesBack) {
       if (onCancel) browser.Check1.toggleFromUser();
       if (onExecute) browser.Check2.toggleFromUser();
     };
-    rig.loop.meets({{"Form35", "Command1", "", browses}});
-    rig.command("Command1_Click");
+    rig.command("Command1_Click", {{"Form35", "Command1", "", browses}});
     EXPECT_EQ(rig.exists("C:\\Elsewhere\\a.txt"), execute);
     EXPECT_FALSE(rig.exists("C:\\To\\a.txt"));
     EXPECT_EQ(right().path(), shownAfter);

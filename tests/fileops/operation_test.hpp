@@ -45,8 +45,7 @@ class OperationTest : public test::AppTest {
   }
   void start(const char* handler, const Answers& dialogs, const Answers& answers) {
     rig.loop.meets(dialogs);
-    rig.loop.meets(answers);
-    rig.command(handler);
+    rig.command(handler, answers);
   }
   /// What is done to an existing target.
   static test::Answer existing(const char* button, const std::string& name = {}) {

@@ -207,8 +207,7 @@ TEST_F(AsNewNameTest, AFileThatCannotGoBackStaysInTheWorkFolderUntilItCan) {
     ops().Form5.Command5.press();
     rig.loop.meets({told("Cancel Function After Move As Failed!, Get Your File In Varnholt Folder \\Tmp")});
   };
-  rig.loop.meets({{"Form5", "Command2", "", asks}});
-  rig.command("Command3_Click");
+  rig.command("Command3_Click", {{"Form5", "Command2", "", asks}});
   EXPECT_EQ(rig.read(tmp("b.txt")), "text");
   ASSERT_TRUE(files().deleteFile("C:\\From\\a.txt", true));
   rig.restart();

@@ -21,20 +21,12 @@ class NotesTest : public test::AppTest {
     ASSERT_TRUE(files().writeFile(folder() + name, bytes));
   }
   std::string text() { return notes().RichTextBox1.Document().plain(); }
-  Names rows() {
-    Names rows;
-    for (std::uint32_t row = 0; row < notes().ListView1.count(); ++row)
-      rows.push_back(notes().ListView1.cell(row, 0));
-    return rows;
-  }
+  Names rows() { return test::rowsOf(notes().ListView1); }
   void click(const std::string& name, controls::Modifiers modifiers = {}) {
-    for (std::uint32_t row = 0; row < notes().ListView1.count(); ++row)
-      if (notes().ListView1.cell(row, 0) == name) {
-        notes().ListView1.pressFromUser(row, {controls::MouseButton::Left, modifiers});
-        notes().ListView1.releaseFromUser({controls::MouseButton::Left, modifiers});
-        return;
-      }
-    ADD_FAILURE() << "no row " << name;
+    const Names names = rows();
+    const auto row = std::ranges::find(names, name);
+    ASSERT_NE(row, names.end()) << name;
+    test::click(notes().ListView1, static_cast<std::uint32_t>(row - names.begin()), modifiers);
   }
   void type(const std::string& text) { notes().RichTextBox1.typeFromUser(RichText::of(text)); }
   /// What the user does and meets; a text that is still unsaved at the end is given up.

@@ -111,8 +111,7 @@ TEST_F(OpenedItemsTest, WhatCannotBeOpenedIsToldAndNotKept) {
       EXPECT_TRUE(form.Visible) << typed;
       opened().Form29.Command2.press();
     });
-    rig.loop.meets({test::told(told)});
-    rig.command("OpenItem_Click");
+    rig.command("OpenItem_Click", {test::told(told)});
   };
   for (const auto& [typed, told] : {std::pair{"Address...", "Invalid Input, - [: or \\] missing !"},
                                     {"", "Invalid Input, - [: or \\] missing !"},
@@ -144,8 +143,7 @@ TEST_F(OpenedItemsTest, TheNewestAddressLeadsTheFileAndEachStandsThereOnce) {
   startAgain();
   EXPECT_EQ(kept("\\OpenHis.Dat"), "WWW.A\r\n");
   rig.loop.whenShows("Form29").run([this](controls::Form&) { opened().Form29.Command3.press(); }).closes();
-  rig.loop.meets({test::noticed("Open Items Cleared In Memory !")});
-  rig.command("OpenItem_Click");
+  rig.command("OpenItem_Click", {test::noticed("Open Items Cleared In Memory !")});
   startAgain();
   EXPECT_EQ(kept("\\OpenHis.Dat"), "");
 }
@@ -178,13 +176,12 @@ TEST_F(OpenedItemsTest, ARecentFileIsGoneToAndOneThatIsGoneLeavesTheList) {
     dialog.Command3.press();
     EXPECT_FALSE(dialog.Visible);
   });
-  rig.loop.meets({test::told("File Path NOT Valid !"), test::told("File Do Not Exist !, - Removes From List.")});
-  rig.command("Recent_Files_Click");
+  rig.command("Recent_Files_Click",
+              {test::told("File Path NOT Valid !"), test::told("File Do Not Exist !, - Removes From List.")});
   EXPECT_EQ(left().path(), "C:\\Work\\");
   EXPECT_EQ(selected(left()), Names{"a.txt"});
   rig.loop.whenShows("Form28").run([this](controls::Form&) { opened().Form28.Command1.press(); }).closes();
-  rig.loop.meets({test::noticed("Recent Files Cleared In Memory !")});
-  rig.command("Recent_Files_Click");
+  rig.command("Recent_Files_Click", {test::noticed("Recent Files Cleared In Memory !")});
   EXPECT_EQ(opened().Form28.ImageCombo1.Text.get(), "Recent Files Cleared ...");
   inRecent([](Form28& dialog) {
     EXPECT_EQ(dialog.ImageCombo1.Text.get(), "Recent Files Emty ...");
@@ -195,8 +192,7 @@ TEST_F(OpenedItemsTest, ARecentFileIsGoneToAndOneThatIsGoneLeavesTheList) {
 // --- Most Used Files -----------------------------------------------------------------------------------------------
 
 TEST_F(OpenedItemsTest, CountsEachOpenAndOutlivesTheProgram) {
-  rig.loop.meets({test::told("No Items In Most Used Files !")});
-  rig.command("Mufi_Click");
+  rig.command("Mufi_Click", {test::told("No Items In Most Used Files !")});
   for (const char* path : {"C:\\Work\\a.txt", "C:\\Work\\b.txt", "C:\\Work\\a.txt", "C:\\root"})
     rig.app().mostUsed.Muf(path);
   startAgain();
@@ -208,19 +204,17 @@ TEST_F(OpenedItemsTest, CountsEachOpenAndOutlivesTheProgram) {
     EXPECT_EQ(dialog.ListView1.cell(0, 0) + dialog.ListView1.cell(0, 1) + dialog.ListView1.cell(0, 2),
               "000002a.txtC:\\Work\\");
     // The third is gone.
-    dialog.ListView1.pressFromUser(2, {});
-    dialog.ListView1.releaseFromUser({});
+    test::click(dialog.ListView1, 2);
     EXPECT_EQ(dialog.StatusBar1.panel(1), "File Do Not Exist !");
     dialog.Command11.press();
     dialog.Command6.press();
     dialog.Command3.press();
     EXPECT_EQ(dialog.ListView1.count(), 2u);
-    dialog.ListView1.pressFromUser(0, {});
+    test::click(dialog.ListView1, 0);
     dialog.Command6.press();
     EXPECT_FALSE(dialog.Visible);
   });
-  rig.loop.meets({test::told("Invalid Path, - File Do Not Exist !"), test::told("File Path NOT Valid !")});
-  rig.command("Mufi_Click");
+  rig.command("Mufi_Click", {test::told("Invalid Path, - File Do Not Exist !"), test::told("File Path NOT Valid !")});
   EXPECT_EQ(selected(left()), Names{"a.txt"});
   startAgain();
   EXPECT_EQ(mostUsed(), (Names{"1 C:\\Work\\b.txt", "2 C:\\Work\\a.txt"}));

@@ -7,6 +7,9 @@
 namespace varnholt::places {
 namespace {
 
+using test::click;
+using test::key;
+
 class PresetsTest : public test::AppTest {
  protected:
   void SetUp() override {
@@ -24,20 +27,7 @@ class PresetsTest : public test::AppTest {
   std::string stored(const char* section, const char* key) {
     return rig.platform->settings.get("presets", section, key);
   }
-  static Names rows(controls::ListView& list) {
-    Names rows;
-    for (std::uint32_t row = 0; row < list.count(); ++row)
-      rows.push_back(list.cell(row, 0) + "|" + list.cell(row, 1));
-    return rows;
-  }
-  static void click(controls::ListView& list, std::uint32_t row) {
-    list.pressFromUser(row, {});
-    list.releaseFromUser({});
-  }
-  static void key(controls::ListView& list, int code) {
-    controls::KeyEvent event{code, {}, false};
-    list.keyFromUser(event, 10);
-  }
+  static Names rows(const controls::ListView& list) { return test::rowsOf(list, 2); }
 
   /// What the user does in the static presets.
   using Acts = std::function<void(Form20&)>;
@@ -105,8 +95,7 @@ TEST_F(PresetsTest, ANameIsTakenOnce) {
           EXPECT_EQ(presets().Form21.Text1.Text.get(), "");
         })
         .press("Command3");
-    rig.loop.meets({test::told("\rPresetName already exist !" + reason)});
-    rig.command("Command12_Click");
+    rig.command("Command12_Click", {test::told("\rPresetName already exist !" + reason)});
   }
   EXPECT_EQ(kept(), "HOME\r\n");
 }
@@ -120,8 +109,7 @@ TEST_F(PresetsTest, AListThatCannotBeWrittenAndAWindowsFolderThatIsGoneAreTold) 
     EXPECT_EQ(dialog.ListView1.count(), 0u);
   });
   names("home", "");
-  rig.loop.meets({test::told("Presets Not Stored !, - No space left on device")});
-  rig.command("Command12_Click");
+  rig.command("Command12_Click", {test::told("Presets Not Stored !, - No space left on device")});
   EXPECT_EQ(stored("HOME", "view1path"), "");
   files.vanishes = rig.app().program.folders.windir;
   rig.loop.whenBox("Alert !", controls::MessageAnswer::Ok,
@@ -170,8 +158,7 @@ TEST_F(PresetsTest, APresetWithAVanishedFolderSaysSoAndMovesNothing) {
     list.doubleClickFromUser(0);
     EXPECT_TRUE(dialog.Visible);
   });
-  rig.loop.meets({test::told("Preset has changed and NOT Valid !")});
-  rig.command("Command12_Click");
+  rig.command("Command12_Click", {test::told("Preset has changed and NOT Valid !")});
   EXPECT_EQ(paths(), "C:\\Photos\\ C:\\Photos\\");
 }
 
@@ -199,8 +186,8 @@ TEST_F(PresetsTest, DeletingAsksAndLeavesTheOthersAndWhatIsNoPreset) {
       (dialog.*button).press();
       if (dialog.ListView1.count() == 0) (dialog.*button).press();  // nothing is left to ask about
     });
-    rig.loop.meets({{"Form11", answer, "You are about to DELETE " + std::string(what) + ", - Continue ?\r"}});
-    rig.command("Command12_Click");
+    rig.command("Command12_Click",
+                {{"Form11", answer, "You are about to DELETE " + std::string(what) + ", - Continue ?\r"}});
   };
   deletes(&Form20::Command1, "Selected Preset", "Command1");
   EXPECT_EQ(kept(), "ONE\r\nTWO\r\nTHREE\r\ndefault\r\n");

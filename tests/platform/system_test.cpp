@@ -40,29 +40,17 @@ TEST(Clock, LeadsBackToTheMomentAroundEachChangeOfTheOffset) {
   }
 }
 
-TEST(Clock, CarriesFieldsThatAreOutOfRange) {
-  const test::ScopedVariable zone("TZ", "UTC");
-  const SystemClock clock;
-  const auto at = [&](CalendarTime time) {
-    const CalendarTime t = clock.local(clock.fromLocal(time));
-    char text[64];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d (%d)", t.year, t.month, t.day, t.hour, t.minute,
-                  t.second, t.weekday);
-    return std::string(text);
-  };
-  EXPECT_EQ(at({2007, 3, 9, 14, 61, 0}), "2007-03-09 15:01:00 (5)");
-  EXPECT_EQ(at({2007, 13, 1, 0, 0, 0}), "2008-01-01 00:00:00 (2)");
-  EXPECT_EQ(at({2007, -11, 1, 0, 0, 0}), "2006-01-01 00:00:00 (0)");
-  EXPECT_EQ(at({2008, 2, 30, 0, 0, -1}), "2008-02-29 23:59:59 (5)");
-  EXPECT_EQ(at({1899, 12, 30, 0, 0, 0}), "1899-12-30 00:00:00 (6)");
-}
-
-TEST(Clock, TakesASkippedTimeAsIfTheClockHadNotBeenPutForward) {
+TEST(Clock, CarriesFieldsOutOfRangeAndTakesASkippedTimeAsIfTheClockHadNotBeenPutForward) {
   const test::ScopedVariable zone("TZ", "Europe/Copenhagen");
   const SystemClock clock;
-  const CalendarTime shown = clock.local(clock.fromLocal({2007, 3, 25, 2, 30, 0}));
-  EXPECT_EQ(shown.hour, 3);
-  EXPECT_EQ(shown.minute, 30);
+  for (const auto& [given, shown] :
+       {std::pair<CalendarTime, CalendarTime>{{2007, 13, 1, 14, 61, 0}, {2008, 1, 1, 15, 1, 0}},
+        {{1899, 12, 30, 0, 0, 0}, {1899, 12, 30, 0, 0, 0}},
+        {{2007, 3, 25, 2, 30, 0}, {2007, 3, 25, 3, 30, 0}}}) {
+    const CalendarTime found = clock.local(clock.fromLocal(given));
+    EXPECT_EQ(std::tuple(found.year, found.month, found.day, found.hour, found.minute),
+              std::tuple(shown.year, shown.month, shown.day, shown.hour, shown.minute));
+  }
 }
 
 TEST(Clock, AnswersForAnyMoment) {

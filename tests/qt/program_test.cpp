@@ -4,14 +4,12 @@
 
 #include <QAccessible>
 #include <QAction>
-#include <QCalendarWidget>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
-#include <QTableView>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QWindow>
@@ -239,28 +237,6 @@ TEST_F(DrawnDialogs, TheMaskMakesTheWindowLargerAndSmallerAgainAndEnterPreviews)
   loop.flush();
   EXPECT_FALSE(app.rename.Form14.Visible);
   EXPECT_EQ(window->focusWidget(), list("ListView1"));
-}
-
-TEST_F(DrawnDialogs, APickedDayArrivesAndEscLeavesFilterAndDates) {
-  start();
-  inDialog(app.filters.Form6, [&](QWidget* dialog) {
-    EXPECT_EQ(dialog->focusWidget(), dialog->findChild<QWidget*>(QStringLiteral("Text2")));
-    inDialog(app.filters.Form24, [&](QWidget* dates) {
-      auto* calendar = usable<QCalendarWidget>(dates, "MonthView1");
-      auto* days = calendar->findChild<QTableView*>();
-      days->setFocus();
-      keys(days, {Qt::Key_Right, Qt::Key_Return});
-      const QDate day = calendar->selectedDate();
-      EXPECT_EQ(app.filters.Form24.MonthView1.Value.get(),
-                (controls::MonthView::Day{day.year(), day.month(), day.day()}));
-      QTest::keyClick(dates, Qt::Key_Escape);
-    });
-    QTest::mouseClick(usable<QPushButton>(dialog, "Command1"), Qt::LeftButton);
-    EXPECT_FALSE(app.filters.Form24.Visible);
-    QTest::keyClick(dialog, Qt::Key_Escape);
-  });
-  QTest::keyClick(list("ListView1"), Qt::Key_M, Qt::ControlModifier);
-  EXPECT_TRUE(waitFor([&] { return !app.filters.Form6.Visible; }));
 }
 
 }  // namespace

@@ -45,8 +45,7 @@ std::vector<std::string> World::temporary(std::string_view folder) const {
   return names;
 }
 
-User::User(const World& world, AppRig::Wrapper wrapper) : rig(world.path()) {
-  if (wrapper) rig.useFiles(std::move(wrapper));
+User::User(const World& world) : rig(world.path()) {
   rig.startLeft();
   if (std::ranges::any_of(rig.platform->detours.waiting(),
                           [this](const std::string& place) { return rig.platform->files.fileExists(place); }))

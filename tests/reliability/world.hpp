@@ -15,7 +15,6 @@ class World : public ScratchFolder {
   bool mountSecond();
   /// Files get a date long past and a mode, so that a changed one is seen.
   const World& file(std::string_view name, std::string_view bytes, long date = 1'000'000'000, mode_t mode = 0640) const;
-  EntryFacts entry(std::string_view name) const { return factsOf(system(name)); }
   TreeSnapshot tree(std::string_view folder) const { return snapshot(system(folder)); }
   /// Both drives.
   TreeSnapshot all() const;
@@ -29,9 +28,8 @@ class World : public ScratchFolder {
 /// A program that was started on a world, and its user. The left panel is the active one.
 class User {
  public:
-  /// The wrapper, where there is one, stands between the program and the disk. Files that a killed program left on
-  /// their way are brought back by this start, which tells it.
-  explicit User(const World& world, AppRig::Wrapper wrapper = {});
+  /// Files that a killed program left on their way are brought back by this start, which tells it.
+  explicit User(const World& world);
 
   void open(const std::string& from, const std::string& to);
   /// Selects rows of the left panel.
@@ -43,7 +41,6 @@ class User {
   /// Runs on what is marked; the dialogs are to be expected before.
   void copies() { rig.command("Command1_Click"); }
   void moves() { rig.command("Command3_Click"); }
-  void syncs() { rig.command("Com_Sync_Click"); }
   void swaps() { rig.command("ExFiles_Click"); }
   void deletes() { rig.command("Command4_Click"); }
 

@@ -34,19 +34,6 @@ class MaskedRenameTest : public RenameTest {
   }
 };
 
-TEST_F(MaskedRenameTest, TheMaskTurnsOnAndOff) {
-  rename({"a.txt"}, [&] {
-    for (const bool on : {true, false}) {
-      dialog().Command5.press();
-      EXPECT_EQ(dialog().Command5.Caption.get(), on ? "Mask On" : "Mask Off");
-      EXPECT_EQ(dialog().Width, on ? 7000.0 : 2820.0);
-      EXPECT_EQ(dialog().ListView1.Visible && dialog().Text2.Visible && dialog().Command6.Visible, on);
-      EXPECT_TRUE((on ? dialog().Text2 : dialog().Text1).hasFocus());
-    }
-    dialog().Command2.press();
-  });
-}
-
 TEST_F(MaskedRenameTest, TheFieldsFollowTheBoxes) {
   make({"a.txt"});
   auto& form = dialog();

@@ -4,6 +4,28 @@
 
 namespace varnholt::test {
 
+void click(controls::ListView& list, std::uint32_t row, controls::Modifiers modifiers) {
+  const controls::MouseEvent mouse{controls::MouseButton::Left, modifiers};
+  list.pressFromUser(row, mouse);
+  list.releaseFromUser(mouse);
+}
+
+void key(controls::ListView& list, int code, controls::Modifiers modifiers) {
+  controls::KeyEvent event{code, modifiers, false};
+  list.keyFromUser(event, 10);
+  list.keyUpFromUser(event);
+}
+
+std::vector<std::string> rowsOf(const controls::ListView& list, int columns) {
+  std::vector<std::string> rows;
+  for (std::uint32_t row = 0; row < list.count(); ++row) {
+    rows.push_back(list.cell(row, 0));
+    for (int column = 1; column < columns; ++column)
+      rows.back() += "|" + list.cell(row, column);
+  }
+  return rows;
+}
+
 void AppRig::build() {
   scratch.folder("home").folder("second").folder("program");
   restart();
@@ -86,17 +108,11 @@ controls::MenuItem& AppRig::menu(const std::string& name) {
   return form().Menu[name];
 }
 
-void AppRig::command(const std::string& handler) {
+void AppRig::command(const std::string& handler, const std::vector<Answer>& answers) {
+  loop.meets(answers);
   const auto* found = form().commands.find(handler);
   ASSERT_TRUE(found && found->run) << "nothing runs behind " << handler;
   app().dispatcher.perform(handler);
-}
-
-std::vector<std::string> AppRig::names(const panels::Panel& panel) const {
-  std::vector<std::string> names;
-  for (std::uint32_t row = 0; row < panel.list.count(); ++row)
-    names.push_back(panel.list.cell(row, 0) + "|" + panel.list.cell(row, 1));
-  return names;
 }
 
 std::uint32_t AppRig::rowOf(panels::Panel& panel, const std::string& text) {
@@ -107,9 +123,7 @@ std::uint32_t AppRig::rowOf(panels::Panel& panel, const std::string& text) {
 }
 
 void AppRig::click(panels::Panel& panel, const std::string& text, controls::Modifiers modifiers) {
-  const controls::MouseEvent mouse{controls::MouseButton::Left, modifiers};
-  panel.list.pressFromUser(rowOf(panel, text), mouse);
-  panel.list.releaseFromUser(mouse);
+  test::click(panel.list, rowOf(panel, text), modifiers);
   EXPECT_EQ(panel.inconsistency(), "");
 }
 
@@ -120,9 +134,7 @@ void AppRig::doubleClick(panels::Panel& panel, const std::string& text) {
 }
 
 void AppRig::key(panels::Panel& panel, int code, controls::Modifiers modifiers) {
-  controls::KeyEvent event{code, modifiers, false};
-  panel.list.keyFromUser(event, 10);
-  panel.list.keyUpFromUser(event);
+  test::key(panel.list, code, modifiers);
   EXPECT_EQ(panel.inconsistency(), "");
 }
 

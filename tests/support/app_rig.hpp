@@ -7,6 +7,11 @@
 
 namespace varnholt::test {
 
+/// What a user does in any list, and its rows as they stand: so many columns, "text|ext".
+void click(controls::ListView& list, std::uint32_t row, controls::Modifiers modifiers = {});
+void key(controls::ListView& list, int code, controls::Modifiers modifiers = {});
+std::vector<std::string> rowsOf(const controls::ListView& list, int columns = 1);
+
 /// The whole program on temporary folders, with a scripted user, a fixed clock and fixed regional formats. `C:` and
 /// `D:` are two fresh folders, `Z:` is the root of the file system. Paths that the rig itself takes are on `C:` or
 /// `D:`.
@@ -20,16 +25,11 @@ class AppRig {
 
   /// Builds the program anew over the same folders, as a second start does. Call before start().
   void restart();
-  /// Puts a file system of the test's own between the program and the real one, and builds the program anew.
-  using Wrapper = std::function<std::unique_ptr<platform::FileSystem>(platform::FileSystem& real)>;
-  void useFiles(Wrapper wrapper) {
-    wrapper_ = std::move(wrapper);
-    restart();
-  }
-  /// The same with one of that kind.
+  /// Puts a file system of that kind between the program and the real one, and builds the program anew.
   template <class Files>
   Files& use() {
-    useFiles([](platform::FileSystem& real) { return std::make_unique<Files>(real); });
+    wrapper_ = [](platform::FileSystem& real) { return std::make_unique<Files>(real); };
+    restart();
     return dynamic_cast<Files&>(*wrapped_);
   }
   /// Starts no program from here on, and gives what records them. Builds the program anew.
@@ -64,10 +64,11 @@ class AppRig {
   app::App& app() { return *app_; }
   panels::Form1& form() { return app_->Form1; }
   controls::MenuItem& menu(const std::string& name);
-  /// Runs a command by its handler; fails the test when there is none.
-  void command(const std::string& handler);
-  /// First columns of the rows as they stand, "text|ext".
-  std::vector<std::string> names(const panels::Panel& panel) const;
+  /// Runs a command by its handler, and meets these dialogs behind those that are expected already. Fails the test when
+  /// there is no such handler.
+  void command(const std::string& handler, const std::vector<Answer>& answers = {});
+  /// Rows as they stand, "text|ext".
+  std::vector<std::string> names(const panels::Panel& panel) const { return rowsOf(panel.list, 2); }
   /// Clicks a row that has this text in its first column.
   void click(panels::Panel& panel, const std::string& text, controls::Modifiers modifiers = {});
   void doubleClick(panels::Panel& panel, const std::string& text);
@@ -86,7 +87,7 @@ class AppRig {
   void build();
   std::string inScratch(std::string_view path) const;
 
-  Wrapper wrapper_;
+  std::function<std::unique_ptr<platform::FileSystem>(platform::FileSystem& real)> wrapper_;
   std::unique_ptr<RecordingShell> shell_;
   std::unique_ptr<platform::FileSystem> wrapped_;
   std::unique_ptr<app::App> app_;

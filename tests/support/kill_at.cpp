@@ -136,17 +136,6 @@ int KillAt::moments() const { return run(-1); }
 
 bool KillAt::at(int moment) const { return run(moment) == moment + 1; }
 
-bool diesInChild(const std::function<void()>& work) {
-  std::cout.flush();
-  const pid_t child = ::fork();
-  if (child == 0) {
-    work();
-    endChild();
-  }
-  int status = 0;
-  return child > 0 && ::waitpid(child, &status, 0) == child && WIFSIGNALED(status);
-}
-
 bool heldInChild(const std::function<void()>& checks) {
   std::cout.flush();
   const pid_t child = ::fork();

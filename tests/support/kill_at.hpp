@@ -32,8 +32,6 @@ class KillAt {
 
 /// Runs checks in a child process, as a next start of the program is one. True when all held.
 bool heldInChild(const std::function<void()>& checks);
-/// Runs work that kills itself in a child process. False when it ended.
-bool diesInChild(const std::function<void()>& work);
 /// heldInChild in one that has no rights beyond those of an ordinary user, for as root the kernel refuses nothing. The
 /// folder must be open to others.
 bool heldAsOrdinaryUser(const std::function<void()>& checks);

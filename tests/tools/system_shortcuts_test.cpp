@@ -60,8 +60,7 @@ TEST_F(SystemShortcutsTest, SayWhichToolIsMissing) {
         Missing{"PingI_Click", "Cmd.exe Or Ping.exe In ...\\System32 Not found !"},
         Missing{"winexpl_Click", "Explorer.exe Not Found !"}, Missing{"regedit_Click", "Regedit.exe not found !"},
         Missing{"attackdrive_Click", "Explorer.exe not found !"}}) {
-    rig.loop.meets({told(text)});
-    rig.command(handler);
+    rig.command(handler, {told(text)});
     rig.loop.expectAllReached();
   }
   rig.write("C:\\Work\\command.com");
@@ -72,8 +71,7 @@ TEST_F(SystemShortcutsTest, SayWhichToolIsMissing) {
 TEST_F(SystemShortcutsTest, LogOffOnlyWhenTheUserSaysYes) {
   const std::string question = "You are about to Log Off !\rARE YOU SURE ?";
   for (const auto& [answer, starts] : {std::pair{test::no(question), 0u}, {test::yes(question), 1u}}) {
-    rig.loop.meets({answer});
-    rig.command("WinShutDown_Click");
+    rig.command("WinShutDown_Click", {answer});
     EXPECT_EQ(shell->started.size(), starts);
   }
 }
@@ -93,8 +91,7 @@ TEST_F(SystemShortcutsTest, PingTakesTheAddressAsItIsTyped) {
     EXPECT_EQ(shell->started[0].first, "\"" + windows + "\\system32\\cmd.exe\" /K Ping -- " + handed);
   }
   rig.loop.whenShows("Form39").press("Command11").press("Command2");
-  rig.loop.meets({noticed("Key In Ping Address Please !")});
-  rig.command("PingI_Click");
+  rig.command("PingI_Click", {noticed("Key In Ping Address Please !")});
 }
 
 TEST_F(SystemShortcutsTest, TheAboutBoxTellsTheVersion) {

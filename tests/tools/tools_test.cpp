@@ -33,15 +33,12 @@ TEST_F(ToolsTest, CookiesGoWithoutTheirFoldersAndOnlyAfterAYes) {
   setAttributes("C:\\Jar\\locked.txt", platform::attribute::ReadOnly);
   ASSERT_EQ(::symlink(rig.systemPath("C:\\elsewhere.txt").c_str(), rig.systemPath("C:\\Jar\\link").c_str()), 0);
   shellFolder("Cookies", "C:\\Jar");
-  rig.loop.meets({no(question)});
-  rig.command("DelCookies_Click");
+  rig.command("DelCookies_Click", {no(question)});
   EXPECT_TRUE(rig.exists("C:\\Jar\\a.txt"));
-  rig.loop.meets({yes(question), noticed("All Cookie Files Deleted !")});
-  rig.command("DelCookies_Click");
+  rig.command("DelCookies_Click", {yes(question), noticed("All Cookie Files Deleted !")});
   EXPECT_FALSE(rig.exists("C:\\Jar\\a.txt") || rig.exists("C:\\Jar\\locked.txt") || rig.exists("C:\\Jar\\link"));
   EXPECT_TRUE(rig.exists("C:\\Jar\\below\\b.txt") && rig.exists("C:\\elsewhere.txt"));
-  rig.loop.meets({yes(), noticed("No Cookies Folder Exist or NO Cookies !")});
-  rig.command("DelCookies_Click");
+  rig.command("DelCookies_Click", {yes(), noticed("No Cookies Folder Exist or NO Cookies !")});
 }
 
 TEST_F(ToolsTest, AStoredFolderThatHoldsPlacesOfTheUserIsNotCleaned) {
@@ -52,9 +49,9 @@ TEST_F(ToolsTest, AStoredFolderThatHoldsPlacesOfTheUserIsNotCleaned) {
     std::ranges::replace(named, '/', '\\');
     shellFolder("Recent", named);
     rig.write("D:\\also.txt");
-    rig.loop.meets({yes("\rYou are about to Delete All Recent Files In Folder :" + named + "\rARE YOU SURE ?"),
-                    noticed("Folder NOT Allowed To Clean !\r" + named)});
-    rig.command("DelRecent_Click");
+    rig.command("DelRecent_Click",
+                {yes("\rYou are about to Delete All Recent Files In Folder :" + named + "\rARE YOU SURE ?"),
+                 noticed("Folder NOT Allowed To Clean !\r" + named)});
     rig.loop.expectAllReached();
   }
   EXPECT_TRUE(rig.exists("C:\\keep.txt") && rig.exists("D:\\also.txt"));
@@ -62,17 +59,14 @@ TEST_F(ToolsTest, AStoredFolderThatHoldsPlacesOfTheUserIsNotCleaned) {
 
 TEST_F(ToolsTest, ThePrefetchFolderIsEmptiedAndALinkInItsPlaceLeadsNowhere) {
   const std::string prefetch = platform::paths::join(rig.app().program.folders.windir, "Prefetch");
-  rig.loop.meets({noticed("Prefetch Folder Do Not Exist !")});
-  rig.command("CleanPrefetch_Click");
+  rig.command("CleanPrefetch_Click", {noticed("Prefetch Folder Do Not Exist !")});
   ASSERT_TRUE(files().createFolder(prefetch) && files().writeFile(prefetch + "\\a.pf", "x"));
-  rig.loop.meets({noticed("Prefetch Folder Cleaned !")});
-  rig.command("CleanPrefetch_Click");
+  rig.command("CleanPrefetch_Click", {noticed("Prefetch Folder Cleaned !")});
   EXPECT_TRUE(files().folderExists(prefetch) && !files().fileExists(prefetch + "\\a.pf"));
   ASSERT_TRUE(files().deleteFolder(prefetch, true));
   write({"Mine\\letter.txt"});
   ASSERT_EQ(::symlink(rig.systemPath("C:\\Mine").c_str(), rig.platform->toSystem(prefetch).c_str()), 0);
-  rig.loop.meets({noticed("Prefetch Folder Cleaned !")});
-  rig.command("CleanPrefetch_Click");
+  rig.command("CleanPrefetch_Click", {noticed("Prefetch Folder Cleaned !")});
   EXPECT_TRUE(rig.exists("C:\\Mine\\letter.txt"));
   EXPECT_FALSE(files().info(prefetch).valueOr({}).isLink);
 }
@@ -85,13 +79,11 @@ TEST_F(ToolsTest, TheSelectionIsWrittenWithItsFieldsQuoted) {
   for (const char* name : {"plain.txt", "a, \"b\".txt", "=1+1"})
     rig.setDate(std::string("C:\\Out\\") + name, 2007, 3, 9);
   show("C:\\Out", "C:\\");
-  rig.loop.meets({noticed(" No Items selected. ! ")});
-  rig.command("CommaFile_Click");
+  rig.command("CommaFile_Click", {noticed(" No Items selected. ! ")});
   clickAll({"plain", "=1+1", "a, \"b\""});
   const std::string path = rig.programFolder() + "\\ItemToFile Out.Csv";
-  rig.loop.meets({yes("Do You Want To Print Selected Items To File As :\rItemToFile Out.Csv"),
-                  noticed("Selected Items Printed To File :\r" + path)});
-  rig.command("CommaFile_Click");
+  rig.command("CommaFile_Click", {yes("Do You Want To Print Selected Items To File As :\rItemToFile Out.Csv"),
+                                  noticed("Selected Items Printed To File :\r" + path)});
   EXPECT_EQ(files().readFile(path).valueOr({}),
             "Date: 09-03-07  14:05:07\r\nSelected Items In Folder: C:\\Out\\\r\n\r\n"
             "Item Name:,ByteSize:,Date Modified:\r\n\r\n"
@@ -136,12 +128,7 @@ class UsageTest : public ToolsTest {
     show("C:\\U", "C:\\");
   }
   Form45& dialog() { return rig.app().tools.Form45; }
-  Names rows() {
-    Names texts;
-    for (std::uint32_t row = 0; row < dialog().ListView1.count(); ++row)
-      texts.push_back(dialog().ListView1.cell(row, 0) + "|" + dialog().ListView1.cell(row, 1));
-    return texts;
-  }
+  Names rows() { return test::rowsOf(dialog().ListView1, 2); }
 };
 
 TEST_F(UsageTest, FollowsTheSelectionAndCountsAFileOfTwoNamesOnce) {
@@ -220,10 +207,9 @@ TEST_F(NetworkingTest, AConnectionTypeSetsItsValuesAndAllAreWritten) {
         dialog().Check104.toggleFromUser();
       })
       .press("Command11");
-  rig.loop.meets({noticed("MaxCmds = 20"), noticed("MaxThreads = 0"), noticed("MaxCollectionCount = 0"),
-                  noticed("TCPWindowSize = 256960"), noticed("GlobalMaxTcpWindowSize = 256960"), noticed("MTU = 1480"),
-                  noticed("Tcp1323Opts = 1"), noticed("EnablePMTUDiscovery = 0")});
-  rig.command("NetOp_Click");
+  rig.command("NetOp_Click", {noticed("MaxCmds = 20"), noticed("MaxThreads = 0"), noticed("MaxCollectionCount = 0"),
+                              noticed("TCPWindowSize = 256960"), noticed("GlobalMaxTcpWindowSize = 256960"),
+                              noticed("MTU = 1480"), noticed("Tcp1323Opts = 1"), noticed("EnablePMTUDiscovery = 0")});
   EXPECT_EQ(stored(Work, "MaxCmds"), 20u);
   EXPECT_EQ(stored(Tcp, "GlobalMaxTcpWindowSize"), 256960u);
 

@@ -37,16 +37,8 @@ class VDTTest : public test::AppTest {
     rig.click(left(), row);
     drop({"whatever is dragged"}, &left().list);
   }
-  /// A click on a row, with the keys held.
-  void click(std::uint32_t row, controls::Modifiers modifiers = {}) {
-    list().pressFromUser(row, {controls::MouseButton::Left, modifiers});
-    list().releaseFromUser({controls::MouseButton::Left, modifiers});
-  }
-  void press(int code, controls::Modifiers modifiers = {}) {
-    controls::KeyEvent event{code, modifiers, false};
-    list().keyFromUser(event, 10);
-    list().keyUpFromUser(event);
-  }
+  void click(std::uint32_t row, controls::Modifiers modifiers = {}) { test::click(list(), row, modifiers); }
+  void press(int code, controls::Modifiers modifiers = {}) { test::key(list(), code, modifiers); }
   std::string project(const char* name) { return rig.programFolder() + "\\VDT_Projects\\" + name; }
   void load(const std::string& bytes) {
     rig.write(project("Default.Pro"), bytes);
@@ -95,8 +87,7 @@ TEST_F(VDTTest, WhileItHasTheKeyboardNothingReachesThePanelsSelection) {
   for (const char* entry : {"CopyItems", "Deleteitems", "EditFile", "selectall", "Inversel", "Recallprevius"})
     EXPECT_FALSE(rig.menu(entry).Enabled) << entry;
   EXPECT_FALSE(form().Command1.Enabled || form().Command15.Enabled);
-  rig.loop.meets({test::no()});
-  rig.command("Clear_Vd_Click");
+  rig.command("Clear_Vd_Click", {test::no()});
   EXPECT_TRUE(form().VDT_Aktive && rig.menu("CopyVDT").Enabled) << "a dialog is no other control";
   left().list.SetFocus();
   EXPECT_TRUE(form().Command1.Enabled && rig.menu("selectall").Enabled && !form().VDT_Aktive);
@@ -122,8 +113,7 @@ TEST_F(VDTTest, DeleteTakesPointersAndNeverWhatTheyPointTo) {
   form().Command4.MouseUp({});
   EXPECT_EQ(rows(), Names{"C:\\Data\\Old\\|<Folder>"});
   EXPECT_TRUE(rig.exists("C:\\Data\\a.txt") && list().hasFocus() && list().item(0).Selected());
-  rig.loop.meets({test::yes("You are about to Clear All ShortCut(s)\rAre you Sure ?")});
-  rig.command("Clear_Vd_Click");
+  rig.command("Clear_Vd_Click", {test::yes("You are about to Clear All ShortCut(s)\rAre you Sure ?")});
   EXPECT_EQ(saved(), "\r\n");
   EXPECT_FALSE(rig.menu("Clear_Vd").Enabled);
 }
@@ -154,9 +144,8 @@ TEST_F(VDTTest, CopiesSelectedFilesWhereNothingHasTheirNameAndOverwritesNothing)
   rig.command("CopyVDT_Click");
   click(0);
   click(4, {true, false, false});
-  rig.loop.meets({test::yes("Are you sure you want to Copy 4 selected file(s) From VDT ?\r"
-                            "(Only NON Existing files on target are Copied !)\rTo: C:\\To\\")});
-  rig.command("CopyVDT_Click");
+  rig.command("CopyVDT_Click", {test::yes("Are you sure you want to Copy 4 selected file(s) From VDT ?\r"
+                                          "(Only NON Existing files on target are Copied !)\rTo: C:\\To\\")});
   EXPECT_EQ(rig.names(right()), (Names{"a|txt", "there|txt"}));
   EXPECT_EQ(rig.read("C:\\To\\there.txt") + rig.read("C:\\To\\a.txt"), "keptx");
   EXPECT_EQ(list().selectedCount(), 0u);
@@ -238,9 +227,8 @@ TEST_F(VDTTest, TheDialogStoresTheProjectOpensAnotherAndBeginsNewOnes) {
       .run([&](auto&) { EXPECT_EQ(rows().size(), 1u); })
       .run(type("New"))
       .press("Command1");
-  rig.loop.meets({test::told("[ \\InValid Chr. In Filename !, "),
-                  test::no("Project \rDefault.Pro Already Exits !, - Overwrite ?")});
-  rig.command("NewPro_Click");
+  rig.command("NewPro_Click", {test::told("[ \\InValid Chr. In Filename !, "),
+                               test::no("Project \rDefault.Pro Already Exits !, - Overwrite ?")});
   EXPECT_EQ(vdt().projects.current(), "New.Pro");
   EXPECT_TRUE(rows().empty() && !rig.exists(project("New.Pro")));
 

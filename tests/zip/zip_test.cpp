@@ -46,8 +46,7 @@ class ZipTest : public test::AppTest {
     rig.loop.whenShows("Form41").run([choose](auto&) { choose(); }).press("Command1").run([this](controls::Form& form) {
       if (form.Visible) form.closeFromUser();
     });
-    rig.loop.meets(answers);
-    rig.command("MakeZip_Click");
+    rig.command("MakeZip_Click", answers);
   }
   test::Answer done() { return test::noticed("Zip Function Success, - Menu Close !"); }
 };
@@ -92,10 +91,7 @@ TEST_F(ZipTest, NineHundredAndTwoFilesAreTwoBatchesAndTheArchiveStandsBehindEach
     rig.write("C:\\Pack\\Many\\" + std::to_string(number), std::to_string(number));
   show("C:\\Pack\\Many", "C:\\");
   rig.command("selectall_Click");
-  std::vector<std::string> titles;
-  rig.loop.onTurn = [&] { titles.push_back(dialog().Caption); };
   zip([&] { dialog().Text1.Text = "C:\\Pack\\"; }, {done()});
-  rig.loop.onTurn = {};
   EXPECT_EQ(entries().size(), 902u);
   EXPECT_EQ(text("901"), "901");
   for (const auto& entry : std::filesystem::directory_iterator(rig.systemPath("C:\\Pack")))
@@ -142,8 +138,7 @@ TEST_F(ZipTest, StopKeepsNothingOfTheBatchAndTellsWhatCouldNotBeRead) {
 }
 
 TEST_F(ZipTest, WithoutTheLibraryOrASelectionThereIsNoDialog) {
-  rig.loop.meets({test::told("No Items Selected, - Function Exits !")});
-  rig.command("MakeZip_Click");
+  rig.command("MakeZip_Click", {test::told("No Items Selected, - Function Exits !")});
   std::filesystem::remove(rig.platform->toSystem(rig.programFolder() + "\\Vnzip.dll"));
   rig.loop.whenBox("Alert !", controls::MessageAnswer::Ok,
                    "File Vnzip.Dll missing in Application Folder, Function exits !");
@@ -239,19 +234,6 @@ TEST_F(ZipLibraryTest, NamesTimesModesAndLinksComeOutAsTheyWere) {
   ASSERT_EQ(::stat(script.c_str(), &packed) + ::stat((scratch / "sub/\xC3\xA4 b\\c.sh").c_str(), &was), 0);
   EXPECT_EQ(packed.st_mode, was.st_mode);
   EXPECT_EQ(packed.st_mtim.tv_sec, was.st_mtim.tv_sec);
-}
-
-TEST(cZipTest, KeepsItsOddities) {
-  cZip zip;
-  EXPECT_FALSE(zip.StoreDirectories() || zip.StoreFolderNames() || zip.RecurseSubDirs());
-  zip.setFreshenFiles(true);
-  EXPECT_TRUE(zip.UpdateOnlyIfNewer() && !zip.FreshenFiles());
-  for (const int level : {0, 1, 2}) {
-    zip.setMessageLevel(level);
-    EXPECT_EQ(zip.MessageLevel(), level);
-  }
-  zip.setRecurseSubDirs(true);
-  EXPECT_TRUE(zip.options().recurse == 2 && zip.options().level == 0);
 }
 
 }  // namespace

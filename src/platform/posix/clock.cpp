@@ -10,8 +10,6 @@ constexpr std::int64_t secondsOfDay = 86400;
 /// Moments of which the calendar year fits an int with room to spare.
 constexpr std::int64_t furthest = 60'000'000'000'000'000;
 
-std::int64_t floorDivide(std::int64_t value, std::int64_t by) { return value / by - (value % by < 0 ? 1 : 0); }
-
 std::tm fieldsOf(std::int64_t seconds) {
   const auto moment = static_cast<std::time_t>(std::clamp(seconds, -furthest, furthest));
   std::tm fields{};
@@ -39,10 +37,14 @@ CalendarTime SystemClock::local(const Date& date) const {
 
 /// mktime() is no help: of a local time that comes twice it gives whichever it looked for last.
 Date SystemClock::fromLocal(const CalendarTime& time) const {
-  const std::int64_t months = std::int64_t{time.month} - 1, year = time.year + floorDivide(months, 12);
-  const int month = static_cast<int>(months - floorDivide(months, 12) * 12) + 1;
-  const std::int64_t asUtc = daysSince1970(year, month, time.day) * secondsOfDay + std::int64_t{time.hour} * 3600 +
-                             std::int64_t{time.minute} * 60 + time.second;
+  std::tm fields{};
+  fields.tm_year = time.year - 1900;
+  fields.tm_mon = time.month - 1;
+  fields.tm_mday = time.day;
+  fields.tm_hour = time.hour;
+  fields.tm_min = time.minute;
+  fields.tm_sec = time.second;
+  const std::int64_t asUtc = ::timegm(&fields);  // fields that are out of range are carried
   // The moment lies within a day of its own digits, and the offset changes at most once around it: of all time zones
   // on record none has held an offset for less than three days.
   const std::int64_t before = asUtc - offsetAt(asUtc - secondsOfDay), after = asUtc - offsetAt(asUtc + secondsOfDay);

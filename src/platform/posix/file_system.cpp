@@ -24,7 +24,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <cstdlib>
 #include <memory>
 
@@ -32,6 +31,29 @@
 #include <sys/stat.h>
 
 namespace varnholt::platform::posix {
+namespace {
+
+/// Without links; empty where nothing is there.
+std::string realPath(const std::string& path) {
+  const std::unique_ptr<char, decltype(&::free)> text(::realpath(path.c_str(), nullptr), ::free);
+  return text ? text.get() : std::string();
+}
+
+/// Of real paths: whether the folder is that path, or holds it.
+bool holds(const std::string& folder, const std::string& path) {
+  return folder == "/" || path == folder || path.starts_with(folder + '/');
+}
+
+ByteReader readerOf(const UniqueFd& file) {
+  return [&file](std::uint64_t offset, std::size_t count) {
+    std::string bytes(count, '\0');
+    const ssize_t got = ::pread(file.get(), bytes.data(), count, static_cast<off_t>(offset));
+    bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    return bytes;
+  };
+}
+
+}  // namespace
 
 Error PosixFileSystem::told(Error error) const {
   if (auto program = map_.toProgram(error.path)) error.path = *program;
@@ -78,21 +100,14 @@ bool PosixFileSystem::sameEntry(const std::string& a, const std::string& b) cons
 }
 
 bool PosixFileSystem::holdsPlaces(const std::string& folder) const {
-  const auto real = [](const std::string& path) {
-    const std::unique_ptr<char, decltype(&::free)> text(::realpath(path.c_str(), nullptr), ::free);
-    return text ? std::string(text.get()) : std::string();
-  };
   const auto system = map_.toSystem(folder);
-  const std::string outer = system ? real(*system) : std::string();
+  const std::string outer = system ? realPath(*system) : std::string();
   if (outer.empty()) return true;
   std::vector<std::string> places;
   for (const DriveMapping& drive : map_.drives())
     if (!drive.hidden) places.push_back(drive.folder);
   if (const char* home = std::getenv("HOME")) places.emplace_back(home);
-  return std::ranges::any_of(places, [&](const std::string& place) {
-    const std::string inner = real(place);
-    return inner == outer || outer == "/" || inner.starts_with(outer + '/');
-  });
+  return std::ranges::any_of(places, [&](const std::string& place) { return holds(outer, realPath(place)); });
 }
 
 Result<std::string> PosixFileSystem::resolve(const std::string& path) const { return PathResolver(map_).resolve(path); }
@@ -139,19 +154,6 @@ Result<TreeSize> PosixFileSystem::folderSize(const std::string& folder, const Pr
   const auto system = map_.toSystem(folder);
   return system ? told(measureTree(*system, progress)) : system.error();
 }
-
-namespace {
-
-ByteReader readerOf(const UniqueFd& file) {
-  return [&file](std::uint64_t offset, std::size_t count) {
-    std::string bytes(count, '\0');
-    const ssize_t got = ::pread(file.get(), bytes.data(), count, static_cast<off_t>(offset));
-    bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
-    return bytes;
-  };
-}
-
-}  // namespace
 
 Result<std::vector<FoundFile>> PosixFileSystem::findFiles(const std::string& folder, unsigned levels,
                                                           const NameTest& takes, const SearchProgress& progress) const {
@@ -225,19 +227,6 @@ Result<void> PosixFileSystem::writeFile(const std::string& path, std::string_vie
 }
 
 // --- Changing --------------------------------------------------------------------------------------------------------
-
-namespace {
-
-std::string realPath(const std::string& path) {
-  char buffer[PATH_MAX];
-  return ::realpath(path.c_str(), buffer) ? buffer : std::string();
-}
-
-bool holds(const std::string& folder, const std::string& path) {
-  return folder == "/" || path == folder || path.starts_with(folder + '/');
-}
-
-}  // namespace
 
 Result<std::string> PosixFileSystem::changeable(const std::string& path) const {
   const std::string_view name = paths::fileName(path);
