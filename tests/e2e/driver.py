@@ -14,6 +14,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
+LONG_LIST = 500  # cells
 PATIENCE = 30  # seconds; only ends a run that hangs
 
 
@@ -36,9 +37,10 @@ def wait(what, condition):
 
 
 def below(node):
-    """A node and everything below it."""
+    """A node and everything below it, but for the cells of long lists: those are asked for by their row."""
     yield node
-    for at in range(node.get_child_count()):
+    count = node.get_child_count()
+    for at in range(count if count < LONG_LIST else 0):
         child = node.get_child_at_index(at)
         if child:
             yield from below(child)
@@ -262,6 +264,10 @@ class Program:
         """An entry of an open menu."""
         return next((node for node in below(self.application())
                      if node.get_name() == name and "menu" in node.get_role_name() and shows(node)), None)
+
+    @staticmethod
+    def is_enabled(node):
+        return node.get_state_set().contains(Atspi.StateType.ENABLED)
 
     def command(self, name):
         """A button of the main window."""

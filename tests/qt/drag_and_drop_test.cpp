@@ -151,13 +151,6 @@ TEST_F(DrawnDrops, ADropOnAButtonRunsItAndOneOnItsOwnPanelOrElsewhereNothing) {
   EXPECT_EQ(happened(), Ran{"Command4_Click"});
 }
 
-TEST_F(DrawnDrops, ADropOnTheVirtualDeskTopAddsAPointerToTheRow) {
-  app.Form1.Menu["LocalDesk"].choose();
-  pull("letter", [&](const QMimeData& data) { EXPECT_TRUE(Drag{data}.drop(*list("ListView3")->viewport())); });
-  EXPECT_EQ(happened(), Ran{});
-  EXPECT_EQ(app.vdt.pointers.lines(), Ran{"C:\\letter.txt"});
-}
-
 TEST_F(DrawnDrops, TheDataOfAnEarlierDragAreThoseOfAnotherProgram) {
   auto kept = std::make_unique<QMimeData>();
   pull("letter", [&](const QMimeData& data) {
