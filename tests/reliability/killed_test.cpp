@@ -35,7 +35,7 @@ class Operation {
 
 class Copy : public Operation {
  public:
-  Copy() : Operation(&User::copies, "C:/To") {}
+  explicit Copy(void (User::*runs)() = &User::copies) : Operation(runs, "C:/To") {}
   void build(World& world) const override {
     world.file("C:/From/a.txt", pattern(100'000, 1)).file("C:/To/a.txt", pattern(90'000, 2), Old);
     world.file("C:/From/big.bin", pattern(300'000, 3));
@@ -85,6 +85,33 @@ class Copy : public Operation {
     const bool isNew = source != before.end() && sameFile(facts, source->second);
     const bool isOld = old != before.end() && sameFile(facts, old->second);
     EXPECT_TRUE(isNew || isOld) << name << " is " << facts;
+  }
+};
+
+/// The same by a compare that syncs, which replaces what is older.
+class Sync : public Copy {
+ public:
+  Sync() : Copy(&User::syncs) {}
+  void build(World& world) const override {
+    world.file("C:/From/a.txt", pattern(100'000, 1)).file("C:/To/a.txt", pattern(90'000, 2), Old);
+    world.file("C:/From/big.bin", pattern(300'000, 3)).file("C:/From/small", "small");
+    world.file("C:/From/locked", "new").file("C:/To/locked", "old", Old, 0444);
+    world.file("C:/To/kept", "kept", Old);
+  }
+  void prepare(User& user, const World& world) const override {
+    user.open("C:\\From", "C:\\To");
+    const TreeSnapshot from = world.tree("C:/From"), to = world.tree("C:/To");
+    const bool isDone = std::ranges::all_of(
+        from, [&](const auto& each) { return to.contains(each.first) && to.at(each.first) == each.second; });
+    user.rig.loop.whenShows("Form30")
+        .run([&user, isDone](controls::Form&) {
+          auto& dialog = user.rig.app().compare.Form30;
+          dialog.Check3.toggleFromUser();
+          dialog.Check8.toggleFromUser();
+          user.meets({isDone ? noticed("No Files To Execute, - ok !") : yes()});
+          dialog.Command11.press();
+        })
+        .press("Command2");
   }
 };
 
@@ -268,6 +295,7 @@ class Round {
 
 std::unique_ptr<Operation> makeOperation(const std::string& name) {
   if (name.starts_with("Copy")) return std::make_unique<Copy>();
+  if (name == "Sync") return std::make_unique<Sync>();
   if (name == "Swap") return std::make_unique<Swap>();
   if (name == "MoveAs") return std::make_unique<MoveAs>();
   if (name.starts_with("Delete")) return std::make_unique<Delete>();
@@ -299,8 +327,8 @@ TEST_P(Killed, AtAnySystemCall) {
   EXPECT_GE(kills, steps * 9 / 10);
 }
 INSTANTIATE_TEST_SUITE_P(Operations, Killed,
-                         testing::Values("Copy", "MoveAcross", "MoveWithin", "MoveAs", "Swap", "Delete", "CopyMany",
-                                         "MoveMany", "DeleteMany"),
+                         testing::Values("Copy", "MoveAcross", "MoveWithin", "MoveAs", "Swap", "Sync", "Delete",
+                                         "CopyMany", "MoveMany", "DeleteMany"),
                          [](const auto& each) { return each.param; });
 
 }  // namespace

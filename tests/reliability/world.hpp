@@ -41,6 +41,7 @@ class User {
   /// Runs on what is marked; the dialogs are to be expected before.
   void copies() { rig.command("Command1_Click"); }
   void moves() { rig.command("Command3_Click"); }
+  void syncs() { rig.command("Com_Sync_Click"); }
   void swaps() { rig.command("ExFiles_Click"); }
   void deletes() { rig.command("Command4_Click"); }
 

@@ -236,5 +236,18 @@ TEST_F(ZipLibraryTest, NamesTimesModesAndLinksComeOutAsTheyWere) {
   EXPECT_EQ(packed.st_mtim.tv_sec, was.st_mtim.tv_sec);
 }
 
+TEST(cZipTest, KeepsItsOddities) {
+  cZip zip;
+  EXPECT_FALSE(zip.StoreDirectories() || zip.StoreFolderNames() || zip.RecurseSubDirs());
+  zip.setFreshenFiles(true);
+  EXPECT_TRUE(zip.UpdateOnlyIfNewer() && !zip.FreshenFiles());
+  for (const int level : {0, 1, 2}) {
+    zip.setMessageLevel(level);
+    EXPECT_EQ(zip.MessageLevel(), level);
+  }
+  zip.setRecurseSubDirs(true);
+  EXPECT_TRUE(zip.options().recurse == 2 && zip.options().level == 0);
+}
+
 }  // namespace
 }  // namespace varnholt::zip
