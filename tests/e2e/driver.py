@@ -175,8 +175,9 @@ class Program:
 
     @staticmethod
     def says(root, text):
-        """A label or field of a window says that."""
-        return any(shows(node) and text in node.get_name() for node in (below(root) if root else ()))
+        """A label or field of a window says that, whatever its blanks and line breaks are."""
+        plain = lambda words: " ".join(words.split())
+        return any(shows(node) and plain(text) in plain(node.get_name()) for node in (below(root) if root else ()))
 
     def field(self, root, name):
         """What a field reads."""
