@@ -37,6 +37,9 @@ void restore(const core::Settings& settings, const std::vector<StoredPosition>& 
     if (const auto number = settings.number(key)) value = *number;
 }
 
+/// Wider than any screen: a stored number may be anything.
+constexpr controls::Twips WidestColumn = 1e6;
+
 struct StoredWidth {
   const core::SettingKey& key;
   controls::ListView& list;
@@ -100,7 +103,7 @@ void ProgramState::restoreColumns() {
   for (const auto& [key, list, column] : columnWidths(form_)) {
     const auto width = program_.settings.number(key);
     auto headers = list.ColumnHeaders.get();
-    if (!width || *width < 0 || column >= headers.size()) continue;
+    if (!width || *width <= 0 || *width > WidestColumn || column >= headers.size()) continue;
     headers[column].Width = *width;
     list.ColumnHeaders = std::move(headers);
   }
