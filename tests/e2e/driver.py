@@ -241,8 +241,7 @@ class Program:
 
     @classmethod
     def click(cls, node):
-        """A mouse click in the middle of a control. What opens a dialog is clicked: a press through the accessibility
-        tree would wait until the dialog has gone."""
+        """A mouse click in the middle of a control."""
         left, top, width, height = cls.extents(node)
         subprocess.run(["xdotool", "mousemove", str(left + width // 2), str(top + height // 2), "click", "1"], check=True)
 
