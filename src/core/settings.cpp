@@ -67,6 +67,6 @@ void Settings::Batch::add(const SettingKey& key, std::string_view value) {
 
 void Settings::Batch::add(const SettingKey& key, double number) { add(key, numberText(number)); }
 
-void Settings::save(const Batch& batch) { (void)store_.saveAll(batch.writes_); }
+platform::Result<void> Settings::save(const Batch& batch) { return store_.saveAll(batch.writes_); }
 
 }  // namespace varnholt::core

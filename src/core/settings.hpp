@@ -111,7 +111,7 @@ class Settings {
     friend class Settings;
     std::vector<platform::SettingsStore::Write> writes_;
   };
-  void save(const Batch& batch);
+  platform::Result<void> save(const Batch& batch);
 
   platform::SettingsStore& store() { return store_; }
 

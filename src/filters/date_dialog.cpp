@@ -93,7 +93,7 @@ void filters::Form24::Command11_Click() {
   batch.add(caller_->words.from, storedText(caller_->dates.from));
   batch.add(caller_->words.to, storedText(caller_->dates.to));
   batch.add(caller_->words.Check, on ? "true" : "false");
-  program_.settings.save(batch);
+  (void)program_.settings.save(batch);
   caller_->showDates(on);
   caller_->enableAttributes(on);
   Hide();

@@ -106,10 +106,9 @@ void Histories::ComphisR_save(const core::Program& program) {
     (void)compareRightFile_.store(program, compareRight.entries(), compareRight.limit());
 }
 
-void Histories::store(const core::Program& program) {
-  (void)storeFolders(program);
-  (void)filesFile_.store(program, files.entries(), files.limit());
-  (void)lastFoldersFile_.store(program, lastFolders, lastFolders.size(), paths::driveOf);
+std::vector<platform::Result<void>> Histories::store(const core::Program& program) {
+  return {storeFolders(program), filesFile_.store(program, files.entries(), files.limit()),
+          lastFoldersFile_.store(program, lastFolders, lastFolders.size(), paths::driveOf)};
 }
 
 }  // namespace varnholt::panels

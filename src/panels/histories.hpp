@@ -52,8 +52,8 @@ struct Histories {
   /// Takes folders that are gone out of the folder history, as the drives answer; one that does not keeps its folders.
   /// `changed` is called after each that took some out.
   void forgetVanished(const core::Program& program, std::function<void()> changed);
-  /// Writes the three files that are saved at exit.
-  void store(const core::Program& program);
+  /// Writes the three files that are saved at exit; how each went.
+  std::vector<platform::Result<void>> store(const core::Program& program);
   /// Write `CompHis_L.Dat` and `CompHis_R.Dat`, unless there is nothing to write.
   void ComphisL_save(const core::Program& program);
   void ComphisR_save(const core::Program& program);

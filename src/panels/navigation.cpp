@@ -115,7 +115,8 @@ void Navigation::Browseforward(Panel& panel) {
 
 void Navigation::Prevfolder(Panel& panel) {
   std::string target = panel.parentTrail.pop();
-  while (!target.empty() && !exists(target))
+  // Where another way has led back to by itself is no step.
+  while (!target.empty() && (paths::sameFolder(target, panel.path()) || !exists(target)))
     target = panel.parentTrail.pop();
   if (target.empty()) {
     parentFolder(panel);
@@ -242,7 +243,7 @@ void Navigation::ImageCombo1_Click() {
   const std::string folder = spelled(chosen);
   if (folder.empty()) {
     program_.dialogs.alert("Invalid Path, - Folder Do Not Exist !");
-    return;
+    return showPlace();
   }
   GoToDirection(folder);
   listing_.FocusView();

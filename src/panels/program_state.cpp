@@ -3,6 +3,10 @@
 #include "core/error_words.hpp"
 #include "core/program_files.hpp"
 #include "core/temp_folders.hpp"
+#include "platform/paths.hpp"
+
+#include <algorithm>
+#include <utility>
 
 namespace varnholt::panels {
 namespace {
@@ -33,6 +37,9 @@ void restore(const core::Settings& settings, const std::vector<StoredPosition>& 
     if (const auto number = settings.number(key)) value = *number;
 }
 
+/// Wider than any screen: a stored number may be anything.
+constexpr controls::Twips WidestColumn = 1e6;
+
 struct StoredWidth {
   const core::SettingKey& key;
   controls::ListView& list;
@@ -53,13 +60,18 @@ const char* flag(bool on) { return on ? "1" : "0"; }
 
 // --- Positions and columns -----------------------------------------------------------------------------------------
 
-void ProgramState::Program_pos_Click() {
+platform::Result<void> ProgramState::storePositions() {
   core::Settings::Batch batch;
   for (const auto& positions : {mainWindow(form_), treeWindow(Form9_)})
     for (const auto& [key, value] : positions)
       batch.add(key, value.get());
   batch.add(setting::Maximized, flag(form_.WindowState == controls::WindowState::Maximized));
-  program_.settings.save(batch);
+  return program_.settings.save(batch);
+}
+
+void ProgramState::Program_pos_Click() {
+  noteStored(storePositions());
+  tellNotStored();
 }
 
 controls::WindowState ProgramState::storedWindowState() const {
@@ -78,7 +90,8 @@ void ProgramState::SavColumnH_Click() {
   core::Settings::Batch batch;
   for (const auto& [key, list, column] : columnWidths(form_))
     if (column < list.ColumnHeaders->size()) batch.add(key, list.ColumnHeaders.get()[column].Width);
-  program_.settings.save(batch);
+  noteStored(program_.settings.save(batch));
+  tellNotStored();
 }
 
 void ProgramState::ResetCol_Click() {
@@ -90,7 +103,7 @@ void ProgramState::restoreColumns() {
   for (const auto& [key, list, column] : columnWidths(form_)) {
     const auto width = program_.settings.number(key);
     auto headers = list.ColumnHeaders.get();
-    if (!width || *width < 0 || column >= headers.size()) continue;
+    if (!width || *width <= 0 || *width > WidestColumn || column >= headers.size()) continue;
     headers[column].Width = *width;
     list.ColumnHeaders = std::move(headers);
   }
@@ -121,16 +134,35 @@ void ProgramState::collectFromMenus() {
 
 void ProgramState::StoreProgramState() {
   collectFromMenus();
-  if (program_.init.FolderHistory == "1") histories_.store(program_);
-  if (program_.init.AutoPosition == "1" && !positionsReset_) Program_pos_Click();
+  filesNotStored_.clear();
+  notStored.clear();
+  if (program_.init.FolderHistory == "1")
+    for (const auto& stored : histories_.store(program_))
+      noteStored(stored);
+  if (program_.init.AutoPosition == "1" && !positionsReset_) noteStored(storePositions());
   core::Settings::Batch batch;
   core::StoreInitSettings(program_.init, batch);
   batch.add(setting::SysHidShow, flag(form_.Menu["HidSysfiles"].Checked));
   batch.add(setting::view1path, form_.Panel1.path());
   batch.add(setting::view2path, form_.Panel2.path());
-  program_.settings.save(batch);
-  notStored.clear();
+  noteStored(program_.settings.save(batch));
   if (store) store();
+}
+
+// Settings lie in no file that has a path of the program.
+void ProgramState::noteStored(const platform::Result<void>& stored) {
+  if (stored) return;
+  const std::string file(platform::paths::fileName(stored.error().path));
+  const std::string name = file.empty() ? "Settings" : file;
+  const std::string line = name + ":  " + core::reasonOf(stored.error(), name);
+  if (std::ranges::find(filesNotStored_, line) == filesNotStored_.end()) filesNotStored_.push_back(line);
+}
+
+void ProgramState::tellNotStored() {
+  if (!filesNotStored_.empty())
+    program_.dialogs.alert(core::leftOutText("Could Not Be Stored :", std::exchange(filesNotStored_, {})));
+  for (const std::string& text : std::exchange(notStored, {}))
+    program_.dialogs.alert(text);
 }
 
 // --- Ways out ------------------------------------------------------------------------------------------------------
@@ -145,8 +177,7 @@ void ProgramState::exit_program_Click() { form_.UnloadForm(); }
 
 void ProgramState::Command10_Click() {
   StoreProgramState();
-  for (const std::string& text : notStored)
-    program_.dialogs.alert(text);
+  tellNotStored();
   close();
 }
 

@@ -44,11 +44,15 @@ class ProgramState {
   std::function<void()> FocusView;
   /// Writes the files of the rooms.
   std::function<void()> store;
+  /// How the writing of a file at the program's end went: the user is told of what failed.
+  void noteStored(const platform::Result<void>& stored);
   /// What rooms could not write of what the user would miss, in words for him.
   std::vector<std::string> notStored;
 
  private:
   void collectFromMenus();
+  platform::Result<void> storePositions();
+  void tellNotStored();
   void tellKept(const std::vector<std::string>& kept);
   void close();
   void end();
@@ -57,6 +61,7 @@ class ProgramState {
   Form9& Form9_;
   core::Program& program_;
   Histories& histories_;
+  std::vector<std::string> filesNotStored_;  ///< name:  reason
   bool ended_ = false;
   bool positionsReset_ = false;  ///< saving them at this exit would undo it
 };

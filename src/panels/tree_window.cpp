@@ -176,6 +176,12 @@ void TreeWindow::DblClick(Panel& panel) {
   if (!node || node->Key == UnreadLevel) return;
   const std::string folder = folderOf(*node);
   if (!goTo || !goTo(panel, folder)) return;
+  // From here the next step leads deeper.
+  node = tree(panel).selected();
+  if (node && node->Key != UnreadLevel) {
+    Expand(panel, *node);
+    tree(panel).setExpanded(*node, true);
+  }
   text(panel).Text = paths::withoutClosing(folder);
 }
 

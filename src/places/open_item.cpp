@@ -84,7 +84,7 @@ void places::Form29::Command4_Click() {
 
 void places::Form29::load() { items_.assign(file_.load(desk_.program)); }
 
-void places::Form29::store() { (void)file_.store(desk_.program, items_.entries(), items_.limit()); }
+platform::Result<void> places::Form29::store() { return file_.store(desk_.program, items_.entries(), items_.limit()); }
 
 // --- Opening -------------------------------------------------------------------------------------------------------
 

@@ -25,7 +25,7 @@ class Form29 : public controls::Form {
   void Openhis_store();
   /// `OpenHis.Dat`.
   void load();
-  void store();
+  platform::Result<void> store();
 
  private:
   void setTexts();

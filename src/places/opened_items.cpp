@@ -49,8 +49,8 @@ void OpenedItems::load() {
 }
 
 void OpenedItems::store() {
-  Form29.store();
-  (void)desk_.mostUsed.store(desk_.program);
+  desk_.state.noteStored(Form29.store());
+  desk_.state.noteStored(desk_.mostUsed.store(desk_.program));
 }
 
 }  // namespace varnholt::places

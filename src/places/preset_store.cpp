@@ -61,7 +61,7 @@ bool PresetStore::add(const std::string& name, const std::string& text, const Fo
   batch.add(keyOf(name, "Text"), text);
   batch.add(keyOf(name, setting::view1path.key), folders.left);
   batch.add(keyOf(name, setting::view2path.key), folders.right);
-  program_.settings.save(batch);
+  (void)program_.settings.save(batch);
   return true;
 }
 

@@ -5,6 +5,7 @@
 #include "form_rows.hpp"
 
 #include <QMainWindow>
+#include <QSplitter>
 
 #include <type_traits>
 
@@ -25,11 +26,23 @@ constexpr Qt::WindowFlags flagsOf<Ui::Form22> = Qt::Tool;
 template <>
 constexpr Qt::WindowFlags flagsOf<Ui::Form47> = Qt::Tool;
 
+/// A splitter puts each of its parts behind the one before, and assistive technology reads from the back. The handles
+/// stay in front: they reach over the edges of the parts.
+void orderParts(const QWidget& window) {
+  for (const auto* splitter : window.findChildren<QSplitter*>()) {
+    for (int part = 0; part < splitter->count(); ++part)
+      splitter->widget(part)->raise();
+    for (int part = 0; part < splitter->count(); ++part)
+      splitter->handle(part)->raise();
+  }
+}
+
 /// Dialogs have the skin behind them.
 template <class Ui, class Designed>
 std::unique_ptr<QWidget> build() {
   auto top = std::make_unique<std::conditional_t<std::is_same_v<Designed, QDialog>, SkinDialog, Designed>>();
   Ui().setupUi(top.get());
+  orderParts(*top);
   if (flagsOf<Ui>) top->setWindowFlags(flagsOf<Ui>);
   return top;
 }

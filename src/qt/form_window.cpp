@@ -339,13 +339,16 @@ QWidget* FormWindow::firstFocus() const {
 // --- From the user to the form -------------------------------------------------------------------------------------
 
 void FormWindow::fromUser(std::function<void()> act) {
-  const QWidget* modal = QApplication::activeModalWidget();
-  if (modal && modal != widget_) return;
-  if (!*alive_) return;
-  if (!loop_.isBlocked()) return act();
-  loop_.later([alive = alive_, act = std::move(act)] {
-    if (*alive) act();
+  if (!mayAct()) return;
+  if (!loop_.isBlocked() && !loop_.isWaitedFor()) return act();
+  loop_.later([alive = alive_, this, act = std::move(act)] {
+    if (*alive && mayAct()) act();
   });
+}
+
+bool FormWindow::mayAct() const {
+  const QWidget* modal = QApplication::activeModalWidget();
+  return *alive_ && (!modal || modal == widget_);
 }
 
 void FormWindow::popUp(const std::vector<controls::MenuItem*>& entries, const QPoint& at) {

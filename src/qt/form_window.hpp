@@ -20,6 +20,8 @@ class WindowLoop {
   virtual ~WindowLoop() = default;
   /// A long call of the platform is running: nothing of the program may run.
   virtual bool isBlocked() const = 0;
+  /// Assistive technology waits for the end of what it has asked for.
+  virtual bool isWaitedFor() const = 0;
   virtual void later(std::function<void()> call) = 0;
   virtual Pictures& pictures() = 0;
   virtual DragAndDrop& dragAndDrop() = 0;
@@ -51,6 +53,7 @@ class FormWindow : public QObject, private Host {
 
   // Host
   void fromUser(std::function<void()> act) override;
+  bool mayAct() const;
   bool previewKey(controls::KeyEvent& key) override;
   void focusTaken(controls::Control& control) override;
   Pictures& pictures() override { return loop_.pictures(); }

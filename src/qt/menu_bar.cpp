@@ -5,6 +5,7 @@
 #include "qt/theme.hpp"
 
 #include <QHBoxLayout>
+#include <QMainWindow>
 #include <QMenu>
 
 #include <algorithm>
@@ -17,6 +18,11 @@ MenuBar::MenuBar(Host& host, QMenuBar& bar, const std::vector<controls::Control*
   auto* row = new QHBoxLayout(rightEnd_);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
+  // Assistive technology reads in the order of the window's parts: what stands above comes first.
+  if (const auto* window = qobject_cast<QMainWindow*>(bar.window())) {
+    bar_.stackUnder(window->centralWidget());
+    rightEnd_->stackUnder(window->centralWidget());
+  }
   bar_.installEventFilter(this);
   rebuild();
 }
@@ -132,7 +138,6 @@ void MenuBar::placeRightEnd() {
   const int width = std::min(rightEnd_->sizeHint().width(), room);
   rightEnd_->setGeometry(
       QRect(bar_.mapTo(bar_.window(), QPoint(bar_.width() - width, 0)), QSize(width, bar_.height())));
-  rightEnd_->raise();
 }
 
 bool MenuBar::eventFilter(QObject* watched, QEvent* event) {

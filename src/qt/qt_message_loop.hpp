@@ -2,6 +2,7 @@
 
 #include "controls/message_loop.hpp"
 #include "controls/standard.hpp"
+#include "qt/assistive_calls.hpp"
 #include "qt/blocking_call.hpp"
 #include "qt/drag_and_drop.hpp"
 #include "qt/form_window.hpp"
@@ -80,6 +81,7 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
 
   // WindowLoop
   bool isBlocked() const override { return blocked_ > 0; }
+  bool isWaitedFor() const override { return assistiveCalls_.isWaitedFor(); }
   Pictures& pictures() override { return pictures_; }
 
   void dress();
@@ -101,6 +103,7 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
   std::map<controls::Form*, Entry> forms_;
   std::vector<Modal> modals_;
   std::deque<std::function<void()>> laterCalls_;
+  AssistiveCalls assistiveCalls_;
   Pictures pictures_;
   DragAndDrop dragAndDrop_;
   Helper helper_;

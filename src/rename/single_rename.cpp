@@ -1,6 +1,7 @@
 #include "rename/single_rename.hpp"
 
 #include "core/error_words.hpp"
+#include "core/text_character.hpp"
 #include "platform/paths.hpp"
 #include "rename/attribute_question.hpp"
 
@@ -10,7 +11,8 @@ using fileops::Overwrite;
 using Outcome = SingleRename::Outcome;
 
 Outcome SingleRename::rename(const Item& item, const std::string& newName) {
-  if (newName.empty() || newName == item.name) return Outcome::Left;
+  if (newName == item.name) return Outcome::Left;
+  if (core::trimmed(newName).empty()) return refused(item, "the new name is empty");
   const std::string to = item.folder + newName;
   return item.isFolder ? folder(item, to) : file(item, to);
 }
@@ -19,8 +21,11 @@ Outcome SingleRename::run(const Item& item, const std::string& to,
                           const std::function<platform::Result<void>()>& call) {
   const auto result = desk_.program.loop.ask(call);
   if (result) return Outcome::Renamed;
-  const std::string newName(platform::paths::fileName(to));
-  desk_.program.dialogs.alert(item.name + ",  - Cannot Rename !\r" + core::reasonOf(result.error(), newName));
+  return refused(item, core::reasonOf(result.error(), std::string(platform::paths::fileName(to))));
+}
+
+Outcome SingleRename::refused(const Item& item, const std::string& reason) {
+  desk_.program.dialogs.alert(item.name + ",  - Cannot Rename !\r" + reason);
   return Outcome::Left;
 }
 
@@ -48,7 +53,8 @@ Outcome SingleRename::folder(const Item& item, const std::string& to) {
 Outcome SingleRename::file(const Item& item, const std::string& to) {
   auto& files = desk_.files();
   const auto attributes = files.attributes(item.path());
-  if (!attributes || !mayRename(desk_.program.dialogs, item.name, *attributes)) return Outcome::Left;
+  if (!attributes) return refused(item, core::reasonOf(attributes.error(), item.name));
+  if (!mayRename(desk_.program.dialogs, item.name, *attributes)) return Outcome::Left;
   if (files.fileExists(to)) return replace(item, to);
   return run(item, to, [&] { return files.moveFile(item.path(), to); });
 }

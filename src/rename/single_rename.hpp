@@ -32,6 +32,7 @@ class SingleRename {
   fileops::Overwrite ask(const Item& item, const std::string& to);
   /// Runs the rename itself, and tells why it failed.
   Outcome run(const Item& item, const std::string& to, const std::function<platform::Result<void>()>& call);
+  Outcome refused(const Item& item, const std::string& reason);
 
   panels::Desk& desk_;
   fileops::OverwritePolicy& policy_;

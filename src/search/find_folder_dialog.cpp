@@ -118,7 +118,9 @@ void search::Form36::SearchWordAdd(const std::string& word) {
 
 void search::Form36::SearchHistoryLoad() { words_.assign(file_.load(desk_.program)); }
 
-void search::Form36::SearchHistoryStore() { (void)file_.store(desk_.program, words_.entries(), words_.limit()); }
+platform::Result<void> search::Form36::SearchHistoryStore() {
+  return file_.store(desk_.program, words_.entries(), words_.limit());
+}
 
 void search::Form36::fillWords() {
   std::vector<controls::ComboBox::Item> items;

@@ -38,7 +38,7 @@ class Form36 : public controls::Form {
 
   void SearchWordAdd(const std::string& word);
   void SearchHistoryLoad();
-  void SearchHistoryStore();
+  platform::Result<void> SearchHistoryStore();
 
  private:
   void setTexts();

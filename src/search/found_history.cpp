@@ -41,7 +41,9 @@ std::vector<core::Item> FoundHistory::items() const {
 
 void FoundHistory::load(const core::Program& program) { items_.assign(file_.load(program)); }
 
-void FoundHistory::store(const core::Program& program) { (void)file_.store(program, items_.entries(), items_.limit()); }
+platform::Result<void> FoundHistory::store(const core::Program& program) {
+  return file_.store(program, items_.entries(), items_.limit());
+}
 
 // --- Form48 --------------------------------------------------------------------------------------------------------
 

@@ -24,7 +24,7 @@ class FoundHistory {
   /// Newest first.
   std::vector<core::Item> items() const;
   void load(const core::Program& program);
-  void store(const core::Program& program);
+  platform::Result<void> store(const core::Program& program);
 
  private:
   panels::History items_{1000};  ///< as the lines of the file

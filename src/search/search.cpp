@@ -42,8 +42,8 @@ void Search::load() {
 }
 
 void Search::store() {
-  Form36.SearchHistoryStore();
-  found.store(desk_.program);
+  desk_.state.noteStored(Form36.SearchHistoryStore());
+  desk_.state.noteStored(found.store(desk_.program));
 }
 
 }  // namespace varnholt::search

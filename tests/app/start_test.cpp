@@ -171,12 +171,14 @@ TEST_F(StartTest, ABadStoredNumberCostsOnlyItsOwnValue) {
   settings.save(core::setting::Skintype, "-3");
   settings.save(core::setting::W1Col1, "900");
   settings.save(core::setting::W1Col2, "wide");
+  settings.save(core::setting::W1Col3, "1e30");
   ASSERT_TRUE(rig.start());
   EXPECT_EQ(form().Left, 0.0);
   EXPECT_EQ(form().Top, 345.5);
   EXPECT_EQ(rig.app().program.init.Skintype, "0");
   EXPECT_EQ(form().ListView1.ColumnHeaders.get()[0].Width, 900);
-  EXPECT_EQ(form().ListView1.ColumnHeaders.get()[1].Width, panels::panelColumns()[1].Width);
+  for (const std::size_t column : {1u, 2u})
+    EXPECT_EQ(form().ListView1.ColumnHeaders.get()[column].Width, panels::panelColumns()[column].Width);
 }
 
 TEST_F(StartTest, HistoriesComeBackWithoutWhatIsGone) {

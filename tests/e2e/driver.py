@@ -175,8 +175,9 @@ class Program:
 
     @staticmethod
     def says(root, text):
-        """A label or field of a window says that."""
-        return any(shows(node) and text in node.get_name() for node in (below(root) if root else ()))
+        """A label or field of a window says that, whatever its blanks and line breaks are."""
+        plain = lambda words: " ".join(words.split())
+        return any(shows(node) and plain(text) in plain(node.get_name()) for node in (below(root) if root else ()))
 
     def field(self, root, name):
         """What a field reads."""
@@ -240,8 +241,7 @@ class Program:
 
     @classmethod
     def click(cls, node):
-        """A mouse click in the middle of a control. What opens a dialog is clicked: a press through the accessibility
-        tree would wait until the dialog has gone."""
+        """A mouse click in the middle of a control."""
         left, top, width, height = cls.extents(node)
         subprocess.run(["xdotool", "mousemove", str(left + width // 2), str(top + height // 2), "click", "1"], check=True)
 

@@ -91,6 +91,15 @@ TEST_F(ProgramFolderTest, IsTheUsersWhenTheExecutablesCannotBeWrittenTo) {
   folder.folder("ro");
   folder.mode("ro", 0555).mode("", 0777);
   EXPECT_TRUE(test::heldAsOrdinaryUser([&] { EXPECT_EQ(find(at("ro")).program, folder / "data/varnholt"); }));
+  // A passing one where the user's cannot be made.
+  folder.folder("home").mode("home", 0555).folder("tmp").mode("tmp", 0777);
+  const test::ScopedVariable unwritable("XDG_DATA_HOME", (folder / "home").c_str());
+  const test::ScopedVariable temporary("TMPDIR", (folder / "tmp").c_str());
+  EXPECT_TRUE(test::heldAsOrdinaryUser([&] {
+    const ProgramFolders found = find(at("ro"));
+    EXPECT_EQ(found.program, folder / ("tmp/varnholt-" + std::to_string(::geteuid()) + "/program"));
+    EXPECT_EQ(found.notices.size(), 1u);
+  }));
 }
 
 TEST_F(ProgramFolderTest, KeepsNothingOfStartsThatWereCut) {

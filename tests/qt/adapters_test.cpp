@@ -187,6 +187,44 @@ TEST_F(Adapters, WhatAssistiveTechnologyTypesArrivesUnlessTheTextIsLocked) {
   EXPECT_EQ(line.text(), QStringLiteral("stays"));
 }
 
+// Toggles what has that name below a widget, as a screen reader does.
+void toggle(QAccessibleInterface* below, const QString& name) {
+  for (int at = 0; below && at < below->childCount(); ++at) {
+    QAccessibleInterface* child = below->child(at);
+    if (child && child->text(QAccessible::Name) == name && child->actionInterface())
+      return child->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    toggle(child, name);
+  }
+}
+
+TEST_F(Adapters, WhatAssistiveTechnologyMarksIsChosenAsByAClick) {
+  std::string told;
+  form.Combo1.Items = std::vector<controls::ComboBox::Item>{{"*.txt", ""}, {"*.odt", ""}};
+  form.Combo1.Click = [&] { told += form.Combo1.Text.get() + " "; };
+  form.TreeView1.NodeClick = [&](const controls::TreeNode& node) { told += node.Text + " "; };
+  form.MonthView1.DateClick = [&] { told += std::to_string(form.MonthView1.Value->day) + " "; };
+  auto& root = form.TreeView1.add(nullptr, "C:");
+  form.TreeView1.setExpanded(form.TreeView1.add(&root, "one"), true);
+  form.TreeView1.add(root.children.front().get(), "two");
+  form.TreeView1.add(&root, "three");
+  form.TreeView1.setExpanded(root, true);
+  form.MonthView1.Value = controls::MonthView::Day{2024, 2, 29};
+  draw();
+  const std::pair<QWidget&, const char*> marked[] = {{combo, "none: makes the list"},
+                                                     {combo, "*.odt"},
+                                                     {combo, "*.txt"},
+                                                     {combo, "*.odt"},
+                                                     {tree, "three"},
+                                                     {tree, "one"},
+                                                     {month, "12"}};
+  for (const auto& [widget, name] : marked) {
+    toggle(QAccessible::queryAccessibleInterface(&widget), QString::fromLatin1(name));
+    QCoreApplication::processEvents();
+    draw();
+  }
+  EXPECT_EQ(told, "*.odt *.txt *.odt three one 12 ");
+}
+
 TEST_F(Adapters, ButtonsArePressedByMouseAndKeyboardUnlessDisabled) {
   int presses = 0;
   form.Command1.Click = [&] { ++presses; };

@@ -93,7 +93,7 @@ TEST_F(DrawnForms, TextsAreAnnouncedAsTheyReadAlsoWithAnAmpersandOrWhenTheyAreAl
   QWidget& window = draw(form).widget();
   for (const char* label : {"Label1", "Label3"})
     EXPECT_EQ(window.findChild<QWidget*>(QLatin1String(label))->accessibleName(),
-              QStringLiteral("Source FileName: a&b.txt"));
+              QStringLiteral("Source FileName:  a&b.txt"));
 }
 
 TEST_F(DrawnForms, AFieldThatIsDisabledLooksIt) {

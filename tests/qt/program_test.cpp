@@ -136,7 +136,14 @@ TEST_F(DrawnProgram, AssistiveTechnologyReadsWholeNamesTheFilterLineAndTheHeadsO
   const QStringList spoken = spokenBelow(*QAccessible::queryAccessibleInterface(window));
   EXPECT_TRUE(spoken.contains(QStringLiteral("letter.txt")));
   EXPECT_TRUE(spoken.contains(QStringLiteral("Photos")));
-  EXPECT_TRUE(spoken.contains(qt::toQt(app.Form1.Menu["Viewfilter"].Caption.get())));
+  EXPECT_TRUE(spoken.contains(QStringLiteral("SelectMode")));
+  // Left to right and top to bottom.
+  qsizetype before = -1;
+  for (const QString& name : {QStringLiteral("Help"), qt::toQt(app.Form1.Menu["Viewfilter"].Caption.get()),
+                              QStringLiteral("Files, left panel"), QStringLiteral("Files, right panel")}) {
+    EXPECT_GT(spoken.indexOf(name), before) << qPrintable(name);
+    before = spoken.indexOf(name);
+  }
   app.navigation.goTo(app.Form1.Panel1, "D:\\Empty");
   EXPECT_EQ(rows("ListView1").size(), 0u);
   EXPECT_TRUE(

@@ -78,7 +78,8 @@ TEST_F(SingleRenameTest, ANameThatCannotStandIsRefusedAndTheItemStays) {
       next(name);
       EXPECT_EQ(dialog().Text1.Text.get(), name) << "to be mended";
     }
-    next("");
+    expectAlert("a.txt,  - Cannot Rename !\rthe new name is empty");
+    next("  ");
   });
   EXPECT_EQ(contents("a.txt"), "a.txt");
 }
@@ -86,6 +87,7 @@ TEST_F(SingleRenameTest, ANameThatCannotStandIsRefusedAndTheItemStays) {
 TEST_F(SingleRenameTest, WhatIsGoneIsSteppedOver) {
   rename({"a.txt", "b.txt"}, [&] {
     ASSERT_TRUE(files().deleteFile("C:\\Pics\\a.txt", false));
+    expectAlert("a.txt,  - Cannot Rename !\rit is not there any more");
     next("x.txt");
     next("y.txt");
   });

@@ -246,7 +246,10 @@ TEST_F(VDTTest, AProjectThatCannotBeStoredIsToldToTheUserWhoLeaves) {
   auto& disk = rig.use<test::FaultyFileSystem>();
   rig.startLeft();
   disk.noSpace = true;
-  rig.loop.meets({test::told("Cannot Save Project !\rDefault.Pro :  No space left on device")});
+  std::string files = "Could Not Be Stored :\r";
+  for (const char* name : {"DirHis", "FileHis", "GetFolders", "OpenHis", "MostUsed", "FolderSearchHis", "GetQF"})
+    files += std::string("\r") + name + ".Dat:  no space left on device";
+  rig.loop.meets({test::told(files), test::told("Cannot Save Project !\rDefault.Pro :  No space left on device")});
   form().closeFromUser();
 }
 

@@ -1,5 +1,6 @@
 #include "platform/posix/program_folder.hpp"
 
+#include "platform/posix/environment.hpp"
 #include "platform/posix/shipped_files.hpp"
 
 #include <cstdlib>
@@ -60,6 +61,19 @@ std::string preferredFolder(const HostFolders& given, const std::string& executa
   return canWriteIn(executable) && !isInstalled(executable) ? executable : userDataFolder();
 }
 
+std::string passingFolder() {
+  const std::string own = ownFolder(temporaryFolderName(), 0700);
+  return own.empty() ? own : ownFolder(own + "/program", 0700);
+}
+
+/// Makes a folder. One that the program cannot name is cleared. False when it cannot be had.
+bool make(std::string& folder, PathMap& map) {
+  if (!map.toProgram(folder) && !map.reach(parentOf(folder))) folder.clear();
+  std::error_code failed;
+  if (!folder.empty()) fs::create_directories(folder, failed);
+  return isFolder(folder);
+}
+
 }  // namespace
 
 bool isInstalled(const std::string& executable) {
@@ -73,11 +87,18 @@ ProgramFolders findProgramFolders(const HostFolders& given, PathMap& map) {
   ProgramFolders found;
   found.assets = findAssets(given, executable);
   found.program = preferredFolder(given, executable);
-  if (!map.toProgram(found.program) && !map.reach(parentOf(found.program))) found.program.clear();
   found.isOwn = found.program != executable;
-  std::error_code failed;
-  if (!found.program.empty()) fs::create_directories(found.program, failed);
-  if (!isFolder(found.program)) {
+  bool made = make(found.program, map);
+  if (!made && given.data.empty()) {
+    // A home that nobody can write to: the program works all the same.
+    found.program = passingFolder();
+    made = !found.program.empty() && make(found.program, map);
+    if (made)
+      found.notices.push_back(
+          "The program folder could not be made. Settings and lists go with the temporary files in\r" +
+          map.toProgram(found.program).valueOr(found.program));
+  }
+  if (!made) {
     found.notices.push_back("The program folder could not be made. Settings and lists are not kept.");
     return found;
   }

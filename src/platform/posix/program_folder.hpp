@@ -20,8 +20,8 @@ struct ProgramFolders {
 /// without touching any that exist.
 ///
 /// The program folder is the executable's own when it can be written to and the program is not an installed one
-/// (portable use), else $XDG_DATA_HOME/varnholt. One that no drive of the map holds gets a hidden drive of its own, so
-/// that the program can name it.
+/// (portable use), else $XDG_DATA_HOME/varnholt, else one among the temporary files, which the user is told. One that
+/// no drive of the map holds gets a hidden drive of its own, so that the program can name it.
 ProgramFolders findProgramFolders(const HostFolders& given, PathMap& map);
 
 /// True below /usr, /bin and /sbin, and for a `bin` with `share/varnholt` beside it. As root everything can be

@@ -3,8 +3,11 @@
 #include "qt/icons.hpp"
 #include "qt/text.hpp"
 
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QItemSelectionModel>
 #include <QLineEdit>
+#include <QPointer>
 
 namespace varnholt::qt {
 namespace {
@@ -15,9 +18,13 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
     drawn.setInsertPolicy(QComboBox::NoInsert);
     connect(&drawn, &QComboBox::activated, this,
             [this](int index) { this->host().fromUser([this, index] { self.chooseFromUser(index); }); });
+    watchList();
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
+    // The box makes its list when somebody first asks for it; what comes here is not whole yet.
+    if (watched == &drawn && event->type() == QEvent::ChildAdded)
+      QMetaObject::invokeMethod(this, &ComboBoxAdapter::watchList, Qt::QueuedConnection);
     // A wheel that scrolls the window past a list must not choose another drive.
     if (event->type() == QEvent::Wheel && !drawn.hasFocus()) {
       event->ignore();
@@ -34,6 +41,12 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
   void updateOwn() override {
     setEditable(self.Editable);
     if (self.Items.get() != items_) showItems();
+    showChoice();
+    markChoice();
+  }
+
+ private:
+  void showChoice() {
     const QString text = toShown(self.Text.get());
     // Setting what stands there already would move the cursor of a user who types.
     if (drawn.isEditable() && text == drawn.currentText()) return;
@@ -44,7 +57,35 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
     drawn.lineEdit()->selectAll();
   }
 
- private:
+  void watchList() {
+    auto* const list = drawn.findChild<QAbstractItemView*>();
+    if (!list || list == list_) return;
+    list_ = list;
+    // Told behind the change: what mouse and keys pass in an open list is marked first, and then its current item.
+    connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ComboBoxAdapter::chooseMarked,
+            Qt::QueuedConnection);
+    markChoice();
+  }
+
+  /// The list of a closed box marks what is chosen. It has no current item, which would be called the one with the
+  /// keyboard.
+  void markChoice() {
+    if (!list_ || list_->isVisible()) return;
+    list_->selectionModel()->clearCurrentIndex();
+    list_->selectionModel()->select(drawn.model()->index(drawn.currentIndex(), 0), QItemSelectionModel::ClearAndSelect);
+  }
+
+  /// Assistive technology marks an item where a user clicks it: the one thing that leaves the current item behind.
+  void chooseMarked() {
+    const QModelIndexList marked = list_->selectionModel()->selectedIndexes();
+    if (abandoned() || marked.isEmpty() || marked.front() == list_->currentIndex()) return;
+    if (marked.front().row() == drawn.currentIndex()) return;
+    drawn.hidePopup();
+    drawn.setCurrentIndex(marked.front().row());
+    Q_EMIT drawn.activated(drawn.currentIndex());
+    if (!abandoned()) update();
+  }
+
   void setEditable(bool editable) {
     if (drawn.isEditable() == editable) return;
     drawn.setEditable(editable);
@@ -71,6 +112,7 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
   }
 
   std::vector<controls::ComboBox::Item> items_;
+  QPointer<QAbstractItemView> list_;
 };
 
 }  // namespace

@@ -26,8 +26,10 @@ class LabelAdapter : public Joined<controls::Label, QLabel> {
 
   // Who cannot see the text is to hear the text; what a label is for stands in only while it is empty.
   QString accessibleName() const override {
-    const QString text = (drawn.buddy() ? withoutMnemonic(told_) : told_).simplified();
-    return text.isEmpty() ? Joined::accessibleName() : text;
+    QString text = drawn.buddy() ? withoutMnemonic(told_) : told_;
+    while (text.endsWith(QLatin1Char('\n')))
+      text.chop(1);
+    return text.trimmed().isEmpty() ? Joined::accessibleName() : text;
   }
 
  protected:

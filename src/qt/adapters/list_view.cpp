@@ -10,6 +10,7 @@
 #include "qt/widgets/surface.hpp"
 
 #include <QApplication>
+#include <QItemSelectionModel>
 #include <QPixmap>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -18,6 +19,7 @@
 #include <cmath>
 #include <numeric>
 #include <optional>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -62,6 +64,10 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
     for (const auto clicked : {&QHeaderView::sectionClicked, &QHeaderView::sectionDoubleClicked})
       connect(header, clicked, this,
               [this](int column) { this->host().fromUser([this, column] { self.headerFromUser(column + 1); }); });
+    connect(drawn.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection& on, const QItemSelection& off) {
+              if (!drawn.isShowingSelection() && !abandoned()) markRows(on.indexes() + off.indexes());
+            });
     setDropPlaces([this](const QPoint& at, const controls::Control* source) { return dropPlace(at, source); });
     connect(header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
       if (updating() || fitting_ || width <= 0) return;
@@ -92,6 +98,7 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
     if (auto* panel = dynamic_cast<Surface*>(drawn.parentWidget())) panel->setActive(emphasis() == Emphasis::Active);
     drawn.setColors(colorsNow());
     drawn.showFocusedRow();
+    drawn.showSelectedRows();
     if (const auto row = self.takeVisibleRequest()) drawn.scrollToRow(*row);
   }
 
@@ -163,6 +170,24 @@ class ListViewAdapter : public Joined<controls::ListView, ListViewWidget> {
   }
 
  private:
+  /// Assistive technology has changed the marks of these rows: that is a click on each, which leaves the others alone.
+  void markRows(const QModelIndexList& cells) {
+    std::set<int> rows;
+    for (const QModelIndex& cell : cells)
+      rows.insert(cell.row());
+    for (const int row : rows)
+      host().fromUser([this, row] {
+        const bool many = self.MultiSelect;
+        const controls::MouseEvent mouse{controls::MouseButton::Left, {.ctrl = many}};
+        self.pressFromUser(static_cast<std::uint32_t>(row), mouse);
+        self.releaseFromUser(mouse);
+        controls::KeyEvent up;
+        up.code = controls::key::Ctrl;
+        if (many && !abandoned()) self.keyUpFromUser(up);
+      });
+    if (!abandoned()) drawn.showSelectedRows();
+  }
+
   // Keys with a meaning of their own that belong to a name once one is being typed.
   static bool alsoWrites(int code) {
     return code == controls::key::Space || code == controls::key::Add || code == controls::key::Subtract ||

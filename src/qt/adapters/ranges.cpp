@@ -4,7 +4,10 @@
 #include "qt/icons.hpp"
 #include "qt/theme.hpp"
 
+#include <QAbstractItemView>
 #include <QCalendarWidget>
+#include <QCoreApplication>
+#include <QItemSelectionModel>
 #include <QProgressBar>
 #include <QSlider>
 #include <QTextCharFormat>
@@ -69,6 +72,10 @@ class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
     connect(&drawn, &QCalendarWidget::selectionChanged, this, [this] {
       if (!updating()) pick(drawn.selectedDate());
     });
+    // Told behind the change: mouse and keys mark a day, and then it is the current one, too.
+    if ((days_ = drawn.findChild<QAbstractItemView*>(QStringLiteral("qt_calendar_calendarview"))))
+      connect(days_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &MonthViewAdapter::pickMarked,
+              Qt::QueuedConnection);
   }
 
  protected:
@@ -86,10 +93,24 @@ class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
   }
 
  private:
+  /// Assistive technology marks a day where a user clicks it. The toolkit alone knows its date.
+  void pickMarked() {
+    const QModelIndexList marked = days_->selectionModel()->selectedIndexes();
+    if (abandoned() || marked.isEmpty() || marked.front() == days_->currentIndex()) return;
+    const QPointF at = days_->visualRect(marked.front()).center();
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+      const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+      QMouseEvent click(type, at, days_->viewport()->mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
+      QCoreApplication::sendEvent(days_->viewport(), &click);
+    }
+  }
+
   void pick(QDate date) {
     const controls::MonthView::Day day{date.year(), date.month(), date.day()};
     if (self.Value.get() != day) host().fromUser([this, day] { self.pickFromUser(day); });
   }
+
+  QAbstractItemView* days_ = nullptr;
 };
 
 }  // namespace

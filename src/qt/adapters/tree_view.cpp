@@ -5,6 +5,7 @@
 #include "qt/text.hpp"
 
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QTreeWidget>
 
 #include <map>
@@ -20,6 +21,8 @@ class TreeViewAdapter : public Joined<controls::TreeView, QTreeWidget> {
     drawn.setHeaderHidden(true);
     drawn.setUniformRowHeights(true);
     drawn.setExpandsOnDoubleClick(false);
+    // By rows the toolkit takes a node's place below its parent for its place in the whole tree.
+    drawn.setSelectionBehavior(QAbstractItemView::SelectItems);
     connect(&drawn, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) { expand(item, true); });
     connect(&drawn, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* item) { expand(item, false); });
     // A press on another node has been told when the current node changed; the click tells a press on the same one.
@@ -32,6 +35,8 @@ class TreeViewAdapter : public Joined<controls::TreeView, QTreeWidget> {
     connect(&drawn, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
       if (std::exchange(told_, nullptr) != item) clicked(item);
     });
+    // Told behind the change: mouse and keys select a node, and then it is the current one, too.
+    connect(&drawn, &QTreeWidget::itemSelectionChanged, this, &TreeViewAdapter::chooseMarked, Qt::QueuedConnection);
   }
 
  protected:
@@ -99,6 +104,17 @@ class TreeViewAdapter : public Joined<controls::TreeView, QTreeWidget> {
 
   void clicked(const QTreeWidgetItem* item) {
     withNode(item, [this](controls::TreeNode& node) { self.clickFromUser(node); });
+  }
+
+  /// Assistive technology selects a node where a user clicks it.
+  void chooseMarked() {
+    const QList<QTreeWidgetItem*> marked = drawn.selectedItems();
+    if (abandoned() || marked.isEmpty() || marked.front() == drawn.currentItem()) return;
+    {
+      const QSignalBlocker quiet(drawn);
+      drawn.setCurrentItem(marked.front());
+    }
+    clicked(marked.front());
   }
 
   void moved(const QTreeWidgetItem* item) {

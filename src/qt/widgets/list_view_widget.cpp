@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QToolTip>
 
@@ -20,6 +21,8 @@ constexpr int Padding = 6, RowPadding = 3, GhostBar = 3, MarkBar = 3;
 constexpr int MarkedDarker = 160;
 // The cut look: an icon that is half there.
 constexpr double GhostedOpacity = 0.45;
+// The toolkit compares each run of selected rows with each of the runs before.
+constexpr qsizetype MostSpokenRuns = 1000;
 
 }  // namespace
 
@@ -37,7 +40,7 @@ ListViewWidget::ListViewWidget(QWidget* parent) : QTreeView(parent), header_(new
   setItemsExpandable(false);
   setUniformRowHeights(true);
   setAllColumnsShowFocus(true);
-  setSelectionMode(QAbstractItemView::NoSelection);
+  setSelectionMode(QAbstractItemView::MultiSelection);  // of which nobody but assistive technology knows
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setAutoScroll(false);
   setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -145,6 +148,23 @@ void ListViewWidget::showFocusedRow() {
   const auto row = list_->focusedRow();
   const QModelIndex index = row ? model_->index(static_cast<int>(*row), 0) : QModelIndex();
   if (index != currentIndex()) selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+}
+
+void ListViewWidget::showSelectedRows() {
+  if (!list_ || !model_ || !QAccessible::isActive()) return;
+  QItemSelection selected;
+  const auto rows = static_cast<std::uint32_t>(model_->rowCount());
+  const auto isSelected = [this](std::uint32_t row) { return list_->isSelected(list_->idAt(row)); };
+  for (std::uint32_t row = 0; row < rows && selected.size() < MostSpokenRuns; ++row) {
+    if (!isSelected(row)) continue;
+    const QModelIndex first = model_->index(static_cast<int>(row), 0);
+    while (row + 1 < rows && isSelected(row + 1))
+      ++row;
+    selected.select(first, model_->index(static_cast<int>(row), model_->columnCount() - 1));
+  }
+  if (selected == selectionModel()->selection()) return;
+  const QScopedValueRollback showing(showingSelection_, true);
+  selectionModel()->select(selected, QItemSelectionModel::ClearAndSelect);
 }
 
 ListViewWidget::RowLook ListViewWidget::lookOf(std::uint32_t row) const {

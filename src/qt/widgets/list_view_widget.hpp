@@ -68,12 +68,21 @@ class ListViewWidget : public QTreeView {
   QPoint belowFocusedRow() const;
   /// Tells assistive technology, and draws, which row the keyboard is on.
   void showFocusedRow();
+  /// Tells assistive technology which rows are selected: it may change that in the selection model.
+  void showSelectedRows();
+  /// True while the selection model is brought up to the control.
+  bool isShowingSelection() const { return showingSelection_; }
 
  protected:
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   void paintEvent(QPaintEvent* event) override;
   bool viewportEvent(QEvent* event) override;
   void changeEvent(QEvent* event) override;
+  /// Mouse and keys select nothing here.
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& /*index*/,
+                                                       const QEvent* /*event*/) const override {
+    return QItemSelectionModel::NoUpdate;
+  }
 
  private:
   void paintStripes();
@@ -92,6 +101,7 @@ class ListViewWidget : public QTreeView {
   ListHeader* header_;
   ListColors colors_;
   int keptColumns_ = 0, neededColumns_ = 0;
+  bool showingSelection_ = false;
 };
 
 }  // namespace varnholt::qt

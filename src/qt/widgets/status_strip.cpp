@@ -2,7 +2,9 @@
 
 #include "qt/theme.hpp"
 
+#include <QAccessibleWidget>
 #include <QHelpEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QToolTip>
 
@@ -13,10 +15,16 @@ namespace varnholt::qt {
 namespace {
 // The slack takes what rounding a text's width to whole pixels loses.
 constexpr int Padding = 8, TightPadding = 3, Slack = 2;
+
+QAccessibleInterface* statusBarOf(const QString&, QObject* object) {
+  auto* strip = qobject_cast<StatusStrip*>(object);
+  return strip ? new QAccessibleWidget(strip, QAccessible::StatusBar) : nullptr;
+}
 }  // namespace
 
 StatusStrip::StatusStrip(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  QAccessible::installFactory(statusBarOf);  // a factory that is known already is not taken twice
 }
 
 void StatusStrip::setTexts(const QStringList& texts) {
@@ -26,6 +34,26 @@ void StatusStrip::setTexts(const QStringList& texts) {
   for (std::size_t at = 0; at < widest_.size(); ++at)
     widest_[at] = std::max(widest_[at], textWidth(texts_[static_cast<qsizetype>(at)]));
   setAccessibleDescription(texts_.join(QLatin1String(", ")));
+  for (auto at = static_cast<qsizetype>(sections_.size()); at < texts_.size(); ++at) {
+    sections_.push_back(new QLabel(this));
+    sections_.back()->setTextFormat(Qt::PlainText);
+  }
+  place();
+}
+
+// What does not fit is cut where it is drawn, and whole where it is spoken.
+void StatusStrip::place() {
+  const std::vector<int> widths = sectionWidths();
+  int left = 0;
+  for (std::size_t at = 0; at < widths.size(); ++at) {
+    const QString& text = texts_[static_cast<qsizetype>(at)];
+    const QRect inner = QRect(left, 0, widths[at], height()).adjusted(padding(), 0, -padding(), 0);
+    sections_[at]->setVisible(inner.width() > 0);
+    sections_[at]->setGeometry(inner);
+    sections_[at]->setText(fontMetrics().elidedText(text, Qt::ElideRight, inner.width()));
+    sections_[at]->setAccessibleName(text);
+    left += widths[at];
+  }
   update();
 }
 
@@ -65,25 +93,17 @@ std::vector<int> StatusStrip::sectionWidths() const {
 
 void StatusStrip::paintEvent(QPaintEvent*) {
   QPainter painter(this);
+  painter.setPen(theme::outline());
   int left = 0;
-  qsizetype at = 0;
   for (const int width : sectionWidths()) {
-    const QRect section(left, 0, width, height());
-    const QRect inner = section.adjusted(padding(), 0, -padding(), 0);
-    if (left > 0 && width > 0) {
-      painter.setPen(theme::outline());
-      painter.drawLine(left, 4, left, height() - 5);
-    }
-    painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(inner, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(texts_[at++], Qt::ElideRight, inner.width()));
+    if (left > 0 && width > 0) painter.drawLine(left, 4, left, height() - 5);
     left += width;
   }
 }
 
 void StatusStrip::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  if (event->size().width() == event->oldSize().width()) return;
+  if (event->size().width() == event->oldSize().width()) return place();
   widest_.assign(widest_.size(), 0);
   const QStringList texts = std::exchange(texts_, {});
   setTexts(texts);

@@ -5,11 +5,13 @@
 
 #include <vector>
 
+class QLabel;
+
 namespace varnholt::qt {
 
 /// The sections of a status bar, side by side. A section is as wide as its text and never shrinks while the window
 /// keeps its size, so that a ticking clock moves nothing; the last section takes the rest. What does not fit is cut
-/// with an ellipsis.
+/// with an ellipsis. Assistive technology finds each section as a text of its own.
 class StatusStrip : public QWidget {
   Q_OBJECT
  public:
@@ -29,9 +31,11 @@ class StatusStrip : public QWidget {
   int textWidth(const QString& text) const;
   int padding() const;
   int sectionAt(int x) const;
+  void place();
 
   QStringList texts_;
   std::vector<int> widest_;
+  std::vector<QLabel*> sections_;
 };
 
 }  // namespace varnholt::qt
