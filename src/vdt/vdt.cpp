@@ -288,8 +288,7 @@ void VDT::DelItems_Vd_Click() {
   if (pointers.count() > 0) {
     list().clearColors();
     const auto selected = list().selectedIds();
-    if (!selected.empty() &&
-        desk_.program.dialogs.AskRetry("You are about to Delete \r" + std::to_string(selected.size()) +
+    if (desk_.program.dialogs.AskRetry("You are about to Delete \r" + std::to_string(selected.size()) +
                                        " Selected ShortCut(s)\rAre you Sure ?"))
       pointers.remove(selected);
   }
