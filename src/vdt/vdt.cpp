@@ -333,7 +333,10 @@ void VDT::VDTstartup_Click() {
   entry.Checked = !entry.Checked;
 }
 
-void VDT::CopyVDT_Click() { copy_.run(); }
+void VDT::CopyVDT_Click() {
+  copy_.run();
+  showCount();
+}
 
 void VDT::NewPro_Click() {
   if (Form44.nameProject()) showList();
