@@ -198,16 +198,11 @@ void Clean::Cleanall() {
   if (!hits || list.count() == 0) return;
   for (std::uint32_t id = 0; id < list.count(); ++id)
     PaintRow(id, panels::mark_color::Delete);
-  std::uint64_t bytes = 0;
-  for (const std::uint32_t at : hits->rows)
-    bytes += hits->files[at].size;
+  // All that the scan has found, in its reverse order; of what has gone since, nothing is left to do.
   std::vector<const platform::FoundFile*> files;
-  std::vector<bool> isListed(hits->files.size());
-  for (const std::uint32_t at : hits->rows)
-    isListed[at] = true;
   for (std::size_t at = hits->files.size(); at-- > 0;)
-    if (isListed[at]) files.push_back(&hits->files[at]);
-  const std::string sum = bytes == 0 ? "0" : core::format("#,#", bytes, desk_.program.platform.regional);
+    files.push_back(&hits->files[at]);
+  const std::string sum = hits->bytes == 0 ? "0" : core::format("#,#", hits->bytes, desk_.program.platform.regional);
   const auto answer =
       dialogs.ask("\rCleaning Up " + std::to_string(files.size()) + " Files!, - FreeSpace Achived : " + sum + " Bytes");
   dialogs.Form11.AlertAnswer = core::Answer::None;

@@ -17,6 +17,7 @@ struct Hits {
   std::vector<platform::FoundFile> files;
   std::vector<std::string> versions;  ///< of the files, empty where there is none
   std::vector<std::uint32_t> rows;    ///< the file of each row
+  std::uint64_t bytes = 0;            ///< of all rows that the scan has made
 };
 
 /// The columns of the list. The last ones have no width: by two of them sizes and dates are sorted.

@@ -107,7 +107,9 @@ void Scan::addRows() {
   hits_->versions.resize(hits_->files.size());
   for (std::uint32_t at = 0; at < hits_->files.size(); ++at) {
     const std::string& path = hits_->files[at].path;
-    hits_->rows.insert(hits_->rows.end(), patterns_.matches(paths::fileName(path)), at);
+    const std::size_t rows = patterns_.matches(paths::fileName(path));
+    hits_->rows.insert(hits_->rows.end(), rows, at);
+    hits_->bytes += rows * hits_->files[at].size;
     if (paths::isProgramName(path)) hits_->versions[at] = desk_.files().fileVersion(path).valueOr("");
   }
 }

@@ -41,11 +41,11 @@ void Comparison::ComphisR_store() {
 }
 
 void Comparison::store(panels::History& history, controls::ComboBox& box, const std::string& folder) {
-  history.add(paths::withoutClosing(folder));
+  history.add(paths::withClosing(folder));
   box.Clear();
   int at = 0, chosen = -1;
   for (auto entry = history.entries().rbegin(); entry != history.entries().rend(); ++entry, ++at) {
-    box.AddItem(*entry, "folder");
+    box.AddItem(paths::withoutClosing(*entry), "folder");
     if (paths::sameFolder(*entry, folder)) chosen = at;
   }
   box.choose(chosen);

@@ -150,6 +150,11 @@ void ListView::keyFromUser(KeyEvent& event, std::uint32_t page) {
   } else if (event.code == key::Space && focusedId_) {
     event.handled = true;
     toggleFocused(event.modifiers);
+  } else if (event.code == 'A' && event.modifiers.ctrl && !event.modifiers.alt && MultiSelect && count() > 0) {
+    event.handled = true;
+    selectRange(0, count() - 1, true);
+    rowClicked(focusedRow().value_or(0));
+    KeySelect(true);
   }
 }
 

@@ -20,8 +20,10 @@ class RowSource {
   virtual std::string cell(std::uint32_t row, int column) const = 0;
   virtual int icon(std::uint32_t row) const = 0;
   virtual Emblem emblem(std::uint32_t) const { return Emblem::None; }
-  /// The row's name: what typed letters are looked for in, and what assistive technology calls it.
+  /// The row's name: what typed letters are looked for in.
   virtual std::string seekText(std::uint32_t row) const { return cell(row, 0); }
+  /// What assistive technology reads in the first column: more than is drawn where a name goes on in the next one.
+  virtual std::string spokenText(std::uint32_t row) const { return cell(row, 0); }
   /// Fills one number a row whose order is that of the column's texts, where there is one: far cheaper to sort.
   virtual bool numericKeys(int /*column*/, std::vector<std::int64_t>& /*keys*/) const { return false; }
   /// Appends the text that the column is sorted by. Called on two threads at once.

@@ -60,6 +60,11 @@ void core::Form12::Command11_Click() { UnloadForm(); }
 core::Form13::Form13(controls::MessageLoop& loop) : Form(loop, "Form13") {
   Caption = "Information !";
   Click = [this] { UnloadForm(); };
+  KeyDown = [this](controls::KeyEvent& event) {
+    if (event.code != controls::key::Esc) return;
+    event.handled = true;
+    UnloadForm();
+  };
 }
 
 // --- MessageDialogs ------------------------------------------------------------------------------------------------

@@ -50,7 +50,7 @@ class Form12 : public controls::Form {
   void Command11_Click();
 };
 
-/// "Information !": a notice that goes away by a click or after two seconds.
+/// "Information !": a notice that goes away by a click, Esc or after two seconds.
 class Form13 : public controls::Form {
  public:
   explicit Form13(controls::MessageLoop& loop);
@@ -70,7 +70,7 @@ class MessageDialogs {
   Answer ask(const std::string& text, const std::string& caption = "Alert !");
   /// Form12 with the text and a line break behind it.
   void alert(const std::string& text);
-  /// Form13 with the text, closed by a click or by `Timer2`.
+  /// Form13 with the text, closed by a click, Esc or by `Timer2`.
   void inform(const std::string& text, const std::string& caption = "Information");
   /// The platform's box with a critical icon and the title "Alert !".
   void critical(const std::string& text);

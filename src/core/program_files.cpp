@@ -89,7 +89,10 @@ class Removal {
 }  // namespace
 
 std::string path(const platform::Platform& platform, std::string_view literal) {
-  return platform.programFolder + std::string(literal);
+  // The root of a drive ends with a backslash of its own.
+  std::string_view folder = platform.programFolder;
+  if (folder.ends_with('\\') && literal.starts_with('\\')) folder.remove_suffix(1);
+  return std::string(folder) + std::string(literal);
 }
 
 void makeFolders(const platform::Platform& platform) {

@@ -61,13 +61,16 @@ std::string Histories::lastFolder(std::string_view drive) const {
 }
 
 void Histories::load(const core::Program& program) {
-  std::vector<std::string> known = foldersFile_.load(program);
-  for (std::string& line : known)
-    line = paths::withClosing(line);
-  folders.assign(std::move(known));
+  const auto loadFolders = [&](History& history, core::SharedLines& file) {
+    std::vector<std::string> known = file.load(program);
+    for (std::string& line : known)
+      line = paths::withClosing(line);
+    history.assign(std::move(known));
+  };
+  loadFolders(folders, foldersFile_);
   files.assign(filesFile_.load(program));
-  compareRight.assign(compareRightFile_.load(program));
-  compareLeft.assign(compareLeftFile_.load(program));
+  loadFolders(compareRight, compareRightFile_);
+  loadFolders(compareLeft, compareLeftFile_);
   for (const auto& line : lastFoldersFile_.load(program))
     noteLastFolder(line);
 }

@@ -46,6 +46,7 @@ class PanelRows : public controls::RowSource {
   int icon(std::uint32_t row) const override;
   controls::Emblem emblem(std::uint32_t row) const override;
   std::string seekText(std::uint32_t row) const override { return std::string(entry(row).name); }
+  std::string spokenText(std::uint32_t row) const override { return seekText(row); }
   bool numericKeys(int column, std::vector<std::int64_t>& keys) const override;
   void appendSortText(std::uint32_t row, int column, std::string& text) const override;
 

@@ -221,8 +221,9 @@ void QtMessageLoop::leaveUnlessItReturns(InputHold& hold, unsigned call) {
   if (!leave_ || leaving_) return;
   leaving_ = true;
   QTimer::singleShot(Patience, this, [this, &hold, call] {
-    const bool isDialogs = QApplication::activeModalWidget() || hold.window();
-    if (isRunning(call) && (!isDialogs || mayLeave(hold, call))) leave_();
+    // The hold goes with its call.
+    const auto isDialogs = [&hold] { return QApplication::activeModalWidget() || hold.window(); };
+    if (isRunning(call) && (!isDialogs() || mayLeave(hold, call))) leave_();
     leaving_ = false;
   });
 }

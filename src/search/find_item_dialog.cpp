@@ -47,8 +47,7 @@ void search::Form47::bind() {
   QueryUnload = [this](bool&) {
     left_ = Left;
     top_ = Top;
-    Timer1.Enabled = false;
-    unrecorded_.reset();
+    FoundStore();
     rows_.reset();
   };
   Text1.Change = [this] { Text1_Change(); };
@@ -127,6 +126,7 @@ void search::Form47::Text1_Change() {
 void search::Form47::Command3_Click() {
   panels::Panel* panel = desk_.form.activePanel();
   if (!panel) return;
+  FoundStore();
   FindContinue = true;
   QuickFindStep(nextRow(*panel), typed(), Check1.Value != 0);
   FindContinue = false;

@@ -30,6 +30,8 @@ class Form47 : public controls::Form {
 
   /// Opens the window to find folders or files.
   void open(bool folders);
+  /// Puts the last hit into the history. While letters are typed this waits until they rest, so that each leaves none.
+  void FoundStore();
 
  private:
   void setTexts();
@@ -41,7 +43,6 @@ class Form47 : public controls::Form {
   void Command3_Click();
   void QuickFindStep(std::uint32_t start, const std::string& text, bool folders);
   void QuickFindHit(panels::Panel& panel, std::uint32_t row);
-  void FoundStore();
   /// The rows are others, or those of another panel.
   void startAnew();
   void showNothing();

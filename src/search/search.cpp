@@ -32,7 +32,11 @@ void Search::addCommands(panels::CommandTable& table) {
        .icon = "history",
        .heading = "Tools",
        .menuText = "Found &History...",
-       .run = [this] { Form48.ShowModal(); }},
+       .run =
+           [this] {
+             Form47.FoundStore();
+             Form48.ShowModal();
+           }},
   });
 }
 
@@ -43,6 +47,7 @@ void Search::load() {
 
 void Search::store() {
   desk_.state.noteStored(Form36.SearchHistoryStore());
+  Form47.FoundStore();
   desk_.state.noteStored(found.store(desk_.program));
 }
 

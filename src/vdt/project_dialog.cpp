@@ -10,7 +10,7 @@
 namespace varnholt::vdt {
 namespace {
 
-constexpr const char* Empty = "Key in Valid FileName !.";
+constexpr const char* Empty = "Key in Valid File Name !.";
 constexpr const char* NotValid = "FileName NOT Valid !";
 constexpr const char* Extension = ".Pro";
 // The longest name that the file systems of this world take.

@@ -288,8 +288,7 @@ void VDT::DelItems_Vd_Click() {
   if (pointers.count() > 0) {
     list().clearColors();
     const auto selected = list().selectedIds();
-    if (!selected.empty() &&
-        desk_.program.dialogs.AskRetry("You are about to Delete \r" + std::to_string(selected.size()) +
+    if (desk_.program.dialogs.AskRetry("You are about to Delete \r" + std::to_string(selected.size()) +
                                        " Selected ShortCut(s)\rAre you Sure ?"))
       pointers.remove(selected);
   }
@@ -334,7 +333,10 @@ void VDT::VDTstartup_Click() {
   entry.Checked = !entry.Checked;
 }
 
-void VDT::CopyVDT_Click() { copy_.run(); }
+void VDT::CopyVDT_Click() {
+  copy_.run();
+  showCount();
+}
 
 void VDT::NewPro_Click() {
   if (Form44.nameProject()) showList();

@@ -2,6 +2,7 @@
 
 #include "platform/posix/unique_fd.hpp"
 #include "vnzip/container.hpp"
+#include "vnzip/vnzip.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -18,7 +19,7 @@ namespace {
 using platform::posix::UniqueFd;
 
 constexpr int Level = 6;
-constexpr std::uint64_t PartLength = 1u << 20;
+constexpr std::uint64_t PartLength = VnPartLength;
 constexpr std::uint64_t Window = 32768;  // what a part may refer back to
 constexpr std::uint64_t HeldAtMost = 12u << 20;
 constexpr std::size_t PiecesAtMost = 256;

@@ -37,13 +37,15 @@ typedef struct {
   int32_t (*print)(char* text, uint32_t length); /* what is left out and why, a line each */
   int32_t (*comment)(char* text);                /* 4097 bytes */
   int32_t (*password)(char* text, int32_t length);
-  int32_t (*service)(char* text, uint32_t length); /* the entry in hand, more than once for a large one; 1 stops */
+  int32_t (*service)(char* text, uint32_t length); /* the entry in hand, once for each part of it; 1 stops */
 } VnUserFunctions;
 
 enum { VnSuccess = 0, VnFailed = 2, VnNotSupported = 3, VnStopped = 9, VnBadRequest = 16 };
 
 /* The largest number of file specs of one call. */
 enum { VnSlots = 1024 };
+/* Bytes of a part of an entry; the last one has less. */
+enum { VnPartLength = 1 << 20 };
 
 int32_t ZpInit(const VnUserFunctions* functions);
 int32_t ZpSetOptions(const VnOptions* options);

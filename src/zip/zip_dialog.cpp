@@ -18,6 +18,7 @@ namespace paths = platform::paths;
 constexpr const char* Title = "Zip File Options";
 constexpr const char* FolderMark = "< Folder >";
 constexpr const char* Empty = "Key in Zip File Name !.";
+constexpr std::string_view AllFiles = "*.*";
 constexpr const char* StoredAs = "stored as ";
 constexpr std::size_t LongTitle = 60;
 constexpr std::size_t LastOfBatch = 900;
@@ -83,8 +84,8 @@ void Form41::bind() {
     if (event.handled) Command3.press();
   };
   zip_.Progress = [this](const std::string& line) { takeMessage(line); };
-  zip_.Service = [this](const std::string& entry, bool& cancel) {
-    if (std::exchange(inHand_, entry) != entry) ++done_;
+  zip_.Service = [this](const std::string&, bool& cancel) {
+    ++done_;
     cancel = cancel || !work_.goesOn();
   };
 }
@@ -138,8 +139,7 @@ void Form41::showTitle() {
 
 void Form41::Command3_Click() {
   const auto selected = ListView1.selectedIds();
-  if (selected.empty() ||
-      !desk_.program.dialogs.AskRetry("You are about to Delete \r" + std::to_string(selected.size()) +
+  if (!desk_.program.dialogs.AskRetry("You are about to Delete \r" + std::to_string(selected.size()) +
                                       " Item(s) !\rAre you Sure ?"))
     return;
   std::vector<bool> goes(ListView1.count());
@@ -233,8 +233,7 @@ void Form41::Command1_Click() {
   zip_.cancel = false;
   failed_ = false;
   messages_.clear();
-  inHand_.clear();
-  done_ = 0;
+  rowsDone_ = 0;
   ProgressBar1.Max = ListView1.count();
   ProgressBar1.Value = 0;
   const bool success = zipRows();
@@ -267,7 +266,7 @@ void Form41::addRow(std::uint32_t row) {
   std::string spec = item.Text();
   if (item.SubItems(1) == FolderMark) {
     Caption = std::string(Title) + ", - Processing... " + spec;
-    spec += "*.*";
+    spec += AllFiles;
   } else {
     zip_.setRecurseSubDirs(false);
     zip_.setStoreFolderNames(false);
@@ -279,13 +278,45 @@ void Form41::addRow(std::uint32_t row) {
   zip_.AddFileSpec(spec);
 }
 
+// On the thread of the call.
+std::uint64_t Form41::partsOfBatch() const {
+  const auto& files = desk_.files();
+  std::uint64_t parts = 0;
+  for (std::size_t at = 0; at < zip_.FileSpecCount() && work_.goesOn(); ++at) {
+    const std::string& spec = zip_.FileSpec(at);
+    if (!spec.ends_with(AllFiles)) {
+      parts += 1 + files.fileSize(spec).valueOr(0) / VnPartLength;
+      continue;
+    }
+    const std::string folder = spec.substr(0, spec.size() - AllFiles.size());
+    if (zip_.RecurseSubDirs()) {
+      const auto size = files.folderSize(folder, [this](std::uint64_t) { return work_.goesOn(); });
+      if (size) parts += size->files + size->bytes / VnPartLength;
+    } else if (const auto found = files.findFiles(folder, 1, [](std::string_view, unsigned) { return true; })) {
+      for (const platform::FoundFile& file : *found)
+        parts += 1 + file.size / VnPartLength;
+    }
+  }
+  return parts;
+}
+
 bool Form41::zipBatch() {
   zip_.result = 0;
   std::optional<std::int32_t> tried;
-  const auto tick = [this] { ProgressBar1.Value = std::min<double>(static_cast<double>(done_), ProgressBar1.Max); };
-  const bool whole = work_.run(
-      Command4, [&] { tried = library.Zip(zip_); }, tick);
-  tick();
+  const auto rows = static_cast<double>(zip_.FileSpecCount());
+  std::atomic<std::uint64_t> parts = 0;
+  done_ = 0;
+  const auto tick = [&] {
+    const double share = parts == 0 ? 0 : static_cast<double>(done_) / static_cast<double>(parts);
+    ProgressBar1.Value = rowsDone_ + std::min(share, 1.0) * rows;
+  };
+  const auto pack = [&] {
+    parts = partsOfBatch();
+    tried = library.Zip(zip_);
+  };
+  const bool whole = work_.run(Command4, pack, tick);
+  rowsDone_ += rows;
+  ProgressBar1.Value = rowsDone_;
   if (tried || !whole) return whole && zip_.Success();
   failed_ = true;
   zip_.result = VnFailed;

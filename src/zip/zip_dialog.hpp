@@ -56,6 +56,8 @@ class Form41 : public controls::Form {
   /// The batches, one after the other. False: the rest is not in the archive.
   bool zipRows();
   bool zipBatch();
+  /// About how often the library will ask during the batch in hand whether it goes on.
+  std::uint64_t partsOfBatch() const;
   void addRow(std::uint32_t row);
   void takeMessage(const std::string& line);
   void tellMessages();
@@ -64,8 +66,8 @@ class Form41 : public controls::Form {
   panels::Desk& desk_;
   cZip zip_;
   core::StoppableCall work_;
-  std::string inHand_;                 ///< the entry of which the library has told last
-  std::atomic<std::size_t> done_ = 0;  ///< entries of the run
+  double rowsDone_ = 0;                  ///< of the batches before the one in hand
+  std::atomic<std::uint64_t> done_ = 0;  ///< parts of the batch in hand
   std::vector<std::string> messages_;
   bool running_ = false, stopped_ = false, failed_ = false, made_ = false;
 };

@@ -143,6 +143,8 @@ TEST_F(CleanUpTest, ASelectionGoesAndTheRestStays) {
     clean("Command1");
     EXPECT_EQ(left(), (Names{"b.tmp", "keep.txt"}));
     EXPECT_EQ(rows(), (Names{"C:\\In|B|Tmp"}));
+    clean("Command2", {test::no("\rCleaning Up 3 Files!, - FreeSpace Achived : 3 Bytes")});
+    scan();
     clean("Command1");
     EXPECT_TRUE(rows().empty() && !dialog().Command3.Enabled);
   });

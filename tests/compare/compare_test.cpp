@@ -115,7 +115,7 @@ TEST_F(CompareTest, WhatStandsAgainstARunIsTold) {
     dialog().Command1.press();
     EXPECT_EQ(left().path(), "C:\\L\\Sub\\");
   });
-  EXPECT_EQ(rig.app().histories.compareLeft.entries(), (Names{"C:\\L", "C:\\L\\Sub"}));
+  EXPECT_EQ(rig.app().histories.compareLeft.entries(), (Names{"C:\\L\\", "C:\\L\\Sub\\"}));
 }
 
 TEST_F(CompareTest, TheBoxesHangOnEachOther) {

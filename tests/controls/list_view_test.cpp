@@ -117,7 +117,7 @@ TEST_F(ListViewTest, KeysMoveExtendToggleAndMark) {
       {key::End, Shift, 5, "a b c d e f"}, {key::Home, None, 0, "a"},
       {key::Insert, None, 1, "a"},         {key::Insert, None, 2, "a b"},
       {key::End, Ctrl, 5, "a b"},          {key::Insert, None, 5, "a b f"},
-      {key::Insert, None, 5, "a b"}};
+      {key::Insert, None, 5, "a b"},       {'A', Ctrl, 5, "a b c d e f"}};
   for (const auto& [code, modifiers, focus, selection] : rows) {
     key(code, modifiers);
     EXPECT_EQ(list.focusedRow(), focus) << "key " << code;

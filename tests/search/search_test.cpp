@@ -245,13 +245,13 @@ TEST_F(FindItemTest, AHitIsRecordedOnceWhenTheTypingRestsOrItIsUsed) {
   dialog().closeFromUser();
   dialog().Timer1.Tick();
   startAgain();
-  EXPECT_EQ(kept("\\GetQF.Dat"), "C:\\Work\\better\r\n|Fold|C:\\Work\\beta\r\n");
+  EXPECT_EQ(kept("\\GetQF.Dat"), "C:\\Work\\better\r\n|Fold|C:\\Work\\beta\r\n|Fold|C:\\Work\\gamma\r\n");
 
   show("D:\\", "D:\\");
-  for (const auto& [row, name] : {std::pair{0u, "beta"}, {1u, "better"}}) {
+  for (const auto& [row, name] : {std::pair{0u, "gamma"}, {2u, "better"}}) {
     rig.loop.whenShows("Form48").run([this, row = row](controls::Form& form) {
       auto& list = search().Form48.ListView1;
-      EXPECT_EQ(list.cell(0, 0) + list.cell(0, 1), "C:\\Work\\beta<Folder>");
+      EXPECT_EQ(list.cell(0, 0) + list.cell(0, 1), "C:\\Work\\gamma<Folder>");
       list.focusRow(row);
       search().Form48.Command2.press();
       EXPECT_FALSE(form.Visible);

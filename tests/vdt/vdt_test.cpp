@@ -217,7 +217,7 @@ TEST_F(VDTTest, TheDialogStoresTheProjectOpensAnotherAndBeginsNewOnes) {
   rig.loop.whenShows("Form44")
       .reads("Label1", "Project Name:")
       .press("Command1")
-      .reads("Text1", "Key in Valid FileName !.")
+      .reads("Text1", "Key in Valid File Name !.")
       .press("Command1")
       .run(type("..\\a"))
       .press("Command1")

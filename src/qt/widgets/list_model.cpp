@@ -49,7 +49,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::ToolTipRole) return plainToolTip(rowToolTip(row));
   if (index.column() != 0) return {};
   const std::uint32_t id = list_->idAt(row);
-  if (role == Qt::AccessibleTextRole) return toShown(list_->source().seekText(id));
+  if (role == Qt::AccessibleTextRole) return toShown(list_->source().spokenText(id));
   if (role != Qt::AccessibleDescriptionRole) return {};
   QStringList marks;
   if (list_->isSelected(id)) marks += QStringLiteral("selected");
