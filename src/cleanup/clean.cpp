@@ -1,6 +1,6 @@
 #include "cleanup/clean.hpp"
 
-#include "core/format.hpp"
+#include "core/item_text.hpp"
 #include "core/program_files.hpp"
 #include "platform/paths.hpp"
 
@@ -202,7 +202,7 @@ void Clean::Cleanall() {
   std::vector<const platform::FoundFile*> files;
   for (std::size_t at = hits->files.size(); at-- > 0;)
     files.push_back(&hits->files[at]);
-  const std::string sum = hits->bytes == 0 ? "0" : core::format("#,#", hits->bytes, desk_.program.platform.regional);
+  const std::string sum = core::panelSize(hits->bytes, desk_.program.platform.regional);
   const auto answer =
       dialogs.ask("\rCleaning Up " + std::to_string(files.size()) + " Files!, - FreeSpace Achived : " + sum + " Bytes");
   dialogs.Form11.AlertAnswer = core::Answer::None;

@@ -53,7 +53,6 @@ class FormWindow : public QObject, private Host {
 
   // Host
   void fromUser(std::function<void()> act) override;
-  bool mayAct() const;
   bool previewKey(controls::KeyEvent& key) override;
   void focusTaken(controls::Control& control) override;
   Pictures& pictures() override { return loop_.pictures(); }
@@ -61,6 +60,8 @@ class FormWindow : public QObject, private Host {
   void popUp(const std::vector<controls::MenuItem*>& entries, const QPoint& at) override;
   void afterDrop(std::function<void()> act) override;
 
+  /// False behind another modal window, and once the form has gone.
+  bool mayAct() const;
   void joinControls();
   void updateControl(const controls::Control& control);
   void updateForm();

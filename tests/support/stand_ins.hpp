@@ -28,14 +28,8 @@ class FixedClock : public platform::Clock {
             fields.tm_min,         fields.tm_sec,     fields.tm_wday};
   }
   platform::Date fromLocal(const platform::CalendarTime& time) const override {
-    std::tm fields{};
-    fields.tm_year = time.year - 1900;
-    fields.tm_mon = time.month - 1;
-    fields.tm_mday = time.day;
-    fields.tm_hour = time.hour;
-    fields.tm_min = time.minute;
-    fields.tm_sec = time.second;
-    return {::timegm(&fields) - offset, 0};
+    const std::int64_t days = platform::daysSince1970(time.year, time.month, time.day);
+    return {((days * 24 + time.hour) * 60 + time.minute) * 60 + time.second - offset, 0};
   }
 };
 
