@@ -64,6 +64,21 @@ class Program:
         assets = os.path.join(os.path.dirname(executable), "assets")
         os.symlink(os.path.realpath(assets), self.place + "/program/assets")
         self.process = None
+        self.note_what_is_opened()
+
+    def note_what_is_opened(self):
+        """A file in place of the desktop: what opens there would cover the window that is clicked next."""
+        os.makedirs(self.place + "/tools")
+        with open(self.place + "/tools/xdg-open", "w", encoding="utf-8") as script:
+            script.write(f'#!/bin/sh\necho "$1" >>"{self.place}/opened"\n')
+        os.chmod(script.name, 0o755)
+
+    def opened(self):
+        """Addresses that the desktop would have opened, the newest last."""
+        if not os.path.exists(self.place + "/opened"):
+            return []
+        with open(self.place + "/opened", encoding="utf-8") as lines:
+            return lines.read().split("\n")[:-1]
 
     def file(self, name, size=100):
         path = os.path.join(self.home, name)
@@ -83,6 +98,7 @@ class Program:
             XDG_DATA_HOME=self.place + "/data",
             XDG_CONFIG_HOME=self.place + "/config",
             HOME=self.home,
+            PATH=self.place + "/tools:" + environment["PATH"],
             LC_ALL="C.UTF-8",
         )
         self.process = subprocess.Popen([self.executable, *arguments], env=environment, stderr=subprocess.DEVNULL)

@@ -11,24 +11,6 @@ THEN = 1_700_000_000
 LEAST = 70  # the file that was accessed longest ago
 
 
-def desktop(program):
-    """Notes in a file what the desktop would open."""
-    tools, opened = program.place + "/tools", program.place + "/opened"
-    os.makedirs(tools)
-    with open(tools + "/xdg-open", "w", encoding="utf-8") as script:
-        script.write(f'#!/bin/sh\necho "$1" >>"{opened}"\n')
-    os.chmod(tools + "/xdg-open", 0o755)
-    os.environ["PATH"] = tools + ":" + os.environ["PATH"]
-
-    def was_opened():
-        if not os.path.exists(opened):
-            return []
-        with open(opened, encoding="utf-8") as lines:
-            return lines.read().split("\n")[:-1]
-
-    return was_opened
-
-
 def hundred(program):
     """The list as a run has left it that opened a hundred files."""
     lines = []
@@ -58,19 +40,19 @@ def open_item(program, text):
     program.wait_for_no_dialog()
 
 
-def typed(program, was_opened):
+def typed(program):
     open_item(program, "www.example.org")
-    wait("the address", lambda: was_opened() == ["http://www.example.org"])
+    wait("the address", lambda: program.opened() == ["http://www.example.org"])
     open_item(program, "c:\\many\\NEW.txt")
-    wait("the file", lambda: was_opened()[1:] == ["file://" + program.home + "/Many/new.txt"])
+    wait("the file", lambda: program.opened()[1:] == ["file://" + program.home + "/Many/new.txt"])
 
 
-def recent(program, was_opened):
+def recent(program):
     dialog = choose(program, "Recent Files", "Recent Files")
     expect("it is the newest", program.find("combo box", "C:\\Many\\new.txt", dialog)
            or program.find("combo box", "Recent files", dialog))
     program.keys("alt+o")
-    wait("it was opened again", lambda: was_opened()[2:] == ["file://" + program.home + "/Many/new.txt"])
+    wait("it was opened again", lambda: program.opened()[2:] == ["file://" + program.home + "/Many/new.txt"])
     choose(program, "Recent Files", "Recent Files")
     program.keys("alt+g")
     program.wait_for_rows(2, "new")  # the active panel
@@ -93,12 +75,11 @@ def most_used(program):
 
 
 def road(program):
-    was_opened = desktop(program)
     hundred(program)
     program.start()
     for step in (typed, recent):
         print(step.__name__, flush=True)
-        step(program, was_opened)
+        step(program)
     most_used(program)
 
 
