@@ -7,12 +7,6 @@ import sys
 from driver import expect, run, wait
 
 
-def opened(program):
-    """What the desktop was asked to open."""
-    path = program.place + "/opened"
-    return open(path, encoding="utf-8").read().splitlines() if os.path.exists(path) else []
-
-
 def kept(program, folder):
     return sorted(name for name in os.listdir(f"{program.place}/program/{folder}") if not name.startswith("."))
 
@@ -51,7 +45,7 @@ def favorite(program):
     rename(program, "Favorites", "Rename Favorit To", "yours.Url")
     wait("the new name", lambda: kept(program, "Favorites") == ["yours.Url"])
     program.keys("Return")
-    wait("the letter", lambda: opened(program) == [f"file://{program.home}/Docs/letter.txt"])
+    wait("the letter", lambda: program.opened() == [f"file://{program.home}/Docs/letter.txt"])
     program.keys("Delete")
     program.click(program.named(program.dialog("Alert !"), "Execute"))
     wait("no favorite", lambda: not kept(program, "Favorites"))
@@ -88,12 +82,6 @@ def bookmarks(program):
 
 
 def road(program):
-    tools = program.place + "/tools"
-    os.makedirs(tools)
-    with open(tools + "/xdg-open", "w", encoding="utf-8") as script:
-        script.write(f'#!/bin/sh\necho "$1" >> {program.place}/opened\n')
-    os.chmod(tools + "/xdg-open", 0o755)
-    os.environ["PATH"] = tools + ":" + os.environ["PATH"]
     program.file("Docs/letter.txt")
     program.file("Docs/Sub/below.txt")
     program.start()
