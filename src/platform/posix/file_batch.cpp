@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <limits>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -52,6 +53,18 @@ bool isFree(int folder, const char* name) {
   return ::fstatat(folder, name, &facts, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT;
 }
 
+/// The sizes of the first names, up to the first that is no file of at most `limit` bytes or not free in the target.
+std::vector<std::uint64_t> sizesOfNew(const Names& names, int source, int target, std::uint64_t limit) {
+  return plainSizes(names, [=] {
+    return [=](const char* name) -> std::optional<std::uint64_t> {
+      struct stat facts {};
+      const bool isFile = ::fstatat(source, name, &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode);
+      const auto size = static_cast<std::uint64_t>(facts.st_size);
+      return isFile && size <= limit && isFree(target, name) ? std::optional(size) : std::nullopt;
+    };
+  });
+}
+
 /// Runs `work` for each index, several at once, and begins no further one when one has failed or the caller, who is
 /// asked on his own thread, wants no more. Gives the results up to the first that was not begun.
 template <class Work>
@@ -87,14 +100,7 @@ BatchResults copyBatch(const std::string& from, const Names& names, const std::s
   const UniqueFd source = openFolder(from), target = openFolder(to);
   if (!source || !target) return {};
   sweepLeftovers(target.get());
-  const auto sizes = plainSizes(names, [&] {
-    return [&](const char* name) -> std::optional<std::uint64_t> {
-      struct stat facts {};
-      const bool isFile = ::fstatat(source.get(), name, &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(facts.st_mode);
-      const auto size = static_cast<std::uint64_t>(facts.st_size);
-      return isFile && size <= limit && isFree(target.get(), name) ? std::optional(size) : std::nullopt;
-    };
-  });
+  const auto sizes = sizesOfNew(names, source.get(), target.get(), limit);
   const auto fromStore = AttributeStore::ofDescriptor(source.get()),
              toStore = AttributeStore::ofDescriptor(target.get());
   NoStop monitor;
@@ -110,18 +116,19 @@ BatchResults copyBatch(const std::string& from, const Names& names, const std::s
   });
 }
 
-// One after the other: the kernel lets one rename at a time into a folder.
+// One after the other: the kernel lets one rename at a time into a folder. The names it looks for then are known to it
+// from the look before, which is made by several at once.
 BatchResults moveBatch(const std::string& from, const Names& names, const std::string& to, const Progress& progress) {
   const UniqueFd source = openFolder(from), target = openFolder(to);
   BatchResults results;
   if (!source || !target) return results;
   sweepLeftovers(source.get());
   sweepLeftovers(target.get());
-  for (const std::string& name : names) {
-    struct stat facts {};
-    if (::fstatat(source.get(), name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(facts.st_mode)) break;
-    if (::renameat2(source.get(), name.c_str(), target.get(), name.c_str(), RENAME_NOREPLACE) != 0) break;
-    results.emplace_back(static_cast<std::uint64_t>(facts.st_size));
+  const auto sizes = sizesOfNew(names, source.get(), target.get(), std::numeric_limits<std::uint64_t>::max());
+  for (std::size_t at = 0; at < sizes.size(); ++at) {
+    const char* name = names[at].c_str();
+    if (::renameat2(source.get(), name, target.get(), name, RENAME_NOREPLACE) != 0) break;
+    results.emplace_back(sizes[at]);
     if (progress && !progress(results.size())) break;
   }
   return results;
