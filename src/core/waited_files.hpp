@@ -49,6 +49,10 @@ class WaitedFiles : public platform::FileSystem {
                                              const std::vector<std::string>& names) const override {
     return waited([&] { return files_.fileFacts(folder, names); });
   }
+  std::vector<std::optional<platform::Attributes>>
+  fileAttributes(const std::string& folder, const std::vector<std::string>& names) const override {
+    return waited([&] { return files_.fileAttributes(folder, names); });
+  }
   platform::Result<std::vector<std::uint64_t>> sizes(const std::vector<std::string>& paths,
                                                      const platform::Progress& progress) const override {
     return waited([&] { return files_.sizes(paths, progress); });

@@ -165,6 +165,10 @@ class FileSystem {
   /// The facts of many files of one folder, in their order; a folder of a name counts as not there. Quicker than one by
   /// one, and than a listing, which asks for attributes too.
   virtual std::vector<FileFacts> fileFacts(const std::string& folder, const std::vector<std::string>& names) const = 0;
+  /// attributes() of many files of one folder, in their order, much quicker; nothing for what is no file or cannot be
+  /// asked.
+  virtual std::vector<std::optional<Attributes>> fileAttributes(const std::string& folder,
+                                                                const std::vector<std::string>& names) const = 0;
   /// Bytes and counts below a folder. NotFound, NotAFolder, Stopped; folders that cannot be read make it inexact.
   virtual Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const = 0;
   /// Bytes of each of these files and folders, a folder's as folderSize() tells them, but that a file of several names

@@ -26,6 +26,10 @@ class ForwardingFileSystem : public FileSystem {
   std::vector<FileFacts> fileFacts(const std::string& folder, const std::vector<std::string>& names) const override {
     return base_.fileFacts(folder, names);
   }
+  std::vector<std::optional<Attributes>> fileAttributes(const std::string& folder,
+                                                        const std::vector<std::string>& names) const override {
+    return base_.fileAttributes(folder, names);
+  }
   Result<std::vector<std::uint64_t>> sizes(const std::vector<std::string>& paths,
                                            const Progress& progress) const override {
     return base_.sizes(paths, progress);

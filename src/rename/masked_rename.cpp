@@ -5,9 +5,9 @@
 #include "core/text_character.hpp"
 #include "panels/dispatcher.hpp"
 #include "rename/attribute_question.hpp"
-#include "rename/file_facts.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_set>
 
 namespace varnholt::rename {
@@ -17,6 +17,21 @@ constexpr std::size_t LongName = 50, LongNameKept = 46;
 
 std::string lineOf(const std::string& name, const std::string& reason) {
   return core::shortened(name, LongName, LongNameKept) + ":  " + reason;
+}
+
+/// The attributes of each item; nothing for what is gone, and for what is no file.
+std::vector<std::optional<platform::Attributes>> attributesOf(const platform::FileSystem& files,
+                                                              const std::vector<Item>& items) {
+  std::vector<std::optional<platform::Attributes>> all;
+  for (auto first = items.begin(); first != items.end();) {
+    const auto next = std::find_if(first, items.end(), [&](const Item& item) { return item.folder != first->folder; });
+    std::vector<std::string> names;
+    for (; first != next; ++first)
+      names.push_back(first->name);
+    const auto some = files.fileAttributes(std::prev(next)->folder, names);
+    all.insert(all.end(), some.begin(), some.end());
+  }
+  return all;
 }
 
 }  // namespace
@@ -129,9 +144,8 @@ void MaskedRename::tellKept() {
 
 // A file that the user leaves out has taken its number all the same, as in the preview.
 std::vector<MaskedRename::Renamings> MaskedRename::newNames(const std::vector<Item>& items) {
-  const std::size_t rows = desk_.form.activePanel() ? desk_.form.activePanel()->list.count() : 0;
   std::vector<std::optional<platform::Attributes>> attributes;
-  desk_.program.loop.runBlocking([&] { attributes = fileAttributes(desk_.files(), items, rows); });
+  desk_.program.loop.runBlocking([&] { attributes = attributesOf(desk_.files(), items); });
   std::vector<Renamings> renamings;
   for (std::size_t at = 0; at < items.size(); ++at) {
     const Item& item = items[at];

@@ -89,6 +89,11 @@ TEST_F(Looking, FactsOfManyNamesWhetherMostAreThereOrFew) {
     EXPECT_EQ(there.size(), 13 + 2 * strangers) << "no stranger is there";
     EXPECT_EQ(facts[2].modified, (Date{-1000, 5}));
   }
+  using Known = std::vector<std::optional<Attributes>>;
+  temp.file(".dot");
+  EXPECT_EQ(temp.files.fileAttributes(temp.at(""), {"old.txt", "f", "toFile", "none", ".dot"}),
+            (Known{attribute::Archive, {}, attribute::Archive, {}, attribute::Archive | attribute::Hidden}));
+  EXPECT_EQ(temp.files.fileAttributes("Q:\\", {"old.txt"}), Known(1));
 }
 
 TEST_F(Looking, LargeFolderIsCompleteAndInOrder) {

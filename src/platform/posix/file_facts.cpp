@@ -1,6 +1,7 @@
 #include "platform/posix/file_facts.hpp"
 
 #include "platform/posix/dirents.hpp"
+#include "platform/posix/entry_facts.hpp"
 #include "platform/posix/path_map.hpp"
 #include "platform/posix/unique_fd.hpp"
 #include "platform/posix/workers.hpp"
@@ -46,6 +47,19 @@ FileFacts askFacts(int folder, const char* name) {
   return facts;
 }
 
+/// Runs `ask` with the number and the system form of each name, on several threads.
+template <class Ask>
+void forEachName(const std::vector<std::string>& names, const Ask& ask) {
+  constexpr std::size_t Block = 256;
+  std::atomic<std::size_t> next = 0;
+  const std::size_t blocks = (names.size() + Block - 1) / Block;
+  runWorkers(static_cast<unsigned>(std::min<std::size_t>(workerCount(), blocks)), [&](unsigned) {
+    for (std::size_t from = next.fetch_add(Block); from < names.size(); from = next.fetch_add(Block))
+      for (std::size_t at = from; at < std::min(from + Block, names.size()); ++at)
+        ask(at, PathMap::nameToSystem(names[at]));
+  });
+}
+
 /// Whether most of the names are there, by a few from all over.
 bool mostAreThere(int folder, const std::vector<std::string>& names) {
   constexpr std::size_t Few = 32;
@@ -65,16 +79,22 @@ std::vector<FileFacts> factsOf(const std::string& systemFolder, const std::vecto
   // Where most are not there, the folder's own word is quicker than a question for each.
   std::optional<std::unordered_set<std::string>> there;
   if (!mostAreThere(folder.get(), names)) there = fewNames(folder.get(), names.size() / 4);
-  constexpr std::size_t Block = 1024;
-  std::atomic<std::size_t> next = 0;
-  runWorkers(workerCount(), [&](unsigned) {
-    for (std::size_t from = next.fetch_add(Block); from < names.size(); from = next.fetch_add(Block))
-      for (std::size_t at = from; at < std::min(from + Block, names.size()); ++at) {
-        const std::string name = PathMap::nameToSystem(names[at]);
-        if (!there || there->contains(foldCase(name))) facts[at] = askFacts(folder.get(), name.c_str());
-      }
+  forEachName(names, [&](std::size_t at, const std::string& name) {
+    if (!there || there->contains(foldCase(name))) facts[at] = askFacts(folder.get(), name.c_str());
   });
   return facts;
+}
+
+std::vector<std::optional<Attributes>> attributesOf(const std::string& systemFolder,
+                                                    const std::vector<std::string>& names) {
+  std::vector<std::optional<Attributes>> attributes(names.size());
+  forEachName(names, [&](std::size_t at, const std::string& name) {
+    Entry entry;
+    entry.name = name;
+    if (readPathFacts((systemFolder + '/' + name).c_str(), entry) == 0 && entry.kind != EntryKind::Folder)
+      attributes[at] = Attributes{entry.attributes};
+  });
+  return attributes;
 }
 
 }  // namespace varnholt::platform::posix

@@ -141,6 +141,12 @@ std::vector<FileFacts> PosixFileSystem::fileFacts(const std::string& folder,
   return system ? factsOf(*system, names) : std::vector<FileFacts>(names.size());
 }
 
+std::vector<std::optional<Attributes>> PosixFileSystem::fileAttributes(const std::string& folder,
+                                                                       const std::vector<std::string>& names) const {
+  const auto system = map_.toSystem(folder);
+  return system ? attributesOf(*system, names) : std::vector<std::optional<Attributes>>(names.size());
+}
+
 Result<std::vector<std::uint64_t>> PosixFileSystem::sizes(const std::vector<std::string>& paths,
                                                           const Progress& progress) const {
   std::vector<std::string> system;

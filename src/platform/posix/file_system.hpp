@@ -23,6 +23,8 @@ class PosixFileSystem final : public FileSystem {
   Result<Attributes> attributes(const std::string& path) const override;
   Result<std::uint64_t> fileSize(const std::string& path) const override;
   std::vector<FileFacts> fileFacts(const std::string& folder, const std::vector<std::string>& names) const override;
+  std::vector<std::optional<Attributes>> fileAttributes(const std::string& folder,
+                                                        const std::vector<std::string>& names) const override;
   Result<std::vector<std::uint64_t>> sizes(const std::vector<std::string>& paths,
                                            const Progress& progress) const override;
   Result<TreeSize> folderSize(const std::string& folder, const Progress& progress = {}) const override;
