@@ -47,22 +47,24 @@ FolderPair PresetStore::folders(const std::string& name) const {
   return {folder(setting::view1path), folder(setting::view2path)};
 }
 
-bool PresetStore::write(const std::vector<std::string>& names) {
-  const auto written = kept_.writeLines(path(), names);
+bool PresetStore::isStored(const platform::Result<void>& written) {
   if (!written) program_.dialogs.alert("Presets Not Stored !, - " + written.error().text);
   return static_cast<bool>(written);
 }
 
+bool PresetStore::write(const std::vector<std::string>& names) { return isStored(kept_.writeLines(path(), names)); }
+
 bool PresetStore::add(const std::string& name, const std::string& text, const FolderPair& folders) {
-  auto all = names();
-  all.push_back(name);
-  if (!write(all)) return false;
   core::Settings::Batch batch;
   batch.add(keyOf(name, "Text"), text);
   batch.add(keyOf(name, setting::view1path.key), folders.left);
   batch.add(keyOf(name, setting::view2path.key), folders.right);
-  (void)program_.settings.save(batch);
-  return true;
+  if (!isStored(program_.settings.save(batch))) return false;
+  auto all = names();
+  all.push_back(name);
+  if (write(all)) return true;
+  removeSection(name);
+  return false;
 }
 
 // A name that somebody wrote into the file himself must not take the folders of the last exit away.

@@ -23,13 +23,15 @@ class PresetStore {
   /// True for a name whose section holds something else.
   static bool isReserved(std::string_view name);
 
-  /// False: the list of names could not be written, which the user has been told, and nothing has changed.
+  /// False: the preset could not be written, which the user has been told, and none has come.
   bool add(const std::string& name, const std::string& text, const FolderPair& folders);
   bool remove(const std::string& name);
   bool removeAll();
 
  private:
   std::string path() const;
+  /// The user is told when it is not.
+  bool isStored(const platform::Result<void>& written);
   bool write(const std::vector<std::string>& names);
   void removeSection(const std::string& name);
 
