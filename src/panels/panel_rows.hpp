@@ -51,6 +51,10 @@ class PanelRows : public controls::RowSource {
   void appendSortText(std::uint32_t row, int column, std::string& text) const override;
 
   const platform::Entry& entry(std::uint32_t row) const;
+  /// The names lie as the folder gave them, one miss of the cache a row. Who goes through many has those of the rows
+  /// that come next fetched meanwhile.
+  static constexpr std::uint32_t FetchAhead = 8;
+  void fetchName(std::uint32_t row) const { __builtin_prefetch(entry(row).name.data()); }
   bool isFolder(std::uint32_t row) const { return row < folders_; }
   /// Which rows have one of these names, by row. Names are looked up in the order of the listing.
   std::vector<bool> named(const std::unordered_set<std::string_view>& names) const;

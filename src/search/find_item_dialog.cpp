@@ -143,8 +143,10 @@ void search::Form47::QuickFindStep(std::uint32_t start, const std::string& text,
   using Kind = NameMatch::Kind;
   NameMatch fits(text, !Check2.Value ? Kind::Beginning : folders ? Kind::Anywhere : Kind::AnywhereOrWhole);
   const panels::PanelRows& rows = *panel->rows;
+  constexpr std::uint32_t Ahead = panels::PanelRows::FetchAhead;
   for (std::uint32_t row = start; row < panel->list.count(); ++row) {
     const std::uint32_t id = panel->list.idAt(row);
+    if (row + Ahead < panel->list.count()) rows.fetchName(panel->list.idAt(row + Ahead));
     if (rows.isFolder(id) != folders) continue;
     const std::string_view name = rows.entry(id).name;
     if (!fits(name, !folders && paths::extension(name).empty())) continue;

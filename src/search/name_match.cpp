@@ -14,7 +14,19 @@ NameMatch::NameMatch(std::string_view letters, Kind kind)
       mark_(std::min(letters_.find('?'), letters_.size())),
       isPattern_(kind == Kind::AnywhereOrWhole && letters_.find_first_of("*?#[") != std::string::npos) {}
 
+// An ASCII letter is one byte, also when it is folded: most names are told apart by these.
+bool NameMatch::mayBegin(std::string_view name) const {
+  const std::size_t end = std::min(name.size(), mark_);
+  for (std::size_t at = 0; at < end; ++at) {
+    const auto byte = static_cast<unsigned char>(name[at]);
+    if (byte >= 0x80 || static_cast<unsigned char>(letters_[at]) >= 0x80) return true;
+    if ((byte >= 'A' && byte <= 'Z' ? byte | 0x20 : byte) != letters_[at]) return false;
+  }
+  return true;
+}
+
 bool NameMatch::operator()(std::string_view name, bool pointless) {
+  if (kind_ == Kind::Beginning && !mayBegin(name)) return false;
   folded_.clear();
   if (kind_ == Kind::Beginning) {
     // A letter has at most four bytes, also when it is folded: what lies behind is not looked at.

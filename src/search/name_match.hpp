@@ -20,6 +20,8 @@ class NameMatch {
   bool operator()(std::string_view name, bool pointless);
 
  private:
+  /// False when the name, as it is spelled, cannot begin so.
+  bool mayBegin(std::string_view name) const;
   bool begins(std::string_view name) const;
 
   Kind kind_;
