@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <functional>
 #include <future>
 #include <string_view>
 
@@ -19,8 +20,8 @@ struct KeyedRow {
   std::uint32_t row, place;
 };
 
-/// The rows in the order of `less`. They are tried as they stood, and as the source has them, before they are sorted: a
-/// listing comes in the order of its names.
+/// The rows in the order of `less`. They are tried as they stood, turned round, and as the source has them, before they
+/// are sorted: a listing comes in the order of its names.
 template <class Key, class KeyOf, class Less>
 std::vector<std::uint32_t> sortedBy(KeyOf keyOf, Less less, bool descending, const std::vector<std::uint32_t>& before) {
   std::vector<KeyedRow<Key>> rows(before.size());
@@ -30,6 +31,9 @@ std::vector<std::uint32_t> sortedBy(KeyOf keyOf, Less less, bool descending, con
     rows[before[place]].place = place;
   if (std::ranges::is_sorted(before, [&](std::uint32_t a, std::uint32_t b) { return less(rows[a], rows[b]); }))
     return before;
+  const auto isTurned = [&](std::uint32_t a, std::uint32_t b) { return less(rows[b], rows[a]); };
+  if (std::ranges::adjacent_find(before, std::not_fn(isTurned)) == before.end())
+    return {before.rbegin(), before.rend()};
   if (descending) std::ranges::reverse(rows);
   platform::sortOnTwoCores(rows, less);
   std::vector<std::uint32_t> order(rows.size());

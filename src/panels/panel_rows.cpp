@@ -4,6 +4,7 @@
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -11,6 +12,49 @@
 namespace varnholt::panels {
 
 namespace paths = platform::paths;
+
+namespace {
+
+/// The days of the local calendar that moments lie in. The files of a large folder share some hundred days, and of each
+/// the calendar is asked a few times only.
+class DayNumbers {
+ public:
+  explicit DayNumbers(const platform::Clock& clock) : clock_(clock) {}
+
+  std::int64_t operator()(std::int64_t seconds) {
+    constexpr std::int64_t Furthest = 1'000'000'000'000;
+    if (seconds < -Furthest || seconds > Furthest) return placeOf(seconds).first;
+    Day& kept = days_[static_cast<std::uint64_t>((seconds - midnight_) / DaySeconds) % days_.size()];
+    if (seconds >= kept.from && seconds < kept.from + DaySeconds) return kept.number;
+    const auto [number, second] = placeOf(seconds);
+    // A day in which the clock is put forward or back is not kept: it is not as long, or its parts lie apart.
+    const std::int64_t from = seconds - second;
+    const bool isWhole = placeOf(from) == std::pair(number, std::int64_t{0}) &&
+                         placeOf(from + DaySeconds - 1) == std::pair(number, DaySeconds - 1);
+    if (!isWhole) return number;
+    if (midnight_ == 0) midnight_ = from;
+    kept = {from, number};
+    return number;
+  }
+
+ private:
+  static constexpr std::int64_t DaySeconds = 86'400;
+  struct Day {
+    std::int64_t from = std::numeric_limits<std::int64_t>::min(), number = 0;
+  };
+
+  /// The day, and the second of it.
+  std::pair<std::int64_t, std::int64_t> placeOf(std::int64_t seconds) const {
+    const platform::CalendarTime time = clock_.local({seconds, 0});
+    return {core::dayNumber(time), (time.hour * std::int64_t{60} + time.minute) * 60 + time.second};
+  }
+
+  const platform::Clock& clock_;
+  std::array<Day, 512> days_{};
+  std::int64_t midnight_ = 0;  ///< of some day: most others begin a whole number of days from it
+};
+
+}  // namespace
 
 PanelRows::PanelRows(platform::ListingPtr listing, const FileTest& shows, RowFormat format)
     : listing_(std::move(listing)),
@@ -131,20 +175,19 @@ bool PanelRows::numericKeys(int column, std::vector<std::int64_t>& keys) const {
   if (column != column::SizeKey && column != column::DateKey) return false;
   // Rows without a key text come before all others, as the empty text does.
   keys.assign(rowCount(), std::numeric_limits<std::int64_t>::min());
+  DayNumbers days(*format_.clock);
   for (std::uint32_t row = folders_; row < rowCount(); ++row) {
     if (column == column::SizeKey) {
       keys[row] = static_cast<std::int64_t>(entry(row).size);
     } else if (hasDate(row)) {
-      keys[row] = core::dayNumber(format_.clock->local(shownDate(entry(row))));
+      keys[row] = days(shownDate(entry(row)).seconds);
     }
   }
   return true;
 }
 
 void PanelRows::appendSortText(std::uint32_t row, int column, std::string& text) const {
-  // The names lie as the folder gave them, one miss of the cache a row: those of the next rows are fetched meanwhile.
-  constexpr std::uint32_t Ahead = 8;
-  if (row + Ahead < rowCount()) __builtin_prefetch(entry(row + Ahead).name.data());
+  if (row + FetchAhead < rowCount()) fetchName(row + FetchAhead);
   if (column != column::Name) {
     text += cell(row, column);
     return;

@@ -71,7 +71,17 @@ void appendAccents(std::string_view text, std::string& key) {
 }  // namespace
 
 bool appendBaseOrderKey(std::string_view text, std::string& key) {
-  bool plain = true;
+  // Most names are ASCII: a loop that only counts on takes their letters.
+  const std::size_t before = key.size();
+  key.append(text);
+  unsigned char all = 0;
+  for (std::size_t place = before; place < key.size(); ++place) {
+    const auto byte = static_cast<unsigned char>(key[place]);
+    all |= byte;
+    key[place] = AsciiRanks[byte & 0x7F];
+  }
+  if (all < 0x80) return true;
+  key.resize(before);
   const char* at = text.data();
   const char* end = at + text.size();
   while (at < end) {
@@ -81,7 +91,6 @@ bool appendBaseOrderKey(std::string_view text, std::string& key) {
       ++at;
       continue;
     }
-    plain = false;
     const gunichar c = g_utf8_get_char_validated(at, end - at);
     if (c == static_cast<gunichar>(-1) || c == static_cast<gunichar>(-2)) {
       key += BrokenByte;
@@ -91,7 +100,7 @@ bool appendBaseOrderKey(std::string_view text, std::string& key) {
     appendCodePoint(c, key);
     at = g_utf8_next_char(at);
   }
-  return plain;
+  return false;
 }
 
 void appendOrderKey(std::string_view text, std::string& key) {

@@ -1,4 +1,5 @@
 #include "support/app_rig.hpp"
+#include "support/stand_ins.hpp"
 
 namespace varnholt::app {
 namespace {
@@ -272,6 +273,41 @@ TEST_F(ListingTest, BothPanelsOnOneFolderReadItOnceAndAnewEachTime) {
     EXPECT_EQ(left().list.count(), right().list.count());
   }
   EXPECT_EQ(left().list.count(), 3u);
+}
+
+struct FilesByHours : platform::Listing {
+  explicit FilesByHours(std::int64_t from) {
+    for (int number = 0; number < 12 * 24 * 2; ++number) {
+      files_.emplace_back();
+      files_.back().modified.seconds = from + number * std::int64_t{1800};
+      files_.back().hasDates = true;
+    }
+  }
+};
+
+/// Put forward by an hour at a midnight, and back by one a little after the midnight four days later.
+struct TurnedClock : test::FixedClock {
+  platform::CalendarTime local(const platform::Date& date) const override {
+    const bool isSummer = date.seconds >= Midnight && date.seconds < Midnight + 4 * 86400 - 3600 + 1800;
+    return FixedClock::local({date.seconds + (isSummer ? 3600 : 0), 0});
+  }
+  static constexpr std::int64_t Midnight = 19'800 * std::int64_t{86400} - 5 * 3600;
+};
+
+TEST(PanelRowsTest, DaysAreThoseOfTheCalendarAlsoWhereTheClockIsTurned) {
+  TurnedClock clock;
+  clock.offset = 5 * 3600;
+  for (const std::int64_t from : {TurnedClock::Midnight - 4 * 86400, -5 * std::int64_t{86400}}) {
+    const auto listing = std::make_shared<FilesByHours>(from);
+    panels::RowFormat format;
+    format.clock = &clock;
+    const panels::PanelRows rows(listing, {}, format);
+    std::vector<std::int64_t> days, expected;
+    ASSERT_TRUE(rows.numericKeys(column::DateKey, days));
+    for (const auto& file : listing->files())
+      expected.push_back(core::dayNumber(clock.local(file.modified)));
+    EXPECT_EQ(days, expected);
+  }
 }
 
 }  // namespace
