@@ -138,6 +138,13 @@ TEST_F(Adapters, WhatTheUserTypesArrivesAtTheCursorUnlessItIsLocked) {
   EXPECT_EQ(line.text(), QStringLiteral("abd"));
 }
 
+TEST_F(Adapters, WordsThatAskForOthersGiveWayToWhatIsTyped) {
+  form.Text1.prompt("Key in Name !");
+  draw();
+  QTest::keyClicks(&line, QStringLiteral("ab"));
+  EXPECT_EQ(form.Text1.Text.get(), "ab");
+}
+
 TEST_F(Adapters, FormattedTextIsShownAndComesBackAsItIsWritten) {
   controls::RichText text;
   text.append("plain \tb\xFF", {});
