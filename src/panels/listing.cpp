@@ -32,7 +32,7 @@ std::map<int, std::string> panelImageList() {
 std::vector<controls::ColumnHeader> panelColumns() {
   return {{"Name:", 4350, SortedUp, false},
           {".Ext", 840, NotSorted, false},
-          {"ByteSize:", 1560, NotSorted, true},
+          {"ByteSize:", 1635, NotSorted, true},
           {"Date Modified:", 2100, NotSorted, false},
           {"", 0, 0, false},
           {"", 0, 0, false}};
