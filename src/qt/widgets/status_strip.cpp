@@ -14,7 +14,7 @@
 namespace varnholt::qt {
 namespace {
 // The slack takes what rounding a text's width to whole pixels loses.
-constexpr int Padding = 8, TightPadding = 3, Slack = 2;
+constexpr int Padding = 8, TightPadding = 3, Slack = 2, MostSlack = 2;
 
 // The first section begins where the strip does, so that it stands in line with what is above it.
 int sidesOf(std::size_t section) { return section == 0 ? 1 : 2; }
@@ -34,8 +34,11 @@ void StatusStrip::setTexts(const QStringList& texts) {
   if (texts == texts_) return;
   texts_ = texts;
   widest_.resize(static_cast<std::size_t>(texts.size()));
-  for (std::size_t at = 0; at < widest_.size(); ++at)
-    widest_[at] = std::max({widest_[at], usualWidth(at), neededWidth(at, texts_[static_cast<qsizetype>(at)])});
+  for (std::size_t at = 0; at < widest_.size(); ++at) {
+    const int needed = std::max(usualWidth(at), neededWidth(at, texts_[static_cast<qsizetype>(at)]));
+    // A text that was another matter altogether leaves no hole behind.
+    if (widest_[at] < needed || widest_[at] > MostSlack * needed) widest_[at] = needed;
+  }
   setAccessibleDescription(texts_.join(QLatin1String(", ")));
   for (auto at = static_cast<qsizetype>(sections_.size()); at < texts_.size(); ++at) {
     sections_.push_back(new QLabel(this));
