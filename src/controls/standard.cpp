@@ -2,6 +2,14 @@
 
 namespace varnholt::controls {
 
+void TextBox::prompt(std::string words) {
+  prompt_ = std::move(words);
+  Text = prompt_;
+  selectRequest_ = true;
+  markChanged();
+  SetFocus();
+}
+
 void ComboBox::AddItem(std::string text, std::string icon) {
   auto items = Items.get();
   items.push_back({std::move(text), std::move(icon)});

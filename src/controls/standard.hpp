@@ -3,6 +3,7 @@
 #include "controls/form.hpp"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 /// The plain kinds of control. What the user does arrives through the functions named ...FromUser, which both the
@@ -27,6 +28,18 @@ class TextBox : public Control {
     Text.takeFromUser(std::move(text));
     Change();
   }
+  /// Puts in words that ask for others, and gives it the keyboard: what is typed takes their place.
+  void prompt(std::string words);
+
+  // --- For the drawing side --------------------------------------------------------------------------------------
+  /// The words that ask for others, as long as nobody has typed.
+  bool isPrompting() const { return !prompt_.empty() && Text.get() == prompt_; }
+  /// The text is to be selected, once.
+  bool takeSelectRequest() { return std::exchange(selectRequest_, false); }
+
+ private:
+  std::string prompt_;
+  bool selectRequest_ = false;
 };
 
 class Button : public Control {

@@ -8,9 +8,9 @@ namespace varnholt::core {
 
 core::Form11::Form11(controls::MessageLoop& loop) : Form(loop, "Form11") {
   Caption = "Alert !";
-  dress(Command11, "Execute", "Execute Operation");
+  dress(Command11, "&Execute", "Execute Operation");
   dress(Command1, "&Cancel", "Cancel Operation");
-  dress(Command2, "All", "Delete All Folders without Further Prompt !");
+  dress(Command2, "&All", "Delete All Folders without Further Prompt !");
   Command2.Visible = false;
   Label2.Visible = false;
   ProgressBar1.Visible = false;
@@ -61,7 +61,7 @@ core::Form13::Form13(controls::MessageLoop& loop) : Form(loop, "Form13") {
   Caption = "Information !";
   Click = [this] { UnloadForm(); };
   KeyDown = [this](controls::KeyEvent& event) {
-    if (event.code != controls::key::Esc) return;
+    if (event.code != controls::key::Esc && event.code != controls::key::Enter) return;
     event.handled = true;
     UnloadForm();
   };

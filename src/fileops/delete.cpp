@@ -3,8 +3,6 @@
 #include "core/text_character.hpp"
 #include "fileops/progress.hpp"
 
-#include <algorithm>
-
 namespace varnholt::fileops {
 namespace {
 
@@ -126,18 +124,12 @@ void Delete::ended(bool /*normally*/) {
   desk_.program.dialogs.Form11.AlertAnswer = core::Answer::None;
 }
 
-// The row that takes the place of the deleted ones gets the focus, so that the user goes on where he was.
 void Delete::refreshPanels() {
   panels::Panel* active = desk_.form.activePanel();
   if (!active) return;
-  const auto row = active->list.focusedRow();
   active->list.SetFocus();
   desk_.listing.viewupdate();
   desk_.listing.ViewClearItems(*active);
-  if (!row || active->list.count() == 0) return;
-  const std::uint32_t next = std::min(*row, active->list.count() - 1);
-  active->list.focusRow(next);
-  active->list.ensureVisible(next);
 }
 
 }  // namespace varnholt::fileops

@@ -39,6 +39,7 @@ void EditFile::makeFile(panels::Panel& panel, const std::string& name) {
     return;
   }
   desk_.listing.ViewUpdateAll(panel.path());
+  panel.goOnFrom(name);
   core::openInNotepad(desk_.program, path);
 }
 

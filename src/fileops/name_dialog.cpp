@@ -39,6 +39,7 @@ std::optional<std::string> fileops::Form32::ask(NameQuestion question) {
   Caption = question_.caption;
   Text1.ToolTipText = question_.toolTip;
   Image1.ToolTipText = question_.pictureTip;
+  Image1.IconName = question_.icon;
   Text1.Text = question_.preset;
   question_.beside ? placeBeside(*question_.beside, question_.away) : controls::standAsDesigned(*this);
   ShowModal();
@@ -47,11 +48,7 @@ std::optional<std::string> fileops::Form32::ask(NameQuestion question) {
 
 void fileops::Form32::Command11_Click() {
   const std::string name(core::trimmed(Text1.Text.get()));
-  if (name.empty() || name == question_.emptyAnswer) {
-    Text1.Text = question_.emptyAnswer;
-    Text1.SetFocus();
-    return;
-  }
+  if (name.empty() || name == question_.emptyAnswer) return Text1.prompt(question_.emptyAnswer);
   if (const auto refused = core::firstRefusedCharacter(name)) {
     dialogs_.alert(core::refusedCharacterText(*refused));
     if (!question_.refusedCaption.empty()) Caption = question_.refusedCaption;

@@ -20,6 +20,7 @@ struct NameQuestion {
   std::string pictureTip;   ///< of the picture beside it
   std::string emptyAnswer;  ///< put into the box when nothing is keyed
   std::string preset{};
+  std::string icon{};            ///< of the picture; empty: that of a new file
   std::string refusedCaption{};  ///< the caption from a refused name on; empty: it stays
   /// The window from whose place it stands; null: on its caller.
   const controls::Form* beside = nullptr;

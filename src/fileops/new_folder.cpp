@@ -55,6 +55,7 @@ void fileops::Form2::Command11_Click() {
   }
   UnloadForm();
   desk_.listing.ViewUpdateAll(parent);
+  desk_.form.activePanel()->goOnFrom(name);
   desk_.trees.redraw();
 }
 

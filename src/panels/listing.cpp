@@ -4,6 +4,8 @@
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
 
+#include <algorithm>
+
 namespace varnholt::panels {
 namespace {
 
@@ -30,7 +32,7 @@ std::map<int, std::string> panelImageList() {
 std::vector<controls::ColumnHeader> panelColumns() {
   return {{"Name:", 4350, SortedUp, false},
           {".Ext", 840, NotSorted, false},
-          {"ByteSize:", 1560, NotSorted, true},
+          {"ByteSize:", 1635, NotSorted, true},
           {"Date Modified:", 2100, NotSorted, false},
           {"", 0, 0, false},
           {"", 0, 0, false}};
@@ -101,9 +103,13 @@ void Listing::pbar_beregning(std::size_t counter, std::size_t total) {
 // --- Updates -------------------------------------------------------------------------------------------------------
 
 void Listing::ViewClearItems(Panel& panel) {
+  const auto row = panel.isListed() ? panel.list.focusedRow() : std::nullopt;
+  const std::string name = row ? panel.fileName(panel.list.item(*row)) : std::string();
   panel.clearItems();
   filedir(panel);
   form_.events.itemChanged(panel);
+  if (row && panel.list.count() > 0)
+    panel.goOnFrom(panel.rowOfName(name).value_or(std::min(*row, panel.list.count() - 1)));
 }
 
 void Listing::ViewRenew() {
@@ -152,8 +158,9 @@ void Listing::viewrefresh() {
 void Listing::keepCurrentItem(Panel& panel) {
   const auto current = panel.list.SelectedItem();
   const std::string noted = current ? panel.compareText(*current) : std::string();
+  const bool selected = current && current->Selected();
   ViewClearItems(panel);
-  if (!current) return;
+  if (!selected) return;
   auto again = panel.findByCompareText(noted);
   if (!again) return;
   again->setSelected(true);

@@ -19,7 +19,8 @@ class Listing {
   void filedir(Panel& panel);
   void filedir1() { filedir(form_.Panel1); }
   void filedir2() { filedir(form_.Panel2); }
-  /// Clears the list and lists again; the selection is lost.
+  /// Clears the list and lists again; the selection is lost. In a folder that was listed before the keyboard goes on
+  /// from its item or, where that is gone, from what has taken its row.
   void ViewClearItems(Panel& panel);
   void View1ClearItems() { ViewClearItems(form_.Panel1); }
   void View2ClearItems() { ViewClearItems(form_.Panel2); }

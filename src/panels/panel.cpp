@@ -16,6 +16,7 @@ void Panel::showPath() { controls.Text.Text = paths::withoutClosing(path_); }
 std::string Panel::driveRoot() const { return paths::driveOf(path_) + "\\"; }
 
 void Panel::show(std::shared_ptr<const PanelRows> newRows) {
+  listed_ = path_;
   rows = std::move(newRows);
   list.setRows(rows);
 }
@@ -41,6 +42,21 @@ std::optional<controls::ListItem> Panel::findByCompareText(const std::string& te
   for (std::uint32_t row = 0; row < list.count(); ++row)
     if (controls::ListItem item = list.item(row); compareText(item) == text) return item;
   return {};
+}
+
+std::optional<std::uint32_t> Panel::rowOfName(std::string_view name) const {
+  for (std::uint32_t row = 0; rows && row < list.count(); ++row)
+    if (rows->entry(list.idAt(row)).name == name) return row;
+  return {};
+}
+
+void Panel::goOnFrom(std::uint32_t row) {
+  list.focusRow(row);
+  list.ensureVisible(row);
+}
+
+void Panel::goOnFrom(std::string_view name) {
+  if (const auto row = rowOfName(name)) goOnFrom(*row);
 }
 
 std::string Panel::inconsistency() const {

@@ -6,9 +6,11 @@
 #include "panels/folder_stack.hpp"
 #include "panels/panel_rows.hpp"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace varnholt::panels {
 
@@ -44,6 +46,8 @@ class Panel {
   /// The rows of the last listing; null while the list is empty of one.
   std::shared_ptr<const PanelRows> rows;
   void show(std::shared_ptr<const PanelRows> newRows);
+  /// The rows are those of the panel's folder, and not of the one before.
+  bool isListed() const { return listed_ == path_; }
   /// The last listing has files that the chosen view (programs, or the user's filter) leaves out.
   bool hidesFiles = false;
   void clearItems();
@@ -59,6 +63,12 @@ class Panel {
   std::string compareText(controls::ListItem item) const;
   /// The first row in list order of that compare text.
   std::optional<controls::ListItem> findByCompareText(const std::string& text) const;
+  /// The row of the item of exactly that name.
+  std::optional<std::uint32_t> rowOfName(std::string_view name) const;
+  /// The keyboard goes on from that row, which is seen; nothing is selected by it.
+  void goOnFrom(std::uint32_t row);
+  /// The same from the row of that item, if there is one.
+  void goOnFrom(std::string_view name);
 
   FolderStack backStack{50};     ///< `fstack_push`, `fstack_pop`
   FolderStack forwardStack{50};  ///< `pushlok`, `poplok`
@@ -69,7 +79,7 @@ class Panel {
   std::string inconsistency() const;
 
  private:
-  std::string path_;
+  std::string path_, listed_;
 };
 
 }  // namespace varnholt::panels

@@ -137,6 +137,7 @@ void Bookmarks::addBookmark(const panels::Panel& panel) {
                                  .pictureTip = "BookMark Creation As *.bmk Files",
                                  .emptyAnswer = "Key Bookmark Name !",
                                  .preset = preset,
+                                 .icon = "bookmark",
                                  .refusedCaption = "Bookmark Creation",
                                  .beside = &desk_.form});
   if (!name) return;

@@ -44,10 +44,7 @@ std::optional<std::string> places::Form27::ask(const std::string& preset, const 
 void places::Form27::Command11_Click() {
   constexpr const char* Empty = "Key in Favorit name !.";
   const std::string name(core::trimmed(Text1.Text.get()));
-  if (name.empty() || name == Empty) {
-    Text1.Text = Empty;
-    return Text1.SetFocus();
-  }
+  if (name.empty() || name == Empty) return Text1.prompt(Empty);
   if (const auto refused = core::firstRefusedCharacter(name)) {
     dialogs_.alert(core::refusedCharacterText(*refused));
     Caption = CreationTitle;

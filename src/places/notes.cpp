@@ -185,8 +185,7 @@ bool places::Form46::save() {
   auto& dialogs = desk_.program.dialogs;
   const std::string name(core::trimmed(Text1.Text.get()));
   if (name.empty() || name == EmptyName) {
-    Text1.Text = EmptyName;
-    Text1.SetFocus();
+    Text1.prompt(EmptyName);
     return false;
   }
   if (const auto refused = core::firstRefusedCharacter(name)) {

@@ -1,9 +1,11 @@
 #include "qt/form_table.hpp"
 
+#include "qt/theme.hpp"
 #include "qt/widgets/surface.hpp"
 
 #include "form_rows.hpp"
 
+#include <QLabel>
 #include <QMainWindow>
 #include <QSplitter>
 
@@ -37,12 +39,24 @@ void orderParts(const QWidget& window) {
   }
 }
 
+/// Letters of a size of their own were drawn beside those of the designed font, and grow with the one that is there.
+void scaleLetters(const QWidget& window) {
+  constexpr double PixelsAPoint = 96.0 / 72;
+  for (auto* label : window.findChildren<QLabel*>()) {
+    QFont font = label->font();
+    if (!(font.resolveMask() & QFont::SizeResolved) || font.pointSizeF() <= 0) continue;
+    font.setPixelSize(theme::scaled(static_cast<int>(font.pointSizeF() * PixelsAPoint)));
+    label->setFont(font);
+  }
+}
+
 /// Dialogs have the skin behind them.
 template <class Ui, class Designed>
 std::unique_ptr<QWidget> build() {
   auto top = std::make_unique<std::conditional_t<std::is_same_v<Designed, QDialog>, SkinDialog, Designed>>();
   Ui().setupUi(top.get());
   orderParts(*top);
+  scaleLetters(*top);
   if (flagsOf<Ui>) top->setWindowFlags(flagsOf<Ui>);
   return top;
 }

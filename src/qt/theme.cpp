@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFontInfo>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleOption>
 #include <QToolTip>
 
@@ -19,7 +20,7 @@ constexpr double ReadableContrast = 4.5, SelectionContrast = 5, OutlineContrast 
 constexpr double CalmSaturation = 0.6;
 // Size of the font for which the forms were drawn, in pixels: the toolkit's own default.
 constexpr double DesignedPixelSize = 12;
-constexpr int SmallestButton = 84;
+constexpr int SmallestButton = 84, TipPadding = 4;
 
 // Relative luminance by WCAG 2.1.
 double luminance(const QColor& color) {
@@ -164,6 +165,8 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
     return scaled(16);
   case PM_ToolBarIconSize:
     return scaled(20);
+  case PM_ToolTipLabelFrameWidth:
+    return TipPadding;
   case PM_MessageBoxIconSize:
   case PM_LargeIconSize:
     return scaled(32);
@@ -195,6 +198,22 @@ void drawFocus(QPainter& painter, const QStyleOption& option) {
   painter.restore();
 }
 
+// The button that Enter presses looks like the default one: that with the keyboard, before the one of the form.
+QStyleOptionButton pressedByEnter(const QStyleOptionButton& button, const QWidget* widget) {
+  QStyleOptionButton shown = button;
+  const auto* focused = widget ? qobject_cast<const QPushButton*>(widget->window()->focusWidget()) : nullptr;
+  if (focused) shown.features.setFlag(QStyleOptionButton::DefaultButton, focused == widget);
+  return shown;
+}
+
+void drawTip(QPainter& painter, const QStyleOption& option) {
+  painter.save();
+  painter.setPen(fieldOutline());
+  painter.setBrush(option.palette.toolTipBase());
+  painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+  painter.restore();
+}
+
 void drawTick(QPainter& painter, const QRectF& box, bool enabled) {
   const auto at = [&](double x, double y) {
     return QPointF(box.left() + box.width() * x, box.top() + box.height() * y);
@@ -208,6 +227,14 @@ void drawTick(QPainter& painter, const QRectF& box, bool enabled) {
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const {
   if (element == PE_FrameFocusRect) return drawFocus(*painter, *option);
+  if (element == PE_PanelTipLabel) return drawTip(*painter, *option);
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+  if (element == PE_PanelButtonCommand && button) {
+    const QStyleOptionButton shown = pressedByEnter(*button, widget);
+    QProxyStyle::drawPrimitive(element, &shown, painter, widget);
+    if (shown.state.testFlag(State_HasFocus)) drawFocus(*painter, shown);
+    return;
+  }
   const bool box = element == PE_IndicatorCheckBox, field = element == PE_FrameLineEdit;
   if (!box && !field) return QProxyStyle::drawPrimitive(element, option, painter, widget);
   painter->save();

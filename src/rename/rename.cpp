@@ -53,6 +53,7 @@ void Rename::Command14_Click() {
   desk_.dispatcher.RenameColor();
   show(Caller::Panel);
   close();
+  if (renamedTo_) form.activePanel()->goOnFrom(*renamedTo_);
 }
 
 void Rename::ViewIdent() {

@@ -96,11 +96,11 @@ void Form44::takeChosen() {
 
 void Form44::takeName() {
   const std::string name(core::trimmed(Text1.Text.get()));
-  if (name.empty() || name == Empty || name == NotValid) return refuse(Empty);
+  if (name.empty() || name == Empty || name == NotValid) return Text1.prompt(Empty);
   const std::string project = name + Extension;
   const auto refused = core::firstRefusedCharacter(name);
   if (refused || project.size() > LongestName) {
-    refuse(NotValid);
+    Text1.prompt(NotValid);
     if (refused) desk_.program.dialogs.alert(core::refusedCharacterText(*refused));
     return;
   }
@@ -108,11 +108,6 @@ void Form44::takeName() {
   projects_.setCurrent(project);
   list_.clear();
   finish();
-}
-
-void Form44::refuse(const char* text) {
-  Text1.Text = text;
-  Text1.SetFocus();
 }
 
 bool Form44::mayReplace(const std::string& name) {

@@ -36,8 +36,6 @@ class Form44 : public controls::Form {
   void Command1_Click();
   void takeChosen();
   void takeName();
-  /// The box says so and has the keyboard.
-  void refuse(const char* text);
   bool mayReplace(const std::string& name);
   void finish();
 

@@ -198,8 +198,7 @@ void Form41::Command4_Click() {
 bool Form41::mayWrite(const std::string& folder, const std::string& name) {
   auto& dialogs = desk_.program.dialogs;
   if (name.empty() || name == Empty) {
-    Text2.Text = Empty;
-    Text2.SetFocus();
+    Text2.prompt(Empty);
     return false;
   }
   if (const auto refused = core::firstRefusedCharacter(name)) {

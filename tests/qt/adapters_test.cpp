@@ -138,6 +138,13 @@ TEST_F(Adapters, WhatTheUserTypesArrivesAtTheCursorUnlessItIsLocked) {
   EXPECT_EQ(line.text(), QStringLiteral("abd"));
 }
 
+TEST_F(Adapters, WordsThatAskForOthersGiveWayToWhatIsTyped) {
+  form.Text1.prompt("Key in Name !");
+  draw();
+  QTest::keyClicks(&line, QStringLiteral("ab"));
+  EXPECT_EQ(form.Text1.Text.get(), "ab");
+}
+
 TEST_F(Adapters, FormattedTextIsShownAndComesBackAsItIsWritten) {
   controls::RichText text;
   text.append("plain \tb\xFF", {});
@@ -151,6 +158,10 @@ TEST_F(Adapters, FormattedTextIsShownAndComesBackAsItIsWritten) {
   QTest::keyClicks(&rich, QStringLiteral("!"));
   text.append("!", {});
   EXPECT_EQ(form.Rich1.Document(), text);
+  rich.moveCursor(QTextCursor::Start);
+  QTest::keyClicks(&rich, QStringLiteral("?"));
+  EXPECT_EQ(form.Rich1.Document().paragraphs[0].front().text, "?plain \tb\xFF") << "in the look that stands there";
+  QTest::keyClick(&rich, Qt::Key_Backspace);
 
   // The look of what is selected: the button shows what is there, and changes that alone.
   controls::TextFormat told;

@@ -51,6 +51,11 @@ TEST_F(SingleRenameTest, ArrowsStepWithoutRenaming) {
     dialog().Command2.press();
     EXPECT_FALSE(dialog().Visible);
   });
+  EXPECT_EQ(left().fileName(*left().list.SelectedItem()), "first.txt") << "the keyboard goes on from it";
+  left().goOnFrom("b.txt");
+  rig.write("C:\\Pics\\a.txt", "");
+  rig.app().listing.ViewRenew();
+  EXPECT_EQ(left().fileName(*left().list.SelectedItem()), "b.txt") << "also where rows have come before it";
   EXPECT_TRUE(exists("first.txt") && exists("b.txt"));
   EXPECT_FALSE(exists("x.txt"));
 }

@@ -39,6 +39,7 @@ class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
   }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == &drawn && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)) redrawDefault();
     return clickedByMnemonic(drawn, watched, *event) || Joined::eventFilter(watched, event);
   }
 
@@ -62,6 +63,12 @@ class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
  private:
   void press() {
     host().fromUser([this] { self.press(); });
+  }
+
+  /// It looks otherwise while another button has the keyboard.
+  void redrawDefault() {
+    for (auto* button : drawn.window()->findChildren<QPushButton*>())
+      if (button->isDefault()) button->update();
   }
 
   /// A button that is designed to be checked shows so that it is accented.

@@ -21,6 +21,7 @@ class PictureBoxAdapter : public Joined<controls::PictureBox, PictureView> {
   PictureBoxAdapter(Host& host, controls::PictureBox& control, PictureView& widget) : Joined(host, control, widget) {
     late_.setSingleShot(true);
     connect(&late_, &QTimer::timeout, this, [this] { drawn.setPicture({}); });
+    connect(&drawn, &PictureView::pressed, this, [this] { this->host().fromUser([this] { self.Click(); }); });
   }
   ~PictureBoxAdapter() override { stopLoading(); }
 
@@ -29,6 +30,7 @@ class PictureBoxAdapter : public Joined<controls::PictureBox, PictureView> {
 
   void updateOwn() override {
     drawn.setStretch(self.Stretch);
+    drawn.setPressable(static_cast<bool>(self.Click));
     if (self.PictureData.get() != data_) {
       data_ = self.PictureData.get();
       drawn.setPicture(Pictures::drawn(data_));

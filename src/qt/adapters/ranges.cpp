@@ -66,6 +66,9 @@ class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
     // The names by which the toolkit calls its own parts.
     for (const auto& [part, icon] : {std::pair{"qt_calendar_prevmonth", "back"}, {"qt_calendar_nextmonth", "forward"}})
       if (auto* button = drawn.findChild<QToolButton*>(QLatin1String(part))) button->setIcon(iconNamed(icon));
+    // Its own ground is the accent, on which the accent of the arrows would be lost.
+    if (auto* bar = drawn.findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar")))
+      bar->setBackgroundRole(QPalette::Button);
     connect(&drawn, &QCalendarWidget::clicked, this, &MonthViewAdapter::pick);
     connect(&drawn, &QCalendarWidget::activated, this, &MonthViewAdapter::pick);
     // The day that the keys have gone to looks chosen.

@@ -102,7 +102,10 @@ class RichTextBoxAdapter : public Joined<controls::RichTextBox, QTextEdit> {
     cursor.beginEditBlock();
     for (std::size_t at = 0; at < text.paragraphs.size(); ++at) {
       if (at > 0) cursor.insertBlock();
-      for (const controls::TextRun& run : text.paragraphs[at])
+      const auto& runs = text.paragraphs[at];
+      // What is typed in front of the first letter looks like it, and not like the window's labels.
+      cursor.setBlockCharFormat(drawnAs(runs.empty() ? TextFormat{} : runs.front().format));
+      for (const controls::TextRun& run : runs)
         cursor.insertText(qt::toQt(run.text), drawnAs(run.format));
     }
     cursor.endEditBlock();

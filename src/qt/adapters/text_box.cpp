@@ -23,11 +23,10 @@ class LineAdapter : public Joined<controls::TextBox, QLineEdit> {
     });
   }
 
-  // A field that is designed so has the caret behind its text, and nothing of it selected, when it gets the keyboard.
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (watched == &drawn && event->type() == QEvent::FocusIn && drawn.property("caretAtEnd").toBool())
+    if (watched == &drawn && event->type() == QEvent::FocusIn)
       QMetaObject::invokeMethod(
-          &drawn, [line = &drawn] { line->end(false); }, Qt::QueuedConnection);
+          this, [this] { placeCaret(); }, Qt::QueuedConnection);
     return Joined::eventFilter(watched, event);
   }
 
@@ -38,10 +37,11 @@ class LineAdapter : public Joined<controls::TextBox, QLineEdit> {
     const int longest = self.MaxLength > 0 ? self.MaxLength.get() : LongestLine;
     if (drawn.maxLength() != longest) drawn.setMaxLength(longest);
     const QString text = toShown(self.Text.get());
-    if (text == drawn.text()) return;
-    drawn.setText(text);
+    const bool another = text != drawn.text();
+    if (another) drawn.setText(text);
     // A path that is longer than its line shows where it ends while the user is elsewhere.
-    if (!drawn.hasFocus()) drawn.end(false);
+    if (another && !drawn.hasFocus()) drawn.end(false);
+    if (self.takeSelectRequest()) drawn.selectAll();
   }
 
   void applyColors() override {
@@ -56,6 +56,14 @@ class LineAdapter : public Joined<controls::TextBox, QLineEdit> {
   }
 
  private:
+  // When the field gets the keyboard, behind what the toolkit does: words that ask for others are selected. A field
+  // that is designed so has the caret behind its text, and nothing of it selected.
+  void placeCaret() {
+    if (abandoned()) return;
+    if (self.isPrompting()) return drawn.selectAll();
+    if (drawn.property("caretAtEnd").toBool()) drawn.end(false);
+  }
+
   bool dimmed_ = false;
 };
 

@@ -1,3 +1,4 @@
+#include "qt/icons.hpp"
 #include "qt/theme.hpp"
 #include "qt/widgets/list_view_widget.hpp"
 
@@ -6,7 +7,7 @@
 
 namespace varnholt::qt {
 namespace {
-constexpr int Padding = 6, AccentLine = 3;
+constexpr int Padding = 6, AccentLine = 3, IconGap = 2, Slack = 2;
 }
 
 ListHeader::ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
@@ -43,12 +44,14 @@ void ListHeader::paintSection(QPainter* painter, const QRect& section, int logic
   painter->drawLine(section.right(), section.top() + 4, section.right(), section.bottom() - AccentLine - 4);
 
   const auto icon = qvariant_cast<QIcon>(headings->headerData(logicalIndex, Qt::Horizontal, Qt::DecorationRole));
-  const int side = theme::scaled(12);
-  if (!icon.isNull() && area.width() > 2 * side) {
-    icon.paint(painter, QRect(area.right() - side + 1, area.center().y() - side / 2 + 1, side, side));
-    area.setRight(area.right() - side - 2);
-  }
   const QString text = headings->headerData(logicalIndex, Qt::Horizontal, Qt::DisplayRole).toString();
+  const int side = theme::scaled(12), beside = area.width() - side - IconGap;
+  // The sign that a column can be sorted goes before the words of its heading do.
+  const bool isSortedBy = icon.cacheKey() != iconNamed("sort-none").cacheKey();
+  if (!icon.isNull() && beside >= (isSortedBy ? side : fontMetrics().horizontalAdvance(text) + Slack)) {
+    icon.paint(painter, QRect(area.right() - side + 1, area.center().y() - side / 2 + 1, side, side));
+    area.setWidth(beside);
+  }
   const int align = headings->headerData(logicalIndex, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
   painter->setPen(QColor::fromRgb(emphasis_ == Emphasis::Dimmed ? theme::DimText : theme::Text));
   painter->drawText(area, align | Qt::TextSingleLine, fontMetrics().elidedText(text, Qt::ElideRight, area.width()));

@@ -67,6 +67,13 @@ QSize ListViewWidget::sizeHint() const {
   return {std::max(size.width(), keptColumns_ + besideColumns()), size.height()};
 }
 
+QSize ListViewWidget::minimumSizeHint() const {
+  const QSize size = QTreeView::minimumSizeHint();
+  const int rows = property("leastRows").toInt();
+  const int height = header_->sizeHint().height() + rows * rowHeight() + 2 * frameWidth();
+  return {size.width(), rows > 0 ? height : size.height()};
+}
+
 int ListViewWidget::besideColumns() const { return 2 * frameWidth() + verticalScrollBar()->sizeHint().width(); }
 
 bool ListViewWidget::catchUp() {

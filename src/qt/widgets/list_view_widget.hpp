@@ -48,6 +48,8 @@ class ListViewWidget : public QTreeView {
   void setColumnsWidth(int kept, int needed);
   /// As wide as all columns are, beside a scroll bar.
   QSize sizeHint() const override;
+  /// Not below the rows that the dynamic property "leastRows" counts.
+  QSize minimumSizeHint() const override;
   /// As wide as all columns can be read in.
   int neededWidth() const { return neededColumns_ + besideColumns(); }
   /// Shows the rows that the control has now. False: they are those that were shown.

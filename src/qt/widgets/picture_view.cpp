@@ -4,6 +4,7 @@
 #include "qt/text.hpp"
 #include "qt/theme.hpp"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
@@ -15,13 +16,36 @@
 namespace varnholt::qt {
 namespace {
 constexpr int SmallestSide = 32, LargestIcon = 128;
+
+class SpokenPicture : public QAccessibleWidget {
+ public:
+  explicit SpokenPicture(PictureView& view) : QAccessibleWidget(&view, QAccessible::Client), view_(view) {}
+  QStringList actionNames() const override {
+    QStringList names = QAccessibleWidget::actionNames();
+    if (view_.isPressable()) names.prepend(pressAction());
+    return names;
+  }
+  void doAction(const QString& name) override {
+    if (name != pressAction()) return QAccessibleWidget::doAction(name);
+    if (view_.isPressable()) Q_EMIT view_.pressed();
+  }
+
+ private:
+  PictureView& view_;
+};
+
+QAccessibleInterface* spoken(const QString&, QObject* object) {
+  auto* view = qobject_cast<PictureView*>(object);
+  return view ? new SpokenPicture(*view) : nullptr;
 }
+}  // namespace
 
 PictureView::PictureView(QWidget* parent) : QAbstractScrollArea(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::NoFocus);
   viewport()->setAutoFillBackground(false);
+  QAccessible::installFactory(spoken);  // a factory that is known already is not taken twice
 }
 
 void PictureView::setPicture(const QPixmap& picture, const QSize& natural) {

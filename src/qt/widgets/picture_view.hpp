@@ -21,12 +21,19 @@ class PictureView : public QAbstractScrollArea {
   /// As large as the area lets it be, in its own proportions; otherwise in its own size from the upper left, with
   /// scroll bars where the area is smaller.
   void setStretch(bool stretch);
+  /// A click on it does something: assistive technology is offered to press it.
+  void setPressable(bool pressable) { pressable_ = pressable; }
+  bool isPressable() const { return pressable_ && isEnabled(); }
   /// What is drawn of the picture, in pixels of the screen; empty: all that it has.
   QSize wantedPixels() const;
   /// The area itself in such pixels.
   QSize areaPixels() const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
+
+ Q_SIGNALS:
+  /// By assistive technology; the mouse is told to who watches it.
+  void pressed();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -39,7 +46,7 @@ class PictureView : public QAbstractScrollArea {
   QPixmap picture_;
   QSize natural_;
   QIcon icon_;
-  bool stretch_ = false;
+  bool stretch_ = false, pressable_ = false;
 };
 
 }  // namespace varnholt::qt

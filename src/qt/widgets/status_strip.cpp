@@ -14,7 +14,10 @@
 namespace varnholt::qt {
 namespace {
 // The slack takes what rounding a text's width to whole pixels loses.
-constexpr int Padding = 8, TightPadding = 3, Slack = 2;
+constexpr int Padding = 8, TightPadding = 3, Slack = 2, MostSlack = 2;
+
+// The first section begins where the strip does, so that it stands in line with what is above it.
+int sidesOf(std::size_t section) { return section == 0 ? 1 : 2; }
 
 QAccessibleInterface* statusBarOf(const QString&, QObject* object) {
   auto* strip = qobject_cast<StatusStrip*>(object);
@@ -31,8 +34,11 @@ void StatusStrip::setTexts(const QStringList& texts) {
   if (texts == texts_) return;
   texts_ = texts;
   widest_.resize(static_cast<std::size_t>(texts.size()));
-  for (std::size_t at = 0; at < widest_.size(); ++at)
-    widest_[at] = std::max(widest_[at], textWidth(texts_[static_cast<qsizetype>(at)]));
+  for (std::size_t at = 0; at < widest_.size(); ++at) {
+    const int needed = std::max(usualWidth(at), neededWidth(at, texts_[static_cast<qsizetype>(at)]));
+    // A text that was another matter altogether leaves no hole behind.
+    if (widest_[at] < needed || widest_[at] > MostSlack * needed) widest_[at] = needed;
+  }
   setAccessibleDescription(texts_.join(QLatin1String(", ")));
   for (auto at = static_cast<qsizetype>(sections_.size()); at < texts_.size(); ++at) {
     sections_.push_back(new QLabel(this));
@@ -47,7 +53,7 @@ void StatusStrip::place() {
   int left = 0;
   for (std::size_t at = 0; at < widths.size(); ++at) {
     const QString& text = texts_[static_cast<qsizetype>(at)];
-    const QRect inner = QRect(left, 0, widths[at], height()).adjusted(padding(), 0, -padding(), 0);
+    const QRect inner = QRect(left, 0, widths[at], height()).adjusted(at == 0 ? 0 : padding(), 0, -padding(), 0);
     sections_[at]->setVisible(inner.width() > 0);
     sections_[at]->setGeometry(inner);
     sections_[at]->setText(fontMetrics().elidedText(text, Qt::ElideRight, inner.width()));
@@ -63,8 +69,14 @@ QSize StatusStrip::sizeHint() const {
 
 QSize StatusStrip::minimumSizeHint() const { return {0, sizeHint().height()}; }
 
-int StatusStrip::textWidth(const QString& text) const {
-  return text.isEmpty() ? 0 : fontMetrics().horizontalAdvance(text) + 2 * Padding + Slack;
+int StatusStrip::neededWidth(std::size_t section, const QString& text) const {
+  return text.isEmpty() ? 0 : fontMetrics().horizontalAdvance(text) + sidesOf(section) * Padding + Slack;
+}
+
+int StatusStrip::usualWidth(std::size_t section) const {
+  const QStringList usual = property("usualTexts").toStringList();
+  const auto at = static_cast<qsizetype>(section);
+  return at < usual.size() ? neededWidth(section, usual[at]) : 0;
 }
 
 // Sections stay as wide as their widest text was. Where that does not fit, the room around the texts goes first, then
@@ -75,12 +87,13 @@ std::vector<int> StatusStrip::sectionWidths() const {
   std::vector<int> widths = widest_;
   const auto sum = [&widths] { return std::accumulate(widths.begin(), widths.end(), 0); };
   const auto tighten = [this, &widths] {
-    for (int& each : widths)
-      if (each > 0) each -= 2 * (Padding - padding());
+    for (std::size_t at = 0; at < widths.size(); ++at)
+      if (widths[at] > 0) widths[at] -= sidesOf(at) * (Padding - padding());
   };
   tighten();
   if (sum() > width()) {
-    std::ranges::transform(texts_, widths.begin(), [this](const QString& text) { return textWidth(text); });
+    for (std::size_t at = 0; at < widths.size(); ++at)
+      widths[at] = neededWidth(at, texts_[static_cast<qsizetype>(at)]);
     tighten();
   }
   const int wanted = sum();

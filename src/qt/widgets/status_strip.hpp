@@ -9,9 +9,10 @@ class QLabel;
 
 namespace varnholt::qt {
 
-/// The sections of a status bar, side by side. A section is as wide as its text and never shrinks while the window
-/// keeps its size, so that a ticking clock moves nothing; the last section takes the rest. What does not fit is cut
-/// with an ellipsis. Assistive technology finds each section as a text of its own.
+/// The sections of a status bar, side by side. A section is as wide as its text, and while the window keeps its size it
+/// shrinks only when less than half of it is needed, so that a ticking clock moves nothing; the last section takes the
+/// rest. The dynamic property "usualTexts" names texts, one a section, that have room from the beginning. What does not
+/// fit is cut with an ellipsis. Assistive technology finds each section as a text of its own.
 class StatusStrip : public QWidget {
   Q_OBJECT
  public:
@@ -28,7 +29,8 @@ class StatusStrip : public QWidget {
 
  private:
   std::vector<int> sectionWidths() const;
-  int textWidth(const QString& text) const;
+  int neededWidth(std::size_t section, const QString& text) const;
+  int usualWidth(std::size_t section) const;
   int padding() const;
   int sectionAt(int x) const;
   void place();
