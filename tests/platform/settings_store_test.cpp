@@ -62,6 +62,13 @@ TEST_F(SettingsTest, ThatAreDamagedAreSetAsideAndAFreshFileIsMade) {
   }
 }
 
+TEST_F(SettingsTest, DoNotWaitForAPipeInPlaceOfTheirFile) {
+  folder.pipe("settings.db");
+  SqliteSettingsStore store(file);
+  EXPECT_EQ(store.database().setAside().value_or(""), folder / "settings.db.damaged-1");
+  EXPECT_TRUE(store.save("a", "s", "k", "fresh"));
+}
+
 TEST_F(SettingsTest, InAReadOnlyFolderAreReadAndNotWritten) {
   ASSERT_TRUE(SqliteSettingsStore(file).save("a", "s", "k", "kept"));
   namespace fs = std::filesystem;

@@ -40,6 +40,12 @@ bool entryExists(const std::string& path) {
   return ::lstat(path.c_str(), &facts) == 0;
 }
 
+/// To open one waits for whoever writes into it, for ever.
+bool isPipeOrDevice(const std::string& path) {
+  struct stat facts;
+  return ::stat(path.c_str(), &facts) == 0 && !S_ISREG(facts.st_mode) && !S_ISDIR(facts.st_mode);
+}
+
 /// The first free NAME.damaged-N.
 std::optional<std::string> freeAsideName(const std::string& file) {
   for (int number = 1; number <= lastAsideNumber; ++number) {
@@ -147,6 +153,10 @@ SqliteDatabase::Opened SqliteDatabase::judge(int code) {
 
 SqliteDatabase::Opened SqliteDatabase::tryOpen() {
   close();
+  if (isPipeOrDevice(file_)) {
+    closedError_ = {ErrorCode::Damaged, {}, "a pipe, socket or device"};
+    return Opened::Damaged;
+  }
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
   if (const Opened opened = judge(sqlite3_open_v2(file_.c_str(), &handle_, flags, nullptr)); opened != Opened::Ready)
     return opened;
