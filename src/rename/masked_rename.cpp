@@ -149,8 +149,9 @@ std::vector<MaskedRename::Renamings> MaskedRename::newNames(const std::vector<It
   std::vector<Renamings> renamings;
   for (std::size_t at = 0; at < items.size(); ++at) {
     const Item& item = items[at];
+    if (item.isFolder) continue;
     if (!attributes[at]) {
-      if (!item.isFolder) kept_.push_back({at, item.name, core::reasonOf({platform::ErrorCode::NotFound, {}, {}}, {})});
+      kept_.push_back({at, item.name, core::reasonOf({platform::ErrorCode::NotFound, {}, {}}, {})});
       continue;
     }
     dialog_.Stringsum_real(item.name, true);
