@@ -100,8 +100,8 @@ class DrawnProgram : public qt::RunningProgram {
 template <class Program>
 int measureDrawn(int argc, char** argv) {
   if (argc < 2) return 2;
-  return qt::runProgram(argc, argv,
-                        [&](qt::QtMessageLoop& loop, const auto&) { return std::make_unique<Program>(loop, argv[1]); });
+  return qt::runProgram(
+      argc, argv, [] {}, [&](auto& loop, const auto&) { return std::make_unique<Program>(loop, argv[1]); });
 }
 
 }  // namespace varnholt::bench

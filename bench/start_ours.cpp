@@ -7,7 +7,7 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <future>
+#include <memory>
 #include <utility>
 
 using namespace varnholt;
@@ -22,10 +22,11 @@ int main(int argc, char** argv) {
     std::unique_ptr<platform::PlatformHost> host;
     app::App app;
   };
-  auto host = std::async(std::launch::async, [] { return platform::makePlatformHost(); });
-  return qt::runProgram(argc, argv, [&](qt::QtMessageLoop& loop, const auto&) -> std::unique_ptr<qt::RunningProgram> {
+  std::unique_ptr<platform::PlatformHost> host;
+  const auto prepare = [&] { host = platform::makePlatformHost(); };
+  return qt::runProgram(argc, argv, prepare, [&](auto& loop, const auto&) -> std::unique_ptr<qt::RunningProgram> {
     new bench::FirstPaint(toMain ? QStringLiteral("Form1") : QString());
-    auto running = std::make_unique<Running>(loop, host.get());
+    auto running = std::make_unique<Running>(loop, std::move(host));
     loop.setPictureReader([&files = running->host->platform().files](const std::string& path, std::uint64_t most) {
       const auto bytes = files.readBeginning(path, most);
       return bytes ? std::optional(*bytes) : std::nullopt;

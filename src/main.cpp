@@ -5,7 +5,7 @@
 #include "qt/run_program.hpp"
 
 #include <cstdio>
-#include <future>
+#include <memory>
 #include <utility>
 
 using namespace varnholt;
@@ -53,9 +53,10 @@ int main(int argc, char** argv) {
     std::fputs(answer->text.c_str(), answer->exitCode == 0 ? stdout : stderr);
     return answer->exitCode;
   }
-  // Settings and folders are opened while the toolkit looks for its display.
-  auto host = std::async(std::launch::async, [] { return platform::makePlatformHost(); });
-  return qt::runProgram(argc, argv, [&](qt::QtMessageLoop& loop, const std::vector<std::string>& arguments) {
-    return start(loop, arguments, host.get());
-  });
+  std::unique_ptr<platform::PlatformHost> host;
+  return qt::runProgram(
+      argc, argv, [&] { host = platform::makePlatformHost(); },
+      [&](qt::QtMessageLoop& loop, const std::vector<std::string>& arguments) {
+        return start(loop, arguments, std::move(host));
+      });
 }

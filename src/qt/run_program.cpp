@@ -17,25 +17,29 @@ namespace varnholt::qt {
 namespace {
 constexpr std::chrono::milliseconds IconDelay{150};
 
-// The toolkit reads the configuration of the fonts with the first text, a fifth of the time to the first window. Read
-// while the connection to the display is made, it costs nothing; where the library is another, the toolkit reads it.
+// The toolkit reads the configuration of the fonts with the first text, a fifth of the time to the first window; where
+// the library is another, the toolkit still does.
 void readFontConfiguration() {
   QLibrary library(QStringLiteral("fontconfig"), 1);
   if (auto* const read = reinterpret_cast<int (*)()>(library.resolve("FcInit"))) read();
 }
 }  // namespace
 
-int runProgram(int argc, char** argv, const StartProgram& start) {
+int runProgram(int argc, char** argv, const std::function<void()>& prepare, const StartProgram& start) {
   // A picture that is cut off or no longer wanted is a matter of its box, and no line on a terminal.
   QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
   QApplication::setApplicationName(QStringLiteral("varnholt"));
   QGuiApplication::setDesktopFileName(QStringLiteral("varnholt"));
   // Fusion is set below; without a name here the toolkit would first load the desktop's own style.
   QApplication::setStyle(new theme::Style);
-  std::thread fonts(readFontConfiguration);
+  // One after the other: both at once would take the core from the thread that connects to the display.
+  std::thread beside([&] {
+    prepare();
+    readFontConfiguration();
+  });
   // The toolkit takes its own arguments out.
   const QApplication application(argc, argv);
-  fonts.join();
+  beside.join();
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   theme::apply();
   // Window managers get the icon drawn in four sizes, which takes as long as the first window itself: it comes after.

@@ -20,10 +20,11 @@ class RunningProgram {
 };
 
 /// Makes the application in this look, calls `start` inside its message loop with the arguments that are not the
-/// toolkit's, and runs until the program quits. The system may end it earlier: its state is stored, and what is at work
-/// then is cut off like by a kill. Gives the process's exit code.
+/// toolkit's, and runs until the program quits. `prepare` is called on another thread while the toolkit connects to the
+/// display, and has returned before `start`. The system may end the program earlier: its state is stored, and what is
+/// at work then is cut off like by a kill. Gives the process's exit code.
 using StartProgram =
     std::function<std::unique_ptr<RunningProgram>(QtMessageLoop&, const std::vector<std::string>& arguments)>;
-int runProgram(int argc, char** argv, const StartProgram& start);
+int runProgram(int argc, char** argv, const std::function<void()>& prepare, const StartProgram& start);
 
 }  // namespace varnholt::qt
