@@ -14,9 +14,7 @@ void Basket::WinCopy_Click() {
   if (!panel || panel->list.count() == 0) return;
   desk_.selection.ViewClickCopy(*panel);
   if (!form.filecollect.empty()) form.Caption = "Varnholt, - Building Selection Set, - Please Wait... !";
-  bool added = false;
-  for (const core::Item& item : form.filecollect.items())
-    added = PasteCollection.add({core::entryPath(item.path, panel->path()), item.isFolder}) || added;
+  const bool added = PasteCollection.add(form.filecollect.rows());
   form.Caption = added ? "Varnholt, - Ctrl+C Done !" : "Varnholt, - Ctrl+C Failed !";
 }
 

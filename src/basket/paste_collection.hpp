@@ -1,10 +1,12 @@
 #pragma once
 
 #include "core/item_text.hpp"
+#include "panels/file_collect.hpp"
 
 #include <deque>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 namespace varnholt::basket {
 
@@ -18,16 +20,26 @@ class PasteCollection {
 
   /// False when the path is there already.
   bool add(core::Item item);
+  /// The same for rows of a panel; false when all of them are there already. Their paths are formed when somebody asks
+  /// for items, unless they are so few that holding their listing would cost more.
+  bool add(panels::RowSet rows);
   /// Takes these paths out.
   void remove(const std::unordered_set<std::string_view>& paths);
   void reset();
-  std::size_t count() const { return items_.size(); }
-  bool empty() const { return items_.empty(); }
-  const std::deque<core::Item>& items() const { return items_; }
+  std::size_t count() const;
+  bool empty() const { return count() == 0; }
+  const std::deque<core::Item>& items() const;
 
  private:
-  std::deque<core::Item> items_;                ///< adding moves no entry, so that the paths can be looked up by views
-  std::unordered_set<std::string_view> known_;  ///< their paths
+  void formPaths() const;
+  bool addFormed(core::Item item) const;
+  bool mayHoldOthersOf(const panels::RowSet& rows) const;
+  void leaveOutHeld(panels::RowSet& rows) const;
+
+  // Adding moves no entry, so that the paths can be looked up by views. Asking for items forms those of held rows.
+  mutable std::deque<core::Item> items_;
+  mutable std::unordered_set<std::string_view> known_;  ///< their paths
+  mutable std::vector<panels::RowSet> held_;            ///< behind the items, each row once
 };
 
 }  // namespace varnholt::basket

@@ -35,6 +35,8 @@ class FileCollect {
   std::size_t count() const { return held_.ids.empty() ? items_.size() : held_.ids.size(); }
   bool empty() const { return count() == 0; }
   const std::deque<core::Item>& items() const;
+  /// The rows that it holds; none once they have become items.
+  const RowSet& rows() const { return held_; }
   void reset();
 
  private:

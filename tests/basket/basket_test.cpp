@@ -52,6 +52,22 @@ TEST_F(BasketTest, GrowsAcrossFoldersAndDrivesAndTakesEachFileOnce) {
   EXPECT_EQ(paths(), found);
 }
 
+TEST_F(BasketTest, RowsOfOneListingOfTwoAndOfACollectionAreTakenOnce) {
+  const auto added = [&](const char* folder, bool isAdded, std::size_t count) {
+    gather(folder);
+    EXPECT_EQ(form().Caption.get(), std::string("Varnholt, - Ctrl+C ") + (isAdded ? "Done !" : "Failed !")) << folder;
+    EXPECT_EQ(basket().PasteCollection.count(), count) << folder;
+  };
+  basket().PasteCollection.add({"C:\\Two\\b.txt", false});
+  added("C:\\Two", false, 1);
+  added("C:\\One", true, 3);
+  rig.command("WinCopy_Click");
+  EXPECT_EQ(form().Caption.get(), "Varnholt, - Ctrl+C Failed !") << "the same rows";
+  rig.write("C:\\One\\0.txt");
+  added("C:\\One", true, 4);
+  EXPECT_EQ(paths().back(), "C:\\One\\0.txt");
+}
+
 TEST_F(BasketTest, IsPastedInTheOrderOfAddingIntoTheActivePanelAndStaysFull) {
   rig.command("WinPaste_Click");
   EXPECT_EQ(form().Caption.get(), "Varnholt - No Items To Paste !");
