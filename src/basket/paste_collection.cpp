@@ -1,9 +1,14 @@
 #include "basket/paste_collection.hpp"
 
+#include "platform/paths.hpp"
+
 #include <algorithm>
 #include <utility>
 
 namespace varnholt::basket {
+
+namespace paths = platform::paths;
+
 namespace {
 
 // A set of rows holds its whole listing.
@@ -47,9 +52,12 @@ void PasteCollection::leaveOutHeld(panels::RowSet& rows) const {
 
 // A path that two listings of its folder both have, or a row and an item, is found by the paths alone.
 bool PasteCollection::mayHoldOthersOf(const panels::RowSet& rows) const {
-  return std::ranges::any_of(held_,
-                             [&](const auto& held) { return held.folder == rows.folder && held.rows != rows.rows; }) ||
-         std::ranges::any_of(items_, [&](const core::Item& item) { return item.path.starts_with(rows.folder); });
+  const std::string folder = paths::withClosing(rows.folder);
+  const auto liesThere = [&](const core::Item& item) {
+    return item.path.starts_with(folder) && item.path.size() == folder.size() + paths::fileName(item.path).size();
+  };
+  const auto isOther = [&](const panels::RowSet& held) { return held.folder == rows.folder && held.rows != rows.rows; };
+  return std::ranges::any_of(held_, isOther) || std::ranges::any_of(items_, liesThere);
 }
 
 void PasteCollection::formPaths() const {
