@@ -4,10 +4,14 @@
 #include "core/item_text.hpp"
 #include "core/text_character.hpp"
 #include "panels/dispatcher.hpp"
+#include "platform/text_fold.hpp"
 #include "rename/attribute_question.hpp"
 
 #include <algorithm>
+#include <future>
 #include <iterator>
+#include <span>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace varnholt::rename {
@@ -19,10 +23,11 @@ std::string lineOf(const std::string& name, const std::string& reason) {
   return core::shortened(name, LongName, LongNameKept) + ":  " + reason;
 }
 
+using AttributesOfItems = std::vector<std::optional<platform::Attributes>>;
+
 /// The attributes of each item; nothing for what is gone, and for what is no file.
-std::vector<std::optional<platform::Attributes>> attributesOf(const platform::FileSystem& files,
-                                                              const std::vector<Item>& items) {
-  std::vector<std::optional<platform::Attributes>> all;
+AttributesOfItems attributesOf(const platform::FileSystem& files, std::span<const Item> items) {
+  AttributesOfItems all;
   for (auto first = items.begin(); first != items.end();) {
     const auto next = std::find_if(first, items.end(), [&](const Item& item) { return item.folder != first->folder; });
     std::vector<std::string> names;
@@ -33,6 +38,53 @@ std::vector<std::optional<platform::Attributes>> attributesOf(const platform::Fi
   }
   return all;
 }
+
+/// The attributes of a list, block by block. Those of the next block are read on another thread while the caller works
+/// on the one that it has.
+class AttributesAhead {
+ public:
+  AttributesAhead(const platform::FileSystem& files, std::span<const Item> items) : files_(files), rest_(items) {
+    begin();
+  }
+  /// While items are left.
+  AttributesOfItems nextBlock() {
+    auto block = ahead_.get();
+    begin();
+    return block;
+  }
+
+ private:
+  void begin() {
+    constexpr std::size_t BlockSize = 1024;
+    const auto block = rest_.first(std::min(rest_.size(), BlockSize));
+    rest_ = rest_.subspan(block.size());
+    if (!block.empty())
+      ahead_ = std::async(std::launch::async | std::launch::deferred,
+                          [&files = files_, block] { return attributesOf(files, block); });
+  }
+
+  const platform::FileSystem& files_;
+  std::span<const Item> rest_;
+  std::future<AttributesOfItems> ahead_;
+};
+
+/// Which item of a list is the last that bears a name, whatever its folder and the case of its letters.
+class Bearers {
+ public:
+  explicit Bearers(std::span<const Item> items) {
+    last_.reserve(items.size());
+    for (std::size_t at = 0; at < items.size(); ++at)
+      last_[platform::foldCase(items[at].name)] = at;
+  }
+  /// The first item's number where none bears it.
+  std::size_t lastOf(const std::string& name) const {
+    const auto found = last_.find(platform::foldCase(name));
+    return found == last_.end() ? 0 : found->second;
+  }
+
+ private:
+  std::unordered_map<std::string, std::size_t> last_;
+};
 
 }  // namespace
 
@@ -129,9 +181,27 @@ bool MaskedRename::execute(const std::vector<Item>& items) {
   if (!desk_.program.dialogs.AskRetry("Execute File Rename ?  [ No Undo Available ]\r( If Any Files To Rename ! )"))
     return false;
   kept_.clear();
-  const std::vector<Renamings> renamings = newNames(items);
-  run(renamings, kept_, [this](const Renamings& each) { return desk_.files().renameFiles(each.folder, each.names); });
+  renameAll(items);
   return true;
+}
+
+// A name that an item of a later block still bears waits for it: what is renamed together is put into an order that
+// frees the names. A file that the user leaves out has taken its number all the same, as in the preview.
+void MaskedRename::renameAll(const std::vector<Item>& items) {
+  AttributesAhead ahead(desk_.files(), items);
+  const Bearers bearers(items);
+  std::vector<Renamings> waiting;
+  std::size_t waitsFor = 0;
+  for (std::size_t at = 0; at < items.size();) {
+    for (const auto& attributes : desk_.program.loop.ask([&] { return ahead.nextBlock(); })) {
+      nameItem(items[at], at, attributes, waiting);
+      waitsFor = std::max(waitsFor, bearers.lastOf(dialog_.NewName));
+      ++at;
+    }
+    if (waitsFor >= at) continue;
+    run(waiting, kept_, [this](const Renamings& each) { return desk_.files().renameFiles(each.folder, each.names); });
+    waiting.clear();
+  }
 }
 
 void MaskedRename::tellKept() {
@@ -142,22 +212,13 @@ void MaskedRename::tellKept() {
   desk_.program.dialogs.alert(core::leftOutText(std::to_string(kept_.size()) + " Item(s) Keep Their Names !", lines));
 }
 
-// A file that the user leaves out has taken its number all the same, as in the preview.
-std::vector<MaskedRename::Renamings> MaskedRename::newNames(const std::vector<Item>& items) {
-  std::vector<std::optional<platform::Attributes>> attributes;
-  desk_.program.loop.runBlocking([&] { attributes = attributesOf(desk_.files(), items); });
-  std::vector<Renamings> renamings;
-  for (std::size_t at = 0; at < items.size(); ++at) {
-    const Item& item = items[at];
-    if (item.isFolder) continue;
-    if (!attributes[at]) {
-      kept_.push_back({at, item.name, core::reasonOf({platform::ErrorCode::NotFound, {}, {}}, {})});
-      continue;
-    }
-    dialog_.Stringsum_real(item.name, true);
-    if (mayRename(desk_.program.dialogs, item.name, *attributes[at])) take(item, at, renamings, kept_);
-  }
-  return renamings;
+void MaskedRename::nameItem(const Item& item, std::size_t place, const std::optional<platform::Attributes>& attributes,
+                            std::vector<Renamings>& renamings) {
+  if (item.isFolder) return;
+  if (!attributes)
+    return kept_.push_back({place, item.name, core::reasonOf({platform::ErrorCode::NotFound, {}, {}}, {})});
+  dialog_.Stringsum_real(item.name, true);
+  if (mayRename(desk_.program.dialogs, item.name, *attributes)) take(item, place, renamings, kept_);
 }
 
 }  // namespace varnholt::rename

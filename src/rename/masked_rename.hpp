@@ -4,6 +4,7 @@
 #include "rename/item.hpp"
 #include "rename/rename_dialog.hpp"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,7 +40,10 @@ class MaskedRename {
   };
   bool fillPreview(const std::vector<Item>& items, std::vector<Renamings>& renamings, std::vector<Kept>& kept);
   void markPreview(const std::vector<Kept>& kept);
-  std::vector<Renamings> newNames(const std::vector<Item>& items);
+  void renameAll(const std::vector<Item>& items);
+  /// The new name of one item, by its attributes: none for what is gone.
+  void nameItem(const Item& item, std::size_t place, const std::optional<platform::Attributes>& attributes,
+                std::vector<Renamings>& renamings);
   /// Puts what the mask made of an item's name among the renamings, or among the kept ones when nothing is left of it.
   void take(const Item& item, std::size_t place, std::vector<Renamings>& renamings, std::vector<Kept>& kept) const;
   template <class RunBatch>

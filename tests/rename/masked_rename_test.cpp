@@ -210,6 +210,19 @@ TEST_F(MaskedRenameTest, AFileThatIsLeftOutHasTakenItsNumber) {
   EXPECT_EQ(contents("Pic3.txt"), "c.txt");
 }
 
+TEST_F(MaskedRenameTest, AnyNumberOfFilesMovesUpByOne) {
+  Names names;
+  for (int number = 1000; number < 2500; ++number)
+    names.push_back("Pic" + std::to_string(number) + ".txt");
+  masked(names, [&] {
+    newBase("Pic", "1001");
+    executes();
+  });
+  EXPECT_FALSE(exists("Pic1000.txt"));
+  for (const int number : {1001, 2024, 2025, 2500})
+    EXPECT_EQ(contents("Pic" + std::to_string(number) + ".txt"), "Pic" + std::to_string(number - 1) + ".txt");
+}
+
 TEST_F(MaskedRenameTest, ANameThatIsCutAwayStays) {
   masked({"README", "README2"}, [&] {
     type(dialog().Text2, "README");
