@@ -44,7 +44,6 @@ Form16::Form16(panels::Desk& desk) : Form(desk.program.loop, "Form16"), desk_(de
   ListView1.setSorted(false);
   defaultButton = "Command1";
   cancelButton = "Command2";
-  Timer1.Enabled = false;
   Timer1.Interval = NoticeMilliseconds;
   Image2.Stretch = true;
   setTexts();

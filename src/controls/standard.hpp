@@ -128,10 +128,11 @@ class PictureBox : public Control {
   Property<bool> Stretch{*this, false};      ///< fitted to the area, in its own proportions
 };
 
-/// Ticks on the loop's thread while enabled and its interval is above 0.
+/// Ticks on the loop's thread while enabled and its interval is above 0. It is not enabled at first: one that nobody
+/// needs must not wake the machine.
 class Timer : public Control {
  public:
-  Timer(Form& form, std::string name) : Control(form, std::move(name), Kind::Timer) {}
+  Timer(Form& form, std::string name) : Control(form, std::move(name), Kind::Timer) { Enabled = false; }
   Property<int> Interval{*this, 0};  ///< milliseconds
   Event<> Tick;
 };

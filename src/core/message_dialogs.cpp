@@ -72,7 +72,6 @@ core::Form13::Form13(controls::MessageLoop& loop) : Form(loop, "Form13") {
 MessageDialogs::MessageDialogs(controls::MessageLoop& loop, controls::Timer& Timer2)
     : Form11(loop), Form12(loop), Form13(loop), loop_(loop), Timer2_(Timer2) {
   Timer2_.Interval = 2000;
-  Timer2_.Enabled = false;
   Timer2_.Tick = [this] { Timer2_Timer(); };
   Form13.Unload = [this] { Timer2_.Enabled = false; };
 }

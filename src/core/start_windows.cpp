@@ -12,7 +12,6 @@ core::frmSplash::frmSplash(controls::MessageLoop& loop, const std::string& versi
   Caption = "Varnholt";
   lblProductName.Caption = "Varnholt";
   lblVersion.Caption = "Version " + version;
-  Timer1.Enabled = false;
   Timer1.Interval = SplashMilliseconds;
   Load = [this] { Timer1.Enabled = true; };
   Timer1.Tick = [this] { UnloadForm(); };

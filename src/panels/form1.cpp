@@ -10,7 +10,7 @@ Form1::Form1(controls::MessageLoop& loop) : Form(loop, "Form1") {
   Text3.Visible = false;
   ImageCombo1.ToolTipText = "Select Folder History supplied From Main Panels !.";
   Timer1.Interval = 2000;
-  Timer3.Enabled = false;
+  Timer1.Enabled = true;
 }
 
 void Form1::setMode(std::string_view mode) {

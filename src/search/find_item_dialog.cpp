@@ -22,7 +22,6 @@ search::Form47::Form47(panels::Desk& desk, FoundHistory& history)
     : Form(desk.program.loop, "Form47"), desk_(desk), history_(history) {
   Caption = Title;
   Check3.Value = 1;
-  Timer1.Enabled = false;
   Timer1.Interval = RestMilliseconds;
   defaultButton = "Command1";
   cancelButton = "Command2";
