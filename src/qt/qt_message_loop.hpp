@@ -46,6 +46,8 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
   void runBeside(std::function<void()> call, std::function<void()> done) override;
   /// What stores the program's state and ends the process when the user leaves and a call does not return.
   void setLeave(std::function<void()> leave) { leave_ = std::move(leave); }
+  /// From now on calls run on the window's thread: nothing can be drawn any more.
+  void runNoEvents() { ++blocked_; }
   /// True while handlers are at work or a dialog is open.
   bool isBusy() const { return blocked_ > 0 || turns_ > 0 || !modals_.empty(); }
   /// Calls beside the window have not returned yet; what they use must not go.

@@ -7,11 +7,14 @@
 #include <QApplication>
 #include <QLibrary>
 #include <QLoggingCategory>
+#include <QThread>
 #include <QTimer>
 
 #include <chrono>
 #include <cstdlib>
+#include <functional>
 #include <thread>
+#include <utility>
 
 namespace varnholt::qt {
 namespace {
@@ -22,6 +25,17 @@ constexpr std::chrono::milliseconds IconDelay{150};
 void readFontConfiguration() {
   QLibrary library(QStringLiteral("fontconfig"), 1);
   if (auto* const read = reinterpret_cast<int (*)()>(library.resolve("FcInit"))) read();
+}
+
+// The toolkit ends the process where it stands when its display is gone. All that comes before is what it says of that.
+std::function<void()> displayGone;
+QtMessageHandler tell = nullptr;
+
+void listenForTheDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  tell(type, context, text);
+  const bool isGone = text.startsWith(QLatin1String("The X11 connection broke")) ||
+                      text.startsWith(QLatin1String("The Wayland connection broke"));
+  if (isGone && displayGone && QThread::currentThread() == qApp->thread()) std::exchange(displayGone, nullptr)();
 }
 }  // namespace
 
@@ -50,16 +64,22 @@ int runProgram(int argc, char** argv, const std::function<void()>& prepare, cons
     if (program) program->storeState();
   };
   // Destructors would wait for what is at work, and a handler on the stack cannot be left in another way.
-  const auto leaveNow = [&] {
+  const auto leaveNow = [&](int code = EXIT_SUCCESS) {
     store();
-    std::_Exit(EXIT_SUCCESS);
+    std::_Exit(code);
   };
-  loop.setLeave(leaveNow);
+  loop.setLeave([&] { leaveNow(); });
+  displayGone = [&] {
+    loop.runNoEvents();
+    leaveNow(EXIT_FAILURE);
+  };
+  tell = qInstallMessageHandler(listenForTheDisplay);
   LeaveSignals signals;
   signals.store = store;
   signals.leave = [&] { program && !loop.isBusy() ? program->leave() : leaveNow(); };
   loop.later([&] { program = start(loop, arguments); });
   const int code = loop.exec();
+  displayGone = nullptr;
   if (loop.hasCallsBeside()) std::_Exit(code);  // a drive that does not answer holds up a call that uses the program
   program.reset();
   return code;

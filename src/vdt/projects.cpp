@@ -41,11 +41,23 @@ const std::string& Projects::current() {
   return name;
 }
 
+Projects::Stored Projects::inList() {
+  Stored project{current(), list_.lines()};
+  if (project.lines.empty()) project.lines.emplace_back();
+  return project;
+}
+
 platform::Result<void> Projects::VdtProjectSave() {
   makeFolder();
-  std::vector<std::string> lines = list_.lines();
-  if (lines.empty()) lines.emplace_back();
-  return kept_.writeLines(path(current()), lines);
+  Stored project = inList();
+  auto saved = kept_.writeLines(path(project.name), project.lines);
+  if (saved) stored_ = std::move(project);
+  return saved;
+}
+
+platform::Result<void> Projects::saveChanges() {
+  const bool isStored = stored_ == inList() && program_.files().fileExists(path(current()));
+  return isStored ? platform::Result<void>() : VdtProjectSave();
 }
 
 std::string Projects::notSaved(const platform::Error& error) {
@@ -54,10 +66,13 @@ std::string Projects::notSaved(const platform::Error& error) {
 
 void Projects::VdtProjectLoad() {
   const std::string file = path(current());
+  const std::vector<std::string> lines = kept_.readLines(file);
   std::vector<Pointer> pointers;
-  for (const std::string& line : kept_.readLines(file))
+  for (const std::string& line : lines)
     if (auto pointer = pointerOf(line)) pointers.push_back(*std::move(pointer));
   list_.take(std::move(pointers));
+  // Lines that make no pointer are not written again.
+  if (list_.lines() == lines) noteStored();
   targets_.ask(true);
   (void)kept_.setAside(file);
 }

@@ -30,16 +30,31 @@ class Projects {
 
   /// Writes the list to the current project.
   platform::Result<void> VdtProjectSave();
+  /// The same at the program's end, but for a list that is as it was read or written: what another running copy of the
+  /// program has stored since stays.
+  platform::Result<void> saveChanges();
   /// That it could not, in words for the user.
   std::string notSaved(const platform::Error& error);
   /// Fills the list from the current project.
   void VdtProjectLoad();
+  /// Begins with the empty list, where the current project has no file.
+  void beginEmpty() { noteStored(); }
 
  private:
+  struct Stored {
+    std::string name;
+    std::vector<std::string> lines;
+    bool operator==(const Stored&) const = default;
+  };
+  /// The current project as its file is written from the list.
+  Stored inList();
+  void noteStored() { stored_ = inList(); }
+
   core::Program& program_;
   PointerList& list_;
   Targets& targets_;
   core::KeptFiles kept_;
+  Stored stored_;  ///< what was read or written last
 };
 
 }  // namespace varnholt::vdt

@@ -72,7 +72,10 @@ void VDT::load() {
   images[ThereIcon] = "pointer";
   images[GoneIcon] = "pointer-gone";
   list().ImageList = std::move(images);
-  if (desk_.files().fileExists(projects.path(projects.current()))) projects.VdtProjectLoad();
+  if (desk_.files().fileExists(projects.path(projects.current())))
+    projects.VdtProjectLoad();
+  else
+    projects.beginEmpty();
   showHeader();
   desk_.form.Menu["CopyVDT"].Enabled = false;
   desk_.form.Menu["VDTstartup"].Checked = init.VDT_State == "1";
@@ -81,7 +84,7 @@ void VDT::load() {
 }
 
 void VDT::store() {
-  if (const auto saved = projects.VdtProjectSave(); !saved)
+  if (const auto saved = projects.saveChanges(); !saved)
     desk_.state.notStored.push_back(projects.notSaved(saved.error()));
 }
 

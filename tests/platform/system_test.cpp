@@ -168,12 +168,11 @@ TEST_F(EnvironmentTest, MakesTheWindowsFolderOnceAndLeavesItToTheUser) {
   EXPECT_FALSE(folder.has("data/Windows/system32/cmd.exe"));
   // Nothing of the making is left beside it.
   EXPECT_EQ(std::distance(fs::directory_iterator(folder / "data"), fs::directory_iterator()), 1);
-  const std::pair<const char*, const char*> cannotBe[] = {{"data/Windows/explorer.exe", "assets/windows"},
-                                                          {"data/Windows/explorer.exe/W", "assets/windows"},
-                                                          {"W", "none"}};
-  for (const auto& [place, shipped] : cannotBe) {
-    const WindowsFolder windows(folder / place, folder / shipped);
-    EXPECT_EQ(PosixEnvironment(map, windows, "", "").windowsFolder(), "") << place;
+  for (const auto cannotBe : test::Rows{"data/Windows/explorer.exe|assets/windows|C:\\assets\\windows",
+                                        "data/Windows/explorer.exe/W|assets/windows|C:\\assets\\windows", "W|none|"}) {
+    const test::Row row(cannotBe);
+    const WindowsFolder windows(folder / row.first, folder / row.second);
+    EXPECT_EQ(PosixEnvironment(map, windows, "", "").windowsFolder(), row.third) << cannotBe;
   }
 }
 

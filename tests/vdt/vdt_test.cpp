@@ -264,6 +264,13 @@ TEST_F(VDTTest, TheNextStartShowsTheListAsItWasLeft) {
   EXPECT_EQ(rows(), Names{"C:\\Data\\|a.txt|gone"});
   EXPECT_TRUE(list().Visible && rig.menu("VDTstartup").Checked && !list().Sorted());
   EXPECT_FALSE(rig.menu("CmdLine").Enabled);
+  // Another running copy of the program has stored its own list since.
+  rig.write(project("Default.Pro"), "C:\\Data\\b\r\n");
+  vdt().store();
+  EXPECT_EQ(rig.read(project("Default.Pro")), "C:\\Data\\b\r\n") << "nothing has changed here";
+  drop({"C:\\Data\\b"});
+  vdt().store();
+  EXPECT_EQ(rig.read(project("Default.Pro")), "C:\\Data\\a.txt\r\nC:\\Data\\b\r\n");
 }
 
 /// Calls beside the window are held until the test lets their drives answer.

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include <fcntl.h>
+#include <stdio.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -107,9 +108,27 @@ bool dropSecondName(int folder, const Passage& passage) {
   return second && ::unlinkat(folder, passage.passing.c_str(), 0) == 0;
 }
 
+/// Where only an empty file can hold a name until the rename replaces it, a kill in between leaves that file, and no
+/// place is free then.
+void dropHolder(int folder, const Passage& passage) {
+  const char* passing = passage.passing.c_str();
+  if (::renameat2(folder, passing, folder, passing, RENAME_NOREPLACE) == 0 || (errno != EINVAL && errno != ENOSYS))
+    return;
+  std::vector<std::string> names = passage.places, empty;
+  names.push_back(passage.passing);
+  struct stat facts {};
+  for (const std::string& name : names) {
+    if (::fstatat(folder, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) != 0) return;
+    if (S_ISREG(facts.st_mode) && facts.st_size == 0) empty.push_back(name);
+  }
+  // Of several empty files nobody knows which one it is.
+  if (empty.size() == 1) (void)::unlinkat(folder, empty.front().c_str(), 0);
+}
+
 /// True when no file stands under the passing name any more. The place that is free tells how far the run came; when
 /// there is more than one, somebody else has been at work, and only the file itself is looked after.
 bool finish(int folder, const Passage& passage) {
+  dropHolder(folder, passage);
   if (!isThere(folder, passage.passing) || dropSecondName(folder, passage)) return true;
   std::vector<std::size_t> free;
   for (std::size_t at = 0; at < passage.places.size(); ++at)

@@ -134,7 +134,7 @@ int SqliteDatabase::execute(const char* sql) { return sqlite3_exec(handle_, sql,
 
 bool SqliteDatabase::ensureOpen() {
   if (handle_) return true;
-  if (unusable_) return false;
+  if (unusable_ || held_) return false;
   Opened opened = tryOpen();
   if (opened == Opened::Damaged) {
     unusable_ = !moveAside();
@@ -146,6 +146,7 @@ bool SqliteDatabase::ensureOpen() {
 
 SqliteDatabase::Opened SqliteDatabase::judge(int code) {
   if (code == SQLITE_OK) return Opened::Ready;
+  held_ = (code & 0xff) == SQLITE_BUSY;
   closedError_ = errorOf(handle_);
   if ((code & 0xff) == SQLITE_CANTOPEN && refusesFiles(file_)) closedError_.code = ErrorCode::AccessDenied;
   return codeOf(code) == ErrorCode::Damaged ? Opened::Damaged : Opened::Refused;

@@ -56,7 +56,8 @@ class SqliteQuery {
 ///
 /// A file that is damaged or of another program is set aside as NAME.damaged-N (N from 1, the first that is free) and
 /// a fresh one is made. Where the folder is missing or refuses, the database stays closed and each call tries again, so
-/// a folder that appears later is used from then on.
+/// a folder that appears later is used from then on. A file that another process holds too long when it is opened stays
+/// closed: what was not read must not be written over.
 class SqliteDatabase {
  public:
   SqliteDatabase(std::string file, const SqliteFormat& format);
@@ -68,6 +69,8 @@ class SqliteDatabase {
   const std::optional<std::string>& setAside() const { return setAside_; }
   /// True when opening found the file damaged and could not set it aside: nothing will be kept.
   bool unusable() const { return unusable_; }
+  /// True when another process held the file too long when it was opened: nothing is read or kept.
+  bool held() const { return held_; }
 
   /// A statement, compiled at its first use and kept. `sql` must be a literal.
   SqliteQuery query(const char* sql);
@@ -111,7 +114,7 @@ class SqliteDatabase {
   sqlite3* handle_ = nullptr;
   std::unordered_map<const char*, sqlite3_stmt*> statements_;
   std::optional<std::string> setAside_;
-  bool unusable_ = false;
+  bool unusable_ = false, held_ = false;
   Error closedError_;  ///< what the last attempt to open said
 };
 

@@ -7,10 +7,21 @@
 
 namespace varnholt::platform::posix {
 
+namespace {
+
+bool isFolder(const std::string& path) {
+  struct stat facts;
+  return ::stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+}
+
+}  // namespace
+
 std::string WindowsFolder::path() const {
   struct stat facts;
-  if (::stat(folder_.c_str(), &facts) == 0) return S_ISDIR(facts.st_mode) ? folder_ : "";
-  if (!makeFolderFrom(shipped_, folder_)) return {};
+  if (isFolder(folder_)) return folder_;
+  // A full or read-only volume is no reason not to start.
+  if (::stat(folder_.c_str(), &facts) == 0 || !makeFolderFrom(shipped_, folder_))
+    return isFolder(shipped_) ? shipped_ : "";
   // The folder goes by both spellings. Where the volume knows no links it also tells no case apart.
   [[maybe_unused]] const int linked = ::symlink("system32", (folder_ + "/System32").c_str());
   return folder_;

@@ -11,7 +11,7 @@ class WindowsFolder {
   /// System form: the folder, and the shipped one that it is made from.
   WindowsFolder(std::string folder, std::string shipped) : folder_(std::move(folder)), shipped_(std::move(shipped)) {}
 
-  /// The folder, made when missing; empty when it is not there and cannot be made.
+  /// The folder, made when missing. Where it cannot be made the shipped one serves as it is; empty without that.
   std::string path() const;
 
  private:
