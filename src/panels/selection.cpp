@@ -131,6 +131,7 @@ void Selection::ResetView(Panel& panel) {
   panel.list.selectNone();
   panel.list.clearColors();
   form_.StatusBar1.setPanel(status::SelectedCount, "");
+  form_.StatusBar1.setPanel(status::SizeReport, "");
 }
 
 void Selection::ResetView() {
@@ -279,7 +280,9 @@ void Selection::recall(Panel& panel, const std::unordered_set<std::string_view>&
   select(panel, [&](controls::ListItem item) { return item.id() < wanted.size() && wanted[item.id()]; });
   program_.loop.screen().MousePointer = controls::pointer::Default;
   chooseItem(panel, panel.list.SelectedItem());
+  form_.StatusBar1.setPanel(status::SizeReport, "");
   showCount(panel.list.selectedCount());
+  form_.events.selectionChanged(panel);
 }
 
 void Selection::Command27_Click() {
