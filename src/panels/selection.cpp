@@ -52,7 +52,9 @@ void Selection::chooseItem(Panel& panel, std::optional<controls::ListItem> item)
   const bool folder = item && panel.isFolder(*item);
   form_.Command2.Enabled = !folder && edit && edit->run;
   form_.Menu["EditFile"].Enabled = form_.Command2.Enabled.get();
-  item ? fileatrib(panel, *item) : form_.statusLine("");
+  if (item) return fileatrib(panel, *item);
+  // An empty list alone would tell of a folder that holds nothing.
+  form_.statusLine(panel.unreadable.empty() ? "" : "Folder Cannot Be Read !, - " + panel.unreadable);
 }
 
 void Selection::showItem(Panel& panel) {
