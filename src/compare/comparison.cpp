@@ -1,6 +1,7 @@
 #include "compare/comparison.hpp"
 
 #include "compare/sync.hpp"
+#include "core/text_character.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
 
@@ -55,8 +56,10 @@ void Comparison::store(panels::History& history, controls::ComboBox& box, const 
 
 void Comparison::Command1_Click() {
   Form30_.Text1.Visible = false;
-  const auto left = desk_.files().resolve(Form30_.ImageCombo1.Text),
-             right = desk_.files().resolve(Form30_.ImageCombo2.Text);
+  const auto typed = [&](const controls::ComboBox& box) {
+    return desk_.files().resolve(std::string(core::unquoted(box.Text.get())));
+  };
+  const auto left = typed(Form30_.ImageCombo1), right = typed(Form30_.ImageCombo2);
   if (left && right && desk_.files().folderExists(*left) && desk_.files().folderExists(*right)) {
     desk_.navigation.goToPair(*left, *right);
     ComphisL_store();

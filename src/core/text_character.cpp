@@ -7,6 +7,11 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(from, text.find_last_not_of(' ') - from + 1);
 }
 
+std::string_view unquoted(std::string_view path) {
+  const bool isQuoted = path.size() > 2 && path.front() == '"' && path.find('"', 1) == path.size() - 1;
+  return isQuoted ? path.substr(1, path.size() - 2) : path;
+}
+
 size_t characterCount(std::string_view text) {
   size_t count = 0;
   for (; !text.empty(); ++count)

@@ -13,6 +13,9 @@ using platform::TextCharacter;
 /// Without the blanks around it.
 std::string_view trimmed(std::string_view text);
 
+/// A path that stands in quotes by itself, without them.
+std::string_view unquoted(std::string_view path);
+
 size_t characterCount(std::string_view text);
 /// The last `count` characters, or all of it.
 std::string_view lastCharacters(std::string_view text, size_t count);

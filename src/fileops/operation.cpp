@@ -369,6 +369,7 @@ void TargetOperation::Command4_Click() {
   if (!desk_.navigation.goTo(form.otherPanel(*source), *folder)) return;
   form.TargetPath = form.otherPanel(*source).path();
   target_->Text3.Text = shortPath(form.TargetPath);
+  target_->Command11.SetFocus();
 }
 
 // The loop takes the file from the work folder, where it bears its new name.

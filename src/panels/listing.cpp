@@ -46,6 +46,7 @@ void Listing::filedir(Panel& panel) {
   panel.list.MousePointer = pointer::Hourglass;
 
   const auto listing = read(panel.path());
+  panel.unreadable = listing ? "" : listing.error().text;
   if (listing) {
     panel.hidesFiles = false;
     panel.show(std::make_shared<PanelRows>(*listing, fileTest(panel.hidesFiles), rowFormat(panel)));

@@ -50,6 +50,7 @@ class Panel {
   bool isListed() const { return listed_ == path_; }
   /// The last listing has files that the chosen view (programs, or the user's filter) leaves out.
   bool hidesFiles = false;
+  std::string unreadable;  ///< why the last listing could not be made; empty: it was
   void clearItems();
 
   bool isFolder(controls::ListItem item) const { return rows && rows->isFolder(item.id()); }

@@ -24,12 +24,6 @@ std::string properCaseParts(std::string_view path) {
   }
 }
 
-// A path that stands in quotes by itself, without them.
-std::string unquoted(const std::string& line) {
-  const bool isQuoted = line.size() > 2 && line.front() == '"' && line.find('"', 1) == line.size() - 1;
-  return isQuoted ? line.substr(1, line.size() - 2) : line;
-}
-
 }  // namespace
 
 void PanelKeys::KeyDown(Panel& panel, controls::KeyEvent& event) {
@@ -125,7 +119,9 @@ void PanelKeys::pathKey(Panel& panel, controls::KeyEvent& event) {
 
 void PanelKeys::goToTyped(Panel& panel) {
   if (d_.dispatcher.busy) return;
-  std::string typed = unquoted(std::string(core::trimmed(panel.controls.Text.Text.get())));
+  std::string typed = panel.controls.Text.Text.get();
+  // The name of a folder may end in a blank: what stands there exactly goes first.
+  if (!d_.program.files().folderExists(typed)) typed = std::string(core::unquoted(core::trimmed(typed)));
   if (typed.size() == 2 && typed.back() == ':') typed += '\\';
   // The list takes the keyboard first, since it is the active panel that goes; what was typed waits meanwhile.
   panel.list.SetFocus();
@@ -166,17 +162,20 @@ void PanelKeys::runLine() {
   const std::string line(core::trimmed(d_.form.Text3.Text.get()));
   if (d_.dispatcher.busy || line.empty()) return;
   std::string command = line;
+  // As at any prompt: relative names are those of the folder that the user looks at.
+  const Panel* panel = d_.form.activePanel();
+  const std::string folder = panel ? panel->path() : std::string();
   // A typed path may spell its parts in another letter case than the disk does.
-  if (const auto path = d_.program.files().resolve(unquoted(line))) {
+  if (const auto path = d_.program.files().resolve(std::string(core::unquoted(line)))) {
     command = platform::quoteArgument(*path);
     if (d_.program.files().folderExists(*path))
       command = platform::quoteArgument(paths::join(d_.program.folders.windir, "explorer.exe")) + ' ' + command;
     else {
-      if (!d_.program.start(command)) d_.opener.open(*path);
+      if (!d_.program.start(command, folder)) d_.opener.open(*path);
       return;
     }
   }
-  if (const auto started = d_.program.start(command); !started)
+  if (const auto started = d_.program.start(command, folder); !started)
     d_.program.dialogs.alert("Cannot Start Command Line !, - " + started.error().text);
 }
 

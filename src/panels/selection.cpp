@@ -52,7 +52,9 @@ void Selection::chooseItem(Panel& panel, std::optional<controls::ListItem> item)
   const bool folder = item && panel.isFolder(*item);
   form_.Command2.Enabled = !folder && edit && edit->run;
   form_.Menu["EditFile"].Enabled = form_.Command2.Enabled.get();
-  item ? fileatrib(panel, *item) : form_.statusLine("");
+  if (item) return fileatrib(panel, *item);
+  // An empty list alone would tell of a folder that holds nothing.
+  form_.statusLine(panel.unreadable.empty() ? "" : "Folder Cannot Be Read !, - " + panel.unreadable);
 }
 
 void Selection::showItem(Panel& panel) {
@@ -131,6 +133,7 @@ void Selection::ResetView(Panel& panel) {
   panel.list.selectNone();
   panel.list.clearColors();
   form_.StatusBar1.setPanel(status::SelectedCount, "");
+  form_.StatusBar1.setPanel(status::SizeReport, "");
 }
 
 void Selection::ResetView() {
@@ -279,7 +282,9 @@ void Selection::recall(Panel& panel, const std::unordered_set<std::string_view>&
   select(panel, [&](controls::ListItem item) { return item.id() < wanted.size() && wanted[item.id()]; });
   program_.loop.screen().MousePointer = controls::pointer::Default;
   chooseItem(panel, panel.list.SelectedItem());
+  form_.StatusBar1.setPanel(status::SizeReport, "");
   showCount(panel.list.selectedCount());
+  form_.events.selectionChanged(panel);
 }
 
 void Selection::Command27_Click() {

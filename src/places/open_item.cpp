@@ -100,7 +100,7 @@ void places::Form29::Command11_Click() {
 bool places::Form29::open(const std::string& text) {
   if (hasScheme(text)) return desk_.opener.openAddress(text, text, NoExplorer);
   if (beginsWith(text, "www.")) return desk_.opener.openAddress("http://" + text, "http://" + text, NoExplorer);
-  if (text.find_first_of(":\\") != std::string::npos) return openPath(text);
+  if (text.find_first_of(":\\") != std::string::npos) return openPath(std::string(core::unquoted(text)));
   desk_.program.dialogs.alert("Invalid Input, - [: or \\] missing !");
   return false;
 }

@@ -253,7 +253,7 @@ TEST_F(OpeningTest, TheCommandLineStartsWhatIsTyped) {
   enterLine("C:\\make.sh C:\\made.txt");
   enterLine(" \"c:\\ONE\" ");
   ASSERT_EQ(shell.started.size(), 2u);
-  EXPECT_EQ(shell.started[0].first, "C:\\make.sh C:\\made.txt");
+  EXPECT_EQ(shell.started[0], std::pair(std::string("C:\\make.sh C:\\made.txt"), left().path()));
   EXPECT_TRUE(shell.started[1].first.ends_with("\\explorer.exe\" \"C:\\one\"")) << "a path in quotes is one";
 }
 

@@ -139,8 +139,10 @@ TEST_F(SelectionTest, TheLastSetAloneComesBackToo) {
   clickAll({"b", "empty"});
   rig.key(left(), controls::key::Up);
   rig.app().listing.View1ClearItems();
+  rig.command("selectall_Click");
   rig.menu("Recallprevius").choose();
   EXPECT_EQ(selected(left()), (Names{"b.txt", "empty"}));
+  EXPECT_EQ(status(status::SizeReport), "") << "the sum was that of all";
 }
 
 TEST_F(SelectionTest, ResetEmptiesTheRecallOfItsSideAndKeepsTheRow) {

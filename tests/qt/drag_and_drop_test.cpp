@@ -146,7 +146,7 @@ TEST_F(DrawnDrops, ADropOnAButtonRunsItAndOneOnItsOwnPanelOrElsewhereNothing) {
   pull("letter", [&](const QMimeData& data) {
     EXPECT_TRUE(Drag{data}.drop(button("Command4")));
     for (QWidget* other : {&left(), &button("Command11"), &button("Text1"), &button("Drive1")})
-      EXPECT_FALSE(Drag{data}.enter(*other)) << qPrintable(other->objectName());
+      EXPECT_FALSE(Drag{data}.drop(*other)) << qPrintable(other->objectName());
   });
   EXPECT_EQ(happened(), Ran{"Command4_Click"});
 }
@@ -234,6 +234,7 @@ TEST_F(DrawnCopies, ADropOntoAFoldersRowGoesIntoThatFolder) {
     auto& over = *list(name)->viewport();
     pull("letter", [&, name = name, row = row](const QMimeData& data) {
       Drag drag{data, {}, Qt::CopyAction};
+      EXPECT_TRUE(drag.enter(over)) << "or the toolkit tells of no further place";
       drag.onto = middleOf(list(name), row);
       EXPECT_TRUE(drag.enter(over));
       const auto marks = list(name)->findChildren<qt::DropMark*>();

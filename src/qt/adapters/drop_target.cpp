@@ -20,11 +20,14 @@ void DropTarget::update() {
 }
 
 // A source that allows only a move would delete its files on our word, before anything is known to have arrived.
-bool DropTarget::takes(const QDropEvent& event, const Place& place) const {
+bool DropTarget::mayTake(const QDropEvent& event) const {
   const QWidget* modal = QApplication::activeModalWidget();
   const bool reachable = !modal || modal == widget_.window();
-  const bool elsewhere = over_ && (over_->source != &control_ || !place.folder.empty());
-  return elsewhere && reachable && event.possibleActions().testFlag(Qt::CopyAction);
+  return over_ && reachable && event.possibleActions().testFlag(Qt::CopyAction);
+}
+
+bool DropTarget::takes(const QDropEvent& event, const Place& place) const {
+  return mayTake(event) && (over_->source != &control_ || !place.folder.empty());
 }
 
 DropTarget::Place DropTarget::placeOf(const QDropEvent& event) const {
@@ -33,7 +36,10 @@ DropTarget::Place DropTarget::placeOf(const QDropEvent& event) const {
 
 bool DropTarget::enter(QDropEvent& event) {
   if (control_.OLEDragDrop) over_ = host_.dragAndDrop().read(*event.mimeData());
-  return move(event);
+  const bool ours = move(event);
+  // A drag begins over its own list, of which some rows take it: who refuses the first place hears of no other.
+  if (mayTake(event) && over_->source == &control_) event.accept();
+  return ours;
 }
 
 bool DropTarget::move(QDropEvent& event) {

@@ -39,6 +39,7 @@ class DropTarget {
   bool drop(QDropEvent& event);
 
  private:
+  bool mayTake(const QDropEvent& event) const;
   bool takes(const QDropEvent& event, const Place& place) const;
   Place placeOf(const QDropEvent& event) const;
 
