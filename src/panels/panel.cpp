@@ -24,6 +24,7 @@ void Panel::show(std::shared_ptr<const PanelRows> newRows) {
 void Panel::clearItems() {
   rows.reset();
   list.clear();
+  unreadable.clear();
 }
 
 std::string Panel::fileName(controls::ListItem item) const {
