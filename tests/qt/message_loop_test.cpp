@@ -254,7 +254,7 @@ TEST_F(MessageLoop, TheStopButtonAloneWorksWhileALongCallRuns) {
     QWidget* window = windowOf(loop, dialog);
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
     window->findChild<QPushButton*>("Command1")->setFocus();
-    int ticks = 0;
+    std::atomic<int> ticks = 0;
     const auto call = [&, act = act] {
       const auto user = [&] {
         window->findChild<QPushButton*>("Command11")->click();
