@@ -114,7 +114,9 @@ void appearance::Form22::F22commandfunction() {
     Text1.Text = NonFolder;
     return;
   }
-  if (paths::withClosing(F22Path) != panel->path() || TreeView1.roots().empty()) showFolder(*panel);
+  // A folder that was not there may have come.
+  if (paths::withClosing(F22Path) != panel->path() || Text1.Text.get() == NoPath || TreeView1.roots().empty())
+    showFolder(*panel);
   F22Path = panel->path();
   Command10.Enabled = !paths::isRoot(F22Path);
   auto& form = desk_.form;
@@ -192,7 +194,7 @@ void appearance::Form22::showFolder(const panels::Panel& panel) {
     node = TreeNodetest(fullPath);
     from = end + 1;
   }
-  Text1.Text = folder;
+  Text1.Text = desk_.files().folderExists(folder) ? folder : std::string(NoPath);
 }
 
 void appearance::Form22::fill(controls::TreeNode& node) {
