@@ -63,6 +63,9 @@ void appearance::Form22::bind() {
   Command10.Click = [this] { run(parentHandler()); };
   Command12.Click = [this] { TreeView1.Visible = !TreeView1.Visible; };
   Image1.Click = [this] { UnloadForm(); };
+  Image1.MouseDown = [this](const controls::MouseEvent& mouse) {
+    if (mouse.button == controls::MouseButton::Right) selectOne();
+  };
   TreeView1.NodeClick = [this](controls::TreeNode& node) { TreeView1_NodeClick(node); };
   TreeView1.NodeMove = [this](controls::TreeNode& node) { nodeInHand(node); };
   TreeView1.Expand = [this](controls::TreeNode& node) { fill(node); };
@@ -111,7 +114,9 @@ void appearance::Form22::F22commandfunction() {
     Text1.Text = NonFolder;
     return;
   }
-  if (paths::withClosing(F22Path) != panel->path() || TreeView1.roots().empty()) showFolder(*panel);
+  // A folder that was not there may have come.
+  if (paths::withClosing(F22Path) != panel->path() || Text1.Text.get() == NoPath || TreeView1.roots().empty())
+    showFolder(*panel);
   F22Path = panel->path();
   Command10.Enabled = !paths::isRoot(F22Path);
   auto& form = desk_.form;
@@ -123,11 +128,21 @@ void appearance::Form22::F22commandfunction() {
 
 void appearance::Form22::showPicture(const panels::Panel& panel) {
   const auto item = panel.list.SelectedItem();
-  Image2.Picture = item && !panel.isFolder(*item) ? panel.itemPath(*item) : std::string();
+  previewed_ = item && !panel.isFolder(*item) ? panel.itemPath(*item) : std::string();
+  Image2.Picture = previewed_.empty() ? Image2.Fallback.get() : previewed_;
 }
 
 void appearance::Form22::Image2_DblClick() {
-  if (!desk_.dispatcher.busy && !Image2.Picture->empty()) desk_.opener.OpenItemPath(Image2.Picture);
+  if (!desk_.dispatcher.busy && !previewed_.empty()) desk_.opener.OpenItemPath(previewed_);
+}
+
+void appearance::Form22::selectOne() {
+  panels::Panel* panel = desk_.form.activePanel();
+  auto item = panel ? panel->list.SelectedItem() : std::nullopt;
+  if (!item || desk_.dispatcher.busy) return;
+  panel->list.selectNone();
+  item->setSelected(true);
+  desk_.selection.ClickPane();
 }
 
 // --- Buttons -------------------------------------------------------------------------------------------------------
@@ -179,16 +194,16 @@ void appearance::Form22::showFolder(const panels::Panel& panel) {
     node = TreeNodetest(fullPath);
     from = end + 1;
   }
-  Text1.Text = folder;
+  Text1.Text = desk_.files().folderExists(folder) ? folder : std::string(NoPath);
 }
 
 void appearance::Form22::fill(controls::TreeNode& node) {
   const auto listing = desk_.files().list(folderOf(node));
+  if (panels::isUnread(node)) TreeView1.removeChildren(node);
   if (!listing) {
     Text1.Text = NoPath;
     return;
   }
-  if (panels::isUnread(node)) TreeView1.removeChildren(node);
   const std::string above = node.fullPath();
   for (const platform::Entry& entry : (*listing)->folders()) {
     const std::string fullPath = paths::join(above, entry.name);
@@ -210,7 +225,10 @@ void appearance::Form22::nodeInHand(const controls::TreeNode& node) {
 void appearance::Form22::TreeView1_NodeClick(controls::TreeNode& node) {
   if (isNonFolder() || node.Key == panels::UnreadLevel) return;
   nodeInHand(node);
-  if (!F22Path.empty()) fill(node);
+  if (!F22Path.empty())
+    fill(node);
+  else if (panels::isUnread(node))
+    TreeView1.removeChildren(node);
   TreeView1.setExpanded(node, true);
 }
 

@@ -63,10 +63,13 @@ class Form22 : public controls::Form {
   void TreeView1_NodeClick(controls::TreeNode& node);
   void TreeView1_DblClick();
   void Image2_DblClick();
+  /// The item in hand stays the only selected one of the active panel.
+  void selectOne();
 
   panels::Desk& desk_;
   std::vector<CommandButton> buttons_;
   std::string drive_;                                           ///< root of the drive in the tree
+  std::string previewed_;                                       ///< the file in the preview; empty: no file is in hand
   std::unordered_map<std::string, controls::TreeNode*> nodes_;  ///< by full path
 };
 

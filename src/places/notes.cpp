@@ -151,18 +151,27 @@ void places::Form46::showFormat() {
 
 void places::Form46::ListView1_Click() {
   const auto row = notes.inHand();
-  if (!row || !row->Selected() || row->Text() == loaded_) return;
+  if (!row || !row->Selected()) return;
   const std::string name = row->Text();
+  // What was changed in the very note that is clicked stays.
+  if ((name != loaded_ || !changed_) && !load(name)) return;
+  Text1.Text = std::string(paths::baseName(name));
+}
+
+bool places::Form46::load(const std::string& name) {
   if (!mayLose()) {
     if (loaded_.empty() || !notes.selectName(loaded_)) ListView1.selectNone();
-    return;
+    return false;
   }
-  const auto bytes = desk_.files().readFile(notes.path(*row), LongestNote);
-  if (!bytes) return desk_.program.dialogs.alert("Cannot Load Note !\r" + name + " :  " + bytes.error().text);
+  const auto bytes = desk_.files().readFile(notes.folder() + name, LongestNote);
+  if (!bytes) {
+    desk_.program.dialogs.alert("Cannot Load Note !\r" + name + " :  " + bytes.error().text);
+    return false;
+  }
   RichTextBox1.setDocument(core::readRtf(*bytes).text);
   loaded_ = name;
   changed_ = false;
-  Text1.Text = std::string(paths::baseName(name));
+  return true;
 }
 
 void places::Form46::ListView1_DblClick(controls::ListItem row) {
@@ -193,7 +202,8 @@ bool places::Form46::save() {
     Text1.SetFocus();
     return false;
   }
-  const std::string file = notes.fileOf(name);
+  // A note of elsewhere may write its extension in small letters: it is the note of that name all the same.
+  const std::string file = paths::baseName(loaded_) == name ? notes.folder() + loaded_ : notes.fileOf(name);
   if (!notes.makeFolder() || !mayReplace(name, file)) return false;
   const auto written = kept_.write(file, core::writeRtf(RichTextBox1.Document()));
   if (!written) {

@@ -47,6 +47,8 @@ class Form46 : public controls::Form {
   void Command4_Click();
   void showFormat();
 
+  /// Shows the note of that row; false: the text in the box stays.
+  bool load(const std::string& name);
   /// Saves under the name in the box; false: it was not.
   bool save();
   /// A file that stands there may go. One that could not be read to its end is noted as such.

@@ -17,6 +17,7 @@ void CleanWindows::CleanPrefetch_Click() {
   const auto facts = files.info(folder);
   const auto deleted = facts && facts->isLink ? files.deleteFile(folder, true) : files.deleteFolder(folder, true);
   (void)files.createFolder(folder);
+  desk_.listing.ViewUpdateAll(folder);
   if (!deleted) return desk_.program.dialogs.alert(deleted.error().text);
   desk_.program.dialogs.inform("Prefetch Folder Cleaned !");
 }
@@ -49,6 +50,7 @@ void CleanWindows::deleteFiles(const Leftovers& leftovers) {
     if (const auto deleted = program.files().deleteFile(path, true); !deleted)
       left.push_back(std::string(file.name) + ":  " + core::reasonOf(deleted.error(), std::string(file.name)));
   }
+  desk_.listing.ViewUpdateAll(folder);
   if (!left.empty())
     return program.dialogs.alert(core::leftOutText(std::to_string(left.size()) + " File(s) NOT Deleted !", left));
   program.dialogs.inform(leftovers.deleted);

@@ -84,7 +84,8 @@ void tools::Form17::Form_Activate() {
   desk_.program.loop.runBeside(
       [info, letter = drive_, &drives = desk_.program.platform.drives] { *info = drives.info(letter); },
       [this, info, letter = drive_] {
-        if (shown_ && letter == drive_ && *info) showDrive(**info);
+        // What a drive without a medium would tell are zeros: its labels stay empty.
+        if (shown_ && letter == drive_ && *info && (*info)->ready) showDrive(**info);
       });
   showMemory();
   if (std::exchange(tests_, false)) desk_.program.loop.later([this] { Command1_Click(); });

@@ -130,6 +130,7 @@ void Form41::showRows(const std::string& folder, const std::vector<core::Item>& 
 void Form41::showCount() { Label3.Caption = "Entries In View :  " + std::to_string(ListView1.count()); }
 
 void Form41::showTitle() {
+  Caption = Title;
   const auto row = ListView1.SelectedItem();
   if (!row) return;
   const std::string item = itemOf(*row);
@@ -139,6 +140,7 @@ void Form41::showTitle() {
 
 void Form41::Command3_Click() {
   const auto selected = ListView1.selectedIds();
+  if (selected.empty()) return desk_.selection.nonselect();
   if (!desk_.program.dialogs.AskRetry("You are about to Delete \r" + std::to_string(selected.size()) +
                                       " Item(s) !\rAre you Sure ?"))
     return;
@@ -158,6 +160,7 @@ void Form41::Command3_Click() {
     ListView1.add(row.text, row.icon).setSubItem(1, row.name);
   if (ListView1.count() > 0) ListView1.focusRow(0);
   showCount();
+  showTitle();
 }
 
 void Form41::ListView1_DblClick() {

@@ -50,7 +50,7 @@ TEST_F(CommandTreeTest, AClickNamesTheFolderAndADoubleClickGoesThere) {
 TEST_F(CommandTreeTest, ItFollowsTheActivePanel) {
   rig.click(left(), "\\ Sub");
   EXPECT_FALSE(window().Command6.Enabled);
-  EXPECT_EQ(window().Image2.Picture.get(), "");
+  EXPECT_EQ(window().Image2.Picture.get(), window().Image2.Fallback.get());
   rig.click(left(), "a");
   EXPECT_TRUE(window().Command6.Enabled);
   EXPECT_EQ(window().Image2.Picture.get(), "C:\\Work\\a.txt");

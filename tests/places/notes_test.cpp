@@ -61,6 +61,8 @@ TEST_F(NotesTest, ANoteIsSavedUnderItsNameAndComesBackOnAClick) {
     EXPECT_EQ(notes().Text1.Text.get(), "shopping");
     notes().Text1.DblClick();
     EXPECT_EQ(notes().Text1.Text.get(), "");
+    click("shopping.Rtf");
+    EXPECT_EQ(notes().Text1.Text.get(), "shopping") << "a click on the note that is shown names it again";
   });
   EXPECT_EQ(kept("My Note Name.Rtf"), core::writeRtf(RichText::of("other")));
 }

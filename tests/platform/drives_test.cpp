@@ -153,7 +153,7 @@ TEST(Drives, MapOverridesTheVolume) {
   TempFolder temp;
   PathMap map(parseDriveFile("[D]\nfolder=" + temp.path() + "\nfilesystem=CDFS\ntype=cdrom\nlabel=DISC\nserial=-5\n" +
                              "total=700\nfree=0\n[E]\nfolder=" + temp.path() +
-                             "\nnotready\n[F]\nfolder=/no/such/folder\n"));
+                             "\nnotready\nshare=away\n[F]\nfolder=/no/such/folder\n"));
   const PosixDrives drives(map);
   const auto disc = drives.info('D');
   ASSERT_TRUE(disc);
@@ -163,7 +163,7 @@ TEST(Drives, MapOverridesTheVolume) {
   EXPECT_EQ(disc->totalBytes, 700u);
   EXPECT_EQ(disc->availableBytes, 0u);
   for (const char letter : {'E', 'F'})
-    EXPECT_FALSE(drives.info(letter)->ready) << letter;
+    EXPECT_TRUE(!drives.info(letter)->ready && drives.info(letter)->share == (letter == 'E' ? "away" : "")) << letter;
   EXPECT_EQ(drives.info('F')->totalBytes, 0u);
 }
 

@@ -55,6 +55,7 @@ DriveInfo unreadyDrive(const DriveMapping& drive) {
   DriveInfo info;
   info.letter = drive.letter;
   info.type = drive.type.value_or(DriveType::Unknown);
+  info.share = drive.share.value_or(std::string());
   return info;
 }
 

@@ -40,6 +40,10 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
 
   void updateOwn() override {
     setEditable(self.Editable);
+    if (QLineEdit* const field = drawn.lineEdit()) {  // which assistive technology shows as a control of its own
+      if (field->accessibleName() != accessibleName()) field->setAccessibleName(accessibleName());
+      field->setToolTip(drawn.toolTip());
+    }
     if (self.Items.get() != items_) showItems();
     showChoice();
     markChoice();

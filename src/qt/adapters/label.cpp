@@ -52,6 +52,10 @@ class LabelAdapter : public Joined<controls::Label, QLabel> {
     drawn.setText(breakable(told_, metrics, line));
     drawn.setWordWrap(designedWrap_ || tooWide);
     drawn.setMinimumWidth(fits || tooWide ? std::min(widest + metrics.averageCharWidth(), line) : designedWidth_);
+    // A text that is broken needs its height, too, or the smallest window cuts its lines off.
+    if (!fits) return;
+    drawn.setMinimumHeight(0);  // that of the text before
+    if (drawn.wordWrap()) drawn.setMinimumHeight(drawn.heightForWidth(drawn.minimumWidth()));
   }
 
   int lineWidth(const QFontMetrics& metrics) const {
