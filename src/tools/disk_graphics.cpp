@@ -200,11 +200,13 @@ void tools::Form45::showResults() {
   for (const UsageItem& each : *items_)
     values.push_back({each.text, static_cast<double>(each.bytes)});
   MSChart1.Values = std::move(values);
-  // Of several equal ones the first holds the place; where all are empty nothing is the largest.
+  // Of several equal ones the first holds the place; where all are empty there is none.
   const auto largest = std::ranges::max_element(*items_, {}, &UsageItem::bytes),
              smallest = std::ranges::min_element(*items_, {}, &UsageItem::bytes);
-  if (largest->bytes > 0) showHolder(Label3, *largest);
-  showHolder(Label4, *smallest);
+  if (largest->bytes > 0) {
+    showHolder(Label3, *largest);
+    showHolder(Label4, *smallest);
+  }
   desk_.form.Caption = "Varnholt, - Calculation Done...";
   Caption = "Disk Usage In Graphics, - " + std::to_string(items_->size()) + " Item(s)";
   Command4.Enabled = true;
