@@ -8,7 +8,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace varnholt::filters {
@@ -56,10 +55,7 @@ class FilterTest {
   /// The moments between which a date lies, both excluded.
   struct Span {
     platform::Date after, before;
-    bool holds(const platform::Date& date) const { return isBefore(after, date) && isBefore(date, before); }
-    static bool isBefore(const platform::Date& a, const platform::Date& b) {
-      return std::pair(a.seconds, a.nanoseconds) < std::pair(b.seconds, b.nanoseconds);
-    }
+    bool holds(const platform::Date& date) const { return after < date && date < before; }
   };
 
   std::vector<std::string> patterns_;  ///< in lower case

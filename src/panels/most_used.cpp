@@ -74,8 +74,7 @@ void keepLatest(const core::Program& program, Entries& entries) {
   const Dates dates = accessDates(program, entries);
   std::vector<std::size_t> order(entries.size());
   std::iota(order.begin(), order.end(), 0);
-  std::ranges::stable_sort(order, {},
-                           [&](std::size_t at) { return std::pair(dates[at].seconds, dates[at].nanoseconds); });
+  std::ranges::stable_sort(order, {}, [&](std::size_t at) { return dates[at]; });
   std::vector<bool> goes(entries.size());
   for (std::size_t at = 0; at < entries.size() - Stored; ++at)
     goes[order[at]] = true;
