@@ -64,7 +64,7 @@ void FileOpener::openByType(const std::string& path) {
     return;
   }
   program_.dialogs.alert("Trying Alternate Opening Method ! .....");
-  if (openAddress("file://" + path, "file:///" + path, NoExplorer)) Filehis_store(path);
+  OpenItemPath(path);
 }
 
 std::string FileOpener::reggetdata(const std::string& path) const {
