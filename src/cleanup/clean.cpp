@@ -143,7 +143,8 @@ void Clean::Command3_Click() {
 
 bool Clean::mayClean() {
   auto& dialogs = desk_.program.dialogs;
-  const auto drive = desk_.program.drive(Form16_.root().front());
+  const auto hits = scan_.hits();
+  const auto drive = desk_.program.drive((hits ? hits->root : Form16_.root()).front());
   if (!drive || !drive->ready) {
     dialogs.inform("\rCannot Clean, - Drive(s) Not Ready !\rFunction Exits !");
     return false;
@@ -152,7 +153,7 @@ bool Clean::mayClean() {
     dialogs.inform("\rCannot Clean From CD-Rom/DVD-Rom !\rFunction Exits !");
     return false;
   }
-  if (!scan_.hits() || Form16_.ListView1.count() == 0) {
+  if (!hits || Form16_.ListView1.count() == 0) {
     Form16_.Text1.Text = "Nothing to Clean,- make a new scan !";
     return false;
   }
@@ -253,6 +254,7 @@ std::size_t Clean::deleteFiles(const std::vector<const platform::FoundFile*>& fi
     (void)desk_.files().writeOut(scan_.hits()->root, false);
   });
   pointer = controls::pointer::Default;
+  desk_.listing.ViewRenew();
   return gone;
 }
 

@@ -56,10 +56,16 @@ std::string HitRows::cell(std::uint32_t row, int column) const {
     const std::string& version = hits_->versions[hits_->rows[row]];
     return version.empty() ? std::string(NotAvailable) : core::properNames(version);
   }
+  case column::SizeKey:
+    return core::format("000,000,000,000", found.size, regional);
+  case column::DateKey:
+    return hasDate() ? core::dateKey(program_.platform.clock.local(dateOf(found))) : std::string();
   default:
     return {};
   }
 }
+
+bool HitRows::hasDate() const { return !datesNotAvailable_ || program_.init.DateSystem != "3"; }
 
 const platform::Date& HitRows::dateOf(const platform::FoundFile& file) const {
   const std::string& which = program_.init.DateSystem;
@@ -67,7 +73,7 @@ const platform::Date& HitRows::dateOf(const platform::FoundFile& file) const {
 }
 
 std::string HitRows::dateText(const platform::FoundFile& file) const {
-  if (datesNotAvailable_ && program_.init.DateSystem == "3") return std::string(NotAvailable);
+  if (!hasDate()) return std::string(NotAvailable);
   return core::panelRowDate(program_.init.DateTimeFormat, program_.platform.clock.local(dateOf(file)));
 }
 

@@ -42,6 +42,7 @@ class HitRows : public controls::RowSource {
   std::string line(std::uint32_t row) const;
 
  private:
+  bool hasDate() const;
   const platform::Date& dateOf(const platform::FoundFile& file) const;
   std::string dateText(const platform::FoundFile& file) const;
 

@@ -187,7 +187,7 @@ void Form16::Form_Activate() {
   auto headers = ListView1.ColumnHeaders.get();
   if (!headers.empty()) headers[column::Date].Text = core::dateColumnTitle(desk_.program.init.DateSystem);
   ListView1.ColumnHeaders = headers;
-  showCaption();
+  takeRoot();
 }
 
 void Form16::showCaption() { Caption = Title + platform::upperCase(root_) + " ..."; }
@@ -217,9 +217,15 @@ void Form16::Command5_Click() {
 }
 
 void Form16::Check10_Click() {
-  const panels::Panel& panel = activePanel();
   Drive1.Enabled = !Check10.Value;
-  setRoot(Check10.Value ? panel.path() : paths::driveOf(Drive1.Text.get()) + '\\');
+  takeRoot();
+}
+
+void Form16::takeRoot() {
+  if (Check10.Value) return setRoot(activePanel().path());
+  // A drive that is gone stands in no box.
+  const std::string drive = paths::driveOf(Drive1.Text.get());
+  setRoot(drive.empty() ? activePanel().driveRoot() : drive + '\\');
 }
 
 void Form16::Drive1_Change() {
@@ -249,6 +255,7 @@ void Form16::show(std::shared_ptr<const Hits> hits) {
 
 void Form16::clearHits() {
   ListView1.clear();
+  showCaption();
   Image2.Picture = "";
   Picture1.IconName = "";
   Picture1.PictureData = "";

@@ -67,7 +67,6 @@ class Form16 : public controls::Form {
   bool options() const { return options_; }
   /// The drive or folder to scan, as a path.
   const std::string& root() const { return root_; }
-  void setRoot(const std::string& root);
 
   void show(std::shared_ptr<const Hits> hits);
   void clearHits();
@@ -77,7 +76,6 @@ class Form16 : public controls::Form {
   void setRunning(bool running);
   /// A call runs that the stop button, or Esc, ends.
   void letStop(bool running);
-  void showCaption();
 
   core::StoppableCall work{loop()};
 
@@ -89,6 +87,10 @@ class Form16 : public controls::Form {
   void Form_Activate();
   const panels::Panel& activePanel() const;
   void fillDrives();
+  void setRoot(const std::string& root);
+  /// The active panel may have gone elsewhere while the dialog was hidden.
+  void takeRoot();
+  void showCaption();
   void Drive1_Change();
   void Check10_Click();
   void Command4_Click();

@@ -228,8 +228,10 @@ Tests Form30::tests() const {
 // --- Lists ---------------------------------------------------------------------------------------------------------
 
 void Form30::ClearResults() {
-  for (controls::ListView* list : {&ListView1, &ListView2})
+  for (controls::ListView* list : {&ListView1, &ListView2}) {
     if (list->count() > 0) list->clear();
+    setOrder(*list, false);
+  }
   Text1.Visible = false;
 }
 
@@ -248,7 +250,7 @@ std::vector<Transfer> Form30::rows(const controls::ListView& list) const {
 
 void Form30::show(const controls::ListView& list, std::vector<Transfer> rows) {
   auto& shown = &list == &ListView1 ? ListView1 : ListView2;
-  shown.setSorted(false);
+  setOrder(shown, false);
   shown.setRows(std::make_shared<Rows>(std::move(rows)));
 }
 
@@ -277,12 +279,16 @@ void Form30::ListView_DblClick(const Direction& direction) {
 }
 
 void Form30::ListView_ColumnClick(controls::ListView& list, int number) {
-  const bool ascends = list.SortOrder() == controls::SortOrder::Ascending;
   list.setSortKey(number - 1);
-  list.setSortOrder(ascends ? controls::SortOrder::Descending : controls::SortOrder::Ascending);
+  setOrder(list, list.SortOrder() == controls::SortOrder::Ascending);
   list.setSorted(true);
+}
+
+void Form30::setOrder(controls::ListView& list, bool descends) {
+  list.setSorted(false);
+  list.setSortOrder(descends ? controls::SortOrder::Descending : controls::SortOrder::Ascending);
   auto headers = list.ColumnHeaders.get();
-  headers.front().Icon = ascends ? SortedDownIcon : SortedUpIcon;
+  headers.front().Icon = descends ? SortedDownIcon : SortedUpIcon;
   list.ColumnHeaders = headers;
 }
 

@@ -83,6 +83,8 @@ class Form30 : public controls::Form {
   void ListView_Click(const Direction& direction);
   void ListView_DblClick(const Direction& direction);
   void ListView_ColumnClick(controls::ListView& list, int number);
+  /// Rows come in the order of their panel until a header is clicked.
+  static void setOrder(controls::ListView& list, bool descends);
 
   panels::Desk& desk_;
   bool report_ = false;

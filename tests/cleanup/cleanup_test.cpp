@@ -212,6 +212,7 @@ TEST_F(CleanUpTest, TheListIsStillThereBehindALookAtAFilesFolder) {
   rig.loop.whenShows("Form16").run([&](controls::Form&) { clean("Command1"); }).press("Command2");
   rig.command("Command17_Click");
   EXPECT_FALSE(rig.exists("C:\\In\\Sub\\a.tmp"));
+  EXPECT_EQ(rig.form().Panel1.list.count(), 0u);
   open([&] { EXPECT_TRUE(rows().empty()); });
 }
 

@@ -223,6 +223,9 @@ TEST_F(CompareTest, ARowTellsItsFile) {
     EXPECT_EQ(details(1), "Name: empty ,Size:  Bytes,  Date: 14-11-23  22:13:20,  Version: NA");
     dialog().ListView1.headerFromUser(1);
     EXPECT_EQ(toRight(), (Names{"empty Missing", "a.exe Missing"}));
+    const int turned = dialog().ListView1.ColumnHeaders->front().Icon;
+    execute();
+    EXPECT_NE(dialog().ListView1.ColumnHeaders->front().Icon, turned);
   });
 }
 
