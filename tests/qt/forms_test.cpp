@@ -8,6 +8,7 @@
 #include "support/app_rig.hpp"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -73,6 +74,9 @@ TEST_F(DrawnForms, EveryControlIsFoundByOneNameAndSaysWhatItIsFor) {
       if (!widget) continue;
       EXPECT_TRUE(widget->focusPolicy() == Qt::NoFocus || !widget->toolTip().isEmpty())
           << form->name() << "." << control->name() << " has no tool tip";
+      EXPECT_TRUE(!qobject_cast<const QAbstractItemView*>(widget) ||
+                  widget->accessibleDescription() == widget->toolTip())
+          << form->name() << "." << control->name() << ": its tool tip is not spoken";
       if (control->kind() == controls::Kind::MenuItem) continue;
       const QString name = widget->accessibleName();
       const auto* label = dynamic_cast<const controls::Label*>(control);

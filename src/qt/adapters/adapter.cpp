@@ -4,6 +4,7 @@
 #include "qt/text.hpp"
 #include "qt/theme.hpp"
 
+#include <QAbstractItemView>
 #include <QAbstractScrollArea>
 #include <QLabel>
 
@@ -61,6 +62,9 @@ void Adapter::applyCommon() {
   if (widget_.isHidden() == control_.Visible.get()) widget_.setVisible(control_.Visible);
   const QString tip = plainToolTip(control_.ToolTipText.get());
   widget_.setToolTip(tip.isEmpty() ? designedToolTip_ : tip);
+  // The toolkit speaks the tool tip of every widget but of lists and trees.
+  if (qobject_cast<QAbstractItemView*>(&widget_) && widget_.accessibleDescription() != widget_.toolTip())
+    widget_.setAccessibleDescription(widget_.toolTip());
   drops_.update();
   const int pointer = control_.MousePointer;
   if (pointer == controls::pointer::Default) {
