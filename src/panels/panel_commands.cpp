@@ -149,7 +149,7 @@ Rows selectRows(Desk& d, PanelKeys& k) {
        .toolTip = "Show the number of selected items in the status bar",
        .heading = "Select",
        .menuText = "Show Selected &Count",
-       .run = [&d] { toggle(d, "Psi"); }},
+       .run = [&d] { d.selection.Psi_Click(); }},
   };
 }
 

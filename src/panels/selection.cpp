@@ -113,6 +113,14 @@ void Selection::letRowsGo() {
     (void)set.items();
 }
 
+void Selection::Psi_Click() {
+  auto& entry = form_.Menu["Psi"];
+  entry.Checked = !entry.Checked;
+  form_.StatusBar1.setPanel(status::SelectedCount, "");
+  const Panel* panel = form_.activePanel();
+  if (entry.Checked && panel && panel->list.selectedCount() > 0) showCount(panel->list.selectedCount());
+}
+
 void Selection::ClickPane() {
   if (Panel* active = form_.activePanel()) Click(*active);
 }
@@ -178,7 +186,7 @@ Selection::Sum Selection::sizeOfSelected(Panel& panel) {
 
 void Selection::reportSelected(Panel& panel) {
   report(panel.list.selectedCount(), sizeOfSelected(panel));
-  showCount(panel.list.selectedCount());
+  if (form_.Menu.checked("Psi")) showCount(panel.list.selectedCount());
   form_.events.selectionChanged(panel);
 }
 

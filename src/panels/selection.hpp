@@ -62,6 +62,7 @@ class Selection {
   void Inversel_Click();
   void Selsize_Click();
   void IncludeFolder_Click();
+  void Psi_Click();
 
   // --- Recall ----------------------------------------------------------------------------------------------------
   void Command16_Click();

@@ -113,7 +113,8 @@ void TreeWindow::redraw() {
   if (!Form9_.Visible) return;
   build(form_.Panel1);
   build(form_.Panel2);
-  TreedisplayItem();
+  const Panel* panel = form_.activePanel();
+  if (panel && panel->list.SelectedItem()) TreedisplayItem();
 }
 
 // --- Building ------------------------------------------------------------------------------------------------------
@@ -189,7 +190,7 @@ void TreeWindow::TreedisplayItem() {
   if (!Form9_.Visible) return;
   Panel* panel = form_.activePanel();
   const auto item = panel ? panel->list.SelectedItem() : std::nullopt;
-  if (!item || !panel->rows) return;
+  if (!item || !panel->rows) return Form9_.StatusBar1.setPanel(tree_status::Item, "");
   std::string line = panel->fileName(*item);
   if (core::characterCount(line) > LongItem) line = "...\\" + std::string(core::lastCharacters(line, LongItem));
   const auto& entry = panel->rows->entry(item->id());

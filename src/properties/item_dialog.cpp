@@ -42,6 +42,7 @@ void properties::Form15::dressFacts() {
   dressLocked(Text4, "Size of the item");
   dressLocked(Text5, "Date Created");
   dressLocked(Text6, "Date last modified");
+  dressLocked(Text7, "Attributes in words");
   dressLocked(Check1, "Archive", "Changed since it was archived");
   dressLocked(Check2, "Hidden", "Not shown in ordinary views");
   dressLocked(Check3, "Read-Only", "Not to be changed or deleted");

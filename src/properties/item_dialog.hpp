@@ -17,6 +17,7 @@ class Form15 : public controls::Form {
   controls::TextBox Text4{*this, "Text4"};  ///< size; of a folder once it was asked for
   controls::TextBox Text5{*this, "Text5"};  ///< date created
   controls::TextBox Text6{*this, "Text6"};  ///< date last modified
+  controls::TextBox Text7{*this, "Text7"};  ///< attributes in words
   // Archive, hidden, read-only; system, compressed, indexed.
   controls::CheckBox Check1{*this, "Check1"}, Check2{*this, "Check2"}, Check3{*this, "Check3"};
   controls::CheckBox Check4{*this, "Check4"}, Check5{*this, "Check5"}, Check6{*this, "Check6"};

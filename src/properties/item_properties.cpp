@@ -1,5 +1,6 @@
 #include "properties/item_properties.hpp"
 
+#include "core/attribute_words.hpp"
 #include "core/item_text.hpp"
 #include "platform/paths.hpp"
 
@@ -100,6 +101,7 @@ void ItemProperties::showBoxes() {
   Form15_.Check4.Value = (value & attribute::System) != 0;
   Form15_.Check5.Value = (value & attribute::Compressed) != 0;
   Form15_.Check6.Value = data_ && data_->isIndexed;
+  Form15_.Text7.Text = data_ ? std::string(core::propertiesAttributes(value)) : std::string();
 }
 
 std::string ItemProperties::type() const {

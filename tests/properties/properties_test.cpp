@@ -41,10 +41,10 @@ TEST_F(ItemPropertiesTest, AFileAndAFolderTellTheirFacts) {
     EXPECT_FALSE(dialog().Image1.Visible || dialog().Command11.Enabled || dialog().Command1.Enabled);
     EXPECT_EQ(dialog().Text2.Text.get() + dialog().Text1.Text.get(), "C:\\From\\note.txt");
     EXPECT_EQ(dialog().Text4.Text.get() + "|" + dialog().Text6.Text.get(), "1,234  Bytes|09-03-07  12:00");
-    EXPECT_EQ(boxes(), "110001");
+    EXPECT_EQ(boxes() + dialog().Text7.Text.get(), "110001Archive and Hidden");
   });
   view({"\\ Sub"}, [this] {
-    EXPECT_EQ(dialog().Text3.Text.get(), "Folder");
+    EXPECT_EQ(dialog().Text3.Text.get() + "|" + dialog().Text7.Text.get(), "Folder|Folder(16), Normal");
     EXPECT_EQ(dialog().Text4.Text.get(), "") << "not computed until it is asked for";
     EXPECT_FALSE(dialog().Command4.Enabled);
     dialog().Command1.press();
@@ -87,7 +87,7 @@ TEST_F(ItemPropertiesTest, AResetLeavesSystemAloneAndThePanelShowsIt) {
   protect("C:\\From\\sys.txt", System | Archive);
   view({"a", "sys"}, [this] {
     dialog().Command4.press();
-    EXPECT_EQ(boxes(), "000001");
+    EXPECT_EQ(boxes() + dialog().Text7.Text.get(), "000001No Attributes !");
     dialog().Image2.press();
     dialog().Command4.press();
     EXPECT_EQ(boxes(), "000101");
