@@ -55,7 +55,7 @@ class FilterTest {
   /// The moments between which a date lies, both excluded.
   struct Span {
     platform::Date after, before;
-    bool holds(const platform::Date& date) const { return after < date && date < before; }
+    bool holds(const platform::Date& date) const { return isBefore(after, date) && isBefore(date, before); }
   };
 
   std::vector<std::string> patterns_;  ///< in lower case

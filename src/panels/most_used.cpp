@@ -74,7 +74,7 @@ void keepLatest(const core::Program& program, Entries& entries) {
   const Dates dates = accessDates(program, entries);
   std::vector<std::size_t> order(entries.size());
   std::iota(order.begin(), order.end(), 0);
-  std::ranges::stable_sort(order, {}, [&](std::size_t at) { return dates[at]; });
+  std::ranges::stable_sort(order, [&](std::size_t a, std::size_t b) { return isBefore(dates[a], dates[b]); });
   std::vector<bool> goes(entries.size());
   for (std::size_t at = 0; at < entries.size() - Stored; ++at)
     goes[order[at]] = true;

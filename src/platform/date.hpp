@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <cstdint>
 
 namespace varnholt::platform {
@@ -11,9 +10,14 @@ namespace varnholt::platform {
 struct Date {
   std::int64_t seconds = 0;
   std::int32_t nanoseconds = 0;
-  auto operator<=>(const Date&) const = default;
+  bool operator==(const Date&) const = default;
 };
 #pragma pack(pop)
+
+/// Whether `a` is the earlier one. The members cannot be tied: for a reference they are not aligned.
+constexpr bool isBefore(const Date& a, const Date& b) {
+  return a.seconds != b.seconds ? a.seconds < b.seconds : a.nanoseconds < b.nanoseconds;
+}
 
 /// A moment taken apart in local time. month 1 to 12, day 1 to 31, weekday 0 (Sunday) to 6.
 struct CalendarTime {
