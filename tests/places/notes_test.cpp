@@ -91,17 +91,17 @@ TEST_F(NotesTest, ABadNameAndARefusedQuestionWriteNothing) {
 }
 
 TEST_F(NotesTest, ANoteThatHoldsMoreIsSavedOverOnlyWhenTheUserSaysSo) {
-  keep("a.Rtf", beyond);
+  keep("a.rtf", beyond);
   const std::string more =
       "Note:  \ra   Holds More Than Text And Its Look !\rPictures, tables, fonts and alike are lost. Save ?";
   inNotes(
       [&] {
-        click("a.Rtf");
+        click("a.rtf");
         EXPECT_EQ(text(), "a");
         notes().Command1.press();
-        EXPECT_EQ(kept("a.Rtf"), beyond);
+        EXPECT_EQ(kept("a.rtf"), beyond);
         notes().Command1.press();
-        EXPECT_EQ(kept("a.Rtf"), core::writeRtf(RichText::of("a")));
+        EXPECT_EQ(kept("a.rtf"), core::writeRtf(RichText::of("a")));
       },
       {test::yes(), test::no(more), test::yes(), test::yes(more)});
 }
