@@ -51,13 +51,16 @@ Failed judgeTarget(const struct stat& source, CopySide& to, const char* name, co
 /// What volumes say that have no modes, times or syncing of their own.
 bool cannotKeep(int error) { return error == EPERM || error == EOPNOTSUPP || error == ENOSYS; }
 
-/// A file that lends the rights of its owner or group to whoever runs it lends nobody else's.
-mode_t modeFor(int to, const struct stat& facts) {
-  constexpr mode_t lends = S_ISUID | S_ISGID;
+/// A file that lends the rights of its owner or group to whoever runs it lends nobody else's. Most new files were made
+/// with the right mode, and to look is quicker than to set. Gives 0 or errno.
+int copyMode(int to, const struct stat& facts) {
+  constexpr mode_t all = 07777, lends = S_ISUID | S_ISGID;
   struct stat made {};
-  const bool own = !(facts.st_mode & lends) ||
-                   (::fstat(to, &made) == 0 && made.st_uid == facts.st_uid && made.st_gid == facts.st_gid);
-  return facts.st_mode & (own ? 07777 : 07777 & ~lends);
+  const bool known = ::fstat(to, &made) == 0;
+  const bool own = known && made.st_uid == facts.st_uid && made.st_gid == facts.st_gid;
+  const mode_t mode = facts.st_mode & (own ? all : all & ~lends);
+  if (known && (made.st_mode & all) == mode) return 0;
+  return ::fchmod(to, mode) == 0 || cannotKeep(errno) ? 0 : errno;
 }
 
 /// Everything of a file but its bytes and its native attributes. Extended attributes before the mode: a file that may
@@ -66,7 +69,7 @@ mode_t modeFor(int to, const struct stat& facts) {
 int copyFacts(int from, int to, const struct stat& facts, bool moves) {
   if (const int error = copyExtendedAttributes(from, to)) return error;
   if (moves) giveOwner(facts, to);
-  if (::fchmod(to, modeFor(to, facts)) != 0 && !cannotKeep(errno)) return errno;
+  if (const int error = copyMode(to, facts)) return error;
   const timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
   return ::futimens(to, times) == 0 || cannotKeep(errno) ? 0 : errno;
 }
@@ -97,8 +100,11 @@ int writeOut(int fd, off_t size, CopyMonitor& monitor) {
 
 /// Fills a new file. Gives nothing when all is done but its name.
 Failed fill(TempFile& file, int source, const FileCopy& copy, CopyMonitor& monitor) {
-  const int created =
-      copy.rules.freshFolder ? file.createAs(copy.to.folder, copy.toName, 0600) : file.create(copy.to.folder, 0600);
+  constexpr mode_t ours = S_IRUSR | S_IWUSR;
+  // In a folder that nobody else can enter yet, a file has its mode from the start.
+  const int created = copy.rules.freshFolder
+                          ? file.createAs(copy.to.folder, copy.toName, (copy.facts.st_mode & 0777) | ours)
+                          : file.create(copy.to.folder, ours);
   if (created) return atTarget(created);
   if (const int error = copyBytes(source, file.fd(), copy.facts, monitor))
     return error == ECANCELED ? stopped() : error == EIO ? atSource(error) : atTarget(error);
