@@ -1,5 +1,6 @@
 #include "qt/leave_signals.hpp"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QSessionManager>
 #include <QSocketNotifier>
@@ -33,6 +34,7 @@ LeaveSignals::LeaveSignals() {
         if (store) store();
       },
       Qt::DirectConnection);
+  qGuiApp->installEventFilter(this);
   if (::pipe2(ends_, O_CLOEXEC | O_NONBLOCK) != 0) return;
   told = ends_[1];
   notifier_ = new QSocketNotifier(ends_[0], QSocketNotifier::Read, this);
@@ -54,6 +56,14 @@ LeaveSignals::~LeaveSignals() {
   told = -1;
   for (const int end : ends_)
     if (end >= 0) ::close(end);
+}
+
+bool LeaveSignals::eventFilter(QObject* object, QEvent* event) {
+  // Behind it the session's manager ends its programs. The toolkit would ask each window to close, and the main one
+  // does not while a dialog stands.
+  if (object != qGuiApp || event->type() != QEvent::Quit || !leave) return false;
+  leave();
+  return true;
 }
 
 void LeaveSignals::read() {

@@ -15,6 +15,8 @@ class LeaveSignals : public QObject {
   LeaveSignals();
   ~LeaveSignals() override;
 
+  bool eventFilter(QObject* object, QEvent* event) override;
+
   std::function<void()> store;  ///< the session ends: what is open may be asked for later, so the program goes on
   std::function<void()> leave;  ///< called at a turn of the message loop, whichever handler gives it
 

@@ -1,6 +1,7 @@
 #include "core/message_dialogs.hpp"
 #include "drawn.hpp"
 #include "qt/blocking_call.hpp"
+#include "qt/leave_signals.hpp"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -336,6 +337,15 @@ TEST_F(MessageLoop, TheHourglassShowsAtTheNextTurn) {
   loop.screen().MousePointer = controls::pointer::Default;
   loop.flush();
   EXPECT_FALSE(QApplication::overrideCursor());
+}
+
+TEST_F(MessageLoop, TheEndOfTheSessionIsNotLeftToTheWindows) {
+  qt::LeaveSignals ends;
+  int asked = 0;
+  ends.leave = [&] { ++asked; };
+  QEvent end(QEvent::Quit);
+  QCoreApplication::sendEvent(qApp, &end);
+  EXPECT_EQ(asked, 1);
 }
 
 }  // namespace
