@@ -266,11 +266,13 @@ QRect FormWindow::wantedPlace() const {
 }
 
 void FormWindow::place(const QWidget* caller) {
-  const QScreen* screen = caller ? caller->screen() : QGuiApplication::primaryScreen();
-  const QRect room = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
-  QRect wanted;
   // Dialogs stand on their caller each time anew, the other windows where they stood.
   const bool staysWhereItStood = widget_->windowType() == Qt::Window || widget_->windowType() == Qt::Tool;
+  const QScreen* screen = staysWhereItStood && hasPlace() ? QGuiApplication::screenAt(wantedPlace().center()) : nullptr;
+  // Where it stood may be gone.
+  if (!screen) screen = caller ? caller->screen() : QGuiApplication::primaryScreen();
+  const QRect room = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
+  QRect wanted;
   placed_ = placedByProgram();
   if (staysWhereItStood ? hasPlace() : placed_) {
     wanted = wantedPlace();

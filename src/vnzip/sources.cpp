@@ -25,7 +25,8 @@ std::string withoutDoubledSlashes(std::string_view path) {
 }
 
 std::string folded(std::string text) {
-  std::ranges::transform(text, text.begin(), [](unsigned char c) { return c < 128 ? std::tolower(c) : c; });
+  // Not as the locale tells it: the order of an archive is the same everywhere.
+  std::ranges::transform(text, text.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c; });
   return text;
 }
 
