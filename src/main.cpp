@@ -2,6 +2,7 @@
 #include "app/arguments.hpp"
 #include "core/diagnostic_log.hpp"
 #include "platform/crash_report.hpp"
+#include "platform/standard_streams.hpp"
 #include "qt/run_program.hpp"
 
 #include <cstdio>
@@ -49,6 +50,7 @@ std::unique_ptr<qt::RunningProgram> start(qt::QtMessageLoop& loop, const std::ve
 }  // namespace
 
 int main(int argc, char** argv) {
+  platform::openStandardStreams();
   if (const auto answer = app::answerWithoutWindow({argv + 1, argv + argc})) {
     std::fputs(answer->text.c_str(), answer->exitCode == 0 ? stdout : stderr);
     return answer->exitCode;

@@ -1,6 +1,7 @@
 #include "app/arguments.hpp"
 
 #include "core/diagnostic_log.hpp"
+#include "platform/file_address.hpp"
 #include "platform/paths.hpp"
 
 #include <filesystem>
@@ -11,7 +12,8 @@ namespace {
 constexpr const char* Help = "Usage: varnholt [LEFT [RIGHT]]\n"
                              "\n"
                              "Two folders side by side. LEFT and RIGHT are the folders to begin with, as\n"
-                             "paths of the system (/home/me/Photos) or of the program (C:\\Photos).\n"
+                             "paths of the system (/home/me/Photos) or of the program (C:\\Photos), or\n"
+                             "addresses (file:///home/me/Photos).\n"
                              "\n"
                              "  --help       show this text\n"
                              "  --version    show the version\n"
@@ -46,10 +48,13 @@ std::vector<std::string> foldersNamed(const std::vector<std::string>& arguments)
       continue;
     }
     std::error_code failed;
-    if (isProgramPath(argument))
+    if (isProgramPath(argument)) {
       folders.push_back(platform::paths::driveOf(argument) + argument.substr(2));
-    else
-      folders.push_back(fs::absolute(argument, failed).lexically_normal().string());
+      continue;
+    }
+    // Some desktops hand over addresses.
+    const std::string named = platform::systemPathOfAddress(argument);
+    folders.push_back(fs::absolute(named.empty() ? argument : named, failed).lexically_normal().string());
   }
   return folders;
 }

@@ -6,7 +6,6 @@
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
-#include <cctype>
 
 namespace varnholt::panels {
 namespace {
@@ -23,12 +22,9 @@ struct Mark {
   bool isPath = false;
 };
 
-// Marks are ASCII, their letter case ignored.
+// Marks are in small letters; the text's case is ignored, and not as the locale tells it: Turkish has two letters i.
 bool begins(std::string_view text, std::string_view mark) {
-  const auto sameLetter = [](char a, char b) {
-    return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
-  };
-  return std::ranges::equal(text.substr(0, mark.size()), mark, sameLetter);
+  return platform::foldCase(text.substr(0, mark.size())) == mark;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "properties/item_properties.hpp"
 
 #include "core/attribute_words.hpp"
+#include "core/error_words.hpp"
 #include "core/item_text.hpp"
 #include "platform/paths.hpp"
 
@@ -148,7 +149,12 @@ void ItemProperties::Command4_Click() {
   const auto reset = desk_.files().resetAttributes(item().path);
   Itemdata();
   showBoxes();
-  if (reset) changed_ = true;
+  if (reset) {
+    changed_ = true;
+    return;
+  }
+  const std::string name(paths::fileName(item().path));
+  desk_.program.dialogs.alert(name + ",  - Attributes Not Changed !\r" + core::reasonOf(reset.error(), name));
 }
 
 void ItemProperties::Command2_Click() {

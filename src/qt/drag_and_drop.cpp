@@ -1,5 +1,6 @@
 #include "qt/drag_and_drop.hpp"
 
+#include "platform/file_address.hpp"
 #include "platform/paths.hpp"
 #include "qt/text.hpp"
 #include "qt/theme.hpp"
@@ -8,7 +9,6 @@
 #include <QFontMetrics>
 #include <QMimeData>
 #include <QPainter>
-#include <QSysInfo>
 #include <QUuid>
 #include <QWidget>
 
@@ -22,25 +22,6 @@ constexpr char OwnDrag[] = "application/x-varnholt-drag";
 
 QByteArray uriOf(const std::string& systemPath) {
   return "file://" + QByteArray::fromStdString(systemPath).toPercentEncoding("/");
-}
-
-bool isThisMachine(const QByteArray& host) {
-  return host.isEmpty() || host.compare("localhost", Qt::CaseInsensitive) == 0 ||
-         host.compare(QSysInfo::machineHostName().toUtf8(), Qt::CaseInsensitive) == 0;
-}
-
-// The path as the disk has it, byte for byte: a name need not be UTF-8. Empty text: no file of this machine.
-std::string systemPathOf(const QByteArray& uri) {
-  constexpr QByteArrayView Scheme("file:");
-  if (uri.left(Scheme.size()).compare(Scheme, Qt::CaseInsensitive) != 0) return {};
-  QByteArray path = uri.mid(Scheme.size());
-  if (path.startsWith("//")) {
-    const auto slash = path.indexOf('/', 2);
-    if (slash < 0 || !isThisMachine(path.mid(2, slash - 2))) return {};
-    path.remove(0, slash);
-  }
-  path = QByteArray::fromPercentEncoding(path);
-  return path.startsWith('/') && !path.contains('\0') ? path.toStdString() : std::string();
 }
 
 // What hangs at the pointer: the one name, or how many there are.
@@ -101,7 +82,7 @@ std::optional<DragAndDrop::Load> DragAndDrop::read(const QMimeData& data) const 
   for (const QByteArray& line : data.data(QLatin1String(UriList)).split('\n')) {
     const QByteArray uri = line.trimmed();
     if (uri.isEmpty() || uri.startsWith('#')) continue;
-    const std::string path = systemPathOf(uri);
+    const std::string path = platform::systemPathOfAddress({uri.constData(), static_cast<size_t>(uri.size())});
     std::string file = path.empty() || !paths_.toProgram ? std::string() : paths_.toProgram(path);
     if (file.empty()) return {};
     load.files.push_back(std::move(file));

@@ -5,6 +5,7 @@
 #include "qt/input.hpp"
 #include "qt/pictures.hpp"
 #include "qt/text.hpp"
+#include "qt/widgets/scroller.hpp"
 #include "qt/widgets/surface.hpp"
 
 #include <QAbstractButton>
@@ -44,9 +45,11 @@ bool isDrawn(const controls::Control& control) {
   return control.kind() != controls::Kind::Timer && control.kind() != controls::Kind::MenuItem;
 }
 
+QRect roomOn(const QRect& screen) { return screen.adjusted(0, 0, 0, -FrameAllowance); }
+
 // `window` stands with its frame's corner where it says, and is as large as its inside.
 QRect fittedToScreen(QRect window, const QRect& screen) {
-  const QRect room = screen.adjusted(0, 0, 0, -FrameAllowance);
+  const QRect room = roomOn(screen);
   window.setSize(window.size().boundedTo(room.size()));
   window.moveLeft(std::clamp(window.left(), room.left(), std::max(room.left(), room.right() - window.width() + 1)));
   window.moveTop(std::clamp(window.top(), room.top(), std::max(room.top(), room.bottom() - window.height() + 1)));
@@ -266,12 +269,15 @@ QRect FormWindow::wantedPlace() const {
 }
 
 void FormWindow::place(const QWidget* caller) {
-  const QScreen* screen = caller ? caller->screen() : QGuiApplication::primaryScreen();
-  const QRect room = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
-  QRect wanted;
   // Dialogs stand on their caller each time anew, the other windows where they stood.
   const bool staysWhereItStood = widget_->windowType() == Qt::Window || widget_->windowType() == Qt::Tool;
+  const QScreen* screen = staysWhereItStood && hasPlace() ? QGuiApplication::screenAt(wantedPlace().center()) : nullptr;
+  // Where it stood may be gone.
+  if (!screen) screen = caller ? caller->screen() : QGuiApplication::primaryScreen();
+  const QRect room = screen ? screen->availableGeometry() : QRect(0, 0, 1280, 800);
+  QRect wanted;
   placed_ = placedByProgram();
+  letScroll(room);
   if (staysWhereItStood ? hasPlace() : placed_) {
     wanted = wantedPlace();
   } else {
@@ -297,6 +303,17 @@ void FormWindow::updateLayout() {
     each->layout()->activate();
     each->updateGeometry();
   }
+}
+
+// True: it does from now on. A small screen, large letters, or more options that have come up.
+bool FormWindow::letScroll(const QRect& screen) {
+  auto* dialog = qobject_cast<QDialog*>(widget_.data());
+  if (!dialog || dialog->findChild<QScrollArea*>(QString(), Qt::FindDirectChildrenOnly)) return false;
+  const QSize least = dialog->layout()->totalMinimumSize(), room = roomOn(screen).size();
+  if (least.boundedTo(room) == least) return false;
+  new Scroller(*dialog);
+  updateLayout();
+  return true;
 }
 
 QSize FormWindow::comfortableSize(const QSize& room) const {
@@ -431,6 +448,11 @@ bool FormWindow::eventFilter(QObject*, QEvent* event) {
     noteGeometry();
     if (widget_->isVisible()) report(form_.Resize);
     return false;
+  case QEvent::LayoutRequest: {
+    const QRect screen = widget_->screen()->availableGeometry();
+    if (widget_->isVisible() && letScroll(screen)) putAt(QRect(widget_->pos(), widget_->size()), screen);
+    return false;
+  }
   case QEvent::Show:
     noteGeometry();
     return false;

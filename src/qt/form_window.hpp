@@ -74,6 +74,7 @@ class FormWindow : public QObject, private Host {
   void updateSkin();
   void place(const QWidget* caller);
   void updateLayout();
+  bool letScroll(const QRect& screen);
   QSize comfortableSize(const QSize& room) const;
   void putAt(QRect wanted, const QRect& room);
   bool hasPlace() const;

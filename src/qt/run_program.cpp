@@ -53,6 +53,9 @@ int runProgram(int argc, char** argv, const std::function<void()>& prepare, cons
   });
   // The toolkit takes its own arguments out.
   const QApplication application(argc, argv);
+  // The texts are English, and speak of a left and a right panel: a desktop's own translations, where they are loaded,
+  // would mirror them.
+  QGuiApplication::setLayoutDirection(Qt::LeftToRight);
   beside.join();
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   theme::apply();

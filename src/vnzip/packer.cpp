@@ -1,12 +1,12 @@
 #include "vnzip/packer.hpp"
 
+#include "platform/posix/posix_error.hpp"
 #include "platform/posix/unique_fd.hpp"
 #include "vnzip/container.hpp"
 #include "vnzip/vnzip.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 
 #include <fcntl.h>
 #include <libdeflate.h>
@@ -66,7 +66,7 @@ void packLink(const Source& source, Piece& piece) {
   std::string target(source.size + 1, '\0');
   const ssize_t length = ::readlink(source.path.c_str(), target.data(), target.size());
   if (length != static_cast<ssize_t>(source.size)) {
-    piece.failure = length < 0 ? std::strerror(errno) : "it has changed";
+    piece.failure = length < 0 ? platform::posix::errorWords(errno) : "it has changed";
     return;
   }
   target.resize(source.size);
@@ -79,7 +79,7 @@ void pack(const Source& source, Piece& piece, WholeFiles& wholeFiles) {
   if (source.isLink) return packLink(source, piece);
   const UniqueFd file(::open(source.path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
   if (!file) {
-    piece.failure = std::strerror(errno);
+    piece.failure = platform::posix::errorWords(errno);
     return;
   }
   const std::uint64_t back = std::min(piece.offset, Window);

@@ -1,10 +1,10 @@
 #include "vnzip/sources.hpp"
 
 #include "platform/posix/dos_attributes.hpp"
+#include "platform/posix/posix_error.hpp"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <memory>
 
 #include <dirent.h>
@@ -25,7 +25,8 @@ std::string withoutDoubledSlashes(std::string_view path) {
 }
 
 std::string folded(std::string text) {
-  std::ranges::transform(text, text.begin(), [](unsigned char c) { return c < 128 ? std::tolower(c) : c; });
+  // Not as the locale tells it: the order of an archive is the same everywhere.
+  std::ranges::transform(text, text.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c; });
   return text;
 }
 
@@ -72,7 +73,7 @@ void Sources::addFolder(const Taking& taking, std::size_t drive, const std::stri
                         std::vector<Source>& sources) {
   int error = 0;
   const auto names = namesIn(folder, error);
-  if (error) return leftOut_(folder, std::strerror(error));
+  if (error) return leftOut_(folder, platform::posix::errorWords(error));
   if (names.empty()) return leftOut_(folder, "an empty folder");
   std::vector<std::string> folders;
   dev_t device = 0;
@@ -95,7 +96,7 @@ void Sources::addFolder(const Taking& taking, std::size_t drive, const std::stri
 
 void Sources::addFile(const Taking& taking, std::size_t drive, const std::string& path, std::vector<Source>& sources) {
   struct stat facts {};
-  if (::lstat(path.c_str(), &facts) != 0) return leftOut_(path, std::strerror(errno));
+  if (::lstat(path.c_str(), &facts) != 0) return leftOut_(path, platform::posix::errorWords(errno));
   if (own_.contains({facts.st_dev, facts.st_ino})) return leftOut_(path, "the archive itself");
   if (!S_ISREG(facts.st_mode) && !S_ISLNK(facts.st_mode))
     return leftOut_(path, S_ISDIR(facts.st_mode) ? "a folder" : "a pipe, socket or device");

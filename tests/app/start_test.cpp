@@ -243,6 +243,8 @@ TEST(Arguments, AreAnsweredWithoutAWindowOrNameFolders) {
   const std::string here = std::filesystem::current_path();
   EXPECT_EQ(foldersNamed({"c:\\x", "--", "--odd"}), (List{"C:\\x", here + "/--odd"}));
   EXPECT_EQ(foldersNamed({"/a/../b", "."}).front(), "/b");
+  EXPECT_EQ(foldersNamed({"file:///a%20b/%c3%a4", "file://elsewhere/a"}),
+            (List{"/a b/\xC3\xA4", here + "/file:/elsewhere/a"}));
 }
 
 TEST_F(StartTest, WithoutAutoSaveTheHistoriesStayAsTheyAre) {

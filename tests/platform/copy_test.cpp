@@ -229,11 +229,12 @@ TEST_F(Copies, WholeTreesWithTheirFactsAlsoOverThemselves) {
 
 TEST_F(Copies, MergesAndKeepsWhatIsThere) {
   temp.file("from/same", "new").file("from/f/b", "2").file("to/same", "old").file("to/f/other", "3");
-  temp.mode("to/f", 0700);
+  temp.file("from/g/h/c", "4").mode("to/f", 0700).mode("to", 02755);
   ASSERT_EQ(copyTree("from", "to"), Done);
   EXPECT_EQ(temp.read("to/same"), "new");
   EXPECT_EQ(temp.names("to/f"), (Names{"b", "other"}));
   EXPECT_EQ(temp.facts("to/f").st_mode & 0777, 0700u) << "a folder that was there keeps its own";
+  EXPECT_TRUE(temp.facts("to/g/h").st_mode & S_ISGID) << "what is made in a shared folder is shared, too";
 }
 
 TEST_F(Copies, PassesOverWhatCannotBeCopiedAndTellsAllOfIt) {

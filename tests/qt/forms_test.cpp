@@ -207,6 +207,20 @@ TEST_F(DrawnForms, NothingIsCutInLargerFonts) {
   }
 }
 
+TEST_F(DrawnForms, WhereTheScreenIsTooSmallADialogScrollsToWhatHasTheKeyboard) {
+  const QFont before = QApplication::font();
+  const auto back = qScopeGuard([&] { QApplication::setFont(before); });
+  QFont larger = before;
+  larger.setPointSizeF(before.pointSizeF() * 3);
+  QApplication::setFont(larger);
+  QWidget& window = draw(app.filters.Form24).widget();
+  EXPECT_TRUE(window.screen()->availableGeometry().contains(window.geometry()));
+  QApplication::setActiveWindow(&window);
+  auto* last = window.findChild<QWidget*>(QStringLiteral("Command2"));
+  last->setFocus();
+  EXPECT_TRUE(window.rect().contains(QRect(last->mapTo(&window, QPoint()), last->size())));
+}
+
 // Every text that may hold a name: labels of the questions, fields, lists to choose from. Labels of the rename dialog
 // show a shortened name, those of the dates show dates, those of the properties, the drives and the network count,
 // those of the compare name file systems, those of the notes their fields, and those of the help count topics.

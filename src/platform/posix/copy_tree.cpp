@@ -151,6 +151,14 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     return error;
   }
 
+  /// The source's permissions and `more`. A folder that hands its group on to what is made in it has handed that on,
+  /// too: a folder that many share stays shared all the way down.
+  static void giveMode(const CopyFolder& folder, mode_t more) {
+    struct stat made {};
+    const mode_t handed = ::fstat(folder.target.get(), &made) == 0 ? made.st_mode & S_ISGID : 0;
+    (void)::fchmod(folder.target.get(), (folder.facts.st_mode & 07777) | handed | more);
+  }
+
   void batchRead(WalkFolder& walked, const DirentBatch& batch) override {
     CopyFolder& folder = own(walked);
     folder.entriesRead += batch.count();
@@ -162,7 +170,7 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
   void entriesDone(WalkFolder& walked) override {
     CopyFolder& folder = own(walked);
     // As near to its permissions as the copy of what is below it allows: a kill before the end leaves these.
-    if (folder.made) (void)::fchmod(folder.target.get(), (folder.facts.st_mode & 07777) | S_IRWXU);
+    if (folder.made) giveMode(folder, S_IRWXU);
     if (const int error = settle(folder)) leaveOut(systemError(error, folder.targetPath()));
   }
 
@@ -193,7 +201,7 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     (void)copyExtendedAttributes(folder.fd.get(), folder.target.get());
     CopySide from{folder.fd.get(), folder.fromStore}, to{folder.target.get(), folder.toStore};
     copyNativeAttributes(from, ".", to.store, "/proc/self/fd/" + std::to_string(to.folder));
-    (void)::fchmod(folder.target.get(), folder.facts.st_mode & 07777);
+    giveMode(folder, 0);
     const timespec times[2] = {{0, UTIME_OMIT}, folder.facts.st_mtim};
     (void)::futimens(folder.target.get(), times);
     // After a failure: what was copied stays, unless its name is taken.

@@ -51,9 +51,13 @@ ErrorCode errorCodeOf(int errorNumber) {
   }
 }
 
+const char* errorWords(int errorNumber) {
+  const char* const words = ::strerrordesc_np(errorNumber);
+  return words ? words : "Unknown error";
+}
+
 Error systemError(int errorNumber, std::string systemPath) {
-  char buffer[128] = "";
-  return {errorCodeOf(errorNumber), std::move(systemPath), ::strerror_r(errorNumber, buffer, sizeof buffer)};
+  return {errorCodeOf(errorNumber), std::move(systemPath), errorWords(errorNumber)};
 }
 
 Error refusal(ErrorCode code, std::string systemPath, const char* text) { return {code, std::move(systemPath), text}; }

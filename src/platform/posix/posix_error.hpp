@@ -9,6 +9,9 @@ namespace varnholt::platform::posix {
 /// The code that callers act on, from errno.
 ErrorCode errorCodeOf(int errorNumber);
 
+/// What the system says of errno, in English whatever the locale is, as all texts of the program are.
+const char* errorWords(int errorNumber);
+
 /// The one place where errno becomes an Error. The path is given in system form; the file system object turns it
 /// into program form where a result leaves it.
 Error systemError(int errorNumber, std::string systemPath);

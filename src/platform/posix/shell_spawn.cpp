@@ -1,5 +1,7 @@
 #include "platform/posix/shell_spawn.hpp"
 
+#include "platform/posix/posix_error.hpp"
+
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -101,7 +103,7 @@ Result<pid_t> spawn(const Launch& launch) {
   pid_t child = 0;
   // The library's call tells a failing exec by its answer, through a shared page instead of a pipe.
   const int error = ::posix_spawnp(&child, words[0], actions.get(), attributes.get(), words.data(), environment.data());
-  if (error != 0) return Error{codeOf(error), {}, std::strerror(error)};
+  if (error != 0) return Error{codeOf(error), {}, errorWords(error)};
   return child;
 }
 

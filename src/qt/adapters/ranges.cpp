@@ -14,6 +14,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace varnholt::qt {
@@ -64,8 +65,14 @@ class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
   MonthViewAdapter(Host& host, controls::MonthView& control, QCalendarWidget& widget) : Joined(host, control, widget) {
     drawn.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     // The names by which the toolkit calls its own parts.
-    for (const auto& [part, icon] : {std::pair{"qt_calendar_prevmonth", "back"}, {"qt_calendar_nextmonth", "forward"}})
-      if (auto* button = drawn.findChild<QToolButton*>(QLatin1String(part))) button->setIcon(iconNamed(icon));
+    for (const auto& [part, icon, name] : {std::tuple{"qt_calendar_prevmonth", "back", "Previous month"},
+                                           {"qt_calendar_nextmonth", "forward", "Next month"}}) {
+      auto* button = drawn.findChild<QToolButton*>(QLatin1String(part));
+      if (!button) continue;
+      button->setIcon(iconNamed(icon));
+      button->setAccessibleName(QLatin1String(name));
+      button->setToolTip(QLatin1String(name));
+    }
     // Its own ground is the accent, on which the accent of the arrows would be lost.
     if (auto* bar = drawn.findChild<QWidget*>(QStringLiteral("qt_calendar_navigationbar")))
       bar->setBackgroundRole(QPalette::Button);
@@ -93,6 +100,8 @@ class MonthViewAdapter : public Joined<controls::MonthView, QCalendarWidget> {
       drawn.setWeekdayTextFormat(weekday, weekend);
     const auto& [year, month, day] = self.Value.get();
     drawn.setSelectedDate(QDate(year, month, day));
+    // The days have the keyboard, and are what is spoken.
+    if (days_) days_->setAccessibleName(accessibleName());
   }
 
  private:
