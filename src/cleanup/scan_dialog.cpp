@@ -241,7 +241,7 @@ void Form16::Drive1_Change() {
 }
 
 void Form16::FlotingPointError(const controls::TextBox& box) {
-  if (!box.Text->empty() && !filters::readNumber(box.Text.get(), desk_.program.platform.regional))
+  if (!box.Text->empty() && !filters::readNumber(core::trimmed(box.Text.get()), desk_.program.platform.regional))
     desk_.program.dialogs.alert("Input Not Numeric !");
 }
 

@@ -23,6 +23,9 @@ InitState LoadInitSettings(const Settings& settings, bool regionHasTwelveHourClo
   for (const auto& [key, field] : Fields)
     state.*field = settings.get(*key);
   if (state.DateTimeFormat.empty()) state.DateTimeFormat = regionHasTwelveHourClock ? "1" : "0";
+  // A damaged value reads as what is shown for it, so that the menus tell the same.
+  if (state.DateTimeFormat != "1") state.DateTimeFormat = "0";
+  if (state.DateSystem != "2" && state.DateSystem != "3") state.DateSystem = "1";
   return state;
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/item_text.hpp"
 #include "core/program_files.hpp"
+#include "core/text_character.hpp"
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
@@ -29,10 +30,12 @@ bool PresetStore::isReserved(std::string_view name) {
 
 std::vector<std::string> PresetStore::names() {
   if (!program_.files().fileExists(path())) (void)program_.files().writeFile(path(), "");
-  auto lines = core::splitEntries(kept_.read(path()));
-  for (std::string& line : lines)
-    line = platform::upperCase(line);
-  return lines;
+  std::vector<std::string> names;
+  for (const std::string& line : core::splitEntries(kept_.read(path()))) {
+    std::string name = platform::upperCase(core::trimmed(line));
+    if (!name.empty() && std::ranges::find(names, name) == names.end()) names.push_back(std::move(name));
+  }
+  return names;
 }
 
 std::string PresetStore::text(const std::string& name) const {

@@ -68,6 +68,7 @@ TEST_F(PresetsTest, ANewPresetIsKeptInCapitalsAndOutlivesTheProgram) {
   make("ärger");
   EXPECT_EQ(kept(), "WEEKLY\r\nÄRGER\r\n");
 
+  ASSERT_TRUE(rig.platform->files.writeFile(file(), kept() + "weekly \n  \n"));
   rig.restart();
   rig.startLeft();
   inStatic([](Form20& dialog) { EXPECT_EQ(rows(dialog.ListView1), (Names{"WEEKLY|The Weekly Backup", "ÄRGER|"})); });
