@@ -45,8 +45,8 @@ void ListView::pressFromUser(std::optional<std::uint32_t> row, const MouseEvent&
     return;
   }
   if (!plain && mouse.modifiers.shift) {
-    const std::uint32_t anchor = anchorId_ ? rowOf(*anchorId_) : *row;
-    selectRange(anchor, *row, mouse.modifiers.ctrl);
+    if (!anchorId_) anchorId_ = id;
+    selectRange(rowOf(*anchorId_), *row, mouse.modifiers.ctrl);
     focusedId_ = id;
     return;
   }
@@ -102,8 +102,8 @@ std::optional<std::uint32_t> ListView::keyTarget(int code, std::uint32_t page) c
 void ListView::moveFocusTo(std::uint32_t row, const Modifiers& modifiers) {
   const std::uint32_t id = idAt(row);
   if (MultiSelect && modifiers.shift) {
-    const std::uint32_t anchor = anchorId_ ? rowOf(*anchorId_) : row;
-    selectRange(anchor, row, modifiers.ctrl);
+    if (!anchorId_) anchorId_ = id;
+    selectRange(rowOf(*anchorId_), row, modifiers.ctrl);
     focusedId_ = id;
     markChanged();
   } else if (MultiSelect && modifiers.ctrl) {

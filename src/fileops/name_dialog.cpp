@@ -47,7 +47,9 @@ std::optional<std::string> fileops::Form32::ask(NameQuestion question) {
 }
 
 void fileops::Form32::Command11_Click() {
-  const std::string name(core::trimmed(Text1.Text.get()));
+  // A name that was left as it stands may begin or end with blanks.
+  const std::string& keyed = Text1.Text.get();
+  const std::string name(keyed == question_.preset ? keyed : core::trimmed(keyed));
   if (name.empty() || name == question_.emptyAnswer) return Text1.prompt(question_.emptyAnswer);
   if (const auto refused = core::firstRefusedCharacter(name)) {
     dialogs_.alert(core::refusedCharacterText(*refused));

@@ -46,7 +46,8 @@ class Form32 : public NameForm {
  public:
   explicit Form32(core::MessageDialogs& dialogs);
 
-  /// The trimmed name, which holds no character that a file name may not; nothing when the user cancels.
+  /// The name, trimmed unless it is the preset one, without a character that a file name may not hold; nothing when the
+  /// user cancels.
   std::optional<std::string> ask(NameQuestion question);
 
  private:

@@ -148,8 +148,10 @@ void Navigation::parentFolder(Panel& panel) {
 
 bool Navigation::goTo(Panel& panel, const std::string& folder) {
   if (!exists(folder)) return false;
-  if (!paths::sameFolder(panel.path(), folder)) panel.parentTrail.push(panel.path());
-  panel.forwardStack.clear();
+  if (!paths::sameFolder(panel.path(), folder)) {
+    panel.parentTrail.push(panel.path());
+    panel.forwardStack.clear();
+  }
   panel.setPath(folder);
   fstack_push(panel);
   enter(panel);

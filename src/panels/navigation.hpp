@@ -22,7 +22,10 @@ class Navigation {
   }
 
   // --- The stacks of places --------------------------------------------------------------------------------------
-  void fstack_push(Panel& panel) { panel.backStack.push(panel.path()); }
+  /// A folder that is the newest entry already is none to go back to.
+  void fstack_push(Panel& panel) {
+    if (panel.backStack.newest() != panel.path()) panel.backStack.push(panel.path());
+  }
   /// Lists the panel's folder as the place just entered; its entry stays on the back stack.
   void enter(Panel& panel);
   /// One step back: a newest entry that is the panel's own folder goes first; a folder that is gone is dropped and the

@@ -102,9 +102,9 @@ struct SearchAdvance {
 /// As Progress.
 using SearchProgress = std::function<bool(const SearchAdvance&)>;
 
-/// What a compare asks of one file; links as what they lead to.
+/// What a compare asks of one file; links as what they lead to, those that lead nowhere as themselves.
 struct FileFacts {
-  std::uint64_t size = 0;  ///< bytes; 0 for a link that leads nowhere
+  std::uint64_t size = 0;  ///< bytes
   Date modified;
   bool isThere = false;   ///< as FileSystem::fileExists tells it, and for an entry that may not be asked
   bool hasDates = false;  ///< false too for one that could not be asked, with size 0

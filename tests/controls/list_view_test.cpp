@@ -106,7 +106,8 @@ TEST_F(ListViewTest, KeysMoveExtendToggleAndMark) {
   fill({"a", "b", "c", "d", "e", "f"});
   constexpr Modifiers None{}, Shift{true, false, false}, Ctrl{false, true, false};
   const std::tuple<int, Modifiers, std::uint32_t, const char*> rows[] = {
-      {key::Down, None, 0, "a"},           {key::Down, None, 1, "b"},
+      {key::Down, Shift, 0, "a"},          {key::Down, Shift, 1, "a b"},
+      {key::Home, None, 0, "a"},           {key::Down, None, 1, "b"},
       {key::Down, Shift, 2, "b c"},        {key::Down, Shift, 3, "b c d"},
       {key::Up, Shift, 2, "b c"},          {key::Down, Ctrl, 3, "b c"},
       {key::Down, Ctrl, 4, "b c"},         {key::Space, Ctrl, 4, "b c e"},

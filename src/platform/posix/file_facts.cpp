@@ -37,12 +37,12 @@ FileFacts askFacts(int folder, const char* name) {
   struct statx asked;
   if (::statx(folder, name, AT_NO_AUTOMOUNT, Wanted, &asked) == 0) {
     if (S_ISDIR(asked.stx_mode)) return facts;
-    facts.size = asked.stx_size;
   } else if (::statx(folder, name, AT_NO_AUTOMOUNT | AT_SYMLINK_NOFOLLOW, Wanted, &asked) != 0) {
     facts.isThere = errno != ENOENT && errno != ENOTDIR && errno != ENAMETOOLONG && errno != ELOOP;
     return facts;
   }
   facts.isThere = facts.hasDates = true;
+  facts.size = asked.stx_size;
   facts.modified = {asked.stx_mtime.tv_sec, static_cast<std::int32_t>(asked.stx_mtime.tv_nsec)};
   return facts;
 }
