@@ -3,6 +3,7 @@
 #include "qt/text.hpp"
 #include "qt/theme.hpp"
 
+#include <QAccessibleWidget>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLocale>
@@ -46,9 +47,15 @@ double roundStep(double number) {
   return 10 * power;
 }
 
+QAccessibleInterface* spokenChart(const QString&, QObject* object) {
+  auto* chart = qobject_cast<ChartView*>(object);
+  return chart ? new QAccessibleWidget(chart, QAccessible::Chart) : nullptr;
+}
+
 }  // namespace
 
 ChartView::ChartView(QWidget* parent) : QWidget(parent) {
+  QAccessible::installFactory(spokenChart);  // a factory that is known already is not taken twice
   setFocusPolicy(Qt::StrongFocus);
   scroll_.hide();
   scroll_.setFocusPolicy(Qt::NoFocus);

@@ -19,7 +19,8 @@ constexpr int SmallestSide = 32, LargestIcon = 128;
 
 class SpokenPicture : public QAccessibleWidget {
  public:
-  explicit SpokenPicture(PictureView& view) : QAccessibleWidget(&view, QAccessible::Client), view_(view) {}
+  explicit SpokenPicture(PictureView& view) : QAccessibleWidget(&view), view_(view) {}
+  QAccessible::Role role() const override { return view_.isPressable() ? QAccessible::Button : QAccessible::Graphic; }
   QStringList actionNames() const override {
     QStringList names = QAccessibleWidget::actionNames();
     if (view_.isPressable()) names.prepend(pressAction());
