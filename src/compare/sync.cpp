@@ -69,6 +69,12 @@ class Transfers {
   void single(Transfer& row) {
     const std::string source = paths::join(from_, row.name), target = paths::join(to_, row.name);
     const std::uint64_t before = done_;
+    // A link to a folder, too, is a folder to whoever looks at that side.
+    if (row.reason == Reason::Missing && files_.folderExists(target)) {
+      row.failure = "Not copied: a folder has that name";
+      done_ = before + row.bytes;
+      return;
+    }
     const auto progress = [&](std::uint64_t bytes) {
       done_ = before + bytes;
       return work_.goesOn();

@@ -234,7 +234,9 @@ void FormWindow::show(bool modal, const QWidget* caller) {
   widget_->ensurePolished();
   place(caller);
   widget_->winId();
-  if (caller && caller != widget_) widget_->windowHandle()->setTransientParent(caller->window()->windowHandle());
+  QWindow *const own = widget_->windowHandle(), *const above = caller ? caller->window()->windowHandle() : nullptr;
+  // Two windows that stood on each other in turn must not form a circle: the toolkit would walk it without end.
+  if (above && !own->isAncestorOf(above, QWindow::IncludeTransients) && above != own) own->setTransientParent(above);
   if (QWidget* first = firstFocus()) first->setFocus(Qt::OtherFocusReason);
   showDefaultButton();
   widget_->show();

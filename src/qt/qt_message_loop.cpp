@@ -30,7 +30,8 @@ constexpr int MeanwhileMilliseconds = 100;
 
 const QWidget* callerWindow() {
   if (const QWidget* modal = QApplication::activeModalWidget()) return modal;
-  if (const QWidget* active = QApplication::activeWindow()) return active;
+  // A window that has just been hidden is the active one until the window system tells of another.
+  if (const QWidget* active = QApplication::activeWindow(); active && active->isVisible()) return active;
   const auto tops = QApplication::topLevelWidgets();
   const auto shown = std::ranges::find_if(
       tops, [](const QWidget* each) { return each->isVisible() && each->windowType() == Qt::Window; });
@@ -125,6 +126,8 @@ void QtMessageLoop::flush() {
   std::vector<controls::Form*> dirty;
   for (auto& [form, entry] : forms_)
     if (std::exchange(entry.dirty, false)) dirty.push_back(form);
+  // What comes stands on a window that stays.
+  std::stable_partition(dirty.begin(), dirty.end(), [](const controls::Form* form) { return !form->Visible; });
   for (controls::Form* form : dirty)
     if (forms_.contains(form)) drawForm(*form);
   endHiddenModals();

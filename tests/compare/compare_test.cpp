@@ -157,6 +157,8 @@ TEST_F(CompareTest, ASyncReplacesWhatItTellsAndKeepsTheRestInItsList) {
   file("link", Side{"left", 9}, {});
   file("kept", {}, Side{"linked"});
   ASSERT_EQ(::symlink("kept", rig.systemPath("D:\\R\\link").c_str()), 0);
+  file("toDir", Side{"left"}, {});
+  ASSERT_EQ(::symlink("dir", rig.systemPath("D:\\R\\toDir").c_str()), 0);
   open([&] {
     toggle(dialog().Check3);
     toggle(dialog().Check8);
@@ -165,14 +167,14 @@ TEST_F(CompareTest, ASyncReplacesWhatItTellsAndKeepsTheRestInItsList) {
     EXPECT_FALSE(rig.exists("D:\\R\\new"));
     EXPECT_TRUE(toRight().empty()) << "what a sync has found does not stay for reading";
     execute({{"Form11", "", question}});  // the close box is no refusal
-    EXPECT_EQ(toRight(), (Names{"dir Missing"}));
-    EXPECT_EQ(dialog().StatusBar1.panel(2), "Not Copied:   1 File(s)");
+    EXPECT_EQ(toRight(), (Names{"dir Missing", "toDir Missing"}));
+    EXPECT_EQ(dialog().StatusBar1.panel(2), "Not Copied:   2 File(s)");
     EXPECT_NE(dialog().ListView1.rowToolTip(dialog().ListView1.item(0)), "");
   });
   EXPECT_EQ(rig.read("D:\\R\\new") + rig.read("D:\\R\\protected") + rig.read("D:\\R\\link"), "leftleftleft");
   EXPECT_EQ(rig.read("D:\\R\\kept"), "linked") << "nothing is written through a link";
   EXPECT_EQ(files().attributes("D:\\R\\protected").valueOr(0) & platform::attribute::ReadOnly, 0u);
-  EXPECT_EQ(rig.names(right()).size(), 5u) << "the panel shows the result";
+  EXPECT_EQ(rig.names(right()).size(), 6u) << "the panel shows the result";
 }
 
 TEST_F(CompareTest, AFileThatBothSidesWantEndsAsTheLeftOne) {

@@ -283,6 +283,10 @@ TEST_F(EditFileTest, AnExistingFileIsReplacedOnlyWhenTheUserAgrees) {
   }
   start("Command13_Click", {types("Sub"), told("Folder:  Sub\rAlready Exist !")}, {});
   EXPECT_EQ(edited(), Names{"C:\\From\\a.txt"});
+  rig.scratch.file("home/From/kept", "kept").link("home/From/link", "kept");
+  start("Command13_Click", {types("link"), yes("File:  link\rAlready Exist !, OverWrite ?")}, {});
+  EXPECT_EQ(rig.read("C:\\From\\kept") + rig.read("C:\\From\\link"), "kept")
+      << "what a link leads to is not asked about";
 }
 
 }  // namespace

@@ -117,6 +117,18 @@ TEST_F(MessageLoop, AQuestionThatComesAgainAtOnceHasTheKeyboard) {
   }
 }
 
+TEST_F(MessageLoop, ADialogDoesNotStandOnAWindowThatHasJustGone) {
+  core::Form12 beside(loop);
+  beside.Show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(windowOf(loop, beside)));
+  beside.Visible = false;
+  whenShown(dialogs.Form11, [&](QWidget* window) {
+    EXPECT_EQ(window->windowHandle()->transientParent(), nullptr);
+    press(window, "Command1");
+  });
+  dialogs.ask("Go on ?");
+}
+
 TEST_F(MessageLoop, AFormMayEndInItsOwnHandler) {
   auto form = std::make_unique<core::Form12>(loop);
   form->Label1.Caption = "Going away";
