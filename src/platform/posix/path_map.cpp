@@ -131,7 +131,8 @@ Result<std::string> PathMap::toProgram(std::string_view path) const {
 }
 
 void PathMap::appendNameToProgram(std::string_view name, std::string& out) {
-  if (name.find_first_of("\\\xEF") == std::string_view::npos) {
+  // One look for each: a search for either of them asks about each letter by a call.
+  if (name.find('\\') == std::string_view::npos && name.find('\xEF') == std::string_view::npos) {
     out += name;
     return;
   }
