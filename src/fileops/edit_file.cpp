@@ -35,8 +35,10 @@ void EditFile::makeFile(panels::Panel& panel, const std::string& name) {
   }
   if (desk_.files().fileExists(path) && !dialogs.AskRetry("File:  " + name + "\rAlready Exist !, OverWrite ?")) return;
   // The question named a link, not the file behind it, which keeps what it holds.
-  if (const auto there = desk_.files().info(path); there && there->isLink) (void)desk_.files().deleteFile(path, false);
-  if (const auto written = desk_.files().writeFile(path, ""); !written) {
+  const auto there = desk_.files().info(path);
+  auto written = there && there->isLink ? desk_.files().deleteFile(path, false) : platform::Result<void>();
+  if (written) written = desk_.files().writeFile(path, "");
+  if (!written) {
     dialogs.alert("File:  " + name + "\r" + written.error().text);
     return;
   }
