@@ -69,6 +69,9 @@ App::App(controls::MessageLoop& loop, platform::Platform& platform)
   dress();
 }
 
+// Here, so that not everyone who holds a program compiles the ends of all its windows.
+App::~App() = default;
+
 // --- Start ---------------------------------------------------------------------------------------------------------
 
 bool App::Main() {

@@ -38,6 +38,7 @@ namespace varnholt::app {
 class App {
  public:
   App(controls::MessageLoop& loop, platform::Platform& platform);
+  ~App();
 
   /// Brings the program up: screen, settings, environment, splash, skin, main window. False: it cannot go on, the user
   /// was told, and nothing is shown.

@@ -20,7 +20,7 @@ struct Program {
   InitState init{};
   EnvironmentFolders folders{};
 
-  platform::FileSystem& files() const { return waitedFiles; }
+  platform::FileSystem& files() const { return *waitedFiles; }
   /// Starts a command as Shell::start does; its folder may lie on a drive that does not answer.
   platform::Result<std::int64_t> start(const std::string& command, const std::string& folder = {}) const {
     return loop.ask([&] { return platform.shell.start(command, folder); });
@@ -34,7 +34,7 @@ struct Program {
     return facts && facts->ready;
   }
 
-  mutable WaitedFiles waitedFiles{platform.files, loop};
+  std::unique_ptr<platform::FileSystem> waitedFiles = makeWaitedFiles(platform.files, loop);
 };
 
 }  // namespace varnholt::core

@@ -118,7 +118,7 @@ TEST_F(Commands, TheMenusAreInOrder) {
 TEST_F(Commands, EveryNameInTheSourcesIsInTheTable) {
   const std::regex asked(R"re([Mm]enu\["(\w+)"\]|checked\("(\w+)"\)|perform\("(\w+)")re");
   int found = 0;
-  for (const auto& file : std::filesystem::recursive_directory_iterator(VARNHOLT_SOURCE_DIR "/src")) {
+  for (const auto& file : std::filesystem::recursive_directory_iterator(std::string(test::SourceFolder) + "/src")) {
     if (file.path().extension() != ".cpp") continue;
     std::ifstream in(file.path());
     const std::string text{std::istreambuf_iterator<char>(in), {}};

@@ -14,7 +14,7 @@ class HostTest : public testing::Test {
       unset.emplace_back(name, nullptr);
     fs::create_directories(folder / "home");
     given.data = folder / "home/data";
-    given.assets = VARNHOLT_SOURCE_DIR "/assets";
+    given.assets = std::string(test::SourceFolder) + "/assets";
     given.drives = "C=" + folder / "home" + ";Z=/";
   }
 

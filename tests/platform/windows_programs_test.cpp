@@ -24,7 +24,7 @@ class WindowsScripts : public testing::Test {
     const std::string command =
         "cd / && PATH='" + folder / "bin" + "':/usr/bin:/bin OUT='" + folder / "out" + "' HOME=/home/me SHELL='" +
         folder / "bin/fakeshell" + "' VARNHOLT_DRIVE_MAP='C=" + folder / "home" +
-        "\nZ=/\n' '" VARNHOLT_SOURCE_DIR "/assets/windows/" + script + "' " + arguments + " </dev/null >/dev/null 2>&1";
+        "\nZ=/\n' '" + std::string(test::SourceFolder) + "/assets/windows/" + script + "' " + arguments + " </dev/null >/dev/null 2>&1";
     code = std::system(command.c_str());
     return folder.read("out");
   }

@@ -113,7 +113,7 @@ TEST(Pictures, AreShownInEveryFormatAndTurnedAsTheCameraSays) {
     files[format] = bytes.substr(0, bytes.size() / 2);
     EXPECT_TRUE(loaded(pictures, format).image.isNull()) << format << " cut off";
   }
-  QFile tool(QStringLiteral(VARNHOLT_SOURCE_DIR "/assets/program/Tool.gif"));
+  QFile tool(QString::fromStdString(std::string(test::SourceFolder) + "/assets/program/Tool.gif"));
   ASSERT_TRUE(tool.open(QIODevice::ReadOnly));
   files["gif"] = tool.readAll().toStdString();
   EXPECT_EQ(loaded(pictures, "gif").image.size(), QSize(240, 180));

@@ -49,7 +49,7 @@ void AppRig::restart() {
   platform::HostFolders folders;
   folders.executable = scratch / "program";
   folders.data = scratch / "data";
-  folders.assets = std::string(VARNHOLT_SOURCE_DIR) + "/assets";
+  folders.assets = std::string(SourceFolder) + "/assets";
   folders.drives = "C=" + scratch / "home" + ";D=" + scratch / "second" + ";Z=/";
   host = platform::makePlatformHost(folders);
   const platform::Platform& real = host->platform();

@@ -27,6 +27,9 @@
 
 namespace varnholt::test {
 
+/// The folder of the project.
+extern const std::string_view SourceFolder;
+
 /// The texts of a row that is written as one: "README.TXT|readme.txt". What is not there is empty.
 struct Row {
   explicit Row(std::string_view row) {
