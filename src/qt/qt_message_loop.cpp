@@ -49,6 +49,7 @@ QtMessageLoop::QtMessageLoop() {
   connect(&laterTimer_, &QTimer::timeout, this, &QtMessageLoop::runLaterCalls);
   connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
           &QtMessageLoop::updatePointer);
+  QCoreApplication::instance()->installEventFilter(this);
 }
 
 QtMessageLoop::~QtMessageLoop() {
@@ -133,6 +134,15 @@ void QtMessageLoop::flush() {
   endHiddenModals();
   updatePointer();
   sinceDrawn_.start();
+}
+
+// Keys that were typed ahead come in one go: what one of them has moved, the keyboard above all, is where the next one
+// looks for it.
+bool QtMessageLoop::eventFilter(QObject*, QEvent* event) {
+  const auto type = event->type();
+  const bool isKey = type == QEvent::KeyPress || type == QEvent::KeyRelease || type == QEvent::ShortcutOverride;
+  if (isKey && drawTimer_.isActive()) flush();
+  return false;
 }
 
 void QtMessageLoop::drawForm(controls::Form& form) {

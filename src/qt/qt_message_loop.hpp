@@ -26,7 +26,8 @@ namespace varnholt::qt {
 /// The message loop of the drawn program. Needs a QApplication, which outlives it; forms end before it does.
 ///
 /// Changes of forms and controls are drawn together at the next turn, and at most once a frame (16 ms), so that a
-/// handler that gives a turn for each of many thousand items spends its time on the items.
+/// handler that gives a turn for each of many thousand items spends its time on the items. The next key comes behind
+/// them.
 class QtMessageLoop : public QObject, public controls::MessageLoop, private WindowLoop {
   Q_OBJECT
  public:
@@ -62,6 +63,7 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
 
   /// Draws now what has changed.
   void flush();
+  bool eventFilter(QObject* watched, QEvent* event) override;
   /// The window of a form, null while it was never shown.
   FormWindow* windowOf(const controls::Form& form) const;
 

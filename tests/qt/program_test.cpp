@@ -37,6 +37,18 @@ TEST_F(DrawnProgram, ATextKeepsTheKeysThatThePanelsKnow) {
   EXPECT_FALSE(list("ListView2")->hasFocus());
 }
 
+TEST_F(DrawnProgram, AKeyThatWasTypedAheadGoesWhereTheOneBeforeHasMovedTheKeyboard) {
+  start();
+  QTest::mouseClick(list("ListView1")->viewport(), Qt::LeftButton, {}, middleOf(list("ListView1"), "letter"));
+  loop.flush();
+  for (const auto key : {Qt::Key_Tab, Qt::Key_Home}) {
+    QKeyEvent press(QEvent::KeyPress, key, {});
+    QCoreApplication::sendEvent(window->windowHandle(), &press);
+  }
+  EXPECT_EQ(app.Form1.ListView1.focusedRow(), 1u);
+  EXPECT_EQ(app.Form1.ListView2.selectedCount(), 1u);
+}
+
 TEST_F(DrawnProgram, TheMenuKeyAndTheRightButtonShowWhatCanBeDoneWithTheSelection) {
   start();
   auto* files = list("ListView1");
