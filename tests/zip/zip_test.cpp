@@ -72,6 +72,19 @@ TEST_F(ZipTest, OneFileSwitchesNamesAndFoldersBelowOffAndNamesThatMeetAreToldApa
   EXPECT_EQ(entries(), (std::set<std::string>{"a.txt", "a (2).txt"}));
 }
 
+TEST_F(ZipTest, FoldersOfOneNameInAndOutsideOfTheArchivesOwnAreBothThere) {
+  rig.write("C:\\Deep\\a.txt", "the other");
+  show("C:\\", "C:\\");
+  clickAll({"\\ Pack", "\\ Deep"});
+  zip(
+      [&] {
+        dialog().Check1.toggleFromUser(), dialog().Check2.toggleFromUser();
+        dialog().Text1.Text = "C:\\Pack\\";
+      },
+      {done(), test::told(), test::told()});
+  EXPECT_EQ(entries(), (std::set<std::string>{"a.txt", "b.txt", "Deep/a.txt", "Deep/a (2).txt", "Deep/er/c.txt"}));
+}
+
 TEST_F(ZipTest, AnArchiveIsAddedToAndWhatItHadUnderANameIsReplaced) {
   clickAll({"a", "b"});
   zip([] {}, {done()});
