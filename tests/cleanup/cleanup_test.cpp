@@ -120,6 +120,7 @@ TEST_F(CleanUpTest, SizesAreBoundsThatDoNotCount) {
     }
     rig.loop.meets({test::told("Input Not Numeric !")});
     dialog().Text3.typeFromUser("two");
+    EXPECT_TRUE(scan({noticed("File Size Value NOT Valid !")}).empty());
     dialog().Check9.toggleFromUser();
     dialog().Text2.typeFromUser("*.");
     EXPECT_TRUE(scan({noticed("UserPattern NOT Valid !")}).empty());
