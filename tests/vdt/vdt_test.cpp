@@ -194,7 +194,7 @@ TEST_F(VDTTest, LinesAreReadForWhatTheyAreWorthAndWrittenByteForByte) {
 
 TEST_F(VDTTest, TheDialogStoresTheProjectOpensAnotherAndBeginsNewOnes) {
   load("C:\\Data\\b\r\n");
-  rig.write(project("x.PRO"), "C:\\Data\\a.txt\r\n");
+  rig.write(project("x?.PRO"), "C:\\Data\\a.txt\r\n");
   rig.write(project("no.txt"));
   dropRow("\\ Old");
   rig.command("LocalDesk_Click");
@@ -205,12 +205,12 @@ TEST_F(VDTTest, TheDialogStoresTheProjectOpensAnotherAndBeginsNewOnes) {
         EXPECT_EQ(rig.read(project("Default.Pro")), "C:\\Data\\b\r\nC:\\Data\\Old\\<Folder>\r\n");
         ASSERT_EQ(dialog.Combo1.Items->size(), 2u);
         EXPECT_FALSE(dialog.Command1.Enabled || dialog.Text1.Visible || dialog.Image1.Visible);
-        dialog.Combo1.chooseFromUser(dialog.Combo1.Items->at(0).text == "x.PRO" ? 0 : 1);
+        dialog.Combo1.chooseFromUser(dialog.Combo1.Items->at(0).text == "x?.PRO" ? 0 : 1);
       })
       .press("Command1");
   rig.command("OpenPro_Click");
   EXPECT_EQ(rows(), Names{"C:\\Data\\|a.txt"});
-  EXPECT_EQ(list().ColumnHeaders->at(0).Text, "Virtual DeskTop (x.PRO),  -  Path:");
+  EXPECT_EQ(list().ColumnHeaders->at(0).Text, "Virtual DeskTop (x?.PRO),  -  Path:");
   EXPECT_TRUE(list().Visible && left().list.hasFocus());
 
   const auto type = [&](const char* name) { return [&dialog, name](auto&) { dialog.Text1.typeFromUser(name); }; };
