@@ -152,6 +152,17 @@ TEST_F(VDTTest, CopiesSelectedFilesWhereNothingHasTheirNameAndOverwritesNothing)
   EXPECT_EQ(list().foreColor(0), controls::NoColor);
 }
 
+TEST_F(VDTTest, RowsThatADriveTakesAwayBehindAQuestionTakeNoOthersAlong) {
+  const auto answers = [&] { vdt().pointers.remove({0}); };
+  for (const char* command : {"CopyVDT_Click", "DelItems_Vd_Click"}) {
+    load("C:\\Data\\gone.txt\r\nC:\\Data\\Old\\c.txt\r\nC:\\Data\\a.txt\r\n");
+    click(1);
+    rig.command(command, {{"Form11", "Command11", "", answers}});
+  }
+  EXPECT_TRUE(rig.exists("C:\\Data\\c.txt"));
+  EXPECT_EQ(rows(), Names{"C:\\Data\\|a.txt"});
+}
+
 TEST_F(VDTTest, AHeadSortsAndTheNextClickTurnsTheOrderWhicheverItIsOn) {
   load("C:\\Data\\b\r\nC:\\Data\\Old\\<Folder>\r\nC:\\Data\\a.txt\r\n");
   const auto lines = [&] { return vdt().pointers.lines(); };
