@@ -220,6 +220,7 @@ TEST_F(CleanUpTest, TheListIsStillThereBehindALookAtAFilesFolder) {
 TEST_F(CleanUpTest, ACollectionHoldsTheRowsAsTheyAreSorted) {
   rig.write("C:\\In\\small.tmp", "x");
   rig.write("C:\\In\\A large.tmp", "xxx");
+  rig.write("C:\\In\\a Large.tmp", "its twin");
   core::program_file::makeFolders(*rig.platform);
   openHere([&] {
     dialog().Text2.typeFromUser("*.none");
@@ -234,7 +235,8 @@ TEST_F(CleanUpTest, ACollectionHoldsTheRowsAsTheyAreSorted) {
     rig.loop.meets({noticed("\rFile Path NOT Valid !")});
     dialog().Command6.press();
   });
-  EXPECT_EQ(rig.read(rig.programFolder() + "\\Collections\\Left.Col"), "C:\\In\\Small.Tmp\r\nC:\\In\\A Large.Tmp\r\n");
+  EXPECT_EQ(rig.read(rig.programFolder() + "\\Collections\\Left.Col"),
+            "C:\\In\\Small.Tmp\r\nC:\\In\\A Large.Tmp\r\nC:\\In\\a Large.tmp\r\n");
 }
 
 }  // namespace
