@@ -125,9 +125,17 @@ void Clean::Command8_Click() {
   if (!rows ||
       !desk_.files().folderExists(core::program_file::path(desk_.program.platform, core::program_file::Collections)))
     return;
-  std::deque<core::Item> lines;
+  std::vector<std::string> shown;
   for (std::uint32_t row = 0; row < Form16_.ListView1.count(); ++row)
-    lines.push_back({rows->line(Form16_.ListView1.idAt(row)), false});
+    shown.push_back(rows->line(Form16_.ListView1.idAt(row)));
+  const auto found = desk_.files().resolveAll(shown);
+  std::deque<core::Item> lines;
+  for (std::uint32_t row = 0; row < shown.size(); ++row) {
+    const std::string& path = rows->file(Form16_.ListView1.idAt(row)).path;
+    // What is shown leads to a twin in other letter case, or into its folder.
+    const bool leadsElsewhere = found[row] ? *found[row] != path : desk_.files().fileExists(path);
+    lines.push_back({leadsElsewhere ? path : shown[row], false});
+  }
   (void)collections_.saveAs(Form16_.Text5, lines, [this](const std::string& question) {
     return desk_.program.dialogs.ask("\r" + question) != core::Answer::No;
   });

@@ -57,10 +57,11 @@ std::optional<const char*> Scan::refusal() const {
   if (!anyBox && !userPatterns_) return "No Scan values Selected !";
   if (sizesCount_) {
     const std::string more = trimmedText(Form16_.Text3), less = trimmedText(Form16_.Text4);
-    if (more.empty() && less.empty()) return "File Size Value NOT Valid !";
+    // What is no number is no bound, and a clean would take what it was to spare.
+    const bool malformed = (!more.empty() && !moreThan_) || (!less.empty() && !lessThan_);
+    if (malformed || (more.empty() && less.empty())) return "File Size Value NOT Valid !";
     if (more == less) return "FileSize Input Data Equal !";
-    if (!more.empty() && !less.empty() && moreThan_.value_or(0) > lessThan_.value_or(0))
-      return "FileSize Input Data Mismatch !";
+    if (moreThan_ && lessThan_ && *moreThan_ > *lessThan_) return "FileSize Input Data Mismatch !";
   }
   if (Form16_.options() && !userPatterns_) return "UserPattern NOT Valid !";
   return {};

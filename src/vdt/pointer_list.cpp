@@ -88,10 +88,16 @@ void PointerList::remove(const std::vector<std::uint32_t>& ids) {
   }
   ++generation_;
   auto rows = std::make_shared<Rows>();
-  for (std::uint32_t id = 0; id < count(); ++id)
-    if (!goes[id]) rows->rows.push_back(std::move(rows_->rows[id]));
+  std::vector<std::uint32_t> selected;
+  for (std::uint32_t id = 0; id < count(); ++id) {
+    if (goes[id]) continue;
+    if (list_.isSelected(id)) selected.push_back(rows->rowCount());
+    rows->rows.push_back(std::move(rows_->rows[id]));
+  }
   rows_ = std::move(rows);
   list_.setRows(rows_);
+  for (const std::uint32_t id : selected)
+    list_.setSelected(id, true);
   collectKeys();
   if (count() > 0) list_.focusRow(std::min(row, count() - 1));
 }

@@ -1,7 +1,6 @@
 #include "vdt/projects.hpp"
 
 #include "core/program_files.hpp"
-#include "core/val_input_rule.hpp"
 #include "platform/paths.hpp"
 #include "platform/text_fold.hpp"
 
@@ -37,7 +36,7 @@ std::vector<std::string> Projects::names() const {
 // The settings may hold anything; a name leads to no other folder.
 const std::string& Projects::current() {
   std::string& name = program_.init.VDTViewState;
-  if (name.empty() || core::firstRefusedCharacter(name)) name = DefaultProject;
+  if (name.empty() || name.find_first_of("\\/") != std::string::npos) name = DefaultProject;
   return name;
 }
 

@@ -39,21 +39,18 @@ bool SimpleCopy::mayChange(const panels::Panel& panel) const {
   return false;
 }
 
-std::vector<std::uint32_t> SimpleCopy::markFiles() {
-  std::vector<std::uint32_t> marked;
+// Their paths: what answers of drives do to the rows from here on changes nothing of what was asked.
+std::vector<std::string> SimpleCopy::markFiles() {
+  std::vector<std::string> marked;
   for (const std::uint32_t id : desk_.form.ListView3.selectedIds()) {
     if (list_.at(id).isFolder()) continue;
     desk_.form.ListView3.setForeColor(id, panels::mark_color::Copy);
-    marked.push_back(id);
+    marked.push_back(list_.at(id).key());
   }
   return marked;
 }
 
-// What answers of drives do to the rows meanwhile changes nothing of what was asked.
-void SimpleCopy::copyAll(const std::vector<std::uint32_t>& marked, const std::string& folder) {
-  std::vector<std::string> sources;
-  for (const std::uint32_t id : marked)
-    sources.push_back(list_.at(id).key());
+void SimpleCopy::copyAll(const std::vector<std::string>& sources, const std::string& folder) {
   std::size_t done = 0;
   for (const std::string& source : sources) {
     copyFile(source, folder);

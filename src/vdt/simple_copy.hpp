@@ -17,9 +17,9 @@ class SimpleCopy {
 
  private:
   bool mayChange(const panels::Panel& panel) const;
-  /// Marks the files that are to be copied; the rows' ids.
-  std::vector<std::uint32_t> markFiles();
-  void copyAll(const std::vector<std::uint32_t>& marked, const std::string& folder);
+  /// Marks the files that are to be copied, and gives their paths.
+  std::vector<std::string> markFiles();
+  void copyAll(const std::vector<std::string>& sources, const std::string& folder);
   void copyFile(const std::string& source, const std::string& folder);
   void writeOut(const std::string& folder);
 

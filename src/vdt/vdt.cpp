@@ -290,10 +290,10 @@ bool VDT::addFiles(const std::vector<std::string>& files) {
 void VDT::DelItems_Vd_Click() {
   if (pointers.count() > 0) {
     list().clearColors();
-    const auto selected = list().selectedIds();
-    if (desk_.program.dialogs.AskRetry("You are about to Delete \r" + std::to_string(selected.size()) +
+    // Rows may have gone behind the question, when a drive has answered: those selected are asked for when it is over.
+    if (desk_.program.dialogs.AskRetry("You are about to Delete \r" + std::to_string(list().selectedCount()) +
                                        " Selected ShortCut(s)\rAre you Sure ?"))
-      pointers.remove(selected);
+      pointers.remove(list().selectedIds());
   }
   list().SetFocus();
   ListView3_Click();

@@ -110,15 +110,15 @@ void Sources::addFile(const Taking& taking, std::size_t drive, const std::string
   if (!taking.systemAndHidden && (stored & (Hidden | System))) return leftOut_(path, "hidden or system");
   source.attributes = (stored ? stored : Archive) | (facts.st_mode & S_IWUSR ? 0 : ReadOnly);
   source.name = nameOf(taking, drive, path);
-  if (isUsed(source.name)) {
-    if (!taking.junkNames) return;  // the same file again
+  if (const std::string* const known = takenBy(source.name)) {
+    if (!taking.junkNames && *known == path) return;  // the same file again
     const std::string other = freeName(source.name);
     leftOut_(path, "stored as " + other);
     source.name = other;
   }
   constexpr std::size_t LongestName = 65535;
   if (source.name.size() > LongestName) return leftOut_(path, "its name is too long");
-  fresh_.insert(source.name);
+  fresh_.emplace(source.name, path);
   sources.push_back(std::move(source));
 }
 
@@ -139,12 +139,18 @@ std::string Sources::nameOf(const Taking& taking, std::size_t drive, const std::
   return stored;
 }
 
+const std::string* Sources::takenBy(const std::string& name) const {
+  for (const auto* names : {&used_, &fresh_})
+    if (const auto found = names->find(name); found != names->end()) return &found->second;
+  return nullptr;
+}
+
 std::string Sources::freeName(const std::string& name) const {
   const std::size_t point = name.rfind('.') == 0 ? std::string::npos : name.rfind('.');
   for (int number = 2;; ++number) {
     std::string other = name.substr(0, point) + " (" + std::to_string(number) + ")";
     if (point != std::string::npos) other += name.substr(point);
-    if (!isUsed(other)) return other;
+    if (!takenBy(other)) return other;
   }
 }
 

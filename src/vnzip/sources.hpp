@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -52,13 +52,14 @@ class Sources {
   void addFolder(const Taking& taking, std::size_t drive, const std::string& folder, std::vector<Source>& sources);
   void addFile(const Taking& taking, std::size_t drive, const std::string& path, std::vector<Source>& sources);
   std::string nameOf(const Taking& taking, std::size_t drive, const std::string& path) const;
-  bool isUsed(const std::string& name) const { return used_.contains(name) || fresh_.contains(name); }
+  /// The file that has the name in this run; null: none.
+  const std::string* takenBy(const std::string& name) const;
   /// "name (2).ext", or with the next number that is free.
   std::string freeName(const std::string& name) const;
 
   LeftOut leftOut_;
   std::set<Identity> own_;
-  std::unordered_set<std::string> used_, fresh_;
+  std::unordered_map<std::string, std::string> used_, fresh_;  ///< paths by the names they have in the archive
 };
 
 }  // namespace varnholt::vnzip

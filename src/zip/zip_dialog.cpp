@@ -302,6 +302,22 @@ std::uint64_t Form41::partsOfBatch() const {
   return parts;
 }
 
+// On the thread of the call. The user has asked for them, and a row of a file has switched that off.
+void Form41::noteFoldersLeft() {
+  if (!Check1.Value || zip_.RecurseSubDirs()) return;
+  for (std::size_t at = 0; at < zip_.FileSpecCount() && work_.goesOn(); ++at) {
+    const std::string& spec = zip_.FileSpec(at);
+    if (!spec.ends_with(AllFiles)) continue;
+    const std::string folder = spec.substr(0, spec.size() - AllFiles.size());
+    const auto listing = desk_.files().list(folder);
+    if (!listing) continue;
+    for (const platform::Entry& each : (*listing)->folders())
+      if (!each.isLink)
+        takeMessage(desk_.program.platform.toSystem(folder + std::string(each.name)) +
+                    "\ta folder below, with files among the items");
+  }
+}
+
 bool Form41::zipBatch() {
   zip_.result = 0;
   std::optional<std::int32_t> tried;
@@ -315,6 +331,7 @@ bool Form41::zipBatch() {
   const auto pack = [&] {
     parts = partsOfBatch();
     tried = library.Zip(zip_);
+    if (tried == VnSuccess) noteFoldersLeft();
   };
   const bool whole = work_.run(Command4, pack, tick);
   rowsDone_ += rows;

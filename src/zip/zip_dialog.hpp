@@ -58,6 +58,7 @@ class Form41 : public controls::Form {
   bool zipBatch();
   /// About how often the library will ask during the batch in hand whether it goes on.
   std::uint64_t partsOfBatch() const;
+  void noteFoldersLeft();
   void addRow(std::uint32_t row);
   void takeMessage(const std::string& line);
   void tellMessages();

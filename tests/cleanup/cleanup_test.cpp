@@ -120,6 +120,7 @@ TEST_F(CleanUpTest, SizesAreBoundsThatDoNotCount) {
     }
     rig.loop.meets({test::told("Input Not Numeric !")});
     dialog().Text3.typeFromUser("two");
+    EXPECT_TRUE(scan({noticed("File Size Value NOT Valid !")}).empty());
     dialog().Check9.toggleFromUser();
     dialog().Text2.typeFromUser("*.");
     EXPECT_TRUE(scan({noticed("UserPattern NOT Valid !")}).empty());
@@ -219,6 +220,7 @@ TEST_F(CleanUpTest, TheListIsStillThereBehindALookAtAFilesFolder) {
 TEST_F(CleanUpTest, ACollectionHoldsTheRowsAsTheyAreSorted) {
   rig.write("C:\\In\\small.tmp", "x");
   rig.write("C:\\In\\A large.tmp", "xxx");
+  rig.write("C:\\In\\a Large.tmp", "its twin");
   core::program_file::makeFolders(*rig.platform);
   openHere([&] {
     dialog().Text2.typeFromUser("*.none");
@@ -233,7 +235,8 @@ TEST_F(CleanUpTest, ACollectionHoldsTheRowsAsTheyAreSorted) {
     rig.loop.meets({noticed("\rFile Path NOT Valid !")});
     dialog().Command6.press();
   });
-  EXPECT_EQ(rig.read(rig.programFolder() + "\\Collections\\Left.Col"), "C:\\In\\Small.Tmp\r\nC:\\In\\A Large.Tmp\r\n");
+  EXPECT_EQ(rig.read(rig.programFolder() + "\\Collections\\Left.Col"),
+            "C:\\In\\Small.Tmp\r\nC:\\In\\A Large.Tmp\r\nC:\\In\\a Large.tmp\r\n");
 }
 
 }  // namespace

@@ -42,6 +42,12 @@ TEST_F(FileContents, WriteFileKeepsALinkAndReplacesItsFile) {
   EXPECT_EQ(temp.read("f/real") + temp.linkText("l2") + temp.read("f/made"), "newlmade");
 }
 
+TEST_F(FileContents, WriteFileReplacesWhatOnlyItsNameHides) {
+  temp.file(".note", "old");
+  ASSERT_TRUE(temp.files.writeFile(temp.at(".note"), "new"));
+  EXPECT_EQ(temp.read(".note"), "new");
+}
+
 TEST_F(FileContents, WriteFileRefused) {
   temp.file("locked", "old").mode("locked", 0444).folder("f").pipe("p");
   using enum ErrorCode;

@@ -152,6 +152,17 @@ TEST_F(VDTTest, CopiesSelectedFilesWhereNothingHasTheirNameAndOverwritesNothing)
   EXPECT_EQ(list().foreColor(0), controls::NoColor);
 }
 
+TEST_F(VDTTest, RowsThatADriveTakesAwayBehindAQuestionTakeNoOthersAlong) {
+  const auto answers = [&] { vdt().pointers.remove({0}); };
+  for (const char* command : {"CopyVDT_Click", "DelItems_Vd_Click"}) {
+    load("C:\\Data\\gone.txt\r\nC:\\Data\\Old\\c.txt\r\nC:\\Data\\a.txt\r\n");
+    click(1);
+    rig.command(command, {{"Form11", "Command11", "", answers}});
+  }
+  EXPECT_TRUE(rig.exists("C:\\Data\\c.txt"));
+  EXPECT_EQ(rows(), Names{"C:\\Data\\|a.txt"});
+}
+
 TEST_F(VDTTest, AHeadSortsAndTheNextClickTurnsTheOrderWhicheverItIsOn) {
   load("C:\\Data\\b\r\nC:\\Data\\Old\\<Folder>\r\nC:\\Data\\a.txt\r\n");
   const auto lines = [&] { return vdt().pointers.lines(); };
@@ -194,7 +205,7 @@ TEST_F(VDTTest, LinesAreReadForWhatTheyAreWorthAndWrittenByteForByte) {
 
 TEST_F(VDTTest, TheDialogStoresTheProjectOpensAnotherAndBeginsNewOnes) {
   load("C:\\Data\\b\r\n");
-  rig.write(project("x.PRO"), "C:\\Data\\a.txt\r\n");
+  rig.write(project("x?.PRO"), "C:\\Data\\a.txt\r\n");
   rig.write(project("no.txt"));
   dropRow("\\ Old");
   rig.command("LocalDesk_Click");
@@ -205,12 +216,12 @@ TEST_F(VDTTest, TheDialogStoresTheProjectOpensAnotherAndBeginsNewOnes) {
         EXPECT_EQ(rig.read(project("Default.Pro")), "C:\\Data\\b\r\nC:\\Data\\Old\\<Folder>\r\n");
         ASSERT_EQ(dialog.Combo1.Items->size(), 2u);
         EXPECT_FALSE(dialog.Command1.Enabled || dialog.Text1.Visible || dialog.Image1.Visible);
-        dialog.Combo1.chooseFromUser(dialog.Combo1.Items->at(0).text == "x.PRO" ? 0 : 1);
+        dialog.Combo1.chooseFromUser(dialog.Combo1.Items->at(0).text == "x?.PRO" ? 0 : 1);
       })
       .press("Command1");
   rig.command("OpenPro_Click");
   EXPECT_EQ(rows(), Names{"C:\\Data\\|a.txt"});
-  EXPECT_EQ(list().ColumnHeaders->at(0).Text, "Virtual DeskTop (x.PRO),  -  Path:");
+  EXPECT_EQ(list().ColumnHeaders->at(0).Text, "Virtual DeskTop (x?.PRO),  -  Path:");
   EXPECT_TRUE(list().Visible && left().list.hasFocus());
 
   const auto type = [&](const char* name) { return [&dialog, name](auto&) { dialog.Text1.typeFromUser(name); }; };

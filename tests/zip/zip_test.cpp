@@ -68,8 +68,23 @@ TEST_F(ZipTest, FoldersKeepTheirNamesAndWhatIsBelowWhereThatIsAskedFor) {
 TEST_F(ZipTest, OneFileSwitchesNamesAndFoldersBelowOffAndNamesThatMeetAreToldApart) {
   clickAll({"\\ Deep", "a"});
   zip([&] { dialog().Check1.toggleFromUser(), dialog().Check2.toggleFromUser(); },
-      {done(), test::told("1 Item(s) Under Another Name :\r\rC:\\Pack\\Deep\\a.txt :  stored as a (2).txt")});
+      {done(), test::told(),
+       test::told("1 Item(s) Under Another Name :\r\rC:\\Pack\\Deep\\a.txt :  stored as a (2).txt")});
   EXPECT_EQ(entries(), (std::set<std::string>{"a.txt", "a (2).txt"}));
+  EXPECT_TRUE(rig.read(rig.programFolder() + "\\LeftOut.txt").starts_with("C:\\Pack\\Deep\\er\ta folder below"));
+}
+
+TEST_F(ZipTest, FoldersOfOneNameInAndOutsideOfTheArchivesOwnAreBothThere) {
+  rig.write("C:\\Deep\\a.txt", "the other");
+  show("C:\\", "C:\\");
+  clickAll({"\\ Pack", "\\ Deep"});
+  zip(
+      [&] {
+        dialog().Check1.toggleFromUser(), dialog().Check2.toggleFromUser();
+        dialog().Text1.Text = "C:\\Pack\\";
+      },
+      {done(), test::told(), test::told()});
+  EXPECT_EQ(entries(), (std::set<std::string>{"a.txt", "b.txt", "Deep/a.txt", "Deep/a (2).txt", "Deep/er/c.txt"}));
 }
 
 TEST_F(ZipTest, AnArchiveIsAddedToAndWhatItHadUnderANameIsReplaced) {

@@ -103,6 +103,12 @@ bool refusesOverwrite(int folder, const char* name, AttributeStore& store) {
   return readSingleEntry(folder, name, store, facts) == 0 && (facts.attributes & guarding);
 }
 
+bool refusesWriting(int folder, const char* name, AttributeStore& store) {
+  const Attributes guarding = attribute::ReadOnly | attribute::System | (*name == '.' ? 0 : attribute::Hidden);
+  Entry facts;
+  return readSingleEntry(folder, name, store, facts) == 0 && (facts.attributes & guarding);
+}
+
 bool refusesRemoval(int folder, const char* name, AttributeStore& store) {
   Entry facts;
   return readSingleEntry(folder, name, store, facts) == 0 && !facts.isLink && (facts.attributes & attribute::ReadOnly);

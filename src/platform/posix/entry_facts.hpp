@@ -23,6 +23,9 @@ int readPathFacts(const char* path, Entry& out);
 /// bits of a folder do not change that.
 bool refusesOverwrite(int folder, const char* name, AttributeStore& store);
 
+/// The same for a text of the program's own: that its name begins with a point is the user's wish, and no protection.
+bool refusesWriting(int folder, const char* name, AttributeStore& store);
+
 /// Whether an entry that is no link carries read-only. One that may not be asked is left to the removal itself.
 bool refusesRemoval(int folder, const char* name, AttributeStore& store);
 

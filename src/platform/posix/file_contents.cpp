@@ -112,7 +112,7 @@ Result<UniqueFd> openOld(int folder, const char* name, struct stat& facts) {
   if (!old || ::fstat(old.get(), &facts) != 0) return systemError(errno, {});
   if (!S_ISREG(facts.st_mode)) return notRegular({}, facts.st_mode);
   AttributeStore store = AttributeStore::ofDescriptor(folder);
-  if (refusesOverwrite(folder, name, store))
+  if (refusesWriting(folder, name, store))
     return refusal(ErrorCode::ReadOnlyTarget, {}, "the file is read-only, hidden or system");
   return old;
 }
