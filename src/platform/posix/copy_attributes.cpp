@@ -13,7 +13,10 @@ namespace {
 
 bool isOurs(std::string_view name) { return name.starts_with("user.") || name.starts_with("system.posix_acl_"); }
 
-bool isWantOfRoom(int error) { return error == ENOSPC || error == EDQUOT || error == E2BIG || error == ERANGE; }
+/// What the volume would take, had it the room or the health; all else it has no place for.
+bool isFailure(int error) {
+  return error == ENOSPC || error == EDQUOT || error == E2BIG || error == ERANGE || error == EIO || error == ENOMEM;
+}
 
 /// One attribute. Gives 0 or errno.
 int copyOne(const char* fromPath, int from, int to, const char* name) {
@@ -33,7 +36,7 @@ int copyNames(const char* fromPath, int from, int to, std::string_view names) {
     names.remove_prefix(std::min(name.size() + 1, names.size()));
     if (!isOurs(name)) continue;
     const int error = copyOne(fromPath, from, to, name.data());
-    if (isWantOfRoom(error)) return error;
+    if (isFailure(error)) return error;
   }
   return 0;
 }
