@@ -14,6 +14,24 @@ namespace {
 using Lines = std::vector<std::string>;
 using Set = std::unordered_set<std::string>;
 
+/// More than any of these files holds, and longer than any path or word. Neither a start nor an end waits for what
+/// somebody else has put there.
+constexpr std::size_t MostBytes = 4u << 20, LongestLine = 1u << 16;
+
+/// The newest lines, oldest first.
+Lines linesOf(std::string_view text, SharedLines::Newest newest) {
+  const bool isFirst = newest == SharedLines::Newest::First;
+  if (text.size() > MostBytes) {
+    const auto cut = isFirst ? text.rfind('\n', MostBytes) : text.find('\n', text.size() - MostBytes);
+    const std::size_t line = cut == std::string_view::npos ? 0 : cut + 1;
+    text = isFirst || line == 0 ? text.substr(0, line) : text.substr(line);
+  }
+  Lines lines = splitEntries(text);
+  std::erase_if(lines, [](const std::string& line) { return line.size() > LongestLine; });
+  if (isFirst) std::ranges::reverse(lines);
+  return lines;
+}
+
 Set setOf(const Lines& lines) { return {lines.begin(), lines.end()}; }
 
 /// The known lines that stand in ours as they stood: the others have gone, or have been made the newest since.
@@ -54,9 +72,8 @@ Lines merged(const Lines& known, const Lines& there, const Lines& ours, const Sh
 Lines SharedLines::load(const Program& program) {
   KeptFiles kept(program);
   const std::string file = program_file::path(program.platform, literal_);
-  known_ = splitEntries(kept.read(file));
+  known_ = linesOf(kept.read(file), newest_);
   (void)kept.setAside(file);
-  if (newest_ == Newest::First) std::ranges::reverse(known_);
   return known_;
 }
 
@@ -72,9 +89,7 @@ platform::Result<void> SharedLines::store(const Program& program, const Lines& l
       written = platform::Error{platform::ErrorCode::Damaged, file, "the file cannot be read to its end"};
       return;
     }
-    Lines inFile = splitEntries(there.bytes);
-    if (newest_ == Newest::First) std::ranges::reverse(inFile);
-    Lines all = merged(known_, inFile, lines, keyOf ? keyOf : folded);
+    Lines all = merged(known_, linesOf(there.bytes, newest_), lines, keyOf ? keyOf : folded);
     if (all.size() > limit) all.erase(all.begin(), all.end() - static_cast<std::ptrdiff_t>(limit));
     if (newest_ == Newest::First) std::ranges::reverse(all);
     written = writeLines(files, file, all);

@@ -107,20 +107,20 @@ bool Swap::carryOut(const Names& lefts, const Names& rights) {
     return false;
   }
 
-  std::erase_if(detours, [&](const platform::Detour& each) { return !move(each.origin, each.waits); });
+  std::erase_if(detours, [&](const platform::Detour& each) { return !move(each.origin, each.waits, each.origin); });
   for (const std::string& name : rights)
-    (void)move(paths::join(right, name), paths::join(left, name));
+    (void)move(paths::join(right, name), paths::join(left, name), paths::join(right, name));
   bool arrived = true;
   for (const platform::Detour& each : detours)
-    arrived = (move(each.waits, each.target) || move(each.waits, each.origin)) && arrived;
+    arrived = (move(each.waits, each.target, each.origin) || move(each.waits, each.origin, each.waits)) && arrived;
   if (!arrived) (*note)->keep();
   core::program_file::removeWorkFolder(desk_.program.platform, core::program_file::SwapTmp);
   return true;
 }
 
-bool Swap::move(const std::string& from, const std::string& to) {
+bool Swap::move(const std::string& from, const std::string& to, const std::string& stays) {
   const auto moved = desk_.files().moveFile(from, to);
-  if (!moved) leftOut_.add({moved.error().code, from, moved.error().text});
+  if (!moved) leftOut_.add({moved.error().code, stays, moved.error().text});
   return moved.ok();
 }
 

@@ -29,7 +29,8 @@ class Swap {
   void leaveBlocked(Names& names, const panels::Panel& side, const Names& others);
   /// False when it did not begin.
   bool carryOut(const Names& lefts, const Names& rights);
-  bool move(const std::string& from, const std::string& to);
+  /// What cannot be moved is told as what stands at `stays` then.
+  bool move(const std::string& from, const std::string& to, const std::string& stays);
 
   panels::Desk& desk_;
   LeftOutNotice leftOut_{desk_.program};

@@ -113,6 +113,9 @@ void MostUsed::Muf(const std::string& path) {
 // --- The file ------------------------------------------------------------------------------------------------------
 
 MostUsed::Read MostUsed::entriesOf(std::string_view bytes) {
+  // More than the file ever holds; the most used ones stand at its end.
+  constexpr std::size_t most = 4u << 20;
+  if (bytes.size() > most) bytes.remove_prefix(bytes.size() - most);
   const Lines lines = core::splitEntries(bytes);
   Read read{{}, !core::endsWithinLine(bytes)};
   Entries& found = read.entries;

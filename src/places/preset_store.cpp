@@ -6,6 +6,7 @@
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace varnholt::places {
 namespace {
@@ -31,9 +32,10 @@ bool PresetStore::isReserved(std::string_view name) {
 std::vector<std::string> PresetStore::names() {
   if (!program_.files().fileExists(path())) (void)program_.files().writeFile(path(), "");
   std::vector<std::string> names;
+  std::unordered_set<std::string> known;
   for (const std::string& line : core::splitEntries(kept_.read(path()))) {
     std::string name = platform::upperCase(core::trimmed(line));
-    if (!name.empty() && std::ranges::find(names, name) == names.end()) names.push_back(std::move(name));
+    if (!name.empty() && known.insert(name).second) names.push_back(std::move(name));
   }
   return names;
 }

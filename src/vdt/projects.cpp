@@ -11,6 +11,8 @@ namespace paths = platform::paths;
 
 constexpr const char* DefaultProject = "Default.Pro";
 constexpr std::string_view Extension = "pro";
+/// What a start loads within a moment. A longer file is kept under another name, as one that cannot be read to its end.
+constexpr std::size_t MostPointers = 500'000;
 
 }  // namespace
 
@@ -65,7 +67,11 @@ std::string Projects::notSaved(const platform::Error& error) {
 
 void Projects::VdtProjectLoad() {
   const std::string file = path(current());
-  const std::vector<std::string> lines = kept_.readLines(file);
+  std::vector<std::string> lines = kept_.readLines(file);
+  if (lines.size() > MostPointers) {
+    lines.resize(MostPointers);
+    kept_.foundCutOff(file);
+  }
   std::vector<Pointer> pointers;
   for (const std::string& line : lines)
     if (auto pointer = pointerOf(line)) pointers.push_back(*std::move(pointer));

@@ -95,6 +95,25 @@ TEST_F(SwapTest, FilesOfBothSidesChangePlacesAndNothingIsOverwritten) {
   EXPECT_FALSE(rig.exists(work()));
 }
 
+class FullRightSide : public platform::ForwardingFileSystem {
+ public:
+  using ForwardingFileSystem::ForwardingFileSystem;
+  platform::Result<void> moveFile(const std::string& from, const std::string& to,
+                                  const platform::Progress& progress) override {
+    if (to.starts_with("C:\\To\\")) return platform::Error{platform::ErrorCode::NoSpace, to, "No space left on device"};
+    return base_.moveFile(from, to, progress);
+  }
+};
+
+TEST_F(SwapTest, AFileWithoutRoomOnTheOtherSideGoesBackAndIsToldWhereItStands) {
+  use<FullRightSide>();
+  select({"left"});
+  start("ExFiles_Click", {test::noticed("All Available/Selected Files Swapped ! ")}, {{"Form12", "Command11"}});
+  const auto told = files().readFile(rig.programFolder() + "\\LeftOut.txt", 1000);
+  EXPECT_EQ(told.valueOr(""), "C:\\From\\left\tNo space left on device\r\n");
+  EXPECT_TRUE(rig.exists("C:\\From\\left"));
+}
+
 TEST_F(SwapTest, WhatCannotBeSwappedIsTold) {
   select({});
   start("ExFiles_Click", {test::noticed("No Item(s) Selected !")}, {});

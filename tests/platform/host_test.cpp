@@ -36,6 +36,15 @@ TEST_F(HostTest, TellsOfDamagedFilesOnce) {
   EXPECT_TRUE(makePlatformHost(given)->platform().startNotices.empty());
 }
 
+TEST_F(HostTest, TellsOfAFileThatCannotBeOpenedAndWhy) {
+  fs::create_directories(folder / "home/data/settings.db");
+  const auto host = makePlatformHost(given);
+  EXPECT_EQ(host->platform().startNotices,
+            (std::vector<std::string>{"The settings file cannot be opened: Is a directory. It is not read, and changes "
+                                      "are not kept."}));
+  EXPECT_FALSE(host->platform().settings.save("a", "s", "k", "v"));
+}
+
 TEST_F(HostTest, WithoutAPlaceForItsFilesAnswersWithErrors) {
   folder.write("home/data", "a file in the way");
   const auto host = makePlatformHost(given);

@@ -2,6 +2,7 @@
 
 #include "platform/platform.hpp"
 #include "platform/posix/passing_names.hpp"
+#include "platform/posix/temp_file.hpp"
 #include "platform/posix/unique_fd.hpp"
 #include "support/temp_folder.hpp"
 
@@ -88,6 +89,13 @@ TEST_F(PassingNamesTest, AKillAtAnyCallIsPutRightByTheNextStartOrToldOnce) {
     ++told;
   }
   EXPECT_GT(told, 0);
+}
+
+TEST_F(PassingNamesTest, ADamagedNoteIsNotToldWordForWord) {
+  const std::string note = "data/Renaming" + temporaryName();
+  temp.file(note, std::string("gar\0bage\0of\0a\0disk\0", 20));
+  EXPECT_TRUE(finishPassages(temp.system("data")).empty());
+  EXPECT_FALSE(temp.has(note));
 }
 
 TEST_F(PassingNamesTest, ARunThatIsAtWorkIsLeftAlone) {

@@ -171,6 +171,9 @@ TEST(CrashReport, TellsWhatTheProgramWasDoingAtTheNextStart) {
       EXPECT_NE(report.find(part), std::string::npos) << part << " in " << report;
     EXPECT_EQ(takeCrashNotice(folder.path(), "C:\\Crash.log"), "") << "told once";
   }
+  const test::ScratchFolder folder;
+  folder.link("Crash.new", "/dev/zero");
+  EXPECT_NE(takeCrashNotice(folder.path(), "C:\\Crash.log"), "") << "a device is not read for ever";
 }
 
 }  // namespace

@@ -67,6 +67,9 @@ TEST_F(SettingsTest, DoNotWaitForAPipeInPlaceOfTheirFile) {
   SqliteSettingsStore store(file);
   EXPECT_EQ(store.database().setAside().value_or(""), folder / "settings.db.damaged-1");
   EXPECT_TRUE(store.save("a", "s", "k", "fresh"));
+  std::filesystem::remove(folder / "settings.db-journal");
+  folder.pipe("settings.db-journal");
+  EXPECT_TRUE(SqliteSettingsStore(file).database().refused()) << "nor in place of its journal";
 }
 
 TEST_F(SettingsTest, InAReadOnlyFolderAreReadAndNotWritten) {

@@ -13,7 +13,14 @@ namespace {
 
 bool isOurs(std::string_view name) { return name.starts_with("user.") || name.starts_with("system.posix_acl_"); }
 
-bool isWantOfRoom(int error) { return error == ENOSPC || error == EDQUOT || error == E2BIG || error == ERANGE; }
+/// A fault of the moment or of the medium. Anything else that reading says is a volume without attributes, or one that
+/// is not ours to read.
+bool isFault(int error) { return error == EIO || error == ENOMEM; }
+
+/// What the volume would take, had it the room or the health; all else it has no place for.
+bool isFailure(int error) {
+  return isFault(error) || error == ENOSPC || error == EDQUOT || error == E2BIG || error == ERANGE;
+}
 
 /// One attribute. Gives 0 or errno.
 int copyOne(const char* fromPath, int from, int to, const char* name) {
@@ -22,7 +29,7 @@ int copyOne(const char* fromPath, int from, int to, const char* name) {
     const ssize_t got = fromPath ? ::getxattr(fromPath, name, value.data(), value.size())
                                  : ::fgetxattr(from, name, value.data(), value.size());
     if (got >= 0) return ::fsetxattr(to, name, value.data(), static_cast<size_t>(got), 0) == 0 ? 0 : errno;
-    if (errno != ERANGE || value.size() >= 65536) return 0;  // gone or unreadable: nothing to keep
+    if (errno != ERANGE || value.size() >= 65536) return isFault(errno) ? errno : 0;
     value.resize(65536);
   }
 }
@@ -33,7 +40,7 @@ int copyNames(const char* fromPath, int from, int to, std::string_view names) {
     names.remove_prefix(std::min(name.size() + 1, names.size()));
     if (!isOurs(name)) continue;
     const int error = copyOne(fromPath, from, to, name.data());
-    if (isWantOfRoom(error)) return error;
+    if (isFailure(error)) return error;
   }
   return 0;
 }
@@ -45,10 +52,11 @@ int copyAll(const char* fromPath, int from, int to) {
   };
   ssize_t got = list(small, sizeof small);
   if (got >= 0) return copyNames(fromPath, from, to, {small, static_cast<size_t>(got)});
-  if (errno != ERANGE) return 0;
+  if (errno != ERANGE) return isFault(errno) ? errno : 0;
   std::string large(65536, '\0');  // XATTR_LIST_MAX
   got = list(large.data(), large.size());
-  return got < 0 ? 0 : copyNames(fromPath, from, to, {large.data(), static_cast<size_t>(got)});
+  if (got < 0) return isFault(errno) ? errno : 0;
+  return copyNames(fromPath, from, to, {large.data(), static_cast<size_t>(got)});
 }
 
 }  // namespace

@@ -118,7 +118,9 @@ DriveSources DriveSources::fromSystem() {
 
 std::vector<DriveMapping> DriveSources::read(const std::vector<DriveMapping>& current) const {
   if (auto drives = parseDriveVariable(variable); !drives.empty()) return drives;
-  if (auto drives = parseDriveFile(readSystemFile(configFile.c_str())); !drives.empty()) return drives;
+  // It is read whenever the window comes to the front.
+  constexpr std::size_t most = 1u << 20;
+  if (auto drives = parseDriveFile(readSystemFile(configFile.c_str(), most)); !drives.empty()) return drives;
   return defaultDrives(home, readMounts(mountInfoFile), current);
 }
 

@@ -58,6 +58,9 @@ void addNotice(const SqliteDatabase& database, const std::string& subject, const
     notices.push_back("The " + subject + " file is damaged and cannot be set aside. What it should hold is not kept.");
   if (database.held())
     notices.push_back("The " + subject + " file is held by another program. It is not read, and changes are not kept.");
+  if (const auto refused = database.refused())
+    notices.push_back("The " + subject + " file cannot be opened: " + refused->text +
+                      ". It is not read, and changes are not kept.");
 }
 
 std::string strandedText(const Stranded& file, const PathMap& map) {

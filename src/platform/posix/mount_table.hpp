@@ -30,6 +30,6 @@ std::vector<Mount> readMounts(const std::string& file = MountInfo);
 std::optional<Mount> mountOfDevice(const std::vector<Mount>& mounts, dev_t device);
 
 /// A file of /proc and alike, whose size is not known before it is read. Empty when it cannot be read.
-std::string readSystemFile(const char* path);
+std::string readSystemFile(const char* path, std::size_t most = 64u << 20);
 
 }  // namespace varnholt::platform::posix

@@ -20,6 +20,7 @@ namespace varnholt::platform::posix {
 namespace {
 
 constexpr std::string_view NotePrefix = "Renaming";
+constexpr std::string_view PassingMark = ".renaming";
 
 std::string& notesFolder() {
   static std::string folder;
@@ -140,11 +141,19 @@ bool finish(int folder, const Passage& passage) {
          !renameIn(folder, passage.passing, passage.places.front());
 }
 
+/// What stands in a damaged note may be anything.
+bool isOurs(const Passage& passage) {
+  const auto mark = passage.passing.rfind(PassingMark);
+  return mark != std::string::npos &&
+         isTemporaryName(std::string_view(passage.passing).substr(mark + PassingMark.size()));
+}
+
 void finishNote(std::string_view text, std::vector<Stranded>& stranded) {
   const Note note = readNote(text);
   const UniqueFd folder = openFolder(note.folder);
   for (const Passage& each : note.passages)
-    if (!folder || !finish(folder.get(), each)) stranded.push_back({note.folder + '/' + each.passing, each.wanted});
+    if (isOurs(each) && (!folder || !finish(folder.get(), each)))
+      stranded.push_back({note.folder + '/' + each.passing, each.wanted});
   if (folder) (void)::fsync(folder.get());
 }
 
@@ -158,7 +167,7 @@ std::string PassingNames::nameFor(const std::string& name) {
   std::size_t end = std::min(name.size(), longest);
   while (end > 0 && end < name.size() && (static_cast<unsigned char>(name[end]) & followMask) == follows)
     --end;
-  return name.substr(0, end) + ".renaming" + temporaryName();
+  return name.substr(0, end) + std::string(PassingMark) + temporaryName();
 }
 
 std::vector<int> PassingNames::run(int folder, const std::string& path, const std::vector<Passage>& passages) {

@@ -1,5 +1,7 @@
 #include "platform/posix/sqlite_database.hpp"
 
+#include "platform/posix/posix_error.hpp"
+
 #include <cerrno>
 #include <cstdio>
 
@@ -55,7 +57,12 @@ std::optional<std::string> freeAsideName(const std::string& file) {
   return {};
 }
 
-Error errorOf(sqlite3* handle) { return {codeOf(sqlite3_errcode(handle)), {}, sqlite3_errmsg(handle)}; }
+/// SQLite has one code for all that cannot be opened: what the system said of it says more.
+Error errorOf(sqlite3* handle) {
+  const int code = sqlite3_errcode(handle), reason = sqlite3_system_errno(handle);
+  const bool isSystems = (code & 0xff) == SQLITE_CANTOPEN || (code & 0xff) == SQLITE_IOERR;
+  return isSystems && reason != 0 ? systemError(reason, {}) : Error{codeOf(code), {}, sqlite3_errmsg(handle)};
+}
 
 /// SQLite tells a folder that refuses and one that is missing by one code.
 bool refusesFiles(const std::string& file) {
@@ -158,6 +165,10 @@ SqliteDatabase::Opened SqliteDatabase::tryOpen() {
     closedError_ = {ErrorCode::Damaged, {}, "a pipe, socket or device"};
     return Opened::Damaged;
   }
+  if (isPipeOrDevice(file_ + "-journal")) {
+    closedError_ = {ErrorCode::Failed, {}, "A pipe, socket or device stands in place of its journal"};
+    return Opened::Refused;
+  }
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
   if (const Opened opened = judge(sqlite3_open_v2(file_.c_str(), &handle_, flags, nullptr)); opened != Opened::Ready)
     return opened;
@@ -215,6 +226,11 @@ SqliteQuery SqliteDatabase::query(const char* sql) {
   sqlite3_stmt* statement = place->second;
   if (!statement) statements_.erase(place);
   return SqliteQuery(*this, statement);
+}
+
+std::optional<Error> SqliteDatabase::refused() const {
+  if (handle_ || unusable_ || held_ || !entryExists(file_)) return {};
+  return closedError_;
 }
 
 Error SqliteDatabase::lastError() const { return handle_ ? errorOf(handle_) : closedError_; }

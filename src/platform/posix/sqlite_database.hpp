@@ -71,6 +71,9 @@ class SqliteDatabase {
   bool unusable() const { return unusable_; }
   /// True when another process held the file too long when it was opened: nothing is read or kept.
   bool held() const { return held_; }
+  /// Why the file that is there could not be opened, where it is neither damaged nor held: nothing is read or kept
+  /// until it can be.
+  std::optional<Error> refused() const;
 
   /// A statement, compiled at its first use and kept. `sql` must be a literal.
   SqliteQuery query(const char* sql);
