@@ -12,15 +12,13 @@ class ItemPropertiesTest : public fileops::OperationTest {
     rig.command("HidSysfiles_Click");
   }
   Form15& dialog() { return rig.app().properties.Form15; }
-  /// Opens the dialog on these rows and does this in it.
   void view(const Names& rows, const std::function<void()>& act) {
     select(rows);
-    rig.loop.whenShows("Form15").run([this, act](controls::Form&) {
+    const auto acts = [&] {
       EXPECT_EQ(form().mode(), "FilesMode");
       act();
-      dialog().Command2.press();
-    });
-    rig.command("Fdetails_Click");
+    };
+    inDialog("Fdetails_Click", "Form15", acts);
   }
   std::string boxes() {
     std::string marks;
@@ -63,14 +61,15 @@ TEST_F(ItemPropertiesTest, StepsStayAtTheEndsAndPicturesAreShown) {
     EXPECT_EQ(dialog().Label2.Caption.get() + "|" + dialog().Image3.Picture.get(), "2 / 2|C:\\From\\b.PNG");
     dialog().Image3.Click();
     EXPECT_FALSE(dialog().Image3.Stretch);
-    dialog().Image1.press();
+    controls::KeyEvent up{controls::key::PageUp, {}};
+    dialog().KeyDown(up);
     EXPECT_EQ(dialog().Text1.Text.get(), "a.txt");
   });
   EXPECT_EQ(dialog().Image3.Picture.get(), "") << "nothing is kept in memory";
 }
 
 TEST_F(ItemPropertiesTest, TheFileInHandIsCopiedToTheDesktop) {
-  rig.useDesktop("C:\\To");
+  rig.useShellFolder("Desktop", "C:\\To");
   write({"From\\a.txt", "From\\b.txt"});
   view({"a", "b"}, [this] {
     dialog().Command11.press();
@@ -185,14 +184,13 @@ TEST_F(AttributeChangeTest, OnADiscWithoutItsDriveAndWithoutASelectionNothingCha
     change({"a"}, {&dialog().Check3}, {test::told("Cannot Change Attribute On CD-Rom/DVD-Rom !\rFunction Exits !")});
   }
   select({"a"});
-  rig.loop.whenShows("Form18").run([this](controls::Form&) {
+  const auto changes = [this] {
     rig.drives->away = {'C'};
-    rig.loop.meets({test::told("Cannot Delete, - Drive(s) Not Ready !\rFunction Exits !")});
     dialog().Command1.press();
     rig.drives->away = {};
-    dialog().Command2.press();
-  });
-  rig.command("multiAtribut_Click");
+  };
+  inDialog("multiAtribut_Click", "Form18", changes,
+           {test::told("Cannot Delete, - Drive(s) Not Ready !\rFunction Exits !")});
   EXPECT_EQ(of("a.txt"), Archive);
   select({});
   start("multiAtribut_Click", {test::noticed(" No Items selected. ! ")}, {});
