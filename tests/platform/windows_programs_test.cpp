@@ -1,6 +1,5 @@
 #include "platform/posix/program_resources.hpp"
 #include "support/scratch_folder.hpp"
-#include "support/testing.hpp"
 #include "support/windows_program.hpp"
 
 namespace varnholt::platform::posix {
@@ -21,10 +20,11 @@ class WindowsScripts : public testing::Test {
 
   std::string run(const std::string& script, const std::string& arguments) {
     std::filesystem::remove(folder / "out");
-    const std::string command =
-        "cd / && PATH='" + folder / "bin" + "':/usr/bin:/bin OUT='" + folder / "out" + "' HOME=/home/me SHELL='" +
-        folder / "bin/fakeshell" + "' VARNHOLT_DRIVE_MAP='C=" + folder / "home" +
-        "\nZ=/\n' '" + std::string(test::SourceFolder) + "/assets/windows/" + script + "' " + arguments + " </dev/null >/dev/null 2>&1";
+    const std::string command = "cd / && PATH='" + folder / "bin" + "':/usr/bin:/bin OUT='" + folder / "out" +
+                                "' HOME=/home/me SHELL='" + folder / "bin/fakeshell" +
+                                "' VARNHOLT_DRIVE_MAP='C=" + folder / "home" + "\nZ=/\n' '" +
+                                std::string(test::SourceFolder) + "/assets/windows/" + script + "' " + arguments +
+                                " </dev/null >/dev/null 2>&1";
     code = std::system(command.c_str());
     return folder.read("out");
   }

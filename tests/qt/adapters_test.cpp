@@ -26,7 +26,6 @@
 namespace varnholt::test {
 namespace {
 
-/// A form with one control of each kind.
 struct Everything : controls::Form {
   explicit Everything(controls::MessageLoop& loop) : Form(loop, "Everything") {}
   controls::Label Label1{*this, "Label1"};
