@@ -1,4 +1,3 @@
-// The commands that the rooms bring, and the menu made from them.
 #include "panels/panel_shortcuts.hpp"
 #include "support/app_rig.hpp"
 

@@ -8,7 +8,6 @@ namespace {
 namespace key = controls::key;
 constexpr const char* Exists = "Item Already Exist in VDT.. !";
 
-/// Two files and a folder in the left panel, and the list shown.
 class VDTTest : public test::AppTest {
  protected:
   void SetUp() override {
@@ -175,8 +174,6 @@ TEST_F(VDTTest, AHeadSortsAndTheNextClickTurnsTheOrderWhicheverItIsOn) {
   list().ColumnClick(1);
   EXPECT_EQ(lines(), (Names{asRead[2], asRead[0], asRead[1]}));
 }
-
-// --- Projects ------------------------------------------------------------------------------------------------------
 
 TEST_F(VDTTest, LinesAreReadForWhatTheyAreWorthAndWrittenByteForByte) {
   rig.loop.meets({{"Form12"}});
