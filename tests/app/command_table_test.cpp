@@ -113,6 +113,16 @@ TEST_F(Commands, TheMenusAreInOrder) {
   }
 }
 
+TEST_F(Commands, EnterInADialogStandsForWhatItIsOpenedFor) {
+  for (const auto row :
+       Rows{"Form18|Command1", "Form27|Command11", "Form28|Command11", "Form29|Command11", "Form32|Command11",
+            "Form36|Command4", "Form37|Command1", "Form44|Command1", "Form47|Command1", "Form48|Command2"}) {
+    const controls::Form* form = rig.loop.form(Row(row).first);
+    ASSERT_TRUE(form) << row;
+    EXPECT_EQ(form->defaultButton, Row(row).second) << row;
+  }
+}
+
 // Names that handlers pass in code that no test may run.
 TEST_F(Commands, EveryNameInTheSourcesIsInTheTable) {
   const std::regex asked(R"re([Mm]enu\["(\w+)"\]|checked\("(\w+)"\)|perform\("(\w+)")re");

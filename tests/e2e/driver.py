@@ -265,10 +265,6 @@ class Program:
         return next((node for node in below(self.application())
                      if node.get_name() == name and "menu" in node.get_role_name() and shows(node)), None)
 
-    def command(self, name):
-        """A button of the main window."""
-        self.click(wait("the button " + name, lambda: self.named(self.window(), name)))
-
     @staticmethod
     def keys(*keys):
         subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], check=True)

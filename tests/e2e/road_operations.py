@@ -16,7 +16,7 @@ def question_about_a_long_name(program):
     program.click_row(1, "beta")
     program.click_row(1, LONG, 1, "ctrl")  # handled first, being selected last
     wait("the selection", lambda: program.status_has("2  Item(s) Selected"))
-    program.command("Copy")
+    program.click(program.named(program.window(), "Copy"))
     expect("the dialog begins on Copy", program.focused(program.dialog("Copy Item(s)")) == "Copy")
     program.keys("alt+o")
     sizes = []

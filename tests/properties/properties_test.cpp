@@ -5,12 +5,16 @@ namespace {
 
 using namespace platform::attribute;
 
-class ItemPropertiesTest : public fileops::OperationTest {
+class PropertiesTest : public fileops::OperationTest {
  protected:
   void SetUp() override {
     OperationTest::SetUp();
     rig.command("HidSysfiles_Click");
   }
+};
+
+class ItemPropertiesTest : public PropertiesTest {
+ protected:
   Form15& dialog() { return rig.app().properties.Form15; }
   void view(const Names& rows, const std::function<void()>& act) {
     select(rows);
@@ -108,12 +112,8 @@ TEST_F(ItemPropertiesTest, ADiscIsReadOnlyAndAMissingDriveOrSelectionOpensNothin
   start("Command15_Click", {test::told("Cannot View Data, - Drive(s) Not Ready !\rFunction Exits !")}, {});
 }
 
-class AttributeChangeTest : public fileops::OperationTest {
+class AttributeChangeTest : public PropertiesTest {
  protected:
-  void SetUp() override {
-    OperationTest::SetUp();
-    rig.command("HidSysfiles_Click");
-  }
   Form18& dialog() { return rig.app().properties.Form18; }
   /// Selects the rows and gives them what these boxes tell.
   void change(const Names& rows, const std::vector<controls::CheckBox*>& boxes, const Answers& answers = {}) {

@@ -65,8 +65,8 @@ void AppRig::restart() {
   app_ = std::make_unique<app::App>(loop, *platform);
 }
 
-bool AppRig::start(bool withTip) {
-  if (!withTip) core::Settings(platform->settings).save(core::setting::Tip_State, "1");
+bool AppRig::start() {
+  core::Settings(platform->settings).save(core::setting::Tip_State, "1");
   splashGoes();
   if (!app_->Main()) return false;
   form().Activate();

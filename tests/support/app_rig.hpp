@@ -38,9 +38,9 @@ class AppRig {
     restart();
     return *shell_;
   }
-  /// Runs `Main`, with the splash going away by itself, and activates the main window. The tip is not shown unless
-  /// `withTip`, which expects it first. False: the program has ended.
-  bool start(bool withTip = false);
+  /// Runs `Main`, with the splash going away by itself, and activates the main window without the tip. False: the
+  /// program has ended.
+  bool start();
   /// The splash that comes next goes away by itself.
   void splashGoes() {
     loop.whenShows("frmSplash").run([this](controls::Form&) { app_->frmSplash.Timer1.Tick(); });

@@ -149,6 +149,7 @@ TEST_F(VDTTest, CopiesSelectedFilesWhereNothingHasTheirNameAndOverwritesNothing)
   EXPECT_EQ(rig.read("C:\\To\\there.txt") + rig.read("C:\\To\\a.txt"), "keptx");
   EXPECT_EQ(list().selectedCount(), 0u);
   EXPECT_EQ(list().foreColor(0), controls::NoColor);
+  EXPECT_TRUE(std::ranges::count(list().PopupEntries(), &rig.menu("CopyVDT")));
 }
 
 TEST_F(VDTTest, RowsThatADriveTakesAwayBehindAQuestionTakeNoOthersAlong) {
