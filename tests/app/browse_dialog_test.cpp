@@ -1,4 +1,3 @@
-// The folder tree that copy, move and zip take a target from.
 #include "support/app_rig.hpp"
 
 namespace varnholt::test {

@@ -1,4 +1,3 @@
-// The commands that the rooms bring, and the menu made from them.
 #include "panels/panel_shortcuts.hpp"
 #include "support/app_rig.hpp"
 
@@ -111,6 +110,16 @@ TEST_F(Commands, TheMenusAreInOrder) {
     EXPECT_FALSE(isLine(items.front()) || isLine(items.back())) << heading;
     EXPECT_EQ(std::ranges::adjacent_find(items, [&](auto* a, auto* b) { return isLine(a) && isLine(b); }), items.end())
         << heading;
+  }
+}
+
+TEST_F(Commands, EnterInADialogStandsForWhatItIsOpenedFor) {
+  for (const auto row :
+       Rows{"Form18|Command1", "Form27|Command11", "Form28|Command11", "Form29|Command11", "Form32|Command11",
+            "Form36|Command4", "Form37|Command1", "Form44|Command1", "Form47|Command1", "Form48|Command2"}) {
+    const controls::Form* form = rig.loop.form(Row(row).first);
+    ASSERT_TRUE(form) << row;
+    EXPECT_EQ(form->defaultButton, Row(row).second) << row;
   }
 }
 

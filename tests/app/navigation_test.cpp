@@ -1,8 +1,5 @@
 #include "support/app_rig.hpp"
 
-#include "core/program_files.hpp"
-#include "platform/paths.hpp"
-
 namespace varnholt::app {
 namespace {
 

@@ -1,4 +1,3 @@
-// The window of commands: its buttons, and the tree that goes with the active panel.
 #include "support/app_rig.hpp"
 
 namespace varnholt::appearance {

@@ -3,9 +3,6 @@
 #include "support/app_rig.hpp"
 #include "support/tree_snapshot.hpp"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 namespace varnholt::cleanup {
 namespace {
 
@@ -18,12 +15,9 @@ class CleanUpTest : public test::AppTest {
     rig.startLeft();
   }
   Form16& dialog() { return rig.app().cleanup.Form16; }
-  Form23& choice() { return rig.app().cleanup.Form23; }
-  /// Opens the dialog on a folder, does that in it, and leaves it.
   void open(const std::function<void()>& act) {
     show("C:\\In", "C:\\");
-    rig.loop.whenShows("Form16").run([&](controls::Form&) { act(); }).press("Command2");
-    rig.command("Command17_Click");
+    inDialog("Command17_Click", "Form16", act);
     EXPECT_FALSE(rig.app().dispatcher.busy);
   }
   void openHere(const std::function<void()>& act) {
@@ -33,7 +27,6 @@ class CleanUpTest : public test::AppTest {
       act();
     });
   }
-  /// Paths as they are shown, one a row.
   Names scan(const std::vector<test::Answer>& answers = {}) {
     rig.loop.meets(answers);
     dialog().Command1.press();
@@ -73,9 +66,7 @@ TEST_F(CleanUpTest, TheWalkFindsLevelByLevelWhatThePatternsName) {
   for (const char* name : {"b.tmp", "A.BAK", "data.bak", "x.log", "One\\DATA.bak", "One\\Two\\data.BAK", "One\\.tmp",
                            "z\\y.old", "1\\2\\3\\4\\5\\6\\7\\8\\in.chk", "1\\2\\3\\4\\5\\6\\7\\8\\9\\out.chk"})
     rig.write(std::string("C:\\In\\") + name);
-  ASSERT_EQ(::symlink("b.tmp", rig.systemPath("C:\\In\\l.tmp").c_str()), 0);
-  ASSERT_EQ(::symlink(".", rig.systemPath("C:\\In\\ring.tmp").c_str()), 0);
-  ASSERT_EQ(::mkfifo(rig.systemPath("C:\\In\\pipe.tmp").c_str(), 0600), 0);
+  rig.scratch.link("home/In/l.tmp", "b.tmp").link("home/In/ring.tmp", ".").pipe("home/In/pipe.tmp");
   openHere([&] {
     dialog().Text2.typeFromUser("*.TMP, [ ,?.old");
     EXPECT_EQ(scan(), (Names{"C:\\In|A|Bak", "C:\\In|B|Tmp", "C:\\In|B|Tmp", "C:\\In|Data|Bak", "C:\\In|L|Tmp",
@@ -132,8 +123,7 @@ TEST_F(CleanUpTest, SizesAreBoundsThatDoNotCount) {
 }
 
 TEST_F(CleanUpTest, ASelectionGoesAndTheRestStays) {
-  for (const char* name : {"a.tmp", "b.tmp", "c.tmp", "keep.txt"})
-    rig.write(std::string("C:\\In\\") + name);
+  write({"In\\a.tmp", "In\\b.tmp", "In\\c.tmp", "In\\keep.txt"});
   setAttributes("C:\\In\\a.tmp", platform::attribute::ReadOnly);
   openHere([&] {
     dialog().Text2.typeFromUser("*.none");
@@ -152,8 +142,7 @@ TEST_F(CleanUpTest, ASelectionGoesAndTheRestStays) {
 }
 
 TEST_F(CleanUpTest, AllGoesOnlyWhenTheAnswerIsNotNo) {
-  for (const char* name : {"a.tmp", "b.bak"})
-    rig.write(std::string("C:\\In\\") + name, "12345");
+  write({"In\\a.tmp", "In\\b.bak"}, "12345");
   const char* const question = "\rCleaning Up 2 Files!, - FreeSpace Achived : 10 Bytes";
   openHere([&] {
     dialog().Text2.typeFromUser("*.none");
@@ -173,8 +162,7 @@ TEST_F(CleanUpTest, AllGoesOnlyWhenTheAnswerIsNotNo) {
 }
 
 TEST_F(CleanUpTest, WhatHasChangedSinceTheScanIsAskedAbout) {
-  for (const char* name : {"a.tmp", "b.tmp"})
-    rig.write(std::string("C:\\In\\") + name, "12345");
+  write({"In\\a.tmp", "In\\b.tmp"}, "12345");
   openHere([&] {
     dialog().Text2.typeFromUser("*.none");
     scan();
@@ -189,12 +177,12 @@ TEST_F(CleanUpTest, WhatHasChangedSinceTheScanIsAskedAbout) {
 TEST_F(CleanUpTest, NothingOutsideOfTheScannedFolderIsTouched) {
   rig.write("C:\\In\\Sub\\a.tmp", "x");
   rig.write("C:\\Out\\a.tmp", "somebody else's");
-  ASSERT_EQ(::symlink("../Out/a.tmp", rig.systemPath("C:\\In\\l.tmp").c_str()), 0);
+  rig.scratch.link("home/In/l.tmp", "../Out/a.tmp");
   openHere([&] {
     dialog().Text2.typeFromUser("*.none");
     ASSERT_EQ(scan().size(), 2u);
     std::filesystem::remove_all(rig.systemPath("C:\\In\\Sub"));
-    ASSERT_EQ(::symlink("../Out", rig.systemPath("C:\\In\\Sub").c_str()), 0);
+    rig.scratch.link("home/In/Sub", "../Out");
     clean("Command2", {test::yes(), test::yes()});
   });
   EXPECT_TRUE(rig.exists("C:\\Out\\a.tmp"));
@@ -204,14 +192,12 @@ TEST_F(CleanUpTest, NothingOutsideOfTheScannedFolderIsTouched) {
 TEST_F(CleanUpTest, TheListIsStillThereBehindALookAtAFilesFolder) {
   rig.write("C:\\In\\Sub\\a.tmp", "x");
   show("C:\\In", "C:\\");
-  rig.loop.whenShows("Form16").run([&](controls::Form&) {
+  inDialog("Command17_Click", "Form16", [&] {
     ASSERT_EQ(scan(), Names{"C:\\In\\Sub|A|Tmp"});
     dialog().Command6.press();
   });
-  rig.command("Command17_Click");
   EXPECT_EQ(rig.form().Panel1.path(), "C:\\In\\Sub\\");
-  rig.loop.whenShows("Form16").run([&](controls::Form&) { clean("Command1"); }).press("Command2");
-  rig.command("Command17_Click");
+  inDialog("Command17_Click", "Form16", [&] { clean("Command1"); });
   EXPECT_FALSE(rig.exists("C:\\In\\Sub\\a.tmp"));
   EXPECT_EQ(rig.form().Panel1.list.count(), 0u);
   open([&] { EXPECT_TRUE(rows().empty()); });

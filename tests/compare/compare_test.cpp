@@ -1,10 +1,6 @@
 #include "compare/compare.hpp"
 #include "support/app_rig.hpp"
-#include "support/stand_ins.hpp"
 #include "support/windows_program.hpp"
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace varnholt::compare {
 namespace {
@@ -36,11 +32,9 @@ class CompareTest : public test::AppTest {
     }
   }
   Form30& dialog() { return rig.app().compare.Form30; }
-  /// Opens the dialog on both folders, does that in it, and closes it.
   void open(const std::function<void()>& act) {
     show("C:\\L", "D:\\R");
-    rig.loop.whenShows("Form30").run([&](controls::Form&) { act(); }).press("Command2");
-    rig.command("Com_Sync_Click");
+    inDialog("Com_Sync_Click", "Form30", act);
   }
   void execute(const std::vector<test::Answer>& answers = {}) {
     rig.loop.meets(answers);
@@ -54,7 +48,6 @@ class CompareTest : public test::AppTest {
   }
   Names toRight() { return rows(dialog().ListView1); }
   Names toLeft() { return rows(dialog().ListView2); }
-  static void toggle(controls::CheckBox& box) { box.toggleFromUser(); }
 };
 
 TEST_F(CompareTest, EachFileHasTheFirstReasonThatHolds) {
@@ -78,21 +71,21 @@ TEST_F(CompareTest, EachFileHasTheFirstReasonThatHolds) {
               "To Right Panel:   4 File(s)To Left Panel:   3 File(s)");
     EXPECT_TRUE(dialog().report());
 
-    toggle(dialog().Check3);
+    dialog().Check3.toggleFromUser();
     EXPECT_TRUE(toRight().empty() && dialog().StatusBar1.panel(3).empty());
-    toggle(dialog().Check5);
+    dialog().Check5.toggleFromUser();
     execute();
     EXPECT_EQ(toRight(), (Names{"a.txt Missing", "dir Missing", "old.txt Size", "size.txt Size", "three.txt Date",
                                 "two.txt Size", "v.exe Version"}));
     for (controls::CheckBox* test : {&dialog().Check4, &dialog().Check6, &dialog().Check10})
-      toggle(*test);
+      test->toggleFromUser();
     execute();
     EXPECT_EQ(toRight(), (Names{"old.txt Size", "size.txt Size", "two.txt Size"}));
-    toggle(dialog().Check2);
+    dialog().Check2.toggleFromUser();
     execute();
     EXPECT_EQ(toLeft(), (Names{"old.txt Size", "size.txt Size", "two.txt Size"}));
     EXPECT_TRUE(toRight().empty());
-    toggle(dialog().Check5);
+    dialog().Check5.toggleFromUser();
     execute({noticed("No Compare Options are Checked !")});
   });
 }
@@ -119,32 +112,24 @@ TEST_F(CompareTest, WhatStandsAgainstARunIsTold) {
 }
 
 TEST_F(CompareTest, TheBoxesHangOnEachOther) {
-  const auto is = [&](const char* boxes, const char* arrows) {
-    std::string on, shown;
+  const auto shown = [&] {
+    std::string text;
     for (const char* name : {"Check1", "Check2", "Check3", "Check4", "Check7", "Check8"}) {
       const auto& box = dynamic_cast<controls::CheckBox&>(*dialog().control(name));
-      if (box.Value && box.Visible) on += name[5];
+      if (box.Value && box.Visible) text += name[5];
     }
     for (const auto& [arrow, sign] : {std::pair{&dialog().Image2, ">"}, {&dialog().Image3, "<"}})
-      if (arrow->Visible) shown += sign;
-    EXPECT_EQ(on + shown, std::string(boxes) + arrows);
+      if (arrow->Visible) text += sign;
+    return text;
   };
   open([&] {
-    is("37", "><");
-    toggle(dialog().Check1);  // disabled
-    is("37", "><");
-    toggle(dialog().Check3);
-    is("147", ">");
-    toggle(dialog().Check2);
-    is("247", "<");
-    toggle(dialog().Check7);  // the last one of the pair
-    is("247", "<");
-    toggle(dialog().Check8);
-    is("248", "<");
-    toggle(dialog().Check8);
-    is("247", "<");
-    toggle(dialog().Check2);
-    is("37", "><");
+    EXPECT_EQ(shown(), "37><");
+    // The first one is disabled, and the seventh the last of its pair.
+    for (const auto row : test::Rows{"Check1|37><", "Check3|147>", "Check2|247<", "Check7|247<", "Check8|248<",
+                                     "Check8|247<", "Check2|37><"}) {
+      dynamic_cast<controls::CheckBox&>(*dialog().control(test::Row(row).first)).toggleFromUser();
+      EXPECT_EQ(shown(), test::Row(row).second) << row;
+    }
   });
 }
 
@@ -156,12 +141,11 @@ TEST_F(CompareTest, ASyncReplacesWhatItTellsAndKeepsTheRestInItsList) {
   setAttributes("D:\\R\\protected", platform::attribute::ReadOnly);
   file("link", Side{"left", 9}, {});
   file("kept", {}, Side{"linked"});
-  ASSERT_EQ(::symlink("kept", rig.systemPath("D:\\R\\link").c_str()), 0);
   file("toDir", Side{"left"}, {});
-  ASSERT_EQ(::symlink("dir", rig.systemPath("D:\\R\\toDir").c_str()), 0);
+  rig.scratch.link("second/R/link", "kept").link("second/R/toDir", "dir");
   open([&] {
-    toggle(dialog().Check3);
-    toggle(dialog().Check8);
+    dialog().Check3.toggleFromUser();
+    dialog().Check8.toggleFromUser();
     const char* const question = "\rAre you sure you want to Synchronize selected Folders, Left to Right ?";
     execute({test::no(question)});
     EXPECT_FALSE(rig.exists("D:\\R\\new"));
@@ -183,8 +167,8 @@ TEST_F(CompareTest, AFileThatBothSidesWantEndsAsTheLeftOne) {
   const platform::Date date{1'000'000'000, 5};
   ASSERT_TRUE(files().setModified("C:\\L", date));
   open([&] {
-    toggle(dialog().Check8);
-    toggle(dialog().Check9);
+    dialog().Check8.toggleFromUser();
+    dialog().Check9.toggleFromUser();
     execute({test::yes("\rAre You Sure You Want To Synchronize Selected Folders ?\r"
                        "Notice: System and Hidden Files are Chosen Synchronized !")});
   });
@@ -194,16 +178,30 @@ TEST_F(CompareTest, AFileThatBothSidesWantEndsAsTheLeftOne) {
     EXPECT_EQ(files().info(folder)->modified, date) << folder;
 }
 
+TEST_F(CompareTest, ASyncToTheLeftBringsNothingToTheRight) {
+  file("new", {}, Side{"right"});
+  file("newer", Side{"left"}, Side{"right", 9});
+  file("older", Side{"left", 9}, Side{"right"});
+  file("only left", Side{"left"}, {});
+  open([&] {
+    for (controls::CheckBox* box : {&dialog().Check3, &dialog().Check2, &dialog().Check8})
+      box->toggleFromUser();
+    execute({test::yes("\rAre you sure you want to Synchronize selected Folders, Right to Left ?")});
+  });
+  EXPECT_EQ(rig.read("C:\\L\\new") + rig.read("C:\\L\\newer") + rig.read("C:\\L\\older"), "rightrightleft");
+  EXPECT_EQ(rig.read("D:\\R\\older") + rig.read("D:\\R\\only left"), "right");
+}
+
 TEST_F(CompareTest, AFullVolumeLeavesTheOldFileAndSaysSo) {
   auto& faulty = rig.use<test::FaultyFileSystem>();
   SetUp();
   file("a", Side{"left", 9}, Side{"right"});
   open([&] {
-    toggle(dialog().Check8);
+    dialog().Check8.toggleFromUser();
     faulty.noSpace = true;
     execute({test::yes()});
     EXPECT_EQ(toRight(), (Names{"a Date"}));
-    toggle(dialog().Check3);
+    dialog().Check3.toggleFromUser();
     EXPECT_TRUE(toRight().empty());
   });
   EXPECT_EQ(rig.read("D:\\R\\a"), "right");
@@ -230,8 +228,6 @@ TEST_F(CompareTest, ARowTellsItsFile) {
     EXPECT_NE(dialog().ListView1.ColumnHeaders->front().Icon, turned);
   });
 }
-
-// --- The panels' folders -------------------------------------------------------------------------------------------
 
 TEST_F(CompareTest, OnePanelFollowsTheOther) {
   rig.makeFolder("C:\\R");

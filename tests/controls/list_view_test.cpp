@@ -73,18 +73,14 @@ TEST_F(ListViewTest, MarksBelongToTheRowAndNotToItsPlace) {
 
 TEST_F(ListViewTest, ClicksSelectAsInAnyReportList) {
   fill({"a", "b", "c", "d", "e"});
-  click(1);
-  EXPECT_EQ(selected(), "b");
-  click(3, WithShift);
-  EXPECT_EQ(selected(), "b c d");
-  click(0, WithCtrl);
-  EXPECT_EQ(selected(), "a b c d");
-  click(2, WithCtrl);
-  EXPECT_EQ(selected(), "a b d");
-  click(4, {MouseButton::Left, {true, true, false}});
-  EXPECT_EQ(selected(), "a b c d e");
-  click(4);
-  EXPECT_EQ(selected(), "e");
+  constexpr MouseEvent WithBoth{MouseButton::Left, {true, true, false}};
+  const std::tuple<std::uint32_t, MouseEvent, const char*> clicks[] = {
+      {1, Plain, "b"},        {3, WithShift, "b c d"},    {0, WithCtrl, "a b c d"},
+      {2, WithCtrl, "a b d"}, {4, WithBoth, "a b c d e"}, {4, Plain, "e"}};
+  for (const auto& [row, mouse, selection] : clicks) {
+    click(row, mouse);
+    EXPECT_EQ(selected(), selection) << row;
+  }
   list.pressFromUser({}, Plain);
   EXPECT_EQ(selected(), "");
 }
@@ -129,18 +125,10 @@ TEST_F(ListViewTest, KeysMoveExtendToggleAndMark) {
 TEST_F(ListViewTest, TypedLettersFindNamesRoundTheEnd) {
   fill({"apple", "banana", "blue", "\xC3\xA9toile"});
   list.focusRow(0);
-  list.seekFromUser("b");
-  EXPECT_EQ(list.focusedRow(), 1u);
-  list.seekFromUser("b");
-  EXPECT_EQ(list.focusedRow(), 2u);
-  list.seekFromUser("b");
-  EXPECT_EQ(list.focusedRow(), 1u);
-  list.seekFromUser("bl");
-  EXPECT_EQ(list.focusedRow(), 2u);
-  list.seekFromUser("\xC3\xA9");
-  EXPECT_EQ(list.focusedRow(), 3u);
-  list.seekFromUser("q");
-  EXPECT_EQ(list.focusedRow(), 3u);
+  for (const auto& [typed, row] : {std::pair{"b", 1u}, {"b", 2u}, {"b", 1u}, {"bl", 2u}, {"\xC3\xA9", 3u}, {"q", 3u}}) {
+    list.seekFromUser(typed);
+    EXPECT_EQ(list.focusedRow(), row) << typed;
+  }
 }
 
 }  // namespace

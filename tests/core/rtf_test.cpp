@@ -1,7 +1,6 @@
-// Rich text: what is read of any bytes, and that what is written comes back.
 #include "core/rtf.hpp"
 #include "support/mutations.hpp"
-#include "support/testing.hpp"
+#include "support/scratch_folder.hpp"
 
 namespace varnholt::core {
 namespace {
@@ -105,6 +104,15 @@ TEST(Rtf, WhatIsWrittenComesBack) {
   EXPECT_EQ(shown(read.text), shown(expected));
   EXPECT_TRUE(read.isWhole && !read.holdsMore);
   EXPECT_EQ(readRtf(writeRtf(RichText::of("a\r\n\nb\n"))).text.plain(), "a\n\nb\n");
+}
+
+TEST(Rtf, AnotherProgramReadsWhatIsWritten) {
+  const test::ScratchFolder folder;
+  folder.write("note.rtf", writeRtf(sample()));
+  ASSERT_EQ(std::system(("unrtf --html '" + folder / "note.rtf" + "' >'" + folder / "html" + "' 2>&1").c_str()), 0);
+  const std::string html = folder.read("html");
+  EXPECT_LT(html.find("<b>"), html.find("bold")) << html;
+  EXPECT_LT(html.find("#ff0000"), html.find("red")) << html;
 }
 
 TEST(Rtf, NoBytesMakeTheReaderFail) {

@@ -1,9 +1,7 @@
 """Drives the built program from outside: finds its controls in the accessibility tree, types keys, clicks the mouse."""
 
-import contextlib
 import os
 import shutil
-import signal
 import subprocess
 import sys
 import tempfile
@@ -75,8 +73,6 @@ class Program:
 
     def opened(self):
         """Addresses that the desktop would have opened, the newest last."""
-        if not os.path.exists(self.place + "/opened"):
-            return []
         with open(self.place + "/opened", encoding="utf-8") as lines:
             return lines.read().split("\n")[:-1]
 
@@ -113,19 +109,6 @@ class Program:
         wait("the tip to go", lambda: not self.dialogs())
         wait("a panel with the keyboard", lambda: self.status_has("Active"))
 
-    def kill(self):
-        self.process.send_signal(signal.SIGKILL)
-        self.process.wait()
-
-    @contextlib.contextmanager
-    def held(self):
-        """Stands still meanwhile; keys typed then are found afterwards."""
-        self.process.send_signal(signal.SIGSTOP)
-        try:
-            yield
-        finally:
-            self.process.send_signal(signal.SIGCONT)
-
     def await_end(self):
         try:
             self.process.wait(PATIENCE)
@@ -136,7 +119,8 @@ class Program:
 
     def finish(self):
         if self.process and self.process.poll() is None:
-            self.kill()
+            self.process.kill()
+            self.process.wait()
         shutil.rmtree(self.place, ignore_errors=True)
 
     def application(self):
@@ -280,14 +264,6 @@ class Program:
         """An entry of an open menu."""
         return next((node for node in below(self.application())
                      if node.get_name() == name and "menu" in node.get_role_name() and shows(node)), None)
-
-    @staticmethod
-    def is_enabled(node):
-        return node.get_state_set().contains(Atspi.StateType.ENABLED)
-
-    def command(self, name):
-        """A button of the main window."""
-        self.click(wait("the button " + name, lambda: self.named(self.window(), name)))
 
     @staticmethod
     def keys(*keys):

@@ -18,7 +18,7 @@ DIALOGS = [
     ("File/Rename...", "Rename Item(s)"),
     ("File/Properties...", "File/Folder Properties"),
     ("File/Attributes...", "Attribut Change"),
-    ("File/Make Zip File...", ""),
+    ("File/Make Zip File...", "Zip File Options"),
     ("Select/Filter Function", ""),
     ("View/User Specification (User.user)", ""),
     ("Places/Open Static Presets", "Static Preset View"),

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""A selection is made, turned round, copied and deleted by the keyboard alone."""
+"""A selection is made, turned round, copied and deleted, one pasted, one found, an address opened, by the keyboard alone."""
 
 import sys
 
@@ -32,6 +32,24 @@ def road(program):
     program.keys("Return")
     program.click(program.named(program.dialog("Alert !"), "Execute"))
     wait("the rest", lambda: program.rows(2) == ["old"])
+
+    program.keys("Tab", "End", "ctrl+c")
+    wait("Ctrl+C", lambda: program.title() == "Varnholt, - Ctrl+C Done !")
+    program.keys("Tab", "ctrl+v")
+    wait("the pasted one", lambda: program.rows(2) == ["h", "old"])
+
+    program.keys("ctrl+f")
+    program.dialog("Quick Find Item.")
+    program.keys("o", "l")  # the keyboard stays in the dialog while its rows are selected
+    program.dialog("Quick Find Item, - Match Found !")
+    program.keys("Escape")
+    program.wait_for_no_dialog()
+    program.keys("alt+p", "t")
+    program.dialog("Open Item")
+    program.type_over("www.here")
+    program.keys("Return")
+    wait("the address", lambda: program.opened() == ["http://www.here"])
+    program.wait_for_no_dialog()
 
     program.keys("BackSpace")
     program.wait_for_rows(2, "g")

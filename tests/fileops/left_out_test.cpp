@@ -1,4 +1,3 @@
-// What an operation could not do: the rest is done, and it is told once at the ending.
 #include "operation_test.hpp"
 
 namespace varnholt::fileops {

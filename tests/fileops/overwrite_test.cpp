@@ -1,4 +1,3 @@
-// What becomes of a target that exists: the question, its six answers, attributes, versions, dates.
 #include "operation_test.hpp"
 #include "support/windows_program.hpp"
 

@@ -40,14 +40,14 @@ TEST_F(OperationTest, NamesThatMakeNoFolderAreToldAndTheDialogStays) {
 
 TEST_F(OperationTest, FilesForTheDesktopGoThereAndAskBeforeTheyReplace) {
   auto& faulty = use<test::FaultyFileSystem>();
-  rig.useDesktop("C:\\Gone");
+  rig.useShellFolder("Desktop", "C:\\Gone");
   write({"From\\a.txt", "From\\b.txt", "From\\Sub\\x"});
   select({"a"});
   for (const char* handler : {"CopyDesktop_Click", "Copyfrom_desktop_Click"})
     start(handler, {test::noticed(".. \\Desktop Folder Do Not Exist !")}, {});
 
   rig.makeFolder("C:\\Desk");
-  rig.useDesktop("C:\\Desk");
+  rig.useShellFolder("Desktop", "C:\\Desk");
   faulty.noSpace = true;
   start("CopyDesktop_Click", {test::noticed("Copy Failed To Desktop !")}, {});
   EXPECT_FALSE(rig.exists("C:\\Desk\\a.txt"));
@@ -246,7 +246,6 @@ class EditFileTest : public OperationTest {
     rig.makeFolder("C:\\From\\Sub");
     select({});
   }
-  /// Files that were opened in the editor.
   Names edited() {
     Names files;
     for (const auto& [command, folder] : shell->started) {

@@ -1,4 +1,3 @@
-// What the File Filter selects, and what it tells.
 #include "filter_test.hpp"
 
 namespace varnholt::filters {

@@ -14,7 +14,6 @@ class FilterTestRig : public test::AppTest {
     rig.write(path, "");
     std::filesystem::resize_file(rig.systemPath(path), bytes);
   }
-  /// Local time of a file to the second.
   void moment(const std::string& path, const platform::CalendarTime& time) {
     ASSERT_TRUE(rig.platform->files.setModified(path, rig.clock.fromLocal(time)));
   }
@@ -50,10 +49,11 @@ class FilterTestRig : public test::AppTest {
     rig.loop.meets({{"Form25", "Command11", "", [this, asks] { asks(filters().Form25); }}});
     rig.menu("Viewuser").choose();
   }
-  /// The File Filter with all else as it stands in its dialog, and these days.
-  void fileFilterWithDates(Day from, Day to) {
-    rig.loop.whenShows("Form6").press("Command1").press("Command11");
-    picks(from, to);
+  /// The File Filter with all else as it stands in its dialog, and these days, which are taken or not; then that
+  /// button.
+  void fileFilterWithDates(Day from, Day to, const char* button = "Command11", const char* takes = "Command11") {
+    rig.loop.whenShows("Form6").press("Command1").press(button);
+    picks(from, to, takes);
     rig.command("Command5_Click");
   }
   Names files(panels::Panel& panel) {

@@ -1,4 +1,3 @@
-// What the View Filter keeps out of the panels.
 #include "filter_test.hpp"
 
 namespace varnholt::filters {
@@ -77,19 +76,12 @@ TEST_F(ViewFilterTest, SizesDatesAndAttributesMustAllHold) {
 TEST_F(ViewFilterTest, WhatIsRefusedOrCancelledChangesNothing) {
   rig.startLeft();
   auto& dialog = filters().Form25;
-  const auto isRefused = [&](const std::string& pattern, const std::string& notice) {
-    type(dialog.Text2, pattern);
-    rig.loop.meets({test::noticed(notice)});
+  const auto isRefused = [&] {
+    type(dialog.Text2, "");
     dialog.Command11.press();
     EXPECT_TRUE(dialog.Visible);
   };
-  const auto refusals = [&] {
-    isRefused("", "Key In FilePattern Please !!");
-    askSizes(dialog, "1", "1");
-    isRefused("*.txt", "FileSize Input Data Equal !");
-  };
-  rig.loop.meets({{"Form25", "Command2", "", refusals}});
-  rig.menu("Viewuser").choose();
+  inDialog("Viewuser_Click", "Form25", isRefused, {test::noticed("Key In FilePattern Please !!")});
   EXPECT_EQ(files(left()).size(), 4u) << "no filter has been given: all files show";
 
   viewFilter([](Form25& filter) {
@@ -100,8 +92,7 @@ TEST_F(ViewFilterTest, WhatIsRefusedOrCancelledChangesNothing) {
     EXPECT_EQ(dialog.Text2.Text.get(), "*.txt");
     type(dialog.Text2, "*.jpg");
   };
-  rig.loop.meets({{"Form25", "Command2", "", types}});
-  rig.menu("Viewuser").choose();
+  inDialog("Viewuser_Click", "Form25", types);
   EXPECT_EQ(files(left()), Names{"a.txt"}) << "Cancel keeps the filter in force";
 }
 
@@ -226,18 +217,14 @@ TEST_F(DateFilterTest, SwitchingOffAndCancellingKeepTheDays) {
   EXPECT_FALSE(filters().Form6.Check1.Enabled) << "the attribute boxes follow";
   EXPECT_EQ(rig.platform->settings.get("kelvarton", "datefilter", "Check"), "false");
 
-  rig.loop.whenShows("Form6").press("Command1").press("Command2");
-  picks({2000, 1, 1}, {2000, 1, 2}, "Command2");
-  rig.command("Command5_Click");
+  fileFilterWithDates({2000, 1, 1}, {2000, 1, 2}, "Command2", "Command2");
   EXPECT_EQ(filters().Form6.dates, (DatePair{{2007, 3, 1}, {2007, 3, 5}}));
   EXPECT_FALSE(filters().Form6.datesOn());
 }
 
 TEST_F(DateFilterTest, EachFilterHasDaysOfItsOwn) {
   start();
-  rig.loop.whenShows("Form6").press("Command1").press("Command2");
-  picks({2007, 3, 1}, {2007, 3, 5});
-  rig.command("Command5_Click");
+  fileFilterWithDates({2007, 3, 1}, {2007, 3, 5}, "Command2");
   const std::string caption = "View Filter, - Date :  01-01-2000  <->  02-02-2001";
   rig.loop.whenShows("Form25").press("Command1").reads("Caption", caption).press("Command2");
   picks({2000, 1, 1}, {2001, 2, 2});

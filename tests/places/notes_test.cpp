@@ -1,9 +1,6 @@
-// Notes: written, loaded, kept from loss, deleted.
 #include "support/app_rig.hpp"
 
 #include "core/rtf.hpp"
-
-#include <unistd.h>
 
 namespace varnholt::places {
 namespace {
@@ -31,13 +28,7 @@ class NotesTest : public test::AppTest {
   void type(const std::string& text) { notes().RichTextBox1.typeFromUser(RichText::of(text)); }
   /// What the user does and meets; a text that is still unsaved at the end is given up.
   void inNotes(const std::function<void()>& acts, const std::vector<Answer>& meets = {}) {
-    rig.loop.whenShows("Form46").run([this, acts](controls::Form&) {
-      acts();
-      notes().Command3.press();
-    });
-    rig.loop.meets(meets);
-    rig.menu("MyNotes").choose();
-    rig.loop.expectAllReached();
+    inDialog("MyNotes_Click", "Form46", acts, meets, "Command3");
   }
   const std::string lossQuestion = "Your Note Is Not Saved !\rLeave It ?";
   const std::string beyond = "{\\rtf1 a{\\pict 00}}";
@@ -65,6 +56,20 @@ TEST_F(NotesTest, ANoteIsSavedUnderItsNameAndComesBackOnAClick) {
     EXPECT_EQ(notes().Text1.Text.get(), "shopping") << "a click on the note that is shown names it again";
   });
   EXPECT_EQ(kept("My Note Name.Rtf"), core::writeRtf(RichText::of("other")));
+}
+
+TEST_F(NotesTest, CtrlWithALetterPressesTheButtonOfThatLook) {
+  inNotes([&] {
+    std::string pressed;
+    for (const auto& [code, button] :
+         {std::pair{'B', &notes().Command5}, {'I', &notes().Command6}, {'U', &notes().Command7}}) {
+      button->Click = [&pressed, code = code] { pressed += code; };
+      controls::KeyEvent event{code, {.ctrl = true}};
+      notes().KeyDown(event);
+      EXPECT_TRUE(event.handled);
+    }
+    EXPECT_EQ(pressed, "BIU");
+  });
 }
 
 TEST_F(NotesTest, ABadNameAndARefusedQuestionWriteNothing) {
@@ -149,8 +154,7 @@ TEST_F(NotesTest, DeleteTakesWhatIsSelectedAndDeleteAllFilesOfTheFolderAlone) {
     keep(name, core::writeRtf({}));
   }
   write({"target"});
-  ASSERT_EQ(::symlink(rig.systemPath("C:\\target").c_str(), (rig.platform->toSystem(folder()) + "/link.Rtf").c_str()),
-            0);
+  rig.scratch.link("data/Notes/link.Rtf", rig.systemPath("C:\\target"));
   inNotes(
       [&] {
         click("a.Rtf");

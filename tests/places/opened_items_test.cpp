@@ -1,9 +1,5 @@
-// What was opened: the recent files, the typed addresses, the most used files.
 #include "support/app_rig.hpp"
 #include "support/mutations.hpp"
-
-#include "core/program_files.hpp"
-#include "core/text_file.hpp"
 
 namespace varnholt::places {
 namespace {
@@ -42,26 +38,13 @@ class OpenedItemsTest : public test::AppTest {
     return texts;
   }
 
-  /// What the user does in one of the dialogs; it is closed behind him.
-  template <class Dialog>
-  void in(Dialog& dialog, const std::function<void()>& acts, const char* command) {
-    rig.loop.whenShows(dialog.name()).run([&dialog, acts](controls::Form&) {
-      acts();
-      if (dialog.Visible) dialog.Command2.press();
-    });
-    rig.command(command);
+  void inRecent(const std::function<void(Form28&)>& acts, const std::vector<test::Answer>& answers = {}) {
+    inDialog(
+        "Recent_Files_Click", "Form28", [this, acts] { acts(opened().Form28); }, answers);
   }
-  void inRecent(const std::function<void(Form28&)>& acts) {
-    in(
-        opened().Form28, [this, acts] { acts(opened().Form28); }, "Recent_Files_Click");
-  }
-  void inOpen(const std::function<void(Form29&)>& acts) {
-    in(
-        opened().Form29, [this, acts] { acts(opened().Form29); }, "OpenItem_Click");
-  }
-  void inMostUsed(const std::function<void(Form40&)>& acts) {
-    in(
-        opened().Form40, [this, acts] { acts(opened().Form40); }, "Mufi_Click");
+  void inOpen(const std::function<void(Form29&)>& acts, const std::vector<test::Answer>& answers = {}) {
+    inDialog(
+        "OpenItem_Click", "Form29", [this, acts] { acts(opened().Form29); }, answers);
   }
   void openItem(const std::string& text) {
     inOpen([text](Form29& dialog) {
@@ -79,8 +62,6 @@ class OpenedItemsTest : public test::AppTest {
 
   test::RecordingShell* shell = nullptr;
 };
-
-// --- Open Item -----------------------------------------------------------------------------------------------------
 
 TEST_F(OpenedItemsTest, OpensAddressesFilesAndFoldersByTheirText) {
   for (const auto& [typed, address] : {std::pair{"www.example.org/a:b", "http://www.example.org/a:b"},
@@ -105,13 +86,12 @@ TEST_F(OpenedItemsTest, OpensAddressesFilesAndFoldersByTheirText) {
 
 TEST_F(OpenedItemsTest, WhatCannotBeOpenedIsToldAndNotKept) {
   const auto refused = [this](const char* typed, const char* told) {
-    rig.loop.whenShows("Form29").run([this, typed](controls::Form& form) {
-      opened().Form29.Combo1.typeFromUser(typed);
-      opened().Form29.Command11.press();
-      EXPECT_TRUE(form.Visible) << typed;
-      opened().Form29.Command2.press();
-    });
-    rig.command("OpenItem_Click", {test::told(told)});
+    const auto types = [typed](Form29& dialog) {
+      dialog.Combo1.typeFromUser(typed);
+      dialog.Command11.press();
+      EXPECT_TRUE(dialog.Visible) << typed;
+    };
+    inOpen(types, {test::told(told)});
   };
   for (const auto& [typed, told] : {std::pair{"Address...", "Invalid Input, - [: or \\] missing !"},
                                     {"", "Invalid Input, - [: or \\] missing !"},
@@ -142,13 +122,10 @@ TEST_F(OpenedItemsTest, TheNewestAddressLeadsTheFileAndEachStandsThereOnce) {
   });
   startAgain();
   EXPECT_EQ(kept("\\OpenHis.Dat"), "WWW.A\r\n");
-  rig.loop.whenShows("Form29").run([this](controls::Form&) { opened().Form29.Command3.press(); }).closes();
-  rig.command("OpenItem_Click", {test::noticed("Open Items Cleared In Memory !")});
+  inOpen([](Form29& dialog) { dialog.Command3.press(); }, {test::noticed("Open Items Cleared In Memory !")});
   startAgain();
   EXPECT_EQ(kept("\\OpenHis.Dat"), "");
 }
-
-// --- Recent Files --------------------------------------------------------------------------------------------------
 
 TEST_F(OpenedItemsTest, ARecentFileIsOpenedAndBecomesTheNewest) {
   for (const char* path : {"C:\\Work\\a.txt", "C:\\Work\\b.txt"})
@@ -168,28 +145,23 @@ TEST_F(OpenedItemsTest, ARecentFileIsOpenedAndBecomesTheNewest) {
 TEST_F(OpenedItemsTest, ARecentFileIsGoneToAndOneThatIsGoneLeavesTheList) {
   for (const char* path : {"C:\\Work\\a.txt", "C:\\Work\\gone"})
     rig.app().opener.Filehis_store(path);
-  rig.loop.whenShows("Form28").run([this](controls::Form&) {
-    auto& dialog = opened().Form28;
+  const auto goes = [](Form28& dialog) {
     dialog.Command3.press();
     dialog.Command11.press();
     EXPECT_EQ(items(dialog.ImageCombo1), Names{"C:\\Work\\a.txt"});
     dialog.Command3.press();
     EXPECT_FALSE(dialog.Visible);
-  });
-  rig.command("Recent_Files_Click",
-              {test::told("File Path NOT Valid !"), test::told("File Do Not Exist !, - Removes From List.")});
+  };
+  inRecent(goes, {test::told("File Path NOT Valid !"), test::told("File Do Not Exist !, - Removes From List.")});
   EXPECT_EQ(left().path(), "C:\\Work\\");
   EXPECT_EQ(selected(left()), Names{"a.txt"});
-  rig.loop.whenShows("Form28").run([this](controls::Form&) { opened().Form28.Command1.press(); }).closes();
-  rig.command("Recent_Files_Click", {test::noticed("Recent Files Cleared In Memory !")});
+  inRecent([](Form28& dialog) { dialog.Command1.press(); }, {test::noticed("Recent Files Cleared In Memory !")});
   EXPECT_EQ(opened().Form28.ImageCombo1.Text.get(), "Recent Files Cleared ...");
   inRecent([](Form28& dialog) {
     EXPECT_EQ(dialog.ImageCombo1.Text.get(), "Recent Files Emty ...");
     EXPECT_FALSE(dialog.Command11.Enabled);
   });
 }
-
-// --- Most Used Files -----------------------------------------------------------------------------------------------
 
 TEST_F(OpenedItemsTest, CountsEachOpenAndOutlivesTheProgram) {
   rig.command("Mufi_Click", {test::told("No Items In Most Used Files !")});
@@ -203,7 +175,6 @@ TEST_F(OpenedItemsTest, CountsEachOpenAndOutlivesTheProgram) {
     EXPECT_EQ(dialog.StatusBar1.panel(1), "Entries = 3");
     EXPECT_EQ(dialog.ListView1.cell(0, 0) + dialog.ListView1.cell(0, 1) + dialog.ListView1.cell(0, 2),
               "000002a.txtC:\\Work\\");
-    // The third is gone.
     test::click(dialog.ListView1, 2);
     EXPECT_EQ(dialog.StatusBar1.panel(1), "File Do Not Exist !");
     dialog.Command11.press();

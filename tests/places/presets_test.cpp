@@ -1,8 +1,4 @@
-// Presets: pairs of folders that are named, visited, or stored.
 #include "support/app_rig.hpp"
-
-#include "core/program_files.hpp"
-#include "platform/text_fold.hpp"
 
 namespace varnholt::places {
 namespace {
@@ -29,33 +25,24 @@ class PresetsTest : public test::AppTest {
   }
   static Names rows(const controls::ListView& list) { return test::rowsOf(list, 2); }
 
-  /// What the user does in the static presets.
-  using Acts = std::function<void(Form20&)>;
-  void inStatic(const Acts& acts) {
-    rig.loop.whenShows("Form20").run([this, acts](controls::Form&) {
-      acts(presets().Form20);
-      if (presets().Form20.Visible) presets().Form20.Command3.press();
-    });
+  void inStatic(const std::function<void(Form20&)>& acts, const std::vector<test::Answer>& answers = {}) {
+    inDialog(
+        "Command12_Click", "Form20", [this, acts] { acts(presets().Form20); }, answers, "Command3");
   }
-  void names(const std::string& name, const std::string& text) {
+  test::Answer names(const std::string& name, const std::string& text) {
     const auto types = [this, name, text] {
       presets().Form21.Text1.typeFromUser(name);
       presets().Form21.Text2.typeFromUser(text);
     };
-    rig.loop.meets({{"Form21", "Command11", "", types}});
+    return {"Form21", "Command11", "", types};
   }
   /// Makes a preset of the folders that the panels show.
   void make(const std::string& name, const std::string& text = "") {
-    inStatic([](Form20& dialog) { dialog.Command2.press(); });
-    names(name, text);
-    rig.command("Command12_Click");
+    inStatic([](Form20& dialog) { dialog.Command2.press(); }, {names(name, text)});
   }
   void inDynamic(const std::function<void(Form34&)>& acts) {
-    rig.loop.whenShows("Form34").run([this, acts](controls::Form&) {
-      acts(presets().Form34);
-      if (presets().Form34.Visible) presets().Form34.Command3.press();
-    });
-    rig.menu("DynPresets").choose();
+    inDialog(
+        "DynPresets_Click", "Form34", [this, acts] { acts(presets().Form34); }, {}, "Command3");
   }
 };
 
@@ -72,7 +59,6 @@ TEST_F(PresetsTest, ANewPresetIsKeptInCapitalsAndOutlivesTheProgram) {
   rig.restart();
   rig.startLeft();
   inStatic([](Form20& dialog) { EXPECT_EQ(rows(dialog.ListView1), (Names{"WEEKLY|The Weekly Backup", "ÄRGER|"})); });
-  rig.menu("presetsetup").choose();
 }
 
 TEST_F(PresetsTest, ANameIsTakenOnce) {
@@ -84,19 +70,19 @@ TEST_F(PresetsTest, ANameIsTakenOnce) {
                                       {"default", "\rDEFAULT" + own},
                                       {"Mem", "\rMEM" + own},
                                       {"memrecall", "\rMEMRECALL" + own}}) {
-    inStatic([](Form20& dialog) {
+    inStatic([&, taken = taken, reason = reason](Form20& dialog) {
+      rig.loop.whenShows("Form21")
+          .run([&](controls::Form&) { presets().Form21.Text1.typeFromUser(taken); })
+          .press("Command11")
+          .run([&](controls::Form& names) {
+            EXPECT_TRUE(names.Visible && presets().Form21.Text1.hasFocus());
+            EXPECT_EQ(presets().Form21.Text1.Text.get(), "");
+          })
+          .press("Command3");
+      rig.loop.meets({test::told("\rPresetName already exist !" + reason)});
       dialog.Command2.press();
       EXPECT_EQ(dialog.ListView1.count(), 1u);
     });
-    rig.loop.whenShows("Form21")
-        .run([this, taken = taken](controls::Form&) { presets().Form21.Text1.typeFromUser(taken); })
-        .press("Command11")
-        .run([this](controls::Form& dialog) {
-          EXPECT_TRUE(dialog.Visible && presets().Form21.Text1.hasFocus());
-          EXPECT_EQ(presets().Form21.Text1.Text.get(), "");
-        })
-        .press("Command3");
-    rig.command("Command12_Click", {test::told("\rPresetName already exist !" + reason)});
   }
   EXPECT_EQ(kept(), "HOME\r\n");
 }
@@ -104,13 +90,12 @@ TEST_F(PresetsTest, ANameIsTakenOnce) {
 TEST_F(PresetsTest, AListThatCannotBeWrittenAndAWindowsFolderThatIsGoneAreTold) {
   auto& files = rig.use<test::FaultyFileSystem>();
   rig.startLeft();
-  inStatic([&](Form20& dialog) {
+  const auto makes = [&](Form20& dialog) {
     files.noSpace = true;
     dialog.Command2.press();
     EXPECT_EQ(dialog.ListView1.count(), 0u);
-  });
-  names("home", "");
-  rig.command("Command12_Click", {test::told("Presets Not Stored !, - No space left on device")});
+  };
+  inStatic(makes, {names("home", ""), test::told("Presets Not Stored !, - No space left on device")});
   EXPECT_EQ(stored("HOME", "view1path"), "");
   files.vanishes = rig.app().program.folders.windir;
   rig.loop.whenBox("Alert !", controls::MessageAnswer::Ok,
@@ -131,7 +116,6 @@ TEST_F(PresetsTest, EnterAndDoubleClickTakeBothPanelsThere) {
       byKey ? key(dialog.ListView1, controls::key::Enter) : dialog.ListView1.doubleClickFromUser(0);
       EXPECT_FALSE(dialog.Visible);
     });
-    rig.command("Command12_Click");
     EXPECT_EQ(paths(), "C:\\Work\\ D:\\Backup\\");
     EXPECT_EQ(rig.form().Caption.get(), "Varnholt -  C:\\Work");
     EXPECT_EQ(rows(presets().Form34.ListView1), before) << "the pair was there, and no half of it was added";
@@ -149,7 +133,7 @@ TEST_F(PresetsTest, APresetWithAVanishedFolderSaysSoAndMovesNothing) {
   show("C:\\Photos", "C:\\Photos");
   make("photos");
   std::filesystem::remove_all(rig.systemPath("C:\\Work\\Drafts"));
-  inStatic([&](Form20& dialog) {
+  const auto tries = [&](Form20& dialog) {
     controls::ListView& list = dialog.ListView1;
     const auto gone = list.item(0), valid = list.item(1);
     EXPECT_EQ(gone.SmallIcon(), BrokenIcon);
@@ -158,8 +142,8 @@ TEST_F(PresetsTest, APresetWithAVanishedFolderSaysSoAndMovesNothing) {
     EXPECT_EQ(list.rowToolTip(gone), "Left:  C:\\Work\\Drafts  (gone)\rRight:  D:\\Backup");
     list.doubleClickFromUser(0);
     EXPECT_TRUE(dialog.Visible);
-  });
-  rig.command("Command12_Click", {test::told("Preset has changed and NOT Valid !")});
+  };
+  inStatic(tries, {test::told("Preset has changed and NOT Valid !")});
   EXPECT_EQ(paths(), "C:\\Photos\\ C:\\Photos\\");
 }
 
@@ -169,7 +153,6 @@ TEST_F(PresetsTest, LastExitReturnsToTheFoldersOfTheLastRun) {
   rig.restart();
   rig.startLeft();
   inStatic([](Form20& dialog) { dialog.Command11.press(); });
-  rig.command("Command12_Click");
   EXPECT_EQ(paths(), "C:\\Work\\ D:\\Backup\\");
   EXPECT_EQ(rig.form().Caption.get(), "Varnholt -  C:\\Work") << "the left panel is the active one";
   EXPECT_EQ(rig.form().ImageCombo1.Text.get(), "C:\\Work");
@@ -182,13 +165,12 @@ TEST_F(PresetsTest, DeletingAsksAndLeavesTheOthersAndWhatIsNoPreset) {
   rig.app().program.settings.save(core::setting::view1path, "C:\\Photos\\");
   ASSERT_TRUE(rig.platform->files.writeFile(file(), kept() + "default\r\n"));
   const auto deletes = [&](controls::Button Form20::*button, const char* what, const char* answer) {
-    inStatic([button](Form20& dialog) {
+    const auto acts = [button](Form20& dialog) {
       click(dialog.ListView1, 1);
       (dialog.*button).press();
       if (dialog.ListView1.count() == 0) (dialog.*button).press();  // nothing is left to ask about
-    });
-    rig.command("Command12_Click",
-                {{"Form11", answer, "You are about to DELETE " + std::string(what) + ", - Continue ?\r"}});
+    };
+    inStatic(acts, {{"Form11", answer, "You are about to DELETE " + std::string(what) + ", - Continue ?\r"}});
   };
   deletes(&Form20::Command1, "Selected Preset", "Command1");
   EXPECT_EQ(kept(), "ONE\r\nTWO\r\nTHREE\r\ndefault\r\n");

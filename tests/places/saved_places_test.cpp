@@ -1,4 +1,3 @@
-// Favorites and bookmarks: made, listed, followed, renamed, deleted.
 #include "support/app_rig.hpp"
 #include "support/mutations.hpp"
 
@@ -33,28 +32,15 @@ class SavedPlacesTest : public test::AppTest {
               dynamic_cast<controls::TextBox*>(rig.loop.form(form)->control("Text1"))->typeFromUser(name);
             }};
   }
-  void addFavorite(const std::string& row, const std::vector<Answer>& answers) {
+  void add(const char* handler, const std::string& row, const std::vector<Answer>& answers) {
     rig.click(left(), row);
-    rig.loop.meets(answers);
-    rig.menu("addfavor").choose();
+    rig.command(handler, answers);
     rig.loop.expectAllReached();
   }
-  void addBookmark(const std::string& row, const std::vector<Answer>& answers) {
-    rig.click(left(), row);
-    rig.loop.meets(answers);
-    rig.menu("addtobook").choose();
-    rig.loop.expectAllReached();
-  }
-  /// What the user does in the dialog, and what he meets there; then it is closed if it still shows.
-  void inDialog(const char* entry, PlacesForm& form, const std::function<void()>& acts,
-                const std::vector<Answer>& meets = {}) {
-    rig.loop.whenShows(form.name()).run([&form, acts](controls::Form&) {
-      acts();
-      if (form.Visible) form.Command3.press();
-    });
-    rig.loop.meets(meets);
-    rig.menu(entry).choose();
-    rig.loop.expectAllReached();
+  void addFavorite(const std::string& row, const std::vector<Answer>& answers) { add("addfavor_Click", row, answers); }
+  void addBookmark(const std::string& row, const std::vector<Answer>& answers) { add("addtobook_Click", row, answers); }
+  void inFavorites(const std::function<void()>& acts, const std::vector<Answer>& meets = {}) {
+    inDialog("showfavor_Click", "Form26", acts, meets, "Command3");
   }
   Form26& favorites() { return rig.app().savedPlaces.favorites.Form26; }
   Form33& bookmarks() { return rig.app().savedPlaces.bookmarks.Form33; }
@@ -113,7 +99,7 @@ TEST_F(SavedPlacesTest, FavoritesAreListedWithTheDateOfTheSettingAndSortedByIt) 
     ASSERT_TRUE(
         files().setModified(folder("Favorites") + name, rig.platform->clock.fromLocal({2007, 3, day, 14, 5, 0, 0})));
   }
-  inDialog("showfavor", favorites(), [this] {
+  inFavorites([this] {
     auto& list = favorites().ListView1;
     EXPECT_EQ(rowsOf(list), (Names{"A.url", "b.Url"}));
     EXPECT_EQ(list.cell(0, 1) + "|" + list.cell(0, 2), "20-03-07  14:05|000000000039161");
@@ -132,13 +118,11 @@ TEST_F(SavedPlacesTest, OpeningAFavoriteCountsItAndHandsOnlyItsFileOver) {
   keep(folder("Favorites") + "bare.url", "");
   const auto open = [this](const char* row, const std::vector<Answer>& meets) {
     shell->started.clear();
-    inDialog(
-        "showfavor", favorites(),
-        [&] {
-          select(favorites().ListView1, {row});
-          key(favorites().ListView1, controls::key::Enter);
-        },
-        meets);
+    const auto acts = [&] {
+      select(favorites().ListView1, {row});
+      key(favorites().ListView1, controls::key::Enter);
+    };
+    inFavorites(acts, meets);
     return shell->started.empty() ? std::string() : shell->started[0].first;
   };
   const std::string explorer = "\"" + rig.app().program.folders.windir + "explorer.exe\" ";
@@ -174,25 +158,24 @@ TEST_F(SavedPlacesTest, SeveralAreDeletedAfterOneQuestionReadOnlyOnesToo) {
     keep(folder("Favorites") + name, "x");
   setAttributes(folder("Favorites") + "a.Url", 1);
   auto& list = favorites().ListView1;
-  inDialog("showfavor", favorites(), [&] { favorites().Command1.press(); }, {test::noticed(" No Items selected. ! ")});
+  inFavorites([&] { favorites().Command1.press(); }, {test::noticed(" No Items selected. ! ")});
   const std::string question = "You Are About To Delete \r2 Favorit(es) !\rAre You Sure ?";
   const auto act = [&] {
     select(list, {"a.Url", "c.Url"});
-    favorites().Command1.press();
+    key(list, controls::key::Delete);
   };
   const auto marked = [&] {
     EXPECT_TRUE(list.item(0).Ghosted() && !list.item(1).Ghosted() && list.item(2).Ghosted());
     EXPECT_EQ(list.item(0).ForeColor(), panels::mark_color::Selection);
   };
-  inDialog("showfavor", favorites(), act, {{"Form11", "Command1", question, marked}});
+  inFavorites(act, {{"Form11", "Command1", question, marked}});
   EXPECT_NE(kept(folder("Favorites") + "a.Url"), "none");
-  inDialog("showfavor", favorites(),
-           [&] {
-             act();
-             EXPECT_EQ(rowsOf(list), Names{"b.Url"});
-             EXPECT_TRUE(list.item(0).Selected() && !list.item(0).Ghosted());
-           },
-           {test::yes(question)});
+  const auto acts = [&] {
+    act();
+    EXPECT_EQ(rowsOf(list), Names{"b.Url"});
+    EXPECT_TRUE(list.item(0).Selected() && !list.item(0).Ghosted());
+  };
+  inFavorites(acts, {test::yes(question)});
   EXPECT_EQ(kept(folder("Favorites") + "a.Url") + kept(folder("Favorites") + "c.Url"), "nonenone");
 }
 
@@ -204,30 +187,27 @@ TEST_F(SavedPlacesTest, ARenamedOneIsSelectedByItsNewName) {
     EXPECT_EQ(rig.app().rename.Form14.Text1.Text.get(), "a.Url");
     rig.app().rename.Form14.Text1.typeFromUser("z.Url");
   };
-  inDialog("showfavor", favorites(),
-           [this] {
-             select(favorites().ListView1, {"a.Url"});
-             favorites().Command4.press();
-             EXPECT_EQ(rowsOf(favorites().ListView1), (Names{"b.Url", "z.Url"}));
-             EXPECT_EQ(favorites().ListView1.SelectedItem()->Text(), "z.Url");
-           },
-           {{"Form14", "Command11", "", newName}});
+  const auto renames = [this] {
+    select(favorites().ListView1, {"a.Url"});
+    favorites().Command4.press();
+    EXPECT_EQ(rowsOf(favorites().ListView1), (Names{"b.Url", "z.Url"}));
+    EXPECT_EQ(favorites().ListView1.SelectedItem()->Text(), "z.Url");
+  };
+  inFavorites(renames, {{"Form14", "Command11", "", newName}});
 }
 
 TEST_F(SavedPlacesTest, TheImportTakesShortcutsOfTheFolderItselfAndOverwrites) {
   const std::string question = "\rYou are about to Import existing windows Favorites to :" + rig.programFolder() +
                                "\\Favorites\r\rARE YOU SURE ?";
   const auto import = [&](const std::vector<Answer>& answers) {
-    rig.loop.meets(answers);
-    rig.menu("Syncfavorites").choose();
+    rig.command("Syncfavorites_Click", answers);
     rig.loop.expectAllReached();
   };
   write({"Old\\a.URL", "Old\\b.txt", "Old\\Sub\\c.url"});
   keep(folder("Favorites") + "a.URL", "before");
   const test::Answer missing = test::noticed(".. \\Favorites Folder Do Not Exist !");
   import({test::yes(question), missing});
-  rig.registerText(platform::RegistryRoot::CurrentUser,
-                   "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders", "Favorites", "C:\\Old");
+  rig.useShellFolder("Favorites", "C:\\Old");
   import({test::no()});
   EXPECT_EQ(kept(folder("Favorites") + "a.URL"), "before");
   import({test::yes()});
@@ -237,8 +217,6 @@ TEST_F(SavedPlacesTest, TheImportTakesShortcutsOfTheFolderItselfAndOverwrites) {
   setAttributes(folder("Favorites") + "a.URL", 1);
   import({test::yes(), test::noticed("Copy Failed To Excecute.. !")});
 }
-
-// --- Bookmarks -----------------------------------------------------------------------------------------------------
 
 TEST_F(SavedPlacesTest, ABookmarkHoldsItsFolderAndTheRow) {
   addBookmark("letter", {named("Form32", "file"), bookmarkMade});
@@ -287,54 +265,46 @@ TEST_F(SavedPlacesTest, ABookmarkIsReadForWhatItIsWorth) {
 }
 
 TEST_F(SavedPlacesTest, FollowingOneShowsItsRowOrSaysWhatIsMissing) {
-  const auto make = [this](const char* name, const std::string& path, const std::string& rest) {
-    keep(folder("Bookmarks") + name, "[Path]\r\n" + path + "\r\n" + rest + "\r\n");
-  };
-  make("file.Bmk", "C:\\Work\\", "[FileName]\r\nletter.txt");
-  make("bare.Bmk", "c:\\work", "[FileName]\r\nreadme");
-  make("sub.Bmk", "C:\\Work\\", "[Folder]\r\n\\ Drafts");
-  make("lost.Bmk", "C:\\Work\\", "");
-  make("place.Bmk", "C:\\Work\\Drafts\\", "");
-  make("noplace.Bmk", "C:\\Gone\\", "[FileName]\r\nletter.txt");
-  make("nofile.Bmk", "C:\\Work\\", "[FileName]\r\ngone.txt");
-  make("nosub.Bmk", "C:\\Work\\", "[Folder]\r\nDrafts");
-  make("hidden.Bmk", "C:\\Work\\", "[FileName]\r\n.secret");
   rig.write("C:\\Work\\.secret");
   setAttributes("C:\\Work\\.secret", 2);
+  const std::string work = "[Path]\r\nC:\\Work\\\r\n";
   struct Row {
-    const char *bookmark, *path, *row, *told;
+    const char* bookmark;
+    std::string bytes;
+    const char *path, *row, *told;
     int icon;
     bool closes;
   };
-  const Row cases[] = {{"file.Bmk", "C:\\Work\\", "letter", "", 18, true},
-                       {"bare.Bmk", "C:\\Work\\", "README", "", 18, true},
-                       {"sub.Bmk", "C:\\Work\\", "\\ Drafts", "", 18, true},
-                       {"place.Bmk", "C:\\Work\\Drafts\\", "", "", 18, true},
-                       {"noplace.Bmk", "C:\\", "", "Bookmark Primary Path NOT Valid !", 15, false},
-                       {"lost.Bmk", "C:\\", "", "Bookmark Data File NOT Found !", 18, false},
-                       {"nofile.Bmk", "C:\\Work\\", "", "Bookmark File NOT Valid !", 15, false},
-                       {"nosub.Bmk", "C:\\Work\\", "", "Bookmark Path NOT Valid !", 15, false},
-                       {"hidden.Bmk", "C:\\Work\\", "", "Bookmark Item Not Found In View !", 18, true}};
+  const Row cases[] = {
+      {"file.Bmk", work + "[FileName]\r\nletter.txt\r\n", "C:\\Work\\", "letter", "", 18, true},
+      {"bare.Bmk", "[Path]\r\nc:\\work\r\n[FileName]\r\nreadme\r\n", "C:\\Work\\", "README", "", 18, true},
+      {"sub.Bmk", work + "[Folder]\r\n\\ Drafts\r\n", "C:\\Work\\", "\\ Drafts", "", 18, true},
+      {"place.Bmk", "[Path]\r\nC:\\Work\\Drafts\\\r\n", "C:\\Work\\Drafts\\", "", "", 18, true},
+      {"noplace.Bmk", "[Path]\r\nC:\\Gone\\\r\n", "C:\\", "", "Bookmark Primary Path NOT Valid !", 15, false},
+      {"lost.Bmk", work, "C:\\", "", "Bookmark Data File NOT Found !", 18, false},
+      {"nofile.Bmk", work + "[FileName]\r\ngone.txt\r\n", "C:\\Work\\", "", "Bookmark File NOT Valid !", 15, false},
+      {"nosub.Bmk", work + "[Folder]\r\nDrafts\r\n", "C:\\Work\\", "", "Bookmark Path NOT Valid !", 15, false},
+      {"hidden.Bmk", work + "[FileName]\r\n.secret\r\n", "C:\\Work\\", "", "Bookmark Item Not Found In View !", 18,
+       true}};
+  for (const Row& each : cases)
+    keep(folder("Bookmarks") + each.bookmark, each.bytes);
   for (const Row& each : cases) {
     SCOPED_TRACE(each.bookmark);
     show("C:\\", "C:\\");
     bool closed = false;
+    const auto follows = [&] {
+      auto& list = bookmarks().ListView1;
+      select(list, {each.bookmark});
+      EXPECT_EQ(form().mode(), "BookMarkMode");
+      EXPECT_EQ(list.SelectedItem()->SmallIcon(), each.icon);
+      list.Click();
+      EXPECT_EQ(bookmarks().Caption.get(), std::string("Book-Marks, - ") + each.bookmark);
+      if (each.bookmark == std::string("lost.Bmk")) (void)files().deleteFile(folder("Bookmarks") + "lost.Bmk", true);
+      key(list, controls::key::Enter);
+      closed = !bookmarks().Visible;
+    };
     const auto answers = *each.told ? std::vector<Answer>{test::told(each.told)} : std::vector<Answer>();
-    inDialog(
-        "OpenBook", bookmarks(),
-        [&] {
-          auto& list = bookmarks().ListView1;
-          select(list, {each.bookmark});
-          EXPECT_EQ(form().mode(), "BookMarkMode");
-          EXPECT_EQ(list.SelectedItem()->SmallIcon(), each.icon);
-          list.Click();
-          EXPECT_EQ(bookmarks().Caption.get(), std::string("Book-Marks, - ") + each.bookmark);
-          if (each.bookmark == std::string("lost.Bmk"))
-            (void)files().deleteFile(folder("Bookmarks") + "lost.Bmk", true);
-          key(list, controls::key::Enter);
-          closed = !bookmarks().Visible;
-        },
-        answers);
+    inDialog("OpenBook_Click", "Form33", follows, answers, "Command3");
     EXPECT_EQ(closed, each.closes);
     EXPECT_EQ(left().path(), each.path);
     const auto chosen = left().list.selectedIds();

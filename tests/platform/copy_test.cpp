@@ -1,5 +1,3 @@
-// Copies of files and trees, and what they must never do.
-
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 #include "support/tree_snapshot.hpp"
@@ -12,6 +10,7 @@ namespace {
 
 /// What a volume says to changes of modes and times; 0: it makes them.
 int refused = 0;
+std::atomic<int> writtenOut = 0;
 
 template <class... Arguments>
 int change(long call, Arguments... arguments) {
@@ -27,6 +26,7 @@ extern "C" int fchmod(int fd, mode_t mode) noexcept { return change(SYS_fchmod, 
 extern "C" int futimens(int fd, const timespec* times) noexcept {
   return change(SYS_utimensat, fd, static_cast<const char*>(nullptr), times, 0);
 }
+extern "C" int syncfs(int) noexcept { return ++writtenOut, 0; }
 
 namespace varnholt::platform {
 namespace {
@@ -324,6 +324,12 @@ TEST_F(Copies, StoppedTakesItsNewFolderAwayAndNothingOfOthers) {
     for (const std::string& name : temp.names())
       EXPECT_FALSE(name.starts_with(".vnh-")) << name;
   }
+}
+
+TEST_F(Copies, OfAVolumeThatIsWaitedForAreWrittenOut) {
+  writtenOut = 0;
+  EXPECT_TRUE(temp.files.writeOut(temp.at(""), true));
+  EXPECT_EQ(writtenOut, 1);
 }
 
 TEST_F(Copies, AFolderTellsItsShareByEntriesAndItsSizeAtTheEnd) {

@@ -1,5 +1,3 @@
-// Attributes as files report them and as they are set.
-
 #include "platform/attributes.hpp"
 #include "support/temp_folder.hpp"
 

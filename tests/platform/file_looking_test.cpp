@@ -1,10 +1,6 @@
-// Listing, facts of one path, spellings, attributes as they are reported, and sizes.
-
 #include "platform/text_fold.hpp"
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
-
-#include <atomic>
 
 namespace varnholt::platform {
 namespace {

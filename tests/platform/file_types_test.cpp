@@ -24,6 +24,9 @@ class DesktopTypes : public testing::Test {
                  "[Default Applications]\nimage/png=pixel.desktop\ntext/plain=texted.desktop\n");
   }
 
+  void SetUp() override {
+    if (!std::filesystem::exists("/usr/share/mime/mime.cache")) GTEST_SKIP() << "no shared MIME database here";
+  }
   void inChild(const std::function<void(const FileTypes&, Registry&)>& check) {
     EXPECT_TRUE(test::heldInChild([&] {
       ::setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
@@ -34,13 +37,10 @@ class DesktopTypes : public testing::Test {
     }));
   }
 
-  static bool hasDatabase() { return std::filesystem::exists("/usr/share/mime/mime.cache"); }
-
   test::ScratchFolder folder;
 };
 
 TEST_F(DesktopTypes, AnswerWithTheDesktopsDefaultProgram) {
-  if (!hasDatabase()) GTEST_SKIP() << "the shared MIME database is not installed";
   inChild([](const FileTypes& types, Registry&) {
     for (const char* extension : {"png", ".png", "PNG"})
       EXPECT_EQ(types.openCommand(extension).valueOr("none"), "\"desktop:pixel.desktop\" \"%1\"") << extension;
@@ -53,7 +53,6 @@ TEST_F(DesktopTypes, AnswerWithTheDesktopsDefaultProgram) {
 }
 
 TEST_F(DesktopTypes, OpenFilesWithTheirPathsWhole) {
-  if (!hasDatabase()) GTEST_SKIP() << "the shared MIME database is not installed";
   const PathMap map(parseDriveVariable("C=" + folder / "c"));
   for (const std::string name :
        {"plain.txt", "two  words.txt", "a \"quote\" and 'another' $HOME.txt", "no utf-8 \xE9%20.txt"}) {
@@ -88,7 +87,6 @@ TEST_F(DesktopTypes, AnswerFromTheRegistryFirst) {
 }
 
 TEST_F(DesktopTypes, AreDescribedInWordsAndPictures) {
-  if (!hasDatabase()) GTEST_SKIP() << "the shared MIME database is not installed";
   inChild([](const FileTypes& types, Registry&) {
     EXPECT_EQ(types.description("png"), "PNG image");
     EXPECT_EQ(types.iconName("png"), "image-png");

@@ -1,5 +1,3 @@
-// Moves and deletes, and what they must never do.
-
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 

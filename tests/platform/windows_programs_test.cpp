@@ -1,6 +1,5 @@
 #include "platform/posix/program_resources.hpp"
 #include "support/scratch_folder.hpp"
-#include "support/testing.hpp"
 #include "support/windows_program.hpp"
 
 namespace varnholt::platform::posix {

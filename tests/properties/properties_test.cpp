@@ -5,22 +5,24 @@ namespace {
 
 using namespace platform::attribute;
 
-class ItemPropertiesTest : public fileops::OperationTest {
+class PropertiesTest : public fileops::OperationTest {
  protected:
   void SetUp() override {
     OperationTest::SetUp();
     rig.command("HidSysfiles_Click");
   }
+};
+
+class ItemPropertiesTest : public PropertiesTest {
+ protected:
   Form15& dialog() { return rig.app().properties.Form15; }
-  /// Opens the dialog on these rows and does this in it.
   void view(const Names& rows, const std::function<void()>& act) {
     select(rows);
-    rig.loop.whenShows("Form15").run([this, act](controls::Form&) {
+    const auto acts = [&] {
       EXPECT_EQ(form().mode(), "FilesMode");
       act();
-      dialog().Command2.press();
-    });
-    rig.command("Fdetails_Click");
+    };
+    inDialog("Fdetails_Click", "Form15", acts);
   }
   std::string boxes() {
     std::string marks;
@@ -63,14 +65,15 @@ TEST_F(ItemPropertiesTest, StepsStayAtTheEndsAndPicturesAreShown) {
     EXPECT_EQ(dialog().Label2.Caption.get() + "|" + dialog().Image3.Picture.get(), "2 / 2|C:\\From\\b.PNG");
     dialog().Image3.Click();
     EXPECT_FALSE(dialog().Image3.Stretch);
-    dialog().Image1.press();
+    controls::KeyEvent up{controls::key::PageUp, {}};
+    dialog().KeyDown(up);
     EXPECT_EQ(dialog().Text1.Text.get(), "a.txt");
   });
   EXPECT_EQ(dialog().Image3.Picture.get(), "") << "nothing is kept in memory";
 }
 
 TEST_F(ItemPropertiesTest, TheFileInHandIsCopiedToTheDesktop) {
-  rig.useDesktop("C:\\To");
+  rig.useShellFolder("Desktop", "C:\\To");
   write({"From\\a.txt", "From\\b.txt"});
   view({"a", "b"}, [this] {
     dialog().Command11.press();
@@ -109,12 +112,8 @@ TEST_F(ItemPropertiesTest, ADiscIsReadOnlyAndAMissingDriveOrSelectionOpensNothin
   start("Command15_Click", {test::told("Cannot View Data, - Drive(s) Not Ready !\rFunction Exits !")}, {});
 }
 
-class AttributeChangeTest : public fileops::OperationTest {
+class AttributeChangeTest : public PropertiesTest {
  protected:
-  void SetUp() override {
-    OperationTest::SetUp();
-    rig.command("HidSysfiles_Click");
-  }
   Form18& dialog() { return rig.app().properties.Form18; }
   /// Selects the rows and gives them what these boxes tell.
   void change(const Names& rows, const std::vector<controls::CheckBox*>& boxes, const Answers& answers = {}) {
@@ -185,14 +184,13 @@ TEST_F(AttributeChangeTest, OnADiscWithoutItsDriveAndWithoutASelectionNothingCha
     change({"a"}, {&dialog().Check3}, {test::told("Cannot Change Attribute On CD-Rom/DVD-Rom !\rFunction Exits !")});
   }
   select({"a"});
-  rig.loop.whenShows("Form18").run([this](controls::Form&) {
+  const auto changes = [this] {
     rig.drives->away = {'C'};
-    rig.loop.meets({test::told("Cannot Delete, - Drive(s) Not Ready !\rFunction Exits !")});
     dialog().Command1.press();
     rig.drives->away = {};
-    dialog().Command2.press();
-  });
-  rig.command("multiAtribut_Click");
+  };
+  inDialog("multiAtribut_Click", "Form18", changes,
+           {test::told("Cannot Delete, - Drive(s) Not Ready !\rFunction Exits !")});
   EXPECT_EQ(of("a.txt"), Archive);
   select({});
   start("multiAtribut_Click", {test::noticed(" No Items selected. ! ")}, {});

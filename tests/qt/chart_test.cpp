@@ -3,7 +3,6 @@
 #include "qt/theme.hpp"
 #include "qt/widgets/chart_view.hpp"
 
-#include <cmath>
 #include <limits>
 
 namespace varnholt::test {

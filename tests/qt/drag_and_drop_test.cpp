@@ -1,13 +1,10 @@
-// Files dragged out of the panels and dropped on them, with events as the toolkit sends them.
 #include "drawn_program.hpp"
 #include "qt/widgets/drop_mark.hpp"
 
-#include <QComboBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QPushButton>
-#include <QToolButton>
 
 namespace varnholt::test {
 namespace {
@@ -31,10 +28,6 @@ struct Drag {
     QDragEnterEvent event(placeIn(widget), actions, &data, Qt::LeftButton, modifiers);
     QCoreApplication::sendEvent(&widget, &event);
     return event.isAccepted();
-  }
-  void leave(QWidget& widget) const {
-    QDragLeaveEvent event;
-    QCoreApplication::sendEvent(&widget, &event);
   }
   bool drop(QWidget& widget) {
     if (!enter(widget)) return false;
@@ -149,6 +142,14 @@ TEST_F(DrawnDrops, ADropOnAButtonRunsItAndOneOnItsOwnPanelOrElsewhereNothing) {
       EXPECT_FALSE(Drag{data}.drop(*other)) << qPrintable(other->objectName());
   });
   EXPECT_EQ(happened(), Ran{"Command4_Click"});
+}
+
+TEST_F(DrawnDrops, ADropOnTheVirtualDeskTopAddsAPointer) {
+  app.dispatcher.perform("LocalDesk_Click");
+  loop.flush();
+  pull("letter", [&](const QMimeData& data) { EXPECT_TRUE(Drag{data}.drop(*list("ListView3")->viewport())); });
+  QCoreApplication::processEvents();
+  EXPECT_EQ(app.Form1.ListView3.count(), 1u);
 }
 
 TEST_F(DrawnDrops, TheDataOfAnEarlierDragAreThoseOfAnotherProgram) {

@@ -1,4 +1,3 @@
-// What holds for every form: names, tips, room for the texts.
 #include "core/start_windows.hpp"
 #include "drawn.hpp"
 #include "panels/form1.hpp"
@@ -189,12 +188,17 @@ void expectNothingCut(const std::string& where, const QWidget& window) {
   }
 }
 
-TEST_F(DrawnForms, NothingIsCutInLargerFonts) {
+/// The letters of all windows are so many times as large meanwhile.
+[[nodiscard]] auto largerFont(double times) {
   const QFont before = QApplication::font();
-  const auto back = qScopeGuard([&] { QApplication::setFont(before); });
   QFont larger = before;
-  larger.setPointSizeF(before.pointSizeF() * 1.5);
+  larger.setPointSizeF(before.pointSizeF() * times);
   QApplication::setFont(larger);
+  return qScopeGuard([before] { QApplication::setFont(before); });
+}
+
+TEST_F(DrawnForms, NothingIsCutInLargerFonts) {
+  const auto font = largerFont(1.5);
   fillMessages(app.dialogs);
   for (controls::Form* form :
        std::initializer_list<controls::Form*>{&app.dialogs.Form11, &app.dialogs.Form12, &app.dialogs.Form13,
@@ -208,11 +212,7 @@ TEST_F(DrawnForms, NothingIsCutInLargerFonts) {
 }
 
 TEST_F(DrawnForms, WhereTheScreenIsTooSmallADialogScrollsToWhatHasTheKeyboard) {
-  const QFont before = QApplication::font();
-  const auto back = qScopeGuard([&] { QApplication::setFont(before); });
-  QFont larger = before;
-  larger.setPointSizeF(before.pointSizeF() * 3);
-  QApplication::setFont(larger);
+  const auto font = largerFont(3);
   QWidget& window = draw(app.filters.Form24).widget();
   EXPECT_TRUE(window.screen()->availableGeometry().contains(window.geometry()));
   QApplication::setActiveWindow(&window);
@@ -274,6 +274,13 @@ TEST_F(DrawnForms, APaneWithNothingInItGivesItsRoomAwayAndTheMainWindowKeepsItsH
     EXPECT_EQ(lower->isHidden(), !shown);
     EXPECT_EQ(window.height(), height);
   }
+  window.resize(1280, 800);
+  QCoreApplication::processEvents();
+  const auto* files = window.findChild<QWidget*>(QStringLiteral("ListView1"));
+  const int alone = files->width();
+  form.Picture1.Visible = true;
+  loop.flush();
+  EXPECT_LT(files->width(), alone * 0.6) << "a picture stands beside the list";
 }
 
 }  // namespace

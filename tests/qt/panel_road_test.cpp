@@ -1,4 +1,3 @@
-// What a user does in a panel, by mouse and keyboard on the real widgets, step by step and in both panels alike.
 #include "drawn_program.hpp"
 
 #include <QAction>
@@ -158,7 +157,6 @@ TEST_P(PanelRoad, CtrlThatGoesUpOrDownElsewhereDoesSoHereToo) {
   clickRow(6);
   EXPECT_FALSE(panel().list.item(4).Ghosted()) << "a plain click drops the marks";
 
-  // And what goes down elsewhere is down here.
   clickRow(4);
   clickRow(7, Ctrl);
   auto* drives = usable<QComboBox>(window, side.list == Left.list ? "Drive1" : "Drive2");

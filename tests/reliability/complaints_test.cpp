@@ -88,40 +88,7 @@ TEST_F(OtherRow, APanelThatGoesElsewhereEndsIt) {
   }
 }
 
-// Names and numbers that a file system allows and programs stumble over.
-
-/// Copies all from one folder to the other, moves it within the volume, and deletes it; compares after each.
-class Everything : public testing::Test {
- protected:
-  void copyMoveAndDelete() {
-    world.folder("C:/To").folder("C:/Moved").file("C:/Kept/file", "kept");
-    const TreeSnapshot before = world.tree("C:/From");
-    User user(world);
-    user.open("C:\\From", "C:\\To");
-    user.markAll();
-    user.meets({{"Form3"}});
-    user.copies();
-    EXPECT_EQ(difference(before, world.tree("C:/To")), "");
-
-    user.open("C:\\To", "C:\\Moved");
-    user.markAll();
-    user.meets({{"Form5"}});
-    user.moves();
-    EXPECT_EQ(difference({}, world.tree("C:/To")), "");
-    EXPECT_EQ(difference(before, world.tree("C:/Moved")), "");
-
-    user.open("C:\\Moved", "C:\\To");
-    user.markAll();
-    user.meets({{"Form4"}, yes(), {"Form11", "Command2"}});
-    user.deletes();
-    EXPECT_EQ(difference({}, world.tree("C:/Moved")), "");
-    EXPECT_EQ(difference(before, world.tree("C:/From")), "");
-    EXPECT_TRUE(world.has("C:/Kept/file"));
-  }
-  World world;
-};
-
-TEST_F(Everything, NamesOfEveryKind) {
+TEST(NamesOfEveryKind, AreCopiedMovedAndDeleted) {
   const std::string names[] = {"bytes\xff\xfe\x80that are no UTF-8",
                                "r\xc3\xa9sum\xc3\xa9.txt",
                                "re\xcc\x81sume\xcc\x81.txt",  // the same to the eye
@@ -141,13 +108,31 @@ TEST_F(Everything, NamesOfEveryKind) {
                                "\xef\x80\x9b",  // and its escape
                                "\xef\x80\x9b\xef\x81\x9c\\",
                                std::string(255, 'x')};
+  const World world;
   for (const std::string& name : names) {
     // What begins with a point is hidden, and in the panel only when asked for.
     if (!name.starts_with('.')) world.file("C:/From/" + name, "bytes of " + name);
     const std::string folder = name.starts_with('.') ? "points" : name.substr(0, 200) + "_";
     world.file("C:/From/" + folder + "/" + name, "below");
   }
-  copyMoveAndDelete();
+  world.folder("C:/To").folder("C:/Moved").file("C:/Kept/file", "kept");
+  const TreeSnapshot before = world.tree("C:/From");
+  User user(world);
+  const auto all = [&](const char* from, const char* to, void (User::*run)(), const std::vector<Answer>& answers) {
+    user.open(from, to);
+    user.markAll();
+    user.meets(answers);
+    (user.*run)();
+  };
+  all("C:\\From", "C:\\To", &User::copies, {{"Form3"}});
+  EXPECT_EQ(difference(before, world.tree("C:/To")), "");
+  all("C:\\To", "C:\\Moved", &User::moves, {{"Form5"}});
+  EXPECT_EQ(difference({}, world.tree("C:/To")), "");
+  EXPECT_EQ(difference(before, world.tree("C:/Moved")), "");
+  all("C:\\Moved", "C:\\To", &User::deletes, {{"Form4"}, yes(), {"Form11", "Command2"}});
+  EXPECT_EQ(difference({}, world.tree("C:/Moved")), "");
+  EXPECT_EQ(difference(before, world.tree("C:/From")), "");
+  EXPECT_TRUE(world.has("C:/Kept/file"));
 }
 
 }  // namespace

@@ -12,7 +12,6 @@ namespace varnholt::test {
 namespace {
 
 using platform::posix::holdTemporary;
-using platform::posix::isTemporaryName;
 using platform::posix::temporaryName;
 using platform::posix::UniqueFd;
 using Names = std::vector<std::string>;

@@ -16,7 +16,6 @@ class World : public ScratchFolder {
   /// Files get a date long past and a mode, so that a changed one is seen.
   const World& file(std::string_view name, std::string_view bytes, long date = 1'000'000'000, mode_t mode = 0640) const;
   TreeSnapshot tree(std::string_view folder) const { return snapshot(system(folder)); }
-  /// Both drives.
   TreeSnapshot all() const;
   /// The temporary files below a folder.
   std::vector<std::string> temporary(std::string_view folder) const;
@@ -32,10 +31,8 @@ class User {
   explicit User(const World& world);
 
   void open(const std::string& from, const std::string& to);
-  /// Selects rows of the left panel.
   void mark(const std::vector<std::string>& rows);
   void markAll();
-  /// All rows of both panels.
   void markBoth();
   void meets(const std::vector<Answer>& answers) { rig.loop.meets(answers); }
   /// Runs on what is marked; the dialogs are to be expected before.

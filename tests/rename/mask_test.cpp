@@ -1,4 +1,3 @@
-// How new names come about: the rule, its counter, and what fields refuse.
 #include "core/picture_file.hpp"
 #include "rename/field_rule.hpp"
 #include "rename/mask.hpp"

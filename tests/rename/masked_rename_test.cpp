@@ -1,4 +1,3 @@
-// The mask on all selected files at once: its fields, the preview, Execute All.
 #include "rename_test.hpp"
 
 namespace varnholt::rename {
@@ -16,7 +15,6 @@ class MaskedRenameTest : public RenameTest {
       dialog().Command2.press();
     });
   }
-  /// The same on files that are made and selected before.
   void masked(const Names& files, const Action& inDialog) {
     make(files);
     selectFiles(files);

@@ -1,4 +1,3 @@
-// Renaming for others: the target of a copy, a favourite, a bookmark.
 #include "rename_test.hpp"
 
 namespace varnholt::rename {

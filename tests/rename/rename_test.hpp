@@ -28,12 +28,10 @@ class RenameTest : public test::AppTest {
     show("C:\\Pics", "C:\\Other");
     clickAll(rows);
   }
-  /// Chooses Rename, and does these things in the dialog.
   void rename(const Action& inDialog) {
     rig.loop.whenShows("Form14").run([inDialog](controls::Form&) { inDialog(); });
     rig.command("Command14_Click");
   }
-  /// The same on files that are made and selected before.
   void rename(const Names& files, const Action& inDialog) {
     make(files);
     selectFiles(files);
@@ -46,14 +44,12 @@ class RenameTest : public test::AppTest {
     select(rows);
   }
   void type(controls::TextBox& field, const std::string& text) { field.typeFromUser(text); }
-  /// A new name for the item in hand, and on.
   void next(const std::string& name) {
     type(dialog().Text1, name);
     dialog().Command11.press();
   }
   void expectAlert(const std::string& text) { rig.loop.meets({test::told(text)}); }
   void asks(const std::string& text, bool agrees) { rig.loop.meets({agrees ? test::yes(text) : test::no(text)}); }
-  /// The preview's rows, "before > after".
   std::vector<std::string> preview() {
     std::vector<std::string> rows;
     for (std::uint32_t row = 0; row < dialog().ListView1.count(); ++row)

@@ -1,9 +1,6 @@
-// One item after the other: stepping, questions, and what is refused.
 #include "rename_test.hpp"
 
 #include "core/attribute_words.hpp"
-
-#include <set>
 
 namespace varnholt::rename {
 namespace {
@@ -284,15 +281,9 @@ class CaselessFileSystem : public platform::ForwardingFileSystem {
   std::string onDisk(const std::string& path) const { return base_.resolve(path).valueOr(path); }
 };
 
-class CaselessRenameTest : public RenameTest {
- protected:
-  void SetUp() override {
-    rig.use<CaselessFileSystem>();
-    begin();
-  }
-};
-
-TEST_F(CaselessRenameTest, ANameInOtherCaseIsGivenAFileAfterAQuestion) {
+TEST_F(SingleRenameTest, ANameInOtherCaseIsGivenAFileAfterAQuestionWhereCaseIsNothing) {
+  rig.use<CaselessFileSystem>();
+  begin();
   for (const char* button : {"Command11", "Command6"}) {
     make({"read.me"});
     rig.setDate("C:\\Pics\\read.me", 2010, 5, 6);

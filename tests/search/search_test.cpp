@@ -1,7 +1,5 @@
-// Folders found by a word, items found while they are typed, and the history of these.
 #include "support/app_rig.hpp"
 
-#include "core/program_files.hpp"
 #include "search/name_match.hpp"
 
 namespace varnholt::search {
@@ -18,8 +16,6 @@ class SearchTest : public test::AppTest {
   }
 };
 
-// --- Quick Find Folder ---------------------------------------------------------------------------------------------
-
 class FindFolderTest : public SearchTest {
  protected:
   using Answer = Form37::Answer;
@@ -32,11 +28,7 @@ class FindFolderTest : public SearchTest {
     show("C:\\Work", "D:\\");
   }
   void open(const std::function<void(Form36&)>& acts) {
-    rig.loop.whenShows("Form36").run([this, acts](controls::Form&) {
-      acts(search().Form36);
-      if (search().Form36.Visible) search().Form36.Command2.press();
-    });
-    rig.command("QuickFindFolder_Click");
+    inDialog("QuickFindFolder_Click", "Form36", [this, acts] { acts(search().Form36); });
   }
   void matches(const std::string& path, const char* button) {
     rig.loop.whenShows("Form37").reads("Text1", path).press(button);
@@ -88,7 +80,6 @@ TEST_F(FindFolderTest, StopAndTheCloseBoxEndTheWalk) {
           .press("Command3");
       find(dialog, "photos");
     });
-    rig.loop.expectAllReached();
   }
 }
 
@@ -167,8 +158,6 @@ TEST(FolderWords, MatchTheEndOrTheWholePath) {
     EXPECT_EQ(FolderWord(word, true).matches(path), anywhere) << word;
   }
 }
-
-// --- Quick Find Item -----------------------------------------------------------------------------------------------
 
 class FindItemTest : public SearchTest {
  protected:
@@ -249,21 +238,20 @@ TEST_F(FindItemTest, AHitIsRecordedOnceWhenTheTypingRestsOrItIsUsed) {
 
   show("D:\\", "D:\\");
   for (const auto& [row, name] : {std::pair{0u, "gamma"}, {2u, "better"}}) {
-    rig.loop.whenShows("Form48").run([this, row = row](controls::Form& form) {
+    inDialog("FoundHistory_Click", "Form48", [this, row = row] {
       auto& list = search().Form48.ListView1;
       EXPECT_EQ(list.cell(0, 0) + list.cell(0, 1), "C:\\Work\\gamma<Folder>");
       list.focusRow(row);
       search().Form48.Command2.press();
-      EXPECT_FALSE(form.Visible);
+      EXPECT_FALSE(search().Form48.Visible);
     });
-    rig.command("FoundHistory_Click");
     EXPECT_EQ(left().path(), "C:\\Work\\");
     EXPECT_EQ(selected(left()), Names{name});
   }
-  rig.loop.whenShows("Form48").press("Command1").run([this](controls::Form&) {
-    EXPECT_EQ(search().Form48.ListView1.count(), 0u);
-    search().Form48.Command3.press();
-  });
+  rig.loop.meets({{"Form48", "Command3", "", [this] {
+                     search().Form48.Command1.press();
+                     EXPECT_EQ(search().Form48.ListView1.count(), 0u);
+                   }}});
   rig.command("FoundHistory_Click");
   startAgain();
   EXPECT_EQ(kept("\\GetQF.Dat"), "");

@@ -65,8 +65,8 @@ void AppRig::restart() {
   app_ = std::make_unique<app::App>(loop, *platform);
 }
 
-bool AppRig::start(bool withTip) {
-  if (!withTip) core::Settings(platform->settings).save(core::setting::Tip_State, "1");
+bool AppRig::start() {
+  core::Settings(platform->settings).save(core::setting::Tip_State, "1");
   splashGoes();
   if (!app_->Main()) return false;
   form().Activate();
@@ -98,9 +98,9 @@ void AppRig::registerText(platform::RegistryRoot root, const std::string& key, c
   ASSERT_TRUE(platform->registry.set(root, key, name, std::move(text)));
 }
 
-void AppRig::useDesktop(const std::string& folder) {
+void AppRig::useShellFolder(const std::string& name, const std::string& folder) {
   const char* const key = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
-  registerText(platform::RegistryRoot::CurrentUser, key, "Desktop", folder);
+  registerText(platform::RegistryRoot::CurrentUser, key, name, folder);
 }
 
 controls::MenuItem& AppRig::menu(const std::string& name) {
@@ -136,6 +136,17 @@ void AppRig::doubleClick(panels::Panel& panel, const std::string& text) {
 void AppRig::key(panels::Panel& panel, int code, controls::Modifiers modifiers) {
   test::key(panel.list, code, modifiers);
   EXPECT_EQ(panel.inconsistency(), "");
+}
+
+void AppTest::inDialog(const std::string& handler, const std::string& dialog, const std::function<void()>& acts,
+                       const std::vector<Answer>& answers, const std::string& leaves) {
+  rig.loop.whenShows(dialog).run([acts, leaves](controls::Form& form) {
+    acts();
+    if (!form.Visible) return;
+    leaves.empty() ? form.closeFromUser() : dynamic_cast<controls::Button&>(*form.control(leaves)).press();
+  });
+  rig.command(handler, answers);
+  rig.loop.expectAllReached();
 }
 
 void AppTest::show(const std::string& leftFolder, const std::string& rightFolder) {

@@ -38,9 +38,9 @@ class AppRig {
     restart();
     return *shell_;
   }
-  /// Runs `Main`, with the splash going away by itself, and activates the main window. The tip is not shown unless
-  /// `withTip`, which expects it first. False: the program has ended.
-  bool start(bool withTip = false);
+  /// Runs `Main`, with the splash going away by itself, and activates the main window without the tip. False: the
+  /// program has ended.
+  bool start();
   /// The splash that comes next goes away by itself.
   void splashGoes() {
     loop.whenShows("frmSplash").run([this](controls::Form&) { app_->frmSplash.Timer1.Tick(); });
@@ -58,8 +58,8 @@ class AppRig {
   std::string systemPath(std::string_view path) const { return scratch / inScratch(path); }
   /// A text of the registry; the key is made.
   void registerText(platform::RegistryRoot root, const std::string& key, const std::string& name, std::string text);
-  /// Where the registry says that the desktop is.
-  void useDesktop(const std::string& folder);
+  /// Where the registry says that a folder of the user is.
+  void useShellFolder(const std::string& name, const std::string& folder);
 
   app::App& app() { return *app_; }
   panels::Form1& form() { return app_->Form1; }
@@ -104,10 +104,14 @@ class AppTest : public testing::Test {
   platform::FileSystem& files() { return rig.platform->files; }
   std::string status(int number) { return form().StatusBar1.panel(number); }
   /// Makes small files below `C:`.
-  void write(const Names& paths) {
+  void write(const Names& paths, std::string_view bytes = "x") {
     for (const std::string& path : paths)
-      rig.write("C:\\" + path);
+      rig.write("C:\\" + path, bytes);
   }
+  /// Runs a command and acts in the dialog that it shows, which is left by that button, without one by its close box,
+  /// if it is still open. These dialogs are met on the way.
+  void inDialog(const std::string& handler, const std::string& dialog, const std::function<void()>& acts,
+                const std::vector<Answer>& answers = {}, const std::string& leaves = "Command2");
   /// Takes the panels to these folders; the left one is active then.
   void show(const std::string& leftFolder, const std::string& rightFolder);
   /// Adds these rows of the left panel to what is selected, the first one alone.

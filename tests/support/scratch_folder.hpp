@@ -41,8 +41,6 @@ class ScratchFolder {
   std::string operator/(std::string_view name) const { return path_ + "/" + std::string(name); }
   std::string system(std::string_view name = {}) const { return name.empty() ? path_ : *this / name; }
 
-  // --- Building, each in one line; the folders above are made too --------------------------------------------------
-
   const ScratchFolder& file(std::string_view name, std::string_view bytes = "x",
                             std::optional<platform::Date> date = {}) const {
     write(name, bytes);
@@ -82,8 +80,6 @@ class ScratchFolder {
     write(name, text);
     return mode(name, 0755).system(name);
   }
-
-  // --- Looking -----------------------------------------------------------------------------------------------------
 
   std::string read(std::string_view name) const {
     std::ifstream file(system(name), std::ios::binary);

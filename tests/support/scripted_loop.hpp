@@ -36,7 +36,6 @@ class ScriptedLoop : public controls::MessageLoop {
     Step& reads(std::string control, std::string text);
     /// The same of several, each a row "Label1|its text".
     Step& reads(Rows rows);
-    /// The window's close box.
     Step& closes() {
       return run([](controls::Form& form) { form.closeFromUser(); });
     }
@@ -69,6 +68,8 @@ class ScriptedLoop : public controls::MessageLoop {
   }
   /// The tick of the call that is running: what the user is shown meanwhile.
   void tickMeanwhile() { meanwhile_.tick(); }
+  /// The one button that works while it runs.
+  void stopMeanwhile() { meanwhile_.stop ? meanwhile_.stop->press() : ADD_FAILURE() << "no button stops it"; }
   controls::MessageAnswer show(const controls::MessageBox& box) override;
   void quit() override { quitAsked = true; }
   void later(std::function<void()> call) override { pending_.push_back(std::move(call)); }

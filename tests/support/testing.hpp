@@ -27,7 +27,6 @@
 
 namespace varnholt::test {
 
-/// The folder of the project.
 extern const std::string_view SourceFolder;
 
 /// The texts of a row that is written as one: "README.TXT|readme.txt". What is not there is empty.
@@ -41,7 +40,6 @@ struct Row {
   }
   std::string first, second, third, fourth;
 };
-/// Rows of a table of texts.
 using Rows = std::initializer_list<std::string_view>;
 
 }  // namespace varnholt::test

@@ -1,4 +1,3 @@
-#include "core/program_files.hpp"
 #include "support/app_rig.hpp"
 #include "tools/help_topics.hpp"
 
@@ -14,11 +13,7 @@ class HelpTest : public test::AppTest {
     return row ? row->Text() : "no topic";
   }
   std::string text() { return help().rtbText.Document().plain(); }
-  /// Opens the help, and closes it when `user` has looked.
-  void inHelp(const std::function<void()>& user) {
-    rig.loop.whenShows("frmHelp").run([user](controls::Form&) { user(); }).press("cmdClose");
-    rig.command("Help_file_Click");
-  }
+  void inHelp(const std::function<void()>& user) { inDialog("Help_file_Click", "frmHelp", user, {}, "cmdClose"); }
 };
 
 TEST_F(HelpTest, F1OpensATopicOfItsOwnInEveryWindow) {

@@ -1,9 +1,4 @@
-#include "core/program_files.hpp"
 #include "support/app_rig.hpp"
-
-#include <filesystem>
-
-#include <unistd.h>
 
 namespace varnholt::tools {
 namespace {
@@ -18,21 +13,15 @@ using test::yes;
 class ToolsTest : public test::AppTest {
  protected:
   void SetUp() override { rig.startLeft(); }
-  void shellFolder(const std::string& name, const std::string& folder) {
-    rig.registerText(RegistryRoot::CurrentUser, "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders",
-                     name, folder);
-  }
 };
-
-// --- Windows' leftovers --------------------------------------------------------------------------------------------
 
 TEST_F(ToolsTest, CookiesGoWithoutTheirFoldersAndOnlyAfterAYes) {
   const std::string question = "\rYou are about to Delete All Cookie Files In Folder :C:\\Jar\r"
                                "You will Loose all information related to web sides !\rARE YOU SURE ?";
   write({"Jar\\a.txt", "Jar\\locked.txt", "Jar\\below\\b.txt", "elsewhere.txt"});
   setAttributes("C:\\Jar\\locked.txt", platform::attribute::ReadOnly);
-  ASSERT_EQ(::symlink(rig.systemPath("C:\\elsewhere.txt").c_str(), rig.systemPath("C:\\Jar\\link").c_str()), 0);
-  shellFolder("Cookies", "C:\\Jar");
+  rig.scratch.link("home/Jar/link", rig.systemPath("C:\\elsewhere.txt"));
+  rig.useShellFolder("Cookies", "C:\\Jar");
   rig.command("DelCookies_Click", {no(question)});
   EXPECT_TRUE(rig.exists("C:\\Jar\\a.txt"));
   show("C:\\Jar", "C:\\");
@@ -49,7 +38,7 @@ TEST_F(ToolsTest, AStoredFolderThatHoldsPlacesOfTheUserIsNotCleaned) {
        {std::string("C:\\"), std::string("D:\\."), "Z:" + rig.systemPath("C:\\"), std::string("Z:\\")}) {
     std::string named = folder;
     std::ranges::replace(named, '/', '\\');
-    shellFolder("Recent", named);
+    rig.useShellFolder("Recent", named);
     rig.write("D:\\also.txt");
     rig.command("DelRecent_Click",
                 {yes("\rYou are about to Delete All Recent Files In Folder :" + named + "\rARE YOU SURE ?"),
@@ -73,8 +62,6 @@ TEST_F(ToolsTest, ThePrefetchFolderIsEmptiedAndALinkInItsPlaceLeadsNowhere) {
   EXPECT_FALSE(files().info(prefetch).valueOr({}).isLink);
 }
 
-// --- Selection into a file -----------------------------------------------------------------------------------------
-
 TEST_F(ToolsTest, TheSelectionIsWrittenWithItsFieldsQuoted) {
   write({"Out\\plain.txt", "Out\\a, \"b\".txt", "Out\\=1+1", "Out\\left.txt"});
   rig.makeFolder("C:\\Out\\sub");
@@ -91,8 +78,6 @@ TEST_F(ToolsTest, TheSelectionIsWrittenWithItsFieldsQuoted) {
             "Item Name:,ByteSize:,Date Modified:\r\n\r\n"
             "'=1+1,1,09-03-07  12:00\r\n\"a, \"\"b\"\".txt\",1,09-03-07  12:00\r\nplain.txt,1,09-03-07  12:00\r\n");
 }
-
-// --- Drives and memory ---------------------------------------------------------------------------------------------
 
 TEST_F(ToolsTest, TheDriveTestTellsEachDrive) {
   rig.loop.whenShows("Form17")
@@ -115,8 +100,6 @@ TEST_F(ToolsTest, TheDriveTestTellsEachDrive) {
   rig.command("DiskInfo_Click");
 }
 
-// --- Usage ---------------------------------------------------------------------------------------------------------
-
 class UsageTest : public ToolsTest {
  protected:
   void SetUp() override {
@@ -126,7 +109,7 @@ class UsageTest : public ToolsTest {
     rig.write("C:\\U\\one.txt", "1");
     rig.write("C:\\U\\sub\\a.bin", std::string(700, 'x'));
     rig.write("C:\\U\\sub\\deep\\b.bin", std::string(7, 'x'));
-    ASSERT_EQ(::link(rig.systemPath("C:\\U\\big.bin").c_str(), rig.systemPath("C:\\U\\sub\\again.bin").c_str()), 0);
+    rig.scratch.hardLink("home/U/sub/again.bin", "home/U/big.bin");
     show("C:\\U", "C:\\");
   }
   Form45& dialog() { return rig.app().tools.Form45; }
@@ -173,8 +156,6 @@ TEST_F(UsageTest, GoesToAnItemOrSaysThatItIsGone) {
   EXPECT_EQ(rows().size(), 2u);
 }
 
-// --- Networking ----------------------------------------------------------------------------------------------------
-
 class NetworkingTest : public ToolsTest {
  protected:
   static constexpr const char* Tcp = "SYSTEM\\CurrentControlSet\\Services\\Tcpip\\Parameters";
@@ -184,46 +165,42 @@ class NetworkingTest : public ToolsTest {
     const auto value = rig.platform->registry.get(RegistryRoot::LocalMachine, key, name);
     return value ? std::get<std::uint32_t>(*value) : 0;
   }
-  void open(const std::function<void()>& act, const char* button) {
-    rig.loop.whenShows("Form31").run([&](controls::Form&) { act(); }).press(button);
-    rig.command("NetOp_Click");
+  void open(const std::function<void()>& act, const std::vector<test::Answer>& answers = {},
+            const char* leaves = "Command2") {
+    inDialog("NetOp_Click", "Form31", act, answers, leaves);
   }
 };
 
 TEST_F(NetworkingTest, AConnectionTypeSetsItsValuesAndAllAreWritten) {
-  open(
-      [&] {
-        EXPECT_EQ(dialog().Label10.Caption.get() + dialog().Label14.Caption.get(),
-                  "Current Value = Not PresentCurrent Value = Not Present");
-        EXPECT_TRUE(dialog().Check103.Value && dialog().Slider4.Enabled && dialog().Slider4.Value == 0);
-        dialog().Label101.Click();
-        EXPECT_FALSE(dialog().Check103.Value || dialog().Slider5.Enabled);
-      },
-      "Command2");
+  open([&] {
+    EXPECT_EQ(dialog().Label10.Caption.get() + dialog().Label14.Caption.get(),
+              "Current Value = Not PresentCurrent Value = Not Present");
+    EXPECT_TRUE(dialog().Check103.Value && dialog().Slider4.Enabled && dialog().Slider4.Value == 0);
+    dialog().Label101.Click();
+    EXPECT_FALSE(dialog().Check103.Value || dialog().Slider5.Enabled);
+  });
   EXPECT_EQ(stored(Tcp, "MTU"), 0u);
 
-  rig.loop.whenShows("Form31")
-      .run([&](controls::Form&) {
-        dialog().Slider1.slideFromUser(20);
-        dialog().Check102.toggleFromUser();
-        dialog().Check104.toggleFromUser();
-      })
-      .press("Command11");
-  rig.command("NetOp_Click", {noticed("MaxCmds = 20"), noticed("MaxThreads = 0"), noticed("MaxCollectionCount = 0"),
-                              noticed("TCPWindowSize = 256960"), noticed("GlobalMaxTcpWindowSize = 256960"),
-                              noticed("MTU = 1480"), noticed("Tcp1323Opts = 1"), noticed("EnablePMTUDiscovery = 0")});
+  const auto chooses = [&] {
+    dialog().Slider1.slideFromUser(20);
+    dialog().Check102.toggleFromUser();
+    dialog().Check104.toggleFromUser();
+  };
+  open(chooses,
+       {noticed("MaxCmds = 20"), noticed("MaxThreads = 0"), noticed("MaxCollectionCount = 0"),
+        noticed("TCPWindowSize = 256960"), noticed("GlobalMaxTcpWindowSize = 256960"), noticed("MTU = 1480"),
+        noticed("Tcp1323Opts = 1"), noticed("EnablePMTUDiscovery = 0")},
+       "Command11");
   EXPECT_EQ(stored(Work, "MaxCmds"), 20u);
   EXPECT_EQ(stored(Tcp, "GlobalMaxTcpWindowSize"), 256960u);
 
-  open(
-      [&] {
-        EXPECT_TRUE(dialog().Check102.Value && dialog().Check104.Value && !dialog().Check105.Value);
-        EXPECT_EQ(dialog().Label10.Caption.get(), "Current Value = 20");
-        dialog().Slider1.slideFromUser(7);
-        dialog().Command1.press();
-        EXPECT_EQ(dialog().Slider1.Value.get(), 20);
-      },
-      "Command2");
+  open([&] {
+    EXPECT_TRUE(dialog().Check102.Value && dialog().Check104.Value && !dialog().Check105.Value);
+    EXPECT_EQ(dialog().Label10.Caption.get(), "Current Value = 20");
+    dialog().Slider1.slideFromUser(7);
+    dialog().Command1.press();
+    EXPECT_EQ(dialog().Slider1.Value.get(), 20);
+  });
 }
 
 }  // namespace

@@ -8,7 +8,6 @@ namespace {
 namespace key = controls::key;
 constexpr const char* Exists = "Item Already Exist in VDT.. !";
 
-/// Two files and a folder in the left panel, and the list shown.
 class VDTTest : public test::AppTest {
  protected:
   void SetUp() override {
@@ -150,6 +149,7 @@ TEST_F(VDTTest, CopiesSelectedFilesWhereNothingHasTheirNameAndOverwritesNothing)
   EXPECT_EQ(rig.read("C:\\To\\there.txt") + rig.read("C:\\To\\a.txt"), "keptx");
   EXPECT_EQ(list().selectedCount(), 0u);
   EXPECT_EQ(list().foreColor(0), controls::NoColor);
+  EXPECT_TRUE(std::ranges::count(list().PopupEntries(), &rig.menu("CopyVDT")));
 }
 
 TEST_F(VDTTest, RowsThatADriveTakesAwayBehindAQuestionTakeNoOthersAlong) {
@@ -175,8 +175,6 @@ TEST_F(VDTTest, AHeadSortsAndTheNextClickTurnsTheOrderWhicheverItIsOn) {
   list().ColumnClick(1);
   EXPECT_EQ(lines(), (Names{asRead[2], asRead[0], asRead[1]}));
 }
-
-// --- Projects ------------------------------------------------------------------------------------------------------
 
 TEST_F(VDTTest, LinesAreReadForWhatTheyAreWorthAndWrittenByteForByte) {
   rig.loop.meets({{"Form12"}});
