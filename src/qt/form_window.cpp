@@ -367,7 +367,7 @@ void FormWindow::fromUser(std::function<void()> act) {
 
 bool FormWindow::mayAct() const {
   const QWidget* modal = QApplication::activeModalWidget();
-  return *alive_ && (!modal || modal == widget_);
+  return *alive_ && form_.Visible && (!modal || modal == widget_);
 }
 
 void FormWindow::popUp(const std::vector<controls::MenuItem*>& entries, const QPoint& at) {
@@ -429,6 +429,7 @@ bool FormWindow::keyPress(const QKeyEvent& event) {
     return true;
   }
   if (key.code != controls::key::Enter) return false;
+  if (event.isAutoRepeat()) return true;
   const bool onButton = joined != adapters_.end() && joined->first->kind() == controls::Kind::Button;
   pressButton(onButton ? joined->first->name() : form_.defaultButton);
   return true;

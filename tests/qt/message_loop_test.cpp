@@ -152,6 +152,20 @@ TEST_F(MessageLoop, AKeyForAWindowThatHasGoneOrStandsBehindADialogGoesToTheOneIn
   EXPECT_EQ(goesTo(2, 38, loop.windowOf(dialogs.Form12)->widget()), behind.internalWinId());
 }
 
+TEST_F(MessageLoop, AButtonThatClosesItsWindowIsPressedOnceByADoubleClickAndNotByEnterThatStaysDown) {
+  core::Form12 form(loop);
+  int presses = 0;
+  form.Command11.Click = [&] { ++presses, form.Hide(); };
+  form.Show();
+  auto* button = usable<QPushButton>(windowOf(loop, form), "Command11");
+  QKeyEvent heldDown(QEvent::KeyPress, Qt::Key_Return, {}, {}, true);
+  QCoreApplication::sendEvent(button, &heldDown);
+  EXPECT_EQ(presses, 0);
+  QTest::mouseClick(button, Qt::LeftButton);
+  QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_EQ(presses, 1);
+}
+
 TEST_F(MessageLoop, AFormMayEndInItsOwnHandler) {
   auto form = std::make_unique<core::Form12>(loop);
   form->Label1.Caption = "Going away";

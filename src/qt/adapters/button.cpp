@@ -21,6 +21,13 @@ bool clickedByMnemonic(QAbstractButton& button, const QObject* watched, const QE
   return true;
 }
 
+/// Enter that stays down must not answer what comes next.
+bool isHeldEnter(const QEvent& event) {
+  if (event.type() != QEvent::KeyPress) return false;
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
+}
+
 // What can be checked is listened to by its state: assistive technology switches it without a click.
 
 class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
@@ -40,7 +47,7 @@ class ButtonAdapter : public Joined<controls::Button, QAbstractButton> {
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (watched == &drawn && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)) redrawDefault();
-    return clickedByMnemonic(drawn, watched, *event) || Joined::eventFilter(watched, event);
+    return isHeldEnter(*event) || clickedByMnemonic(drawn, watched, *event) || Joined::eventFilter(watched, event);
   }
 
  protected:
