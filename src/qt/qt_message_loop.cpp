@@ -28,10 +28,10 @@ constexpr std::chrono::milliseconds QueuedInput{500};
 constexpr std::chrono::milliseconds Patience{2000};
 constexpr int MeanwhileMilliseconds = 100;
 
-QWidget* callerWindow() {
-  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+const QWidget* callerWindow() {
+  if (const QWidget* modal = QApplication::activeModalWidget()) return modal;
   // A window that has just been hidden is the active one until the window system tells of another.
-  if (QWidget* active = QApplication::activeWindow(); active && active->isVisible()) return active;
+  if (const QWidget* active = QApplication::activeWindow(); active && active->isVisible()) return active;
   const auto tops = QApplication::topLevelWidgets();
   const auto shown = std::ranges::find_if(
       tops, [](const QWidget* each) { return each->isVisible() && each->windowType() == Qt::Window; });
@@ -40,7 +40,7 @@ QWidget* callerWindow() {
 
 }  // namespace
 
-QtMessageLoop::QtMessageLoop() : typedAhead_(callerWindow) {
+QtMessageLoop::QtMessageLoop() {
   readScreen();
   QApplication::setQuitOnLastWindowClosed(false);
   drawTimer_.setSingleShot(true);
@@ -215,7 +215,7 @@ void QtMessageLoop::runModal(controls::Form& form) {
     const controls::Form* shown = modals_[depth].form;
     return shown && shown->Visible && !quitting_;
   };
-  const QPointer<QWidget> caller = callerWindow();
+  const QPointer<QWidget> caller = const_cast<QWidget*>(callerWindow());
   flush();
   while (isOpen())
     loop.exec();

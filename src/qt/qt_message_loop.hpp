@@ -7,7 +7,6 @@
 #include "qt/drag_and_drop.hpp"
 #include "qt/form_window.hpp"
 #include "qt/pictures.hpp"
-#include "qt/typed_ahead.hpp"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -109,7 +108,6 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
   std::vector<Modal> modals_;
   std::deque<std::function<void()>> laterCalls_;
   AssistiveCalls assistiveCalls_;
-  TypedAhead typedAhead_;
   Pictures pictures_;
   DragAndDrop dragAndDrop_;
   Helper helper_;

@@ -4,7 +4,6 @@
 #include "qt/leave_signals.hpp"
 
 #include <QAbstractButton>
-#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
@@ -128,28 +127,6 @@ TEST_F(MessageLoop, ADialogDoesNotStandOnAWindowThatHasJustGone) {
     press(window, "Command1");
   });
   dialogs.ask("Go on ?");
-}
-
-TEST_F(MessageLoop, AKeyForAWindowThatHasGoneOrStandsBehindADialogGoesToTheOneInFront) {
-  const auto goesTo = [](std::uint8_t type, std::uint8_t key, const QWidget& window) {
-    struct {
-      std::uint8_t type, key;
-      std::uint16_t sequence = 0;
-      std::uint32_t time = 0, root = 0, window, rest[4] = {};
-    } event{type, key, 0, 0, 0, static_cast<std::uint32_t>(window.internalWinId())};
-    QAbstractEventDispatcher::instance()->filterNativeEvent("xcb_generic_event_t", &event, nullptr);
-    return event.window;
-  };
-  QWidget behind;
-  behind.show();
-  whenShown(dialogs.Form12, [&](QWidget* dialog) {
-    EXPECT_EQ(goesTo(2, 38, behind), dialog->internalWinId());
-    EXPECT_EQ(goesTo(3, 38, behind), dialog->internalWinId());
-    EXPECT_EQ(goesTo(3, 39, behind), behind.internalWinId()) << "it went down there";
-    press(dialog, "Command11");
-  });
-  dialogs.alert("In front");
-  EXPECT_EQ(goesTo(2, 38, loop.windowOf(dialogs.Form12)->widget()), behind.internalWinId());
 }
 
 TEST_F(MessageLoop, AButtonThatClosesItsWindowIsPressedOnceByADoubleClickAndNotByEnterThatStaysDown) {
