@@ -22,7 +22,7 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
-  "libheif1, qt6-image-formats-plugins, shared-mime-info, xdg-utils, fonts-dejavu-core | fonts-liberation | fonts-noto-core")
+  "libheif1, libmount1, qt6-image-formats-plugins, shared-mime-info, xdg-utils, fonts-dejavu-core | fonts-liberation | fonts-noto-core")
 # A session of Wayland, and the tools behind the commands for terminal, address and network.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
   "qt6-wayland, hicolor-icon-theme, xterm | x-terminal-emulator, iputils-ping, iproute2, desktop-file-utils")

@@ -5,6 +5,7 @@
 #include "qt/theme.hpp"
 
 #include <QApplication>
+#include <QDBusConnection>
 #include <QLibrary>
 #include <QLoggingCategory>
 #include <QThread>
@@ -53,6 +54,8 @@ int runProgram(int argc, char** argv, const std::function<void()>& prepare, cons
   });
   // The toolkit takes its own arguments out.
   const QApplication application(argc, argv);
+  // The toolkit's bridge to assistive technology asks for the bus with the first window, and waits until it answers.
+  const std::jthread bus([] { QDBusConnection::sessionBus(); });
   // The texts are English, and speak of a left and a right panel: a desktop's own translations, where they are loaded,
   // would mirror them.
   QGuiApplication::setLayoutDirection(Qt::LeftToRight);

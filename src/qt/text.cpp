@@ -3,7 +3,6 @@
 #include "platform/paths.hpp"
 #include "platform/text_character.hpp"
 
-#include <QRegularExpression>
 #include <QStringDecoder>
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
@@ -64,6 +63,16 @@ QString pathPart(QString part, const QFontMetrics& metrics, int width) {
   return marked(part, QTextBoundaryFinder::Line, Glue);
 }
 
+// Where a path begins, by its drive; the end of the line: there is none.
+qsizetype pathIn(const QString& line) {
+  const QLatin1String drive(":\\");
+  for (qsizetype colon = line.indexOf(drive); colon >= 0; colon = line.indexOf(drive, colon + 1)) {
+    const int letter = colon > 0 ? line[colon - 1].unicode() | 0x20 : 0;
+    if (letter >= 'a' && letter <= 'z') return colon - 1;
+  }
+  return line.size();
+}
+
 QString breakablePath(const QString& path, const QFontMetrics& metrics, int width) {
   constexpr qsizetype DriveLength = 3;
   const QString drive = path.first(DriveLength);
@@ -121,13 +130,12 @@ QString linesToQt(std::string_view text) {
 }
 
 QString breakable(const QString& text, const QFontMetrics& metrics, int width) {
-  static const QRegularExpression Path(QStringLiteral(R"([A-Za-z]:\\.*)"));
   QStringList lines = text.split(QLatin1Char('\n'));
   for (QString& line : lines) {
-    const auto path = Path.match(line);
-    const qsizetype from = path.hasMatch() ? path.capturedStart() : line.size();
-    const QString before = withLongWordsBroken(line.first(from), metrics, width);
-    line = before + (path.hasMatch() ? breakablePath(path.captured(), metrics, width) : QString());
+    const qsizetype from = pathIn(line);
+    const QString path = line.sliced(from);
+    line = withLongWordsBroken(line.first(from), metrics, width);
+    if (!path.isEmpty()) line += breakablePath(path, metrics, width);
   }
   return lines.join(QLatin1Char('\n'));
 }

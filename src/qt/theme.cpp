@@ -243,6 +243,57 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
   painter->restore();
 }
 
+namespace {
+
+// A bar with round ends, along its longer side. The toolkit would hand out the lines of one large path to other threads
+// and wait for them, longer than it takes to draw it.
+void drawBar(QPainter& painter, const QRect& area, const QColor& color) {
+  const int width = std::min(area.width(), area.height());
+  const QPoint toLastEnd(area.width() - width, area.height() - width);
+  const QRect end(area.topLeft(), QSize(width, width));
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(color);
+  painter.drawEllipse(end);
+  painter.drawEllipse(end.translated(toLastEnd));
+  const int round = width / 2;
+  painter.fillRect(
+      area.width() > area.height() ? area.adjusted(round, 0, -round, 0) : area.adjusted(0, round, 0, -round), color);
+}
+
+// An arrow at an end of a scroll bar, dim where there is nothing more.
+void drawArrow(const QStyle& style, QStyle::PrimitiveElement arrow, const QStyleOption& bar, const QRect& button,
+               bool more, QPainter& painter, const QWidget* widget) {
+  QStyleOption option = bar;
+  const int side = std::min(button.width(), button.height()) / 2;
+  option.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, {side, side}, button);
+  option.state.setFlag(QStyle::State_Enabled, more && bar.state.testFlag(QStyle::State_Enabled));
+  style.drawPrimitive(arrow, &option, &painter, widget);
+}
+
+}  // namespace
+
+void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                               const QWidget* widget) const {
+  const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control != CC_ScrollBar || !bar) return QProxyStyle::drawComplexControl(control, option, painter, widget);
+  const auto part = [&](SubControl which) { return subControlRect(control, bar, which, widget); };
+  painter->save();
+  painter->fillRect(bar->rect, bar->palette.mid());
+  const bool upright = bar->orientation == Qt::Vertical;
+  drawArrow(*this, upright ? PE_IndicatorArrowUp : PE_IndicatorArrowLeft, *bar, part(SC_ScrollBarSubLine),
+            bar->sliderValue > bar->minimum, *painter, widget);
+  drawArrow(*this, upright ? PE_IndicatorArrowDown : PE_IndicatorArrowRight, *bar, part(SC_ScrollBarAddLine),
+            bar->sliderValue < bar->maximum, *painter, widget);
+  if (bar->minimum < bar->maximum) {
+    const bool touched = bar->activeSubControls.testFlag(SC_ScrollBarSlider);
+    const QColor color = touched && bar->state.testFlag(State_Sunken) ? accent() : fieldOutline();
+    drawBar(*painter, part(SC_ScrollBarSlider).adjusted(3, 3, -3, -3),
+            touched && bar->state.testFlag(State_MouseOver) ? color.lighter(125) : color);
+  }
+  painter->restore();
+}
+
 // Push buttons are large enough to hit, and their captions do not touch the edge.
 QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                               const QWidget* widget) const {

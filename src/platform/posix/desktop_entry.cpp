@@ -1,6 +1,4 @@
-// GIO first: one of its types has a member named `signals`, which others define as a word of their own.
-#include <gio/gdesktopappinfo.h>
-#include <gio/gio.h>
+#include "platform/posix/gio_library.hpp"
 
 #include "platform/posix/desktop_entry.hpp"
 
@@ -13,7 +11,7 @@ namespace varnholt::platform::posix {
 namespace {
 
 struct Unref {
-  void operator()(gpointer object) const { g_object_unref(object); }
+  void operator()(gpointer object) const { gio().g_object_unref(object); }
   void operator()(GError* error) const { g_error_free(error); }
 };
 
@@ -48,17 +46,18 @@ void noteChild(GDesktopAppInfo*, GPid child, gpointer noted) { *static_cast<pid_
 
 Result<pid_t> launchDesktopEntry(const std::string& name, const std::vector<std::string>& files,
                                  const std::vector<std::string>& environment) {
-  const std::unique_ptr<GDesktopAppInfo, Unref> entry(g_desktop_app_info_new(name.c_str()));
+  if (!gio().isWhole()) return Error{ErrorCode::NotFound, name, "nothing knows the desktop's entries"};
+  const std::unique_ptr<GDesktopAppInfo, Unref> entry(gio().g_desktop_app_info_new(name.c_str()));
   if (!entry) return Error{ErrorCode::NotFound, name, "no such desktop entry"};
-  const std::unique_ptr<GAppLaunchContext, Unref> context(g_app_launch_context_new());
+  const std::unique_ptr<GAppLaunchContext, Unref> context(gio().g_app_launch_context_new());
   for (const std::string& variable : environment) {
     const auto equals = variable.find('=');
-    g_app_launch_context_setenv(context.get(), variable.substr(0, equals).c_str(), variable.c_str() + equals + 1);
+    gio().g_app_launch_context_setenv(context.get(), variable.substr(0, equals).c_str(), variable.c_str() + equals + 1);
   }
   pid_t child = 0;
   GError* failure = nullptr;
   const auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD);
-  const bool launched = g_desktop_app_info_launch_uris_as_manager(
+  const bool launched = gio().g_desktop_app_info_launch_uris_as_manager(
       entry.get(), Files(files).uris(), context.get(), flags, becomeFree, nullptr, noteChild, &child, &failure);
   const std::unique_ptr<GError, Unref> owned(failure);
   if (launched) return child;

@@ -1,5 +1,4 @@
-// GIO first: one of its types has a member named `signals`, which others define as a word of their own.
-#include <gio/gio.h>
+#include "platform/posix/gio_library.hpp"
 
 #include "platform/posix/file_types.hpp"
 
@@ -15,8 +14,8 @@ namespace {
 struct Free {
   void operator()(char* text) const { g_free(text); }
   void operator()(char** list) const { g_strfreev(list); }
-  void operator()(GAppInfo* app) const { g_object_unref(app); }
-  void operator()(GIcon* icon) const { g_object_unref(icon); }
+  void operator()(GAppInfo* app) const { gio().g_object_unref(app); }
+  void operator()(GIcon* icon) const { gio().g_object_unref(icon); }
 };
 using Text = std::unique_ptr<char, Free>;
 
@@ -28,16 +27,16 @@ std::string_view withoutPoint(std::string_view extension) {
 
 /// The content type of an extension; null when the database does not know it.
 Text contentType(std::string_view extension) {
-  if (withoutPoint(extension).empty()) return nullptr;
+  if (withoutPoint(extension).empty() || !gio().isWhole()) return nullptr;
   const std::string name = "x." + std::string(withoutPoint(extension));
-  Text type(g_content_type_guess(name.c_str(), nullptr, 0, nullptr));
-  if (type && g_content_type_is_unknown(type.get())) return nullptr;
+  Text type(gio().g_content_type_guess(name.c_str(), nullptr, 0, nullptr));
+  if (type && gio().g_content_type_is_unknown(type.get())) return nullptr;
   return type;
 }
 
 /// The entry by its name. What has none is a command that somebody typed into another program.
 std::string desktopCommand(GAppInfo* app) {
-  const char* name = g_app_info_get_id(app);
+  const char* name = gio().g_app_info_get_id(app);
   return name ? quoteArgument(std::string(DesktopEntry) + name) + " \"%1\"" : std::string();
 }
 
@@ -60,7 +59,7 @@ Result<std::string> DesktopFileTypes::openCommand(std::string_view extension) co
   const Error none{ErrorCode::NotFound, std::string(extension), "no program is registered"};
   const Text type = contentType(extension);
   if (!type) return none;
-  const std::unique_ptr<GAppInfo, Free> app(g_app_info_get_default_for_type(type.get(), FALSE));
+  const std::unique_ptr<GAppInfo, Free> app(gio().g_app_info_get_default_for_type(type.get(), FALSE));
   std::string command = app ? desktopCommand(app.get()) : std::string();
   if (command.empty()) return none;
   return command;
@@ -70,7 +69,7 @@ std::string DesktopFileTypes::description(std::string_view extension) const {
   if (const std::string name = classOf(extension); !name.empty())
     if (std::string words = registryText(name); !words.empty()) return words;
   const Text type = contentType(extension);
-  const Text words(type ? g_content_type_get_description(type.get()) : nullptr);
+  const Text words(type ? gio().g_content_type_get_description(type.get()) : nullptr);
   return words ? words.get() : "";
 }
 
@@ -78,9 +77,10 @@ std::string DesktopFileTypes::iconName(std::string_view extension) const {
   const auto [place, isNew] = icons_.try_emplace(foldCase(withoutPoint(extension)), unknownIcon);
   if (!isNew) return place->second;
   const Text type = contentType(extension);
-  const std::unique_ptr<GIcon, Free> icon(type ? g_content_type_get_icon(type.get()) : nullptr);
-  if (!icon || !G_IS_THEMED_ICON(icon.get())) return place->second;
-  const gchar* const* names = g_themed_icon_get_names(G_THEMED_ICON(icon.get()));
+  const std::unique_ptr<GIcon, Free> icon(type ? gio().g_content_type_get_icon(type.get()) : nullptr);
+  auto* const object = reinterpret_cast<GTypeInstance*>(icon.get());
+  if (!icon || !gio().g_type_check_instance_is_a(object, gio().g_themed_icon_get_type())) return place->second;
+  const gchar* const* names = gio().g_themed_icon_get_names(reinterpret_cast<GThemedIcon*>(object));
   if (names && names[0]) place->second = names[0];
   return place->second;
 }

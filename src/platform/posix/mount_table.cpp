@@ -1,5 +1,6 @@
 #include "platform/posix/mount_table.hpp"
 
+#include "platform/posix/late_library.hpp"
 #include "platform/posix/unique_fd.hpp"
 
 #include <memory>
@@ -11,25 +12,51 @@
 namespace varnholt::platform::posix {
 namespace {
 
+class MountLibrary : public LateLibrary {
+ public:
+  MountLibrary() : LateLibrary("libmount.so.1") {}
+
+  VARNHOLT_LATE_CALL(mnt_new_table);
+  VARNHOLT_LATE_CALL(mnt_unref_table);
+  VARNHOLT_LATE_CALL(mnt_table_parse_file);
+  VARNHOLT_LATE_CALL(mnt_table_next_fs);
+  VARNHOLT_LATE_CALL(mnt_new_iter);
+  VARNHOLT_LATE_CALL(mnt_free_iter);
+  VARNHOLT_LATE_CALL(mnt_fs_get_id);
+  VARNHOLT_LATE_CALL(mnt_fs_get_devno);
+  VARNHOLT_LATE_CALL(mnt_fs_get_root);
+  VARNHOLT_LATE_CALL(mnt_fs_get_target);
+  VARNHOLT_LATE_CALL(mnt_fs_get_fstype);
+  VARNHOLT_LATE_CALL(mnt_fs_get_source);
+};
+
+const MountLibrary& library() {
+  static const MountLibrary opened;
+  return opened;
+}
+
 std::string textOf(const char* text) { return text ? text : ""; }
 
 Mount mountOf(libmnt_fs* entry) {
-  return {static_cast<std::uint64_t>(mnt_fs_get_id(entry)),
-          mnt_fs_get_devno(entry),
-          textOf(mnt_fs_get_root(entry)),
-          textOf(mnt_fs_get_target(entry)),
-          textOf(mnt_fs_get_fstype(entry)),
-          textOf(mnt_fs_get_source(entry))};
+  return {static_cast<std::uint64_t>(library().mnt_fs_get_id(entry)),
+          library().mnt_fs_get_devno(entry),
+          textOf(library().mnt_fs_get_root(entry)),
+          textOf(library().mnt_fs_get_target(entry)),
+          textOf(library().mnt_fs_get_fstype(entry)),
+          textOf(library().mnt_fs_get_source(entry))};
 }
 
 }  // namespace
 
 std::vector<Mount> readMounts(const std::string& file) {
   std::vector<Mount> mounts;
-  const std::unique_ptr<libmnt_table, decltype(&mnt_unref_table)> table(mnt_new_table(), mnt_unref_table);
-  const std::unique_ptr<libmnt_iter, decltype(&mnt_free_iter)> entries(mnt_new_iter(MNT_ITER_FORWARD), mnt_free_iter);
-  if (!table || !entries || mnt_table_parse_file(table.get(), file.c_str()) != 0) return mounts;
-  for (libmnt_fs* entry = nullptr; mnt_table_next_fs(table.get(), entries.get(), &entry) == 0;)
+  if (!library().isWhole()) return mounts;
+  const std::unique_ptr<libmnt_table, decltype(&::mnt_unref_table)> table(library().mnt_new_table(),
+                                                                          library().mnt_unref_table);
+  const std::unique_ptr<libmnt_iter, decltype(&::mnt_free_iter)> entries(library().mnt_new_iter(MNT_ITER_FORWARD),
+                                                                         library().mnt_free_iter);
+  if (!table || !entries || library().mnt_table_parse_file(table.get(), file.c_str()) != 0) return mounts;
+  for (libmnt_fs* entry = nullptr; library().mnt_table_next_fs(table.get(), entries.get(), &entry) == 0;)
     mounts.push_back(mountOf(entry));
   return mounts;
 }

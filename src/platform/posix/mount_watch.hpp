@@ -1,12 +1,14 @@
 #pragma once
 
+#include "platform/posix/unique_fd.hpp"
+
 #include <functional>
 
-#include <gio/gunixmounts.h>
+#include <glib.h>
 
 namespace varnholt::platform::posix {
 
-/// Tells when the kernel's table of mounts changes, from the main loop of the thread that makes it.
+/// Tells when the kernel's table of mounts changes, from the program's main loop.
 class MountWatch {
  public:
   explicit MountWatch(std::function<void()> changed);
@@ -16,8 +18,8 @@ class MountWatch {
 
  private:
   std::function<void()> changed_;
-  GUnixMountMonitor* monitor_;
-  gulong handler_;
+  UniqueFd table_;
+  guint source_ = 0;
 };
 
 }  // namespace varnholt::platform::posix

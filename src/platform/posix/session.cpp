@@ -1,6 +1,6 @@
-#include "platform/posix/shell.hpp"
+#include "platform/posix/gio_library.hpp"
 
-#include <gio/gio.h>
+#include "platform/posix/shell.hpp"
 
 #include <cstdlib>
 #include <memory>
@@ -22,24 +22,27 @@ constexpr Manager Managers[] = {
     {"org.lxqt.session", "/LXQtSession", "org.lxqt.session", "logout", nullptr},
 };
 
-using Connection = std::unique_ptr<GDBusConnection, decltype(&g_object_unref)>;
+using Connection = std::unique_ptr<GDBusConnection, decltype(&::g_object_unref)>;
 
 /// True when the service has done it; `failure` keeps the words of one that is there and would not.
 bool call(GDBusConnection* bus, const Manager& manager, GVariant* arguments, std::string& failure) {
   GError* error = nullptr;
   GVariant* answer =
-      g_dbus_connection_call_sync(bus, manager.name, manager.path, manager.interface, manager.method, arguments,
-                                  nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, &error);
+      gio().g_dbus_connection_call_sync(bus, manager.name, manager.path, manager.interface, manager.method, arguments,
+                                        nullptr, G_DBUS_CALL_FLAGS_NO_AUTO_START, -1, nullptr, &error);
   if (answer) g_variant_unref(answer);
   if (!error) return true;
-  if (!g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_SERVICE_UNKNOWN) &&
-      !g_error_matches(error, G_DBUS_ERROR, G_DBUS_ERROR_NAME_HAS_NO_OWNER))
+  const GQuark ofBus = gio().g_dbus_error_quark();
+  if (!g_error_matches(error, ofBus, G_DBUS_ERROR_SERVICE_UNKNOWN) &&
+      !g_error_matches(error, ofBus, G_DBUS_ERROR_NAME_HAS_NO_OWNER))
     failure = error->message;
   g_error_free(error);
   return false;
 }
 
-Connection busOf(GBusType type) { return {g_bus_get_sync(type, nullptr, nullptr), g_object_unref}; }
+Connection busOf(GBusType type) {
+  return {gio().isWhole() ? gio().g_bus_get_sync(type, nullptr, nullptr) : nullptr, gio().g_object_unref};
+}
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 
 #include "qt/theme.hpp"
 
+#include <QPaintEvent>
 #include <QPainter>
 
 #include <utility>
@@ -36,7 +37,7 @@ void Skin::set(Source source) {
   fitted_ = {};
 }
 
-void Skin::paint(QWidget& widget) {
+void Skin::paint(QWidget& widget, const QRegion& region) {
   const QSize area = widget.size() * widget.devicePixelRatioF();
   if (!source_ || area.isEmpty()) return;
   if (fitted_.size() != area) {
@@ -46,7 +47,12 @@ void Skin::paint(QWidget& widget) {
     fitted_ = fitted(read_, area);
     fitted_.setDevicePixelRatio(widget.devicePixelRatioF());
   }
-  QPainter(&widget).drawPixmap(0, 0, fitted_);
+  // Piece by piece: within a rectangle the toolkit copies lines, across a region it hands out spans to other threads.
+  QPainter painter(&widget);
+  for (const QRect& piece : region) {
+    painter.setClipRect(piece);
+    painter.drawPixmap(0, 0, fitted_);
+  }
 }
 
 void Backdrop::setSkin(Skin::Source source) {
@@ -54,7 +60,7 @@ void Backdrop::setSkin(Skin::Source source) {
   update();
 }
 
-void Backdrop::paintEvent(QPaintEvent*) { skin_.paint(*this); }
+void Backdrop::paintEvent(QPaintEvent* event) { skin_.paint(*this, event->region()); }
 
 // A dialog has a close box alone: it is neither put away nor blown up.
 SkinDialog::SkinDialog(QWidget* parent)
@@ -65,7 +71,7 @@ void SkinDialog::setSkin(Skin::Source source) {
   update();
 }
 
-void SkinDialog::paintEvent(QPaintEvent*) { skin_.paint(*this); }
+void SkinDialog::paintEvent(QPaintEvent* event) { skin_.paint(*this, event->region()); }
 
 Surface::Surface(QWidget* parent) : QFrame(parent) {}
 

@@ -19,7 +19,7 @@ class Skin {
   static constexpr double Sharpness = 0.9;
 
   void set(Source source);
-  void paint(QWidget& widget);
+  void paint(QWidget& widget, const QRegion& region);
 
  private:
   Source source_;
