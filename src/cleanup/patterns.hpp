@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bitset>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -24,8 +25,12 @@ class Patterns {
     bool isEnding;
   };
   static bool matches(const Pattern& pattern, std::string_view folded);
+  /// False where the last letter alone tells that no pattern matches, which spares most names the folding.
+  bool mayMatch(std::string_view name) const;
 
   std::vector<Pattern> patterns_;
+  std::bitset<128> lastLetters_;  ///< of the endings
+  bool haveOthers_ = false;       ///< patterns that are no ending, or one that does not end in ASCII
 };
 
 }  // namespace varnholt::cleanup

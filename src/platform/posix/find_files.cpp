@@ -3,6 +3,7 @@
 #include "platform/paths.hpp"
 #include "platform/posix/posix_error.hpp"
 #include "platform/posix/tree_walk.hpp"
+#include "platform/sort_on_two_cores.hpp"
 #include "platform/text_fold.hpp"
 
 #include <algorithm>
@@ -32,11 +33,15 @@ class SearchWalk final : public TreeWalk {
   std::vector<FoundFile> find(WalkFolderPtr root) {
     // What cannot be read holds nothing; a search that is stopped has found what it has.
     (void)run(std::move(root));
-    std::sort(hits_.begin(), hits_.end(), [](const Hit& a, const Hit& b) { return a.order < b.order; });
+    std::vector<Hit*> sorted;
+    sorted.reserve(hits_.size());
+    for (Hit& hit : hits_)
+      sorted.push_back(&hit);
+    sortOnTwoCores(sorted, [](const Hit* a, const Hit* b) { return a->order < b->order; });
     std::vector<FoundFile> found;
     found.reserve(hits_.size());
-    for (Hit& hit : hits_)
-      found.push_back(std::move(hit.file));
+    for (Hit* hit : sorted)
+      found.push_back(std::move(hit->file));
     return found;
   }
   SearchAdvance advance() {
@@ -63,7 +68,7 @@ class SearchWalk final : public TreeWalk {
     return level < levels_;
   }
   bool enter(WalkFolder& folder) override {
-    if (!isWanted_.exchange(false)) return true;
+    if (!isWanted_.load(std::memory_order_relaxed) || !isWanted_.exchange(false)) return true;
     std::string path = map_.toProgram(folder.path()).valueOr({});
     const std::lock_guard lock(mutex_);
     folder_ = std::move(path);

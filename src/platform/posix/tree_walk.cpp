@@ -3,6 +3,7 @@
 #include "platform/posix/posix_error.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include <fcntl.h>
 #include <linux/openat2.h>
@@ -66,10 +67,13 @@ unsigned char entryType(int folder, const char* name) {
 
 Result<void> TreeWalk::run(WalkFolderPtr root) {
   const std::string path = root->path();
-  push({std::move(root), {}});
+  Queue& callers = queues_.front();
+  push(callers, {std::move(root), {}});
+  callers.isWorking = true;
+  working_ = 1;
   // Asked once before the work: in a small tree the other worker may leave the calling one nothing to do.
   tick();
-  runWorkers(workers_, [this](unsigned index) { work(index == 0); });
+  runWorkers(static_cast<unsigned>(queues_.size()), [this](unsigned index) { work(index); });
   std::sort(leftOut_.begin(), leftOut_.end(), [](const Error& a, const Error& b) { return a.path < b.path; });
   if (error_) {
     if (error_->code != ErrorCode::Stopped)
@@ -94,20 +98,22 @@ void TreeWalk::fail(Error error) {
   over_ = true;
 }
 
-void TreeWalk::work(bool isCaller) {
-  while (auto task = take(isCaller)) {
-    perform(*task);
-    task.reset();
-    taskDone();
-    if (isCaller) tick();
+void TreeWalk::work(unsigned index) {
+  while (auto task = take(index)) {
+    perform(queues_[index], *task);
+    if (index == 0) tick();
   }
 }
 
-std::optional<TreeWalk::Task> TreeWalk::take(bool isCaller) {
+std::optional<TreeWalk::Task> TreeWalk::take(unsigned index) {
+  Queue& own = queues_[index];
+  if (auto task = takeOwn(own)) return task;
   std::unique_lock lock(mutex_);
-  while (tasks_.empty() && running_ > 0) {
-    ++waiting_;
-    if (isCaller) {
+  if (std::exchange(own.isWorking, false)) --working_;
+  ++waiting_;
+  std::optional<Task> task;
+  while (!(task = takeOldest()) && working_ > 0) {
+    if (index == 0) {
       changed_.wait_for(lock, tickInterval);
       lock.unlock();
       tick();
@@ -115,25 +121,45 @@ std::optional<TreeWalk::Task> TreeWalk::take(bool isCaller) {
     } else {
       changed_.wait(lock);
     }
-    --waiting_;
   }
-  if (tasks_.empty()) return {};
-  // The newest first: the walk goes deep before it goes wide, and few folders are open at a time.
-  Task task = std::move(tasks_.back());
-  tasks_.pop_back();
-  ++running_;
+  --waiting_;
+  if (task) {
+    own.isWorking = true;
+    ++working_;
+  } else {
+    changed_.notify_all();
+  }
   return task;
 }
 
-void TreeWalk::push(Task task) {
-  const std::lock_guard lock(mutex_);
-  tasks_.push_back(std::move(task));
-  if (waiting_ > 0) changed_.notify_one();
+std::optional<TreeWalk::Task> TreeWalk::takeOwn(Queue& own) {
+  const std::lock_guard lock(own.mutex);
+  if (own.tasks.empty()) return {};
+  std::optional<Task> task(std::move(own.tasks.back()));
+  own.tasks.pop_back();
+  return task;
 }
 
-void TreeWalk::taskDone() {
+std::optional<TreeWalk::Task> TreeWalk::takeOldest() {
+  for (Queue& queue : queues_) {
+    const std::lock_guard lock(queue.mutex);
+    if (queue.tasks.empty()) continue;
+    std::optional<Task> task(std::move(queue.tasks.front()));
+    queue.tasks.pop_front();
+    return task;
+  }
+  return {};
+}
+
+void TreeWalk::push(Queue& own, Task task) {
+  {
+    const std::lock_guard lock(own.mutex);
+    own.tasks.push_back(std::move(task));
+  }
+  // Whoever waits has counted itself before it looked into this queue.
+  if (waiting_ == 0) return;
   const std::lock_guard lock(mutex_);
-  if (--running_ == 0 && tasks_.empty()) changed_.notify_all();
+  changed_.notify_one();
 }
 
 void TreeWalk::tick() {
@@ -143,17 +169,17 @@ void TreeWalk::tick() {
   if (!progress_(bytes())) fail({ErrorCode::Stopped, {}, "stopped"});
 }
 
-void TreeWalk::perform(Task& task) {
+void TreeWalk::perform(Queue& own, Task& task) {
   bool handled = false;
   if (!isOver() && task.batch) {
-    handle(task.folder, *task.batch);
+    handle(own, task.folder, *task.batch);
     handled = true;
   } else if (!isOver() && open(*task.folder) && !isOver() && enter(*task.folder)) {
-    read(task.folder);
+    read(own, task.folder);
     handled = true;
   }
   if (handled && --task.folder->unread == 0 && !isOver()) entriesDone(*task.folder);
-  finish(std::move(task.folder));
+  finish(own, std::move(task.folder));
 }
 
 bool TreeWalk::open(WalkFolder& folder) {
@@ -168,7 +194,7 @@ bool TreeWalk::open(WalkFolder& folder) {
   return false;
 }
 
-void TreeWalk::read(const WalkFolderPtr& folder) {
+void TreeWalk::read(Queue& own, const WalkFolderPtr& folder) {
   while (!isOver()) {
     DirentBatch batch;
     const ssize_t got = batch.read(folder->fd.get());
@@ -178,15 +204,15 @@ void TreeWalk::read(const WalkFolderPtr& folder) {
     if (!batch.isLast()) {
       ++folder->unfinished;
       ++folder->unread;
-      push({folder, std::move(batch)});
+      push(own, {folder, std::move(batch)});
     } else {
-      handle(folder, batch);
+      handle(own, folder, batch);
       return;
     }
   }
 }
 
-void TreeWalk::handle(const WalkFolderPtr& folder, const DirentBatch& batch) {
+void TreeWalk::handle(Queue& own, const WalkFolderPtr& folder, const DirentBatch& batch) {
   batch.forEach([&](const char* name, unsigned char type) {
     if (type == DT_UNKNOWN) type = entryType(folder->fd.get(), name);
     if (type == DT_DIR) {
@@ -194,7 +220,7 @@ void TreeWalk::handle(const WalkFolderPtr& folder, const DirentBatch& batch) {
       below->parent = folder;
       below->name = name;
       ++folder->unfinished;
-      push({std::move(below), {}});
+      push(own, {std::move(below), {}});
     } else if (type != DT_UNKNOWN) {
       entry(*folder, name, type);
     }
@@ -202,12 +228,12 @@ void TreeWalk::handle(const WalkFolderPtr& folder, const DirentBatch& batch) {
   });
 }
 
-void TreeWalk::finish(WalkFolderPtr folder) {
+void TreeWalk::finish(Queue& own, WalkFolderPtr folder) {
   while (folder && --folder->unfinished == 0) {
     if (folder->fd && leave(*folder) == Leaving::Again && !isOver()) {
       folder->unfinished = 1;
       folder->unread = 1;
-      push({folder, {}});
+      push(own, {folder, {}});
       return;
     }
     folder->fd.reset();

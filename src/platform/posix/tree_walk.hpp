@@ -8,6 +8,7 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <deque>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -44,7 +45,7 @@ class TreeWalk {
 
  protected:
   TreeWalk(const Progress& progress, bool crossMounts, unsigned workers = workerCount())
-      : progress_(progress), crossMounts_(crossMounts), workers_(workers) {}
+      : progress_(progress), crossMounts_(crossMounts), queues_(workers) {}
 
   /// Walks from an open folder. The calling thread is one of the workers and the one that calls the progress function.
   /// Fails with the reason for giving up, else with the first entry by path that was left out.
@@ -86,28 +87,39 @@ class TreeWalk {
     std::optional<DirentBatch> batch;  ///< entries of a large folder that is being read; none: open and read it
   };
 
-  void work(bool isCaller);
-  std::optional<Task> take(bool isCaller);
-  void push(Task task);
-  void perform(Task& task);
+  /// The tasks that one worker has found. It takes the newest itself: the walk goes deep before it goes wide, and few
+  /// folders are open at a time. Workers that have none take the oldest, which most lies below.
+  struct Queue {
+    std::mutex mutex;  ///< locked alone, or behind mutex_
+    std::deque<Task> tasks;
+    bool isWorking = false;  ///< of its worker alone: it is counted in working_
+  };
+
+  void work(unsigned index);
+  /// From its own queue, else from the others'. None: the walk is done.
+  std::optional<Task> take(unsigned index);
+  std::optional<Task> takeOwn(Queue& own);
+  std::optional<Task> takeOldest();
+  void push(Queue& own, Task task);
+  void perform(Queue& own, Task& task);
   bool open(WalkFolder& folder);
-  void read(const WalkFolderPtr& folder);
-  void handle(const WalkFolderPtr& folder, const DirentBatch& batch);
-  void finish(WalkFolderPtr folder);
-  void taskDone();
+  void read(Queue& own, const WalkFolderPtr& folder);
+  void handle(Queue& own, const WalkFolderPtr& folder, const DirentBatch& batch);
+  void finish(Queue& own, WalkFolderPtr folder);
   void tick();
 
   const Progress& progress_;
   const bool crossMounts_;
-  const unsigned workers_;
   std::atomic<bool> over_ = false;
   std::atomic<std::uint64_t> bytes_ = 0;
   std::chrono::steady_clock::time_point nextTick_{};
 
+  std::vector<Queue> queues_;
+  std::atomic<unsigned> waiting_ = 0;  ///< workers that look for a task
+
   std::mutex mutex_;  ///< guards all below
   std::condition_variable changed_;
-  std::vector<Task> tasks_;
-  size_t running_ = 0, waiting_ = 0;
+  unsigned working_ = 0;  ///< only they find tasks, and they are counted as long as their own queues hold any
   std::optional<Error> error_;
   LeftOuts leftOut_;
 };
