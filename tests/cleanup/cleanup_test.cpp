@@ -86,7 +86,7 @@ TEST_F(CleanUpTest, TheWalkFindsLevelByLevelWhatThePatternsName) {
 }
 
 TEST_F(CleanUpTest, SizesAreBoundsThatDoNotCount) {
-  rig.write("C:\\In\\two.tmp", std::string(2'000'000, 'x'));
+  rig.write("C:\\In\\TWO.TMP", std::string(2'000'000, 'x'));
   rig.write("C:\\In\\small.tmp", "x");
   struct Case {
     const char *more, *less;
