@@ -267,7 +267,7 @@ void drawArrow(const QStyle& style, QStyle::PrimitiveElement arrow, const QStyle
   QStyleOption option = bar;
   const int side = std::min(button.width(), button.height()) / 2;
   option.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, {side, side}, button);
-  option.state.setFlag(QStyle::State_Enabled, more && bar.state.testFlag(QStyle::State_Enabled));
+  if (!more) option.palette.setCurrentColorGroup(QPalette::Disabled);
   style.drawPrimitive(arrow, &option, &painter, widget);
 }
 
@@ -287,7 +287,9 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
             bar->sliderValue < bar->maximum, *painter, widget);
   if (bar->minimum < bar->maximum) {
     const bool touched = bar->activeSubControls.testFlag(SC_ScrollBarSlider);
-    const QColor color = touched && bar->state.testFlag(State_Sunken) ? accent() : fieldOutline();
+    const QColor color = !bar->state.testFlag(State_Enabled)            ? outline()
+                         : touched && bar->state.testFlag(State_Sunken) ? accent()
+                                                                        : fieldOutline();
     drawBar(*painter, part(SC_ScrollBarSlider).adjusted(3, 3, -3, -3),
             touched && bar->state.testFlag(State_MouseOver) ? color.lighter(125) : color);
   }
