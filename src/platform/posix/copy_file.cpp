@@ -4,6 +4,7 @@
 #include "platform/posix/entry_facts.hpp"
 #include "platform/posix/identity.hpp"
 #include "platform/posix/leftovers.hpp"
+#include "platform/posix/modified_time.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "platform/posix/tree_walk.hpp"
@@ -70,8 +71,7 @@ int copyFacts(int from, int to, const struct stat& facts, bool moves) {
   if (const int error = copyExtendedAttributes(from, to)) return error;
   if (moves) giveOwner(facts, to);
   if (const int error = copyMode(to, facts)) return error;
-  const timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
-  return ::futimens(to, times) == 0 || cannotKeep(errno) ? 0 : errno;
+  return ::futimens(to, modifiedTime(facts.st_mtim).data()) == 0 || cannotKeep(errno) ? 0 : errno;
 }
 
 /// What a file is copied from and to, looked at and judged.
@@ -170,8 +170,7 @@ Failed copyLink(CopySide& from, const char* fromName, CopySide& to, const char* 
   if (const int error = replaces ? replaceByLink(text, to.folder, toName) : makeLink(text, to.folder, toName))
     return atTarget(error);
   if (rules.moves) (void)!::fchownat(to.folder, toName, facts.st_uid, facts.st_gid, AT_SYMLINK_NOFOLLOW);
-  const timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
-  (void)::utimensat(to.folder, toName, times, AT_SYMLINK_NOFOLLOW);
+  (void)::utimensat(to.folder, toName, modifiedTime(facts.st_mtim).data(), AT_SYMLINK_NOFOLLOW);
   return {};
 }
 

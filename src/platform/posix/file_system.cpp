@@ -13,6 +13,7 @@
 #include "platform/posix/find_files.hpp"
 #include "platform/posix/find_folder.hpp"
 #include "platform/posix/listing.hpp"
+#include "platform/posix/modified_time.hpp"
 #include "platform/posix/move.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/path_resolve.hpp"
@@ -426,8 +427,10 @@ Result<void> PosixFileSystem::resetAttributes(const std::string& path) {
 Result<void> PosixFileSystem::setModified(const std::string& path, const Date& date) {
   const auto system = map_.toSystem(path);
   if (!system) return system.error();
-  const timespec times[2] = {{0, UTIME_OMIT}, {date.seconds, date.nanoseconds}};
-  if (::utimensat(AT_FDCWD, system->c_str(), times, 0) != 0) return told(systemError(errno, *system));
+  struct stat facts {};
+  if (::stat(system->c_str(), &facts) != 0) return told(systemError(errno, *system));
+  const auto times = modifiedTime({date.seconds, date.nanoseconds}, facts.st_atim);
+  if (::utimensat(AT_FDCWD, system->c_str(), times.data(), 0) != 0) return told(systemError(errno, *system));
   return {};
 }
 
