@@ -3,7 +3,10 @@
 #include "support/tree_snapshot.hpp"
 
 #include <cerrno>
+#include <cstring>
 
+#include <linux/magic.h>
+#include <sys/statfs.h>
 #include <sys/syscall.h>
 
 namespace {
@@ -12,6 +15,9 @@ namespace {
 int refused = 0;
 /// It passes over a change of one of the two times alone, and calls that done.
 bool wantsBothTimes = false;
+/// Volumes are NTFS by FUSE, and this attribute was set last.
+bool isNtfs = false;
+std::uint32_t ntfsWord = 0;
 std::atomic<int> writtenOut = 0;
 
 template <class... Arguments>
@@ -28,6 +34,17 @@ extern "C" int fchmod(int fd, mode_t mode) noexcept { return change(SYS_fchmod, 
 extern "C" int futimens(int fd, const timespec* times) noexcept {
   if (wantsBothTimes && (times[0].tv_nsec == UTIME_OMIT || times[1].tv_nsec == UTIME_OMIT)) return 0;
   return change(SYS_utimensat, fd, static_cast<const char*>(nullptr), times, 0);
+}
+extern "C" int fstatfs(int fd, struct statfs* facts) noexcept {
+  const int result = static_cast<int>(::syscall(SYS_fstatfs, fd, facts));
+  if (isNtfs) facts->f_type = FUSE_SUPER_MAGIC;
+  return result;
+}
+extern "C" int setxattr(const char* path, const char* name, const void* value, size_t size, int flags) noexcept {
+  if (!isNtfs || std::strcmp(name, "system.ntfs_attrib") != 0)
+    return static_cast<int>(::syscall(SYS_setxattr, path, name, value, size, flags));
+  std::memcpy(&ntfsWord, value, sizeof ntfsWord);
+  return 0;
 }
 extern "C" int syncfs(int) noexcept { return ++writtenOut, 0; }
 
@@ -178,6 +195,14 @@ TEST_F(Copies, KeepTheirDateOnVolumesThatSetBothTimesOrNone) {
   EXPECT_TRUE(temp.files.copyFolder(temp.at("f"), temp.at("g"), false));
   wantsBothTimes = false;
   EXPECT_EQ(temp.facts("g/a").st_mtim.tv_sec + temp.facts("g").st_mtim.tv_sec, 7 + 9);
+}
+
+TEST_F(Copies, ToNtfsKeepTheReadOnlyOfAMode) {
+  temp.file("a").mode("a", 0444);
+  isNtfs = true;
+  EXPECT_EQ(copy("a", "b"), Done);
+  isNtfs = false;
+  EXPECT_EQ(ntfsWord, attribute::Archive | attribute::ReadOnly);
 }
 
 /// The file changes while the copy of it is on its way.

@@ -109,7 +109,7 @@ Failed fill(TempFile& file, int source, const FileCopy& copy, CopyMonitor& monit
   if (const int error = copyBytes(source, file.fd(), copy.facts, monitor))
     return error == ECANCELED ? stopped() : error == EIO ? atSource(error) : atTarget(error);
   if (const int error = copyFacts(source, file.fd(), copy.facts, copy.rules.moves)) return atTarget(error);
-  copyNativeAttributes(copy.from, copy.fromName, copy.to.store, file.openPath());
+  copyNativeAttributes(copy.from, copy.fromName, copy.facts.st_mode, copy.to.store, file.openPath());
   // The old file goes only when the new one is on the disk.
   const bool mustLast = copy.replaces || copy.rules.moves;
   const int error = mustLast ? writeOut(file.fd(), copy.facts.st_size, monitor) : 0;
@@ -197,12 +197,15 @@ std::optional<CopyFailure> copyEntry(CopySide& from, const char* fromName, unsig
   return type == DT_DIR ? atSource(EISDIR) : notRegular();
 }
 
-void copyNativeAttributes(CopySide& from, const char* fromName, AttributeStore& to, const std::string& toPath) {
+void copyNativeAttributes(CopySide& from, const char* fromName, mode_t mode, AttributeStore& to,
+                          const std::string& toPath) {
   using Kind = AttributeStore::Kind;
   const auto isNative = [](Kind kind) { return kind != Kind::User && kind != Kind::None; };
   if (!isNative(from.store.kind()) && !isNative(to.kind())) return;
   const auto stored = from.store.read(descriptorPath(from.folder, fromName).c_str());
-  if (stored) (void)to.write(toPath.c_str(), *stored);
+  const bool readOnly = isNative(to.kind()) && S_ISREG(mode) && !(mode & S_IWUSR);
+  if (stored || readOnly)
+    (void)to.write(toPath.c_str(), stored.value_or(attribute::Archive) | (readOnly ? attribute::ReadOnly : 0));
 }
 
 namespace {

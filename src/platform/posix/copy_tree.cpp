@@ -201,7 +201,7 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     if (!folder.made || !folder.target) return Leaving::Done;
     (void)copyExtendedAttributes(folder.fd.get(), folder.target.get());
     CopySide from{folder.fd.get(), folder.fromStore}, to{folder.target.get(), folder.toStore};
-    copyNativeAttributes(from, ".", to.store, "/proc/self/fd/" + std::to_string(to.folder));
+    copyNativeAttributes(from, ".", folder.facts.st_mode, to.store, "/proc/self/fd/" + std::to_string(to.folder));
     giveMode(folder, 0);
     (void)::futimens(folder.target.get(), modifiedTime(folder.facts.st_mtim).data());
     // After a failure: what was copied stays, unless its name is taken.
