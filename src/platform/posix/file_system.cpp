@@ -12,6 +12,7 @@
 #include "platform/posix/file_facts.hpp"
 #include "platform/posix/find_files.hpp"
 #include "platform/posix/find_folder.hpp"
+#include "platform/posix/identity.hpp"
 #include "platform/posix/listing.hpp"
 #include "platform/posix/modified_time.hpp"
 #include "platform/posix/move.hpp"
@@ -97,7 +98,7 @@ bool PosixFileSystem::sameEntry(const std::string& a, const std::string& b) cons
   struct stat one {
   }, two{};
   return first && second && ::stat(first->c_str(), &one) == 0 && ::stat(second->c_str(), &two) == 0 &&
-         one.st_dev == two.st_dev && one.st_ino == two.st_ino;
+         (sameInode(one, two) || areSpellings(*first, *second));
 }
 
 bool PosixFileSystem::holdsPlaces(const std::string& folder) const {
