@@ -1,3 +1,4 @@
+#include "platform/posix/shipped_files.hpp"
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 #include "support/tree_snapshot.hpp"
@@ -184,6 +185,8 @@ TEST_F(Copies, VolumesThatKeepNoTimesAndModesTakeCopiesAllTheSame) {
     temp.file("b", "old");
     refused = error;
     EXPECT_EQ(copy("a", "b"), error == EIO ? Code(ErrorCode::Failed) : Done) << error;
+    EXPECT_EQ(posix::copyMissingFiles(temp.system("a"), temp.system("shipped")), error != EIO) << error;
+    std::filesystem::remove(temp.system("shipped"));
     refused = 0;
     EXPECT_EQ(temp.read("b"), error == EIO ? "old" : "new");
   }

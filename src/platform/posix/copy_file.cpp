@@ -6,6 +6,7 @@
 #include "platform/posix/leftovers.hpp"
 #include "platform/posix/modified_time.hpp"
 #include "platform/posix/path_parts.hpp"
+#include "platform/posix/posix_error.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "platform/posix/tree_walk.hpp"
 
@@ -48,9 +49,6 @@ Failed judgeTarget(const struct stat& source, CopySide& to, const char* name, co
     return refused(ErrorCode::ReadOnlyTarget, "the target is read-only, hidden or system");
   return {};
 }
-
-/// What volumes say that have no modes, times or syncing of their own.
-bool cannotKeep(int error) { return error == EPERM || error == EOPNOTSUPP || error == ENOSYS; }
 
 /// A file that lends the rights of its owner or group to whoever runs it lends nobody else's. Most new files were made
 /// with the right mode, and to look is quicker than to set. Gives 0 or errno.
@@ -95,7 +93,7 @@ int writeOut(int fd, off_t size, CopyMonitor& monitor) {
       return errno;
     if (!monitor.add(0)) return ECANCELED;
   }
-  return ::fsync(fd) == 0 || errno == EINVAL || cannotKeep(errno) ? 0 : errno;
+  return syncFile(fd);
 }
 
 /// Fills a new file. Gives nothing when all is done but its name.
@@ -213,8 +211,8 @@ namespace {
 /// Puts the name of a new file on the disk. A folder that may be written but not read cannot be synced itself; all of
 /// its volume can. Gives 0 or errno.
 int syncName(int folder, const char* name) {
-  if (::fsync(folder) == 0 || errno == EINVAL || cannotKeep(errno)) return 0;
-  if (errno != EBADF) return errno;
+  const int error = syncFile(folder);
+  if (error != EBADF) return error;
   const UniqueFd file(::openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (file) return ::syncfs(file.get()) == 0 ? 0 : errno;
   // A link or an unreadable file leads to no descriptor of the volume.
