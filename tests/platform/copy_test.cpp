@@ -1,15 +1,24 @@
+#include "platform/posix/shipped_files.hpp"
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 #include "support/tree_snapshot.hpp"
 
 #include <cerrno>
+#include <cstring>
 
+#include <linux/magic.h>
+#include <sys/statfs.h>
 #include <sys/syscall.h>
 
 namespace {
 
 /// What a volume says to changes of modes and times; 0: it makes them.
 int refused = 0;
+/// It passes over a change of one of the two times alone, and calls that done.
+bool wantsBothTimes = false;
+/// Volumes are NTFS by FUSE, and this attribute was set last.
+bool isNtfs = false;
+std::uint32_t ntfsWord = 0;
 std::atomic<int> writtenOut = 0;
 
 template <class... Arguments>
@@ -24,7 +33,19 @@ int change(long call, Arguments... arguments) {
 // In front of the library's own.
 extern "C" int fchmod(int fd, mode_t mode) noexcept { return change(SYS_fchmod, fd, mode); }
 extern "C" int futimens(int fd, const timespec* times) noexcept {
+  if (wantsBothTimes && (times[0].tv_nsec == UTIME_OMIT || times[1].tv_nsec == UTIME_OMIT)) return 0;
   return change(SYS_utimensat, fd, static_cast<const char*>(nullptr), times, 0);
+}
+extern "C" int fstatfs(int fd, struct statfs* facts) noexcept {
+  const int result = static_cast<int>(::syscall(SYS_fstatfs, fd, facts));
+  if (isNtfs) facts->f_type = FUSE_SUPER_MAGIC;
+  return result;
+}
+extern "C" int setxattr(const char* path, const char* name, const void* value, size_t size, int flags) noexcept {
+  if (!isNtfs || std::strcmp(name, "system.ntfs_attrib") != 0)
+    return static_cast<int>(::syscall(SYS_setxattr, path, name, value, size, flags));
+  std::memcpy(&ntfsWord, value, sizeof ntfsWord);
+  return 0;
 }
 extern "C" int syncfs(int) noexcept { return ++writtenOut, 0; }
 
@@ -164,9 +185,27 @@ TEST_F(Copies, VolumesThatKeepNoTimesAndModesTakeCopiesAllTheSame) {
     temp.file("b", "old");
     refused = error;
     EXPECT_EQ(copy("a", "b"), error == EIO ? Code(ErrorCode::Failed) : Done) << error;
+    EXPECT_EQ(posix::copyMissingFiles(temp.system("a"), temp.system("shipped")), error != EIO) << error;
+    std::filesystem::remove(temp.system("shipped"));
     refused = 0;
     EXPECT_EQ(temp.read("b"), error == EIO ? "old" : "new");
   }
+}
+
+TEST_F(Copies, KeepTheirDateOnVolumesThatSetBothTimesOrNone) {
+  temp.file("f/a", "x", Date{7, 0}).modified("f", {9, 0});
+  wantsBothTimes = true;
+  EXPECT_TRUE(temp.files.copyFolder(temp.at("f"), temp.at("g"), false));
+  wantsBothTimes = false;
+  EXPECT_EQ(temp.facts("g/a").st_mtim.tv_sec + temp.facts("g").st_mtim.tv_sec, 7 + 9);
+}
+
+TEST_F(Copies, ToNtfsKeepTheReadOnlyOfAMode) {
+  temp.file("a").mode("a", 0444);
+  isNtfs = true;
+  EXPECT_EQ(copy("a", "b"), Done);
+  isNtfs = false;
+  EXPECT_EQ(ntfsWord, attribute::Archive | attribute::ReadOnly);
 }
 
 /// The file changes while the copy of it is on its way.

@@ -4,7 +4,9 @@
 #include "platform/posix/entry_facts.hpp"
 #include "platform/posix/identity.hpp"
 #include "platform/posix/leftovers.hpp"
+#include "platform/posix/modified_time.hpp"
 #include "platform/posix/path_parts.hpp"
+#include "platform/posix/posix_error.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "platform/posix/tree_walk.hpp"
 
@@ -48,9 +50,6 @@ Failed judgeTarget(const struct stat& source, CopySide& to, const char* name, co
   return {};
 }
 
-/// What volumes say that have no modes, times or syncing of their own.
-bool cannotKeep(int error) { return error == EPERM || error == EOPNOTSUPP || error == ENOSYS; }
-
 /// A file that lends the rights of its owner or group to whoever runs it lends nobody else's. Most new files were made
 /// with the right mode, and to look is quicker than to set. Gives 0 or errno.
 int copyMode(int to, const struct stat& facts) {
@@ -70,8 +69,7 @@ int copyFacts(int from, int to, const struct stat& facts, bool moves) {
   if (const int error = copyExtendedAttributes(from, to)) return error;
   if (moves) giveOwner(facts, to);
   if (const int error = copyMode(to, facts)) return error;
-  const timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
-  return ::futimens(to, times) == 0 || cannotKeep(errno) ? 0 : errno;
+  return ::futimens(to, modifiedTime(facts.st_mtim).data()) == 0 || cannotKeep(errno) ? 0 : errno;
 }
 
 /// What a file is copied from and to, looked at and judged.
@@ -95,7 +93,7 @@ int writeOut(int fd, off_t size, CopyMonitor& monitor) {
       return errno;
     if (!monitor.add(0)) return ECANCELED;
   }
-  return ::fsync(fd) == 0 || errno == EINVAL || cannotKeep(errno) ? 0 : errno;
+  return syncFile(fd);
 }
 
 /// Fills a new file. Gives nothing when all is done but its name.
@@ -109,7 +107,7 @@ Failed fill(TempFile& file, int source, const FileCopy& copy, CopyMonitor& monit
   if (const int error = copyBytes(source, file.fd(), copy.facts, monitor))
     return error == ECANCELED ? stopped() : error == EIO ? atSource(error) : atTarget(error);
   if (const int error = copyFacts(source, file.fd(), copy.facts, copy.rules.moves)) return atTarget(error);
-  copyNativeAttributes(copy.from, copy.fromName, copy.to.store, file.openPath());
+  copyNativeAttributes(copy.from, copy.fromName, copy.facts.st_mode, copy.to.store, file.openPath());
   // The old file goes only when the new one is on the disk.
   const bool mustLast = copy.replaces || copy.rules.moves;
   const int error = mustLast ? writeOut(file.fd(), copy.facts.st_size, monitor) : 0;
@@ -170,8 +168,7 @@ Failed copyLink(CopySide& from, const char* fromName, CopySide& to, const char* 
   if (const int error = replaces ? replaceByLink(text, to.folder, toName) : makeLink(text, to.folder, toName))
     return atTarget(error);
   if (rules.moves) (void)!::fchownat(to.folder, toName, facts.st_uid, facts.st_gid, AT_SYMLINK_NOFOLLOW);
-  const timespec times[2] = {{0, UTIME_OMIT}, facts.st_mtim};
-  (void)::utimensat(to.folder, toName, times, AT_SYMLINK_NOFOLLOW);
+  (void)::utimensat(to.folder, toName, modifiedTime(facts.st_mtim).data(), AT_SYMLINK_NOFOLLOW);
   return {};
 }
 
@@ -198,12 +195,15 @@ std::optional<CopyFailure> copyEntry(CopySide& from, const char* fromName, unsig
   return type == DT_DIR ? atSource(EISDIR) : notRegular();
 }
 
-void copyNativeAttributes(CopySide& from, const char* fromName, AttributeStore& to, const std::string& toPath) {
+void copyNativeAttributes(CopySide& from, const char* fromName, mode_t mode, AttributeStore& to,
+                          const std::string& toPath) {
   using Kind = AttributeStore::Kind;
   const auto isNative = [](Kind kind) { return kind != Kind::User && kind != Kind::None; };
   if (!isNative(from.store.kind()) && !isNative(to.kind())) return;
   const auto stored = from.store.read(descriptorPath(from.folder, fromName).c_str());
-  if (stored) (void)to.write(toPath.c_str(), *stored);
+  const bool readOnly = isNative(to.kind()) && S_ISREG(mode) && !(mode & S_IWUSR);
+  if (stored || readOnly)
+    (void)to.write(toPath.c_str(), stored.value_or(attribute::Archive) | (readOnly ? attribute::ReadOnly : 0));
 }
 
 namespace {
@@ -211,8 +211,8 @@ namespace {
 /// Puts the name of a new file on the disk. A folder that may be written but not read cannot be synced itself; all of
 /// its volume can. Gives 0 or errno.
 int syncName(int folder, const char* name) {
-  if (::fsync(folder) == 0 || errno == EINVAL || cannotKeep(errno)) return 0;
-  if (errno != EBADF) return errno;
+  const int error = syncFile(folder);
+  if (error != EBADF) return error;
   const UniqueFd file(::openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   if (file) return ::syncfs(file.get()) == 0 ? 0 : errno;
   // A link or an unreadable file leads to no descriptor of the volume.

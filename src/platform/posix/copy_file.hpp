@@ -39,7 +39,9 @@ std::optional<CopyFailure> copyEntry(CopySide& from, const char* fromName, unsig
                                      const char* toName, const CopyRules& rules, CopyMonitor& monitor);
 
 /// Attributes, where one side keeps them in a way of its own that copying extended attributes does not carry over.
-void copyNativeAttributes(CopySide& from, const char* fromName, AttributeStore& to, const std::string& toPath);
+/// `mode` is the source's: read-only may stand in it alone, and such a volume need not keep modes.
+void copyNativeAttributes(CopySide& from, const char* fromName, mode_t mode, AttributeStore& to,
+                          const std::string& toPath);
 
 /// FileSystem::copyFile and replaceFile on system paths. With `moves` the bytes and the name are on the disk when it
 /// succeeds, and the copy is gone again when it fails.

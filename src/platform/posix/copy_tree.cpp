@@ -6,6 +6,7 @@
 #include "platform/posix/delete_tree.hpp"
 #include "platform/posix/identity.hpp"
 #include "platform/posix/leftovers.hpp"
+#include "platform/posix/modified_time.hpp"
 #include "platform/posix/mounted_place.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/temp_file.hpp"
@@ -200,10 +201,9 @@ class CopyWalk final : public TreeWalk, private CopyMonitor {
     if (!folder.made || !folder.target) return Leaving::Done;
     (void)copyExtendedAttributes(folder.fd.get(), folder.target.get());
     CopySide from{folder.fd.get(), folder.fromStore}, to{folder.target.get(), folder.toStore};
-    copyNativeAttributes(from, ".", to.store, "/proc/self/fd/" + std::to_string(to.folder));
+    copyNativeAttributes(from, ".", folder.facts.st_mode, to.store, "/proc/self/fd/" + std::to_string(to.folder));
     giveMode(folder, 0);
-    const timespec times[2] = {{0, UTIME_OMIT}, folder.facts.st_mtim};
-    (void)::futimens(folder.target.get(), times);
+    (void)::futimens(folder.target.get(), modifiedTime(folder.facts.st_mtim).data());
     // After a failure: what was copied stays, unless its name is taken.
     if (settle(folder) != 0)
       (void)removeTree("/proc/self/fd/" + std::to_string(folder.targetPlace()) + '/' + folder.temporaryName, true, {},

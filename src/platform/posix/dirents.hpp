@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/posix/unique_fd.hpp"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
@@ -7,8 +9,10 @@
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <string>
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace varnholt::platform::posix {
@@ -74,5 +78,14 @@ class DirentBatch {
   ssize_t bytes_ = 0;
   bool ended_ = false;
 };
+
+/// Whether a folder has an entry of exactly that name. False where it cannot be read.
+inline bool folderLists(int folder, const std::string& wanted) {
+  const UniqueFd reader(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  DirentBatch batch;
+  while (reader && batch.read(reader.get()) > 0)
+    if (!batch.forEach([&](const char* name, unsigned char) { return wanted != name; })) return true;
+  return false;
+}
 
 }  // namespace varnholt::platform::posix

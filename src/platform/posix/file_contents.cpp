@@ -120,7 +120,7 @@ Result<UniqueFd> openOld(int folder, const char* name, struct stat& facts) {
 /// Gives 0 or errno.
 int writeSynced(TempFile& temp, std::string_view bytes) {
   if (const int error = writeAll(temp.fd(), bytes.data(), bytes.size())) return error;
-  return ::fsync(temp.fd()) == 0 ? 0 : errno;
+  return syncFile(temp.fd());
 }
 
 /// Everything from the temporary name to the synced folder. Errors have no path yet.

@@ -12,7 +12,9 @@
 #include "platform/posix/file_facts.hpp"
 #include "platform/posix/find_files.hpp"
 #include "platform/posix/find_folder.hpp"
+#include "platform/posix/identity.hpp"
 #include "platform/posix/listing.hpp"
+#include "platform/posix/modified_time.hpp"
 #include "platform/posix/move.hpp"
 #include "platform/posix/path_parts.hpp"
 #include "platform/posix/path_resolve.hpp"
@@ -96,7 +98,7 @@ bool PosixFileSystem::sameEntry(const std::string& a, const std::string& b) cons
   struct stat one {
   }, two{};
   return first && second && ::stat(first->c_str(), &one) == 0 && ::stat(second->c_str(), &two) == 0 &&
-         one.st_dev == two.st_dev && one.st_ino == two.st_ino;
+         (sameInode(one, two) || areSpellings(*first, *second));
 }
 
 bool PosixFileSystem::holdsPlaces(const std::string& folder) const {
@@ -426,8 +428,10 @@ Result<void> PosixFileSystem::resetAttributes(const std::string& path) {
 Result<void> PosixFileSystem::setModified(const std::string& path, const Date& date) {
   const auto system = map_.toSystem(path);
   if (!system) return system.error();
-  const timespec times[2] = {{0, UTIME_OMIT}, {date.seconds, date.nanoseconds}};
-  if (::utimensat(AT_FDCWD, system->c_str(), times, 0) != 0) return told(systemError(errno, *system));
+  struct stat facts {};
+  if (::stat(system->c_str(), &facts) != 0) return told(systemError(errno, *system));
+  const auto times = modifiedTime({date.seconds, date.nanoseconds}, facts.st_atim);
+  if (::utimensat(AT_FDCWD, system->c_str(), times.data(), 0) != 0) return told(systemError(errno, *system));
   return {};
 }
 

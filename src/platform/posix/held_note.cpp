@@ -2,6 +2,7 @@
 
 #include "platform/posix/dirents.hpp"
 #include "platform/posix/file_contents.hpp"
+#include "platform/posix/posix_error.hpp"
 #include "platform/posix/temp_file.hpp"
 
 #include <algorithm>
@@ -45,7 +46,8 @@ int HeldNote::write(const std::string& folder, std::string_view prefix, std::str
   if (!holdTemporary(folder_.get(), name_.c_str(), note_.get())) return EAGAIN;
   const ssize_t written = ::pwrite(note_.get(), text.data(), text.size(), 0);
   if (written != static_cast<ssize_t>(text.size())) return written < 0 ? errno : ENOSPC;
-  return ::fsync(note_.get()) == 0 && ::fsync(folder_.get()) == 0 ? 0 : errno;
+  const int error = syncFile(note_.get());
+  return error ? error : syncFile(folder_.get());
 }
 
 HeldNote::~HeldNote() {

@@ -21,14 +21,6 @@
 namespace varnholt::platform::posix {
 namespace {
 
-bool folderHolds(int folder, const std::string& wanted) {
-  const UniqueFd reader(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  DirentBatch batch;
-  while (reader && batch.read(reader.get()) > 0)
-    if (!batch.forEach([&](const char* name, unsigned char) { return wanted != name; })) return true;
-  return false;
-}
-
 /// Both ends of a move, and what is at them.
 struct Move {
   Place from, to;
@@ -54,10 +46,11 @@ bool inOneFolder(const Move& move) {
 }
 
 /// On a volume that does not tell case apart the target "exists" when only the case of the name changes. On one that
-/// does, a second name of the file (a hard link) is an entry of its own, and the folder lists it.
+/// does, a second name of the file (a hard link) is an entry of its own, and the folder lists it. Inodes do not tell:
+/// many a FUSE driver gives each spelling one of its own.
 bool isOtherSpelling(const Move& move) {
-  return move.targetExists && sameInode(move.source, move.target) && inOneFolder(move) &&
-         foldCase(move.from.name) == foldCase(move.to.name) && !folderHolds(move.to.folder.get(), move.to.name);
+  return move.targetExists && inOneFolder(move) && foldCase(move.from.name) == foldCase(move.to.name) &&
+         move.from.name != move.to.name && !folderLists(move.to.folder.get(), move.to.name);
 }
 
 /// In two steps: for a kernel that finds the new spelling to be the same entry a rename does nothing.
@@ -192,6 +185,12 @@ Result<void> moveFolderTo(const std::string& from, const std::string& to) {
     return refusal(ErrorCode::IntoItself, to, "the target lies in the source");
   const int error = rename(*move);
   return error ? Result<void>(systemError(error, error == EEXIST ? to : from)) : Result<void>();
+}
+
+bool areSpellings(const std::string& a, const std::string& b) {
+  if (foldCase(nameOf(a)) != foldCase(nameOf(b)) || nameOf(a) == nameOf(b)) return false;
+  const auto one = openMove(a, b), other = openMove(b, a);
+  return one && other && (isOtherSpelling(*one) || isOtherSpelling(*other));
 }
 
 }  // namespace varnholt::platform::posix

@@ -8,5 +8,7 @@ namespace varnholt::platform::posix {
 Result<void> moveFileTo(const std::string& from, const std::string& to, const Progress& progress);
 Result<void> renameOverTo(const std::string& from, const std::string& to);
 Result<void> moveFolderTo(const std::string& from, const std::string& to);
+/// Whether two paths are there and lead to one entry, as a volume that does not tell case apart has it.
+bool areSpellings(const std::string& a, const std::string& b);
 
 }  // namespace varnholt::platform::posix

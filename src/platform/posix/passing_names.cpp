@@ -1,5 +1,6 @@
 #include "platform/posix/passing_names.hpp"
 
+#include "platform/posix/dirents.hpp"
 #include "platform/posix/held_note.hpp"
 #include "platform/posix/identity.hpp"
 #include "platform/posix/temp_file.hpp"
@@ -7,8 +8,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <optional>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 #include <fcntl.h>
@@ -27,7 +30,12 @@ std::string& notesFolder() {
   return folder;
 }
 
+/// For a second the kernel answers to another spelling of a name that is gone, where the driver leaves case to it.
 int renameIn(int folder, const std::string& from, const std::string& to) {
+  constexpr std::chrono::milliseconds namesLive{1100};
+  const int error = renameNoReplace(folder, from.c_str(), folder, to.c_str());
+  if (error != EEXIST || folderLists(folder, to)) return error;
+  std::this_thread::sleep_for(namesLive);
   return renameNoReplace(folder, from.c_str(), folder, to.c_str());
 }
 

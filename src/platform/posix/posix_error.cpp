@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <cstring>
 
+#include <unistd.h>
+
 namespace varnholt::platform::posix {
 
 ErrorCode errorCodeOf(int errorNumber) {
@@ -55,6 +57,10 @@ const char* errorWords(int errorNumber) {
   const char* const words = ::strerrordesc_np(errorNumber);
   return words ? words : "Unknown error";
 }
+
+bool cannotKeep(int errorNumber) { return errorNumber == EPERM || errorNumber == EOPNOTSUPP || errorNumber == ENOSYS; }
+
+int syncFile(int fd) { return ::fsync(fd) == 0 || errno == EINVAL || cannotKeep(errno) ? 0 : errno; }
 
 Error systemError(int errorNumber, std::string systemPath) {
   return {errorCodeOf(errorNumber), std::move(systemPath), errorWords(errorNumber)};

@@ -1,7 +1,6 @@
 #include "platform/posix/rename_batch.hpp"
 
 #include "platform/posix/dirents.hpp"
-#include "platform/posix/identity.hpp"
 #include "platform/posix/move.hpp"
 #include "platform/posix/passing_names.hpp"
 #include "platform/posix/posix_error.hpp"
@@ -133,7 +132,7 @@ class Batch {
     for (const std::size_t at : numbers) {
       const bool mayBe = foldCase(names_[at].from) == foldCase(names_[at].to);
       if (mayBe && listed.empty()) listed = listNames();
-      (mayBe && !listed.contains(names_[at].to) && isOneEntry(names_[at]) ? respelled : rest).push_back(at);
+      (mayBe && !listed.contains(names_[at].to) && isThere(names_[at].to) ? respelled : rest).push_back(at);
     }
     if (respelled.empty()) return rest;
     std::vector<Passage> passages;
@@ -154,11 +153,9 @@ class Batch {
     return listed;
   }
 
-  bool isOneEntry(const NewName& each) const {
-    struct stat a {
-    }, b{};
-    return ::fstatat(folder_, each.from.c_str(), &a, AT_SYMLINK_NOFOLLOW) == 0 &&
-           ::fstatat(folder_, each.to.c_str(), &b, AT_SYMLINK_NOFOLLOW) == 0 && sameInode(a, b);
+  bool isThere(const std::string& name) const {
+    struct stat facts {};
+    return ::fstatat(folder_, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0;
   }
 
   int folder_;
@@ -195,12 +192,10 @@ class Check {
   int errorOf(const NewName& each) const {
     if (longest_ > 0 && each.to.size() > static_cast<std::size_t>(longest_)) return ENAMETOOLONG;
     if (given_.contains(each.to) || held_.contains(each.to)) return EEXIST;
-    struct stat own {
-    }, there{};
+    struct stat there {};
     if (::fstatat(folder_, each.to.c_str(), &there, AT_SYMLINK_NOFOLLOW) != 0) return 0;
     if (old_.contains(each.to)) return 0;  // its file will have left it
-    const bool isOwn = ::fstatat(folder_, each.from.c_str(), &own, AT_SYMLINK_NOFOLLOW) == 0 && sameInode(own, there) &&
-                       foldCase(each.from) == foldCase(each.to);
+    const bool isOwn = foldCase(each.from) == foldCase(each.to) && !folderLists(folder_, each.to);
     return isOwn ? 0 : EEXIST;
   }
 

@@ -2,6 +2,7 @@
 
 #include "platform/posix/copy_bytes.hpp"
 #include "platform/posix/leftovers.hpp"
+#include "platform/posix/posix_error.hpp"
 #include "platform/posix/temp_file.hpp"
 #include "platform/posix/unique_fd.hpp"
 
@@ -33,7 +34,8 @@ class NobodyWaits : public CopyMonitor {
 int fill(TempFile& file, int source, const struct stat& facts) {
   NobodyWaits monitor;
   if (const int error = copyBytes(source, file.fd(), facts, monitor)) return error;
-  if (::fchmod(file.fd(), (facts.st_mode & 0777) | S_IWUSR) != 0 || ::fsync(file.fd()) != 0) return errno;
+  if (::fchmod(file.fd(), (facts.st_mode & 0777) | S_IWUSR) != 0 && !cannotKeep(errno)) return errno;
+  if (const int error = syncFile(file.fd())) return error;
   return 0;
 }
 
@@ -107,7 +109,8 @@ bool copyNewerFile(const std::string& source, const std::string& target) {
   TempFile file;
   if (!folder || !from || file.create(folder.get(), 0600) != 0 || fill(file, from.get(), shipped) != 0) return false;
   const timespec times[] = {shipped.st_mtim, shipped.st_mtim};
-  return ::futimens(file.fd(), times) == 0 && file.replace(fs::path(target).filename().c_str()) == 0;
+  return (::futimens(file.fd(), times) == 0 || cannotKeep(errno)) &&
+         file.replace(fs::path(target).filename().c_str()) == 0;
 }
 
 bool makeFolderFrom(const std::string& source, const std::string& target) {
@@ -121,7 +124,8 @@ bool makeFolderFrom(const std::string& source, const std::string& target) {
   if (makeTemporaryFolder(place.get(), name, held) != 0) return false;
   const std::string built = parent / name;
   const fs::perms permissions = fs::status(source, failed).permissions() | fs::perms::owner_all;
-  if (copyMissingFiles(source, built) && ::fchmod(held.get(), static_cast<mode_t>(permissions)) == 0)
+  if (copyMissingFiles(source, built) &&
+      (::fchmod(held.get(), static_cast<mode_t>(permissions)) == 0 || cannotKeep(errno)))
     (void)renameNoReplace(place.get(), name.c_str(), place.get(), fs::path(target).filename().c_str());
   fs::remove_all(built, failed);
   return fs::is_directory(target, failed);

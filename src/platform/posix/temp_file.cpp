@@ -180,7 +180,7 @@ int renameNoReplace(int fromFolder, const char* from, int toFolder, const char* 
     return ::renameat(fromFolder, from, toFolder, to) == 0 ? 0 : errno;
   }
   if (::linkat(fromFolder, from, toFolder, to, 0) == 0) return ::unlinkat(fromFolder, from, 0) == 0 ? 0 : errno;
-  if (errno != EPERM && errno != EOPNOTSUPP) return errno;
+  if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS) return errno;
   // No links either (exfat over FUSE and alike): a name held by an exclusive create is ours to rename over.
   const UniqueFd holder(::openat(toFolder, to, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
   if (!holder) return errno;
