@@ -79,13 +79,14 @@ class DirentBatch {
   bool ended_ = false;
 };
 
-/// Whether a folder has an entry of exactly that name. False where it cannot be read.
-inline bool folderLists(int folder, const std::string& wanted) {
+/// Whether a folder may have an entry of exactly that name: where it cannot be read, any.
+inline bool mayList(int folder, const std::string& wanted) {
   const UniqueFd reader(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   DirentBatch batch;
-  while (reader && batch.read(reader.get()) > 0)
+  ssize_t got = -1;
+  while (reader && (got = batch.read(reader.get())) > 0)
     if (!batch.forEach([&](const char* name, unsigned char) { return wanted != name; })) return true;
-  return false;
+  return got < 0;
 }
 
 }  // namespace varnholt::platform::posix

@@ -50,7 +50,7 @@ bool inOneFolder(const Move& move) {
 /// many a FUSE driver gives each spelling one of its own.
 bool isOtherSpelling(const Move& move) {
   return move.targetExists && inOneFolder(move) && foldCase(move.from.name) == foldCase(move.to.name) &&
-         move.from.name != move.to.name && !folderLists(move.to.folder.get(), move.to.name);
+         move.from.name != move.to.name && !mayList(move.to.folder.get(), move.to.name);
 }
 
 /// In two steps: for a kernel that finds the new spelling to be the same entry a rename does nothing.

@@ -34,7 +34,7 @@ std::string& notesFolder() {
 int renameIn(int folder, const std::string& from, const std::string& to) {
   constexpr std::chrono::milliseconds namesLive{1100};
   const int error = renameNoReplace(folder, from.c_str(), folder, to.c_str());
-  if (error != EEXIST || folderLists(folder, to)) return error;
+  if (error != EEXIST || mayList(folder, to)) return error;
   std::this_thread::sleep_for(namesLive);
   return renameNoReplace(folder, from.c_str(), folder, to.c_str());
 }

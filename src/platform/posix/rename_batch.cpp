@@ -34,6 +34,31 @@ std::vector<NotRenamed> refuseAll(std::span<const NewName> names, const Error& e
   return all;
 }
 
+/// Which new names are found as other spellings of the old ones, on a volume that does not tell case apart. The folder
+/// is read at the first one that may be.
+class Spellings {
+ public:
+  explicit Spellings(int folder) : folder_(folder) {}
+
+  /// Of a new name that is there: whether it leads to the old one.
+  bool areOne(const NewName& each) {
+    if (foldCase(each.from) != foldCase(each.to)) return false;
+    if (listed_.empty()) read();
+    return listed_.contains(each.from) && !listed_.contains(each.to);
+  }
+
+ private:
+  void read() {
+    const UniqueFd reader(::openat(folder_, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    DirentBatch batch;
+    while (reader && batch.read(reader.get()) > 0)
+      batch.forEach([&](const char* name, unsigned char) { return listed_.emplace(name), true; });
+  }
+
+  int folder_;
+  std::unordered_set<std::string> listed_;
+};
+
 /// One folder's files on their way to their new names.
 class Batch {
  public:
@@ -128,12 +153,9 @@ class Batch {
   /// Those that are in their own way, as only the case of their names changes, all under one note. Gives the rest.
   Numbers respell(const Numbers& numbers) {
     Numbers rest, respelled;
-    std::unordered_set<std::string> listed;
-    for (const std::size_t at : numbers) {
-      const bool mayBe = foldCase(names_[at].from) == foldCase(names_[at].to);
-      if (mayBe && listed.empty()) listed = listNames();
-      (mayBe && !listed.contains(names_[at].to) && isThere(names_[at].to) ? respelled : rest).push_back(at);
-    }
+    Spellings spellings(folder_);
+    for (const std::size_t at : numbers)
+      (spellings.areOne(names_[at]) && isThere(names_[at].to) ? respelled : rest).push_back(at);
     if (respelled.empty()) return rest;
     std::vector<Passage> passages;
     for (const std::size_t at : respelled)
@@ -142,15 +164,6 @@ class Batch {
     for (std::size_t at = 0; at < errors.size(); ++at)
       if (errors[at]) refuse(respelled[at], errors[at]);
     return rest;
-  }
-
-  std::unordered_set<std::string> listNames() const {
-    std::unordered_set<std::string> listed;
-    const UniqueFd reader(::openat(folder_, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    DirentBatch batch;
-    while (reader && batch.read(reader.get()) > 0)
-      batch.forEach([&](const char* name, unsigned char) { return listed.emplace(name), true; });
-    return listed;
   }
 
   bool isThere(const std::string& name) const {
@@ -189,14 +202,13 @@ class Check {
   }
 
  private:
-  int errorOf(const NewName& each) const {
+  int errorOf(const NewName& each) {
     if (longest_ > 0 && each.to.size() > static_cast<std::size_t>(longest_)) return ENAMETOOLONG;
     if (given_.contains(each.to) || held_.contains(each.to)) return EEXIST;
     struct stat there {};
     if (::fstatat(folder_, each.to.c_str(), &there, AT_SYMLINK_NOFOLLOW) != 0) return 0;
     if (old_.contains(each.to)) return 0;  // its file will have left it
-    const bool isOwn = foldCase(each.from) == foldCase(each.to) && !folderLists(folder_, each.to);
-    return isOwn ? 0 : EEXIST;
+    return spellings_.areOne(each) ? 0 : EEXIST;
   }
 
   int folder_;
@@ -206,6 +218,7 @@ class Check {
   std::unordered_set<std::string_view> old_;    ///< the names of all these files
   std::unordered_set<std::string_view> held_;   ///< those that their files have not left
   std::unordered_set<std::string_view> given_;  ///< new names that have been given
+  Spellings spellings_{folder_};
   std::vector<NotRenamed> refused_;
 };
 
