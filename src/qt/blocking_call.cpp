@@ -1,6 +1,8 @@
 #include "qt/blocking_call.hpp"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -51,7 +53,56 @@ void refuse(QObject& receiver, QDropEvent& drag) {
 // What comes again by itself, or makes no sense later.
 bool isForgotten(QEvent::Type type) { return type == QEvent::MouseMove || type == QEvent::ShortcutOverride; }
 
+/// The texts that name the row of a list or tree at a place; empty where none is.
+QString rowUnder(const QObject& receiver, const QPoint& at) {
+  const auto* widget = qobject_cast<const QWidget*>(&receiver);
+  for (const QWidget* window : QApplication::topLevelWidgets())
+    if (window->windowHandle() == &receiver) widget = window;
+  if (!widget) return {};
+  const QWidget* child = widget->childAt(at);
+  if (!child) child = widget;
+  const auto* view = qobject_cast<const QAbstractItemView*>(child->parentWidget());
+  if (!view || view->viewport() != child) return {};
+  const QModelIndex index = view->indexAt(child->mapFrom(widget, at));
+  return index.isValid()
+             ? index.siblingAtColumn(0).data().toString() + QChar::LineFeed + index.siblingAtColumn(1).data().toString()
+             : QString();
+}
+
+class HeldPress : public QMouseEvent {
+ public:
+  HeldPress(const QObject& receiver, const QMouseEvent& press)
+      : QMouseEvent(press), row_(rowUnder(receiver, press.position().toPoint())) {}
+  HeldPress* clone() const override { return new HeldPress(*this); }
+  bool isPast(const QObject& receiver) const { return rowUnder(receiver, position().toPoint()) != row_; }
+
+ private:
+  QString row_;
+};
+
+bool isPress(const QEvent& event) {
+  return event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
+}
+
+/// A copy that outlives the event. One that is held once more keeps what it has noted first.
+std::unique_ptr<QEvent> kept(const QObject& receiver, const QEvent& event) {
+  if (!isPress(event) || PastClicks::isHeldPress(event)) return std::unique_ptr<QEvent>(event.clone());
+  return std::make_unique<HeldPress>(receiver, static_cast<const QMouseEvent&>(event));
+}
+
 }  // namespace
+
+bool PastClicks::isHeldPress(const QEvent& event) {
+  return isPress(event) && dynamic_cast<const HeldPress*>(&event) != nullptr;
+}
+
+bool PastClicks::drops(const QObject& receiver, const QEvent& event) {
+  if (isPress(event)) {
+    const auto* held = dynamic_cast<const HeldPress*>(&event);
+    return dropped_ = held && held->isPast(receiver);
+  }
+  return event.type() == QEvent::MouseButtonRelease && std::exchange(dropped_, false);
+}
 
 struct InputHold::Held {
   QPointer<QObject> receiver;
@@ -94,7 +145,7 @@ bool InputHold::eventFilter(QObject* watched, QEvent* event) {
     event->ignore();
     return true;
   }
-  if (!isForgotten(event->type())) held_.push_back({watched, std::unique_ptr<QEvent>(event->clone())});
+  if (!isForgotten(event->type())) held_.push_back({watched, kept(*watched, *event)});
   event->setAccepted(true);
   return true;
 }

@@ -52,6 +52,19 @@ class InputHold : public QObject {
   std::vector<Held> held_;
 };
 
+/// A press of the mouse that was held back meant the row that it was made on. When another row stands there by the time
+/// that it is delivered, it means nothing, and neither does what belongs to it.
+class PastClicks {
+ public:
+  /// Of each event, before its receiver gets it: true for what is to be dropped.
+  bool drops(const QObject& receiver, const QEvent& event);
+  /// Such a press: what is drawn has to be what is there before it is looked at.
+  static bool isHeldPress(const QEvent& event);
+
+ private:
+  bool dropped_ = false;
+};
+
 /// Calls that nobody waits for, each on a thread of its own.
 class Aside {
  public:

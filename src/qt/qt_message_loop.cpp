@@ -138,11 +138,11 @@ void QtMessageLoop::flush() {
 
 // Keys that were typed ahead come in one go: what one of them has moved, the keyboard above all, is where the next one
 // looks for it.
-bool QtMessageLoop::eventFilter(QObject*, QEvent* event) {
+bool QtMessageLoop::eventFilter(QObject* watched, QEvent* event) {
   const auto type = event->type();
   const bool isKey = type == QEvent::KeyPress || type == QEvent::KeyRelease || type == QEvent::ShortcutOverride;
-  if (isKey && drawTimer_.isActive()) flush();
-  return false;
+  if ((isKey || PastClicks::isHeldPress(*event)) && drawTimer_.isActive()) flush();
+  return pastClicks_.drops(*watched, *event);
 }
 
 void QtMessageLoop::drawForm(controls::Form& form) {

@@ -110,6 +110,7 @@ class QtMessageLoop : public QObject, public controls::MessageLoop, private Wind
   AssistiveCalls assistiveCalls_;
   Pictures pictures_;
   DragAndDrop dragAndDrop_;
+  PastClicks pastClicks_;
   Helper helper_;
   Aside aside_;
   std::function<void()> leave_;

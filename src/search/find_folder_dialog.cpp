@@ -54,8 +54,8 @@ void search::Form36::setTexts() {
 void search::Form36::bind() {
   Load = [this] { Form_Load(); };
   QueryUnload = [this](bool& keep) {
-    keep = work_.running();
-    if (keep) Command3.press();
+    keep = Command3.Enabled;
+    Command3.press();
   };
   Combo1.Change = [this] { setButtons(); };
   Combo1.DblClick = [this] {
@@ -223,7 +223,7 @@ void search::Form36::FolderMatch(const std::string& path) {
   Text1.Text = path;
   Form37_.Text1.Text = path;
   loop().giveTurn();
-  if (!Visible) return;
+  if (ScanStop) return;
   Form37_.ShowModal();
   switch (Form37_.answer) {
   case Form37::Answer::Accept:

@@ -7,6 +7,8 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
+#include <future>
+
 namespace varnholt::test {
 namespace {
 
@@ -90,6 +92,27 @@ TEST_F(DrawnList, AClickBesideTheColumnsMeansItsRowOneBelowTheRowsNoneAndTwoAreO
   QTest::mouseDClick(widget->viewport(), Qt::LeftButton, {}, middleOf(1));
   QTest::mouseRelease(widget->viewport(), Qt::LeftButton, {}, middleOf(1));
   EXPECT_EQ(std::pair(clicks, doubles), std::pair(1, 1));
+}
+
+TEST_F(DrawnList, AClickDuringALongCallMeansTheRowThatWasThereOrNone) {
+  int clicks = 0;
+  list.Click = [&] { ++clicks; };
+  for (const bool changes : {false, true}) {
+    QWindow* window = widget->window()->windowHandle();
+    const auto clickRow = [&] {
+      QTest::mouseClick(window, Qt::LeftButton, {}, widget->viewport()->mapTo(widget->window(), middleOf(3)));
+    };
+    std::promise<void> clicked;
+    QMetaObject::invokeMethod(
+        widget, [&] { clickRow(), clicked.set_value(); }, Qt::QueuedConnection);
+    loop.runBlocking([&] { clicked.get_future().wait(); });
+    EXPECT_EQ(clicks, 0);
+    for (int row = 0; changes && row < 20; ++row)
+      row == 0 ? list.clear() : (void)list.add("another");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(std::exchange(clicks, 0), changes ? 0 : 1);
+    EXPECT_EQ(selected(), changes ? Rows{} : Rows{3});
+  }
 }
 
 TEST_F(DrawnList, ColumnHeadersAreNumberedFromOneAndWidthsComeBack) {

@@ -75,10 +75,11 @@ TEST_F(FindFolderTest, CancelEndsTheScanAloneAndNoMatchIsTold) {
 TEST_F(FindFolderTest, StopAndTheCloseBoxEndTheWalk) {
   for (const bool closes : {false, true}) {
     open([&](Form36& dialog) {
-      rig.loop.whenShows("Form37")
-          .run([&, closes](controls::Form&) { closes ? dialog.closeFromUser() : dialog.Command3.press(); })
-          .press("Command3");
+      // In front of the question about a match.
+      rig.loop.onTurn = [&, closes] { closes ? dialog.closeFromUser() : dialog.Command3.press(); };
       find(dialog, "photos");
+      rig.loop.onTurn = {};
+      EXPECT_TRUE(dialog.Visible);
     });
   }
 }
