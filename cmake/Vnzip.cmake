@@ -7,7 +7,7 @@ add_library(vnzip_interface INTERFACE)
 target_include_directories(vnzip_interface INTERFACE "${reach}")
 
 file(GLOB vnzip_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/src/vnzip/*.cpp")
-set(platform_sources attributes posix/dos_attributes posix/late_library posix/posix_error posix/temp_file posix/tree_walk
+set(platform_sources attributes posix/dos_attributes posix/shared_library posix/posix_error posix/temp_file posix/tree_walk
   posix/mount_table posix/workers)
 list(TRANSFORM platform_sources REPLACE "(.+)" "${CMAKE_SOURCE_DIR}/src/platform/\\1.cpp")
 add_library(vnzip SHARED ${vnzip_sources} ${platform_sources})

@@ -1,12 +1,12 @@
 #include "qt/run_program.hpp"
 
+#include "platform/shared_library.hpp"
 #include "qt/icons.hpp"
 #include "qt/leave_signals.hpp"
 #include "qt/theme.hpp"
 
 #include <QApplication>
 #include <QDBusConnection>
-#include <QLibrary>
 #include <QLoggingCategory>
 #include <QThread>
 #include <QTimer>
@@ -24,8 +24,8 @@ constexpr std::chrono::milliseconds IconDelay{150};
 // The toolkit reads the configuration of the fonts with the first text, a fifth of the time to the first window; where
 // the library is another, the toolkit still does.
 void readFontConfiguration() {
-  QLibrary library(QStringLiteral("fontconfig"), 1);
-  if (auto* const read = reinterpret_cast<int (*)()>(library.resolve("FcInit"))) read();
+  const auto library = platform::SharedLibrary::ofSystem("libfontconfig.so.1");
+  if (auto* const read = library.call<int()>("FcInit")) read();
 }
 
 // The toolkit ends the process where it stands when its display is gone. All that comes before is what it says of that.

@@ -4,7 +4,7 @@
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 
-#include "platform/posix/late_library.hpp"
+#include "platform/shared_library.hpp"
 
 namespace varnholt::platform::posix {
 

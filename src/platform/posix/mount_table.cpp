@@ -1,6 +1,6 @@
 #include "platform/posix/mount_table.hpp"
 
-#include "platform/posix/late_library.hpp"
+#include "platform/shared_library.hpp"
 #include "platform/posix/unique_fd.hpp"
 
 #include <memory>

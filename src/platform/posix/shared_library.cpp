@@ -10,6 +10,13 @@ SharedLibrary::SharedLibrary(const std::string& systemPath) {
   if (handle) handle_ = std::shared_ptr<void>(handle, ::dlclose);
 }
 
+SharedLibrary SharedLibrary::ofSystem(const char* name) {
+  SharedLibrary library;
+  if (void* const handle = ::dlopen(name, RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE))
+    library.handle_ = std::shared_ptr<void>(handle, ::dlclose);
+  return library;
+}
+
 void* SharedLibrary::find(const char* name) const { return handle_ ? ::dlsym(handle_.get(), name) : nullptr; }
 
 }  // namespace varnholt::platform
