@@ -176,7 +176,7 @@ void Form41::ListView1_DblClick() {
 void Form41::Command5_Click() {
   constexpr controls::Twips Right = 300, Down = -700;
   controls::standBeside(desk_.browser, *this, Right, Down);
-  if (const auto folder = desk_.browser.browse(Title)) Text1.Text = *folder;
+  if (const auto folder = desk_.browser.browse({})) Text1.Text = *folder;
   controls::standAsDesigned(desk_.browser);
 }
 
