@@ -80,9 +80,13 @@ std::string HitRows::dateText(const platform::FoundFile& file) const {
 bool HitRows::numericKeys(int column, std::vector<std::int64_t>& keys) const {
   if (column != column::SizeKey && column != column::DateKey) return false;
   keys.reserve(hits_->rows.size());
+  // As in the panels, files of one day keep the order that they have.
+  const auto day = [this](const platform::FoundFile& found) {
+    return hasDate() ? core::dayNumber(program_.platform.clock.local(dateOf(found))) : 0;
+  };
   for (const std::uint32_t at : hits_->rows) {
     const platform::FoundFile& found = hits_->files[at];
-    keys.push_back(column == column::SizeKey ? static_cast<std::int64_t>(found.size) : dateOf(found).seconds);
+    keys.push_back(column == column::SizeKey ? static_cast<std::int64_t>(found.size) : day(found));
   }
   return true;
 }

@@ -255,6 +255,12 @@ void Form16::show(std::shared_ptr<const Hits> hits) {
 
 void Form16::clearHits() {
   ListView1.clear();
+  ListView1.setSorted(false);
+  ListView1.setSortOrder(controls::SortOrder::Ascending);
+  auto headers = ListView1.ColumnHeaders.get();
+  for (controls::ColumnHeader& each : headers)
+    each.Icon = 0;
+  ListView1.ColumnHeaders = std::move(headers);
   showCaption();
   Image2.Picture = "";
   Picture1.IconName = "";
@@ -289,7 +295,9 @@ void Form16::ListView1_ColumnClick(int number) {
   if (!hitRows()) return;
   const int shown = number - 1;
   const int key = shown == column::Size ? column::SizeKey : shown == column::Date ? column::DateKey : shown;
-  controls::sortByHeader(ListView1, shown, key, {SortedUpIcon, SortedDownIcon, NotSortedIcon});
+  // As in the panels, where the first click shows the largest and the newest on top.
+  const bool descends = ListView1.SortOrder() == controls::SortOrder::Ascending;
+  controls::sortShown(ListView1, shown, key, descends, {SortedUpIcon, SortedDownIcon, NotSortedIcon});
 }
 
 }  // namespace varnholt::cleanup

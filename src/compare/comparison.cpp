@@ -95,8 +95,7 @@ void Comparison::Command11_Click() {
     desk_.histories.ComphisR_save(desk_.program);
     Form30_.ProgressBar1.Visible = true;
     Form30_.blankStatus();
-    run();
-    desk_.selection.ClickPane();
+    if (run()) desk_.selection.ClickPane();
   }
   Form30_.ProgressBar1.Visible = false;
   if (syncs) keepFailed(Form30_);
@@ -127,11 +126,17 @@ bool Comparison::anyFile() {
   return holdsFile(desk_.form.Panel1) || holdsFile(desk_.form.Panel2);
 }
 
-void Comparison::run() {
-  if (Form30_.Check3.Value) return CompareBoth();
+bool Comparison::run() {
   const Tests tests = Form30_.tests();
-  if (!tests.exist && !tests.size && !tests.date && !tests.version) return inform("No Compare Options are Checked !");
-  Form30_.Check1.Value ? CompareLeftRight() : CompareRightLeft();
+  if (Form30_.Check3.Value) {
+    CompareBoth();
+  } else if (!tests.exist && !tests.size && !tests.date && !tests.version) {
+    inform("No Compare Options are Checked !");
+    return false;
+  } else {
+    Form30_.Check1.Value ? CompareLeftRight() : CompareRightLeft();
+  }
+  return true;
 }
 
 void Comparison::CompareBoth() {

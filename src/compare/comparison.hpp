@@ -28,7 +28,8 @@ class Comparison {
   std::optional<const char*> refusal();
   /// Whether one of the folders holds a file, whatever its panel shows of it.
   bool anyFile();
-  void run();
+  /// False when no test is chosen: nothing was compared.
+  bool run();
   void CompareBoth();
   void CompareLeftRight() { compareOneWay(panels::Side::Left); }
   void CompareRightLeft() { compareOneWay(panels::Side::Right); }

@@ -12,8 +12,6 @@ core::Form11::Form11(controls::MessageLoop& loop) : Form(loop, "Form11") {
   dress(Command1, "&Cancel", "Cancel Operation");
   dress(Command2, "&All", "Delete All Folders without Further Prompt !");
   Command2.Visible = false;
-  Label2.Visible = false;
-  ProgressBar1.Visible = false;
   defaultButton = "Command1";
   cancelButton = "Command1";
   Command11.Click = [this] { Command11_Click(); };
@@ -27,11 +25,7 @@ void core::Form11::finish(Answer answer) {
 }
 
 void core::Form11::Command11_Click() {
-  if (deleteDialogOpen && deleteDialogOpen()) {
-    ProgressBar1.Visible = true;
-    Label2.Caption = "Processing...";
-    Label2.Visible = true;
-  }
+  if (executed) executed();
   finish(Answer::Yes);
 }
 
@@ -80,8 +74,6 @@ Answer MessageDialogs::ask(const std::string& text, const std::string& caption) 
   Form11.Caption = caption;
   Form11.AlertAnswer = Answer::None;
   Form11.Label1.Caption = text;
-  Form11.Label2.Visible = false;
-  Form11.ProgressBar1.Visible = false;
   Form11.ShowModal();
   return Form11.AlertAnswer;
 }

@@ -18,16 +18,13 @@ class Form11 : public controls::Form {
   explicit Form11(controls::MessageLoop& loop);
 
   controls::Label Label1{*this, "Label1"};
-  /// "Processing...", shown while the command behind a confirmed question works on.
-  controls::Label Label2{*this, "Label2"};
   controls::Button Command11{*this, "Command11"};
   controls::Button Command1{*this, "Command1"};
   controls::Button Command2{*this, "Command2"};
-  controls::ProgressBar ProgressBar1{*this, "ProgressBar1"};
 
   Answer AlertAnswer = Answer::None;
-  /// True while the delete dialog is open: Execute then shows the bar before the dialog hides.
-  std::function<bool()> deleteDialogOpen;
+  /// Execute was pressed, and the dialog still stands: the delete dialog behind it shows that work goes on.
+  std::function<void()> executed;
 
  private:
   void Command11_Click();

@@ -25,7 +25,9 @@ FileOps::FileOps(panels::Desk& desk)
       swap(desk) {
   policy.copyDialogVisible = [this] { return Form3.Visible.get(); };
   auto& dialogs = desk_.program.dialogs;
-  dialogs.Form11.deleteDialogOpen = [this] { return Form4.Visible.get(); };
+  dialogs.Form11.executed = [this] {
+    if (Form4.Visible) Form4.showProgress("Processing...");
+  };
   dialogs.Form12.closed.push_back([this] {
     for (OperationForm* dialog : std::initializer_list<OperationForm*>{&Form3, &Form4, &Form5})
       dialog->StopFlag = false;

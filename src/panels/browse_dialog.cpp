@@ -73,10 +73,12 @@ void panels::Form35::Form_Load() {
 }
 
 void panels::Form35::showCaption() {
-  std::string caption = function_;
-  if (Check2.Value) caption += " & Return On Execute";
-  if (Check1.Value) caption += " & Return On Cancel";
-  Caption = caption.empty() ? std::string(Title) : caption;
+  Check1.Visible = Check2.Visible = !function_.empty();
+  if (function_.empty()) {
+    Caption = Title;
+    return;
+  }
+  Caption = function_ + (Check2.Value ? " & Return On Execute" : "") + (Check1.Value ? " & Return On Cancel" : "");
 }
 
 bool panels::Form35::TreeNodetest(const controls::TreeNode& node) { return !isUnread(node); }

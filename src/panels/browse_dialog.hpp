@@ -23,7 +23,7 @@ class Form35 : public controls::Form {
 
   /// Asks for a folder on behalf of a function ("Copy Item(s)"). Nothing when the user cancels, or when the dialog is
   /// open already. The two boxes are read from Check1 (back to the first folder on cancel) and Check2 (after execute)
-  /// when it returns.
+  /// when it returns. A function that moves no panel has no name here, and its user no boxes.
   std::optional<std::string> browse(const std::string& function);
 
  private:

@@ -48,6 +48,7 @@ void SavedPlaces::addCommands(panels::CommandTable& table) {
        .icon = "bookmarks",
        .heading = "Places",
        .menuText = "&Open Bookmarks",
+       .number = 21,
        .run = [this] { bookmarks.OpenBook_Click(); }},
   });
 }

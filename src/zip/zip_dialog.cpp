@@ -52,6 +52,9 @@ void Form41::setTexts() {
   dress(Text1, "Output path", "Output Path For Compressed Zip File. Use Browse Button To Change Drive/Folder");
   Text1.Locked = true;
   dress(Text2, "Zip file name", "Key Valid Zip File Name, With Extension .Zip");
+  dress(Text3, "Progress in words", "How much of the items is in the zip file");
+  Text3.Locked = true;
+  Text3.Visible = false;
   dress(Check1, "&Recurse SubFolders", "Pack folders with all that is below them");
   dress(Check2, "Store FolderNa&mes", "Names in the archive begin with their folders");
   dress(Command1, "E&xecute", "Make the zip file");
@@ -176,7 +179,7 @@ void Form41::ListView1_DblClick() {
 void Form41::Command5_Click() {
   constexpr controls::Twips Right = 300, Down = -700;
   controls::standBeside(desk_.browser, *this, Right, Down);
-  if (const auto folder = desk_.browser.browse(Title)) Text1.Text = *folder;
+  if (const auto folder = desk_.browser.browse({})) Text1.Text = *folder;
   controls::standAsDesigned(desk_.browser);
 }
 
@@ -237,7 +240,8 @@ void Form41::Command1_Click() {
   messages_.clear();
   rowsDone_ = 0;
   ProgressBar1.Max = ListView1.count();
-  ProgressBar1.Value = 0;
+  Text3.Visible = ListView1.count() >= 2;
+  showShare(0);
   const bool success = zipRows();
   setRunning(false);
   ended(success);
@@ -326,7 +330,7 @@ bool Form41::zipBatch() {
   done_ = 0;
   const auto tick = [&] {
     const double share = parts == 0 ? 0 : static_cast<double>(done_) / static_cast<double>(parts);
-    ProgressBar1.Value = rowsDone_ + std::min(share, 1.0) * rows;
+    showShare(rowsDone_ + std::min(share, 1.0) * rows);
   };
   const auto pack = [&] {
     parts = partsOfBatch();
@@ -335,7 +339,7 @@ bool Form41::zipBatch() {
   };
   const bool whole = work_.run(Command4, pack, tick);
   rowsDone_ += rows;
-  ProgressBar1.Value = rowsDone_;
+  showShare(rowsDone_);
   if (tried || !whole) return whole && zip_.Success();
   failed_ = true;
   zip_.result = VnFailed;
@@ -343,9 +347,16 @@ bool Form41::zipBatch() {
   return false;
 }
 
+void Form41::showShare(double rows) {
+  ProgressBar1.Value = rows;
+  desk_.form.ProgressBar1.Value = rows / ProgressBar1.Max * 100;
+  Text3.Text = "Overall: " + std::to_string(static_cast<int>(desk_.form.ProgressBar1.Value)) + "%";
+}
+
 void Form41::ended(bool success) {
   auto& dialogs = desk_.program.dialogs;
-  ProgressBar1.Value = 0;
+  showShare(0);
+  Text3.Visible = false;
   // The library may have the archive written anew, without what batches have replaced.
   desk_.program.loop.runBlocking([this] { library.close(); });
   if (success) {

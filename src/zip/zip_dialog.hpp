@@ -23,7 +23,8 @@ class Form41 : public controls::Form {
   controls::CheckBox Check1{*this, "Check1"};  ///< recurse
   controls::CheckBox Check2{*this, "Check2"};  ///< store folder names
   controls::Label Label1{*this, "Label1"}, Label2{*this, "Label2"};
-  controls::Label Label3{*this, "Label3"};  ///< how far it is
+  controls::Label Label3{*this, "Label3"};  ///< what is going on
+  controls::TextBox Text3{*this, "Text3"};  ///< how far it is, while several rows are packed
   controls::ListView ListView1{*this, "ListView1"};
   controls::ProgressBar ProgressBar1{*this, "ProgressBar1"};
   controls::Button Command1{*this, "Command1"};  ///< make the archive
@@ -56,6 +57,8 @@ class Form41 : public controls::Form {
   /// The batches, one after the other. False: the rest is not in the archive.
   bool zipRows();
   bool zipBatch();
+  /// So many rows are packed, of all.
+  void showShare(double rows);
   /// About how often the library will ask during the batch in hand whether it goes on.
   std::uint64_t partsOfBatch() const;
   void noteFoldersLeft();

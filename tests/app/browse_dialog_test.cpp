@@ -110,7 +110,13 @@ TEST_F(BrowseForFolder, TheCaptionSaysTheFunctionAndTheChoices) {
     }
     EXPECT_EQ(captions, "Copy Item(s)" + onExecute + "|Copy Item(s)" + onExecute + onCancel + "|Copy Item(s)" +
                             onCancel + "|Copy Item(s)|");
+    form().Check1.toggleFromUser();
   });
+  rig.loop.meets({{"Form35", "Command3", "", [&] {
+                     EXPECT_EQ(form().Caption.get(), "Browse For Folder On Ready Drives..");
+                     EXPECT_FALSE(form().Check1.Visible || form().Check2.Visible) << "no panel has moved";
+                   }}});
+  EXPECT_FALSE(form().browse({}));
 }
 
 TEST_F(BrowseForFolder, WhatIsNoFolderAnyMoreIsNotTaken) {

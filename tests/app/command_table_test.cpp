@@ -51,14 +51,15 @@ TEST_F(Commands, EachIsThereOnceAndSaysWhatItIsAndWhatItDoes) {
 TEST_F(Commands, KeysAndNumbersThatUsersHaveKeepTheirMeaning) {
   // The numbers lie in the settings of users: they never change.
   const std::map<int, std::string> numbers{
-      {1, "Command1_Click"},        {2, "Command3_Click"},   {3, "Command4_Click"},      {4, "Command11_Click"},
-      {5, "Command5_Click"},        {6, "Command16_Click"},  {7, "Command2_Click"},      {8, "Command13_Click"},
-      {9, "Command14_Click"},       {10, "Command15_Click"}, {11, "Command12_Click"},    {12, "Command17_Click"},
-      {13, "Command26_Click"},      {14, "Command27_Click"}, {15, "selectall_Click"},    {16, "OpenItem_Click"},
-      {17, "Recent_Files_Click"},   {18, "addfavor_Click"},  {19, "showfavor_Click"},    {20, "addtobook_Click"},
-      {24, "Com_Sync_Click"},       {28, "NetOp_Click"},     {29, "DiskInfo_Click"},     {36, "viewlastexit_Click"},
-      {62, "Comp_SyncBatch_Click"}, {63, "LocalDesk_Click"}, {64, "DynPresets_Click"},   {71, "NewPro_Click"},
-      {72, "OpenPro_Click"},        {80, "Viewuser_Click"},  {81, "multiAtribut_Click"}, {82, "RegOptions_Click"}};
+      {1, "Command1_Click"},      {2, "Command3_Click"},        {3, "Command4_Click"},   {4, "Command11_Click"},
+      {5, "Command5_Click"},      {6, "Command16_Click"},       {7, "Command2_Click"},   {8, "Command13_Click"},
+      {9, "Command14_Click"},     {10, "Command15_Click"},      {11, "Command12_Click"}, {12, "Command17_Click"},
+      {13, "Command26_Click"},    {14, "Command27_Click"},      {15, "selectall_Click"}, {16, "OpenItem_Click"},
+      {17, "Recent_Files_Click"}, {18, "addfavor_Click"},       {19, "showfavor_Click"}, {20, "addtobook_Click"},
+      {21, "OpenBook_Click"},     {24, "Com_Sync_Click"},       {28, "NetOp_Click"},     {29, "DiskInfo_Click"},
+      {36, "viewlastexit_Click"}, {62, "Comp_SyncBatch_Click"}, {63, "LocalDesk_Click"}, {64, "DynPresets_Click"},
+      {71, "NewPro_Click"},       {72, "OpenPro_Click"},        {80, "Viewuser_Click"},  {81, "multiAtribut_Click"},
+      {82, "RegOptions_Click"}};
   std::map<int, std::string> seen;
   for (const Command& row : rows())
     if (row.number != 0) seen.emplace(row.number, row.handler);

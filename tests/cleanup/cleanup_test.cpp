@@ -222,7 +222,27 @@ TEST_F(CleanUpTest, ACollectionHoldsTheRowsAsTheyAreSorted) {
     dialog().Command6.press();
   });
   EXPECT_EQ(rig.read(rig.programFolder() + "\\Collections\\Left.Col"),
-            "C:\\In\\Small.Tmp\r\nC:\\In\\A Large.Tmp\r\nC:\\In\\a Large.tmp\r\n");
+            "C:\\In\\a Large.tmp\r\nC:\\In\\A Large.Tmp\r\nC:\\In\\Small.Tmp\r\n");
+}
+
+TEST_F(CleanUpTest, EachClickOnAHeadTurnsTheOrderRoundAndFilesOfOneDayKeepTheirs) {
+  const std::int64_t noon = 1'700'049'600;
+  for (const auto& [name, at] : {std::pair{"a.tmp", noon}, {"b.tmp", noon + 60}, {"c.tmp", noon - 200'000}}) {
+    rig.write(std::string("C:\\In\\") + name, "x");
+    ASSERT_TRUE(files().setModified(std::string("C:\\In\\") + name, {at, 0}));
+  }
+  openHere([&] {
+    dialog().Text2.typeFromUser("*.none");
+    scan();
+    dialog().ListView1.headerFromUser(5);
+    EXPECT_EQ(rows(), (Names{"C:\\In|A|Tmp", "C:\\In|B|Tmp", "C:\\In|C|Tmp"}));
+    dialog().ListView1.headerFromUser(2);
+    EXPECT_EQ(rows(), (Names{"C:\\In|A|Tmp", "C:\\In|B|Tmp", "C:\\In|C|Tmp"}));
+    dialog().ListView1.headerFromUser(2);
+    EXPECT_EQ(rows(), (Names{"C:\\In|C|Tmp", "C:\\In|B|Tmp", "C:\\In|A|Tmp"}));
+    dialog().ListView1.headerFromUser(5);
+    EXPECT_EQ(rows(), (Names{"C:\\In|C|Tmp", "C:\\In|B|Tmp", "C:\\In|A|Tmp"}));
+  });
 }
 
 }  // namespace

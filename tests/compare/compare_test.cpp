@@ -86,7 +86,9 @@ TEST_F(CompareTest, EachFileHasTheFirstReasonThatHolds) {
     EXPECT_EQ(toLeft(), (Names{"old.txt Size", "size.txt Size", "two.txt Size"}));
     EXPECT_TRUE(toRight().empty());
     dialog().Check5.toggleFromUser();
+    rig.form().setMode("CompareMode");
     execute({noticed("No Compare Options are Checked !")});
+    EXPECT_EQ(rig.form().mode(), "CompareMode") << "nothing was done to the panels";
   });
 }
 

@@ -13,19 +13,6 @@ class MessageDialogsTest : public testing::Test {
   MessageDialogs dialogs{loop, Timer2};
 };
 
-TEST_F(MessageDialogsTest, WorkGoesOnVisiblyWhileTheDeleteDialogIsOpen) {
-  bool deleting = false;
-  dialogs.Form11.deleteDialogOpen = [&] { return deleting; };
-  for (const bool open : {false, true}) {
-    deleting = open;
-    loop.whenShows("Form11").press("Command11");
-    EXPECT_TRUE(dialogs.AskRetry("Delete ?"));
-    EXPECT_EQ(dialogs.Form11.ProgressBar1.Visible, open);
-    EXPECT_EQ(dialogs.Form11.Label2.Visible, open);
-  }
-  EXPECT_EQ(dialogs.Form11.Label2.Caption.get(), "Processing...");
-}
-
 TEST_F(MessageDialogsTest, AnAlertTellsThatItHasClosedHoweverItCloses) {
   int closed = 0;
   dialogs.Form12.closed.push_back([&] { ++closed; });

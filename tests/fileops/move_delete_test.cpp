@@ -186,6 +186,17 @@ TEST_F(DeleteTest, WhatCannotBeDeletedIsAskedAbout) {
   EXPECT_EQ(rig.names(left()), Names{"five|"});
 }
 
+TEST_F(DeleteTest, AConfirmedQuestionLeavesItsDialogWithABarThatTellsOfWork) {
+  auto& dialog = rig.app().fileops.Form4;
+  for (const bool open : {false, true}) {
+    dialog.Visible = open;
+    rig.loop.whenShows("Form11").press("Command11");
+    EXPECT_TRUE(rig.app().dialogs.AskRetry("Delete ?"));
+    EXPECT_EQ(dialog.ProgressBar1.Visible, open);
+    EXPECT_EQ(dialog.Label5.Caption.get(), open ? "Processing..." : "");
+  }
+}
+
 TEST_F(DeleteTest, APanelInADeletedFolderIsLeftOnOneThatExists) {
   write({"From\\Sub\\file"});
   remove({"\\ Sub"}, {asksFolder("C:\\From\\Sub", "Command11")}, {.to = "C:\\From\\Sub"});

@@ -46,9 +46,6 @@ constexpr char Message[] = "Cannot Copy Or Move Item : \r\\Holiday pictures from
 void fillMessages(core::MessageDialogs& dialogs) {
   for (auto* label : {&dialogs.Form11.Label1, &dialogs.Form12.Label1, &dialogs.Form13.Label1})
     label->Caption = Message;
-  dialogs.Form11.Label2.Caption = "Processing...";
-  dialogs.Form11.Label2.Visible = true;
-  dialogs.Form11.ProgressBar1.Visible = true;
   dialogs.Form11.Command2.Visible = true;
 }
 

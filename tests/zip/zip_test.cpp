@@ -99,13 +99,30 @@ TEST_F(ZipTest, AnArchiveIsAddedToAndWhatItHadUnderANameIsReplaced) {
   EXPECT_EQ(text("a.txt"), "changed since");
 }
 
+/// A volume on which somebody acts once the call of the library is under way.
+struct Busy : platform::ForwardingFileSystem {
+  using ForwardingFileSystem::ForwardingFileSystem;
+  std::function<void()> acts = [] {};
+  platform::Result<std::uint64_t> fileSize(const std::string& path) const override {
+    return acts(), base_.fileSize(path);
+  }
+};
+
 TEST_F(ZipTest, NineHundredAndTwoFilesAreTwoBatchesAndTheArchiveStandsBehindEach) {
   for (int number = 0; number < 902; ++number)
     rig.write("C:\\Pack\\Many\\" + std::to_string(number), std::to_string(number));
+  auto& busy = rig.use<Busy>();
+  rig.startLeft();
+  std::set<std::string> progress;
+  busy.acts = [&] {
+    if (dialog().Text3.Visible) progress.insert(dialog().Text3.Text.get());
+  };
   show("C:\\Pack\\Many", "C:\\");
   rig.command("selectall_Click");
   zip([&] { dialog().Text1.Text = "C:\\Pack\\"; }, {done()});
   EXPECT_EQ(entries().size(), 902u);
+  EXPECT_EQ(progress, (std::set<std::string>{"Overall: 0%", "Overall: 99%"}));
+  EXPECT_FALSE(dialog().Text3.Visible);
   EXPECT_EQ(text("901"), "901");
   for (const auto& entry : std::filesystem::directory_iterator(rig.systemPath("C:\\Pack")))
     EXPECT_FALSE(entry.path().filename().string().starts_with(".vnh")) << entry;
@@ -149,15 +166,6 @@ TEST_F(ZipTest, StopKeepsNothingOfTheBatchAndTellsWhatCouldNotBeRead) {
     zip.AddFileSpec("C:\\Pack\\a.txt");
   EXPECT_FALSE(library.Zip(zip)) << "more than there are slots";
 }
-
-/// A volume on which somebody acts once the call of the library is under way.
-struct Busy : platform::ForwardingFileSystem {
-  using ForwardingFileSystem::ForwardingFileSystem;
-  std::function<void()> acts = [] {};
-  platform::Result<std::uint64_t> fileSize(const std::string& path) const override {
-    return acts(), base_.fileSize(path);
-  }
-};
 
 TEST_F(ZipTest, StopInTheMiddleOfTheCallKeepsNothing) {
   auto& busy = rig.use<Busy>();
