@@ -24,7 +24,11 @@ void Drops::OLEDragDrop(Panel& panel, controls::DropEvent& event) {
     return;
   }
   const std::string before = target.path();
-  if (!navigation_.visit(target, event.folder)) return;
+  if (!navigation_.visit(target, event.folder)) {
+    // The row names what has vanished, and goes; so does what is selected beside it.
+    navigation_.visit(panel, panel.path());
+    return selection_.ClickPane();
+  }
   const std::string shown = target.path();
   event.accepted = take(target, event);
   if (target.path() == shown) navigation_.visit(target, before);

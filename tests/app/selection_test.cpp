@@ -227,5 +227,16 @@ TEST_F(SelectionTest, ADropOnAButtonWithNothingSelectedSaysSo) {
   }
 }
 
+TEST_F(SelectionTest, ADropOntoAFolderThatHasVanishedTakesItsRowAway) {
+  rig.makeFolder("C:\\Gone");
+  show("C:\\", "D:\\");
+  rig.click(left(), "a");
+  std::filesystem::remove(rig.systemPath("C:\\Gone"));
+  controls::DropEvent drop{{"C:\\a.txt"}, {}, &form().ListView1, false, "C:\\Gone"};
+  form().ListView1.OLEDragDrop(drop);
+  EXPECT_FALSE(drop.accepted || left().rowOfName("Gone"));
+  EXPECT_TRUE(form().filecollect.empty() && right().path() == "D:\\");
+}
+
 }  // namespace
 }  // namespace varnholt::app

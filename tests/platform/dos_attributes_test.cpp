@@ -2,6 +2,20 @@
 #include "support/temp_folder.hpp"
 
 #include <sys/mount.h>
+#include <sys/syscall.h>
+
+namespace {
+
+/// What others do just before a mode is changed.
+std::function<void()> beforeChange;
+
+}  // namespace
+
+// In front of the library's own.
+extern "C" int chmod(const char* path, mode_t mode) noexcept {
+  if (beforeChange) std::exchange(beforeChange, {})();
+  return static_cast<int>(::syscall(SYS_fchmodat, AT_FDCWD, path, mode));
+}
 
 namespace varnholt::platform {
 namespace {
@@ -78,6 +92,14 @@ TEST_F(SetAttributes, OfManyFilesSparesThoseOfTheGivenValues) {
   EXPECT_EQ(codeOf(results[2]), ErrorCode::NotFound);
   EXPECT_EQ(codeOf(results[3]), ErrorCode::NotSupported);
   expectReported({{"a", ReadOnly}, {"b", ReadOnly}, {"sys", spared[0]}});
+}
+
+TEST_F(SetAttributes, ALinkThatTakesTheFilesPlaceLeadsNowhere) {
+  temp.file("a").file("others").link("l", "others");
+  beforeChange = [this] { ::rename(temp.system("l").c_str(), temp.system("a").c_str()); };
+  EXPECT_TRUE(temp.files.setAttributes(temp.at("a"), ReadOnly));
+  EXPECT_EQ(temp.linkText("a"), "others");
+  expectReported({{"others", Archive}});
 }
 
 TEST_F(SetAttributes, AResetLeavesSystemAlone) {

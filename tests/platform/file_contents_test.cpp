@@ -191,6 +191,13 @@ TEST_F(FileBatch, NamesAreGivenAsIfAllAtOnce) {
   EXPECT_EQ(temp.files.renameFiles(temp.at("gone"), names).size(), names.size());
 }
 
+TEST_F(FileBatch, WhoGetsTheNameOfAVanishedFileIsNotRenamedInItsPlace) {
+  temp.file("from/1", "1");
+  const std::vector<NewName> names{{"1", "2"}, {"2", "3"}};
+  EXPECT_EQ(kept(temp.files.renameFiles(from, names)), (decltype(kept({})){{1, ErrorCode::NotFound}}));
+  EXPECT_EQ(temp.read("from/2"), "1");
+}
+
 TEST_F(FileBatch, ProtectedFilesAreNotDeleted) {
   for (const Attributes attributes : {1u, 2u, 4u, 0u, 33u}) {
     ASSERT_TRUE(temp.files.setAttributes(temp.at("from/c"), attributes));

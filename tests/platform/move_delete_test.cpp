@@ -1,3 +1,4 @@
+#include "platform/posix/temp_file.hpp"
 #include "support/own_mounts.hpp"
 #include "support/temp_folder.hpp"
 
@@ -7,6 +8,8 @@ namespace {
 
 /// A name by which a volume that does not tell case apart finds an entry, with an inode of its own.
 std::string otherSpelling;
+/// A volume without links and flags of renames, and what happens on it just before one.
+std::function<void()> beforeRename;
 
 }  // namespace
 
@@ -14,6 +17,18 @@ std::string otherSpelling;
 extern "C" int fstatat(int folder, const char* name, struct stat* facts, int flags) noexcept {
   const bool isOther = !otherSpelling.empty() && name == otherSpelling;
   return static_cast<int>(::syscall(SYS_newfstatat, folder, isOther ? "." : name, facts, flags));
+}
+extern "C" int renameat2(int folder, const char* name, int toFolder, const char* to, unsigned flags) noexcept {
+  if (beforeRename && flags) return errno = EINVAL, -1;
+  if (beforeRename) beforeRename();
+  return static_cast<int>(::syscall(SYS_renameat2, folder, name, toFolder, to, flags));
+}
+extern "C" int renameat(int folder, const char* name, int toFolder, const char* to) noexcept {
+  return ::renameat2(folder, name, toFolder, to, 0);
+}
+extern "C" int linkat(int folder, const char* name, int toFolder, const char* to, int flags) noexcept {
+  if (beforeRename) return errno = EPERM, -1;
+  return static_cast<int>(::syscall(SYS_linkat, folder, name, toFolder, to, flags));
 }
 
 namespace varnholt::platform {
@@ -83,6 +98,22 @@ TEST_F(MovesAndDeletes, CaseOfANameCanChangeWhereEachSpellingHasAnInodeOfItsOwn)
   const auto refused = temp.files.checkRenames(temp.at(""), names);
   otherSpelling.clear();
   EXPECT_TRUE(refused.empty());
+}
+
+TEST_F(MovesAndDeletes, NoEmptyFileStaysInATargetThatOthersRename) {
+  temp.file("t/x").folder("t2");
+  const posix::UniqueFd target(::open(temp.system("t").c_str(), O_RDONLY | O_DIRECTORY));
+  beforeRename = [&] {  // as a volume shows it that goes by paths: the descriptor stays with the name
+    for (const auto& each : std::filesystem::directory_iterator(temp.system("t")))
+      ::rename(each.path().c_str(), (temp.system("t2") + "/" + each.path().filename().string()).c_str());
+  };
+  {
+    posix::TempFile file;
+    EXPECT_EQ(file.createAs(target.get(), posix::temporaryName().c_str(), 0600), 0);
+    EXPECT_EQ(file.placeNew("f"), ENOENT);
+  }
+  beforeRename = {};
+  EXPECT_EQ(temp.names("t2"), (Names{"x"}));
 }
 
 TEST_F(MovesAndDeletes, CaseOfANameCanChange) {

@@ -151,12 +151,6 @@ namespace {
 
 std::string_view lastName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
 
-/// The volume's own attributes know read-only themselves, and the mode follows them.
-Result<void> setNative(const AttributeStore& store, const std::string& path, Attributes word) {
-  const int error = store.write(path.c_str(), word);
-  return error ? Result<void>(systemError(error, path)) : Result<void>();
-}
-
 /// user.* attributes need write permission on the file itself, so it is lent while one is set.
 int storeWithPermission(const AttributeStore& store, const std::string& path, mode_t mode, Attributes word) {
   const bool lend = !(mode & S_IWUSR);
@@ -171,8 +165,11 @@ mode_t modeFor(mode_t mode, Attributes attributes) {
   return attributes & attribute::ReadOnly ? mode & ~static_cast<mode_t>(S_IWUSR) : mode | S_IWUSR;
 }
 
-/// An entry that may be given attributes, and what it has.
+/// An entry that may be given attributes, and what it has. It is held, so that no link that comes to stand in its place
+/// leads to another.
 struct Present {
+  UniqueFd entry;
+  std::string heldPath;
   struct statx facts {};
   AttributeStore store;
   std::optional<Attributes> stored;
@@ -185,30 +182,39 @@ struct Present {
 
 Result<Present> readPresent(const std::string& path) {
   Present present;
-  if (::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, STATX_TYPE | STATX_MODE, &present.facts))
+  present.entry = UniqueFd(::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
+  constexpr int flags = AT_EMPTY_PATH | AT_NO_AUTOMOUNT;
+  if (!present.entry || ::statx(present.entry.get(), "", flags, STATX_TYPE | STATX_MODE, &present.facts) != 0)
     return systemError(errno, path);
+  present.heldPath = "/proc/self/fd/" + std::to_string(present.entry.get());
   const mode_t mode = present.mode();
   if (S_ISLNK(mode)) return systemError(EOPNOTSUPP, path);
   if (!S_ISREG(mode) && !S_ISDIR(mode)) return present;
   const dev_t device = makedev(present.facts.stx_dev_major, present.facts.stx_dev_minor);
-  present.store = AttributeStore::ofVolume(device, path.c_str());
-  present.stored = present.store.read(path.c_str(), true);
+  present.store = AttributeStore::ofVolume(device, present.heldPath.c_str());
+  present.stored = present.store.read(present.heldPath.c_str(), true);
   return present;
+}
+
+/// The volume's own attributes know read-only themselves, and the mode follows them.
+Result<void> setNative(const Present& present, const std::string& path, Attributes word) {
+  const int error = present.store.write(present.heldPath.c_str(), word);
+  return error ? Result<void>(systemError(error, path)) : Result<void>();
 }
 
 /// `kept`: the bits that stay, beside those that the user sets.
 Result<void> setWord(const std::string& path, const Present& present, Attributes kept, Attributes wanted) {
   const AttributeStore& store = present.store;
   if (store.kind() != AttributeStore::Kind::User && store.kind() != AttributeStore::Kind::None)
-    return setNative(store, path, kept | wanted);
+    return setNative(present, path, kept | wanted);
 
   const mode_t before = present.mode(), mode = modeFor(before, wanted);
   int error = 0;
   // Where the mode and the name tell all that is wanted, nothing needs to be stored.
   if (present.stored || (reportedAttributes({}, mode, lastName(path), false) & attribute::Settable) != wanted)
-    error = storeWithPermission(store, path, before, kept | wanted);
+    error = storeWithPermission(store, present.heldPath, before, kept | wanted);
   if (error && !meansNoStore(error)) return systemError(error, path);
-  if (mode != before && ::chmod(path.c_str(), mode & 07777) != 0) return systemError(errno, path);
+  if (mode != before && ::chmod(present.heldPath.c_str(), mode & 07777) != 0) return systemError(errno, path);
   return error ? Result<void>(systemError(error, path)) : Result<void>();
 }
 

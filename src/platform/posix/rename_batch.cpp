@@ -75,7 +75,7 @@ class Batch {
       left = renameDirectly(left);
     }
     for (const std::size_t at : respell(left))
-      renameClosely(at);
+      isGone(at) ? refuse(at, ENOENT) : renameClosely(at);
     return std::move(refused_);
   }
 
@@ -87,11 +87,18 @@ class Batch {
     return ::renameat2(folder_, each.from.c_str(), folder_, each.to.c_str(), flags) == 0 ? 0 : errno;
   }
 
+  /// Nothing is replaced, so a file whose old name another one could be given had vanished: what has that name now is
+  /// the other one.
+  bool isGone(std::size_t at) const { return given_.contains(names_[at].from); }
+
   /// Gives those that are still to be done.
-  Numbers renameDirectly(const Numbers& numbers) const {
+  Numbers renameDirectly(const Numbers& numbers) {
     Numbers left;
     for (const std::size_t at : numbers)
-      if (directly(names_[at], RENAME_NOREPLACE)) left.push_back(at);
+      if (isGone(at) || directly(names_[at], RENAME_NOREPLACE))
+        left.push_back(at);
+      else
+        given_.insert(names_[at].to);
     return left;
   }
 
@@ -99,6 +106,8 @@ class Batch {
   void renameClosely(std::size_t at) {
     if (auto moved = moveFileTo(pathOf(names_[at].from), pathOf(names_[at].to), {}); !moved)
       refused_.push_back({at, moved.error()});
+    else
+      given_.insert(names_[at].to);
   }
 
   // --- Rings ---------------------------------------------------------------------------------------------------------
@@ -174,6 +183,7 @@ class Batch {
   int folder_;
   const std::string& path_;
   std::span<const NewName> names_;
+  std::unordered_set<std::string_view> given_;  ///< new names that files have, but for those of rings
   std::vector<NotRenamed> refused_;
 };
 

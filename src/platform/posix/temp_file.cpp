@@ -1,5 +1,6 @@
 #include "platform/posix/temp_file.hpp"
 
+#include "platform/posix/dirents.hpp"
 #include "platform/posix/identity.hpp"
 #include "platform/posix/mount_table.hpp"
 #include "platform/posix/tree_walk.hpp"
@@ -19,6 +20,22 @@ namespace varnholt::platform::posix {
 namespace {
 
 constexpr int mostAttempts = 100;
+
+/// Shares and drivers that go by paths lose a folder that others rename: its descriptor leads nowhere then, and what
+/// was made in it stands elsewhere. Mostly beside, known by our temporary name in it, which no other folder has.
+void unlinkInRenamed(int folder, const char* temporary, const char* name) {
+  const UniqueFd place(::openat(folder, "..", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  DirentBatch batch;
+  bool found = false;
+  while (place && !found && batch.read(place.get()) > 0)
+    found = !batch.forEach([&](const std::string& beside, unsigned char type) {
+      struct stat facts {};
+      const bool isIt = (type == DT_DIR || type == DT_UNKNOWN) &&
+                        ::fstatat(place.get(), (beside + '/' + temporary).c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0;
+      if (isIt) ::unlinkat(place.get(), (beside + '/' + name).c_str(), 0);
+      return !isIt;
+    });
+}
 
 /// The start of all temporary names of this machine. Locks of some shares are not seen by other machines, so each
 /// machine clears away its own left-overs only. The machine's number is not to be told (machine-id(5)): a hash is.
@@ -111,7 +128,8 @@ int TempFile::createAs(int folder, const char* name, mode_t mode) {
 }
 
 TempFile::~TempFile() {
-  if (!name_.empty()) ::unlinkat(folder_, name_.c_str(), 0);
+  if (!name_.empty() && ::unlinkat(folder_, name_.c_str(), 0) != 0 && errno == ENOENT)
+    unlinkInRenamed(folder_, name_.c_str(), name_.c_str());
 }
 
 int TempFile::close() { return fd_.reset() == 0 || errno == EINTR ? 0 : errno; }
@@ -179,14 +197,22 @@ int renameNoReplace(int fromFolder, const char* from, int toFolder, const char* 
     if (::fstatat(toFolder, to, &there, AT_SYMLINK_NOFOLLOW) == 0) return EEXIST;
     return ::renameat(fromFolder, from, toFolder, to) == 0 ? 0 : errno;
   }
-  if (::linkat(fromFolder, from, toFolder, to, 0) == 0) return ::unlinkat(fromFolder, from, 0) == 0 ? 0 : errno;
+  if (::linkat(fromFolder, from, toFolder, to, 0) == 0) {
+    // Gone already: somebody empties the folder, and what has the new name is all there is.
+    if (::unlinkat(fromFolder, from, 0) == 0 || errno == ENOENT) return 0;
+    const int error = errno;
+    ::unlinkat(toFolder, to, 0);
+    return error;
+  }
   if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS) return errno;
   // No links either (exfat over FUSE and alike): a name held by an exclusive create is ours to rename over.
-  const UniqueFd holder(::openat(toFolder, to, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
+  // Closed at once: drivers keep what is open under a passing name when it is renamed over.
+  UniqueFd holder(::openat(toFolder, to, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
   if (!holder) return errno;
+  holder.reset();
   if (::renameat(fromFolder, from, toFolder, to) == 0) return 0;
   const int error = errno;
-  ::unlinkat(toFolder, to, 0);
+  if (::unlinkat(toFolder, to, 0) != 0 && errno == ENOENT && isTemporaryName(from)) unlinkInRenamed(toFolder, from, to);
   return error;
 }
 
