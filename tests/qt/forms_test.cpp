@@ -4,6 +4,7 @@
 #include "panels/tree_window.hpp"
 #include "qt/form_table.hpp"
 #include "qt/icons.hpp"
+#include "qt/widgets/surface.hpp"
 #include "support/app_rig.hpp"
 
 #include <QAbstractButton>
@@ -97,6 +98,16 @@ TEST_F(DrawnForms, TextsAreAnnouncedAsTheyReadAlsoWithAnAmpersandOrWhenTheyAreAl
   for (const char* label : {"Label1", "Label3"})
     EXPECT_EQ(window.findChild<QWidget*>(QLatin1String(label))->accessibleName(),
               QStringLiteral("Source FileName:  a&b.txt"));
+}
+
+TEST_F(DrawnForms, TextsStandOnPanelsNotOnThePictureOfTheSkin) {
+  for (controls::Form* form : allForms())
+    for (const auto* label : draw(*form).widget().findChildren<QLabel*>()) {
+      const QWidget* behind = label->parentWidget();
+      while (behind && !qobject_cast<const qt::Surface*>(behind))
+        behind = behind->parentWidget();
+      EXPECT_TRUE(behind) << form->name() << ": " << qPrintable(label->text());
+    }
 }
 
 TEST_F(DrawnForms, AFieldThatIsDisabledLooksIt) {
