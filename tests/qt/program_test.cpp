@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
@@ -65,6 +66,11 @@ TEST_F(DrawnProgram, TheMenuKeyAndTheRightButtonShowWhatCanBeDoneWithTheSelectio
   EXPECT_EQ(keys[QStringLiteral("Deleteitems")], QStringLiteral("F8, Del"));
   EXPECT_EQ(keys[QStringLiteral("MoveItems")], QStringLiteral("F6, Ctrl+X"));
   EXPECT_TRUE(keys.contains(QStringLiteral("Fdetails")));
+  menu->close();
+  QTest::keyClick(files, Qt::Key_F10);
+  menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_TRUE(menu);
+  EXPECT_EQ(menu->menuAction(), window->findChild<QMenuBar*>()->actions().first());
   menu->close();
 }
 
