@@ -259,8 +259,8 @@ void ListViewWidget::drawGridLines(QPainter& painter, const QRect& row) const {
 void ListViewWidget::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
   paintStripes();
-  // Where there is no row, nothing else tells that the list has the keyboard.
-  if (!hasFocus() || !model_ || model_->rowCount() > 0) return;
+  // Where no row is in focus, nothing else tells that the list has the keyboard.
+  if (!hasFocus() || !list_ || list_->focusedRow()) return;
   QPainter painter(viewport());
   painter.setPen(theme::accent());
   painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
