@@ -168,6 +168,20 @@ TEST_F(DrawnProgram, AssistiveTechnologyReadsWholeNamesTheFilterLineAndTheHeadsO
       spokenBelow(*QAccessible::queryAccessibleInterface(list("ListView1"))).contains(QStringLiteral("ByteSize:")));
 }
 
+TEST_F(DrawnProgram, AssistiveTechnologyReadsTheTipsOfMenuEntriesAndChoosesThem) {
+  start();
+  auto* action = window->findChild<QAction*>(QLatin1String("GridLines"));
+  ASSERT_TRUE(action);
+  auto* entry = QAccessible::queryAccessibleInterface(action);
+  ASSERT_TRUE(entry);
+  EXPECT_EQ(entry->text(QAccessible::Name), QStringLiteral("Grid Lines"));
+  EXPECT_EQ(entry->text(QAccessible::Description), action->toolTip());
+  EXPECT_GE(entry->parent()->indexOfChild(entry), 0);
+  entry->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  loop.flush();
+  EXPECT_TRUE(app.Form1.ListView1.GridLines && entry->state().checked);
+}
+
 TEST_F(DrawnProgram, OnASmallScreenSizesAndDatesAreSeenAndTheListKeepsItsRows) {
   start();
   const std::vector<controls::ColumnHeader> kept = app.Form1.ListView1.ColumnHeaders;
