@@ -20,7 +20,7 @@ constexpr double ReadableContrast = 4.5, SelectionContrast = 5, OutlineContrast 
 constexpr double CalmSaturation = 0.6;
 // Size of the font for which the forms were drawn, in pixels: the toolkit's own default.
 constexpr double DesignedPixelSize = 12;
-constexpr int SmallestButton = 84, TipPadding = 4;
+constexpr int SmallestButton = 84, TipPadding = 4, BoxIconGap = 4;
 
 // Relative luminance by WCAG 2.1.
 double luminance(const QColor& color) {
@@ -305,6 +305,18 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
             touched && bar->state.testFlag(State_MouseOver) ? color.lighter(125) : color);
   }
   painter->restore();
+}
+
+// A path for which a box has no room is cut in the middle: its end tells most.
+void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                        const QWidget* widget) const {
+  const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+  if (element != CE_ComboBoxLabel || !box) return QProxyStyle::drawControl(element, option, painter, widget);
+  QStyleOptionComboBox shown = *box;
+  const int icon = box->currentIcon.isNull() ? 0 : box->iconSize.width() + BoxIconGap;
+  const int room = subControlRect(CC_ComboBox, box, SC_ComboBoxEditField, widget).width() - icon - 2;
+  shown.currentText = box->fontMetrics.elidedText(box->currentText, Qt::ElideMiddle, room);
+  QProxyStyle::drawControl(element, &shown, painter, widget);
 }
 
 // Push buttons are large enough to hit, and their captions do not touch the edge.
