@@ -1,6 +1,7 @@
 #include "qt/menu_bar.hpp"
 
 #include "qt/icons.hpp"
+#include "qt/spoken_menu.hpp"
 #include "qt/text.hpp"
 #include "qt/theme.hpp"
 
@@ -24,7 +25,16 @@ MenuBar::MenuBar(Host& host, QMenuBar& bar, const std::vector<controls::Control*
     rightEnd_->stackUnder(window->centralWidget());
   }
   bar_.installEventFilter(this);
+  speakMenuTips();
+  // The toolkit itself knows Alt alone.
+  connect(new QShortcut(Qt::Key_F10, &bar_), &QShortcut::activated, this, [this] { openFirst(); });
   rebuild();
+}
+
+void MenuBar::openFirst() {
+  const auto headings = bar_.actions();
+  const auto first = std::ranges::find_if(headings, [](const QAction* each) { return each->isVisible(); });
+  if (first != headings.end()) bar_.setActiveAction(*first);
 }
 
 bool MenuBar::isThere(const controls::MenuItem& item) const {

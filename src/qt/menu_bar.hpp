@@ -32,6 +32,7 @@ class MenuBar : public QObject {
  private:
   void add(controls::MenuItem& item, QWidget& parent);
   void choose(controls::MenuItem& item);
+  void openFirst();
   void draw(const controls::MenuItem& item);
   void showAtRightEnd(const controls::MenuItem& item, QAction& action);
   void placeRightEnd();

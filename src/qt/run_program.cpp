@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <thread>
@@ -31,8 +32,16 @@ void readFontConfiguration() {
 // The toolkit ends the process where it stands when its display is gone. All that comes before is what it says of that.
 std::function<void()> displayGone;
 QtMessageHandler tell = nullptr;
+bool hasDisplay = false;
 
 void listenForTheDisplay(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  // It would abort like a crash, and advise to install it anew.
+  if (type == QtFatalMsg && !hasDisplay) {
+    std::fputs("varnholt: no window can be opened: start it in a desktop session, or name a display in DISPLAY or "
+               "WAYLAND_DISPLAY\n",
+               stderr);
+    std::_Exit(EXIT_FAILURE);
+  }
   tell(type, context, text);
   const bool isGone = text.startsWith(QLatin1String("The X11 connection broke")) ||
                       text.startsWith(QLatin1String("The Wayland connection broke"));
@@ -52,8 +61,10 @@ int runProgram(int argc, char** argv, const std::function<void()>& prepare, cons
     prepare();
     readFontConfiguration();
   });
+  tell = qInstallMessageHandler(listenForTheDisplay);
   // The toolkit takes its own arguments out.
   const QApplication application(argc, argv);
+  hasDisplay = true;
   // The toolkit's bridge to assistive technology asks for the bus with the first window, and waits until it answers.
   const std::jthread bus([] { QDBusConnection::sessionBus(); });
   // The texts are English, and speak of a left and a right panel: a desktop's own translations, where they are loaded,
@@ -79,7 +90,6 @@ int runProgram(int argc, char** argv, const std::function<void()>& prepare, cons
     loop.runNoEvents();
     leaveNow(EXIT_FAILURE);
   };
-  tell = qInstallMessageHandler(listenForTheDisplay);
   LeaveSignals signals;
   signals.store = store;
   signals.leave = [&] { program && !loop.isBusy() ? program->leave() : leaveNow(); };

@@ -20,7 +20,7 @@ constexpr double ReadableContrast = 4.5, SelectionContrast = 5, OutlineContrast 
 constexpr double CalmSaturation = 0.6;
 // Size of the font for which the forms were drawn, in pixels: the toolkit's own default.
 constexpr double DesignedPixelSize = 12;
-constexpr int SmallestButton = 84, TipPadding = 4;
+constexpr int SmallestButton = 84, TipPadding = 4, BoxIconGap = 4;
 
 // Relative luminance by WCAG 2.1.
 double luminance(const QColor& color) {
@@ -177,14 +177,16 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
 
 namespace {
 
-// Boxes and fields are outlined: on a dark surface a darker area alone is hard to see.
+// Boxes and fields are outlined: on a dark surface a darker area alone is hard to see. With the keyboard the line is
+// thicker, for many accents are as light as the usual one.
 void drawOutlined(QPainter& painter, const QRect& area, const QStyleOption& option, const QBrush& inside) {
   const bool focused = option.state.testFlag(QStyle::State_HasFocus);
   painter.setRenderHint(QPainter::Antialiasing);
   const bool enabled = option.state.testFlag(QStyle::State_Enabled);
-  painter.setPen(!enabled ? outline() : focused ? accent() : fieldOutline());
+  const double width = focused ? 2 : 1, middle = width / 2;
+  painter.setPen(QPen(!enabled ? outline() : focused ? accent() : fieldOutline(), width));
   painter.setBrush(inside);
-  painter.drawRoundedRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+  painter.drawRoundedRect(QRectF(area).adjusted(middle, middle, -middle, -middle), 2, 2);
 }
 
 // The style's own is a shade that is hard to see on dark. It shows as soon as a key has moved the keyboard.
@@ -228,6 +230,15 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
                           const QWidget* widget) const {
   if (element == PE_FrameFocusRect) return drawFocus(*painter, *option);
   if (element == PE_PanelTipLabel) return drawTip(*painter, *option);
+  // Texts and trees that are only read have no other sign that they have the keyboard.
+  if (element == PE_Frame && option->state.testFlag(State_HasFocus)) {
+    painter->save();
+    painter->setPen(accent());
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
+    return;
+  }
   const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
   if (element == PE_PanelButtonCommand && button) {
     const QStyleOptionButton shown = pressedByEnter(*button, widget);
@@ -294,6 +305,18 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
             touched && bar->state.testFlag(State_MouseOver) ? color.lighter(125) : color);
   }
   painter->restore();
+}
+
+// A path for which a box has no room is cut in the middle: its end tells most.
+void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                        const QWidget* widget) const {
+  const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+  if (element != CE_ComboBoxLabel || !box) return QProxyStyle::drawControl(element, option, painter, widget);
+  QStyleOptionComboBox shown = *box;
+  const int icon = box->currentIcon.isNull() ? 0 : box->iconSize.width() + BoxIconGap;
+  const int room = subControlRect(CC_ComboBox, box, SC_ComboBoxEditField, widget).width() - icon - 2;
+  shown.currentText = box->fontMetrics.elidedText(box->currentText, Qt::ElideMiddle, room);
+  QProxyStyle::drawControl(element, &shown, painter, widget);
 }
 
 // Push buttons are large enough to hit, and their captions do not touch the edge.

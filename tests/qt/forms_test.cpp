@@ -4,12 +4,15 @@
 #include "panels/tree_window.hpp"
 #include "qt/form_table.hpp"
 #include "qt/icons.hpp"
+#include "qt/theme.hpp"
+#include "qt/widgets/surface.hpp"
 #include "support/app_rig.hpp"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QMenuBar>
 #include <QScopeGuard>
@@ -96,6 +99,16 @@ TEST_F(DrawnForms, TextsAreAnnouncedAsTheyReadAlsoWithAnAmpersandOrWhenTheyAreAl
               QStringLiteral("Source FileName:  a&b.txt"));
 }
 
+TEST_F(DrawnForms, TextsStandOnPanelsNotOnThePictureOfTheSkin) {
+  for (controls::Form* form : allForms())
+    for (const auto* label : draw(*form).widget().findChildren<QLabel*>()) {
+      const QWidget* behind = label->parentWidget();
+      while (behind && !qobject_cast<const qt::Surface*>(behind))
+        behind = behind->parentWidget();
+      EXPECT_TRUE(behind) << form->name() << ": " << qPrintable(label->text());
+    }
+}
+
 TEST_F(DrawnForms, AFieldThatIsDisabledLooksIt) {
   auto& form = app.fileops.Form32;
   QWidget& window = draw(form).widget();
@@ -116,6 +129,29 @@ TEST_F(DrawnForms, OperationsAndTheirQuestionsBeginOnTheButtonThatEnterStandsFor
     const QWidget* focused = draw(*form).widget().focusWidget();
     ASSERT_TRUE(focused) << form->name();
     EXPECT_EQ(qt::fromQt(focused->objectName()), form->defaultButton) << form->name();
+  }
+}
+
+TEST_F(DrawnForms, WhatHasTheKeyboardShowsIt) {
+  for (controls::Form* form : allForms()) {
+    QWidget& window = draw(*form).widget();
+    window.activateWindow();
+    QCoreApplication::processEvents();
+    for (auto* widget : window.findChildren<QWidget*>()) {
+      if (!widget->isVisible() || !widget->isEnabled() || !(widget->focusPolicy() & Qt::TabFocus)) continue;
+      if (qobject_cast<const QComboBox*>(widget->parentWidget())) continue;  // the box has it
+      if (auto* before = QApplication::focusWidget()) before->clearFocus();
+      const QImage without = widget->grab().toImage();
+      widget->setFocus();
+      window.setAttribute(Qt::WA_KeyboardFocusChange);
+      const QImage with = widget->grab().toImage();
+      double most = 1;
+      for (int y = 0; y < with.height(); ++y)
+        for (int x = 0; x < with.width(); ++x)
+          most = std::max(most, qt::theme::contrast(without.pixelColor(x, y), with.pixelColor(x, y)));
+      EXPECT_GE(most, 1.9) << form->name() << "." << qPrintable(widget->objectName());
+    }
+    form->Hide();
   }
 }
 

@@ -5,7 +5,9 @@
 #include "qt/widgets/list_view_widget.hpp"
 
 #include <QAbstractItemModelTester>
+#include <QHelpEvent>
 #include <QSignalSpy>
+#include <QToolTip>
 
 #include <future>
 
@@ -224,6 +226,16 @@ TEST_F(DrawnList, RowsToCopyAndRowsToDeleteAreToldApartAlsoWhenTheyAreSelected) 
   }
   EXPECT_GT(texts[0].green() - texts[0].red(), 150) << "green";
   EXPECT_GT(texts[1].red() - texts[1].green(), 100) << "red";
+}
+
+TEST_F(DrawnList, TheTipOfARowTellsWhatThereIsToSayOfItBelowATextThatIsCut) {
+  list.rowToolTip = [](controls::ListItem) { return std::string("No room"); };
+  for (const auto& [row, width, tip] : {std::tuple{2, 200, "No room"}, {3, 40, "file 000003\nNo room"}}) {
+    widget->header()->resizeSection(0, width);
+    QHelpEvent help(QEvent::ToolTip, middleOf(row), widget->viewport()->mapToGlobal(middleOf(row)));
+    QCoreApplication::sendEvent(widget->viewport(), &help);
+    EXPECT_EQ(QToolTip::text(), QLatin1String(tip));
+  }
 }
 
 TEST_F(DrawnList, AssistiveTechnologyHearsTheMarksAndTheRowInFocus) {

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
@@ -65,6 +66,11 @@ TEST_F(DrawnProgram, TheMenuKeyAndTheRightButtonShowWhatCanBeDoneWithTheSelectio
   EXPECT_EQ(keys[QStringLiteral("Deleteitems")], QStringLiteral("F8, Del"));
   EXPECT_EQ(keys[QStringLiteral("MoveItems")], QStringLiteral("F6, Ctrl+X"));
   EXPECT_TRUE(keys.contains(QStringLiteral("Fdetails")));
+  menu->close();
+  QTest::keyClick(files, Qt::Key_F10);
+  menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_TRUE(menu);
+  EXPECT_EQ(menu->menuAction(), window->findChild<QMenuBar*>()->actions().first());
   menu->close();
 }
 
@@ -160,6 +166,20 @@ TEST_F(DrawnProgram, AssistiveTechnologyReadsWholeNamesTheFilterLineAndTheHeadsO
   EXPECT_EQ(rows("ListView1").size(), 0u);
   EXPECT_TRUE(
       spokenBelow(*QAccessible::queryAccessibleInterface(list("ListView1"))).contains(QStringLiteral("ByteSize:")));
+}
+
+TEST_F(DrawnProgram, AssistiveTechnologyReadsTheTipsOfMenuEntriesAndChoosesThem) {
+  start();
+  auto* action = window->findChild<QAction*>(QLatin1String("GridLines"));
+  ASSERT_TRUE(action);
+  auto* entry = QAccessible::queryAccessibleInterface(action);
+  ASSERT_TRUE(entry);
+  EXPECT_EQ(entry->text(QAccessible::Name), QStringLiteral("Grid Lines"));
+  EXPECT_EQ(entry->text(QAccessible::Description), action->toolTip());
+  EXPECT_GE(entry->parent()->indexOfChild(entry), 0);
+  entry->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  loop.flush();
+  EXPECT_TRUE(app.Form1.ListView1.GridLines && entry->state().checked);
 }
 
 TEST_F(DrawnProgram, OnASmallScreenSizesAndDatesAreSeenAndTheListKeepsItsRows) {

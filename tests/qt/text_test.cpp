@@ -3,6 +3,7 @@
 #include "qt/theme.hpp"
 #include "support/testing.hpp"
 
+#include <QComboBox>
 #include <QTextLayout>
 
 namespace varnholt::qt {
@@ -77,6 +78,16 @@ TEST(Texts, PathsBreakBehindBackslashesNeverBehindADriveAndInsideAPartOnlyWhenAL
       {"two words", 10, {"two words"}}};
   for (const auto& [text, width, lines] : rows)
     EXPECT_EQ(linesOf(text, width), lines) << text << ": " << qPrintable(linesOf(text, width).join(QLatin1Char('|')));
+}
+
+TEST(Theme, ABoxShowsTheEndOfAPathForWhichItHasNoRoom) {
+  QComboBox box;
+  const QString folder = QStringLiteral("C:\\Pictures of the coast, second week\\");
+  box.addItems({folder + QStringLiteral("morning"), folder + QStringLiteral("evening")});
+  box.resize(120, 24);
+  const QImage first = box.grab().toImage();
+  box.setCurrentIndex(1);
+  EXPECT_NE(box.grab().toImage(), first);
 }
 
 TEST(Theme, MarksOfRowsAreLightenedUntilTheyCanBeRead) {

@@ -65,6 +65,7 @@ class ComboBoxAdapter : public Joined<controls::ComboBox, QComboBox> {
     auto* const list = drawn.findChild<QAbstractItemView*>();
     if (!list || list == list_) return;
     list_ = list;
+    list->setTextElideMode(Qt::ElideMiddle);
     // Told behind the change: what mouse and keys pass in an open list is marked first, and then its current item.
     connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ComboBoxAdapter::chooseMarked,
             Qt::QueuedConnection);

@@ -46,7 +46,6 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !hasRow(index.row())) return {};
   const auto row = static_cast<std::uint32_t>(index.row());
   if (role == Qt::DisplayRole) return toShown(list_->cell(row, index.column()));
-  if (role == Qt::ToolTipRole) return plainToolTip(rowToolTip(row));
   if (index.column() != 0) return {};
   const std::uint32_t id = list_->idAt(row);
   if (role == Qt::AccessibleTextRole) return toShown(list_->source().spokenText(id));
@@ -59,7 +58,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
 }
 
 std::string ListModel::rowToolTip(std::uint32_t row) const {
-  return list_->rowToolTip ? list_->rowToolTip(list_->item(row)) : std::string();
+  return hasRow(static_cast<int>(row)) && list_->rowToolTip ? list_->rowToolTip(list_->item(row)) : std::string();
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -26,10 +26,10 @@ class ListModel : public QAbstractTableModel {
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
+  std::string rowToolTip(std::uint32_t row) const;
 
  private:
   bool hasRow(int row) const;
-  std::string rowToolTip(std::uint32_t row) const;
 
   controls::ListView* list_;
   int rows_ = 0, columns_ = 0, rowHeight_ = 20;

@@ -259,8 +259,8 @@ void ListViewWidget::drawGridLines(QPainter& painter, const QRect& row) const {
 void ListViewWidget::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
   paintStripes();
-  // Where there is no row, nothing else tells that the list has the keyboard.
-  if (!hasFocus() || !model_ || model_->rowCount() > 0) return;
+  // Where no row is in focus, nothing else tells that the list has the keyboard.
+  if (!hasFocus() || !list_ || list_->focusedRow()) return;
   QPainter painter(viewport());
   painter.setPen(theme::accent());
   painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
@@ -287,13 +287,18 @@ QString ListViewWidget::cutTextAt(const QPoint& position) const {
   return fontMetrics().horizontalAdvance(text) + taken > header_->sectionSize(index.column()) ? text : QString();
 }
 
-// A text that does not fit its column is shown whole. The list's own tip comes below the rows alone, where it hides
-// none.
+// A text that does not fit its column is shown whole, above what there is to say of its row. The list's own tip comes
+// below the rows alone, where it hides none.
 bool ListViewWidget::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
   const auto* help = static_cast<QHelpEvent*>(event);
-  const bool onRow = rowAt(help->pos().y()).has_value();
-  const QString tip = onRow ? plainToolTip(fromQt(cutTextAt(help->pos()))) : toolTip();
+  QString tip = toolTip();
+  if (const auto row = rowAt(help->pos().y())) {
+    std::string text = fromQt(cutTextAt(help->pos()));
+    const std::string own = model_->rowToolTip(*row);
+    if (!text.empty() && !own.empty()) text += '\r';
+    tip = plainToolTip(text + own);
+  }
   QToolTip::showText(help->globalPos(), tip, viewport());
   return true;
 }
