@@ -54,6 +54,7 @@ MenuBar::MenuBar(Host& host, QMenuBar& bar, const std::vector<controls::Control*
     bar_.stackUnder(window->centralWidget());
     rightEnd_->stackUnder(window->centralWidget());
   }
+  bar_.setAccessibleName(QStringLiteral("Menus"));
   bar_.installEventFilter(this);
   speakMenuTips();
   // The toolkit itself knows Alt alone.
@@ -209,6 +210,7 @@ void MenuBar::updateKeys(const controls::MenuItem& item, QAction& action) {
 void MenuBar::popUp(const std::vector<controls::MenuItem*>& entries, const QPoint& at) {
   auto* menu = new QMenu(&bar_);
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setAccessibleName(QStringLiteral("Commands"));
   menu->setToolTipsVisible(true);
   for (const controls::MenuItem* entry : entries) {
     const auto action = actions_.find(entry);
@@ -247,7 +249,7 @@ void MenuBar::draw(const controls::MenuItem& item) {
   action.setVisible(item.Visible);
   updateKeys(item, action);
   action.setIcon(iconNamed(item.Icon.get()));
-  if (action.menu()) return;
+  if (action.menu()) return action.menu()->setAccessibleName(withoutMnemonic(caption));
   action.setCheckable(item.Checked);
   action.setChecked(item.Checked);
 }

@@ -177,6 +177,7 @@ TEST_F(DrawnProgram, AssistiveTechnologyReadsTheTipsOfMenuEntriesAndChoosesThem)
   EXPECT_EQ(entry->text(QAccessible::Name), QStringLiteral("Grid Lines"));
   EXPECT_EQ(entry->text(QAccessible::Description), action->toolTip());
   EXPECT_GE(entry->parent()->indexOfChild(entry), 0);
+  EXPECT_EQ(entry->parent()->text(QAccessible::Name), QStringLiteral("Options"));
   entry->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   loop.flush();
   EXPECT_TRUE(app.Form1.ListView1.GridLines && entry->state().checked);
