@@ -13,6 +13,36 @@
 #include <array>
 
 namespace varnholt::qt {
+namespace {
+
+QString letterOf(const QString& caption) { return QKeySequence::mnemonic(caption).toString(); }
+
+/// The caption with a letter marked that is not taken: the first of a word, or any.
+QString marked(const QString& caption, const QStringList& taken) {
+  for (const bool inside : {false, true})
+    for (qsizetype at = 0; at < caption.size(); ++at) {
+      const bool begins = at == 0 || !caption[at - 1].isLetterOrNumber();
+      if (!caption[at].isLetterOrNumber() || begins == inside) continue;
+      QString with = caption;
+      with.insert(at, QLatin1Char('&'));
+      if (!taken.contains(letterOf(with))) return with;
+    }
+  return caption;
+}
+
+/// Entries whose caption marks no letter get one, so that every entry is reached by a key.
+void markLetters(const QMenu& menu) {
+  QStringList taken;
+  for (const QAction* entry : menu.actions())
+    if (entry->isVisible()) taken += letterOf(entry->text());
+  for (QAction* entry : menu.actions()) {
+    if (entry->isSeparator() || !entry->isVisible() || !letterOf(entry->text()).isEmpty()) continue;
+    entry->setText(marked(entry->text(), taken));
+    taken += letterOf(entry->text());
+  }
+}
+
+}  // namespace
 
 MenuBar::MenuBar(Host& host, QMenuBar& bar, const std::vector<controls::Control*>& controls)
     : host_(host), controls_(controls), bar_(bar), rightEnd_(new QWidget(bar.window())) {
@@ -24,6 +54,7 @@ MenuBar::MenuBar(Host& host, QMenuBar& bar, const std::vector<controls::Control*
     bar_.stackUnder(window->centralWidget());
     rightEnd_->stackUnder(window->centralWidget());
   }
+  bar_.setAccessibleName(QStringLiteral("Menus"));
   bar_.installEventFilter(this);
   speakMenuTips();
   // The toolkit itself knows Alt alone.
@@ -79,6 +110,7 @@ void MenuBar::add(controls::MenuItem& item, QWidget& parent) {
     auto* menu = new QMenu(&parent);
     menu->setObjectName(toQt(item.name()));
     menu->setToolTipsVisible(true);
+    connect(menu, &QMenu::aboutToShow, this, [menu] { markLetters(*menu); });
     action = menu->menuAction();
     for (controls::MenuItem* child : item.children())
       add(*child, *menu);
@@ -178,6 +210,7 @@ void MenuBar::updateKeys(const controls::MenuItem& item, QAction& action) {
 void MenuBar::popUp(const std::vector<controls::MenuItem*>& entries, const QPoint& at) {
   auto* menu = new QMenu(&bar_);
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setAccessibleName(QStringLiteral("Commands"));
   menu->setToolTipsVisible(true);
   for (const controls::MenuItem* entry : entries) {
     const auto action = actions_.find(entry);
@@ -188,6 +221,7 @@ void MenuBar::popUp(const std::vector<controls::MenuItem*>& entries, const QPoin
       menu->addAction(action->second);
     }
   }
+  markLetters(*menu);
   menu->popup(at);
 }
 
@@ -215,7 +249,7 @@ void MenuBar::draw(const controls::MenuItem& item) {
   action.setVisible(item.Visible);
   updateKeys(item, action);
   action.setIcon(iconNamed(item.Icon.get()));
-  if (action.menu()) return;
+  if (action.menu()) return action.menu()->setAccessibleName(withoutMnemonic(caption));
   action.setCheckable(item.Checked);
   action.setChecked(item.Checked);
 }

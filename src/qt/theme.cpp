@@ -112,8 +112,11 @@ QPalette palette() {
   all(QPalette::ToolTipBase, onSurface(0xFF3A414C));
   all(QPalette::ToolTipText, QColor::fromRgb(0xFFF0F0F0));
   all(QPalette::PlaceholderText, QColor::fromRgb(0xFF9AA3AE));
+  QColor disabled = QColor::fromRgb(DisabledText);
+  while (contrast(disabled, colors.color(QPalette::Button)) < OutlineContrast)
+    disabled = disabled.lighter(103);
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
-    colors.setColor(QPalette::Disabled, role, QColor::fromRgb(DisabledText));
+    colors.setColor(QPalette::Disabled, role, disabled);
   colors.setColor(QPalette::Disabled, QPalette::Highlight, outline());
   // A field that takes nothing is no hollow to type into.
   colors.setColor(QPalette::Disabled, QPalette::Base, surface());

@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QScopeGuard>
 #include <QScreen>
@@ -171,6 +172,17 @@ TEST_F(DrawnForms, MnemonicsAreUniqueInAWindow) {
           << form->name() << ": " << qPrintable(users[mnemonic]) << " and " << qPrintable(text) << " share a key";
       users[mnemonic] = text;
     }
+  }
+}
+
+TEST_F(DrawnForms, EveryEntryOfAMenuHasALetterOfItsOwn) {
+  for (auto* menu : draw(app.Form1).widget().findChildren<QMenu*>()) {
+    emit menu->aboutToShow();
+    QStringList letters;
+    for (const auto* entry : menu->actions())
+      if (entry->isVisible() && !entry->isSeparator()) letters += QKeySequence::mnemonic(entry->text()).toString();
+    EXPECT_FALSE(letters.contains(QString())) << qPrintable(menu->title());
+    EXPECT_EQ(letters.removeDuplicates(), 0) << qPrintable(menu->title());
   }
 }
 

@@ -115,6 +115,8 @@ TEST_F(DrawnProgram, EverySkinHasAnAccentAndAGroundOfItsOwnOnWhichAllTextsCanBeR
     for (const QColor& ground : {qt::theme::headerBase(), qt::theme::surface(), qt::theme::field()})
       expectReadable(name, QColor::fromRgb(qt::theme::DimText), ground);
     EXPECT_GE(qt::theme::contrast(qt::theme::fieldOutline(), qt::theme::surface()), 3) << name;
+    const QPalette& colors = QApplication::palette();
+    EXPECT_GE(qt::theme::contrast(colors.color(P::Disabled, P::ButtonText), colors.color(P::Button)), 3) << name;
     accents.insert(qt::theme::accent().rgb());
     grounds.insert(list("ListView1")->colors().base.rgb());
     for (int look = 0; look < 4; ++look) {  // without line images, and with each of the three
@@ -177,6 +179,7 @@ TEST_F(DrawnProgram, AssistiveTechnologyReadsTheTipsOfMenuEntriesAndChoosesThem)
   EXPECT_EQ(entry->text(QAccessible::Name), QStringLiteral("Grid Lines"));
   EXPECT_EQ(entry->text(QAccessible::Description), action->toolTip());
   EXPECT_GE(entry->parent()->indexOfChild(entry), 0);
+  EXPECT_EQ(entry->parent()->text(QAccessible::Name), QStringLiteral("Options"));
   entry->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   loop.flush();
   EXPECT_TRUE(app.Form1.ListView1.GridLines && entry->state().checked);
