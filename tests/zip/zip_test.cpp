@@ -123,6 +123,18 @@ TEST_F(ZipTest, NoArchiveIsTouchedThatIsBrokenAndNoneIsMadeUnderANameThatIsNone)
     EXPECT_TRUE(dialog().Command2.Enabled && dialog().Check1.Enabled) << name;
   }
   EXPECT_EQ(rig.names(left()).size(), 5u);
+  clickAll({"a"});
+  rig.loop.whenShows("Form41")
+      .run([&](auto&) { dialog().Text2.Text = ""; })
+      .press("Command1")
+      .run([&](controls::Form& form) {
+        EXPECT_TRUE(dialog().Text2.hasFocus());
+        form.closeFromUser();
+      });
+  rig.command("MakeZip_Click");
+  clickAll({"a"});
+  rig.loop.whenShows("Form41").reads("Text2", "MyZip.Zip").closes();
+  rig.command("MakeZip_Click");
 }
 
 TEST_F(ZipTest, StopKeepsNothingOfTheBatchAndTellsWhatCouldNotBeRead) {
