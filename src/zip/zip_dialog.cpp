@@ -234,7 +234,6 @@ void Form41::Command1_Click() {
     desk_.program.dialogs.alert("No Item(s) To Zip !");
     return setRunning(false);
   }
-  zip_.cancel = false;
   failed_ = false;
   messages_.clear();
   rowsDone_ = 0;
@@ -321,7 +320,6 @@ void Form41::noteFoldersLeft() {
 }
 
 bool Form41::zipBatch() {
-  zip_.result = 0;
   std::optional<std::int32_t> tried;
   const auto rows = static_cast<double>(zip_.FileSpecCount());
   std::atomic<std::uint64_t> parts = 0;

@@ -157,6 +157,8 @@ TEST_F(ZipTest, StopKeepsNothingOfTheBatchAndTellsWhatCouldNotBeRead) {
   mZip library(rig.app().program);
   EXPECT_NE(library.Zip(zip).value_or(0), 0);
   EXPECT_EQ(entries().size(), 1u);
+  zip.Service = {};
+  EXPECT_EQ(library.Zip(zip), 0) << "a stop is over with its run";
   for (int count = 0; count < 1024; ++count)
     zip.AddFileSpec("C:\\Pack\\a.txt");
   EXPECT_FALSE(library.Zip(zip)) << "more than there are slots";
