@@ -195,6 +195,7 @@ void tools::Form45::clearResults() {
 void tools::Form45::showResults() {
   giveUp();
   ListView1.setRows(std::make_shared<Rows>(items_, desk_.program.platform.regional));
+  ListView1.focusRow(0);
   std::vector<controls::Chart::Value> values;
   values.reserve(items_->size());
   for (const UsageItem& each : *items_)

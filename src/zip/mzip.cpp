@@ -67,6 +67,8 @@ std::string mZip::fileSpec(const std::string& path) const {
 }
 
 std::optional<std::int32_t> mZip::Zip(cZip& zip) {
+  zip.cancel = false;
+  zip.result = 0;
   if (!library_) library_.emplace(program_.platform.toSystem(libraryPath()));
   const auto init = library_->call<decltype(ZpInit)>("ZpInit");
   const auto setOptions = library_->call<decltype(ZpSetOptions)>("ZpSetOptions");

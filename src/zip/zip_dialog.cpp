@@ -103,7 +103,7 @@ bool Form41::open(const std::string& folder, const std::vector<core::Item>& item
 }
 
 void Form41::Form_Load() {
-  if (Text2.Text->empty()) Text2.Text = "MyZip.Zip";
+  if (Text2.Text->empty() || Text2.isPrompting()) Text2.Text = "MyZip.Zip";
   ProgressBar1.Value = 0;
   showTitle();
 }
@@ -188,8 +188,10 @@ void Form41::Command5_Click() {
 void Form41::setRunning(bool running) {
   running_ = running;
   for (controls::Control* control :
-       std::initializer_list<controls::Control*>{&Command1, &Command2, &Command3, &Command5, &Check1, &Check2, &Text2})
+       std::initializer_list<controls::Control*>{&Command1, &Command2, &Command3, &Command5, &Check1, &Check2})
     control->Enabled = !running;
+  // Not greyed: a name that is refused gets the keyboard at once.
+  Text2.Locked = running;
   Command4.Enabled = true;
   cancelButton = running ? "Command4" : "Command2";
   desk_.pointer() = running ? controls::pointer::Hourglass : controls::pointer::Default;
@@ -235,7 +237,6 @@ void Form41::Command1_Click() {
     desk_.program.dialogs.alert("No Item(s) To Zip !");
     return setRunning(false);
   }
-  zip_.cancel = false;
   failed_ = false;
   messages_.clear();
   rowsDone_ = 0;
@@ -323,7 +324,6 @@ void Form41::noteFoldersLeft() {
 }
 
 bool Form41::zipBatch() {
-  zip_.result = 0;
   std::optional<std::int32_t> tried;
   const auto rows = static_cast<double>(zip_.FileSpecCount());
   std::atomic<std::uint64_t> parts = 0;

@@ -140,6 +140,18 @@ TEST_F(ZipTest, NoArchiveIsTouchedThatIsBrokenAndNoneIsMadeUnderANameThatIsNone)
     EXPECT_TRUE(dialog().Command2.Enabled && dialog().Check1.Enabled) << name;
   }
   EXPECT_EQ(rig.names(left()).size(), 5u);
+  clickAll({"a"});
+  rig.loop.whenShows("Form41")
+      .run([&](auto&) { dialog().Text2.Text = ""; })
+      .press("Command1")
+      .run([&](controls::Form& form) {
+        EXPECT_TRUE(dialog().Text2.hasFocus());
+        form.closeFromUser();
+      });
+  rig.command("MakeZip_Click");
+  clickAll({"a"});
+  rig.loop.whenShows("Form41").reads("Text2", "MyZip.Zip").closes();
+  rig.command("MakeZip_Click");
 }
 
 TEST_F(ZipTest, StopKeepsNothingOfTheBatchAndTellsWhatCouldNotBeRead) {
@@ -162,6 +174,8 @@ TEST_F(ZipTest, StopKeepsNothingOfTheBatchAndTellsWhatCouldNotBeRead) {
   mZip library(rig.app().program);
   EXPECT_NE(library.Zip(zip).value_or(0), 0);
   EXPECT_EQ(entries().size(), 1u);
+  zip.Service = {};
+  EXPECT_EQ(library.Zip(zip), 0) << "a stop is over with its run";
   for (int count = 0; count < 1024; ++count)
     zip.AddFileSpec("C:\\Pack\\a.txt");
   EXPECT_FALSE(library.Zip(zip)) << "more than there are slots";
