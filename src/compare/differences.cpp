@@ -49,7 +49,7 @@ std::vector<Difference> differences(const FolderFiles& source, const std::vector
       reason = reasonFor(at, source, target, tests);
     else if (tests.exist)
       reason = Reason::Missing;
-    if (reason) found.push_back({names[at], *reason, source.facts(at).size});
+    if (reason) found.push_back({names[at], *reason, source.facts(at).size, target.facts(at)});
   }
   return found;
 }

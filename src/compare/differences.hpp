@@ -26,6 +26,7 @@ struct Difference {
   std::string name;
   Reason reason = Reason::Missing;
   std::uint64_t bytes = 0;
+  platform::FileFacts there{};  ///< what the other folder had of it
 };
 
 /// Files of one folder by their number in a list of names, as they stand on the disk: facts read once for all, versions

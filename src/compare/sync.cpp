@@ -75,11 +75,19 @@ class Transfers {
       done_ = before + row.bytes;
       return;
     }
+    // What somebody has put there since is nothing that the user was told of.
+    const platform::FileFacts now = files_.fileFacts(to_, {row.name}).front();
+    if (now.isThere != row.there.isThere || now.size != row.there.size || now.modified != row.there.modified) {
+      row.failure = "Not copied: the target has changed since the compare";
+      done_ = before + row.bytes;
+      return;
+    }
     const auto progress = [&](std::uint64_t bytes) {
       done_ = before + bytes;
       return work_.goesOn();
     };
-    const auto copied = files_.replaceFile(source, target, progress);
+    const auto copied = row.reason == Reason::Missing ? files_.copyFile(source, target, false, progress)
+                                                      : files_.replaceFile(source, target, progress);
     done_ = before + row.bytes;
     if (!copied) row.failure = "Not copied: " + copied.error().text;
   }

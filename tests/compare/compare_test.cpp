@@ -180,6 +180,23 @@ TEST_F(CompareTest, AFileThatBothSidesWantEndsAsTheLeftOne) {
     EXPECT_EQ(files().info(folder)->modified, date) << folder;
 }
 
+TEST_F(CompareTest, WhatHasChangedInTheTargetSinceTheCompareIsNotReplaced) {
+  file("new", Side{"left"}, {});
+  file("newer", Side{"left", 9}, Side{"right"});
+  file("as told", Side{"left", 9}, Side{"right"});
+  auto question = test::yes();
+  question.before = [&] {
+    for (const char* name : {"new", "newer"})
+      file(name, {}, Side{"meanwhile", 20});
+  };
+  open([&] {
+    dialog().Check8.toggleFromUser();
+    execute({question});
+    EXPECT_EQ(toRight(), (Names{"new Missing", "newer Date"}));
+  });
+  EXPECT_EQ(rig.read("D:\\R\\new") + rig.read("D:\\R\\newer") + rig.read("D:\\R\\as told"), "meanwhilemeanwhileleft");
+}
+
 TEST_F(CompareTest, ASyncToTheLeftBringsNothingToTheRight) {
   file("new", {}, Side{"right"});
   file("newer", Side{"left"}, Side{"right", 9});
