@@ -119,6 +119,7 @@ void appearance::Form22::F22commandfunction() {
     showFolder(*panel);
   F22Path = panel->path();
   Command10.Enabled = !paths::isRoot(F22Path);
+  Command10.Caption = Command10.Enabled ? "Parent Folder" : "Root Folder";
   auto& form = desk_.form;
   Command11.Enabled =
       form.commands.find(FindHandler) != nullptr && (!form.Menu.has(FindEntry) || form.Menu[FindEntry].Enabled);

@@ -102,6 +102,9 @@ void Rename::showItem() {
   const Item& item = items_[Form14.Index];
   desk_.form.CurrentItem = item.name;
   Form14.showItem(item.folder, item.name, items_.size());
+  if (!item.isFolder) return icons_.Iconshow(Form14.Picture1, item.path());
+  Form14.Picture1.PictureData = std::string();
+  Form14.Picture1.IconName = "folder";
 }
 
 void Rename::step(int by) {

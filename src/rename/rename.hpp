@@ -2,6 +2,7 @@
 
 #include "fileops/overwrite_policy.hpp"
 #include "panels/desk.hpp"
+#include "panels/icons.hpp"
 #include "panels/room.hpp"
 #include "rename/masked_rename.hpp"
 #include "rename/rename_dialog.hpp"
@@ -47,6 +48,7 @@ class Rename : public panels::Room {
   void VerifyS(const Item& item);
 
   panels::Desk& desk_;
+  panels::Icons icons_{desk_.program};
   SingleRename single_;
   MaskedRename masked_;
   std::vector<Item> items_;

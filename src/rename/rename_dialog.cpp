@@ -45,6 +45,8 @@ rename::Form14::Form14(core::Program& program) : Form(program.loop, "Form14"), p
 }
 
 void rename::Form14::dressItemPart() {
+  Picture1.AccessibleName = "File type";
+  Picture1.ToolTipText = "Icon of the item's type";
   Label1.AccessibleName = "Item in hand";
   Label2.AccessibleName = "Place among the selected items";
   dress(Text1, "New name", "Key in the new name of the item");

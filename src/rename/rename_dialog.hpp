@@ -20,11 +20,12 @@ class Form14 : public controls::Form {
   explicit Form14(core::Program& program);
 
   // --- One item --------------------------------------------------------------------------------------------------
-  controls::Label Label1{*this, "Label1"};     ///< the item in hand
-  controls::Label Label2{*this, "Label2"};     ///< its place among the selected ones: "2 / 5"
-  controls::TextBox Text1{*this, "Text1"};     ///< its new name
-  controls::Button Image1{*this, "Image1"};    ///< to the item before
-  controls::Button Image10{*this, "Image10"};  ///< to the next one
+  controls::PictureBox Picture1{*this, "Picture1"};  ///< icon of its type
+  controls::Label Label1{*this, "Label1"};           ///< the item in hand
+  controls::Label Label2{*this, "Label2"};           ///< its place among the selected ones: "2 / 5"
+  controls::TextBox Text1{*this, "Text1"};           ///< its new name
+  controls::Button Image1{*this, "Image1"};          ///< to the item before
+  controls::Button Image10{*this, "Image10"};        ///< to the next one
   controls::PictureBox Image3{*this, "Image3"};
   controls::Button Image2{*this, "Image2"}, Image11{*this, "Image11"};  ///< the same beside the picture
   controls::Button Command1{*this, "Command1"};                         ///< the old name back

@@ -106,7 +106,9 @@ TEST_F(SingleRenameTest, AnItemIsOpenedByItsKind) {
   rename([&] {
     dialog().Command9.press();
     EXPECT_EQ(shell.started.size(), 1u) << "the folder";
+    EXPECT_EQ(dialog().Picture1.IconName.get(), "folder");
     dialog().Image10.press();
+    EXPECT_NE(dialog().Picture1.IconName.get(), "folder");
     expectAlert("File Extension NOT registrated !\rMake one from Controlpanel ,Tools, FolderOptions.");
     dialog().Command9.press();
     dialog().Command2.press();
