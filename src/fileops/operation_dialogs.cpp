@@ -63,7 +63,6 @@ OperationForm::OperationForm(controls::MessageLoop& loop, OperationWords given)
 }
 
 void OperationForm::rest(bool running) {
-  cancelButton = running ? "Command1" : "Command2";
   for (controls::Button* button : {&Command11, &Command2, &Command3})
     button->Enabled = !running;
 }

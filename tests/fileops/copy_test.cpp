@@ -85,7 +85,7 @@ TEST_F(CopyTest, WhileItRunsOnlyStopWorksAndTakesEffectBehindTheItem) {
     Form3& dialog = ops().Form3;
     for (controls::Button* button : {&dialog.Command11, &dialog.Command2, &dialog.Command3, &dialog.Command4})
       EXPECT_FALSE(button->Enabled) << button->name();
-    EXPECT_EQ(dialog.cancelButton, dialog.Command1.name()) << "what Esc presses";
+    EXPECT_EQ(dialog.cancelButton, dialog.Command2.name()) << "Esc does nothing";
     rig.command("Command4_Click");
     dialog.closeFromUser();  // as Stop
     EXPECT_TRUE(dialog.Visible);
