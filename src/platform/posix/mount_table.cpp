@@ -1,7 +1,7 @@
 #include "platform/posix/mount_table.hpp"
 
-#include "platform/shared_library.hpp"
 #include "platform/posix/unique_fd.hpp"
+#include "platform/shared_library.hpp"
 
 #include <memory>
 
