@@ -6,15 +6,18 @@
 
 namespace {
 
-/// What others do just before a mode is changed.
-std::function<void()> beforeChange;
+/// What others do between the look at a file and its change.
+std::function<void()> afterLook;
 
 }  // namespace
 
 // In front of the library's own.
-extern "C" int chmod(const char* path, mode_t mode) noexcept {
-  if (beforeChange) std::exchange(beforeChange, {})();
-  return static_cast<int>(::syscall(SYS_fchmodat, AT_FDCWD, path, mode));
+extern "C" ssize_t lgetxattr(const char* path, const char* name, void* value, size_t size) noexcept {
+  const long got = ::syscall(SYS_lgetxattr, path, name, value, size);
+  const int error = errno;
+  if (afterLook) std::exchange(afterLook, {})();
+  errno = error;
+  return got;
 }
 
 namespace varnholt::platform {
@@ -95,11 +98,15 @@ TEST_F(SetAttributes, OfManyFilesSparesThoseOfTheGivenValues) {
 }
 
 TEST_F(SetAttributes, ALinkThatTakesTheFilesPlaceLeadsNowhere) {
-  temp.file("a").file("others").link("l", "others");
-  beforeChange = [this] { ::rename(temp.system("l").c_str(), temp.system("a").c_str()); };
-  EXPECT_TRUE(temp.files.setAttributes(temp.at("a"), ReadOnly));
-  EXPECT_EQ(temp.linkText("a"), "others");
-  expectReported({{"others", Archive}});
+  temp.file("others", "1");
+  for (const Attributes attributes : {ReadOnly, Hidden}) {
+    temp.file("a").link("l", "others");
+    afterLook = [this] { ::rename(temp.system("l").c_str(), temp.system("a").c_str()); };
+    EXPECT_FALSE(temp.files.setAttributes(temp.at("a"), attributes));
+    EXPECT_EQ(temp.linkText("a"), "others");
+    expectReported({{"others", Archive}});
+    ::unlink(temp.system("a").c_str());
+  }
 }
 
 TEST_F(SetAttributes, AResetLeavesSystemAlone) {

@@ -203,7 +203,7 @@ void copyNativeAttributes(CopySide& from, const char* fromName, mode_t mode, Att
   const auto stored = from.store.read(descriptorPath(from.folder, fromName).c_str());
   const bool readOnly = isNative(to.kind()) && S_ISREG(mode) && !(mode & S_IWUSR);
   if (stored || readOnly)
-    (void)to.write(toPath.c_str(), stored.value_or(attribute::Archive) | (readOnly ? attribute::ReadOnly : 0));
+    (void)to.write(toPath.c_str(), stored.value_or(attribute::Archive) | (readOnly ? attribute::ReadOnly : 0), true);
 }
 
 namespace {

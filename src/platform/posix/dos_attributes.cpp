@@ -12,9 +12,11 @@
 #include <linux/msdos_fs.h>
 #include <sys/ioctl.h>
 #include <sys/statfs.h>
+#include <sys/syscall.h>
 #include <sys/sysmacros.h>
 #include <sys/xattr.h>
 #include <time.h>
+#include <unistd.h>
 
 namespace varnholt::platform::posix {
 namespace {
@@ -53,8 +55,17 @@ ssize_t readXattr(const char* path, bool follow, const char* name, void* value, 
   return follow ? ::getxattr(path, name, value, size) : ::lgetxattr(path, name, value, size);
 }
 
-int setXattr(const char* path, const char* name, const void* value, size_t size) {
-  return ::setxattr(path, name, value, size, 0) == 0 ? 0 : errno;
+int setXattr(const char* path, bool follow, const char* name, const void* value, size_t size) {
+  return (follow ? ::setxattr(path, name, value, size, 0) : ::lsetxattr(path, name, value, size, 0)) == 0 ? 0 : errno;
+}
+
+/// Gives 0 or errno; EOPNOTSUPP for a link. The kernel's own call for it (from 6.6 on) spares the way that the library
+/// goes, by a descriptor.
+int changeMode(const char* path, mode_t mode) {
+  constexpr long Fchmodat2 = 452;  // asm-generic/unistd.h; one number on all machines that the program runs on
+  if (::syscall(Fchmodat2, AT_FDCWD, path, mode, AT_SYMLINK_NOFOLLOW) == 0) return 0;
+  if (errno != ENOSYS && errno != EPERM) return errno;
+  return ::fchmodat(AT_FDCWD, path, mode, AT_SYMLINK_NOFOLLOW) == 0 ? 0 : errno;
 }
 
 }  // namespace
@@ -114,20 +125,20 @@ std::optional<Attributes> AttributeStore::read(const char* path, bool follow) {
   return kind_ == Kind::User ? readText(path, follow) : std::nullopt;
 }
 
-int AttributeStore::write(const char* path, Attributes attributes) const {
+int AttributeStore::write(const char* path, Attributes attributes, bool follow) const {
   const std::uint32_t word = attributes;
   switch (kind_) {
   case Kind::Fat: {
-    const UniqueFd entry = openForIoctl(path, true);
+    const UniqueFd entry = openForIoctl(path, follow);
     return entry && ::ioctl(entry.get(), FAT_IOCTL_SET_ATTRIBUTES, &word) == 0 ? 0 : errno;
   }
   case Kind::Ntfs:
-    return setXattr(path, ntfsName, &word, sizeof word);
+    return setXattr(path, follow, ntfsName, &word, sizeof word);
   case Kind::Cifs:
-    return setXattr(path, cifsName, &word, sizeof word);
+    return setXattr(path, follow, cifsName, &word, sizeof word);
   case Kind::User: {
     const std::string text = encodeDosAttrib(attributes);
-    return setXattr(path, userName, text.data(), text.size());
+    return setXattr(path, follow, userName, text.data(), text.size());
   }
   case Kind::None:
     break;
@@ -151,13 +162,19 @@ namespace {
 
 std::string_view lastName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
 
+/// The volume's own attributes know read-only themselves, and the mode follows them.
+Result<void> setNative(const AttributeStore& store, const std::string& path, Attributes word) {
+  const int error = store.write(path.c_str(), word);
+  return error ? Result<void>(systemError(error, path)) : Result<void>();
+}
+
 /// user.* attributes need write permission on the file itself, so it is lent while one is set.
 int storeWithPermission(const AttributeStore& store, const std::string& path, mode_t mode, Attributes word) {
   const bool lend = !(mode & S_IWUSR);
-  if (lend && ::chmod(path.c_str(), (mode & 07777) | S_IWUSR) != 0) return errno;
+  if (const int error = lend ? changeMode(path.c_str(), (mode & 07777) | S_IWUSR) : 0) return error;
   const int error = store.write(path.c_str(), word);
-  if (lend && ::chmod(path.c_str(), mode & 07777) != 0 && !error) return errno;
-  return error;
+  const int taken = lend ? changeMode(path.c_str(), mode & 07777) : 0;
+  return error ? error : taken;
 }
 
 mode_t modeFor(mode_t mode, Attributes attributes) {
@@ -165,11 +182,8 @@ mode_t modeFor(mode_t mode, Attributes attributes) {
   return attributes & attribute::ReadOnly ? mode & ~static_cast<mode_t>(S_IWUSR) : mode | S_IWUSR;
 }
 
-/// An entry that may be given attributes, and what it has. It is held, so that no link that comes to stand in its place
-/// leads to another.
+/// An entry that may be given attributes, and what it has.
 struct Present {
-  UniqueFd entry;
-  std::string heldPath;
   struct statx facts {};
   AttributeStore store;
   std::optional<Attributes> stored;
@@ -182,39 +196,31 @@ struct Present {
 
 Result<Present> readPresent(const std::string& path) {
   Present present;
-  present.entry = UniqueFd(::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
-  constexpr int flags = AT_EMPTY_PATH | AT_NO_AUTOMOUNT;
-  if (!present.entry || ::statx(present.entry.get(), "", flags, STATX_TYPE | STATX_MODE, &present.facts) != 0)
+  if (::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, STATX_TYPE | STATX_MODE, &present.facts))
     return systemError(errno, path);
-  present.heldPath = "/proc/self/fd/" + std::to_string(present.entry.get());
   const mode_t mode = present.mode();
   if (S_ISLNK(mode)) return systemError(EOPNOTSUPP, path);
   if (!S_ISREG(mode) && !S_ISDIR(mode)) return present;
   const dev_t device = makedev(present.facts.stx_dev_major, present.facts.stx_dev_minor);
-  present.store = AttributeStore::ofVolume(device, present.heldPath.c_str());
-  present.stored = present.store.read(present.heldPath.c_str(), true);
+  present.store = AttributeStore::ofVolume(device, path.c_str());
+  present.stored = present.store.read(path.c_str());
   return present;
-}
-
-/// The volume's own attributes know read-only themselves, and the mode follows them.
-Result<void> setNative(const Present& present, const std::string& path, Attributes word) {
-  const int error = present.store.write(present.heldPath.c_str(), word);
-  return error ? Result<void>(systemError(error, path)) : Result<void>();
 }
 
 /// `kept`: the bits that stay, beside those that the user sets.
 Result<void> setWord(const std::string& path, const Present& present, Attributes kept, Attributes wanted) {
   const AttributeStore& store = present.store;
   if (store.kind() != AttributeStore::Kind::User && store.kind() != AttributeStore::Kind::None)
-    return setNative(present, path, kept | wanted);
+    return setNative(store, path, kept | wanted);
 
   const mode_t before = present.mode(), mode = modeFor(before, wanted);
   int error = 0;
   // Where the mode and the name tell all that is wanted, nothing needs to be stored.
   if (present.stored || (reportedAttributes({}, mode, lastName(path), false) & attribute::Settable) != wanted)
-    error = storeWithPermission(store, present.heldPath, before, kept | wanted);
+    error = storeWithPermission(store, path, before, kept | wanted);
   if (error && !meansNoStore(error)) return systemError(error, path);
-  if (mode != before && ::chmod(present.heldPath.c_str(), mode & 07777) != 0) return systemError(errno, path);
+  if (const int refused = mode != before ? changeMode(path.c_str(), mode & 07777) : 0)
+    return systemError(refused, path);
   return error ? Result<void>(systemError(error, path)) : Result<void>();
 }
 

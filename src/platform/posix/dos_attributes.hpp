@@ -30,8 +30,9 @@ class AttributeStore {
   /// What is stored for a regular file or folder; empty when nothing is, or it cannot be read. The path may be
   /// relative to the thread's working folder. A link at its end is followed only with `follow`.
   std::optional<Attributes> read(const char* path, bool follow = false);
-  /// Stores the word, in text form where user.DOSATTRIB is used. Gives 0 or errno; ENOTSUP where nothing can be kept.
-  int write(const char* path, Attributes attributes) const;
+  /// Stores the word, in text form where user.DOSATTRIB is used. Gives 0 or errno; ENOTSUP where nothing can be kept. A
+  /// link at the path's end is followed only with `follow`.
+  int write(const char* path, Attributes attributes, bool follow = false) const;
   Kind kind() const { return kind_; }
 
  private:
