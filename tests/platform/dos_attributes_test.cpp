@@ -99,7 +99,7 @@ TEST_F(SetAttributes, OfManyFilesSparesThoseOfTheGivenValues) {
 
 TEST_F(SetAttributes, ALinkThatTakesTheFilesPlaceLeadsNowhere) {
   temp.file("others", "1");
-  for (const Attributes attributes : {ReadOnly, Hidden}) {
+  for (const Attributes attributes : {Archive | ReadOnly, Hidden}) {
     temp.file("a").link("l", "others");
     afterLook = [this] { ::rename(temp.system("l").c_str(), temp.system("a").c_str()); };
     EXPECT_FALSE(temp.files.setAttributes(temp.at("a"), attributes));
