@@ -70,11 +70,8 @@ class DirentBatch {
 
   // What is left then may be too small for an entry.
   static constexpr ssize_t full = capacity - 1024;
-  struct Free {
-    void operator()(char* bytes) const { ::operator delete[](bytes, std::align_val_t(alignof(dirent64))); }
-  };
-  std::unique_ptr<char[], Free> buffer_{
-      static_cast<char*>(::operator new[](capacity, std::align_val_t(alignof(dirent64))))};
+  // Aligned for a dirent64, as all that `new char[]` gives is for any object that fits in.
+  std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(capacity);
   ssize_t bytes_ = 0;
   bool ended_ = false;
 };

@@ -21,6 +21,8 @@ namespace {
 
 struct SearchFolder : WalkFolder {
   unsigned level = 0;
+  std::string place;  ///< in program form; empty: no drive holds it
+  std::string order;  ///< what the hits in it are sorted by, in front of their names
 };
 
 Date dateOf(const statx_timestamp& time) { return {time.tv_sec, static_cast<std::int32_t>(time.tv_nsec)}; }
@@ -47,8 +49,7 @@ class SearchWalk final : public TreeWalk {
   SearchAdvance advance() {
     const std::lock_guard lock(mutex_);
     isWanted_ = true;
-    const auto known = static_cast<double>(known_);
-    return {folder_, known > 0 ? static_cast<double>(done_) / known : 0};
+    return {folder_, static_cast<double>(done_) / static_cast<double>(met_)};
   }
 
  private:
@@ -56,22 +57,26 @@ class SearchWalk final : public TreeWalk {
     std::string order;
     FoundFile file;
   };
-  static unsigned levelOf(const WalkFolder& folder) { return static_cast<const SearchFolder&>(folder).level; }
+  static SearchFolder& known(WalkFolder& folder) { return static_cast<SearchFolder&>(folder); }
 
   WalkFolderPtr makeFolder() override {
-    ++known_;
+    ++met_;
     return std::make_shared<SearchFolder>();
   }
   bool beforeOpening(WalkFolder& folder) override {
-    auto& level = static_cast<SearchFolder&>(folder).level;
-    level = levelOf(*folder.parent) + 1;
-    return level < levels_;
+    known(folder).level = known(*folder.parent).level + 1;
+    return known(folder).level < levels_;
   }
   bool enter(WalkFolder& folder) override {
+    SearchFolder& entered = known(folder);
+    entered.place = map_.toProgram(folder.path()).valueOr({});
+    if (folder.parent) {
+      entered.order = known(*folder.parent).order;
+      appendPart(PathMap::nameToProgram(folder.name), entered.order);
+    }
     if (!isWanted_.load(std::memory_order_relaxed) || !isWanted_.exchange(false)) return true;
-    std::string path = map_.toProgram(folder.path()).valueOr({});
     const std::lock_guard lock(mutex_);
-    folder_ = std::move(path);
+    folder_ = entered.place;
     return true;
   }
   void entriesDone(WalkFolder&) override { ++done_; }
@@ -79,36 +84,33 @@ class SearchWalk final : public TreeWalk {
 
   void entry(WalkFolder& folder, const char* name, unsigned char type) override {
     if (type != DT_REG && type != DT_LNK) return;
-    const std::string ours = PathMap::nameToProgram(name);
-    if (!takes_(ours, levelOf(folder))) return;
+    const SearchFolder& in = known(folder);
+    std::string changed;
+    const std::string_view ours = PathMap::nameToProgram(name, changed);
+    if (in.place.empty() || !takes_(ours, in.level)) return;
     struct stat target {};
     if (type == DT_LNK && ::fstatat(folder.fd.get(), name, &target, 0) == 0 && S_ISDIR(target.st_mode)) return;
     struct statx facts;
     constexpr unsigned Wanted = STATX_SIZE | STATX_MTIME | STATX_ATIME | STATX_BTIME;
     if (::statx(folder.fd.get(), name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, Wanted, &facts) != 0) return;
-    const auto path = map_.toProgram(folder.path(name));
-    if (!path) return;
     const Date modified = dateOf(facts.stx_mtime);
-    Hit hit{orderOf(folder, ours),
-            {*path, facts.stx_size, modified, facts.stx_mask & STATX_BTIME ? dateOf(facts.stx_btime) : modified,
-             dateOf(facts.stx_atime)}};
+    Hit hit{orderOf(in, ours),
+            {paths::join(in.place, ours), facts.stx_size, modified,
+             facts.stx_mask & STATX_BTIME ? dateOf(facts.stx_btime) : modified, dateOf(facts.stx_atime)}};
     const std::lock_guard lock(mutex_);
     hits_.push_back(std::move(hit));
   }
 
   /// By level, then part by part as listings are sorted: lowered, then by bytes.
-  static std::string orderOf(const WalkFolder& folder, const std::string& name) {
-    std::string order(1, static_cast<char>(levelOf(folder)));
-    appendFolders(folder, order);
+  static std::string orderOf(const SearchFolder& folder, std::string_view name) {
+    std::string order;
+    order.reserve(1 + folder.order.size() + 2 * (name.size() + 1));
+    order.push_back(static_cast<char>(folder.level));
+    order.append(folder.order);
     appendPart(name, order);
     return order;
   }
-  static void appendFolders(const WalkFolder& folder, std::string& order) {
-    if (!folder.parent) return;
-    appendFolders(*folder.parent, order);
-    appendPart(PathMap::nameToProgram(folder.name), order);
-  }
-  static void appendPart(const std::string& name, std::string& order) {
+  static void appendPart(std::string_view name, std::string& order) {
     appendFolded(name, order);
     order.push_back('\0');
     order.append(name).push_back('\0');
@@ -117,7 +119,7 @@ class SearchWalk final : public TreeWalk {
   const PathMap& map_;
   const unsigned levels_;
   const NameTest& takes_;
-  std::atomic<std::size_t> known_ = 1, done_ = 0;
+  std::atomic<std::size_t> met_ = 1, done_ = 0;
   std::atomic<bool> isWanted_ = true;
   std::mutex mutex_;  ///< guards all below
   std::vector<Hit> hits_;

@@ -27,8 +27,18 @@ struct WalkFolder {
   std::atomic<size_t> unfinished = 1;  ///< its own reading, its batches and its sub-folders
   std::atomic<size_t> unread = 1;      ///< the same without its sub-folders
 
-  std::string path() const { return parent ? parent->path() + '/' + name : name; }
-  std::string path(const char* entry) const { return path() + '/' + entry; }
+  std::string path() const {
+    std::string path;
+    appendPath(path);
+    return path;
+  }
+  std::string path(const char* entry) const { return path().append(1, '/').append(entry); }
+
+ private:
+  void appendPath(std::string& path) const {
+    if (parent) parent->appendPath(path);
+    path.append(parent ? "/" : "").append(name);
+  }
 };
 using WalkFolderPtr = std::shared_ptr<WalkFolder>;
 
