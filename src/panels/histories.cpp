@@ -15,6 +15,8 @@ namespace {
 
 namespace paths = platform::paths;
 
+constexpr std::size_t DriveLetters = 26;
+
 }  // namespace
 
 bool History::contains(const std::string& text) const {
@@ -111,7 +113,7 @@ void Histories::ComphisR_save(const core::Program& program) {
 
 std::vector<platform::Result<void>> Histories::store(const core::Program& program) {
   return {storeFolders(program), filesFile_.store(program, files.entries(), files.limit()),
-          lastFoldersFile_.store(program, lastFolders, lastFolders.size(), paths::driveOf)};
+          lastFoldersFile_.store(program, lastFolders, DriveLetters, paths::driveOf)};
 }
 
 }  // namespace varnholt::panels

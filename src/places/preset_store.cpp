@@ -25,8 +25,12 @@ std::string PresetStore::path() const {
 
 bool PresetStore::isReserved(std::string_view name) {
   return std::ranges::any_of(setting::all(), [&](const core::SettingKey& key) {
-    return key.application == core::PresetsApplication && platform::upperCase(key.section) == platform::upperCase(name);
+    return key.application == core::PresetsApplication && sameName(key.section, name);
   });
+}
+
+bool PresetStore::sameName(std::string_view a, std::string_view b) {
+  return platform::foldCase(a) == platform::foldCase(b);
 }
 
 std::vector<std::string> PresetStore::names() {
@@ -35,7 +39,7 @@ std::vector<std::string> PresetStore::names() {
   std::unordered_set<std::string> known;
   for (const std::string& line : core::splitEntries(kept_.read(path()))) {
     std::string name = platform::upperCase(core::trimmed(line));
-    if (!name.empty() && known.insert(name).second) names.push_back(std::move(name));
+    if (!name.empty() && known.insert(platform::foldCase(name)).second) names.push_back(std::move(name));
   }
   return names;
 }

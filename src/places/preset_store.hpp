@@ -22,6 +22,8 @@ class PresetStore {
   FolderPair folders(const std::string& name) const;
   /// True for a name whose section holds something else.
   static bool isReserved(std::string_view name);
+  /// As the settings store tells sections apart: upper case alone keeps some letters distinct that are one there.
+  static bool sameName(std::string_view a, std::string_view b);
 
   /// False: the preset could not be written, which the user has been told, and none has come.
   bool add(const std::string& name, const std::string& text, const FolderPair& folders);

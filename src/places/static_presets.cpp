@@ -85,7 +85,7 @@ places::Form20::Form20(panels::Desk& desk, places::Form21& Form21)
   Form21_.isTaken = [this](const std::string& name) {
     if (PresetStore::isReserved(name)) return true;
     for (std::uint32_t row = 0; row < ListView1.count(); ++row)
-      if (ListView1.cell(row, 0) == name) return true;
+      if (PresetStore::sameName(ListView1.cell(row, 0), name)) return true;
     return false;
   };
   ListView1.rowToolTip = [this](controls::ListItem row) {

@@ -210,10 +210,11 @@ TEST_F(StartTest, TwoRunningCopiesLoseNoneOfEachOthersHistory) {
   other.app().histories.files.add("C:\\theirs.txt");
   other.app().histories.files.add("c:\\OURS.txt");
   other.app().histories.noteLastFolder("D:\\theirs");
+  other.app().histories.noteLastFolder("E:\\theirs");
   other.form().closeFromUser();
   closeWindow();
   EXPECT_EQ(readProgramFile(core::program_file::FileHis), "C:\\old.txt\r\nC:\\theirs.txt\r\nC:\\ours.txt\r\n");
-  EXPECT_NE(readProgramFile(core::program_file::GetFolders).find("D:\\theirs\\"), std::string::npos);
+  EXPECT_EQ(readProgramFile(core::program_file::GetFolders), "C:\\\r\nD:\\theirs\\\r\nE:\\theirs\\\r\n");
 }
 
 TEST_F(StartTest, FoldersOfTheCommandLineAreShownLeftAndRight) {

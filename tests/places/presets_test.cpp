@@ -63,10 +63,11 @@ TEST_F(PresetsTest, ANewPresetIsKeptInCapitalsAndOutlivesTheProgram) {
 
 TEST_F(PresetsTest, ANameIsTakenOnce) {
   make("  ", "no name makes none");
-  make("home");
+  make("mine");
   const std::string own = " is kept by the program itself.";
-  for (const auto& [taken, reason] : {std::pair<const char*, std::string>{"HOME", ""},
-                                      {"home ", ""},
+  for (const auto& [taken, reason] : {std::pair<const char*, std::string>{"MINE", ""},
+                                      {"mine ", ""},
+                                      {"mİne", ""},
                                       {"default", "\rDEFAULT" + own},
                                       {"Mem", "\rMEM" + own},
                                       {"memrecall", "\rMEMRECALL" + own}}) {
@@ -84,7 +85,7 @@ TEST_F(PresetsTest, ANameIsTakenOnce) {
       EXPECT_EQ(dialog.ListView1.count(), 1u);
     });
   }
-  EXPECT_EQ(kept(), "HOME\r\n");
+  EXPECT_EQ(kept(), "MINE\r\n");
 }
 
 TEST_F(PresetsTest, AListThatCannotBeWrittenAndAWindowsFolderThatIsGoneAreTold) {
