@@ -86,7 +86,7 @@ void ListView::rowsChanged() {
   focusedId_.reset();
   anchorId_.reset();
   visibleRequest_.reset();
-  pendingPlainPress_ = false;
+  onRelease_ = OnRelease::Nothing;
   pressedId_.reset();
   unsorted();
 }

@@ -137,8 +137,8 @@ class ListView : public Control {
   void ensureVisible(std::uint32_t row);
 
   // --- What the user does ----------------------------------------------------------------------------------------
-  /// Mouse button down on a row (none: the empty part below). Selects by the modifiers, except that a plain press on
-  /// a selected row waits for the release, so that a drag takes the whole selection.
+  /// Mouse button down on a row (none: the empty part below). Selects by the modifiers, except that a press on a
+  /// selected row, plain or with Ctrl, waits for the release, so that a drag takes the whole selection.
   void pressFromUser(std::optional<std::uint32_t> row, const MouseEvent& mouse);
   void releaseFromUser(const MouseEvent& mouse);
   /// Selects the row in focus, or takes it from the selection, and steps to the next one. A row that is all there is of
@@ -146,7 +146,7 @@ class ListView : public Control {
   void markFromUser();
   void doubleClickFromUser(std::optional<std::uint32_t> row);
   /// A drag has begun with the press: the release selects nothing.
-  void dragFromUser() { pendingPlainPress_ = false; }
+  void dragFromUser() { onRelease_ = OnRelease::Nothing; }
   void headerFromUser(int column) { ColumnClick(column); }
   void widthFromUser(int column, Twips width);
   /// A key goes down: KeyDown first, then moving, ranges and toggling as lists do. `page` is the number of rows that
@@ -188,7 +188,8 @@ class ListView : public Control {
   std::uint32_t selectedCount_ = 0;
   std::optional<std::uint32_t> focusedId_, anchorId_;
   std::optional<std::uint32_t> visibleRequest_;
-  bool pendingPlainPress_ = false;
+  /// What a press on a selected row does when it turns out to be no drag of all that is selected.
+  enum class OnRelease { Nothing, SelectOnly, Unselect } onRelease_ = OnRelease::Nothing;
   std::optional<std::uint32_t> pressedId_;
   unsigned rowsVersion_ = 0;
 };

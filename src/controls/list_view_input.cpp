@@ -4,6 +4,7 @@
 #include "platform/text_order.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace varnholt::controls {
 namespace {
@@ -30,7 +31,7 @@ void ListView::selectRange(std::uint32_t from, std::uint32_t to, bool keepOthers
 void ListView::pressFromUser(std::optional<std::uint32_t> row, const MouseEvent& mouse) {
   SetFocus();
   MouseDown(mouse);
-  pendingPlainPress_ = false;
+  onRelease_ = OnRelease::Nothing;
   pressedId_.reset();
   if (!row || *row >= count()) {
     if (!mouse.modifiers.ctrl && !mouse.modifiers.shift) selectNone();
@@ -40,7 +41,7 @@ void ListView::pressFromUser(std::optional<std::uint32_t> row, const MouseEvent&
   pressedId_ = id;
   const bool plain = !MultiSelect || (!mouse.modifiers.ctrl && !mouse.modifiers.shift);
   if (plain && isSelected(id)) {
-    pendingPlainPress_ = mouse.button == MouseButton::Left;
+    if (mouse.button == MouseButton::Left) onRelease_ = OnRelease::SelectOnly;
     focusRow(*row);
     return;
   }
@@ -50,17 +51,20 @@ void ListView::pressFromUser(std::optional<std::uint32_t> row, const MouseEvent&
     focusedId_ = id;
     return;
   }
-  if (!plain) {
-    setSelected(id, !isSelected(id));
-  } else {
+  if (plain) {
     selectOnly(*row);
+  } else if (isSelected(id) && mouse.button == MouseButton::Left) {
+    onRelease_ = OnRelease::Unselect;
+  } else {
+    setSelected(id, !isSelected(id));
   }
   focusRow(*row);
 }
 
 void ListView::releaseFromUser(const MouseEvent& mouse) {
-  if (pendingPlainPress_ && pressedId_) selectOnly(rowOf(*pressedId_));
-  pendingPlainPress_ = false;
+  const auto pending = std::exchange(onRelease_, OnRelease::Nothing);
+  if (pressedId_ && pending == OnRelease::SelectOnly) selectOnly(rowOf(*pressedId_));
+  if (pressedId_ && pending == OnRelease::Unselect) setSelected(*pressedId_, false);
   if (pressedId_) rowClicked(rowOf(*pressedId_));
   mouse.button == MouseButton::Left ? Click() : KeySelect(false);
   MouseUp(mouse);

@@ -89,11 +89,13 @@ TEST_F(ListViewTest, APressOnASelectedRowKeepsTheSelectionForADrag) {
   fill({"a", "b", "c"});
   click(0);
   click(1, WithShift);
-  list.pressFromUser(0, Plain);
-  EXPECT_EQ(selected(), "a b");
-  list.dragFromUser();
-  list.releaseFromUser(Plain);
-  EXPECT_EQ(selected(), "a b");
+  for (const auto& press : {Plain, WithCtrl}) {
+    list.pressFromUser(0, press);
+    EXPECT_EQ(selected(), "a b");
+    list.dragFromUser();
+    list.releaseFromUser(press);
+    EXPECT_EQ(selected(), "a b");
+  }
   click(0);
   EXPECT_EQ(selected(), "a");
 }
