@@ -85,8 +85,7 @@ class SearchWalk final : public TreeWalk {
   void entry(WalkFolder& folder, const char* name, unsigned char type) override {
     if (type != DT_REG && type != DT_LNK) return;
     const SearchFolder& in = known(folder);
-    std::string changed;
-    const std::string_view ours = PathMap::nameToProgram(name, changed);
+    const std::string ours = PathMap::nameToProgram(name);
     if (in.place.empty() || !takes_(ours, in.level)) return;
     struct stat target {};
     if (type == DT_LNK && ::fstatat(folder.fd.get(), name, &target, 0) == 0 && S_ISDIR(target.st_mode)) return;

@@ -30,12 +30,6 @@ const DriveMapping* driveHolding(const std::vector<DriveMapping>& drives, std::s
   return best;
 }
 
-/// Whether a name is the same in both forms. One look for each letter: a search for either of them asks about each
-/// by a call.
-bool isAlike(std::string_view name) {
-  return name.find('\\') == std::string_view::npos && name.find('\xEF') == std::string_view::npos;
-}
-
 void appendNameToSystem(std::string_view name, std::string& out) {
   for (size_t i = 0; i < name.size();) {
     const std::string_view rest = name.substr(i);
@@ -137,7 +131,8 @@ Result<std::string> PathMap::toProgram(std::string_view path) const {
 }
 
 void PathMap::appendNameToProgram(std::string_view name, std::string& out) {
-  if (isAlike(name)) {
+  // One look for each: a search for either of them asks about each letter by a call.
+  if (name.find('\\') == std::string_view::npos && name.find('\xEF') == std::string_view::npos) {
     out += name;
     return;
   }
@@ -161,13 +156,6 @@ std::string PathMap::nameToProgram(std::string_view name) {
   std::string out;
   appendNameToProgram(name, out);
   return out;
-}
-
-std::string_view PathMap::nameToProgram(std::string_view name, std::string& changed) {
-  if (isAlike(name)) return name;
-  changed.clear();
-  appendNameToProgram(name, changed);
-  return changed;
 }
 
 std::string PathMap::nameToSystem(std::string_view name) {

@@ -34,8 +34,6 @@ class PathMap {
 
   /// One name, without folders.
   static std::string nameToProgram(std::string_view systemName);
-  /// The same without a copy: the name itself, or `changed` made to hold it.
-  static std::string_view nameToProgram(std::string_view systemName, std::string& changed);
   static void appendNameToProgram(std::string_view systemName, std::string& out);
   static std::string nameToSystem(std::string_view programName);
 
